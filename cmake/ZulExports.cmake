@@ -1,0 +1,16 @@
+# zul_exports(target list) limits a module's exports to the names in a list, one a line with # comments: it
+# makes the .def file or the linker's version script of it.
+function(zul_exports target list)
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${list})
+    file(STRINGS ${list} names REGEX "^[A-Za-z0-9_]+$")
+    if(WIN32)
+        list(JOIN names "\n    " body)
+        file(CONFIGURE OUTPUT ${target}.def CONTENT "LIBRARY ${target}\nEXPORTS\n    ${body}\n")
+        target_sources(${target} PRIVATE ${CMAKE_BINARY_DIR}/${target}.def)
+    else()
+        list(JOIN names ";\n    " body)
+        file(CONFIGURE OUTPUT ${target}.map CONTENT "{\n  global:\n    ${body};\n  local:\n    *;\n};\n")
+        target_link_options(${target} PRIVATE LINKER:--version-script=${CMAKE_BINARY_DIR}/${target}.map)
+        set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS ${CMAKE_BINARY_DIR}/${target}.map)
+    endif()
+endfunction()

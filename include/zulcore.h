@@ -1,0 +1,384 @@
+/* zulcore.h: the exported interface of zulcore, a cryptographic and public-key toolkit.
+ *
+ * Conventions (docs/conventions.md has them in full):
+ *  - Lengths of buffers are in bytes. nOutChars, the room of a text output, is the largest number of
+ *    characters wanted, not counting the NUL: the buffer holds nOutChars + 1 bytes.
+ *  - "Query": with a null output or a room of 0 or less the function writes nothing and returns the length
+ *    that the whole output would have (a text without its NUL).
+ *  - A text that is too long for its room is cut at a whole unit and the shorter length is returned, unless
+ *    SHORT_BUF_ERROR is named.
+ *  - "Length" results are 0 or more, or a negated error code. "Status" results are 0 or an error code.
+ *    Every function states its own. The code of a failed call stays available through ZUL_ErrorCode, as a
+ *    positive number, until the thread's next call; functions that do not record it say so.
+ *  - Texts are single-byte strings that end with NUL; file names are in the system's own encoding.
+ *  - Any number of threads may call at once. Inputs and outputs may not overlap unless the function says so.
+ */
+#ifndef ZULCORE_H
+#define ZULCORE_H
+
+#ifndef ZUL_API
+#if defined(ZUL_BUILDING_MODULE) && !defined(_WIN32)
+#define ZUL_API __attribute__((visibility("default")))
+#elif defined(_WIN32) && !defined(ZUL_BUILDING_MODULE)
+#define ZUL_API __declspec(dllimport)
+#else
+#define ZUL_API
+#endif
+#endif
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* Error codes. ZUL_ErrorLookup gives the text of each. */
+enum zul_error_code {
+    SUCCESS_ERROR = 0,
+    OPEN_ERROR = 1,
+    CREATE_ERROR = 2,
+    READ_ERROR = 3,
+    WRITE_ERROR = 4,
+    MEMORY_ERROR = 5,
+    BAD_PARAM_ERROR = 6,
+    BAD_FORMAT_ERROR = 7,
+    INVALID_DATA_ERROR = 8,
+    EOF_ERROR = 9,
+    OUT_OF_RANGE_ERROR = 11,
+    DUP_ERROR = 12,
+    IO_ERROR = 13,
+    NULL_ERROR = 14,
+    DECRYPT_ERROR = 15,
+    EXPIRED_ERROR = 16,
+    BAD_FLAG_ERROR = 17,
+    WIPE_ERROR = 18,
+    NOT_SUPPORTED_ERROR = 19,
+    NO_DATA_ERROR = 20,
+    NO_MATCH_ERROR = 21,
+    SIGNATURE_ERROR = 22,
+    TEST_FAILED_ERROR = 23,
+    KEYGEN_FAILED_ERROR = 24,
+    ISSUER_ERROR = 25,
+    BAD_LENGTH_ERROR = 26,
+    BAD_XML_ERROR = 27,
+    MSG_TOO_LONG_ERROR = 28,
+    BAD_QUERY_ERROR = 29,
+    SHORT_BUF_ERROR = 30,
+    BAD_KEY_LEN_ERROR = 33,
+    BAD_BLK_LEN_ERROR = 34,
+    BAD_MODE_ERROR = 35,
+    BAD_KEY_ERROR = 36,
+    BAD_IV_ERROR = 37,
+    PRNG_ERR_FILE_OPEN = 201,
+    PRNG_ERR_FILE_CREATE = 202,
+    PRNG_ERR_FILE_READ = 203,
+    PRNG_ERR_FILE_WRITE = 204,
+    PRNG_ERR_FILE_LOCK = 205,
+    PRNG_ERR_UNINST = 210,
+    PRNG_ERR_TOOBIG = 211,
+    PRNG_ERR_FAILURE = 212,
+    PRNG_ERR_BADPARAM = 213,
+    PRNG_ERR_NOTAVAIL = 214,
+    PRNG_ERR_CATASTROPHIC = 299,
+    MISC_ERROR = 9999
+};
+
+/* ZUL_ModuleName */
+#define ZUL_MODULE_PLATFORM 0x40
+
+/* CNV_ByteEncoding */
+#define ZUL_CNV_UTF8_FROM_LATIN1 0x1
+#define ZUL_CNV_LATIN1_FROM_UTF8 0x2
+
+/* Digest algorithms: bits 0-3 of the options of HASH_ and HMAC_ */
+#define ZUL_HASH_SHA1 0
+#define ZUL_HASH_MD5 1
+#define ZUL_HASH_MD2 2
+#define ZUL_HASH_SHA256 3
+#define ZUL_HASH_SHA384 4
+#define ZUL_HASH_SHA512 5
+#define ZUL_HASH_SHA224 6
+#define ZUL_HASH_SHA1_RNG 7
+#define ZUL_HASH_MODE_TEXT 0x10000
+
+/* Block ciphers (bits 4-7) and modes (bits 8-11) of the options of CIPHER_ */
+#define ZUL_CIPHER_TDEA 0x10
+#define ZUL_CIPHER_AES128 0x20
+#define ZUL_CIPHER_AES192 0x30
+#define ZUL_CIPHER_AES256 0x40
+#define ZUL_MODE_ECB 0x000
+#define ZUL_MODE_CBC 0x100
+#define ZUL_MODE_OFB 0x200
+#define ZUL_MODE_CFB 0x300
+#define ZUL_MODE_CTR 0x400
+
+/* --- ZUL_: errors and the module ----------------------------------------------------------------------
+ * These six functions leave the thread's error state as it is. */
+
+/* ZUL_ErrorCode returns the error code that the thread's last call recorded, always positive; 0 if none. */
+ZUL_API int ZUL_ErrorCode(void);
+
+/* ZUL_LastError copies the thread's last error text (at most 511 characters; often empty).
+ * Length. Query. */
+ZUL_API int ZUL_LastError(char* szOutput, int nOutChars);
+
+/* ZUL_ErrorLookup copies the text of an error code of either sign.
+ * Here alone nOutChars counts the NUL too. Length; 0 if there is no such code. Query, also with room 1. */
+ZUL_API int ZUL_ErrorLookup(char* szOutput, int nOutChars, int nErrCode);
+
+/* ZUL_ModuleName copies the full path of the library's own file (nOptions 0; at most 260 characters) or the
+ * word for its platform, "Win64" or "Lin64" (ZUL_MODULE_PLATFORM).
+ * Length. Query. Another option gives -BAD_FLAG_ERROR, not recorded. */
+ZUL_API int ZUL_ModuleName(char* szOutput, int nOutChars, int nOptions);
+
+/* ZUL_Version returns major * 100 + minor * 10 + release: 360. Both arguments are ignored and may be null. */
+ZUL_API int ZUL_Version(void* pReserved1, void* pReserved2);
+
+/* ZUL_CompileTime copies the date and time of the build, as "Nov  1 2026 09:08:07".
+ * Length, 20. Query. */
+ZUL_API int ZUL_CompileTime(char* szOutput, int nOutChars);
+
+/* --- WIPE_ --------------------------------------------------------------------------------------------- */
+
+/* WIPE_Data overwrites nDataLen bytes with zero.
+ * Status. BAD_PARAM_ERROR: null pointer, or nDataLen not positive. */
+ZUL_API int WIPE_Data(void* lpData, int nDataLen);
+
+/* WIPE_File overwrites a file eight times, committing each pass to the disk, and deletes it. nOptions is
+ * ignored. Of a symbolic link the target is overwritten and the link deleted. On media that remap blocks
+ * or keep snapshots older copies can survive.
+ * Status. NULL_ERROR: no name; OPEN_ERROR: missing, read-only or not a file; WIPE_ERROR: a pass or the
+ * deletion failed. */
+ZUL_API int WIPE_File(const char* szFileName, int nOptions);
+
+/* --- CNV_: encodings -----------------------------------------------------------------------------------
+ * Too small an output is cut at a whole unit: a hex pair, a base64 group of four, one character.
+ * A result that no int can hold is -OUT_OF_RANGE_ERROR. */
+
+/* CNV_HexStrFromBytes writes two upper-case hex digits for each byte.
+ * Length, query 2 * nInputLen. BAD_PARAM_ERROR: null input or negative length. */
+ZUL_API int CNV_HexStrFromBytes(char* szOutput, int nOutChars, const unsigned char* lpInput, int nInputLen);
+
+/* CNV_BytesFromHexStr decodes hex digits of either case, skipping every other character; a single digit left
+ * over is dropped. Length, query exact. BAD_PARAM_ERROR: null input. */
+ZUL_API int CNV_BytesFromHexStr(unsigned char* lpOutput, int nOutBytes, const char* szInput);
+
+/* CNV_HexFilter copies the hex digits among the first nStrLen characters. szOutput holds nStrLen + 1 bytes
+ * and may be szInput itself. Length kept. BAD_PARAM_ERROR: null pointer or negative length. */
+ZUL_API int CNV_HexFilter(char* szOutput, const char* szInput, int nStrLen);
+
+/* CNV_B64StrFromBytes writes base64 (RFC 4648) in one line.
+ * Length, query (nInputLen + 2) / 3 * 4. BAD_PARAM_ERROR: null input or negative length. */
+ZUL_API int CNV_B64StrFromBytes(char* szOutput, int nOutChars, const unsigned char* lpInput, int nInputLen);
+
+/* CNV_BytesFromB64Str decodes base64 up to the first "=", skipping characters outside the alphabet.
+ * Length, query exact. BAD_PARAM_ERROR: null input. */
+ZUL_API int CNV_BytesFromB64Str(unsigned char* lpOutput, int nOutBytes, const char* szInput);
+
+/* CNV_B64Filter is CNV_HexFilter for the base64 alphabet and "=". */
+ZUL_API int CNV_B64Filter(char* szOutput, const char* szInput, int nStrLen);
+
+/* CNV_CheckUTF8 classifies a text: 0 not UTF-8; 1 all bytes below 0x80 (or empty); 2 UTF-8 whose characters
+ * are all at most U+00FF; 3 UTF-8 with characters above. Negative: BAD_PARAM_ERROR for null. */
+ZUL_API int CNV_CheckUTF8(const char* szInput);
+
+/* CNV_CheckUTF8Bytes is CNV_CheckUTF8 over nBytes bytes. -BAD_PARAM_ERROR also for a negative length. */
+ZUL_API int CNV_CheckUTF8Bytes(const unsigned char* lpInput, int nBytes);
+
+/* CNV_UTF8FromLatin1 converts Latin-1 text to UTF-8 text.
+ * Length. Query. BAD_PARAM_ERROR: null or empty input. */
+ZUL_API int CNV_UTF8FromLatin1(char* szOutput, int nOutChars, const char* szInput);
+
+/* CNV_Latin1FromUTF8 converts UTF-8 text to Latin-1 text.
+ * Length. Query. BAD_PARAM_ERROR: null or empty input; INVALID_DATA_ERROR: not UTF-8; OUT_OF_RANGE_ERROR: a
+ * character above U+00FF. After an error the output is an empty text. */
+ZUL_API int CNV_Latin1FromUTF8(char* szOutput, int nOutChars, const char* szInput);
+
+/* CNV_UTF8BytesFromLatin1 is CNV_UTF8FromLatin1 without the NUL; nOutBytes is the room in bytes. */
+ZUL_API int CNV_UTF8BytesFromLatin1(unsigned char* lpOutput, int nOutBytes, const char* szInput);
+
+/* CNV_Latin1FromUTF8Bytes is CNV_Latin1FromUTF8 over nBytes bytes. BAD_PARAM_ERROR also for no bytes or a
+ * first byte of 0. A successful query leaves the length as the thread's error code. */
+ZUL_API int CNV_Latin1FromUTF8Bytes(char* szOutput, int nOutChars, const unsigned char* lpInput, int nBytes);
+
+/* CNV_ByteEncoding converts bytes as nOptions says (ZUL_CNV_...; only the low four bits count).
+ * Length. Query; a successful one leaves the length as the thread's error code. BAD_PARAM_ERROR: null input
+ * or negative length; BAD_FLAG_ERROR: no such conversion; INVALID_DATA_ERROR, OUT_OF_RANGE_ERROR: as above.
+ */
+ZUL_API int CNV_ByteEncoding(unsigned char* lpOutput, int nOutBytes, const unsigned char* lpInput, int nBytes,
+                             int nOptions);
+
+/* --- PEM_ ----------------------------------------------------------------------------------------------
+ * Both return 0 or a negated error code. The output may be the input file, whose content is then lost if writing fails. */
+
+/* PEM_FileFromBinFile writes a file's content as base64 lines ended by CR LF, between BEGIN and END lines if
+ * szHeader (the label) is not null or empty. nLineLen is rounded down to a multiple of four; below 4 it means
+ * 64. -BAD_PARAM_ERROR: a name is null or empty; -OPEN_ERROR, -CREATE_ERROR, -WRITE_ERROR. */
+ZUL_API int PEM_FileFromBinFile(const char* szFileOut, const char* szFileIn, const char* szHeader,
+                                int nLineLen);
+
+/* PEM_FileToBinFile decodes the first armoured body of a file, whatever its label. The output is longer than
+ * the data: (body characters + 3) / 4 * 3 + 1 bytes, zeros after the data.
+ * -BAD_PARAM_ERROR, -OPEN_ERROR, -CREATE_ERROR, -WRITE_ERROR as above; -BAD_FORMAT_ERROR: no body. */
+ZUL_API int PEM_FileToBinFile(const char* szFileOut, const char* szFileIn);
+
+/* --- HASH_: message digests ----------------------------------------------------------------------------
+ * nOptions: a ZUL_HASH_ algorithm; other bits are ignored but for ZUL_HASH_MODE_TEXT. Too little room cuts
+ * the digest. -BAD_PARAM_ERROR (missing message or name, negative length) is not recorded;
+ * -BAD_FLAG_ERROR: no such algorithm. */
+
+/* HASH_Bytes writes the digest of a message of nMsgLen bytes. Length in bytes. Query. */
+ZUL_API int HASH_Bytes(unsigned char* lpDigest, int nDigLen, const void* lpMessage, int nMsgLen,
+                       int nOptions);
+
+/* HASH_File writes the digest of a file of any size; with ZUL_HASH_MODE_TEXT each CR LF counts as LF.
+ * Length in bytes. Query (the file must exist all the same). -OPEN_ERROR. */
+ZUL_API int HASH_File(unsigned char* lpDigest, int nDigLen, const char* szFileName, int nOptions);
+
+/* HASH_HexFromBytes is HASH_Bytes with lower-case hex as output. Length in characters. Query. */
+ZUL_API int HASH_HexFromBytes(char* szOutput, int nOutChars, const void* lpMessage, int nMsgLen,
+                              int nOptions);
+
+/* HASH_HexFromFile is HASH_File with lower-case hex as output. Length in characters. Query. */
+ZUL_API int HASH_HexFromFile(char* szOutput, int nOutChars, const char* szFileName, int nOptions);
+
+/* HASH_HexFromHex is HASH_HexFromBytes over a message in hex. A message with a character that is no hex digit
+ * counts as the empty message; one of odd length is -INVALID_DATA_ERROR. */
+ZUL_API int HASH_HexFromHex(char* szOutput, int nOutChars, const char* szMsgHex, int nOptions);
+
+/* --- HMAC_ (RFC 2104) ----------------------------------------------------------------------------------
+ * nOptions: a ZUL_HASH_ algorithm but MD2. Room, queries and unrecorded -BAD_PARAM_ERROR as for HASH_; keys
+ * and messages of length 0 are valid. -BAD_FLAG_ERROR: no such algorithm (the two hex functions give
+ * -BAD_BLK_LEN_ERROR for it in a query). */
+
+/* HMAC_Bytes writes the MAC of a message. Length in bytes. Query. */
+ZUL_API int HMAC_Bytes(unsigned char* lpDigest, int nDigLen, const void* lpMessage, int nMsgLen,
+                       const void* lpKey, int nKeyLen, int nOptions);
+
+/* HMAC_HexFromBytes is HMAC_Bytes with lower-case hex as output. Length in characters. Query. */
+ZUL_API int HMAC_HexFromBytes(char* szOutput, int nOutChars, const void* lpMessage, int nMsgLen,
+                              const void* lpKey, int nKeyLen, int nOptions);
+
+/* HMAC_HexFromHex is HMAC_HexFromBytes over a message and key in hex. -BAD_KEY_LEN_ERROR: key text shorter
+ * than two characters; -BAD_FORMAT_ERROR: key not hex; -INVALID_DATA_ERROR: message of odd length. A message
+ * with a character that is no hex digit counts as the empty message. */
+ZUL_API int HMAC_HexFromHex(char* szOutput, int nOutChars, const char* szMsgHex, const char* szKeyHex,
+                            int nOptions);
+
+/* --- CIPHER_ and TDEA_: block ciphers ------------------------------------------------------------------
+ * Keys: Triple DES 24 bytes, AES 16, 24 or 32. Blocks and IVs: Triple DES 8 bytes, AES 16. Every mode but ECB
+ * needs an IV. Byte and text forms add no padding: ECB and CBC take whole blocks, CFB (full-block segments),
+ * OFB and CTR (big-endian counter over the block) any length. fEncrypt: nonzero encrypts, 0 decrypts.
+ *
+ * The algorithm and mode are given either by szAlgAndMode, such as "aes-128/CBC", "Aes256Ctr", "tdea-cbc",
+ * "3des" or "des-ede3-cbc" (no mode means ECB), with no cipher or mode bits in nOptions; or by nOptions,
+ * ZUL_CIPHER_... | ZUL_MODE_..., with szAlgAndMode null or empty.
+ *
+ * All return 0 on success. A bad choice of algorithm is negated in the CIPHER_ functions (-BAD_PARAM_ERROR,
+ * -BAD_FLAG_ERROR, -BAD_MODE_ERROR); every other failure is positive: NULL_ERROR: null output, input or key;
+ * BAD_IV_ERROR; BAD_LENGTH_ERROR: not whole blocks. Nothing is promised about the output after a failure. */
+
+/* CIPHER_Bytes enciphers nBytes bytes; lpOutput has the same length and may be lpInput.
+ * BAD_PARAM_ERROR: nBytes negative. */
+ZUL_API int CIPHER_Bytes(int fEncrypt, unsigned char* lpOutput, const unsigned char* lpInput, int nBytes,
+                         const unsigned char* lpKey, const unsigned char* lpIV, const char* szAlgAndMode,
+                         int nOptions);
+
+/* CIPHER_Hex is CIPHER_Bytes over hex texts; the output is upper case and nOutChars must cover all of it
+ * (SHORT_BUF_ERROR). BAD_PARAM_ERROR: empty input or key; BAD_KEY_LEN_ERROR; BAD_IV_ERROR: not one block. */
+ZUL_API int CIPHER_Hex(int fEncrypt, char* szOutput, int nOutChars, const char* szInputHex,
+                       const char* szKeyHex, const char* szIVHex, const char* szAlgAndMode, int nOptions);
+
+/* CIPHER_File enciphers a file of any size into another. ECB and CBC pad on encryption (1 to a full block of
+ * bytes that hold their count) and remove the pad on decryption. OPEN_ERROR, CREATE_ERROR, READ_ERROR,
+ * WRITE_ERROR; BAD_PARAM_ERROR: the output is the input file; BAD_LENGTH_ERROR: input to decrypt is not whole
+ * blocks; DECRYPT_ERROR: bad pad (wrong key, or damaged). After a failure no output file remains. */
+ZUL_API int CIPHER_File(int fEncrypt, const char* szFileOut, const char* szFileIn, const unsigned char* lpKey,
+                        const unsigned char* lpIV, const char* szAlgAndMode, int nOptions);
+
+/* TDEA_BytesMode is CIPHER_Bytes with Triple DES; szMode is "ECB", "CBC", "CFB", "OFB" or "CTR" in any case
+ * (BAD_MODE_ERROR otherwise; BAD_PARAM_ERROR if null). */
+ZUL_API int TDEA_BytesMode(unsigned char* lpOutput, const unsigned char* lpInput, int nBytes,
+                           const unsigned char* lpKey, int fEncrypt, const char* szMode,
+                           const unsigned char* lpIV);
+
+/* TDEA_HexMode is TDEA_BytesMode over hex texts. szOutput holds two characters for each input byte and a
+ * NUL. BAD_PARAM_ERROR: empty input or key; BAD_KEY_LEN_ERROR; BAD_IV_ERROR. */
+ZUL_API int TDEA_HexMode(char* szOutput, const char* szInputHex, const char* szKeyHex, int fEncrypt,
+                         const char* szMode, const char* szIVHex);
+
+/* TDEA_B64Mode is TDEA_HexMode over base64 texts; szOutput holds (bytes + 2) / 3 * 4 characters and a NUL. */
+ZUL_API int TDEA_B64Mode(char* szOutput, const char* szInputB64, const char* szKeyB64, int fEncrypt,
+                         const char* szMode, const char* szIVB64);
+
+/* TDEA_File is CIPHER_File with Triple DES and a mode as in TDEA_BytesMode. */
+ZUL_API int TDEA_File(const char* szFileOut, const char* szFileIn, const unsigned char* lpKey, int fEncrypt,
+                      const char* szMode, const unsigned char* lpIV);
+
+/* CIPHER_KeyWrap wraps a key of nDataLen bytes under a key-encryption key. nOptions: ZUL_CIPHER_AES128,
+ * AES192 or AES256 (RFC 3394; 16 bytes or more, a multiple of 8; output nDataLen + 8) or ZUL_CIPHER_TDEA
+ * (RFC 3217; 24 bytes; output 40).
+ * Length. Query. -BAD_PARAM_ERROR: null data or key, negative length; -BAD_FLAG_ERROR; -BAD_KEY_LEN_ERROR:
+ * nKekLen; -BAD_LENGTH_ERROR: nDataLen; -SHORT_BUF_ERROR. */
+ZUL_API int CIPHER_KeyWrap(unsigned char* lpOutput, int nOutBytes, const unsigned char* lpData, int nDataLen,
+                           const unsigned char* lpKEK, int nKekLen, int nOptions);
+
+/* CIPHER_KeyUnwrap undoes CIPHER_KeyWrap; errors as there. A wrapped key that fails its check (wrong KEK or
+ * damaged) gives -1, recorded as 1, and the output is zeroed. */
+ZUL_API int CIPHER_KeyUnwrap(unsigned char* lpOutput, int nOutBytes, const unsigned char* lpData,
+                             int nDataLen, const unsigned char* lpKEK, int nKekLen, int nOptions);
+
+/* --- PAD_: block padding (PKCS #5 and #7) --------------------------------------------------------------
+ * These neither clear nor record the thread's error state; nOptions is ignored. nBlkLen is 8 or 16, else
+ * -BAD_BLK_LEN_ERROR. An output of the bytes forms may be the input. Nothing is written on an error. */
+
+/* PAD_BytesBlock copies the input and appends 1 to nBlkLen bytes that hold their count.
+ * Length. Query. -NULL_ERROR: null input with nInputLen not 0; -BAD_PARAM_ERROR: nInputLen negative;
+ * -BAD_LENGTH_ERROR: too long for an int; -SHORT_BUF_ERROR. */
+ZUL_API int PAD_BytesBlock(unsigned char* lpOutput, int nOutputLen, const unsigned char* lpInput,
+                           int nInputLen, int nBlkLen, int nOptions);
+
+/* PAD_UnpadBytes copies the input without its padding.
+ * Length; no query. -NULL_ERROR; -BAD_LENGTH_ERROR: not whole blocks; -DECRYPT_ERROR: bad padding;
+ * -SHORT_BUF_ERROR. */
+ZUL_API int PAD_UnpadBytes(unsigned char* lpOutput, int nOutputLen, const unsigned char* lpInput,
+                           int nInputLen, int nBlkLen, int nOptions);
+
+/* PAD_HexBlock is PAD_BytesBlock over hex text, which is copied unchanged and not validated.
+ * Length in characters. Query. -NULL_ERROR; -BAD_FORMAT_ERROR: odd length; -SHORT_BUF_ERROR. */
+ZUL_API int PAD_HexBlock(char* szOutput, int nOutChars, const char* szInputHex, int nBlkLen, int nOptions);
+
+/* PAD_UnpadHex is PAD_UnpadBytes over hex text.
+ * Length in characters; no query. -BAD_FORMAT_ERROR: empty, odd length, or a pad that is not hex. */
+ZUL_API int PAD_UnpadHex(char* szOutput, int nOutChars, const char* szInputHex, int nBlkLen, int nOptions);
+
+/* --- RNG_: random numbers (HMAC_DRBG of SP 800-90A, one generator per thread) --------------------------- */
+
+/* RNG_Bytes fills nBytes (at most 65,536) random bytes. lpSeed, nSeedLen: the caller's additional input, of
+ * which 20 bytes count; may be null.
+ * 0, or unrecorded -BAD_PARAM_ERROR (null output, negative length) or -PRNG_ERR_TOOBIG. A generator that
+ * fails its continuous test ends the process after the fatal report. */
+ZUL_API int RNG_Bytes(unsigned char* lpOutput, int nBytes, const void* lpSeed, int nSeedLen);
+
+/* RNG_Number returns a uniform number from nLower to nUpper, both included; nLower if nUpper is not greater,
+ * or if the range needs all 32 bits. */
+ZUL_API int RNG_Number(int nLower, int nUpper);
+
+/* RNG_Test runs the generator's known-answer test and the four statistical tests of FIPS 140-2 on 20,000
+ * fresh bits, and writes a report if szFileName is not null or empty. nOptions is ignored.
+ * 0, -TEST_FAILED_ERROR (a statistical test), -PRNG_ERR_CATASTROPHIC (the known answer) or
+ * -PRNG_ERR_FILE_CREATE. */
+ZUL_API int RNG_Test(const char* szFileName, int nOptions);
+
+/* RNG_Initialize instantiates the thread's generator and takes in a seed file of 64 bytes, which it then
+ * overwrites with fresh ones. nOptions is ignored.
+ * 0, or -PRNG_ERR_BADPARAM (null name), -PRNG_ERR_FILE_OPEN, _READ, _WRITE or _LOCK. */
+ZUL_API int RNG_Initialize(const char* szSeedFile, int nOptions);
+
+/* RNG_UpdateSeedFile takes in a seed file and overwrites it, as RNG_Initialize.
+ * -BAD_PARAM_ERROR (null or empty name) is not recorded; other errors as there. */
+ZUL_API int RNG_UpdateSeedFile(const char* szSeedFile, int nOptions);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

@@ -1,0 +1,11 @@
+#!/usr/bin/env bash
+# bench.sh [--filter=TEXT ...]: builds and runs the benchmarks, then whole processes over a 256 MiB file.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+scripts/setup.sh
+cmake --preset native >/dev/null
+cmake --build --preset native --target bench zul -- --quiet
+build/native/bench "$@"
+echo
+python3 bench/whole_process.py build/native/zul

@@ -1,0 +1,39 @@
+#!/usr/bin/env bash
+# check.sh [format|layers|words]: the quick checks of the sources, all three if none is named.
+set -uo pipefail
+cd "$(dirname "$0")/.."
+
+sources() {
+    find include src tools tests bench fuzz examples -name '*.[ch]' -o -name '*.cpp' | sort
+}
+
+check_format() {
+    # The exported header has the layout of C headers, kept by hand.
+    sources | grep -v '^include/' | xargs clang-format --dry-run -Werror
+}
+
+check_layers() {
+    python3 scripts/check_layers.py
+}
+
+check_words() {
+    local found
+    found=$({
+        sources
+        find scripts cmake docs .ci README.md CMakeLists.txt -type f
+    } | grep -v '^scripts/check.sh$' |
+        xargs grep -nE '\b(TODO|FIXME|XXX|HACK)\b|^ *# *if 0\b|DISABLED_|not implemented|unimplemented')
+    printf '%s' "$found"
+    [ -z "$found" ]
+}
+
+status=0
+for check in ${1:-format layers words}; do
+    if "check_$check"; then
+        echo "check $check: good"
+    else
+        echo "check $check: FAILED"
+        status=1
+    fi
+done
+exit $status

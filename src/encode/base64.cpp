@@ -1,0 +1,154 @@
+// The standard alphabet of RFC 4648, clause 4.
+#include "encode/base64.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+namespace zul {
+namespace {
+
+constexpr char kAlphabet[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+
+// The two characters of each twelve bits.
+struct CharacterPairs {
+    char pair[4096][2];
+};
+
+constexpr CharacterPairs make_pairs() {
+    CharacterPairs pairs{};
+    for (unsigned i = 0; i < 4096; i++) {
+        pairs.pair[i][0] = kAlphabet[i >> 6];
+        pairs.pair[i][1] = kAlphabet[i & 63];
+    }
+    return pairs;
+}
+
+constexpr CharacterPairs kPairs = make_pairs();
+
+// The value of each character: 0 to 63, kPad, or kNotBase64. The values of several characters or-ed together
+// are below 64 only if all of them belong to the alphabet.
+constexpr uint8_t kPad = 64;
+constexpr uint8_t kNotBase64 = 128;
+
+constexpr std::array<uint8_t, 256> make_values() {
+    std::array<uint8_t, 256> values{};
+    values.fill(kNotBase64);
+    for (uint8_t i = 0; i < 64; i++)
+        values[static_cast<uint8_t>(kAlphabet[i])] = i;
+    values['='] = kPad;
+    return values;
+}
+
+constexpr std::array<uint8_t, 256> kValues = make_values();
+
+unsigned char_value(char c) {
+    return kValues[static_cast<uint8_t>(c)];
+}
+
+void encode_group(char* out, const uint8_t* in) {
+    unsigned bits = static_cast<unsigned>(in[0]) << 16 | static_cast<unsigned>(in[1]) << 8 | in[2];
+    memcpy(out, kPairs.pair[bits >> 12], 2);
+    memcpy(out + 2, kPairs.pair[bits & 0xFFF], 2);
+}
+
+void decode_group(uint8_t* out, unsigned bits) {
+    out[0] = static_cast<uint8_t>(bits >> 16);
+    out[1] = static_cast<uint8_t>(bits >> 8);
+    out[2] = static_cast<uint8_t>(bits);
+}
+
+} // namespace
+
+size_t b64_encode(char* out, size_t outSize, const uint8_t* data, size_t len) {
+    if (outSize == 0)
+        return 0;
+    size_t room = (outSize - 1) / 4; // in groups
+    size_t whole = std::min(len / 3, room);
+    for (size_t i = 0; i < whole; i++)
+        encode_group(out + 4 * i, data + 3 * i);
+    size_t written = 4 * whole;
+    size_t rest = len - 3 * whole;
+    if ((rest == 1 || rest == 2) && whole < room) {
+        const uint8_t last[3] = {data[3 * whole], rest == 2 ? data[3 * whole + 1] : uint8_t{0}, 0};
+        encode_group(out + written, last);
+        out[written + 3] = '=';
+        if (rest == 1)
+            out[written + 2] = '=';
+        written += 4;
+    }
+    out[written] = '\0';
+    return written;
+}
+
+size_t b64_decode(uint8_t* out, size_t outMax, const char* text, size_t textLen) {
+    size_t written = 0, next = 0;
+    unsigned bits = 0, count = 0; // the values of the group begun
+    while (next < textLen) {
+        // Whole groups without a break between them.
+        while (count == 0 && textLen - next >= 4 && outMax - written >= 3) {
+            unsigned a = char_value(text[next]), b = char_value(text[next + 1]);
+            unsigned c = char_value(text[next + 2]), d = char_value(text[next + 3]);
+            if ((a | b | c | d) > 63)
+                break;
+            decode_group(out + written, a << 18 | b << 12 | c << 6 | d);
+            written += 3;
+            next += 4;
+        }
+        if (next == textLen || text[next] == '\0')
+            break;
+        unsigned value = char_value(text[next++]);
+        if (value == kPad)
+            break;
+        if (value == kNotBase64)
+            continue;
+        bits = bits << 6 | value;
+        if (++count < 4)
+            continue;
+        if (outMax - written < 3)
+            return written;
+        decode_group(out + written, bits);
+        written += 3;
+        bits = count = 0;
+    }
+    if (count == 2 && outMax - written >= 1) {
+        out[written++] = static_cast<uint8_t>(bits >> 4);
+    } else if (count == 3 && outMax - written >= 2) {
+        out[written++] = static_cast<uint8_t>(bits >> 10);
+        out[written++] = static_cast<uint8_t>(bits >> 2);
+    }
+    return written;
+}
+
+size_t b64_decode(uint8_t* out, size_t outMax, const char* text) {
+    return b64_decode(out, outMax, text, strlen(text));
+}
+
+size_t b64_decoded_length(const char* text, size_t textLen) {
+    size_t values = 0;
+    for (size_t i = 0; i < textLen && text[i] != '\0' && text[i] != '='; i++)
+        values += char_value(text[i]) < 64;
+    // Two values left over are one byte, three are two, a lone one is none.
+    size_t rest = values % 4;
+    return values / 4 * 3 + (rest > 1 ? rest - 1 : 0);
+}
+
+size_t b64_decoded_length(const char* text) {
+    return b64_decoded_length(text, strlen(text));
+}
+
+bool b64_is_char(char c) {
+    return char_value(c) <= kPad;
+}
+
+size_t b64_filter(char* out, const char* text, size_t len) {
+    size_t kept = 0;
+    for (size_t i = 0; i < len && text[i] != '\0'; i++) {
+        if (b64_is_char(text[i]))
+            out[kept++] = text[i];
+    }
+    out[kept] = '\0';
+    return kept;
+}
+
+} // namespace zul

@@ -1,0 +1,34 @@
+#pragma once
+#include <cstddef>
+#include <cstdint>
+
+namespace zul {
+
+class FileWriter;
+
+// pem_write writes data as base64 lines ended by CR LF, between BEGIN and END lines if label is not null or
+// empty. lineLen is rounded down to a multiple of four; below 4 it means 64. Returns the characters written;
+// a failed write shows in out.finish().
+size_t pem_write(FileWriter& out, const uint8_t* data, size_t len, const char* label, int lineLen);
+
+// pem_find_body finds the first armoured body in a text of len characters, whatever its label. Null, with
+// *bodyLen 0, if there is none.
+const char* pem_find_body(const char* text, size_t len, size_t* bodyLen);
+
+// is_pem_text tells whether text begins with "-" and holds an armoured body that is not empty.
+bool is_pem_text(const char* text);
+
+// is_b64_der_text tells whether text looks like a DER SEQUENCE in base64: it begins with "M", and all the
+// rest is base64 characters, spaces and tabs. A line break makes it false.
+bool is_b64_der_text(const char* text);
+
+// pem_file_from_file writes the content of one file into another as pem_write does; they may be the same
+// file. 0, OPEN_ERROR, CREATE_ERROR or WRITE_ERROR, with a text.
+int pem_file_from_file(const char* outPath, const char* inPath, const char* label, int lineLen);
+
+// pem_file_to_file decodes the armoured body of one file into another, which may be the same. The output has
+// (body characters + 3) / 4 * 3 + 1 bytes, zeros after the data. Codes as above, and BAD_FORMAT_ERROR if
+// there is no body.
+int pem_file_to_file(const char* outPath, const char* inPath);
+
+} // namespace zul

@@ -1,0 +1,56 @@
+#include "encode/base64.h"
+#include "encode/pem.h"
+#include "encode/whole_file.h"
+#include "frame/err.h"
+#include "frame/file_stream.h"
+#include "zulcore.h"
+
+namespace zul {
+namespace {
+
+int create_failed(const char* path) {
+    err_add_text("Cannot create file '%s'", path);
+    return CREATE_ERROR;
+}
+
+int finish_writing(FileWriter& out, const char* path) {
+    if (out.finish())
+        return 0;
+    err_add_text("Cannot write file '%s'", path);
+    return WRITE_ERROR;
+}
+
+} // namespace
+
+int pem_file_from_file(const char* outPath, const char* inPath, const char* label, int lineLen) {
+    SecretBuffer content;
+    if (int error = read_whole_file(inPath, content))
+        return error;
+    FileWriter out(outPath);
+    if (!out.is_open())
+        return create_failed(outPath);
+    pem_write(out, content.data(), content.size(), label, lineLen);
+    return finish_writing(out, outPath);
+}
+
+int pem_file_to_file(const char* outPath, const char* inPath) {
+    SecretBuffer content;
+    if (int error = read_whole_file(inPath, content))
+        return error;
+    size_t bodyLen = 0;
+    const char* body = pem_find_body(content.text(), content.size(), &bodyLen);
+    if (bodyLen == 0) {
+        err_add_text("No armoured data in file '%s'", inPath);
+        return BAD_FORMAT_ERROR;
+    }
+    // Readers of these files count on this size, which leaves zeros after the data.
+    SecretBuffer decoded((bodyLen + 3) / 4 * 3 + 1);
+    b64_decode(decoded.data(), decoded.size(), body, bodyLen);
+    FileWriter out(outPath);
+    if (!out.is_open())
+        return create_failed(outPath);
+    out.write(decoded.data(), decoded.size());
+    return finish_writing(out, outPath);
+}
+
+} // namespace zul

@@ -1,0 +1,52 @@
+#include "encode/whole_file.h"
+
+#include "encode/base64.h"
+#include "encode/pem.h"
+#include "frame/err.h"
+#include "frame/file_stream.h"
+#include "zulcore.h"
+
+namespace zul {
+
+int read_whole_file(const char* path, SecretBuffer& content) {
+    File file(path, platform::OpenMode::read);
+    if (!file.is_open()) {
+        err_add_text("Cannot open file '%s'", path);
+        return OPEN_ERROR;
+    }
+    int64_t length = platform::file_length(file.handle());
+    // A block that is too big would end the process; a big file is only bad input.
+    if (length >= static_cast<int64_t>(kMaxAllocation)) {
+        err_add_text("File '%s' is too large", path);
+        return OPEN_ERROR;
+    }
+    if (length >= 0) {
+        auto size = static_cast<size_t>(length);
+        SecretBuffer whole(size + 1);
+        if (platform::file_read(file.handle(), whole.data(), size) == length) {
+            whole.shrink(size);
+            content = std::move(whole);
+            return 0;
+        }
+    }
+    err_add_text("Cannot read file '%s'", path);
+    return OPEN_ERROR;
+}
+
+int read_pem_or_b64_file(const char* path, SecretBuffer& decoded) {
+    SecretBuffer content;
+    if (int error = read_whole_file(path, content))
+        return error;
+    const char* body = content.text();
+    size_t bodyLen = content.size();
+    if (body[0] == '-')
+        body = pem_find_body(content.text(), content.size(), &bodyLen);
+    size_t size = body == nullptr ? 0 : b64_decoded_length(body, bodyLen);
+    if (size == 0)
+        return BAD_FORMAT_ERROR;
+    decoded = SecretBuffer(size);
+    b64_decode(decoded.data(), size, body, bodyLen);
+    return 0;
+}
+
+} // namespace zul

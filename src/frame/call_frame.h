@@ -1,0 +1,28 @@
+#pragma once
+#include "frame/err.h"
+
+namespace zul {
+
+// rng_stir hands cheap system readings to the random generator, which defines it: 0 the three cheapest,
+// 1 the fuller set.
+void rng_stir(int option);
+
+// CallFrame stands at the top of every export: it empties the thread's error state and stirs entropy, and
+// its two members record a failure as the value leaves in the export's convention.
+class CallFrame {
+  public:
+    explicit CallFrame(int stirOption = 0) {
+        err_clear();
+        rng_stir(stirOption);
+    }
+    // length passes on a length or a negated error code.
+    int length(int result) {
+        if (result < 0)
+            err_record(result);
+        return result;
+    }
+    // status passes on 0 or an error code of either sign.
+    int status(int result) { return err_record(result); }
+};
+
+} // namespace zul

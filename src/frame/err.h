@@ -1,0 +1,23 @@
+#pragma once
+#include <cstddef>
+#include <cstdint>
+
+namespace zul {
+
+// Error codes live in include/zulcore.h; inside the library they travel as int, positive or negated as each
+// function's contract says.
+
+// err_clear empties the calling thread's error text and code.
+void err_clear();
+
+// err_record keeps the absolute value of a nonzero code if the thread has none yet; returns code unchanged.
+int err_record(int code);
+int err_code();
+const char* err_text();
+
+// err_set_text replaces the thread's error text, err_add_text appends to it after "; ". The whole is at most
+// 511 characters; the rest is cut.
+void err_set_text(const char* format, ...) __attribute__((format(printf, 1, 2)));
+void err_add_text(const char* format, ...) __attribute__((format(printf, 1, 2)));
+
+} // namespace zul

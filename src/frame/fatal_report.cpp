@@ -1,0 +1,61 @@
+#include "frame/fatal_report.h"
+
+#include <cstdio>
+#include <cstring>
+
+#include "frame/text.h"
+#include "platform/platform.h"
+
+namespace zul {
+
+namespace {
+
+constexpr char kSource[] = "zulcore";
+constexpr int kMaxPath = 260;
+
+bool option_set(const char* name) {
+    uint32_t value = 0;
+    return platform::option_number(name, &value) && value != 0;
+}
+
+void log_path(char* path, int size) {
+    if (!platform::option_text("ErrorLogDir", path, static_cast<size_t>(size)))
+        path[0] = '\0';
+    const int length = str_length(path);
+    if (length == 0) {
+        platform::executable_directory(path, static_cast<size_t>(size));
+    } else if (path[length - 1] != platform::path_separator()) {
+        const char separator[] = {platform::path_separator(), '\0'};
+        str_append(path, separator, size);
+    }
+    str_append(path, "zulerr.log", size);
+}
+
+void write_log_line(const char* message, uint32_t eventId) {
+    char path[kMaxPath + 1];
+    log_path(path, sizeof path);
+
+    char when[27];
+    platform::local_time_text(when);
+    char line[1024];
+    // The event identifier is a 32-bit signed number in this line, so those with the severity bits set stand
+    // there as negative numbers; log readers know them so.
+    snprintf(line, sizeof line, "%s%s (%ld) %s\n", when, kSource,
+             static_cast<long>(static_cast<int32_t>(eventId)), message);
+    platform::append_line(path, line);
+}
+
+} // namespace
+
+void fatal_report(int type, const char* message, uint32_t eventId) {
+    platform::event_log(kSource, type, eventId, message);
+    // Each option is read when it is due, so a change between two reports takes effect.
+    const bool noErrorLog = option_set("NoErrorLog");
+    const bool noMessageBox = option_set("NoMessageBox");
+    if (!noErrorLog)
+        write_log_line(message, eventId);
+    if (!noMessageBox)
+        platform::message_box(kSource, type, message);
+}
+
+} // namespace zul

@@ -1,0 +1,111 @@
+#include "frame/file_stream.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace zul {
+
+// Large enough that system calls cost little beside the work on the bytes, small enough for the second-level
+// cache.
+static constexpr size_t kStreamBuffer = 64 * 1024;
+
+bool File::close() {
+    const platform::FileHandle handle = std::exchange(handle_, platform::kNoFile);
+    return handle == platform::kNoFile || platform::file_close(handle);
+}
+
+FileReader::FileReader(const char* path, bool text)
+    : file_(path, text ? platform::OpenMode::readText : platform::OpenMode::read),
+      folds_(text && !platform::file_folds_line_ends()) {
+    if (file_.is_open())
+        buffer_ = SecretBuffer(kStreamBuffer + 1);
+    else
+        atEnd_ = true;
+}
+
+void FileReader::fill() {
+    const int64_t got = platform::file_read(file_.handle(), buffer_.data() + 1, kStreamBuffer);
+    failed_ = got < 0;
+    next_ = 1;
+    filled_ = failed_ ? 1 : 1 + static_cast<size_t>(got);
+    atEnd_ = filled_ < buffer_.size();
+    if (folds_)
+        fold_line_ends();
+}
+
+void FileReader::fold_line_ends() {
+    if (heldCr_)
+        buffer_[--next_] = '\r';
+    heldCr_ = !atEnd_ && buffer_[filled_ - 1] == '\r';
+    if (heldCr_)
+        filled_--;
+    size_t kept = next_;
+    for (size_t i = next_; i < filled_; i++)
+        if (buffer_[i] != '\r' || i + 1 == filled_ || buffer_[i + 1] != '\n')
+            buffer_[kept++] = buffer_[i];
+    filled_ = kept;
+}
+
+size_t FileReader::read(void* out, size_t size) {
+    auto* bytes = static_cast<uint8_t*>(out);
+    size_t done = 0;
+    while (done < size) {
+        if (next_ == filled_) {
+            if (atEnd_)
+                break;
+            fill();
+            continue;
+        }
+        const size_t part = std::min(size - done, filled_ - next_);
+        memcpy(bytes + done, buffer_.data() + next_, part);
+        next_ += part;
+        done += part;
+    }
+    return done;
+}
+
+FileWriter::FileWriter(const char* path, platform::OpenMode mode) : path_(path), file_(path, mode) {
+    if (file_.is_open())
+        buffer_ = SecretBuffer(kStreamBuffer);
+}
+
+FileWriter::~FileWriter() {
+    if (!file_.is_open() || finished_)
+        return;
+    const bool removable = platform::file_is_regular(path_) && platform::file_is(file_.handle(), path_);
+    file_.close();
+    if (removable)
+        platform::file_remove(path_);
+}
+
+bool FileWriter::write(const void* data, size_t size) {
+    const auto* bytes = static_cast<const uint8_t*>(data);
+    while (size > 0 && !failed_) {
+        if (filled_ == buffer_.size() && !flush())
+            break;
+        const size_t part = std::min(size, buffer_.size() - filled_);
+        memcpy(buffer_.data() + filled_, bytes, part);
+        filled_ += part;
+        bytes += part;
+        size -= part;
+    }
+    return !failed_;
+}
+
+bool FileWriter::flush() {
+    failed_ = failed_ || !platform::file_write(file_.handle(), buffer_.data(), filled_);
+    filled_ = 0;
+    return !failed_;
+}
+
+bool FileWriter::finish() {
+    if (!file_.is_open() || !flush())
+        return false;
+    // What close reports as lost cannot be removed by handle any more, but by name.
+    finished_ = file_.close();
+    if (!finished_ && platform::file_is_regular(path_))
+        platform::file_remove(path_);
+    return finished_;
+}
+
+} // namespace zul

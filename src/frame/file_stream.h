@@ -1,0 +1,68 @@
+#pragma once
+#include "frame/memory.h"
+#include "platform/platform.h"
+
+namespace zul {
+
+// File owns an open file and closes it at its end.
+class File {
+  public:
+    File() = default;
+    File(const char* path, platform::OpenMode mode) : handle_(platform::file_open(path, mode)) {}
+    File(const File&) = delete;
+    File& operator=(const File&) = delete;
+    ~File() { close(); }
+
+    bool is_open() const { return handle_ != platform::kNoFile; }
+    platform::FileHandle handle() const { return handle_; }
+    // close gives false if the system reports that something written was lost.
+    bool close();
+
+  private:
+    platform::FileHandle handle_ = platform::kNoFile;
+};
+
+// FileReader reads a file through one wiped buffer, so that small reads cost no system call each.
+class FileReader {
+  public:
+    explicit FileReader(const char* path, bool text = false);
+
+    bool is_open() const { return file_.is_open(); }
+    platform::FileHandle handle() const { return file_.handle(); }
+    // read copies up to size bytes: fewer only at the end of the file or after a read error.
+    size_t read(void* out, size_t size);
+    bool failed() const { return failed_; } // a read error, as against the end of the file
+
+  private:
+    void fill();
+    void fold_line_ends();
+
+    File file_;
+    SecretBuffer buffer_;
+    size_t next_ = 1, filled_ = 1; // the first byte of the buffer is kept free for a CR held back
+    bool atEnd_ = false, failed_ = false;
+    bool folds_ = false, heldCr_ = false; // text: a CR at the end of what was read waits for what follows
+};
+
+// FileWriter writes a file through one wiped buffer. Until finish has returned true the file is not whole:
+// a writer destroyed before that removes what it has made.
+class FileWriter {
+  public:
+    explicit FileWriter(const char* path, platform::OpenMode mode = platform::OpenMode::create);
+    ~FileWriter();
+
+    bool is_open() const { return file_.is_open(); }
+    bool write(const void* data, size_t size); // false once anything could not be written
+    bool finish();                             // flushes and closes
+
+  private:
+    bool flush();
+
+    const char* path_; // the caller's, which outlives the writer
+    File file_;
+    SecretBuffer buffer_;
+    size_t filled_ = 0;
+    bool failed_ = false, finished_ = false;
+};
+
+} // namespace zul

@@ -1,0 +1,98 @@
+#include "frame/memory.h"
+
+#include <atomic>
+#include <cstdlib>
+#include <cstring>
+
+#include "frame/fatal_report.h"
+#include "frame/memory_hooks.h"
+#include "platform/platform.h"
+
+namespace zul {
+
+namespace {
+
+std::atomic<long> liveBlocks{0};
+std::atomic<decltype(MemoryHooks::refuse)> refuseHook{nullptr};
+std::atomic<decltype(MemoryHooks::freed)> freedHook{nullptr};
+
+void* system_calloc(size_t size) {
+    if (const auto refuse = refuseHook.load(std::memory_order_relaxed); refuse != nullptr && refuse(size))
+        return nullptr;
+    void* block = calloc(size, 1);
+    if (block != nullptr)
+        liveBlocks.fetch_add(1, std::memory_order_relaxed);
+    return block;
+}
+
+[[noreturn]] void out_of_memory(const char* message) {
+    fatal_report(static_cast<int>(platform::ReportType::error), message, kEventAllocation);
+    platform::end_process(1);
+}
+
+} // namespace
+
+void* emalloc(size_t size) {
+    if (size > kMaxAllocation)
+        out_of_memory("malloc request is too big.");
+    void* block = system_calloc(size == 0 ? 1 : size);
+    if (block == nullptr)
+        out_of_memory("malloc failed to allocate memory.");
+    return block;
+}
+
+void* ecalloc(size_t count, size_t size) {
+    if (count > kMaxAllocation || size > kMaxAllocation)
+        out_of_memory("calloc request is too big.");
+    // The two limits keep the product far below the range of size_t.
+    const size_t total = (count == 0 ? 1 : count) * (size == 0 ? 1 : size);
+    void* block = system_calloc(total);
+    if (block == nullptr)
+        out_of_memory("calloc failed to allocate memory.");
+    return block;
+}
+
+char* estrdup(const char* text) {
+    const size_t size = strlen(text) + 1;
+    auto* copy = static_cast<char*>(system_calloc(size));
+    if (copy == nullptr)
+        out_of_memory("estrdup failed to allocate memory.");
+    memcpy(copy, text, size);
+    return copy;
+}
+
+void efree(void* block) {
+    if (block == nullptr)
+        return;
+    if (const auto freed = freedHook.load(std::memory_order_relaxed); freed != nullptr)
+        freed(block);
+    liveBlocks.fetch_sub(1, std::memory_order_relaxed);
+    free(block);
+}
+
+void* egrow(void* block, size_t newSize, size_t oldSize) {
+    if (newSize <= oldSize)
+        return block;
+    void* grown = emalloc(newSize);
+    if (block != nullptr) {
+        memcpy(grown, block, oldSize);
+        wipe_bytes(block, oldSize);
+        efree(block);
+    }
+    return grown;
+}
+
+void* try_calloc(size_t size) {
+    return system_calloc(size);
+}
+
+long live_blocks() {
+    return liveBlocks.load(std::memory_order_relaxed);
+}
+
+void memory_set_hooks(MemoryHooks hooks) {
+    refuseHook.store(hooks.refuse, std::memory_order_relaxed);
+    freedHook.store(hooks.freed, std::memory_order_relaxed);
+}
+
+} // namespace zul

@@ -1,0 +1,31 @@
+#pragma once
+#include <cstddef>
+#include <cstdint>
+
+namespace zul {
+
+// The working state of one HMAC_DRBG with SHA-1.
+struct DrbgState {
+    uint8_t key[20];        // K
+    uint8_t value[20];      // V
+    uint32_t reseedCounter; // 0: not yet instantiated
+};
+
+// RngState is one thread's part of the random generator: a plain structure that is valid when it is all zero,
+// so that the thread's record can hold it without knowing the generator.
+struct RngState {
+    DrbgState drbg;
+    uint8_t continuousBlock[8]; // what the next output must not repeat
+    uint32_t forkGeneration;    // of the process that instantiated the generator
+
+    // Readings of the last calls, on their way to the shared pools (see rng/accumulator.h).
+    static constexpr uint32_t kStagedCalls = 256;
+    uint32_t stagedTime[kStagedCalls];
+    uint32_t stagedTicks[kStagedCalls];
+    uint32_t stagedMemory[kStagedCalls];
+    uint32_t stagedCalls;
+    uint32_t memoryTicks; // when the memory status was last read
+    uint32_t memory;      // and what it condensed to; 0 before the first reading
+};
+
+} // namespace zul

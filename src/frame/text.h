@@ -1,0 +1,20 @@
+#pragma once
+
+namespace zul {
+
+// str_copy copies at most size-1 characters of src and a NUL into dest; returns the full length of src. With
+// a null pointer or a size of 0 or less it copies nothing and returns 0.
+int str_copy(char* dest, const char* src, int size);
+
+// str_append appends src to the text in dest, of which size counts the whole room; returns the length that
+// the joined text would have had without the cut, 0 as str_copy.
+int str_append(char* dest, const char* src, int size);
+
+// str_length is the length of a text, 0 for null; a length that no int can hold is given as INT_MAX.
+int str_length(const char* text);
+
+// text_result hands out a text under the common length rule: at most room characters and a NUL, returning the
+// length copied; without output or room, the whole length.
+int text_result(char* out, int room, const char* text);
+
+} // namespace zul

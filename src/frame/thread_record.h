@@ -1,0 +1,48 @@
+#pragma once
+#include <cstdint>
+
+#include "frame/rng_state.h"
+
+namespace zul {
+
+constexpr int kErrorTextSize = 512; // 511 characters and the NUL
+
+// What each thread that calls into the library owns: created zero-filled on its first need, freed when the
+// thread ends or the module is unloaded.
+struct ThreadRecord {
+    char errorText[kErrorTextSize];
+    int32_t errorCode; // 0 or positive
+    RngState rng;
+};
+
+// Two callers create records, and each has a static record of its own, shared by all threads, to fall back
+// on when memory runs out: the call goes on with it.
+enum class RecordPath { error, generator };
+
+// thread_record gives the calling thread's record; never null.
+ThreadRecord* thread_record(RecordPath path);
+
+inline RngState* rng_state() {
+    return &thread_record(RecordPath::generator)->rng;
+}
+
+// The records of all threads are kept in a table of this many places, so that unloading can free them. A
+// record that finds the table full is used all the same and lost when its thread outlives the module.
+constexpr int kRecordTableSize = 1088;
+
+struct RecordTableCounts {
+    int highestIndex; // ever used; -1 before the first
+    long live;
+    long made;
+};
+RecordTableCounts record_table_counts();
+
+// records_create takes the thread slot, false if the system has none; records_destroy frees every record in
+// the table and returns the slot.
+bool records_create();
+void records_destroy();
+
+// record_release frees the calling thread's record, as happens by itself when a thread ends.
+void record_release();
+
+} // namespace zul

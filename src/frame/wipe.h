@@ -1,0 +1,53 @@
+#pragma once
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <type_traits>
+
+namespace zul {
+
+// wipe_bytes overwrites length bytes with zero, from the end back to the start. The optimiser cannot remove
+// it. A null buffer is ignored.
+void wipe_bytes(void* buffer, size_t length);
+
+// Secret<N> is a fixed byte array for key material: zero at the start, wiped at its end.
+template<size_t N>
+class Secret {
+  public:
+    Secret() = default;
+    Secret(const Secret&) = delete;
+    Secret& operator=(const Secret&) = delete;
+    ~Secret() { wipe_bytes(bytes_.data(), N); }
+
+    uint8_t* data() { return bytes_.data(); }
+    const uint8_t* data() const { return bytes_.data(); }
+    static constexpr size_t size() { return N; }
+    uint8_t& operator[](size_t i) { return bytes_[i]; }
+    uint8_t operator[](size_t i) const { return bytes_[i]; }
+
+  private:
+    alignas(16) std::array<uint8_t, N> bytes_{};
+};
+
+// Wiped<T> holds a plain structure that carries key material (a digest context, a key schedule) and wipes it
+// at its end.
+template<class T>
+class Wiped {
+    static_assert(std::is_trivially_destructible_v<T>);
+
+  public:
+    Wiped() = default;
+    Wiped(const Wiped&) = delete;
+    Wiped& operator=(const Wiped&) = delete;
+    ~Wiped() { wipe_bytes(&value_, sizeof value_); }
+
+    T& operator*() { return value_; }
+    T* operator->() { return &value_; }
+    const T& operator*() const { return value_; }
+    const T* operator->() const { return &value_; }
+
+  private:
+    T value_{};
+};
+
+} // namespace zul

@@ -1,0 +1,86 @@
+#include "frame/wipe_file.h"
+
+#include <cstring>
+#include <random>
+
+#include "frame/err.h"
+#include "frame/file_stream.h"
+#include "zulcore.h"
+
+namespace zul {
+
+namespace {
+
+constexpr size_t kChunk = 4096;
+
+size_t chunk_of(int64_t remaining) {
+    return remaining < static_cast<int64_t>(kChunk) ? static_cast<size_t>(remaining) : kChunk;
+}
+
+bool write_pass(File& file, int64_t length, const uint8_t* pattern) {
+    if (!platform::file_rewind(file.handle()))
+        return false;
+    for (int64_t remaining = length; remaining > 0;) {
+        const size_t size = chunk_of(remaining);
+        if (!platform::file_write(file.handle(), pattern, size))
+            return false;
+        remaining -= static_cast<int64_t>(size);
+    }
+    return platform::file_commit(file.handle());
+}
+
+// Every chunk was written from the start of the same pattern, so each is compared with that start.
+bool read_back(File& file, int64_t length, const uint8_t* pattern) {
+    if (!platform::file_rewind(file.handle()))
+        return false;
+    uint8_t chunk[kChunk];
+    for (int64_t remaining = length; remaining > 0;) {
+        const size_t size = chunk_of(remaining);
+        if (platform::file_read(file.handle(), chunk, size) != static_cast<int64_t>(size) ||
+            memcmp(chunk, pattern, size) != 0)
+            return false;
+        remaining -= static_cast<int64_t>(size);
+    }
+    return true;
+}
+
+bool overwrite(File& file, int64_t length) {
+    uint8_t pattern[kChunk];
+    for (const int fill : {0x00, 0xFF, 0xAA, 0x55}) {
+        memset(pattern, fill, sizeof pattern);
+        if (!write_pass(file, length, pattern))
+            return false;
+    }
+    // These bytes only blur the file and are no key material. The generator is private, so that a caller's
+    // own sequence of rand() is left alone.
+    std::minstd_rand blur(static_cast<uint32_t>(platform::system_time() >> 10));
+    for (int pass = 0; pass < 2; pass++) {
+        for (uint8_t& byte : pattern)
+            byte = static_cast<uint8_t>(blur() >> 8);
+        if (!write_pass(file, length, pattern))
+            return false;
+    }
+    if (!read_back(file, length, pattern))
+        return false;
+    memset(pattern, 0, sizeof pattern);
+    return write_pass(file, length, pattern);
+}
+
+} // namespace
+
+int wipe_file(const char* path) {
+    File file(path, platform::OpenMode::update);
+    const int64_t length = file.is_open() ? platform::file_length(file.handle()) : -1;
+    if (length < 0) {
+        err_add_text("Cannot open file '%s'", path);
+        return OPEN_ERROR;
+    }
+    const bool overwritten = length == 0 || overwrite(file, length);
+    if (!file.close() || !overwritten || !platform::file_remove(path)) {
+        err_add_text("Cannot wipe file '%s'", path);
+        return WIPE_ERROR;
+    }
+    return 0;
+}
+
+} // namespace zul

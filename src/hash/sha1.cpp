@@ -1,0 +1,50 @@
+#include "hash/sha1.h"
+
+#include "frame/wipe.h"
+#include "hash/sha1_kernels.h"
+#include "hash/sha1_rounds.h"
+
+namespace zul {
+
+void sha1_compress_portable(uint32_t state[5], const uint8_t* data, size_t blocks) {
+    sha1_compress_scalar(state, data, blocks);
+}
+
+void sha1_compress(uint32_t state[5], const uint8_t* data, size_t blocks) {
+#if ZUL_X86_64
+    if (sha1_has_shani())
+        return sha1_compress_shani(state, data, blocks);
+    if (sha1_has_avx2())
+        return sha1_compress_avx2(state, data, blocks);
+#endif
+    sha1_compress_portable(state, data, blocks);
+}
+
+const char* sha1_kernel() {
+#if ZUL_X86_64
+    if (sha1_has_shani())
+        return "sha-ni";
+    if (sha1_has_avx2())
+        return "avx2";
+#endif
+    return "portable";
+}
+
+void sha1_init(Sha1Context& context) {
+    constexpr uint32_t kState[5] = {0x67452301, 0xefcdab89, 0x98badcfe, 0x10325476, 0xc3d2e1f0};
+    memcpy(context.state, kState, sizeof kState);
+    context.length = 0;
+}
+
+void sha1_update(Sha1Context& context, const void* data, size_t size) {
+    block_digest_update(context, data, size, sha1_compress);
+}
+
+void sha1_final(Sha1Context& context, uint8_t digest[kSha1Size]) {
+    block_digest_pad<std::endian::big>(context, sha1_compress);
+    for (size_t i = 0; i < 5; i++)
+        store_word<std::endian::big>(digest + 4 * i, context.state[i]);
+    wipe_bytes(&context, sizeof context);
+}
+
+} // namespace zul

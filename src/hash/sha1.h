@@ -1,0 +1,21 @@
+#pragma once
+#include "hash/block_digest.h"
+
+// SHA-1 (FIPS 180-4, clause 6.1).
+namespace zul {
+
+constexpr size_t kSha1Size = 20;
+
+struct Sha1Context : BlockDigestContext<uint32_t, 5, 64> {};
+
+void sha1_init(Sha1Context& context);
+void sha1_update(Sha1Context& context, const void* data, size_t size);
+void sha1_final(Sha1Context& context, uint8_t digest[kSha1Size]); // wipes the context
+
+// sha1_compress is the bare compression function over whole blocks of 64 bytes, without padding.
+void sha1_compress(uint32_t state[5], const uint8_t* data, size_t blocks);
+
+// sha1_kernel names the implementation that would run now: "sha-ni", "avx2" or "portable".
+const char* sha1_kernel();
+
+} // namespace zul

@@ -1,0 +1,51 @@
+#include <atomic>
+
+#include "frame/call_frame.h"
+#include "frame/thread_record.h"
+#include "frame/wipe.h"
+#include "platform/platform.h"
+#include "rng/rng.h"
+
+namespace zul {
+
+static std::atomic<bool> loaded{false};
+
+bool module_load(void* moduleHandle) {
+    platform::remember_module(moduleHandle);
+    platform::lock_create();
+    if (!records_create()) {
+        platform::lock_destroy();
+        return false;
+    }
+    loaded = true;
+    return module_thread_attach();
+}
+
+bool module_thread_attach() {
+    // Not the record itself but its being kept decides: a thread that fell back on the shared one is refused.
+    thread_record(RecordPath::generator);
+    if (platform::slot_get() == nullptr)
+        return false;
+    rng_stir(0);
+    return true;
+}
+
+void module_thread_detach() {
+    record_release();
+}
+
+void module_exit() {
+    // Nothing is freed, no lock is taken: memory and lock may be in the hands of other threads.
+    if (void* own = platform::slot_get())
+        wipe_bytes(&static_cast<ThreadRecord*>(own)->rng, sizeof(RngState));
+}
+
+void module_unload() {
+    if (!loaded.exchange(false))
+        return;
+    records_destroy();
+    rng_reset_pools();
+    platform::lock_destroy();
+}
+
+} // namespace zul

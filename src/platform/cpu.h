@@ -1,0 +1,38 @@
+#pragma once
+#include <atomic>
+#include <cstdint>
+
+namespace zul {
+
+// Sets of instruction-set extensions that kernels ask for. A vector set counts as present only when the
+// operating system saves its registers (XGETBV).
+enum CpuFeature : uint32_t {
+    kCpuSsse3 = 1u << 0, // SSSE3 and SSE4.1
+    kCpuAesni = 1u << 1,
+    kCpuShani = 1u << 2,
+    kCpuAvx2 = 1u << 3,   // AVX2, BMI1 and BMI2
+    kCpuAvx512 = 1u << 4, // AVX-512 F, BW, DQ and VL
+    kCpuVaes = 1u << 5,
+    kCpuAdx = 1u << 6,
+    kCpuAvx512Ifma = 1u << 7,
+    kCpuDetected = 1u << 31,
+};
+
+namespace cpu_detail {
+extern std::atomic<uint32_t> features; // 0 until the first question
+uint32_t detect();
+} // namespace cpu_detail
+
+// cpu_has tells whether every feature in the set is present (and not masked).
+inline bool cpu_has(uint32_t set) {
+    uint32_t have = cpu_detail::features.load(std::memory_order_relaxed);
+    if (have == 0)
+        have = cpu_detail::detect();
+    return (have & set) == set;
+}
+
+// cpu_mask_features hides the given features from cpu_has until it is called again; 0 shows all that the
+// processor has. For tests, so that every kernel can be reached on one machine.
+void cpu_mask_features(uint32_t hidden);
+
+} // namespace zul

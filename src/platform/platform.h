@@ -1,0 +1,132 @@
+#pragma once
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+
+namespace zul {
+
+// The notifications that the system's loader gives, as load.cpp receives them: defined by the module, which
+// knows what a load consists of. module_load is false if the module refuses to load.
+bool module_load(void* moduleHandle);
+bool module_thread_attach();
+void module_thread_detach();
+void module_unload(); // the module leaves a process that goes on
+void module_exit();   // the process ends; its other threads may be inside the library, or gone with its lock
+
+} // namespace zul
+
+// What the operating system gives. win32/ and posix/ each keep this contract, file for file; nothing above
+// this folder includes a system header.
+namespace zul::platform {
+
+// --- thread slot (thread_slot.cpp) ---------------------------------------------------------------------
+
+// slot_create allocates the one per-thread slot; atThreadEnd receives the value of every thread that ends
+// with one. False if the system has none left.
+bool slot_create(void (*atThreadEnd)(void* value));
+void slot_destroy();
+void* slot_get();
+bool slot_set(void* value);
+
+// --- lock (lock.cpp) -----------------------------------------------------------------------------------
+
+// The process-wide lock: not to be taken twice by one thread. Taking it before lock_create is an error.
+void lock_create();
+void lock_destroy();
+void lock_enter();
+void lock_leave();
+
+class LockGuard {
+  public:
+    LockGuard() { lock_enter(); }
+    LockGuard(const LockGuard&) = delete;
+    LockGuard& operator=(const LockGuard&) = delete;
+    ~LockGuard() { lock_leave(); }
+};
+
+// fork_generation changes in the child of a fork, where generator state copied from the parent must not be
+// used again. Always 0 where processes are not forked.
+uint32_t fork_generation();
+
+// --- files (file.cpp) ----------------------------------------------------------------------------------
+
+// An open file; kNoFile is none. Reads and writes are whole and unbuffered; names are in the system's
+// single-byte encoding. A directory is not a file.
+using FileHandle = intptr_t;
+constexpr FileHandle kNoFile = -1;
+
+enum class OpenMode {
+    read,         // "rb"
+    readText,     // "rt": CR LF becomes LF as it is read, where file_folds_line_ends
+    update,       // "r+b": the file must exist; fails on one that is marked read-only
+    create,       // "wb": made or emptied; fails on an existing one that is marked read-only
+    createSecret, // as create, and a new file is readable and writable by its owner only
+};
+
+// file_folds_line_ends tells whether the system itself reads CR LF as LF; otherwise the reader has to.
+bool file_folds_line_ends();
+
+FileHandle file_open(const char* path, OpenMode mode);
+bool file_close(FileHandle file); // false if the system reports that something written was lost
+
+// file_read fills the buffer as far as the file goes: the bytes read, less than size only at the end of the
+// file, or -1 on a read error (the bytes before it are lost).
+int64_t file_read(FileHandle file, void* buffer, size_t size);
+bool file_write(FileHandle file, const void* data, size_t size); // all or false
+bool file_rewind(FileHandle file);
+int64_t file_length(FileHandle file);           // -1 if it has none (a pipe)
+bool file_commit(FileHandle file);              // everything written is on the disk
+bool file_lock(FileHandle file, size_t length); // the first length bytes; waits for nobody
+void file_unlock(FileHandle file, size_t length);
+bool file_remove(const char* path);
+
+// file_is tells whether path names the very file that is open, whatever the spelling of its name.
+bool file_is(FileHandle file, const char* path);
+// file_is_regular tells whether path names an ordinary file (not a device or a pipe).
+bool file_is_regular(const char* path);
+
+// --- clocks and other readings (readings.cpp) ----------------------------------------------------------
+
+uint64_t system_time();              // 100-nanosecond units since 1601-01-01 UTC
+uint32_t tick_count();               // milliseconds since start-up, wrapping
+bool free_clusters(uint32_t* count); // of the current disk
+
+// A system structure as raw bytes, for condensation. The length used, 0 if the reading failed.
+constexpr size_t kReadingSize = 256;
+size_t memory_status(uint8_t* reading);
+size_t power_status(uint8_t* reading);
+
+// activity_report hands text about what the system is doing (its windows; its interrupt counts) to the sink,
+// piece by piece. False if there is none.
+bool activity_report(void (*sink)(void* context, const void* data, size_t size), void* context);
+
+// --- system randomness (random.cpp) --------------------------------------------------------------------
+
+bool system_random(void* out, size_t size);
+
+// --- identity (identity.cpp) ---------------------------------------------------------------------------
+
+uint32_t process_id();
+uint32_t thread_id();
+// The texts are at most size-1 characters and a NUL; the length written, 0 if the system does not say.
+size_t user_name(char* out, size_t size);
+size_t computer_name(char* out, size_t size);
+size_t executable_directory(char* out, size_t size); // with its closing separator
+size_t module_path(char* out, size_t size);          // of this library's own file
+void remember_module(void* moduleHandle);            // called once at load, before module_path
+const char* platform_word();                         // "Win64" or "Lin64"
+char path_separator();
+
+// --- reports (report.cpp) ------------------------------------------------------------------------------
+
+enum class ReportType : int { error = 1, warning = 2, information = 4 };
+
+bool option_number(const char* name, uint32_t* value);      // one option of the machine
+bool option_text(const char* name, char* out, size_t size); // unreadable if it is longer than size-1
+void event_log(const char* source, int type, uint32_t eventId, const char* message);
+void message_box(const char* caption, int type, const char* message);
+bool append_line(const char* path, const char* line); // to a text file; made if it does not exist
+void local_time_text(char out[27]); // ctime's 26 characters: "Sat Nov 21 04:00:11 2026\n" and its NUL
+[[noreturn]] void end_process(int status);
+
+} // namespace zul::platform

@@ -1,0 +1,139 @@
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "platform/platform.h"
+
+namespace zul::platform {
+
+static int descriptor(FileHandle file) {
+    return static_cast<int>(file);
+}
+
+// A file without any write permission is marked read-only. The system lets the superuser write it all the
+// same; the mark holds for everybody here, as it does on Windows.
+static bool is_marked_read_only(const struct stat& status) {
+    return S_ISREG(status.st_mode) && (status.st_mode & 0222) == 0;
+}
+
+FileHandle file_open(const char* path, OpenMode mode) {
+    struct stat status {};
+    const bool writes = mode != OpenMode::read && mode != OpenMode::readText;
+    if (writes && stat(path, &status) == 0 && is_marked_read_only(status))
+        return kNoFile;
+
+    int flags = O_RDONLY;
+    if (mode == OpenMode::update)
+        flags = O_RDWR;
+    else if (writes)
+        flags = O_WRONLY | O_CREAT | O_TRUNC;
+    int fd;
+    do
+        fd = open(path, flags | O_CLOEXEC, mode == OpenMode::createSecret ? 0600 : 0666);
+    while (fd < 0 && errno == EINTR);
+    if (fd < 0)
+        return kNoFile;
+    if (fstat(fd, &status) != 0 || S_ISDIR(status.st_mode)) {
+        close(fd);
+        return kNoFile;
+    }
+    return fd;
+}
+
+bool file_close(FileHandle file) {
+    return close(descriptor(file)) == 0;
+}
+
+// read_some is read() past interruptions: 0 at the end of the file, -1 on an error.
+static ssize_t read_some(int fd, uint8_t* buffer, size_t size) {
+    ssize_t got;
+    do
+        got = read(fd, buffer, size);
+    while (got < 0 && errno == EINTR);
+    return got;
+}
+
+bool file_folds_line_ends() {
+    return false;
+}
+
+int64_t file_read(FileHandle file, void* buffer, size_t size) {
+    const int fd = descriptor(file);
+    auto* bytes = static_cast<uint8_t*>(buffer);
+    size_t done = 0;
+    while (done < size) {
+        const ssize_t got = read_some(fd, bytes + done, size - done);
+        if (got < 0)
+            return -1;
+        if (got == 0)
+            break;
+        done += static_cast<size_t>(got);
+    }
+    return static_cast<int64_t>(done);
+}
+
+bool file_write(FileHandle file, const void* data, size_t size) {
+    const auto* bytes = static_cast<const uint8_t*>(data);
+    while (size > 0) {
+        const ssize_t put = write(descriptor(file), bytes, size);
+        if (put < 0 && errno == EINTR)
+            continue;
+        if (put <= 0)
+            return false;
+        bytes += put;
+        size -= static_cast<size_t>(put);
+    }
+    return true;
+}
+
+bool file_rewind(FileHandle file) {
+    return lseek(descriptor(file), 0, SEEK_SET) == 0;
+}
+
+int64_t file_length(FileHandle file) {
+    struct stat status {};
+    if (fstat(descriptor(file), &status) != 0 || !S_ISREG(status.st_mode))
+        return -1;
+    return status.st_size;
+}
+
+bool file_commit(FileHandle file) {
+    return fsync(descriptor(file)) == 0;
+}
+
+static bool set_lock(FileHandle file, short type, size_t length) {
+    struct flock region {};
+    region.l_type = type;
+    region.l_whence = SEEK_SET;
+    region.l_len = static_cast<off_t>(length);
+    // A lock of the open file, not of the process: two threads exclude each other as two processes do.
+    return fcntl(descriptor(file), F_OFD_SETLK, &region) == 0;
+}
+
+bool file_lock(FileHandle file, size_t length) {
+    return set_lock(file, F_WRLCK, length);
+}
+
+void file_unlock(FileHandle file, size_t length) {
+    set_lock(file, F_UNLCK, length);
+}
+
+bool file_remove(const char* path) {
+    return unlink(path) == 0;
+}
+
+bool file_is(FileHandle file, const char* path) {
+    struct stat mine {};
+    struct stat other {};
+    return fstat(descriptor(file), &mine) == 0 && stat(path, &other) == 0 && mine.st_dev == other.st_dev &&
+           mine.st_ino == other.st_ino;
+}
+
+bool file_is_regular(const char* path) {
+    struct stat status {};
+    return stat(path, &status) == 0 && S_ISREG(status.st_mode);
+}
+
+} // namespace zul::platform

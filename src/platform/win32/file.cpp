@@ -1,0 +1,131 @@
+#include <windows.h>
+#include <algorithm>
+#include <fcntl.h>
+#include <io.h>
+#include <sys/stat.h>
+
+#include "platform/platform.h"
+
+namespace zul::platform {
+
+static int descriptor(FileHandle file) {
+    return static_cast<int>(file);
+}
+
+static HANDLE system_handle(FileHandle file) {
+    return reinterpret_cast<HANDLE>(_get_osfhandle(descriptor(file)));
+}
+
+// The mark is asked for by itself: an emulated system whose user may write everything would not heed it.
+static bool is_marked_read_only(const char* path) {
+    const DWORD attributes = GetFileAttributesA(path);
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
+}
+
+FileHandle file_open(const char* path, OpenMode mode) {
+    int flags = _O_BINARY | _O_NOINHERIT;
+    switch (mode) {
+    case OpenMode::read:
+        flags |= _O_RDONLY;
+        break;
+    case OpenMode::readText:
+        flags = _O_TEXT | _O_NOINHERIT | _O_RDONLY;
+        break;
+    case OpenMode::update:
+        flags |= _O_RDWR;
+        break;
+    case OpenMode::create:
+    case OpenMode::createSecret:
+        flags |= _O_WRONLY | _O_CREAT | _O_TRUNC;
+        break;
+    }
+    const bool writes = mode != OpenMode::read && mode != OpenMode::readText;
+    if (writes && is_marked_read_only(path))
+        return kNoFile;
+    const int fd = _open(path, flags, _S_IREAD | _S_IWRITE);
+    return fd < 0 ? kNoFile : fd;
+}
+
+bool file_close(FileHandle file) {
+    return _close(descriptor(file)) == 0;
+}
+
+bool file_folds_line_ends() {
+    return true; // the C runtime does
+}
+
+int64_t file_read(FileHandle file, void* buffer, size_t size) {
+    auto* bytes = static_cast<uint8_t*>(buffer);
+    size_t done = 0;
+    while (done < size) {
+        const auto part = static_cast<unsigned>(std::min<size_t>(size - done, 1u << 30));
+        const int got = _read(descriptor(file), bytes + done, part);
+        if (got < 0)
+            return -1;
+        if (got == 0)
+            break;
+        done += static_cast<size_t>(got);
+    }
+    return static_cast<int64_t>(done);
+}
+
+bool file_write(FileHandle file, const void* data, size_t size) {
+    const auto* bytes = static_cast<const uint8_t*>(data);
+    while (size > 0) {
+        const auto part = static_cast<unsigned>(std::min<size_t>(size, 1u << 30));
+        const int put = _write(descriptor(file), bytes, part);
+        if (put <= 0)
+            return false;
+        bytes += put;
+        size -= static_cast<size_t>(put);
+    }
+    return true;
+}
+
+bool file_rewind(FileHandle file) {
+    return _lseeki64(descriptor(file), 0, SEEK_SET) == 0;
+}
+
+int64_t file_length(FileHandle file) {
+    if (GetFileType(system_handle(file)) != FILE_TYPE_DISK)
+        return -1;
+    return _filelengthi64(descriptor(file));
+}
+
+bool file_commit(FileHandle file) {
+    return _commit(descriptor(file)) == 0;
+}
+
+bool file_lock(FileHandle file, size_t length) {
+    return LockFile(system_handle(file), 0, 0, static_cast<DWORD>(length), 0) != 0;
+}
+
+void file_unlock(FileHandle file, size_t length) {
+    UnlockFile(system_handle(file), 0, 0, static_cast<DWORD>(length), 0);
+}
+
+bool file_remove(const char* path) {
+    return _unlink(path) == 0;
+}
+
+bool file_is(FileHandle file, const char* path) {
+    BY_HANDLE_FILE_INFORMATION mine{};
+    BY_HANDLE_FILE_INFORMATION other{};
+    if (!GetFileInformationByHandle(system_handle(file), &mine))
+        return false;
+    const HANDLE handle = CreateFileA(path, 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                      nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    if (handle == INVALID_HANDLE_VALUE)
+        return false;
+    const bool known = GetFileInformationByHandle(handle, &other) != 0;
+    CloseHandle(handle);
+    return known && mine.dwVolumeSerialNumber == other.dwVolumeSerialNumber &&
+           mine.nFileIndexHigh == other.nFileIndexHigh && mine.nFileIndexLow == other.nFileIndexLow;
+}
+
+bool file_is_regular(const char* path) {
+    struct _stat64 status {};
+    return _stat64(path, &status) == 0 && (status.st_mode & _S_IFMT) == _S_IFREG;
+}
+
+} // namespace zul::platform

@@ -1,0 +1,59 @@
+#include <windows.h>
+#include <cstring>
+
+#include "platform/platform.h"
+
+namespace zul::platform {
+
+static HMODULE moduleHandle_;
+
+uint32_t process_id() {
+    return GetCurrentProcessId();
+}
+
+uint32_t thread_id() {
+    return GetCurrentThreadId();
+}
+
+size_t user_name(char* out, size_t size) {
+    auto room = static_cast<DWORD>(size);
+    return GetUserNameA(out, &room) ? strlen(out) : 0;
+}
+
+size_t computer_name(char* out, size_t size) {
+    auto room = static_cast<DWORD>(size);
+    return GetComputerNameA(out, &room) ? strlen(out) : 0;
+}
+
+// file_of gives the path of a module's file: cut to the room, and always terminated.
+static size_t file_of(HMODULE module, char* out, size_t size) {
+    if (GetModuleFileNameA(module, out, static_cast<DWORD>(size)) == 0)
+        out[0] = '\0';
+    out[size - 1] = '\0';
+    return strlen(out);
+}
+
+size_t executable_directory(char* out, size_t size) {
+    file_of(nullptr, out, size);
+    if (char* separator = strrchr(out, '\\'))
+        separator[1] = '\0';
+    return strlen(out);
+}
+
+void remember_module(void* moduleHandle) {
+    moduleHandle_ = static_cast<HMODULE>(moduleHandle);
+}
+
+size_t module_path(char* out, size_t size) {
+    return file_of(moduleHandle_, out, size);
+}
+
+const char* platform_word() {
+    return "Win64";
+}
+
+char path_separator() {
+    return '\\';
+}
+
+} // namespace zul::platform

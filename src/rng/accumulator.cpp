@@ -1,0 +1,199 @@
+#include "rng/accumulator.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "frame/call_frame.h"
+#include "frame/thread_record.h"
+#include "frame/wipe.h"
+#include "platform/platform.h"
+#include "rng/rng.h"
+
+namespace zul {
+
+namespace {
+
+constexpr size_t kSystemRandomSize = 32;
+
+// Everything in here is touched under the lock only, and nothing is called under it that takes long.
+struct Accumulator {
+    EntropyPools pools;
+    bool ready;
+    bool personalised;
+    uint32_t personalisation;
+    uint32_t personalisedGeneration; // of forked processes, each of which starts its own count
+} accumulator;
+
+EntropyPools& pools() {
+    if (!accumulator.ready) {
+        accumulator.pools.reset();
+        accumulator.ready = true;
+    }
+    return accumulator.pools;
+}
+
+void enter_staged(RngState& state) {
+    const uint32_t calls = std::min(state.stagedCalls, RngState::kStagedCalls);
+    EntropyPools& into = pools();
+    into.add_readings(EntropySource::time, state.stagedTime, calls);
+    into.add_readings(EntropySource::ticks, state.stagedTicks, calls);
+    into.add_readings(EntropySource::memory, state.stagedMemory, calls);
+    state.stagedCalls = 0;
+}
+
+// condense is FNV-1a over a system structure, finished so that every byte reaches every bit.
+uint32_t condense(const uint8_t* reading, size_t size) {
+    uint32_t sum = 0x811C9DC5;
+    for (size_t i = 0; i < size; i++)
+        sum = (sum ^ reading[i]) * 0x01000193;
+    sum = (sum ^ (sum >> 16)) * 0x85EBCA6B;
+    sum = (sum ^ (sum >> 13)) * 0xC2B2AE35;
+    return sum ^ (sum >> 16);
+}
+
+uint32_t condensed_memory() {
+    uint8_t reading[platform::kReadingSize];
+    const size_t size = platform::memory_status(reading);
+    return size > 0 ? condense(reading, size) : 0;
+}
+
+void stage_readings(RngState& state) {
+    // The count is taken once: the record of a thread for which memory ran out is shared.
+    uint32_t used = state.stagedCalls;
+    if (used >= RngState::kStagedCalls) {
+        const platform::LockGuard guard;
+        enter_staged(state);
+        used = 0;
+    }
+    const uint32_t ticks = platform::tick_count();
+    // The memory status can be a system call, far dearer than the clocks; within one tick it says little new.
+    if (ticks != state.memoryTicks) {
+        state.memory = condensed_memory();
+        state.memoryTicks = ticks;
+    }
+    state.stagedTime[used] = static_cast<uint32_t>(platform::system_time());
+    state.stagedTicks[used] = ticks;
+    state.stagedMemory[used] = state.memory;
+    state.stagedCalls = used + 1;
+}
+
+struct Event {
+    EntropySource source;
+    uint8_t data[EntropyPools::kMaxEvent];
+    size_t size;
+};
+
+struct EventList {
+    Event events[6];
+    size_t count;
+
+    void add(EntropySource source, const void* data, size_t size) {
+        Event& event = events[count++];
+        event.source = source;
+        memcpy(event.data, data, size);
+        event.size = size;
+    }
+};
+
+void digest_piece(void* context, const void* data, size_t size) {
+    sha1_update(*static_cast<Sha1Context*>(context), data, size);
+}
+
+// read_fully takes the readings that only a fuller stir can afford.
+void read_fully(EventList& list) {
+    uint32_t value = 0;
+    if (platform::free_clusters(&value))
+        list.add(EntropySource::disk, &value, sizeof value);
+
+    uint8_t reading[platform::kReadingSize];
+    if (const size_t size = platform::power_status(reading); size > 0) {
+        value = condense(reading, size);
+        list.add(EntropySource::power, &value, sizeof value);
+    }
+
+    Sha1Context activity;
+    sha1_init(activity);
+    if (platform::activity_report(digest_piece, &activity)) {
+        uint8_t digest[kSha1Size];
+        sha1_final(activity, digest);
+        list.add(EntropySource::activity, digest, sizeof digest);
+    }
+
+    Secret<kSystemRandomSize> random;
+    if (platform::system_random(random.data(), random.size()))
+        list.add(EntropySource::system, random.data(), random.size());
+
+    // The time that all this took is itself worth a reading.
+    value = static_cast<uint32_t>(platform::system_time());
+    list.add(EntropySource::time, &value, sizeof value);
+    value = platform::tick_count();
+    list.add(EntropySource::ticks, &value, sizeof value);
+}
+
+} // namespace
+
+void rng_stir(int option) {
+    if (option != 0 && option != 1)
+        return;
+    RngState& state = *rng_state();
+    stage_readings(state);
+    if (option == 0)
+        return;
+
+    Wiped<EventList> list;
+    read_fully(*list);
+    const platform::LockGuard guard;
+    enter_staged(state);
+    for (size_t i = 0; i < list->count; i++)
+        pools().add(list->events[i].source, list->events[i].data, list->events[i].size);
+}
+
+void rng_add_event(EntropySource source, const void* data, size_t size) {
+    const platform::LockGuard guard;
+    pools().add(source, data, size);
+}
+
+void add_system_randomness() {
+    Secret<kSystemRandomSize> random;
+    if (platform::system_random(random.data(), random.size()))
+        rng_add_event(EntropySource::system, random.data(), random.size());
+}
+
+size_t accumulator_gather(RngState& state, bool force, uint8_t out[EntropyPools::kMaxYield]) {
+    const uint64_t now = platform::system_time();
+    const platform::LockGuard guard;
+    enter_staged(state);
+    return pools().gather(force, now, out);
+}
+
+uint32_t next_personalisation() {
+    const uint64_t now = platform::system_time();
+    const uint32_t first =
+        static_cast<uint32_t>(now >> 32) ^ static_cast<uint32_t>(now) ^ (platform::process_id() << 16);
+    const uint32_t generation = platform::fork_generation();
+
+    const platform::LockGuard guard;
+    if (!accumulator.personalised || accumulator.personalisedGeneration != generation) {
+        accumulator.personalised = true;
+        accumulator.personalisedGeneration = generation;
+        accumulator.personalisation = first;
+    } else {
+        accumulator.personalisation++;
+    }
+    return accumulator.personalisation;
+}
+
+void rng_release_thread(RngState& state) {
+    if (state.stagedCalls > 0) {
+        const platform::LockGuard guard;
+        enter_staged(state);
+    }
+    wipe_bytes(&state, sizeof state);
+}
+
+void rng_reset_pools() {
+    const platform::LockGuard guard;
+    wipe_bytes(&accumulator, sizeof accumulator);
+}
+
+} // namespace zul

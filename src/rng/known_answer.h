@@ -1,0 +1,20 @@
+#pragma once
+#include "rng/hmac_drbg.h"
+
+namespace zul {
+
+// One run of the generator with what it must return: instantiated, reseeded, and asked twice for the length
+// of the answer, which is the second output.
+struct DrbgKnownAnswer {
+    static constexpr size_t kSize = 80;
+    uint8_t entropy[16];
+    uint8_t nonce[8];
+    uint8_t reseedEntropy[16];
+    uint8_t returned[kSize];
+};
+
+extern const DrbgKnownAnswer kDrbgKnownAnswer;
+
+bool drbg_reproduces(const DrbgKnownAnswer& answer);
+
+} // namespace zul

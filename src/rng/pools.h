@@ -1,0 +1,65 @@
+#pragma once
+#include <cstddef>
+#include <cstdint>
+
+#include "hash/sha1.h"
+
+namespace zul {
+
+// Where an event comes from; the number is part of what the pools take in.
+enum class EntropySource : uint8_t {
+    time = 0,
+    ticks = 1,
+    memory = 2,
+    disk = 3,
+    power = 4,
+    activity = 5,
+    system = 6, // the operating system's own generator
+};
+
+// EntropyPools collects events in 32 running SHA-1 digests and hands them out on Fortuna's schedule: pool i
+// at every 2^i-th reseed, so that some pools gather long enough to recover from a state that became known.
+// Not safe for threads: the accumulator guards the one that the process has.
+class EntropyPools {
+  public:
+    static constexpr unsigned kPools = 32;
+    static constexpr size_t kMaxYield = kPools * kSha1Size;
+    static constexpr size_t kMaxEvent = 32;
+
+    EntropyPools() = default; // usable only after reset
+    void reset();
+
+    // add feeds an event, cut to 32 bytes, to its source's next pool.
+    void add(EntropySource source, const void* data, size_t size);
+
+    // add_readings adds each value as an event of 4 bytes: the same as so many calls of add, but visits each
+    // pool once.
+    void add_readings(EntropySource source, const uint32_t* values, size_t count);
+
+    // gather drains the pools whose turn it is, if a reseed is due at the time now or forced; the bytes
+    // written, a multiple of 20, 0 if it is not due.
+    size_t gather(bool force, uint64_t now, uint8_t out[kMaxYield]);
+
+    uint32_t reseed_count() const { return reseedCount_; }
+
+  private:
+    void feed(unsigned pool, const uint8_t* events, size_t size);
+
+    static constexpr unsigned kSources = 7;
+
+    Sha1Context pools_[kPools];
+    uint64_t poolZeroBytes_; // taken in since pool 0 was last drained
+    uint64_t lastReseed_;
+    uint32_t reseedCount_;
+    uint8_t nextPool_[kSources];
+};
+
+// elapsed_milliseconds is the difference of two system times. Times whose high halves (about 7 minutes)
+// differ count as 10 seconds apart, negative if the clock went back.
+int64_t elapsed_milliseconds(uint64_t from, uint64_t to);
+
+// reseed_is_due is the rule for a reseed that nobody forces. A clock that was set back counts as one that has
+// moved on, so that it cannot hold off reseeds until it has caught up.
+bool reseed_is_due(uint32_t reseedCount, uint64_t poolZeroBytes, uint64_t lastReseed, uint64_t now);
+
+} // namespace zul

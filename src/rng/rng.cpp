@@ -1,0 +1,68 @@
+#include "rng/rng.h"
+
+#include <bit>
+
+#include "frame/call_frame.h"
+#include "frame/fatal_report.h"
+#include "frame/thread_record.h"
+#include "frame/wipe.h"
+#include "platform/platform.h"
+#include "rng/accumulator.h"
+#include "rng/generator.h"
+#include "zulcore.h"
+
+namespace zul {
+
+static constexpr uint32_t kReseedInterval = 0x40000000; // requests
+
+int rng_bytes(uint8_t* out, size_t len, const uint8_t* addl, size_t addlLen) {
+    if (len > kMaxRandomRequest)
+        return -PRNG_ERR_TOOBIG;
+    rng_stir(0);
+    RngState& state = *rng_state();
+    if (const int result = generator_make_ready(state); result != 0)
+        return result;
+
+    const AdditionalInput additional(addl, addlLen);
+    {
+        Secret<EntropyPools::kMaxYield> entropy;
+        const bool force = state.drbg.reseedCounter >= kReseedInterval;
+        if (const size_t size = accumulator_gather(state, force, entropy.data()); size > 0)
+            drbg_reseed(state.drbg, {entropy.data(), size}, additional);
+    }
+    if (const int result = generator_produce(state, out, len, additional); result != 0)
+        return result;
+    rng_stir(0);
+    return 0;
+}
+
+int rng_number(int lower, int upper) {
+    if (upper <= lower)
+        return lower;
+    // Wraps to 0 for the full range, which like every range of 32 bits has the mask 0.
+    const uint32_t range = static_cast<uint32_t>(upper) - static_cast<uint32_t>(lower) + 1;
+    const uint32_t mask = (uint32_t{1} << std::bit_width(range) % 32) - 1;
+    if (mask == 0)
+        return lower;
+
+    uint32_t value = 0;
+    for (int draws = 0; draws < 25; draws++) {
+        uint8_t bytes[4];
+        if (rng_bytes(bytes, sizeof bytes) != 0)
+            rng_fail();
+        value =
+            (bytes[0] | uint32_t{bytes[1]} << 8 | uint32_t{bytes[2]} << 16 | uint32_t{bytes[3]} << 24) & mask;
+        wipe_bytes(bytes, sizeof bytes);
+        if (value < range)
+            break;
+    }
+    return static_cast<int>(static_cast<uint32_t>(lower) + value % range);
+}
+
+void rng_fail() {
+    fatal_report(static_cast<int>(platform::ReportType::error), "RNG failed continuous testing",
+                 kEventRandomGenerator);
+    platform::end_process(1);
+}
+
+} // namespace zul

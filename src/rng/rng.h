@@ -1,0 +1,38 @@
+#pragma once
+#include <cstddef>
+#include <cstdint>
+
+#include "frame/rng_state.h"
+#include "rng/pools.h"
+
+// The library's random bytes: one HMAC_DRBG per thread, reseeded from the process's entropy pools.
+namespace zul {
+
+constexpr size_t kMaxRandomRequest = 65536;
+
+// rng_bytes fills out with len random bytes of the calling thread's generator. addl is additional input, of
+// which the first 20 bytes count; it may be null. 0, -PRNG_ERR_TOOBIG (above 65,536 bytes) or
+// -PRNG_ERR_CATASTROPHIC (a failed self-test or continuous test); after an error out holds nothing random.
+int rng_bytes(uint8_t* out, size_t len, const uint8_t* addl = nullptr, size_t addlLen = 0);
+
+// rng_number chooses from lower to upper, both included; lower if upper is not greater, or if the range needs
+// all 32 bits. A generator that fails ends the process (rng_fail).
+int rng_number(int lower, int upper);
+
+// rng_fail is for those who cannot go on without random bytes: the fatal report, then the end of the process
+// with status 1.
+[[noreturn]] void rng_fail();
+
+// rng_add_event adds an event, cut to 32 bytes, to the process's entropy pools.
+void rng_add_event(EntropySource source, const void* data, size_t size);
+
+// rng_health_check runs the generator's known-answer test: 0 or -PRNG_ERR_CATASTROPHIC.
+int rng_health_check();
+
+// rng_release_thread enters what the thread still holds back into the pools and wipes its state.
+void rng_release_thread(RngState& state);
+
+// rng_reset_pools wipes the process's pools, for unloading; a later event starts new ones.
+void rng_reset_pools();
+
+} // namespace zul

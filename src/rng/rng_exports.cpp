@@ -1,0 +1,43 @@
+#include "frame/call_frame.h"
+#include "rng/fips140_report.h"
+#include "rng/rng.h"
+#include "rng/seed_file.h"
+#include "zulcore.h"
+
+using namespace zul;
+
+// A refused request shows in the result alone, as callers that try a size expect; nothing is recorded.
+int RNG_Bytes(unsigned char* lpOutput, int nBytes, const void* lpSeed, int nSeedLen) {
+    const CallFrame frame;
+    if (lpOutput == nullptr || nBytes < 0 || nSeedLen < 0)
+        return -BAD_PARAM_ERROR;
+    if (static_cast<size_t>(nBytes) > kMaxRandomRequest)
+        return -PRNG_ERR_TOOBIG;
+    if (rng_bytes(lpOutput, static_cast<size_t>(nBytes), static_cast<const uint8_t*>(lpSeed),
+                  static_cast<size_t>(nSeedLen)) != 0)
+        rng_fail();
+    return 0;
+}
+
+int RNG_Number(int nLower, int nUpper) {
+    const CallFrame frame;
+    return rng_number(nLower, nUpper);
+}
+
+int RNG_Test(const char* szFileName, int) {
+    CallFrame frame(1);
+    return frame.length(rng_test(szFileName));
+}
+
+int RNG_Initialize(const char* szSeedFile, int) {
+    CallFrame frame;
+    return frame.length(szSeedFile == nullptr ? -PRNG_ERR_BADPARAM : seed_file_update(szSeedFile));
+}
+
+// A missing name is not recorded here: a program without a seed file may call all the same.
+int RNG_UpdateSeedFile(const char* szSeedFile, int) {
+    CallFrame frame;
+    if (szSeedFile == nullptr || szSeedFile[0] == '\0')
+        return -BAD_PARAM_ERROR;
+    return frame.length(seed_file_update(szSeedFile));
+}

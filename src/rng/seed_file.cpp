@@ -1,0 +1,62 @@
+#include "rng/seed_file.h"
+
+#include "frame/file_stream.h"
+#include "frame/thread_record.h"
+#include "rng/generator.h"
+#include "zulcore.h"
+
+namespace zul {
+
+namespace {
+
+class SeedLock {
+  public:
+    explicit SeedLock(platform::FileHandle file) : file_(file), held_(platform::file_lock(file, kSeedSize)) {}
+    SeedLock(const SeedLock&) = delete;
+    SeedLock& operator=(const SeedLock&) = delete;
+    ~SeedLock() {
+        if (held_)
+            platform::file_unlock(file_, kSeedSize);
+    }
+    bool held() const { return held_; }
+
+  private:
+    platform::FileHandle file_;
+    bool held_;
+};
+
+int renew(RngState& state, platform::FileHandle file) {
+    const SeedLock lock(file);
+    if (!lock.held())
+        return -PRNG_ERR_FILE_LOCK;
+
+    Secret<kSeedSize> seed;
+    if (platform::file_read(file, seed.data(), kSeedSize) != static_cast<int64_t>(kSeedSize))
+        return -PRNG_ERR_FILE_READ;
+
+    const uint64_t now = platform::system_time();
+    const AdditionalInput time(&now, sizeof now);
+    drbg_reseed(state.drbg, {seed.data(), kSeedSize}, time);
+    if (const int result = generator_produce(state, seed.data(), kSeedSize, time); result != 0)
+        return result;
+
+    if (!platform::file_rewind(file) || !platform::file_write(file, seed.data(), kSeedSize))
+        return -PRNG_ERR_FILE_WRITE;
+    return 0;
+}
+
+} // namespace
+
+int seed_file_update(const char* path) {
+    RngState& state = *rng_state();
+    if (const int result = generator_make_ready(state); result != 0)
+        return result;
+    File file(path, platform::OpenMode::update);
+    if (!file.is_open())
+        return -PRNG_ERR_FILE_OPEN;
+    const int result = renew(state, file.handle());
+    const bool closed = file.close();
+    return result == 0 && !closed ? -PRNG_ERR_FILE_WRITE : result;
+}
+
+} // namespace zul

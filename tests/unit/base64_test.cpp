@@ -1,0 +1,112 @@
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+#include "encode/base64.h"
+#include "encode/hex.h"
+#include "support/vectors.h"
+
+using namespace zul;
+using Bytes = std::vector<uint8_t>;
+
+static std::string encode(const Bytes& data) {
+    std::vector<char> out(b64_encoded_length(data.size()) + 1);
+    EXPECT_EQ(b64_encode(out.data(), out.size(), data.data(), data.size()), out.size() - 1);
+    return out.data();
+}
+
+// The text stands at the end of a block of its own, with no NUL, so that a sanitizer sees a read past it.
+static Bytes decode(const std::string& text, size_t room) {
+    const std::vector<char> exact(text.begin(), text.end());
+    Bytes out(room);
+    out.resize(b64_decode(out.data(), room, exact.data(), exact.size()));
+    Bytes again(room);
+    again.resize(b64_decode(again.data(), room, text.c_str()));
+    EXPECT_EQ(out, again) << text;
+    return out;
+}
+
+TEST(Rfc4648, Vectors) {
+    for (const auto& v : test::read_vectors("encode/rfc4648.txt")) {
+        const std::string text = v.text("Data");
+        const Bytes data(text.begin(), text.end());
+        EXPECT_EQ(encode(data), v.text("Base64")) << v.where();
+        EXPECT_EQ(decode(v.text("Base64"), data.size()), data) << v.where();
+        char hex[16];
+        EXPECT_EQ(hex_encode(hex, sizeof hex, data.data(), data.size()), 2 * data.size());
+        EXPECT_EQ(hex, v.text("Base16")) << v.where();
+    }
+}
+
+TEST(Base64, DecodesLeniently) {
+    const struct {
+        const char* text;
+        const char* bytes;
+    } cases[] = {
+        {"QUJD=RA==", "ABC"},
+        {"=QUJD", ""},
+        {"Q", ""},
+        {"QU", "A"},
+        {"QUI", "AB"},
+        {"QUJDR", "ABC"},
+        {"Q U\r\nJ\tD", "ABC"},
+        {"QUJDREVG", "ABCDEF"},
+        {"QU*JDR_EV-G", "ABCDEF"},
+        {"QUJ\x80\xFF"
+         "D",
+         "ABC"},
+        {"QUJDREVGR0\r\nhJ", "ABCDEFGHI"},
+    };
+    for (const auto& c : cases) {
+        const std::string expected = c.bytes;
+        EXPECT_EQ(b64_decoded_length(c.text), expected.size()) << c.text;
+        EXPECT_EQ(decode(c.text, 16), Bytes(expected.begin(), expected.end())) << c.text;
+    }
+    // A length beyond the NUL changes nothing.
+    const std::string ended("QUJD\0REVG", 9);
+    EXPECT_EQ(b64_decoded_length(ended.data(), ended.size()), 3u);
+    EXPECT_EQ(decode(ended, 9).size(), 3u);
+}
+
+TEST(Base64, LosesTheGroupThatDoesNotFit) {
+    const struct {
+        const char* text;
+        size_t room, written;
+    } cases[] = {
+        {"QUJDREVG", 5, 3},   {"QUJDREVG", 2, 0}, {"QUJDREVG", 6, 6}, {"QUJDREU=", 5, 5},
+        {"QUJDREU=", 4, 3},   {"QUJDRA==", 4, 4}, {"QUJDRA==", 3, 3}, {"Q\nUJDREVG", 2, 0},
+        {"Q\nUJDREVG", 5, 3}, {"QUJD", 0, 0},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(decode(c.text, c.room).size(), c.written) << c.text << " room " << c.room;
+}
+
+TEST(Base64, CutsItsOutputAtAGroup) {
+    Bytes data;
+    for (size_t length = 0; length < 11; length++) {
+        const std::string whole = encode(data);
+        for (size_t size = 1; size <= whole.size() + 2; size++) {
+            std::vector<char> out(size, '#');
+            const size_t expected = std::min(whole.size(), (size - 1) / 4 * 4);
+            EXPECT_EQ(b64_encode(out.data(), size, data.data(), data.size()), expected);
+            EXPECT_EQ(std::string(out.data()), whole.substr(0, expected));
+        }
+        data.push_back(static_cast<uint8_t>(0xF1 * (length + 1)));
+    }
+    EXPECT_EQ(b64_encode(nullptr, 0, data.data(), data.size()), 0u);
+}
+
+TEST(Base64, RoundTripsWhateverTheLines) {
+    Bytes data(1000);
+    for (size_t i = 0; i < data.size(); i++)
+        data[i] = static_cast<uint8_t>(i * i >> 3);
+    const std::string text = encode(data);
+    for (size_t width = 1; width < 130; width += 3) {
+        std::string lines;
+        for (size_t i = 0; i < text.size(); i += width)
+            lines += text.substr(i, width) + "\r\n";
+        EXPECT_EQ(b64_decoded_length(lines.c_str()), data.size()) << width;
+        EXPECT_EQ(decode(lines, data.size()), data) << width;
+    }
+}

@@ -1,0 +1,103 @@
+#include <cctype>
+
+#include "zul_tool.h"
+
+namespace tool {
+
+namespace {
+
+constexpr Digest kDigests[] = {
+    {"sha1", ZUL_HASH_SHA1},     {"sha224", ZUL_HASH_SHA224}, {"sha256", ZUL_HASH_SHA256},
+    {"sha384", ZUL_HASH_SHA384}, {"sha512", ZUL_HASH_SHA512}, {"md5", ZUL_HASH_MD5},
+    {"md2", ZUL_HASH_MD2},
+};
+
+struct CipherRow {
+    const char* name;
+    std::string_view spellings[6]; // a spelling that begins another one stands after it
+    int option;
+    size_t keyBytes, blockBytes;
+};
+constexpr CipherRow kCiphers[] = {
+    {"aes-128", {"aes128"}, ZUL_CIPHER_AES128, 16, 16},
+    {"aes-192", {"aes192"}, ZUL_CIPHER_AES192, 24, 16},
+    {"aes-256", {"aes256"}, ZUL_CIPHER_AES256, 32, 16},
+    {"3des", {"3des", "des3", "tdea", "tripledes", "desede3", "desede"}, ZUL_CIPHER_TDEA, 24, 8},
+};
+
+struct ModeRow {
+    std::string_view name;
+    int option;
+    bool takesIv, pads;
+};
+constexpr ModeRow kModes[] = {
+    {"ecb", ZUL_MODE_ECB, false, true}, {"cbc", ZUL_MODE_CBC, true, true},
+    {"cfb", ZUL_MODE_CFB, true, false}, {"ofb", ZUL_MODE_OFB, true, false},
+    {"ctr", ZUL_MODE_CTR, true, false},
+};
+
+constexpr const char* kCipherNames = "ciphers: aes-128, aes-192, aes-256, 3des";
+
+// plain drops separators and case: "SHA-256" and "sha256" are one name.
+std::string plain(const std::string& name) {
+    std::string letters;
+    for (const char c : name)
+        if (std::isalnum(static_cast<unsigned char>(c)))
+            letters += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    return letters;
+}
+
+// find_row finds the cipher that a plain name begins with and cuts that part off the name.
+const CipherRow* find_row(std::string& name) {
+    for (const CipherRow& row : kCiphers)
+        for (const std::string_view spelling : row.spellings)
+            if (!spelling.empty() && name.starts_with(spelling)) {
+                name.erase(0, spelling.size());
+                return &row;
+            }
+    return nullptr;
+}
+
+} // namespace
+
+std::string digest_names() {
+    std::string names;
+    for (const Digest& digest : kDigests)
+        names += (names.empty() ? "" : ", ") + std::string(digest.name);
+    return names;
+}
+
+const Digest& find_digest(const std::string& name) {
+    for (const Digest& digest : kDigests)
+        if (plain(name) == digest.name)
+            return digest;
+    throw UsageError("unknown digest " + in_quotes(name) + "; digests: " + digest_names());
+}
+
+Cipher find_cipher_and_mode(const std::string& name) {
+    std::string rest = plain(name);
+    if (const CipherRow* row = find_row(rest)) {
+        for (const ModeRow& mode : kModes)
+            if (rest == mode.name)
+                return {std::string(row->name) + "-" + std::string(mode.name),
+                        row->option | mode.option,
+                        row->keyBytes,
+                        row->blockBytes,
+                        mode.takesIv,
+                        mode.pads};
+        throw UsageError(in_quotes(name) + " names no mode; modes: ecb, cbc, cfb, ofb, ctr, as in " +
+                         row->name + "-cbc");
+    }
+    throw UsageError("unknown cipher " + in_quotes(name) + "; " + kCipherNames +
+                     ", each with -ecb, -cbc, -cfb, -ofb or -ctr, as in aes-256-cbc");
+}
+
+Cipher find_key_wrap(const std::string& name) {
+    std::string rest = plain(name);
+    const CipherRow* row = find_row(rest);
+    if (row == nullptr || !rest.empty())
+        throw UsageError("unknown key wrap " + in_quotes(name) + "; " + kCipherNames);
+    return {row->name, row->option, row->keyBytes, row->blockBytes, false, false};
+}
+
+} // namespace tool

@@ -1,0 +1,98 @@
+#include <CLI/CLI.hpp>
+#include <memory>
+
+#include "zul_tool.h"
+
+namespace tool {
+
+namespace {
+
+constexpr int kMaxHex = 128; // 64 bytes, the longest digest
+
+// drop_carriage_returns does to standard input what the library's text mode does to a file.
+void drop_carriage_returns(SecretBytes& text) {
+    size_t kept = 0;
+    for (size_t i = 0; i < text.size(); ++i)
+        if (text[i] != '\r' || i + 1 == text.size() || text[i + 1] != '\n')
+            text[kept++] = text[i];
+    text.resize(kept);
+}
+
+struct HashCommand {
+    std::string algorithm;
+    std::vector<std::string> files;
+    bool text = false;
+
+    std::string digest_of(const std::string& file, int options) const {
+        char hex[kMaxHex + 1] = {};
+        if (is_standard_stream(file)) {
+            SecretBytes message = Input(file).read_all();
+            if (text)
+                drop_carriage_returns(message);
+            accept_length(HASH_HexFromBytes(hex, kMaxHex, message.data(), int_length(message), options),
+                          file);
+        } else {
+            accept_length(HASH_HexFromFile(hex, kMaxHex, file.c_str(), options), file);
+        }
+        return hex;
+    }
+
+    void run() const {
+        const int options = find_digest(algorithm).option | (text ? ZUL_HASH_MODE_TEXT : 0);
+        bool failed = false;
+        Output out("-");
+        for (const std::string& file : files.empty() ? std::vector<std::string>{"-"} : files) {
+            try {
+                out.write(digest_of(file, options) + "  " + file + "\n");
+            } catch (const Refused& refused) { // the other files still count
+                print_error(refused.what());
+                failed = true;
+            }
+        }
+        if (failed)
+            throw SilentFailure{};
+    }
+};
+
+struct HmacCommand {
+    std::string algorithm, file;
+    KeyOption key;
+
+    void run() const {
+        const Digest& digest = find_digest(algorithm);
+        if (digest.option == ZUL_HASH_MD2)
+            throw UsageError("HMAC is not offered with md2; use another of: " + digest_names());
+        if (key.is_standard_input() && is_standard_stream(file))
+            throw UsageError("the key and FILE cannot both come from standard input");
+        const SecretBytes keyBytes = key.read_any();
+        const SecretBytes message = Input(file).read_all();
+        char hex[kMaxHex + 1] = {};
+        accept_length(HMAC_HexFromBytes(hex, kMaxHex, message.data(), int_length(message), keyBytes.data(),
+                                        int_length(keyBytes), digest.option),
+                      file);
+        Output("-").write(std::string(hex) + "  " + file + "\n");
+    }
+};
+
+} // namespace
+
+void add_digest_commands(CLI::App& app) {
+    auto hash = std::make_shared<HashCommand>();
+    CLI::App* command = app.add_subcommand("hash", "Print the digest of files");
+    command->add_option("ALG", hash->algorithm, digest_names())->required()->option_text(" ");
+    command->add_option("FILE", hash->files, "Files; - or none for standard input")->option_text(" ");
+    command->add_flag("--text", hash->text, "Count each CR LF as LF");
+    command->footer("Example:\n  zul hash sha256 report.pdf notes.txt");
+    command->callback([hash] { hash->run(); });
+
+    auto hmac = std::make_shared<HmacCommand>();
+    command = app.add_subcommand("hmac", "Print the keyed digest (HMAC) of a file");
+    command->add_option("ALG", hmac->algorithm, "A digest, all but md2")->required()->option_text(" ");
+    command->add_option("FILE", hmac->file, "The file; - for standard input")->required()->option_text(" ");
+    hmac->key.add_to(*command, "key", "Key of any length,");
+    command->footer("A key file is taken byte for byte, whatever it holds.\n\n"
+                    "Example:\n  zul hmac sha256 --key-file secret.key report.pdf");
+    command->callback([hmac] { hmac->run(); });
+}
+
+} // namespace tool

@@ -1,0 +1,200 @@
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <memory>
+
+#include "zul_tool.h"
+
+namespace tool {
+
+namespace {
+
+enum class Format { hex, base64, pem };
+
+Format find_format(const std::string& name) {
+    const std::string lower = CLI::detail::to_lower(name);
+    if (lower == "hex")
+        return Format::hex;
+    if (lower == "base64" || lower == "b64")
+        return Format::base64;
+    if (lower == "pem")
+        return Format::pem;
+    throw UsageError("unknown format " + in_quotes(name) + "; formats: hex, base64, pem");
+}
+
+void refuse_same_file(const std::string& in, const std::string& out) {
+    if (!is_standard_stream(in) && !is_standard_stream(out) && is_same_file(in, out))
+        throw Refused::by_system(BAD_PARAM_ERROR, in, "IN and OUT are the same file.");
+}
+
+// LineWriter breaks a stream of characters into lines.
+class LineWriter {
+  public:
+    LineWriter(Output& output, size_t width, std::string_view lineEnd)
+        : output_(output), width_(width), lineEnd_(lineEnd) {}
+
+    void write(std::string_view text) {
+        while (!text.empty()) {
+            if (column_ == width_)
+                end_line();
+            const size_t step = std::min(text.size(), width_ - column_);
+            line_.append(text.substr(0, step));
+            column_ += step;
+            text.remove_prefix(step);
+        }
+    }
+    void finish() {
+        if (column_ > 0)
+            end_line();
+        flush();
+    }
+
+  private:
+    void end_line() {
+        line_ += lineEnd_;
+        column_ = 0;
+        if (line_.size() >= kChunk)
+            flush();
+    }
+    void flush() {
+        output_.write(line_);
+        line_.clear();
+    }
+
+    Output& output_;
+    size_t width_;
+    std::string_view lineEnd_;
+    std::string line_;
+    size_t column_ = 0;
+};
+
+// encode_body streams the input through one of the library's encoders, a multiple of three bytes at a time.
+void encode_body(Input& input, LineWriter& lines, Format format) {
+    static_assert(kChunk % 3 == 0);
+    SecretBytes bytes(kChunk), text(2 * kChunk + 1);
+    auto* characters = reinterpret_cast<char*>(text.data());
+    const auto encoder = format == Format::hex ? CNV_HexStrFromBytes : CNV_B64StrFromBytes;
+    for (size_t count = kChunk; count == kChunk;) {
+        count = input.read(bytes.data(), kChunk);
+        const int length = encoder(characters, int_length(text) - 1, bytes.data(), static_cast<int>(count));
+        lines.write({characters, static_cast<size_t>(accept_length(length, "encode"))});
+    }
+}
+
+struct EncodeCommand {
+    std::string format, in, out, label = "DATA";
+    unsigned lineLength = 0;
+
+    void encode_pem_stream() const {
+        const size_t width = lineLength < 4 ? 64 : lineLength / 4 * 4;
+        Input input(in);
+        Output output(out);
+        if (!label.empty())
+            output.write("-----BEGIN " + label + "-----\r\n");
+        LineWriter lines(output, width, "\r\n");
+        encode_body(input, lines, Format::pem);
+        lines.finish();
+        if (!label.empty())
+            output.write("-----END " + label + "-----\r\n");
+        output.finish();
+    }
+
+    void run() const {
+        const Format kind = find_format(format);
+        refuse_same_file(in, out);
+        if (kind != Format::pem) {
+            Input input(in);
+            Output output(out);
+            LineWriter lines(output, lineLength == 0 ? ~size_t{0} : lineLength, "\n");
+            encode_body(input, lines, kind);
+            lines.finish();
+            output.finish();
+        } else if (is_standard_stream(in) || is_standard_stream(out)) {
+            encode_pem_stream();
+        } else {
+            const int result =
+                PEM_FileFromBinFile(out.c_str(), in.c_str(), label.c_str(), static_cast<int>(lineLength));
+            accept_length(result, result == -OPEN_ERROR ? in : out);
+        }
+    }
+};
+
+// pem_body cuts a text down to the body of its first armour, as the library's own reader finds it; that
+// reader's file form appends zeros, which whoever decodes a file does not expect.
+void pem_body(SecretBytes& text, const std::string& name) {
+    const std::string_view all(reinterpret_cast<const char*>(text.data()), text.size());
+    const size_t begin = all.find("-----BEGIN");
+    const size_t dashes = begin == all.npos ? begin : all.find("-----", begin + 10);
+    if (dashes != all.npos) {
+        const size_t body = std::min(all.find_first_not_of(" \t0123456789", dashes + 5), all.size());
+        size_t end = all.find("-----END", body);
+        if (end == all.npos)
+            end = all.find("-----BEGIN", body);
+        if (end != all.npos && end > body) {
+            text.erase(text.begin() + static_cast<std::ptrdiff_t>(end), text.end());
+            text.erase(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(body));
+            return;
+        }
+    }
+    throw Refused::by_system(BAD_FORMAT_ERROR, name,
+                             "No text between -----BEGIN ...----- and -----END ...----- found.");
+}
+
+struct DecodeCommand {
+    std::string format, in, out;
+
+    void run() const {
+        const Format kind = find_format(format);
+        refuse_same_file(in, out);
+        SecretBytes text = Input(in).read_all();
+        if (std::find(text.begin(), text.end(), 0) != text.end())
+            throw Refused::by_system(BAD_FORMAT_ERROR, in, "The input holds zero bytes: it is not text.");
+        if (kind == Format::pem)
+            pem_body(text, in);
+        SecretBytes bytes(text.size() / 4 * 3 + 4); // enough for hex too
+        text.push_back('\0');
+        const auto decoder = kind == Format::hex ? CNV_BytesFromHexStr : CNV_BytesFromB64Str;
+        const int length =
+            decoder(bytes.data(), int_length(bytes), reinterpret_cast<const char*>(text.data()));
+        bytes.resize(static_cast<size_t>(accept_length(length, in)));
+        Output output(out);
+        output.write(bytes);
+        output.finish();
+    }
+};
+
+} // namespace
+
+void add_encode_commands(CLI::App& app) {
+    auto encode = std::make_shared<EncodeCommand>();
+    CLI::App* command = app.add_subcommand("encode", "Turn a file into hex, base64 or PEM text");
+    command->add_option("FORMAT", encode->format, "hex, base64 or pem")->required()->option_text(" ");
+    command->add_option("IN", encode->in, "Input file; - for standard input")->required()->option_text(" ");
+    command->add_option("OUT", encode->out, "Output file; - for standard output")
+        ->required()
+        ->option_text(" ");
+    command
+        ->add_option("--label", encode->label,
+                     "The words after BEGIN and END in pem (DATA); empty for no such lines")
+        ->type_name("TEXT");
+    command
+        ->add_option(
+            "--line-length", encode->lineLength,
+            "Characters in a line; pem: a multiple of 4 (64), hex and base64: all in one line unless given")
+        ->check(CLI::Range(0U, 1000000U))
+        ->option_text("N");
+    command->footer("Example:\n  zul encode pem --label CERTIFICATE server.der server.pem");
+    command->callback([encode] { encode->run(); });
+
+    auto decode = std::make_shared<DecodeCommand>();
+    command = app.add_subcommand("decode", "Turn hex, base64 or PEM text back into bytes");
+    command->add_option("FORMAT", decode->format, "hex, base64 or pem")->required()->option_text(" ");
+    command->add_option("IN", decode->in, "Input file; - for standard input")->required()->option_text(" ");
+    command->add_option("OUT", decode->out, "Output file; - for standard output")
+        ->required()
+        ->option_text(" ");
+    command->footer("Characters that are no digits are skipped. Of several PEM blocks the first counts.\n\n"
+                    "Example:\n  zul decode base64 mail.txt picture.png");
+    command->callback([decode] { decode->run(); });
+}
+
+} // namespace tool

@@ -1,0 +1,113 @@
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+#include "zul_tool.h"
+
+// The tool's one place that knows the system: the two things the standard library has no words for.
+#ifdef _WIN32
+#include <fcntl.h>
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
+
+namespace tool {
+
+void prepare_streams() {
+#ifdef _WIN32
+    _setmode(_fileno(stdin), _O_BINARY);
+    _setmode(_fileno(stdout), _O_BINARY);
+#endif
+    std::setvbuf(stdin, nullptr, _IONBF, 0);
+    std::setvbuf(stdout, nullptr, _IONBF, 0);
+}
+
+bool output_is_terminal() {
+#ifdef _WIN32
+    return _isatty(_fileno(stdout)) != 0;
+#else
+    return isatty(STDOUT_FILENO) != 0;
+#endif
+}
+
+bool is_same_file(const std::string& one, const std::string& other) {
+    std::error_code ignored;
+    return std::filesystem::equivalent(one, other, ignored);
+}
+
+Input::Input(const std::string& name) : name_(name), file_(stdin) {
+    if (is_standard_stream(name)) {
+        name_ = "standard input";
+        return;
+    }
+    std::error_code ignored;
+    file_ = std::filesystem::is_directory(name, ignored) ? nullptr : std::fopen(name.c_str(), "rb");
+    if (file_ == nullptr)
+        throw Refused::by_system(OPEN_ERROR, name);
+    std::setvbuf(file_, nullptr, _IONBF, 0);
+}
+
+Input::~Input() {
+    if (file_ != stdin)
+        std::fclose(file_);
+}
+
+size_t Input::read(unsigned char* out, size_t size) {
+    const size_t count = std::fread(out, 1, size, file_);
+    if (count < size && std::ferror(file_))
+        throw Refused::by_system(READ_ERROR, name_);
+    return count;
+}
+
+SecretBytes Input::read_all() {
+    SecretBytes content(kChunk);
+    size_t filled = 0;
+    for (;;) {
+        const size_t wanted = content.size() - filled;
+        const size_t count = read(content.data() + filled, wanted);
+        filled += count;
+        if (count < wanted)
+            break;
+        if (filled == kMaxLength)
+            throw Refused::by_system(OUT_OF_RANGE_ERROR, name_, "This takes less than 2 GiB of data.");
+        content.resize(std::min(content.size() * 2, kMaxLength));
+    }
+    content.resize(filled);
+    return content;
+}
+
+Output::Output(const std::string& name) : name_(name), file_(stdout) {
+    if (is_standard_stream(name)) {
+        name_ = "standard output";
+        return;
+    }
+    file_ = std::fopen(name.c_str(), "wb");
+    if (file_ == nullptr)
+        throw Refused::by_system(CREATE_ERROR, name);
+    std::setvbuf(file_, nullptr, _IONBF, 0);
+}
+
+Output::~Output() {
+    if (file_ == nullptr || file_ == stdout)
+        return;
+    std::fclose(file_);
+    std::error_code ignored;
+    if (std::filesystem::is_regular_file(name_, ignored)) // never a device
+        std::filesystem::remove(name_, ignored);
+}
+
+void Output::write(const void* data, size_t size) {
+    if (size > 0 && std::fwrite(data, 1, size, file_) != size)
+        throw Refused::by_system(WRITE_ERROR, name_);
+}
+
+void Output::finish() {
+    std::FILE* file = file_ == stdout ? stdout : std::exchange(file_, nullptr);
+    const bool lost = file == stdout ? std::fflush(file) != 0 : std::fclose(file) != 0;
+    if (lost)
+        throw Refused::by_system(WRITE_ERROR, name_);
+}
+
+} // namespace tool

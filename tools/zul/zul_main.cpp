@@ -1,0 +1,89 @@
+#include <CLI/CLI.hpp>
+#include <memory>
+
+#include "zul_tool.h"
+
+namespace {
+
+constexpr int kRefused = 1, kUsage = 2;
+
+std::string command_names(const CLI::App& app) {
+    std::string names;
+    for (const CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; }))
+        names += (names.empty() ? "" : ", ") + command->get_name();
+    return names;
+}
+
+// explain words a parse error. It shows no argument but command and option names: a key could stand in the
+// wrong place.
+std::string explain(const CLI::App& app, const CLI::ParseError& error) {
+    const std::vector<std::string> left = app.remaining(true);
+    if (app.get_subcommands().empty() && (left.empty() || !left[0].starts_with("-"))) {
+        if (!left.empty())
+            return "unknown command " + tool::in_quotes(left[0]) + "; commands: " + command_names(app);
+        return "a command is needed; commands: " + command_names(app);
+    }
+    for (const std::string& argument : left)
+        if (argument.starts_with("-") && argument.size() > 1)
+            return "unknown option " +
+                   argument.substr(0, argument.starts_with("--") ? argument.find('=') : size_t{2});
+    if (!left.empty())
+        return "too many arguments";
+    return error.what();
+}
+
+int report_usage(const CLI::App& app, const std::string& text) {
+    const auto parsed = app.get_subcommands();
+    const CLI::App& command = parsed.empty() ? app : *parsed.front();
+    const std::string name = parsed.empty() ? "zul" : "zul " + command.get_name();
+    CLI::Formatter formatter;
+    formatter.label("SUBCOMMAND", "COMMAND");
+    std::fprintf(stderr, "%s: %s\n%s'%s --help' tells more.\n", name.c_str(), text.c_str(),
+                 formatter.make_usage(&command, name).c_str(), name.c_str());
+    return kUsage;
+}
+
+int run(CLI::App& app, int argc, char** argv) {
+    try {
+        app.parse(tool::take_arguments(argc, argv));
+        return 0;
+    } catch (const CLI::CallForHelp&) {
+        tool::Output("-").write(app.help());
+        return 0;
+    } catch (const CLI::ParseError& error) {
+        return report_usage(app, explain(app, error));
+    } catch (const tool::UsageError& error) {
+        return report_usage(app, error.what());
+    } catch (const tool::SilentFailure&) {
+        return kRefused;
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    try {
+        tool::prepare_streams();
+        CLI::App app("Digests, encryption, encodings and random numbers on files, with zulcore.", "zul");
+        app.allow_windows_style_options(false); // a name may begin with a slash on every system
+        app.require_subcommand(1);
+        app.get_formatter()->label("SUBCOMMAND", "COMMAND");
+        app.get_formatter()->column_width(24);
+        app.footer("'zul COMMAND --help' shows a command's options and an example.\n"
+                   "Exit status: 0 done, 1 refused by the library, 2 wrong arguments.");
+        tool::add_digest_commands(app);
+        tool::add_cipher_commands(app);
+        tool::add_wrap_commands(app);
+        tool::add_encode_commands(app);
+        tool::add_random_command(app);
+        tool::add_general_commands(app);
+        for (CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; }))
+            command->group("Commands");
+        return run(app, argc, argv);
+    } catch (const std::bad_alloc&) {
+        tool::print_error(("error 5: " + tool::error_text(MEMORY_ERROR)).c_str());
+    } catch (const std::exception& error) { // Refused, with its code and texts
+        tool::print_error(error.what());
+    }
+    return kRefused;
+}
