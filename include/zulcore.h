@@ -316,8 +316,9 @@ ZUL_API int TDEA_File(const char* szFileOut, const char* szFileIn, const unsigne
 /* CIPHER_KeyWrap wraps a key of nDataLen bytes under a key-encryption key. nOptions: ZUL_CIPHER_AES128,
  * AES192 or AES256 (RFC 3394; 16 bytes or more, a multiple of 8; output nDataLen + 8) or ZUL_CIPHER_TDEA
  * (RFC 3217; 24 bytes; output 40).
- * Length. Query. -BAD_PARAM_ERROR: null data or key, negative length; -BAD_FLAG_ERROR; -BAD_KEY_LEN_ERROR:
- * nKekLen; -BAD_LENGTH_ERROR: nDataLen; -SHORT_BUF_ERROR. */
+ * The parity bits of a Triple DES key are wrapped as they are; set them first for a receiver that checks them.
+ * Length. Query. -BAD_PARAM_ERROR: null data or key; -BAD_FLAG_ERROR; -BAD_KEY_LEN_ERROR: nKekLen;
+ * -BAD_LENGTH_ERROR: nDataLen; -SHORT_BUF_ERROR. */
 ZUL_API int CIPHER_KeyWrap(unsigned char* lpOutput, int nOutBytes, const unsigned char* lpData, int nDataLen,
                            const unsigned char* lpKEK, int nKekLen, int nOptions);
 

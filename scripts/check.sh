@@ -23,8 +23,10 @@ check_words() {
         find scripts cmake docs .ci README.md CMakeLists.txt -type f
     } | grep -v '^scripts/check.sh$' |
         xargs grep -nE '\b(TODO|FIXME|XXX|HACK)\b|^ *# *if 0\b|DISABLED_|not implemented|unimplemented')
-    printf '%s' "$found"
-    [ -z "$found" ]
+    if [ -n "$found" ]; then
+        printf '%s\n' "$found"
+        return 1
+    fi
 }
 
 status=0

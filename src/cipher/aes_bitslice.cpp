@@ -259,10 +259,12 @@ void aes_bitslice_expand(AesKey& key, const uint8_t* bytes, size_t length, bool 
 
 void aes_bitslice_encrypt(const AesKey& key, uint8_t* out, const uint8_t* in, size_t blocks) {
     cipher<true>(key, out, in, blocks);
+    wipe_dead_stack();
 }
 
 void aes_bitslice_decrypt(const AesKey& key, uint8_t* out, const uint8_t* in, size_t blocks) {
     cipher<false>(key, out, in, blocks);
+    wipe_dead_stack();
 }
 
 } // namespace zul

@@ -101,7 +101,8 @@ int cipher_file(const CipherChoice& choice, bool encrypt, const char* pathOut, c
         err_add_text("File '%s' is not whole blocks of %d bytes", pathIn, static_cast<int>(block));
         return BAD_LENGTH_ERROR;
     }
-    if (platform::file_is(reader.handle(), pathOut)) {
+    // A device named twice has no content to lose; its length is not known.
+    if (length >= 0 && platform::file_is(reader.handle(), pathOut)) {
         err_add_text("Output is the input file '%s'", pathIn);
         return BAD_PARAM_ERROR;
     }

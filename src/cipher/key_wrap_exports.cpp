@@ -22,9 +22,9 @@ int generator_bytes(uint8_t* out, size_t length) {
 }
 
 // The checks that wrapping and unwrapping share. Returns 0 or a negated code.
-int check_arguments(CipherAlgorithm* algorithm, const unsigned char* data, int dataLen,
-                    const unsigned char* kek, int kekLen, int options) {
-    if (data == nullptr || kek == nullptr || dataLen < 0 || kekLen < 0)
+int check_arguments(CipherAlgorithm* algorithm, const unsigned char* data, const unsigned char* kek,
+                    int kekLen, int options) {
+    if (data == nullptr || kek == nullptr)
         return -BAD_PARAM_ERROR;
     if (!cipher_algorithm_option(algorithm, options))
         return -BAD_FLAG_ERROR;
@@ -61,7 +61,7 @@ int CIPHER_KeyWrap(unsigned char* lpOutput, int nOutBytes, const unsigned char* 
                    const unsigned char* lpKEK, int nKekLen, int nOptions) {
     CallFrame frame;
     CipherAlgorithm algorithm{};
-    if (const int code = check_arguments(&algorithm, lpData, nDataLen, lpKEK, nKekLen, nOptions))
+    if (const int code = check_arguments(&algorithm, lpData, lpKEK, nKekLen, nOptions))
         return frame.length(code);
     const int length = wrapped_length(algorithm, nDataLen);
     if (length < 0 || lpOutput == nullptr || nOutBytes <= 0)
@@ -79,7 +79,7 @@ int CIPHER_KeyUnwrap(unsigned char* lpOutput, int nOutBytes, const unsigned char
                      const unsigned char* lpKEK, int nKekLen, int nOptions) {
     CallFrame frame;
     CipherAlgorithm algorithm{};
-    if (const int code = check_arguments(&algorithm, lpData, nDataLen, lpKEK, nKekLen, nOptions))
+    if (const int code = check_arguments(&algorithm, lpData, lpKEK, nKekLen, nOptions))
         return frame.length(code);
     const int length = unwrapped_length(algorithm, nDataLen);
     if (length < 0 || lpOutput == nullptr || nOutBytes <= 0)

@@ -39,9 +39,12 @@ int pad_hex_count(const char* lastBlock, size_t blockLength) {
         size_t decoded = 0;
         notHex[i] = hex_decode_strict(&bytes[i], &decoded, lastBlock + 2 * i, 2) ? 0 : 1;
     }
-    // A count of 1 or more always takes in the last position, which says the count.
+    if (notHex[blockLength - 1] != 0)
+        return -BAD_FORMAT_ERROR;
     const size_t count = bytes[blockLength - 1];
-    if ((notHex[blockLength - 1] | any_in_pad(notHex.data(), blockLength, count)) != 0)
+    if (count == 0 || count > blockLength)
+        return -DECRYPT_ERROR;
+    if (any_in_pad(notHex.data(), blockLength, count) != 0)
         return -BAD_FORMAT_ERROR;
     const size_t checked = pad_count(bytes.data(), blockLength);
     return checked == 0 ? -DECRYPT_ERROR : static_cast<int>(checked);

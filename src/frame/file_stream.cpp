@@ -73,6 +73,8 @@ FileWriter::~FileWriter() {
     if (!file_.is_open() || finished_)
         return;
     const bool removable = platform::file_is_regular(path_) && platform::file_is(file_.handle(), path_);
+    if (removable)
+        platform::file_empty(file_.handle()); // another name of the file, a link, must not keep a part
     file_.close();
     if (removable)
         platform::file_remove(path_);

@@ -18,4 +18,9 @@ void wipe_bytes(void* buffer, size_t length) {
     }
 }
 
+__attribute__((noinline)) void wipe_dead_stack() {
+    uint8_t below[4096];
+    wipe_bytes(below, sizeof below);
+}
+
 } // namespace zul

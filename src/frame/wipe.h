@@ -10,6 +10,10 @@ namespace zul {
 // it. A null buffer is ignored.
 void wipe_bytes(void* buffer, size_t length);
 
+// wipe_dead_stack overwrites the 4 KiB of stack below its caller, where functions that have returned left
+// temporaries that no owner could hold.
+void wipe_dead_stack();
+
 // Secret<N> is a fixed byte array for key material: zero at the start, wiped at its end.
 template<size_t N>
 class Secret {

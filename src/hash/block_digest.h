@@ -1,10 +1,10 @@
 #pragma once
-#include "hash/digest_words.h"
-
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+
+#include "hash/digest_words.h"
 
 // What MD5, SHA-1 and SHA-2 have in common around their compression functions: messages are cut into blocks,
 // and the last block ends with the message's length.
@@ -44,8 +44,8 @@ inline void block_digest_update(Context& context, const void* data, size_t size,
     memcpy(context.block, bytes + blocks * kBlockSize, size % kBlockSize);
 }
 
-// block_digest_pad absorbs the one bit, the zeros and the length in bits as two words of the digest's own size
-// and byte order. The state is then the digest.
+// block_digest_pad absorbs the one bit, the zeros and the length in bits as two words of the digest's own
+// size and byte order. The state is then the digest.
 template<std::endian Order, class Context, class Compress>
 inline void block_digest_pad(Context& context, Compress compress) {
     using Word = typename Context::Word;

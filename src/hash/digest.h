@@ -4,7 +4,6 @@
 #include "hash/sha1.h"
 #include "hash/sha256.h"
 #include "hash/sha512.h"
-
 #include "zulcore.h"
 
 // The seven digests behind their algorithm numbers.

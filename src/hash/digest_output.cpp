@@ -1,9 +1,9 @@
 #include "hash/digest_output.h"
 
-#include "encode/hex.h"
-
 #include <algorithm>
 #include <cstring>
+
+#include "encode/hex.h"
 
 namespace zul {
 

@@ -1,9 +1,9 @@
 #pragma once
-#include "platform/target.h"
-
 #include <bit>
 #include <cstdint>
 #include <cstring>
+
+#include "platform/target.h"
 
 // Words in memory in the byte order of a digest, whatever the processor's own.
 namespace zul {
@@ -29,15 +29,15 @@ inline void store_word(uint8_t* bytes, Word x) {
     memcpy(bytes, &x, sizeof x);
 }
 
-// keep_order makes the compiler finish a sum up to here before it adds what follows: it may not put the terms in an
-// order of its own, where one that is late stands before one that is early.
+// keep_order makes the compiler finish a sum up to here before it adds what follows: it may not put the terms
+// in an order of its own, where one that is late stands before one that is early.
 template<class Word>
 ZUL_ALWAYS_INLINE void keep_order(Word& sum) {
     __asm__("" : "+r"(sum));
 }
 
-// add_words adds the working variables of a block to the state before it. Each word is stored by itself: gathered in
-// a vector register, as compilers like to do, they would reach the next block later.
+// add_words adds the working variables of a block to the state before it. Each word is stored by itself:
+// gathered in a vector register, as compilers like to do, they would reach the next block later.
 template<class Word, class... Words>
 ZUL_ALWAYS_INLINE void add_words(Word* state, Words... words) {
     auto add = [&](Word word) __attribute__((always_inline)) {

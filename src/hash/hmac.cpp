@@ -9,30 +9,28 @@ int hmac_length(int algorithm) {
     return algorithm == kDigestMd2 ? -BAD_FLAG_ERROR : digest_length(algorithm);
 }
 
-// absorb_pad begins a digest with the key's block, every byte of it combined with pad.
-static void absorb_pad(DigestContext& context, int algorithm, const uint8_t* keyBlock, size_t blockSize,
-                       uint8_t pad) {
-    Secret<kMaxDigestBlockSize> block;
-    for (size_t i = 0; i < blockSize; i++)
-        block[i] = keyBlock[i] ^ pad;
-    digest_init(context, algorithm);
-    digest_update(context, block.data(), blockSize);
-}
-
 int hmac_init(HmacContext& context, int algorithm, const void* key, size_t keyLen) {
     if (hmac_length(algorithm) < 0)
         return -BAD_FLAG_ERROR;
     const auto blockSize = static_cast<size_t>(digest_block_size(algorithm));
-    Secret<kMaxDigestBlockSize> keyBlock;
+    Secret<kMaxDigestBlockSize> block;
+    digest_init(context.inner, algorithm);
+    digest_init(context.outer, algorithm);
     if (keyLen > blockSize) {
-        digest_init(context.inner, algorithm);
         digest_update(context.inner, key, keyLen);
-        digest_final(context.inner, keyBlock.data());
-    } else if (keyLen > 0) {
-        memcpy(keyBlock.data(), key, keyLen);
+        digest_final(context.inner, block.data());
+        digest_init(context.inner, algorithm);
+    } else if (keyLen != 0) {
+        memcpy(block.data(), key, keyLen);
     }
-    absorb_pad(context.inner, algorithm, keyBlock.data(), blockSize, 0x36);
-    absorb_pad(context.outer, algorithm, keyBlock.data(), blockSize, 0x5C);
+
+    constexpr uint8_t kInnerPad = 0x36, kOuterPad = 0x5C;
+    for (size_t i = 0; i < blockSize; i++)
+        block[i] ^= kInnerPad;
+    digest_update(context.inner, block.data(), blockSize);
+    for (size_t i = 0; i < blockSize; i++)
+        block[i] ^= kInnerPad ^ kOuterPad;
+    digest_update(context.outer, block.data(), blockSize);
     return 0;
 }
 
@@ -49,11 +47,12 @@ int hmac_final(HmacContext& context, uint8_t* mac) {
 
 static int hmac(uint8_t* mac, int algorithm, const void* data, size_t dataLen, const void* key,
                 size_t keyLen) {
-    HmacContext context;
-    if (const int result = hmac_init(context, algorithm, key, keyLen); result < 0)
+    HmacContext context; // hmac_final wipes it
+    const int result = hmac_init(context, algorithm, key, keyLen);
+    if (result < 0)
         return result;
     hmac_update(context, data, dataLen);
-    return hmac_final(context, mac); // which wipes the context
+    return hmac_final(context, mac);
 }
 
 void hmac_sha1(uint8_t mac[kSha1Size], const void* data, size_t dataLen, const void* key, size_t keyLen) {
@@ -86,8 +85,7 @@ int hmac_bytes(uint8_t* out, int outMax, const void* data, size_t dataLen, const
     if (length < 0 || out == nullptr || outMax < 1)
         return length;
     Secret<kMaxDigestSize> mac;
-    hmac(mac.data(), algorithm, data, dataLen, key, keyLen);
-    return digest_result(out, outMax, mac.data(), length);
+    return digest_result(out, outMax, mac.data(), hmac(mac.data(), algorithm, data, dataLen, key, keyLen));
 }
 
 } // namespace zul

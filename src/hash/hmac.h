@@ -4,14 +4,14 @@
 // HMAC (RFC 2104, FIPS 198-1) over every digest but MD2.
 namespace zul {
 
-// A MAC in progress. Between hmac_init and the first hmac_update it may be copied, so that one key serves many
-// messages without being absorbed again; each copy holds key material and is to be wiped.
+// A MAC in progress. Between hmac_init and the first hmac_update it may be copied, so that one key serves
+// many messages without being absorbed again; each copy holds key material and is to be wiped.
 struct HmacContext {
     DigestContext inner, outer;
 };
 
-// hmac_init absorbs a key of any length: 0 or -BAD_FLAG_ERROR; only a context that it has accepted may be used
-// further.
+// hmac_init absorbs a key of any length: 0 or -BAD_FLAG_ERROR; only a context that it has accepted may be
+// used further.
 int hmac_init(HmacContext& context, int algorithm, const void* key, size_t keyLen);
 void hmac_update(HmacContext& context, const void* data, size_t size);
 // hmac_final writes the MAC, wipes the context and returns the length written.

@@ -1,14 +1,14 @@
 #pragma once
-#include "frame/wipe.h"
-#include "platform/target.h"
-
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <immintrin.h>
 
-// Message schedules of several blocks side by side, for kernels with AVX2: a vector register holds one word of each
-// block.
+#include "frame/wipe.h"
+#include "platform/target.h"
+
+// Message schedules of several blocks side by side, for kernels with AVX2: a vector register holds one word
+// of each block.
 namespace zul {
 
 template<class Word>
@@ -23,9 +23,9 @@ ZUL_TARGET_AVX2 ZUL_ALWAYS_INLINE void store_vector(Word* words, __m256i vector)
 
 // transpose_words reads 32 bytes at the same place of each block; vector i receives word i of all of them.
 ZUL_TARGET_AVX2 ZUL_ALWAYS_INLINE void transpose_words(__m256i (&out)[8], const uint8_t* const (&blocks)[8],
-                                                        size_t offset) {
-    const __m256i swap = _mm256_broadcastsi128_si256(
-        _mm_setr_epi8(3, 2, 1, 0, 7, 6, 5, 4, 11, 10, 9, 8, 15, 14, 13, 12));
+                                                       size_t offset) {
+    const __m256i swap =
+        _mm256_broadcastsi128_si256(_mm_setr_epi8(3, 2, 1, 0, 7, 6, 5, 4, 11, 10, 9, 8, 15, 14, 13, 12));
     __m256i r[8], pair[8];
 #pragma GCC unroll 8
     for (size_t i = 0; i < 8; i++)
@@ -50,9 +50,9 @@ ZUL_TARGET_AVX2 ZUL_ALWAYS_INLINE void transpose_words(__m256i (&out)[8], const 
 }
 
 ZUL_TARGET_AVX2 ZUL_ALWAYS_INLINE void transpose_words(__m256i (&out)[4], const uint8_t* const (&blocks)[4],
-                                                        size_t offset) {
-    const __m256i swap = _mm256_broadcastsi128_si256(
-        _mm_setr_epi8(7, 6, 5, 4, 3, 2, 1, 0, 15, 14, 13, 12, 11, 10, 9, 8));
+                                                       size_t offset) {
+    const __m256i swap =
+        _mm256_broadcastsi128_si256(_mm_setr_epi8(7, 6, 5, 4, 3, 2, 1, 0, 15, 14, 13, 12, 11, 10, 9, 8));
     __m256i r[4], pair[4];
 #pragma GCC unroll 4
     for (size_t i = 0; i < 4; i++)
@@ -69,9 +69,9 @@ ZUL_TARGET_AVX2 ZUL_ALWAYS_INLINE void transpose_words(__m256i (&out)[4], const 
     }
 }
 
-// LaneSchedules holds the schedules of two groups of blocks: while the rounds of one are running, the rows of the
-// other are made, a few at a time; the rounds depend on each other so closely that they leave room for it. The
-// message in it is wiped at its end. A Schedule has
+// LaneSchedules holds the schedules of two groups of blocks: while the rounds of one are running, the rows of
+// the other are made, a few at a time; the rounds depend on each other so closely that they leave room for
+// it. The message in it is wiped at its end. A Schedule has
 //   Word, kLanes, kRows        the size of a row and the number of rows, one for each round
 //   next_words(row)            the words that follow the 16 rows before row
 //   with_constant(words, k)    the words with the round constant k added
@@ -84,8 +84,9 @@ class LaneSchedules {
     static constexpr size_t kRows = Schedule::kRows;
     static constexpr size_t kBlockSize = 16 * sizeof(Word);
 
-    // The words of a round, as they come from the message and with the round constant added. The cursor into them
-    // and the one into the constants are all that making a row takes: the rounds leave few registers free.
+    // The words of a round, as they come from the message and with the round constant added. The cursor into
+    // them and the one into the constants are all that making a row takes: the rounds leave few registers
+    // free.
     struct Row {
         Word words[kLanes], inputs[kLanes];
     };
@@ -95,8 +96,8 @@ class LaneSchedules {
     LaneSchedules& operator=(const LaneSchedules&) = delete;
     ~LaneSchedules() { wipe_bytes(this, sizeof *this); }
 
-    // begin makes the first 16 rows of the next group, of 1 to kLanes blocks. In a group that is not full some
-    // lanes repeat its last block.
+    // begin makes the first 16 rows of the next group, of 1 to kLanes blocks. In a group that is not full
+    // some lanes repeat its last block.
     ZUL_TARGET_AVX2 void begin(const uint8_t* data, size_t blocks) {
         const uint8_t* lanes[kLanes];
         for (size_t i = 0; i < kLanes; i++)
@@ -122,7 +123,10 @@ class LaneSchedules {
         constant_++;
     }
 
-    const Row* rows() const { return rows_[current_]; } // of the group that began last
+    // rows gives those of the group that began last.
+    const Row* rows() const {
+        return rows_[current_];
+    }
 
   private:
     ZUL_TARGET_AVX2 ZUL_ALWAYS_INLINE static void put(Row& row, __m256i words, Word constant) {
@@ -137,8 +141,9 @@ class LaneSchedules {
     Row rows_[2][kRows];
 };
 
-// compress_lanes absorbs whole blocks. Rounds::run<weave>(state, rows, blocks, schedules) runs the rounds of the first
-// blocks lanes of the rows; if weave, it also advances schedules by (kRows - 16) / kLanes rows with each.
+// compress_lanes absorbs whole blocks. Rounds::run<weave>(state, rows, blocks, schedules) runs the rounds of
+// the first blocks lanes of the rows; if weave, it also advances schedules by (kRows - 16) / kLanes rows with
+// each.
 template<class Schedule, class Rounds, class Word = typename Schedule::Word>
 ZUL_TARGET_AVX2 ZUL_ALWAYS_INLINE void compress_lanes(Word* state, const uint8_t* data, size_t blocks) {
     constexpr size_t kLanes = Schedule::kLanes;

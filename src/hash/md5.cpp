@@ -1,19 +1,20 @@
 #include "hash/md5.h"
 
+#include <bit>
+
 #include "frame/wipe.h"
 #include "platform/target.h"
-
-#include <bit>
 
 namespace zul {
 
 namespace {
 
-// One operation of the given round (0 to 3). The one before it has made b, the others are older: everything that
-// does not need b comes first. The terms of G have no bit in common, so that one of them can be added ahead, too.
+// One operation of the given round (0 to 3). The one before it has made b, the others are older: everything
+// that does not need b comes first. The terms of G have no bit in common, so that one of them can be added
+// ahead, too.
 template<int Round>
-ZUL_ALWAYS_INLINE void step(uint32_t& a, uint32_t b, uint32_t c, uint32_t d, uint32_t input, uint32_t constant,
-                            int amount) {
+ZUL_ALWAYS_INLINE void step(uint32_t& a, uint32_t b, uint32_t c, uint32_t d, uint32_t input,
+                            uint32_t constant, int amount) {
     a += input + constant;
     if constexpr (Round == 0) {
         a += d ^ (b & (c ^ d));
@@ -34,12 +35,14 @@ struct Variables {
 };
 
 template<int Round>
-ZUL_ALWAYS_INLINE void four_steps(Variables& v, const uint8_t* block, int first, const uint32_t (&constants)[4]) {
+ZUL_ALWAYS_INLINE void four_steps(Variables& v, const uint8_t* block, int first,
+                                  const uint32_t (&constants)[4]) {
     constexpr int kAmounts[4][4] = {{7, 12, 17, 22}, {5, 9, 14, 20}, {4, 11, 16, 23}, {6, 10, 15, 21}};
     constexpr int kFactor[4] = {1, 5, 3, 7}, kOffset[4] = {0, 1, 5, 0};
     const auto& s = kAmounts[Round];
     auto word = [&](int i) __attribute__((always_inline)) {
-        return load_word<uint32_t, std::endian::little>(block + 4 * ((kFactor[Round] * (first + i) + kOffset[Round]) % 16));
+        return load_word<uint32_t, std::endian::little>(
+            block + 4 * ((kFactor[Round] * (first + i) + kOffset[Round]) % 16));
     };
     step<Round>(v.a, v.b, v.c, v.d, word(0), constants[0], s[0]);
     step<Round>(v.d, v.a, v.b, v.c, word(1), constants[1], s[1]);

@@ -1,13 +1,13 @@
 #pragma once
-#include "hash/digest_words.h"
-#include "platform/target.h"
-
 #include <bit>
 #include <cstddef>
 #include <cstdint>
 
-// The rounds of SHA-1 (FIPS 180-4, clauses 4.1.1 and 6.1.2), inlined into the kernels, whose instruction sets they
-// are compiled for.
+#include "hash/digest_words.h"
+#include "platform/target.h"
+
+// The rounds of SHA-1 (FIPS 180-4, clauses 4.1.1 and 6.1.2), inlined into the kernels, whose instruction sets
+// they are compiled for.
 namespace zul {
 
 constexpr size_t kSha1Rounds = 80;
@@ -20,14 +20,12 @@ struct Sha1Variables {
     ZUL_ALWAYS_INLINE explicit Sha1Variables(const uint32_t* state)
         : a(state[0]), b(state[1]), c(state[2]), d(state[3]), e(state[4]) {}
 
-    ZUL_ALWAYS_INLINE void add_to(uint32_t* state) const {
-        add_words(state, a, b, c, d, e);
-    }
+    ZUL_ALWAYS_INLINE void add_to(uint32_t* state) const { add_words(state, a, b, c, d, e); }
 };
 
 struct Sha1PortableRound {
-    // One round of the given quarter (0 to 3). The terms of Ch and Maj have no bit in common, so that they can be
-    // added one after the other, which keeps them off the longest path.
+    // One round of the given quarter (0 to 3). The terms of Ch and Maj have no bit in common, so that they
+    // can be added one after the other, which keeps them off the longest path.
     template<size_t Quarter>
     ZUL_ALWAYS_INLINE static void round(uint32_t a, uint32_t& b, uint32_t c, uint32_t d, uint32_t& e,
                                         const uint32_t& input) {
@@ -46,8 +44,8 @@ struct Sha1PortableRound {
     }
 };
 
-// sha1_round_at is round t of five, after which every variable has its old name again. t is known when this is
-// compiled.
+// sha1_round_at is round t of five, after which every variable has its old name again. t is known when this
+// is compiled.
 template<class Round, size_t Quarter>
 ZUL_ALWAYS_INLINE void sha1_round_at(size_t t, Sha1Variables& v, const uint32_t& input) {
     switch (t % 5) {

@@ -1,10 +1,10 @@
 #include "hash/sha1_kernels.h"
 
 #if ZUL_X86_64
+#include <array>
+
 #include "hash/lanes_x86.h"
 #include "hash/sha1_rounds.h"
-
-#include <array>
 
 namespace zul {
 
@@ -24,8 +24,9 @@ struct Schedule {
 
     template<class Row>
     ZUL_TARGET_AVX2 static ZUL_ALWAYS_INLINE __m256i next_words(const Row* row) {
-        const __m256i old = _mm256_xor_si256(_mm256_xor_si256(load_vector(row[-16].words), load_vector(row[-14].words)),
-                                             load_vector(row[-8].words));
+        const __m256i old =
+            _mm256_xor_si256(_mm256_xor_si256(load_vector(row[-16].words), load_vector(row[-14].words)),
+                             load_vector(row[-8].words));
         const __m256i mixed = _mm256_xor_si256(old, load_vector(row[-3].words));
         return _mm256_or_si256(_mm256_add_epi32(mixed, mixed), _mm256_srli_epi32(mixed, 31));
     }
@@ -34,7 +35,8 @@ struct Schedule {
     }
 };
 
-// The round in an order of instructions that keeps the processors' execution units busy; compilers find slower ones.
+// The round in an order of instructions that keeps the processors' execution units busy; compilers find
+// slower ones.
 struct Bmi2Round {
     template<size_t Quarter>
     ZUL_ALWAYS_INLINE static void round(uint32_t a, uint32_t& b, uint32_t c, uint32_t d, uint32_t& e,
@@ -107,7 +109,8 @@ struct Rounds {
     }
 
     template<bool weave, size_t Quarter>
-    ZUL_TARGET_AVX2 static ZUL_ALWAYS_INLINE void quarter(Sha1Variables& v, const uint32_t* input, Schedules& schedules) {
+    ZUL_TARGET_AVX2 static ZUL_ALWAYS_INLINE void quarter(Sha1Variables& v, const uint32_t* input,
+                                                          Schedules& schedules) {
         constexpr size_t kStride = sizeof(Schedules::Row) / sizeof *input;
 #pragma GCC unroll 20
         for (size_t t = 20 * Quarter; t < 20 * Quarter + 20; t++) {

@@ -1,21 +1,25 @@
 #pragma once
-#include "platform/cpu.h"
-#include "platform/target.h"
-
 #include <cstddef>
 #include <cstdint>
 
-// The kernels of SHA-256 absorb whole blocks of 64 bytes into a state. Those for x86-64 may be called only where
-// the predicate beside them holds.
+#include "platform/cpu.h"
+#include "platform/target.h"
+
+// The kernels of SHA-256 absorb whole blocks of 64 bytes into a state. Those for x86-64 may be called only
+// where the predicate beside them holds.
 namespace zul {
 
 void sha256_compress_portable(uint32_t state[8], const uint8_t* data, size_t blocks);
 
 #if ZUL_X86_64
-inline bool sha256_has_shani() { return cpu_has(kCpuShani | kCpuSsse3); }
+inline bool sha256_has_shani() {
+    return cpu_has(kCpuShani | kCpuSsse3);
+}
 void sha256_compress_shani(uint32_t state[8], const uint8_t* data, size_t blocks);
 
-inline bool sha256_has_avx2() { return cpu_has(kCpuAvx2); }
+inline bool sha256_has_avx2() {
+    return cpu_has(kCpuAvx2);
+}
 void sha256_compress_avx2(uint32_t state[8], const uint8_t* data, size_t blocks);
 #endif
 

@@ -34,8 +34,7 @@ ZUL_TARGET_SHANI void sha256_compress_shani(uint32_t state[8], const uint8_t* da
         for (size_t i = 0; i < 16; i++) {
             __m128i& next = w[i % 4];
             if (i < 4) {
-                next = _mm_shuffle_epi8(
-                    _mm_loadu_si128(reinterpret_cast<const __m128i*>(data) + i), swap);
+                next = _mm_shuffle_epi8(_mm_loadu_si128(reinterpret_cast<const __m128i*>(data) + i), swap);
             } else {
                 const __m128i last = w[(i + 3) % 4];
                 next = _mm_sha256msg1_epu32(next, w[(i + 1) % 4]);

@@ -1,17 +1,22 @@
 #pragma once
+#include <utility>
+
 #include "hash/lanes_x86.h"
 #include "hash/sha2_rounds.h"
 
-#include <utility>
-
-// SHA-2 with AVX2 and BMI2: the message schedules of several blocks are computed side by side in vector registers,
-// the rounds run in general registers.
+// SHA-2 with AVX2 and BMI2: the message schedules of several blocks are computed side by side in vector
+// registers, the rounds run in general registers.
 namespace zul {
 
-// The word operations of the two families; the rest of a Schedule (see LaneSchedules) follows from the family.
+// The word operations of the two families; the rest of a Schedule (see LaneSchedules) follows from the
+// family.
 struct Sha256Vectors {
-    ZUL_TARGET_AVX2 static ZUL_ALWAYS_INLINE __m256i add(__m256i a, __m256i b) { return _mm256_add_epi32(a, b); }
-    ZUL_TARGET_AVX2 static ZUL_ALWAYS_INLINE __m256i right(__m256i a, int n) { return _mm256_srli_epi32(a, n); }
+    ZUL_TARGET_AVX2 static ZUL_ALWAYS_INLINE __m256i add(__m256i a, __m256i b) {
+        return _mm256_add_epi32(a, b);
+    }
+    ZUL_TARGET_AVX2 static ZUL_ALWAYS_INLINE __m256i right(__m256i a, int n) {
+        return _mm256_srli_epi32(a, n);
+    }
     ZUL_TARGET_AVX2 static ZUL_ALWAYS_INLINE __m256i rotate(__m256i a, int n) {
         return _mm256_xor_si256(_mm256_srli_epi32(a, n), _mm256_slli_epi32(a, 32 - n));
     }
@@ -21,12 +26,17 @@ struct Sha256Vectors {
 };
 
 struct Sha512Vectors {
-    ZUL_TARGET_AVX2 static ZUL_ALWAYS_INLINE __m256i add(__m256i a, __m256i b) { return _mm256_add_epi64(a, b); }
-    ZUL_TARGET_AVX2 static ZUL_ALWAYS_INLINE __m256i right(__m256i a, int n) { return _mm256_srli_epi64(a, n); }
+    ZUL_TARGET_AVX2 static ZUL_ALWAYS_INLINE __m256i add(__m256i a, __m256i b) {
+        return _mm256_add_epi64(a, b);
+    }
+    ZUL_TARGET_AVX2 static ZUL_ALWAYS_INLINE __m256i right(__m256i a, int n) {
+        return _mm256_srli_epi64(a, n);
+    }
     ZUL_TARGET_AVX2 static ZUL_ALWAYS_INLINE __m256i rotate(__m256i a, int n) {
         if (n == 8)
-            return _mm256_shuffle_epi8(a, _mm256_setr_epi8(1, 2, 3, 4, 5, 6, 7, 0, 9, 10, 11, 12, 13, 14, 15, 8, //
-                                                           1, 2, 3, 4, 5, 6, 7, 0, 9, 10, 11, 12, 13, 14, 15, 8));
+            return _mm256_shuffle_epi8(
+                a, _mm256_setr_epi8(1, 2, 3, 4, 5, 6, 7, 0, 9, 10, 11, 12, 13, 14, 15, 8, //
+                                    1, 2, 3, 4, 5, 6, 7, 0, 9, 10, 11, 12, 13, 14, 15, 8));
         return _mm256_xor_si256(_mm256_srli_epi64(a, n), _mm256_slli_epi64(a, 64 - n));
     }
     ZUL_TARGET_AVX2 static ZUL_ALWAYS_INLINE __m256i with_constant(__m256i words, uint64_t k) {
@@ -42,27 +52,29 @@ struct Sha2Schedule : Vectors {
     static constexpr const Word* kConstants = Family::kConstants;
 
     ZUL_TARGET_AVX2 static ZUL_ALWAYS_INLINE __m256i small_sigma(__m256i x, const int (&amounts)[3]) {
-        return _mm256_xor_si256(_mm256_xor_si256(Vectors::rotate(x, amounts[0]), Vectors::rotate(x, amounts[1])),
-                                Vectors::right(x, amounts[2]));
+        return _mm256_xor_si256(
+            _mm256_xor_si256(Vectors::rotate(x, amounts[0]), Vectors::rotate(x, amounts[1])),
+            Vectors::right(x, amounts[2]));
     }
 
     template<class Row>
     ZUL_TARGET_AVX2 static ZUL_ALWAYS_INLINE __m256i next_words(const Row* row) {
-        const __m256i old = Vectors::add(Vectors::add(load_vector(row[-16].words),
-                                                      small_sigma(load_vector(row[-15].words), Family::kSmallSigma0)),
-                                         load_vector(row[-7].words));
+        const __m256i old =
+            Vectors::add(Vectors::add(load_vector(row[-16].words),
+                                      small_sigma(load_vector(row[-15].words), Family::kSmallSigma0)),
+                         load_vector(row[-7].words));
         return Vectors::add(old, small_sigma(load_vector(row[-2].words), Family::kSmallSigma1));
     }
 };
 
-// The round in the order of instructions that keeps the processors' execution units busiest; compilers find slower
-// ones. Its Maj is left for the next round.
+// The round in the order of instructions that keeps the processors' execution units busiest; compilers find
+// slower ones. Its Maj is left for the next round.
 template<class Family>
 struct Sha2Bmi2Round {
     using Word = typename Family::Word;
 
-    ZUL_ALWAYS_INLINE static void round(Word& a, Word b, Word& d, Word e, Word f, Word g, Word& h, Word& bXorC,
-                                        Word& majority, const Word& input) {
+    ZUL_ALWAYS_INLINE static void round(Word& a, Word b, Word& d, Word e, Word f, Word g, Word& h,
+                                        Word& bXorC, Word& majority, const Word& input) {
         Word t0, t1;
         __asm__("add %[majority], %[a]\n\t"
                 "add %[input], %[h]\n\t"
@@ -105,19 +117,21 @@ struct Sha2Rounds {
     using Word = typename Family::Word;
     using Schedules = LaneSchedules<Schedule>;
 
-    // Of each block's rounds, which are compiled as a loop of two parts, and of the rows to be woven into them.
+    // Of each block's rounds, which are compiled as a loop of two parts, and of the rows to be woven into
+    // them.
     static constexpr size_t kPartRounds = Family::kRounds / 2;
     static constexpr size_t kPartRows = (Family::kRounds - 16) / Schedule::kLanes / 2;
 
     template<bool weave>
-    __attribute__((noinline)) ZUL_TARGET_AVX2 static void run(Word* state, const typename Schedules::Row* rows,
-                                                              size_t blocks, Schedules& schedules) {
+    __attribute__((noinline)) ZUL_TARGET_AVX2 static void
+    run(Word* state, const typename Schedules::Row* rows, size_t blocks, Schedules& schedules) {
         constexpr size_t kStride = sizeof(*rows) / sizeof(Word);
         for (size_t lane = 0; lane < blocks; lane++) {
             const Word* input = rows->inputs + lane;
             Sha2Variables<Family> v(state);
 #pragma GCC unroll 1
-            for (const Word* end = input + Family::kRounds * kStride; input != end; input += kPartRounds * kStride) {
+            for (const Word* end = input + Family::kRounds * kStride; input != end;
+                 input += kPartRounds * kStride) {
 #pragma GCC unroll 40
                 for (size_t t = 0; t < kPartRounds; t++) {
                     if (weave && t * kPartRows % kPartRounds < kPartRows)

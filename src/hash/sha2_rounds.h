@@ -1,14 +1,15 @@
 #pragma once
-#include "hash/digest_words.h"
-#include "hash/sha2_constants.h"
-#include "platform/target.h"
-
 #include <bit>
 #include <cstddef>
 #include <cstdint>
 
-// The rounds of SHA-2 (FIPS 180-4, clauses 4.1 and 6.2), which SHA-256 and SHA-512 share but for the size of a word
-// and the constants. Everything here is inlined into the kernels, whose instruction sets it is compiled for.
+#include "hash/digest_words.h"
+#include "hash/sha2_constants.h"
+#include "platform/target.h"
+
+// The rounds of SHA-2 (FIPS 180-4, clauses 4.1 and 6.2), which SHA-256 and SHA-512 share but for the size of
+// a word and the constants. Everything here is inlined into the kernels, whose instruction sets it is
+// compiled for.
 namespace zul {
 
 struct Sha256Family {
@@ -31,8 +32,8 @@ struct Sha512Family {
     static constexpr int kSmallSigma1[3] = {19, 61, 6};
 };
 
-// The working variables of one block. Maj(a, b, c) is computed as ((a ^ b) & (b ^ c)) ^ b, where bXorC is the a ^ b
-// of the round before; a round may leave its Maj in majority for the next one to add to a.
+// The working variables of one block. Maj(a, b, c) is computed as ((a ^ b) & (b ^ c)) ^ b, where bXorC is the
+// a ^ b of the round before; a round may leave its Maj in majority for the next one to add to a.
 template<class Family>
 struct Sha2Variables {
     using Word = typename Family::Word;
@@ -42,21 +43,19 @@ struct Sha2Variables {
         : a(state[0]), b(state[1]), c(state[2]), d(state[3]), e(state[4]), f(state[5]), g(state[6]),
           h(state[7]), bXorC(b ^ c), majority(0) {}
 
-    ZUL_ALWAYS_INLINE void add_to(Word* state) const {
-        add_words(state, a + majority, b, c, d, e, f, g, h);
-    }
+    ZUL_ALWAYS_INLINE void add_to(Word* state) const { add_words(state, a + majority, b, c, d, e, f, g, h); }
 };
 
 template<class Family>
 struct Sha2PortableRound {
     using Word = typename Family::Word;
 
-    ZUL_ALWAYS_INLINE static void round(Word& a, Word b, Word& d, Word e, Word f, Word g, Word& h, Word& bXorC,
-                                        Word&, const Word& input) {
+    ZUL_ALWAYS_INLINE static void round(Word& a, Word b, Word& d, Word e, Word f, Word g, Word& h,
+                                        Word& bXorC, Word&, const Word& input) {
         constexpr auto& r0 = Family::kBigSigma0;
         constexpr auto& r1 = Family::kBigSigma1;
-        // The two halves of Ch have no bit in common, so that they can be added one after the other, which keeps
-        // them off the longest path.
+        // The two halves of Ch have no bit in common, so that they can be added one after the other, which
+        // keeps them off the longest path.
         h += input;
         h += e & f;
         h += ~e & g;
@@ -69,8 +68,8 @@ struct Sha2PortableRound {
     }
 };
 
-// sha2_round_at is round t of eight, after which every variable has its old name again. t is known when this is
-// compiled.
+// sha2_round_at is round t of eight, after which every variable has its old name again. t is known when this
+// is compiled.
 template<class Round, class Family>
 ZUL_ALWAYS_INLINE void sha2_round_at(size_t t, Sha2Variables<Family>& v, const typename Family::Word& input) {
     switch (t % 8) {

@@ -74,6 +74,7 @@ bool file_close(FileHandle file); // false if the system reports that something 
 int64_t file_read(FileHandle file, void* buffer, size_t size);
 bool file_write(FileHandle file, const void* data, size_t size); // all or false
 bool file_rewind(FileHandle file);
+bool file_empty(FileHandle file); // cuts it to no bytes
 int64_t file_length(FileHandle file);           // -1 if it has none (a pipe)
 bool file_commit(FileHandle file);              // everything written is on the disk
 bool file_lock(FileHandle file, size_t length); // the first length bytes; waits for nobody

@@ -51,12 +51,14 @@ struct Hundredths {
 
 void print_runs(Report& report, const Fips140Result& result) {
     report.print("3. Runs test:\n");
-    report.row("Length:",
-               [&](int i) { report.print("%10d%c", i + 1, i + 1 < kFips140RunLengths ? ' ' : '+'); });
-    report.row("Interval:",
-               [&](int i) { report.print("%6d-%-4d", kFips140Runs[i].low, kFips140Runs[i].high); });
-    report.row("Blocks:", [&](int i) { report.print("%10d ", result.runs[1][i]); });
-    report.row("Gaps:", [&](int i) { report.print("%10d ", result.runs[0][i]); });
+    report.print("%-10s%11d%11d%11d%11d%11d%11s\n", "Length:", 1, 2, 3, 4, 5, "6+");
+    report.row("Interval:", [&](int i) {
+        char interval[32];
+        snprintf(interval, sizeof interval, "%d-%d", kFips140Runs[i].low, kFips140Runs[i].high);
+        report.print("%11s", interval);
+    });
+    report.row("Blocks:", [&](int i) { report.print("%11d", result.runs[1][i]); });
+    report.row("Gaps:", [&](int i) { report.print("%11d", result.runs[0][i]); });
     report.verdict(result.runs_passed());
 }
 

@@ -283,6 +283,17 @@ TEST(CipherFile, RefusesDamageAndLeavesNoOutput) {
     EXPECT_EQ(test::read_text(kept), "kept");
 }
 
+TEST(CipherFile, FailureLeavesNothingUnderAnotherNameEither) {
+    const test::TempDir dir;
+    const std::string in = dir.write("in", some_bytes(200000)), out = dir.write("out", "before");
+    const std::string linked = dir.file("hard link");
+    std::filesystem::create_hard_link(out, linked);
+    EXPECT_RESULT(CIPHER_File(0, out.c_str(), in.c_str(), key.data(), iv.data(), "aes128cbc", 0),
+                  DECRYPT_ERROR);
+    EXPECT_FALSE(test::file_exists(out));
+    EXPECT_EQ(test::read_text(linked), "");
+}
+
 TEST(CipherFile, RefusesMisuseBeforeItTouchesAFile) {
     const test::TempDir dir;
     const std::string in = dir.write("in", some_bytes(64)), kept = dir.write("kept", "kept");

@@ -45,6 +45,8 @@ struct WrapCommand {
         const SecretBytes data = read_data();
         const auto call = wrap ? CIPHER_KeyWrap : CIPHER_KeyUnwrap;
         const std::string subject = wrap ? "key wrap" : "key unwrap";
+        if (data.size() > kMaxLength - 24)
+            throw UsageError("a key to wrap is less than 2 GiB long");
         SecretBytes result(data.size() + 24); // 8 bytes more with AES, 16 with Triple DES
         const int length = call(result.data(), int_length(result), data.data(), int_length(data),
                                 kekBytes.data(), int_length(kekBytes), cipher.options);

@@ -92,6 +92,10 @@ bool file_rewind(FileHandle file) {
     return lseek(descriptor(file), 0, SEEK_SET) == 0;
 }
 
+bool file_empty(FileHandle file) {
+    return ftruncate(descriptor(file), 0) == 0;
+}
+
 int64_t file_length(FileHandle file) {
     struct stat status {};
     if (fstat(descriptor(file), &status) != 0 || !S_ISREG(status.st_mode))

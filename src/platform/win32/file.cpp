@@ -86,6 +86,10 @@ bool file_rewind(FileHandle file) {
     return _lseeki64(descriptor(file), 0, SEEK_SET) == 0;
 }
 
+bool file_empty(FileHandle file) {
+    return _chsize_s(descriptor(file), 0) == 0;
+}
+
 int64_t file_length(FileHandle file) {
     if (GetFileType(system_handle(file)) != FILE_TYPE_DISK)
         return -1;

@@ -1,0 +1,174 @@
+#include <climits>
+#include <cstring>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "support/temp_dir.h"
+#include "zulcore.h"
+
+namespace {
+
+std::string hex_of(const std::vector<unsigned char>& bytes) {
+    std::string text;
+    for (const unsigned char byte : bytes)
+        for (const int digit : {byte >> 4, byte & 15})
+            text += "0123456789abcdef"[digit];
+    return text;
+}
+
+using Seed = std::vector<unsigned char>;
+
+} // namespace
+
+TEST(RngBytes, ArgumentErrorsAreNotRecorded) {
+    unsigned char out[4] = {1, 2, 3, 4};
+    struct Case {
+        unsigned char* out;
+        int size, seedSize, result;
+    };
+    const Case cases[] = {
+        {nullptr, 4, 0, -BAD_PARAM_ERROR},
+        {nullptr, 0, 0, -BAD_PARAM_ERROR},
+        {out, -1, 0, -BAD_PARAM_ERROR},
+        {out, INT_MIN, 0, -BAD_PARAM_ERROR},
+        {out, 4, -1, -BAD_PARAM_ERROR},
+        {out, 65537, 0, -PRNG_ERR_TOOBIG},
+        {out, INT_MAX, 0, -PRNG_ERR_TOOBIG},
+        {out, 0, 0, 0},
+        {out, 0, 4, 0},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(RNG_Bytes(c.out, c.size, out, c.seedSize), c.result) << c.size;
+        EXPECT_EQ(ZUL_ErrorCode(), 0) << c.size;
+    }
+    EXPECT_EQ(memcmp(out, "\1\2\3\4", 4), 0);
+}
+
+TEST(RngBytes, FillsWhatWasAskedFor) {
+    std::set<Seed> seen;
+    const unsigned char additional[1000] = {};
+    for (const int size : {16, 20, 21, 65536}) {
+        for (const int seedSize : {0, 1, 20, 21, 1000}) {
+            Seed out(static_cast<size_t>(size) + 8, 0xA5);
+            ASSERT_EQ(RNG_Bytes(out.data(), size, additional, seedSize), 0);
+            EXPECT_EQ(Seed(out.end() - 8, out.end()), Seed(8, 0xA5));
+            EXPECT_NE(Seed(out.end() - 16, out.end() - 8), Seed(8, 0xA5));
+            EXPECT_TRUE(seen.insert(out).second);
+        }
+        Seed out(static_cast<size_t>(size));
+        EXPECT_EQ(RNG_Bytes(out.data(), size, nullptr, 100), 0);
+        EXPECT_TRUE(seen.insert(out).second);
+    }
+}
+
+TEST(RngNumber, Bounds) {
+    EXPECT_EQ(RNG_Number(5, 5), 5);
+    EXPECT_EQ(RNG_Number(7, 3), 7);
+    EXPECT_EQ(RNG_Number(INT_MIN, INT_MAX), INT_MIN);
+    std::set<int> seen;
+    for (int i = 0; i < 500; i++)
+        seen.insert(RNG_Number(-10, 10));
+    EXPECT_EQ(seen.size(), 21u);
+    EXPECT_EQ(*seen.begin(), -10);
+    EXPECT_EQ(*seen.rbegin(), 10);
+}
+
+// The statistical tests fail for about one good sample in ten thousand, so a failure must come twice.
+TEST(RngTest, WritesAReportThatEndsWithItsSample) {
+    const test::TempDir dir;
+    const std::string path = dir.file("report.txt");
+    int result = RNG_Test(path.c_str(), 0);
+    if (result == -TEST_FAILED_ERROR)
+        result = RNG_Test(path.c_str(), 0);
+    ASSERT_EQ(result, 0);
+
+    const std::string report = test::read_text(path);
+    size_t at = 0;
+    for (const char* part : {"FIPS140-2 test for 20000 bits (2500 bytes)\n", "1. Monobits test n1 = ",
+                             " (9725 - 10275)\nPassed\n", "2. Poker test X = ", " (2.16 - 46.17)\nPassed\n",
+                             "3. Runs test:\n", "Blocks:", "Gaps:", "Passed\n", "4. Long runs test: Gmax = ",
+                             " Bmax = ", " (26)\nPassed\n", "Test sample was:-\n"}) {
+        at = report.find(part, at);
+        ASSERT_NE(at, std::string::npos) << part << "\n" << report;
+        at += strlen(part);
+    }
+    size_t digits = 0;
+    for (; at < report.size(); at++)
+        digits += isxdigit(static_cast<unsigned char>(report[at])) != 0;
+    EXPECT_EQ(digits, 5000u);
+}
+
+TEST(RngTest, WithoutAFileOrWithABadOne) {
+    const test::TempDir dir;
+    for (const char* none : {static_cast<const char*>(nullptr), ""}) {
+        const int result = RNG_Test(none, 0);
+        EXPECT_TRUE(result == 0 || RNG_Test(none, 0) == 0) << result;
+    }
+    const std::string longName(10000, 'n');
+    for (const std::string& bad : {dir.path(), dir.file("no/such/folder/report.txt"), longName}) {
+        int result = RNG_Test(bad.c_str(), 0);
+        if (result == -TEST_FAILED_ERROR)
+            result = RNG_Test(bad.c_str(), 0);
+        EXPECT_EQ(result, -PRNG_ERR_FILE_CREATE);
+        EXPECT_EQ(ZUL_ErrorCode(), PRNG_ERR_FILE_CREATE);
+    }
+}
+
+TEST(SeedFile, IsTakenInAndOverwritten) {
+    const test::TempDir dir;
+    Seed before(80, 0x55);
+    const std::string path = dir.write("seed", before);
+    std::set<Seed> seen{before};
+    for (int round = 0; round < 4; round++) {
+        const int result =
+            round == 0 ? RNG_Initialize(path.c_str(), -1) : RNG_UpdateSeedFile(path.c_str(), -1);
+        ASSERT_EQ(result, 0);
+        EXPECT_EQ(ZUL_ErrorCode(), 0);
+        const Seed after = test::read_file(path);
+        EXPECT_TRUE(seen.insert(after).second) << hex_of(after);
+        // What stands behind the 64 bytes is not the seed's.
+        ASSERT_EQ(after.size(), 80u);
+        EXPECT_EQ(Seed(after.begin() + 64, after.end()), Seed(16, 0x55));
+    }
+}
+
+TEST(SeedFile, Failures) {
+    const test::TempDir dir;
+    const std::string readOnly = dir.write("read-only", Seed(64, 3));
+    std::filesystem::permissions(readOnly, std::filesystem::perms::owner_read);
+    const std::string shortFile = dir.write("short", Seed(63, 3)), emptyFile = dir.write("empty", Seed());
+    const std::string longName(10000, 'n');
+    struct Case {
+        std::string path;
+        int code;
+    };
+    const Case cases[] = {
+        {dir.file("missing"), PRNG_ERR_FILE_OPEN},
+        {dir.path(), PRNG_ERR_FILE_OPEN},
+        {readOnly, PRNG_ERR_FILE_OPEN},
+        {longName, PRNG_ERR_FILE_OPEN},
+        {shortFile, PRNG_ERR_FILE_READ},
+        {emptyFile, PRNG_ERR_FILE_READ},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(RNG_Initialize(c.path.c_str(), 0), -c.code) << c.path;
+        EXPECT_EQ(ZUL_ErrorCode(), c.code);
+        EXPECT_EQ(RNG_UpdateSeedFile(c.path.c_str(), 0), -c.code) << c.path;
+        EXPECT_EQ(ZUL_ErrorCode(), c.code);
+    }
+    EXPECT_EQ(test::read_file(shortFile), Seed(63, 3));
+    EXPECT_EQ(test::read_file(readOnly), Seed(64, 3));
+    std::filesystem::permissions(readOnly, std::filesystem::perms::owner_all);
+    EXPECT_FALSE(test::file_exists(dir.file("missing")));
+
+    EXPECT_EQ(RNG_Initialize(nullptr, 0), -PRNG_ERR_BADPARAM);
+    EXPECT_EQ(ZUL_ErrorCode(), PRNG_ERR_BADPARAM);
+    EXPECT_EQ(RNG_Initialize("", 0), -PRNG_ERR_FILE_OPEN);
+    for (const char* none : {static_cast<const char*>(nullptr), ""}) {
+        EXPECT_EQ(RNG_UpdateSeedFile(none, 0), -BAD_PARAM_ERROR);
+        EXPECT_EQ(ZUL_ErrorCode(), 0);
+    }
+}

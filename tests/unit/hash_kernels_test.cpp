@@ -1,0 +1,221 @@
+#include <algorithm>
+#include <cstring>
+#include <gtest/gtest.h>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "frame/memory_hooks.h"
+#include "hash/digest.h"
+#include "hash/hex_message.h"
+#include "hash/sha1_kernels.h"
+#include "hash/sha256_kernels.h"
+#include "hash/sha512_kernels.h"
+#include "platform/cpu.h"
+#include "support/temp_dir.h"
+#include "support/vectors.h"
+
+namespace zul {
+
+namespace {
+
+using Bytes = std::vector<uint8_t>;
+
+// What each digest should run on when the features are hidden, on a processor that has the needed ones.
+struct Level {
+    uint32_t needed, hidden;
+    const char *sha1, *sha256, *sha512;
+};
+
+constexpr Level kLevels[] = {
+    {kCpuShani | kCpuSsse3 | kCpuAvx2, 0, "sha-ni", "sha-ni", "avx2"},
+    {kCpuAvx2, kCpuShani, "avx2", "avx2", "avx2"},
+    {0, kCpuShani | kCpuAvx2, "portable", "portable", "portable"},
+};
+
+// The tests of this fixture run once for each level, and each proves which kernels it has run.
+class HashKernels : public testing::TestWithParam<Level> {
+  protected:
+    void SetUp() override {
+        if (!cpu_has(GetParam().needed))
+            GTEST_SKIP() << "this processor does not have it";
+        cpu_mask_features(GetParam().hidden);
+        ASSERT_STREQ(sha1_kernel(), GetParam().sha1);
+        ASSERT_STREQ(sha256_kernel(), GetParam().sha256);
+        ASSERT_STREQ(sha512_kernel(), GetParam().sha512);
+    }
+    void TearDown() override { cpu_mask_features(0); }
+};
+
+std::string digest_hex(const void* data, size_t size, int algorithm) {
+    uint8_t digest[kMaxDigestSize];
+    const int length = hash_bytes(digest, kMaxDigestSize, data, static_cast<int64_t>(size), algorithm);
+    return length < 0 ? "error" : test::to_hex(digest, static_cast<size_t>(length));
+}
+
+// The sequence that tests/data/hash/long_openssl.txt describes.
+Bytes sequence(size_t size) {
+    Bytes bytes(size);
+    uint32_t x = 1;
+    for (uint8_t& byte : bytes) {
+        x = x * 1103515245 + 12345;
+        byte = static_cast<uint8_t>(x >> 24);
+    }
+    return bytes;
+}
+
+// Calls a kernel itself, whatever the dispatcher would choose.
+template<class Word, size_t StateWords>
+void expect_same_as_portable(void (*kernel)(Word*, const uint8_t*, size_t),
+                             void (*portable)(Word*, const uint8_t*, size_t)) {
+    const Bytes data = sequence(16 * sizeof(Word) * 27 + 1);
+    for (size_t blocks = 0; blocks <= 27; blocks++) {
+        Word expected[StateWords], state[StateWords];
+        for (size_t i = 0; i < StateWords; i++)
+            expected[i] = state[i] = static_cast<Word>(0x9e3779b97f4a7c15u * (blocks + i + 1));
+        portable(expected, data.data() + 1, blocks);
+        kernel(state, data.data() + 1, blocks);
+        EXPECT_TRUE(std::equal(state, state + StateWords, expected)) << blocks << " blocks";
+    }
+}
+
+} // namespace
+
+INSTANTIATE_TEST_SUITE_P(Levels, HashKernels, testing::ValuesIn(kLevels),
+                         [](const auto& level) { return "Hidden" + std::to_string(level.param.hidden); });
+
+TEST_P(HashKernels, MeetTheStandards) {
+    for (const char* file : {"hash/sha_fips180.txt", "hash/md_rfc.txt"}) {
+        for (const auto& v : test::read_vectors(file)) {
+            SCOPED_TRACE(v.where());
+            std::string message;
+            for (long long times = v.number("Times"); times > 0; times--)
+                message += v.text("Message");
+            const auto algorithm = static_cast<int>(v.number("Algorithm"));
+            EXPECT_EQ(digest_hex(message.data(), message.size(), algorithm), v.text("Digest"));
+            if (algorithm == kDigestSha1) {
+                EXPECT_EQ(digest_hex(message.data(), message.size(), kDigestSha1Rng), v.text("Digest"));
+            }
+        }
+    }
+}
+
+TEST_P(HashKernels, MeetOpensslAroundBlocksAndGroups) {
+    const std::map<std::string, int> algorithms = {{"MD5", kDigestMd5},        {"SHA-1", kDigestSha1},
+                                                   {"SHA-224", kDigestSha224}, {"SHA-256", kDigestSha256},
+                                                   {"SHA-384", kDigestSha384}, {"SHA-512", kDigestSha512}};
+    for (const auto& v : test::read_vectors("hash/long_openssl.txt")) {
+        const Bytes message = sequence(static_cast<size_t>(v.number("Length")));
+        for (const auto& [name, algorithm] : algorithms)
+            EXPECT_EQ(digest_hex(message.data(), message.size(), algorithm), v.text(name))
+                << v.where() << " " << name;
+    }
+}
+
+TEST_P(HashKernels, GiveTheSameForEverySplit) {
+    const Bytes message = sequence(1500);
+    for (int algorithm = 0; algorithm < 8; algorithm++) {
+        const auto block = static_cast<size_t>(digest_block_size(algorithm));
+        // Two cuts: every first part to beyond two blocks, second parts below, at and above one and ten
+        // blocks.
+        for (size_t first = 0; first <= 2 * block + 1; first++) {
+            for (const size_t second : {size_t{0}, size_t{1}, block - 1, block, block + 1, 10 * block}) {
+                const size_t total = std::min(first + second + 3, message.size());
+                const size_t middle = std::min(second, total - first);
+                DigestContext context;
+                ASSERT_EQ(digest_init(context, algorithm), 0);
+                digest_update(context, message.data(), first);
+                digest_update(context, message.data() + first, middle);
+                digest_update(context, message.data() + first + middle, total - first - middle);
+                uint8_t digest[kMaxDigestSize];
+                const auto length = static_cast<size_t>(digest_final(context, digest));
+                ASSERT_EQ(test::to_hex(digest, length), digest_hex(message.data(), total, algorithm))
+                    << algorithm << ": " << first << ", " << middle << " of " << total;
+            }
+        }
+    }
+}
+
+#if ZUL_X86_64
+TEST(HashKernelFunctions, EqualThePortableOnes) {
+    if (sha1_has_shani())
+        expect_same_as_portable<uint32_t, 5>(sha1_compress_shani, sha1_compress_portable);
+    if (sha1_has_avx2())
+        expect_same_as_portable<uint32_t, 5>(sha1_compress_avx2, sha1_compress_portable);
+    if (sha256_has_shani())
+        expect_same_as_portable<uint32_t, 8>(sha256_compress_shani, sha256_compress_portable);
+    if (sha256_has_avx2())
+        expect_same_as_portable<uint32_t, 8>(sha256_compress_avx2, sha256_compress_portable);
+    if (sha512_has_avx2())
+        expect_same_as_portable<uint64_t, 8>(sha512_compress_avx2, sha512_compress_portable);
+}
+#endif
+
+// A length whose bits do not fit the lower half of the length field; the carry would show after 2^29 and 2^61
+// bytes.
+TEST(HashLength, IsCountedInBitsAcrossWords) {
+    for (const uint64_t length : {uint64_t{1} << 29, (uint64_t{1} << 29) + 55, (uint64_t{5} << 32) + 56}) {
+        BlockDigestContext<uint32_t, 1, 64> context{{0}, length, {}};
+        Bytes last;
+        block_digest_pad<std::endian::big>(
+            context, [&](uint32_t*, const uint8_t* block, size_t) { last.assign(block, block + 64); });
+        uint64_t bits = 0;
+        for (size_t i = 56; i < 64; i++)
+            bits = bits << 8 | last[i];
+        EXPECT_EQ(bits, length * 8);
+    }
+}
+
+TEST(HashContexts, AreWipedWhenTheyEnd) {
+    const Bytes message = sequence(200);
+    for (int algorithm = 0; algorithm < 8; algorithm++) {
+        DigestContext context;
+        memset(static_cast<void*>(&context), 0, sizeof context);
+        digest_init(context, algorithm);
+        digest_update(context, message.data(), message.size());
+        uint8_t digest[kMaxDigestSize];
+        digest_final(context, digest);
+        context.algorithm = 0;
+        const auto* bytes = reinterpret_cast<const uint8_t*>(&context);
+        EXPECT_TRUE(std::all_of(bytes, bytes + sizeof context, [](uint8_t b) { return b == 0; }))
+            << algorithm;
+    }
+}
+
+TEST(HexMessages, AreWipedBeforeTheyAreFreed) {
+    static int wiped, dirty;
+    wiped = dirty = 0;
+    MemoryHooks hooks;
+    hooks.freed = [](void* block) {
+        const auto* bytes = static_cast<const uint8_t*>(block);
+        (std::count(bytes, bytes + 4, 0) == 4 ? wiped : dirty)++;
+    };
+    memory_set_hooks(hooks);
+    {
+        SecretBuffer key, message, damaged;
+        EXPECT_EQ(decode_hex_key(key, "a1A2b3C4d5"), 0);
+        EXPECT_EQ(key.size(), 5u);
+        EXPECT_EQ(decode_hex_message(message, "0102030405"), 0);
+        EXPECT_EQ(decode_hex_message(damaged, "01020304x5"), 0);
+        EXPECT_TRUE(damaged.empty());
+    }
+    memory_set_hooks({});
+    EXPECT_EQ(wiped, 3);
+    EXPECT_EQ(dirty, 0);
+}
+
+TEST(HashNumbers, OutsideTheTableAreRefused) {
+    uint8_t digest[kMaxDigestSize];
+    for (const int algorithm : {-1, 8, 15, 16, 0x10000}) {
+        DigestContext context;
+        EXPECT_EQ(digest_init(context, algorithm), -BAD_FLAG_ERROR);
+        EXPECT_EQ(digest_length(algorithm), -BAD_FLAG_ERROR);
+        EXPECT_EQ(digest_block_size(algorithm), -BAD_FLAG_ERROR);
+        EXPECT_EQ(hash_bytes(digest, 64, "", 0, algorithm), -BAD_FLAG_ERROR);
+        EXPECT_EQ(hash_bytes(digest, 64, "", -1, algorithm), -BAD_PARAM_ERROR);
+    }
+    EXPECT_EQ(hash_bytes(digest, 64, nullptr, 0, kDigestMd5), 16);
+    EXPECT_EQ(test::to_hex(digest, 16), "d41d8cd98f00b204e9800998ecf8427e");
+}
+
+} // namespace zul

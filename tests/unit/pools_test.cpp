@@ -1,0 +1,143 @@
+#include <cstring>
+#include <gtest/gtest.h>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "rng/pools.h"
+#include "support/vectors.h"
+
+using namespace zul;
+
+namespace {
+
+constexpr uint64_t kMillisecond = 10000;
+
+// Pool contents as plain bytes, digested only when a pool is drained.
+struct ExpectedPools {
+    std::string pools[EntropyPools::kPools];
+    unsigned next[7] = {};
+
+    void add(EntropySource source, const std::string& data) {
+        unsigned& pool = next[static_cast<size_t>(source)];
+        pools[pool] += static_cast<char>(source);
+        pools[pool] += static_cast<char>(data.size());
+        pools[pool] += data;
+        pool = (pool + 1) % EntropyPools::kPools;
+    }
+    std::string drain(unsigned pool) {
+        Sha1Context context;
+        uint8_t digest[kSha1Size];
+        sha1_init(context);
+        sha1_update(context, pools[pool].data(), pools[pool].size());
+        sha1_final(context, digest);
+        pools[pool].clear();
+        return test::to_hex(digest, sizeof digest);
+    }
+};
+
+std::string gather(EntropyPools& pools) {
+    uint8_t out[EntropyPools::kMaxYield];
+    const size_t size = pools.gather(true, 0, out);
+    return test::to_hex(out, size);
+}
+
+} // namespace
+
+TEST(EntropyPools, DrainPoolIAtEveryReseedDivisibleByTwoToTheI) {
+    EntropyPools pools;
+    pools.reset();
+    ExpectedPools expected;
+    std::minstd_rand random(1);
+    for (unsigned reseed = 1; reseed <= 72; reseed++) {
+        for (unsigned n = 0; n < 50; n++) {
+            const auto source = static_cast<EntropySource>(random() % 7);
+            const std::string data(random() % 50, static_cast<char>(n)); // longer ones are cut
+            pools.add(source, data.data(), data.size());
+            expected.add(source, data.substr(0, 32));
+        }
+        std::string yield;
+        for (unsigned i = 0; i < 32 && reseed % (1ull << i) == 0; i++)
+            yield += expected.drain(i);
+        ASSERT_EQ(gather(pools), yield) << "reseed " << reseed;
+        EXPECT_EQ(pools.reseed_count(), reseed);
+    }
+}
+
+TEST(EntropyPools, TakeReadingsInBatchesAsOneByOne) {
+    std::vector<uint32_t> readings(700);
+    for (size_t i = 0; i < readings.size(); i++)
+        readings[i] = static_cast<uint32_t>(i * 2654435761u);
+    EntropyPools batches, single;
+    batches.reset();
+    single.reset();
+    size_t start = 0;
+    for (const size_t count :
+         {size_t{1}, size_t{0}, size_t{31}, size_t{32}, size_t{33}, size_t{256}, size_t{257}}) {
+        batches.add_readings(EntropySource::ticks, &readings[start], count);
+        for (size_t i = 0; i < count; i++)
+            single.add(EntropySource::ticks, &readings[start + i], 4);
+        start += count;
+    }
+    for (int reseed = 1; reseed <= 64; reseed++)
+        ASSERT_EQ(gather(batches), gather(single)) << reseed;
+}
+
+TEST(EntropyPools, ElapsedTime) {
+    constexpr uint64_t kHigh = 1ull << 32;
+    struct Case {
+        uint64_t from, to;
+        int64_t milliseconds;
+    };
+    const Case cases[] = {
+        {0, 0, 0},
+        {5 * kHigh, 5 * kHigh + 100 * kMillisecond, 100},
+        {5 * kHigh, 5 * kHigh + 101 * kMillisecond - 1, 100},
+        {5 * kHigh + 300 * kMillisecond, 5 * kHigh, -300},
+        {kHigh, 2 * kHigh - 1, 429496}, // the longest within one high part
+        {kHigh - 1, kHigh, 10000},      // the shortest across two
+        {kHigh, kHigh - 1, -10000},
+        {0, UINT64_MAX, 10000},
+        {UINT64_MAX, 0, -10000},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(elapsed_milliseconds(c.from, c.to), c.milliseconds) << c.from << " " << c.to;
+}
+
+TEST(EntropyPools, ReseedIsDue) {
+    constexpr uint64_t kNow = 1000ull << 32 | 1u << 31;
+    struct Case {
+        uint32_t count;
+        uint64_t poolZeroBytes, last;
+        bool due;
+    };
+    const Case cases[] = {
+        {0, 0, kNow, true}, // the first one
+        {1, 32, kNow - 101 * kMillisecond, true},
+        {1, 31, kNow - 101 * kMillisecond, false},
+        {1, 32, kNow - 100 * kMillisecond, false},
+        {1, 32, kNow, false},
+        {1, 32, kNow + 50 * kMillisecond, false}, // a clock slightly adjusted
+        {1, 32, kNow + 101 * kMillisecond, true}, // a clock set back
+        {1, 32, kNow + (1ull << 40), true},
+        {1, 32, 0, true},
+        {UINT32_MAX, 31, 0, false},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(reseed_is_due(c.count, c.poolZeroBytes, c.last, kNow), c.due)
+            << c.count << " " << c.poolZeroBytes << " " << c.last;
+}
+
+TEST(EntropyPools, CountWhatPoolZeroTakesIn) {
+    EntropyPools pools;
+    pools.reset();
+    uint8_t out[EntropyPools::kMaxYield];
+    constexpr uint64_t kLater = 200 * kMillisecond;
+    EXPECT_EQ(pools.gather(false, 0, out), kSha1Size); // the first is always due
+    const uint32_t values[6 * 32] = {};
+    pools.add_readings(EntropySource::time, values, 5 * 32); // 30 bytes for each pool
+    EXPECT_EQ(pools.gather(false, kLater, out), 0u);
+    pools.add(EntropySource::ticks, values, 4); // the source's first event: pool 0
+    EXPECT_EQ(pools.gather(false, kLater, out), 2 * kSha1Size);
+    EXPECT_EQ(pools.gather(false, 2 * kLater, out), 0u); // drained: the count starts again
+}

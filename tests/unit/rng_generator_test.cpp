@@ -1,0 +1,289 @@
+#include <array>
+#include <atomic>
+#include <climits>
+#include <cstring>
+#include <gtest/gtest.h>
+#include <set>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "frame/call_frame.h"
+#include "frame/file_stream.h"
+#include "frame/thread_record.h"
+#include "rng/accumulator.h"
+#include "rng/generator.h"
+#include "rng/rng.h"
+#include "rng/seed_file.h"
+#include "support/temp_dir.h"
+#include "zulcore.h"
+
+#ifndef _WIN32
+#include <sys/wait.h>
+#include <unistd.h>
+#endif
+
+using namespace zul;
+
+namespace {
+
+using Block = std::array<uint8_t, 16>;
+
+Block draw() {
+    Block block{};
+    EXPECT_EQ(rng_bytes(block.data(), block.size()), 0);
+    return block;
+}
+
+bool is_zero(const void* data, size_t size) {
+    const auto* bytes = static_cast<const uint8_t*>(data);
+    for (size_t i = 0; i < size; i++)
+        if (bytes[i] != 0)
+            return false;
+    return true;
+}
+
+// plant_next_block makes the next output of a generator look like a repetition. Additional input of the
+// request, if any, must be the same.
+void plant_next_block(RngState& state, const AdditionalInput& additional = {}) {
+    DrbgState copy = state.drbg;
+    drbg_generate(copy, state.continuousBlock, sizeof state.continuousBlock, additional);
+}
+
+} // namespace
+
+TEST(Generator, ContinuousTestCatchesARepeatedBlock) {
+    RngState state{};
+    ASSERT_EQ(generator_make_ready(state), 0);
+    uint8_t out[40];
+    ASSERT_EQ(generator_produce(state, out, sizeof out, {}), 0);
+
+    const AdditionalInput additional("abc", 3);
+    plant_next_block(state, additional);
+    EXPECT_EQ(generator_produce(state, out, sizeof out, additional), -PRNG_ERR_CATASTROPHIC);
+    EXPECT_TRUE(is_zero(out, sizeof out));
+
+    plant_next_block(state);
+    EXPECT_EQ(generator_produce(state, out, 8, {}), -PRNG_ERR_CATASTROPHIC);
+    EXPECT_EQ(generator_produce(state, out, 8, {}), 0);
+
+    // A short output is compared with zeros after it.
+    plant_next_block(state);
+    EXPECT_EQ(generator_produce(state, out, 7, {}), 0);
+    plant_next_block(state);
+    state.continuousBlock[7] = 0;
+    EXPECT_EQ(generator_produce(state, out, 7, {}), -PRNG_ERR_CATASTROPHIC);
+    rng_release_thread(state);
+}
+
+TEST(Generator, CountsAndUpdatesAsDocumented) {
+    RngState state{};
+    ASSERT_EQ(generator_make_ready(state), 0);
+    EXPECT_EQ(state.drbg.reseedCounter, 2u); // the first continuous block has been drawn
+
+    // One request: the output, the next continuous block, an update with the additional input.
+    const AdditionalInput additional("0123456789", 10);
+    DrbgState expected = state.drbg;
+    uint8_t out[21], expectedOut[21], block[8];
+    drbg_generate(expected, expectedOut, sizeof expectedOut, additional);
+    drbg_generate(expected, block, sizeof block, {});
+    drbg_update(expected, additional);
+    ASSERT_EQ(generator_produce(state, out, sizeof out, additional), 0);
+    EXPECT_EQ(memcmp(out, expectedOut, sizeof out), 0);
+    EXPECT_EQ(memcmp(state.continuousBlock, block, sizeof block), 0);
+    EXPECT_EQ(memcmp(&state.drbg, &expected, sizeof expected), 0);
+    rng_release_thread(state);
+    EXPECT_TRUE(is_zero(&state, sizeof state));
+}
+
+TEST(Generator, ReseedsWhenItHasServedItsInterval) {
+    draw();
+    rng_state()->drbg.reseedCounter = 0x40000000;
+    draw();
+    EXPECT_LT(rng_state()->drbg.reseedCounter, 8u);
+}
+
+TEST(Generator, TwoInstancesDiffer) {
+    RngState a{}, b{};
+    ASSERT_EQ(generator_make_ready(a), 0);
+    ASSERT_EQ(generator_make_ready(b), 0);
+    EXPECT_NE(memcmp(a.drbg.key, b.drbg.key, sizeof a.drbg.key), 0);
+    EXPECT_NE(memcmp(a.continuousBlock, b.continuousBlock, sizeof a.continuousBlock), 0);
+    const uint32_t personalisation = next_personalisation();
+    EXPECT_EQ(next_personalisation(), personalisation + 1);
+    rng_release_thread(a);
+    rng_release_thread(b);
+}
+
+TEST(Generator, LimitsOfARequest) {
+    std::vector<uint8_t> buffer(kMaxRandomRequest + 1, 0xA5);
+    EXPECT_EQ(rng_bytes(buffer.data(), kMaxRandomRequest + 1), -PRNG_ERR_TOOBIG);
+    EXPECT_EQ(rng_bytes(buffer.data(), SIZE_MAX), -PRNG_ERR_TOOBIG);
+    EXPECT_EQ(buffer, std::vector<uint8_t>(buffer.size(), 0xA5));
+    EXPECT_EQ(rng_bytes(buffer.data(), kMaxRandomRequest), 0);
+    EXPECT_EQ(buffer[kMaxRandomRequest], 0xA5);
+    EXPECT_EQ(rng_bytes(nullptr, 0), 0);
+}
+
+TEST(Stir, StagesCheaplyAndEntersWhatItStaged) {
+    RngState& state = *rng_state();
+    rng_stir(1);
+    EXPECT_EQ(state.stagedCalls, 0u);
+    rng_stir(0);
+    rng_stir(2); // no such set of readings
+    EXPECT_EQ(state.stagedCalls, 1u);
+    EXPECT_NE(state.stagedTime[0], 0u);
+    for (uint32_t i = 1; i < RngState::kStagedCalls; i++)
+        rng_stir(0);
+    EXPECT_EQ(state.stagedCalls, RngState::kStagedCalls);
+    rng_stir(0);
+    EXPECT_EQ(state.stagedCalls, 1u);
+
+    uint8_t out[EntropyPools::kMaxYield];
+    EXPECT_GE(accumulator_gather(state, true, out), kSha1Size);
+    EXPECT_EQ(state.stagedCalls, 0u);
+}
+
+TEST(Threads, NeverDrawTheSameBlock) {
+    constexpr size_t kThreads = 8, kBlocks = 400;
+    std::vector<std::vector<Block>> drawn(kThreads);
+    std::vector<std::thread> threads;
+    for (size_t t = 0; t < kThreads; t++)
+        threads.emplace_back([&drawn, t] {
+            for (size_t i = 0; i < kBlocks; i++) {
+                drawn[t].push_back(draw());
+                if (i % 100 == 0)
+                    rng_stir(1);
+            }
+        });
+    for (std::thread& thread : threads)
+        thread.join();
+    std::set<Block> different;
+    for (const std::vector<Block>& blocks : drawn)
+        different.insert(blocks.begin(), blocks.end());
+    EXPECT_EQ(different.size(), kThreads * kBlocks);
+}
+
+TEST(RngNumber, StaysWithinItsBoundsAndReachesThem) {
+    struct Case {
+        int lower, upper;
+        unsigned values; // 0: too many to be seen
+    };
+    const Case cases[] = {
+        {5, 5, 1},
+        {0, 1, 2},
+        {-10, 10, 21},
+        {7, 14, 8}, // a power of two
+        {INT_MAX - 2, INT_MAX, 3},
+        {INT_MIN, INT_MIN + 2, 3},
+        {-1, 0x3FFFFFFF, 0},
+        {INT_MIN + 1, -2, 0}, // needs 31 bits, the most that are served
+    };
+    for (const Case& c : cases) {
+        std::set<int> seen;
+        for (int i = 0; i < 400; i++) {
+            const int value = rng_number(c.lower, c.upper);
+            ASSERT_GE(value, c.lower);
+            ASSERT_LE(value, c.upper);
+            seen.insert(value);
+        }
+        if (c.values != 0) {
+            EXPECT_EQ(seen.size(), c.values) << c.lower << " " << c.upper;
+        } else {
+            EXPECT_GT(seen.size(), 390u) << c.lower << " " << c.upper;
+        }
+    }
+}
+
+TEST(RngNumber, GivesTheLowerBoundWithoutARangeOrWithOneOf32Bits) {
+    const int cases[][2] = {{7, 3}, {INT_MAX, INT_MIN}, {INT_MIN, INT_MAX}, {0, INT_MAX}, {-5, INT_MAX - 1}};
+    for (const auto& c : cases)
+        for (int i = 0; i < 5; i++)
+            EXPECT_EQ(rng_number(c[0], c[1]), c[0]) << c[1];
+}
+
+TEST(RngNumber, IsUniform) {
+    constexpr int kDraws = 6000;
+    std::array<int, 6> counts{};
+    for (int i = 0; i < kDraws; i++)
+        counts[static_cast<size_t>(rng_number(1, 6) - 1)]++;
+    double chiSquare = 0;
+    for (const int count : counts)
+        chiSquare += (count - kDraws / 6.0) * (count - kDraws / 6.0) / (kDraws / 6.0);
+    EXPECT_LT(chiSquare, 40); // 5 degrees of freedom: passed by chance but once in 5 million
+}
+
+TEST(SeedFile, IsLeftAloneWhileSomebodyHoldsItsLock) {
+    const test::TempDir dir;
+    const std::vector<uint8_t> seed(kSeedSize, 7);
+    const std::string path = dir.write("seed", seed);
+    {
+        const File other(path.c_str(), platform::OpenMode::update);
+        ASSERT_TRUE(platform::file_lock(other.handle(), kSeedSize));
+        EXPECT_EQ(seed_file_update(path.c_str()), -PRNG_ERR_FILE_LOCK);
+    }
+    EXPECT_EQ(test::read_file(path), seed);
+    EXPECT_EQ(seed_file_update(path.c_str()), 0);
+    EXPECT_NE(test::read_file(path), seed);
+    // The update has given its lock back.
+    const File other(path.c_str(), platform::OpenMode::update);
+    EXPECT_TRUE(platform::file_lock(other.handle(), kSeedSize));
+}
+
+TEST(SeedFile, ReseedsTheGenerator) {
+    const test::TempDir dir;
+    const std::string path = dir.write("seed", std::vector<uint8_t>(kSeedSize, 7));
+    draw();
+    rng_state()->drbg.reseedCounter = 1000;
+    ASSERT_EQ(seed_file_update(path.c_str()), 0);
+    EXPECT_LT(rng_state()->drbg.reseedCounter, 1000u);
+}
+
+#ifndef _WIN32
+
+TEST(Fork, ChildNeverRepeatsItsParent) {
+    draw();
+    int pipes[2];
+    ASSERT_EQ(pipe(pipes), 0);
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        Block block{};
+        const bool done = rng_bytes(block.data(), block.size()) == 0 &&
+                          write(pipes[1], block.data(), block.size()) == ssize_t{block.size()};
+        _exit(done ? 0 : 1);
+    }
+    // Parent and child go on from the same state.
+    const Block ours = draw();
+    Block theirs{};
+    EXPECT_EQ(read(pipes[0], theirs.data(), theirs.size()), ssize_t{theirs.size()});
+    int status = -1;
+    EXPECT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
+    EXPECT_NE(ours, theirs);
+    close(pipes[0]);
+    close(pipes[1]);
+}
+
+TEST(GeneratorDeathTest, AFailureInAnExportEndsTheProcess) {
+    // A reseed that happens to be due replaces the state for which the block was planted: hence the attempts.
+    const auto fail = [](bool number) {
+        uint8_t out[16];
+        RNG_Bytes(out, sizeof out, nullptr, 0);
+        for (int attempt = 0; attempt < 100; attempt++) {
+            plant_next_block(*rng_state());
+            if (number) {
+                // A number takes 4 bytes.
+                memset(rng_state()->continuousBlock + 4, 0, 4);
+                RNG_Number(1, 6);
+            } else {
+                RNG_Bytes(out, sizeof out, nullptr, 0);
+            }
+        }
+        _exit(0);
+    };
+    EXPECT_EXIT(fail(false), testing::ExitedWithCode(1), "RNG failed continuous testing");
+    EXPECT_EXIT(fail(true), testing::ExitedWithCode(1), "RNG failed continuous testing");
+}
+
+#endif
