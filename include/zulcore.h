@@ -229,7 +229,8 @@ ZUL_API int PEM_FileToBinFile(const char* szFileOut, const char* szFileIn);
 ZUL_API int HASH_Bytes(unsigned char* lpDigest, int nDigLen, const void* lpMessage, int nMsgLen,
                        int nOptions);
 
-/* HASH_File writes the digest of a file of any size; with ZUL_HASH_MODE_TEXT each CR LF counts as LF.
+/* HASH_File writes the digest of a file of any size; with ZUL_HASH_MODE_TEXT each CR LF counts as LF
+ * (and on Windows Ctrl-Z ends the file).
  * Length in bytes. Query (the file must exist all the same). -OPEN_ERROR. */
 ZUL_API int HASH_File(unsigned char* lpDigest, int nDigLen, const char* szFileName, int nOptions);
 
@@ -365,8 +366,8 @@ ZUL_API int RNG_Number(int nLower, int nUpper);
 
 /* RNG_Test runs the generator's known-answer test and the four statistical tests of FIPS 140-2 on 20,000
  * fresh bits, and writes a report if szFileName is not null or empty. nOptions is ignored.
- * 0, -TEST_FAILED_ERROR (a statistical test), -PRNG_ERR_CATASTROPHIC (the known answer) or
- * -PRNG_ERR_FILE_CREATE. */
+ * 0, -TEST_FAILED_ERROR (a statistical test), -PRNG_ERR_CATASTROPHIC (the known answer),
+ * -PRNG_ERR_FILE_CREATE or -PRNG_ERR_FILE_WRITE. */
 ZUL_API int RNG_Test(const char* szFileName, int nOptions);
 
 /* RNG_Initialize instantiates the thread's generator and takes in a seed file of 64 bytes, which it then

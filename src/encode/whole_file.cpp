@@ -23,7 +23,7 @@ int read_whole_file(const char* path, SecretBuffer& content) {
     if (length >= 0) {
         auto size = static_cast<size_t>(length);
         SecretBuffer whole(size + 1);
-        if (platform::file_read(file.handle(), whole.data(), size) == length) {
+        if (platform::file_read(file.handle(), whole.data(), size) == size) {
             whole.shrink(size);
             content = std::move(whole);
             return 0;

@@ -24,10 +24,8 @@ FileReader::FileReader(const char* path, bool text)
 }
 
 void FileReader::fill() {
-    const int64_t got = platform::file_read(file_.handle(), buffer_.data() + 1, kStreamBuffer);
-    failed_ = got < 0;
     next_ = 1;
-    filled_ = failed_ ? 1 : 1 + static_cast<size_t>(got);
+    filled_ = 1 + platform::file_read(file_.handle(), buffer_.data() + 1, kStreamBuffer, &failed_);
     atEnd_ = filled_ < buffer_.size();
     if (folds_)
         fold_line_ends();

@@ -36,8 +36,7 @@ bool read_back(File& file, int64_t length, const uint8_t* pattern) {
     uint8_t chunk[kChunk];
     for (int64_t remaining = length; remaining > 0;) {
         const size_t size = chunk_of(remaining);
-        if (platform::file_read(file.handle(), chunk, size) != static_cast<int64_t>(size) ||
-            memcmp(chunk, pattern, size) != 0)
+        if (platform::file_read(file.handle(), chunk, size) != size || memcmp(chunk, pattern, size) != 0)
             return false;
         remaining -= static_cast<int64_t>(size);
     }

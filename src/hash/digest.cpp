@@ -125,6 +125,9 @@ int hash_bytes(uint8_t* out, int outMax, const void* data, int64_t length, int a
     return digest_result(out, outMax, digest.data(), digest_final(context, digest.data()));
 }
 
+// Portions that keep the kernels busy which work on groups of blocks.
+static constexpr size_t kFileChunk = 16 * 1024;
+
 int hash_file(uint8_t* out, int outMax, const char* path, int options) {
     FileReader file(path, (options & ZUL_HASH_MODE_TEXT) != 0);
     if (!file.is_open())
@@ -135,7 +138,7 @@ int hash_file(uint8_t* out, int outMax, const char* path, int options) {
         return digestLength;
     DigestContext context;
     digest_init(context, algorithm);
-    Secret<1024> chunk;
+    Secret<kFileChunk> chunk;
     size_t size;
     do {
         size = file.read(chunk.data(), chunk.size());

@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <immintrin.h>
 
-#include "frame/wipe.h"
 #include "platform/target.h"
 
 // Message schedules of several blocks side by side, for kernels with AVX2: a vector register holds one word
@@ -94,7 +93,17 @@ class LaneSchedules {
     LaneSchedules() = default;
     LaneSchedules(const LaneSchedules&) = delete;
     LaneSchedules& operator=(const LaneSchedules&) = delete;
-    ~LaneSchedules() { wipe_bytes(this, sizeof *this); }
+    // Wipes by whole vectors: with some thousand bytes in every call, however short its message, wipe_bytes
+    // would show.
+    ZUL_TARGET_AVX2 ~LaneSchedules() {
+        for (auto& group : rows_) {
+            for (Row& row : group) {
+                store_vector(row.words, _mm256_setzero_si256());
+                store_vector(row.inputs, _mm256_setzero_si256());
+            }
+        }
+        __asm__ volatile("" : : "r"(rows_) : "memory"); // so that the stores are not dropped
+    }
 
     // begin makes the first 16 rows of the next group, of 1 to kLanes blocks. In a group that is not full
     // some lanes repeat its last block.

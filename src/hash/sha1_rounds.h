@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "frame/wipe.h"
 #include "hash/digest_words.h"
 #include "platform/target.h"
 
@@ -78,8 +79,8 @@ ZUL_ALWAYS_INLINE void sha1_scalar_quarter(Sha1Variables& v, uint32_t (&w)[16], 
 
 // sha1_compress_scalar absorbs whole blocks, one after the other, in general registers.
 ZUL_ALWAYS_INLINE void sha1_compress_scalar(uint32_t* state, const uint8_t* data, size_t blocks) {
+    uint32_t w[16];
     for (; blocks > 0; blocks--, data += 64) {
-        uint32_t w[16];
         Sha1Variables v(state);
         sha1_scalar_quarter<0>(v, w, data);
         sha1_scalar_quarter<1>(v, w, data);
@@ -87,6 +88,7 @@ ZUL_ALWAYS_INLINE void sha1_compress_scalar(uint32_t* state, const uint8_t* data
         sha1_scalar_quarter<3>(v, w, data);
         v.add_to(state);
     }
+    wipe_bytes(w, sizeof w); // from which the whole block could be told
 }
 
 } // namespace zul

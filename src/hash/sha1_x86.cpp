@@ -125,7 +125,7 @@ struct Rounds {
 
 ZUL_TARGET_AVX2 void sha1_compress_avx2(uint32_t state[5], const uint8_t* data, size_t blocks) {
     // Fewer blocks than this are not worth the vectors.
-    constexpr size_t kLeastBlocks = 4;
+    constexpr size_t kLeastBlocks = 12;
     if (blocks < kLeastBlocks)
         return sha1_compress_scalar(state, data, blocks);
     compress_lanes<Schedule, Rounds>(state, data, blocks);

@@ -6,7 +6,7 @@
 namespace zul {
 
 // Fewer blocks than this are not worth the vectors.
-static constexpr size_t kLeastBlocks = 4;
+static constexpr size_t kLeastBlocks = 6;
 
 ZUL_TARGET_AVX2 void sha256_compress_avx2(uint32_t state[8], const uint8_t* data, size_t blocks) {
     using Schedule = Sha2Schedule<Sha256Family, Sha256Vectors>;

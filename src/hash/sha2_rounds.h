@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "frame/wipe.h"
 #include "hash/digest_words.h"
 #include "hash/sha2_constants.h"
 #include "platform/target.h"
@@ -101,8 +102,8 @@ ZUL_ALWAYS_INLINE Word sha2_small_sigma(Word x, const int (&amounts)[3]) {
 template<class Family, class Word = typename Family::Word>
 ZUL_ALWAYS_INLINE void sha2_compress_scalar(Word* state, const uint8_t* data, size_t blocks) {
     constexpr const Word* k = Family::kConstants;
+    Word w[16];
     for (; blocks > 0; blocks--) {
-        Word w[16];
         Sha2Variables<Family> v(state);
 #pragma GCC unroll 16
         for (size_t t = 0; t < 16; t++, data += sizeof(Word)) {
@@ -119,6 +120,7 @@ ZUL_ALWAYS_INLINE void sha2_compress_scalar(Word* state, const uint8_t* data, si
         }
         v.add_to(state);
     }
+    wipe_bytes(w, sizeof w); // from which the whole block could be told
 }
 
 } // namespace zul

@@ -69,12 +69,12 @@ bool file_folds_line_ends();
 FileHandle file_open(const char* path, OpenMode mode);
 bool file_close(FileHandle file); // false if the system reports that something written was lost
 
-// file_read fills the buffer as far as the file goes: the bytes read, less than size only at the end of the
-// file, or -1 on a read error (the bytes before it are lost).
-int64_t file_read(FileHandle file, void* buffer, size_t size);
+// file_read fills the buffer as far as the file goes and gives the bytes read: less than size at the end of
+// the file or after a read error, which sets *failed.
+size_t file_read(FileHandle file, void* buffer, size_t size, bool* failed = nullptr);
 bool file_write(FileHandle file, const void* data, size_t size); // all or false
 bool file_rewind(FileHandle file);
-bool file_empty(FileHandle file); // cuts it to no bytes
+bool file_empty(FileHandle file);               // cuts it to no bytes
 int64_t file_length(FileHandle file);           // -1 if it has none (a pipe)
 bool file_commit(FileHandle file);              // everything written is on the disk
 bool file_lock(FileHandle file, size_t length); // the first length bytes; waits for nobody

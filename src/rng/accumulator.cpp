@@ -153,12 +153,6 @@ void rng_add_event(EntropySource source, const void* data, size_t size) {
     pools().add(source, data, size);
 }
 
-void add_system_randomness() {
-    Secret<kSystemRandomSize> random;
-    if (platform::system_random(random.data(), random.size()))
-        rng_add_event(EntropySource::system, random.data(), random.size());
-}
-
 size_t accumulator_gather(RngState& state, bool force, uint8_t out[EntropyPools::kMaxYield]) {
     const uint64_t now = platform::system_time();
     const platform::LockGuard guard;

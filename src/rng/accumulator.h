@@ -7,10 +7,11 @@
 
 // The process's entropy pools behind the process-wide lock, and the readings that feed them (rng_stir).
 //
-// Every call into the library stirs, so a stir takes no lock: the thread keeps the readings of its last 16
+// Every call into the library stirs, so a stir takes no lock: the thread keeps the readings of its last 256
 // calls in its own state and enters them together when that room is full, before it gathers, with a fuller
-// stir and at its end. What one thread holds back is never missing where it would count: the thread's own
-// gather comes after it.
+// stir and at its end. Entering them visits every pool, whose memory another processor may have had last: in
+// batches that costs a call a few nanoseconds, one by one it would make two threads slower than one. What a
+// thread holds back is never missing from its own seed, for which it is entered first.
 namespace zul {
 
 // accumulator_gather enters what the thread holds back and drains the pools if a reseed is due or forced; the
@@ -19,8 +20,5 @@ size_t accumulator_gather(RngState& state, bool force, uint8_t out[EntropyPools:
 
 // next_personalisation gives a number that no other instantiation of this process has.
 uint32_t next_personalisation();
-
-// add_system_randomness adds 32 bytes from the operating system's generator, or nothing if that fails.
-void add_system_randomness();
 
 } // namespace zul

@@ -39,11 +39,8 @@ static int instantiate(RngState& state) {
     if (const int result = rng_health_check(); result != 0)
         return result;
 
-    // The pools of a forked child are still its parent's.
+    // The pools of a forked child are its parent's; what sets the two apart is the nonce.
     const uint32_t generation = platform::fork_generation();
-    if (state.forkGeneration != generation)
-        add_system_randomness();
-
     Secret<EntropyPools::kMaxYield> entropy;
     const size_t size = accumulator_gather(state, true, entropy.data());
     if (size == 0)

@@ -31,7 +31,8 @@ int renew(RngState& state, platform::FileHandle file) {
         return -PRNG_ERR_FILE_LOCK;
 
     Secret<kSeedSize> seed;
-    if (platform::file_read(file, seed.data(), kSeedSize) != static_cast<int64_t>(kSeedSize))
+    // A pipe, which has no length, would be waited for; a device gives the same bytes to everybody.
+    if (platform::file_length(file) < 0 || platform::file_read(file, seed.data(), kSeedSize) != kSeedSize)
         return -PRNG_ERR_FILE_READ;
 
     const uint64_t now = platform::system_time();

@@ -9,6 +9,7 @@ import sys
 SYSTEM_DLLS = {"kernel32.dll", "msvcrt.dll", "user32.dll", "advapi32.dll", "bcrypt.dll", "comctl32.dll"}
 # DllCharacteristics: high-entropy addresses, dynamic base, no execution of data.
 WANTED_FLAGS = 0x0020 | 0x0040 | 0x0100
+DF_BIND_NOW = 8  # in an ELF module's FLAGS
 
 failures = []
 
@@ -50,7 +51,8 @@ def check_elf(objdump, module, listed):
     needed = set(re.findall(r"NEEDED\s+(\S+)", private))
     for name in needed - {"libc.so.6", "ld-linux-x86-64.so.2"}:
         failures.append(f"the module depends on {name}")
-    if not re.search(r"\bFLAGS_1\s+0x0*[0-9a-f]*1\b", private) and "BIND_NOW" not in private:
+    flags = re.search(r"^\s*FLAGS\s+(0x\w+)$", private, re.M)
+    if not flags or not int(flags[1], 16) & DF_BIND_NOW:
         failures.append("the module does not bind its symbols at load")
     if not re.search(r"^\s*RELRO\b", private, re.M):
         failures.append("the module has no read-only relocations")

@@ -59,19 +59,19 @@ bool file_folds_line_ends() {
     return false;
 }
 
-int64_t file_read(FileHandle file, void* buffer, size_t size) {
+size_t file_read(FileHandle file, void* buffer, size_t size, bool* failed) {
     const int fd = descriptor(file);
     auto* bytes = static_cast<uint8_t*>(buffer);
     size_t done = 0;
     while (done < size) {
         const ssize_t got = read_some(fd, bytes + done, size - done);
-        if (got < 0)
-            return -1;
-        if (got == 0)
+        if (got < 0 && failed != nullptr)
+            *failed = true;
+        if (got <= 0)
             break;
         done += static_cast<size_t>(got);
     }
-    return static_cast<int64_t>(done);
+    return done;
 }
 
 bool file_write(FileHandle file, const void* data, size_t size) {

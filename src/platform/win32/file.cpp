@@ -54,19 +54,19 @@ bool file_folds_line_ends() {
     return true; // the C runtime does
 }
 
-int64_t file_read(FileHandle file, void* buffer, size_t size) {
+size_t file_read(FileHandle file, void* buffer, size_t size, bool* failed) {
     auto* bytes = static_cast<uint8_t*>(buffer);
     size_t done = 0;
     while (done < size) {
         const auto part = static_cast<unsigned>(std::min<size_t>(size - done, 1u << 30));
         const int got = _read(descriptor(file), bytes + done, part);
-        if (got < 0)
-            return -1;
-        if (got == 0)
+        if (got < 0 && failed != nullptr)
+            *failed = true;
+        if (got <= 0)
             break;
         done += static_cast<size_t>(got);
     }
-    return static_cast<int64_t>(done);
+    return done;
 }
 
 bool file_write(FileHandle file, const void* data, size_t size) {
