@@ -222,9 +222,7 @@ void sub_word(uint8_t word[4]) {
     std::memcpy(word, block.data(), 4);
 }
 
-} // namespace
-
-void aes_bitslice_expand(AesKey& key, const uint8_t* bytes, size_t length, bool decryptToo) {
+void expand(AesKey& key, const uint8_t* bytes, size_t length, bool decryptToo) {
     uint8_t* words = key.encrypt[0];
     std::memcpy(words, bytes, length);
     uint8_t roundConstant = 1;
@@ -255,6 +253,15 @@ void aes_bitslice_expand(AesKey& key, const uint8_t* bytes, size_t length, bool 
             inv_mix_columns(*planes);
         store(*planes, key.decrypt[round], 1);
     }
+}
+
+} // namespace
+
+// What the S-box leaves on the stack tells the state, and with the ciphertext the last round key.
+
+void aes_bitslice_expand(AesKey& key, const uint8_t* bytes, size_t length, bool decryptToo) {
+    expand(key, bytes, length, decryptToo);
+    wipe_dead_stack();
 }
 
 void aes_bitslice_encrypt(const AesKey& key, uint8_t* out, const uint8_t* in, size_t blocks) {
