@@ -8,7 +8,7 @@
 
 namespace zul {
 
-int read_whole_file(const char* path, SecretBuffer& content) {
+int read_whole_file(const char* path, SecretBuffer& content, size_t maxSize) {
     File file(path, platform::OpenMode::read);
     if (!file.is_open()) {
         err_add_text("Cannot open file '%s'", path);
@@ -16,7 +16,7 @@ int read_whole_file(const char* path, SecretBuffer& content) {
     }
     int64_t length = platform::file_length(file.handle());
     // A block that is too big would end the process; a big file is only bad input.
-    if (length >= static_cast<int64_t>(kMaxAllocation)) {
+    if (length > static_cast<int64_t>(maxSize)) {
         err_add_text("File '%s' is too large", path);
         return OPEN_ERROR;
     }

@@ -4,9 +4,9 @@
 namespace zul {
 
 // read_whole_file reads a file in binary mode into content, which holds a NUL after the last byte; its size()
-// does not count it. 0 or OPEN_ERROR with a text: missing, not a file, of no known length, read short, or too
-// large for one block of memory.
-int read_whole_file(const char* path, SecretBuffer& content);
+// does not count it. 0 or OPEN_ERROR with a text: missing, not a file, of no known length, read short, or
+// above maxSize bytes.
+int read_whole_file(const char* path, SecretBuffer& content, size_t maxSize = kMaxAllocation - 1);
 
 // read_pem_or_b64_file decodes a file of base64 text into decoded: its armoured body if the first character
 // is

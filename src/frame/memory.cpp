@@ -95,4 +95,21 @@ void memory_set_hooks(MemoryHooks hooks) {
     freedHook.store(hooks.freed, std::memory_order_relaxed);
 }
 
+void SecretBuffer::append(const void* bytes, size_t size) {
+    if (size >= capacity_ - size_) {
+        const size_t wanted = size_ + size + 1;
+        const size_t capacity =
+            capacity_ > wanted / 2 && capacity_ < kMaxAllocation / 2 ? 2 * capacity_ : wanted;
+        SecretBuffer grown(capacity);
+        if (size_ != 0)
+            memcpy(grown.data_, data_, size_);
+        grown.size_ = size_;
+        *this = std::move(grown);
+    }
+    if (size != 0)
+        memcpy(data_ + size_, bytes, size);
+    size_ += size;
+    data_[size_] = 0;
+}
+
 } // namespace zul

@@ -56,6 +56,9 @@ class SecretBuffer {
     uint8_t& operator[](size_t i) { return data_[i]; }
     uint8_t operator[](size_t i) const { return data_[i]; }
 
+    // append adds bytes at the end, in a block of its own that grows by doubling; a NUL follows the last one.
+    void append(const void* bytes, size_t size);
+
     // shrink makes the buffer shorter in name; the bytes cut off are still wiped at the end.
     void shrink(size_t size) {
         if (size < size_)

@@ -6,12 +6,14 @@
 namespace zul {
 
 constexpr int kErrorTextSize = 512; // 511 characters and the NUL
+constexpr int kTimeTextSize = 32;
 
 // What each thread that calls into the library owns: created zero-filled on its first need, freed when the
 // thread ends or the module is unloaded.
 struct ThreadRecord {
     char errorText[kErrorTextSize];
-    int32_t errorCode; // 0 or positive
+    int32_t errorCode;            // 0 or positive
+    char timeText[kTimeTextSize]; // what asn_TimeString returned last
     RngState rng;
 };
 

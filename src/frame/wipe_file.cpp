@@ -1,10 +1,10 @@
 #include "frame/wipe_file.h"
 
 #include <cstring>
-#include <random>
 
 #include "frame/err.h"
 #include "frame/file_stream.h"
+#include "frame/weak_random.h"
 #include "zulcore.h"
 
 namespace zul {
@@ -50,12 +50,10 @@ bool overwrite(File& file, int64_t length) {
         if (!write_pass(file, length, pattern))
             return false;
     }
-    // These bytes only blur the file and are no key material. The generator is private, so that a caller's
-    // own sequence of rand() is left alone.
-    std::minstd_rand blur(static_cast<uint32_t>(platform::system_time() >> 10));
+    WeakRandom blur;
     for (int pass = 0; pass < 2; pass++) {
         for (uint8_t& byte : pattern)
-            byte = static_cast<uint8_t>(blur() >> 8);
+            byte = blur.byte();
         if (!write_pass(file, length, pattern))
             return false;
     }

@@ -81,6 +81,9 @@ bool file_lock(FileHandle file, size_t length); // the first length bytes; waits
 void file_unlock(FileHandle file, size_t length);
 bool file_remove(const char* path);
 
+// file_seek goes to an offset from the beginning; false if the file cannot (a pipe).
+bool file_seek(FileHandle file, int64_t offset);
+
 // file_is tells whether path names the very file that is open, whatever the spelling of its name.
 bool file_is(FileHandle file, const char* path);
 // file_is_regular tells whether path names an ordinary file (not a device or a pipe).
@@ -104,6 +107,21 @@ bool activity_report(void (*sink)(void* context, const void* data, size_t size),
 // --- system randomness (random.cpp) --------------------------------------------------------------------
 
 bool system_random(void* out, size_t size);
+
+// --- scheduling (scheduling.cpp) ------------------------------------------------------------------------
+
+// The calling thread's priority, where a thread may lower and raise its own.
+enum class ThreadPriority : int { lowest = -2, normal = 0 };
+void thread_set_priority(ThreadPriority priority);
+void thread_yield(); // gives up the rest of the time slice
+
+// --- console (console.cpp) -----------------------------------------------------------------------------
+
+// Progress that a user watches. console_open makes a console for a process that has none: true if it did, and
+// console_close is then due. Where standard error is the place for progress there is nothing to open.
+bool console_open(const char* title);
+void console_write(char c); // shown at once
+void console_close();
 
 // --- identity (identity.cpp) ---------------------------------------------------------------------------
 

@@ -89,7 +89,11 @@ bool file_write(FileHandle file, const void* data, size_t size) {
 }
 
 bool file_rewind(FileHandle file) {
-    return lseek(descriptor(file), 0, SEEK_SET) == 0;
+    return file_seek(file, 0);
+}
+
+bool file_seek(FileHandle file, int64_t offset) {
+    return lseek(descriptor(file), static_cast<off_t>(offset), SEEK_SET) == offset;
 }
 
 bool file_empty(FileHandle file) {

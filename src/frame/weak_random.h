@@ -1,0 +1,22 @@
+#pragma once
+#include <cstdint>
+#include <random>
+
+#include "platform/platform.h"
+
+namespace zul {
+
+// WeakRandom makes bytes that only have to be different from run to run: fillings, test messages, witnesses.
+// It is seeded anew by the clocks and private to its owner, so that a caller's own sequence of rand() is left
+// alone. Nothing secret may come of it.
+class WeakRandom {
+  public:
+    WeakRandom()
+        : engine_(static_cast<uint32_t>(platform::system_time() / 10'000'000) ^ platform::tick_count()) {}
+    uint8_t byte() { return static_cast<uint8_t>(engine_() >> 8); }
+
+  private:
+    std::minstd_rand engine_;
+};
+
+} // namespace zul

@@ -1,0 +1,15 @@
+#include <windows.h>
+
+#include "platform/platform.h"
+
+namespace zul::platform {
+
+void thread_set_priority(ThreadPriority priority) {
+    SetThreadPriority(GetCurrentThread(), static_cast<int>(priority));
+}
+
+void thread_yield() {
+    Sleep(0);
+}
+
+} // namespace zul::platform
