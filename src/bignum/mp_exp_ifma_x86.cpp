@@ -1,0 +1,177 @@
+// Modular exponentiation with AVX-512 IFMA.
+#include "bignum/mp_exp_x86.h"
+
+#if ZUL_X86_64
+#include <cstring>
+#include <iterator>
+
+#include "bignum/mp_ifma_x86.h"
+#include "bignum/mp_scratch.h"
+#include "bignum/mp_window.h"
+
+namespace zul {
+
+namespace {
+
+// The count bits (64 at most) from the given one on; what is beyond the n limbs of a reads as zero.
+uint64_t bits_at(const Limb* a, size_t n, size_t bit, size_t count) {
+    const size_t i = bit / 64, shift = bit % 64;
+    WideLimb x = i < n ? a[i] : 0;
+    if (i + 1 < n)
+        x |= static_cast<WideLimb>(a[i + 1]) << 64;
+    return static_cast<uint64_t>(x >> shift) & (~uint64_t{0} >> (64 - count));
+}
+
+template<size_t L>
+class IfmaEngine {
+    using Modulus = IfmaModulus<L>;
+    static constexpr size_t kLimbBits = Modulus::kLimbBits, kSize = Modulus::kSize,
+                            kOffset = Modulus::kOffset;
+    static constexpr size_t kWide = (kLimbBits * 2 * L + 63) / 64 + 3; // 64-bit limbs that hold a product
+
+  public:
+    IfmaEngine(const DIGIT_T* x, const DIGIT_T* m, size_t digits, size_t powers)
+        : digits_(digits), n_((digits + 1) / 2), scratch_(2 * scratch_limbs(powers)) {
+        // Vectors want addresses that the allocation does not promise.
+        uint8_t* start = reinterpret_cast<uint8_t*>(scratch_.take(2 * scratch_limbs(powers)));
+        start += -reinterpret_cast<uintptr_t>(start) % 64;
+        modulus_ = reinterpret_cast<Modulus*>(start);
+        uint64_t* next = reinterpret_cast<uint64_t*>(start + sizeof(Modulus));
+        const auto take = [&next](size_t limbs) {
+            next += limbs;
+            return next - limbs;
+        };
+        current_ = take(kSize);
+        square_ = take(kSize);
+        table_ = take(powers * kSize);
+        divisor_ = take(kWide);
+        wide_ = take(kWide);
+        limbs_ = take(kSize);
+
+        std::memcpy(divisor_, m, digits * sizeof *m);
+        bits_ = static_cast<unsigned>(__builtin_clzll(divisor_[n_ - 1]));
+        prepare_modulus(64 * n_ - bits_);
+        std::memset(wide_, 0, n_ * sizeof *wide_);
+        std::memcpy(wide_, x, digits * sizeof *x);
+        to_residue(table_, wide_, n_);
+    }
+
+    void power(size_t i) {
+        if (i == 1)
+            ifma_multiply<L, true>(*modulus_, square_, table_, table_);
+        ifma_multiply<L, false>(*modulus_, entry(i), square_, entry(i - 1));
+    }
+    void load(size_t i) { std::memcpy(current_, entry(i), kSize * sizeof *current_); }
+    void square() { ifma_multiply<L, true>(*modulus_, current_, current_, current_); }
+    void multiply(size_t i) { ifma_multiply<L, false>(*modulus_, current_, entry(i), current_); }
+
+    void result(DIGIT_T* y) {
+        // The limbs of a residue may be above 51 bits, so they are added rather than put side by side.
+        std::memset(wide_, 0, kWide * sizeof *wide_);
+        for (size_t i = 0; i < L; i++)
+            add_bits(wide_, current_[kOffset + i], i * kLimbBits);
+        constexpr size_t kShifted = (kLimbBits * L + 63) / 64 + 1;
+        limb_shift_left(wide_, wide_, kShifted, bits_);
+        divide(wide_, kShifted);
+        limb_shift_right(wide_, wide_, n_, bits_);
+        std::memcpy(y, wide_, digits_ * sizeof *y);
+    }
+
+  private:
+    static size_t scratch_limbs(size_t powers) {
+        return 8 + sizeof(Modulus) / 8 + (powers + 3) * kSize + 2 * kWide;
+    }
+    uint64_t* entry(size_t i) { return table_ + i * kSize; }
+
+    static void add_bits(Limb* a, uint64_t x, size_t bit) {
+        WideLimb carry = static_cast<WideLimb>(x) << bit % 64;
+        for (size_t i = bit / 64; carry != 0 && i < kWide; i++) {
+            carry += a[i];
+            a[i] = static_cast<Limb>(carry);
+            carry >>= 64;
+        }
+    }
+
+    static void to_residue(uint64_t* z, const Limb* a, size_t n) {
+        std::memset(z, 0, kOffset * sizeof *z);
+        for (size_t i = 0; i < L; i++)
+            z[kOffset + i] = bits_at(a, n, i * kLimbBits, kLimbBits);
+    }
+
+    // wide is divided by the normalised divisor; its highest limb is zero. The quotient is put in its place
+    // from limb n_ on, the remainder in the n_ low limbs.
+    void divide(Limb* wide, size_t size) {
+        const LimbReciprocal reciprocal = limb_reciprocal(divisor_[n_ - 1], divisor_[n_ - 2]);
+        for (size_t k = size - n_; k-- > 0;)
+            wide[k + n_] = limb_divide_step(wide + k, divisor_, n_, reciprocal);
+    }
+
+    void prepare_modulus(size_t bits) {
+        // N = m * 2^shift; r^L - N
+        const size_t shift = Modulus::kBits - bits;
+        std::memset(wide_, 0, kWide * sizeof *wide_);
+        for (size_t i = 0; i < n_; i++)
+            add_bits(wide_, divisor_[i], 64 * i + shift);
+        to_residue(modulus_->modulus, wide_, kWide);
+        uint64_t borrow = 0;
+        for (size_t i = 0; i < L; i++) {
+            const uint64_t limb = modulus_->modulus[kOffset + i] + borrow;
+            borrow = limb != 0;
+            limbs_[i] = -limb & ((uint64_t{1} << kLimbBits) - 1);
+        }
+        for (size_t s = 0; s < 8; s++)
+            for (size_t p = s; p < kSize; p++)
+                modulus_->negative[s][p] = p - s < L ? limbs_[p - s] : 0;
+
+        // V = (r^(2L-1) - 1) / N is (2^e - 1) / (m * 2^bits_) for another e.
+        limb_shift_left(divisor_, divisor_, n_, bits_);
+        const size_t e = kLimbBits * (2 * L - 1) - Modulus::kBits + 64 * n_;
+        for (size_t i = 0; i <= e / 64; i++)
+            wide_[i] = i < e / 64 ? ~Limb{0} : (Limb{1} << e % 64) - 1;
+        const size_t size = e / 64 + 1;
+        divide(wide_, size);
+        // Entry s has limb L - 1 - 8d + l - s in lane l of vector d.
+        for (size_t s = 0; s < 8; s++)
+            for (size_t p = 0; p < std::size(modulus_->reciprocal[s]); p++) {
+                const size_t limb = L - 1 + p % 8 - s - p / 8 * 8;
+                modulus_->reciprocal[s][p] =
+                    limb < L ? bits_at(wide_ + n_, size - n_, limb * kLimbBits, kLimbBits) : 0;
+            }
+    }
+
+    size_t digits_, n_;
+    MpScratch scratch_;
+    Modulus* modulus_;
+    uint64_t *current_, *square_, *table_, *limbs_;
+    Limb *divisor_, *wide_; // m, later shifted left by bits_; room for a division
+    unsigned bits_;
+};
+
+template<size_t L>
+void run(DIGIT_T* y, const DIGIT_T* x, const DIGIT_T* e, size_t exponentBits, const DIGIT_T* m, size_t n) {
+    IfmaEngine<L> engine(x, m, n, window_powers(exponentBits));
+    window_power(engine, e, exponentBits);
+    engine.result(y);
+}
+
+} // namespace
+
+bool mod_exp_ifma(DIGIT_T* y, const DIGIT_T* x, const DIGIT_T* e, size_t exponentBits, const DIGIT_T* m,
+                  size_t n) {
+    const size_t bits = mpBitLength(m, n);
+    const auto chosen = bits < 200                       ? nullptr
+                        : bits <= IfmaModulus<6>::kBits  ? run<6>
+                        : bits <= IfmaModulus<11>::kBits ? run<11>
+                        : bits <= IfmaModulus<16>::kBits ? run<16>
+                        : bits <= IfmaModulus<21>::kBits ? run<21>
+                        : bits <= IfmaModulus<31>::kBits ? run<31>
+                        : bits <= IfmaModulus<41>::kBits ? run<41>
+                                                         : nullptr;
+    if (chosen == nullptr)
+        return false;
+    chosen(y, x, e, exponentBits, m, n);
+    return true;
+}
+
+} // namespace zul
+#endif

@@ -1,0 +1,41 @@
+#pragma once
+#include "bignum/mp.h"
+#include "platform/target.h"
+
+#if ZUL_X86_64
+// Arithmetic on 64-bit limbs, B = 2^64 each: on a little-endian processor a limb is two digits as they lie in
+// memory, so that arrays of digits are read in place.
+namespace zul {
+
+using Limb = uint64_t __attribute__((aligned(4), may_alias));
+__extension__ typedef unsigned __int128 WideLimb;
+
+inline Limb* limbs_of(DIGIT_T* digits) {
+    return reinterpret_cast<Limb*>(digits);
+}
+
+inline const Limb* limbs_of(const DIGIT_T* digits) {
+    return reinterpret_cast<const Limb*>(digits);
+}
+
+// A divisor's two highest limbs with the highest bit set, and the reciprocal of Moeller and Granlund:
+// floor((B^3 - 1) / (d1 * B + d0)) - B.
+struct LimbReciprocal {
+    Limb d1, d0, v;
+};
+
+LimbReciprocal limb_reciprocal(Limb d1, Limb d0);
+
+// limb_divide_step divides the n + 1 limbs of w, the n highest of them less than the divisor d (n >= 2), and
+// leaves the remainder in the n low limbs. The quotient is returned.
+Limb limb_divide_step(Limb* w, const Limb* d, size_t n, const LimbReciprocal& reciprocal);
+
+// limb_shift_left: w = u * 2^bits for bits below 64; w may be u. The bits shifted out are returned.
+Limb limb_shift_left(Limb* w, const Limb* u, size_t n, unsigned bits);
+void limb_shift_right(Limb* w, const Limb* u, size_t n, unsigned bits);
+
+Limb limb_subtract(Limb* w, const Limb* u, const Limb* v, size_t n); // the borrow; w may be an operand
+bool limb_below(const Limb* u, const Limb* v, size_t n);
+
+} // namespace zul
+#endif
