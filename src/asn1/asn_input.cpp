@@ -1,0 +1,125 @@
+#include "asn1/asn_input.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "asn1/asn_parse.h"
+#include "encode/base64.h"
+#include "encode/pem.h"
+#include "encode/whole_file.h"
+#include "frame/err.h"
+#include "frame/file_stream.h"
+#include "frame/memory.h"
+#include "zulcore.h"
+
+namespace zul {
+namespace {
+
+constexpr std::string_view kPemBegin = "-----BEGIN";
+constexpr uint8_t kSequenceOctet = 0x30;
+
+bool is_space(char c) {
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
+std::string_view trimmed(std::string_view text) {
+    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+    if (text.starts_with(kByteOrderMark))
+        text.remove_prefix(kByteOrderMark.size());
+    while (!text.empty() && is_space(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && (is_space(text.back()) || text.back() == '\0'))
+        text.remove_suffix(1);
+    return text;
+}
+
+// is_b64_sequence tells whether all of a text is base64, in lines or not, of what begins as a SEQUENCE does.
+bool is_b64_sequence(std::string_view text) {
+    text = trimmed(text);
+    uint8_t first = 0;
+    return text.size() >= 4 && text[0] == 'M' && b64_decode(&first, 1, text.data(), 2) == 1 &&
+           first == kSequenceOctet &&
+           std::all_of(text.begin(), text.end(), [](char c) { return b64_is_char(c) || is_space(c); });
+}
+
+// parse_der parses one SEQUENCE. Zeros and line breaks after it are passed over: decoders of PEM files and
+// transfers of text files leave them. What is no DER by its length is not parsed, and so adds no text.
+bool parse_der(const uint8_t* bytes, size_t size, AsnList& list) {
+    size_t offset = 0, end = 0;
+    if (size == 0 || bytes[0] != kSequenceOctet || asn_FindElement(&offset, &end, bytes, size, -1, 1, 0) == 0)
+        return false;
+    if (!std::all_of(bytes + end, bytes + size, [](uint8_t b) { return b == 0 || b == '\r' || b == '\n'; }))
+        return false;
+    list = asn_ParseBytes(bytes, end);
+    return static_cast<bool>(list);
+}
+
+int invalid_data(const char* what) {
+    err_add_text("%s", what);
+    return INVALID_DATA_ERROR;
+}
+
+int parse_b64(std::string_view text, AsnList& list) {
+    SecretBuffer decoded(b64_decoded_length(text.data(), text.size()));
+    b64_decode(decoded.data(), decoded.size(), text.data(), text.size());
+    return parse_der(decoded.data(), decoded.size(), list) ? 0 : invalid_data("Not a valid DER structure");
+}
+
+int parse_pem(std::string_view text, AsnList& list) {
+    size_t bodyLen = 0;
+    const char* body = pem_find_body(text.data(), text.size(), &bodyLen);
+    if (bodyLen == 0)
+        return invalid_data("PEM block is empty or has no end");
+    const std::string_view content(body, bodyLen);
+    if (content.find(':') != std::string_view::npos) {
+        err_add_text("PEM block with header lines (Proc-Type, DEK-Info) is not supported");
+        return NOT_SUPPORTED_ERROR;
+    }
+    return parse_b64(content, list);
+}
+
+int parse_file(const char* path, AsnList& list, size_t maxSize) {
+    SecretBuffer content;
+    const int error = read_whole_file(path, content, maxSize);
+    return error != 0 ? error : asn_read_content(content.data(), content.size(), list);
+}
+
+// A text that is no likely name of a file is not repeated in the error text: it may be a damaged private key.
+bool is_likely_name(std::string_view text) {
+    constexpr size_t kLongestName = 260;
+    return text.size() <= kLongestName && text.find_first_of("\r\n") == std::string_view::npos;
+}
+
+bool can_open(const char* path) {
+    return File(path, platform::OpenMode::read).is_open();
+}
+
+} // namespace
+
+int asn_read_content(const uint8_t* bytes, size_t size, AsnList& list) {
+    if (parse_der(bytes, size, list))
+        return 0;
+    const std::string_view text(reinterpret_cast<const char*>(bytes), size);
+    if (text.find(kPemBegin) != std::string_view::npos)
+        return parse_pem(text, list);
+    if (is_b64_sequence(text))
+        return parse_b64(trimmed(text), list);
+    return invalid_data("Not a DER, PEM or base64 file");
+}
+
+int asn_read_input(const char* fileOrText, AsnList& list, size_t maxSize) {
+    const std::string_view text(fileOrText);
+    if (text.size() > maxSize)
+        return invalid_data("Text is too long");
+    if (text.find(kPemBegin) != std::string_view::npos)
+        return parse_pem(text, list);
+    if (is_b64_sequence(text) && !can_open(fileOrText))
+        return parse_b64(trimmed(text), list);
+    if (!is_likely_name(text) && !can_open(fileOrText)) {
+        err_add_text("Neither a key nor a file that can be opened");
+        return OPEN_ERROR;
+    }
+    return parse_file(fileOrText, list, maxSize);
+}
+
+} // namespace zul

@@ -1,0 +1,103 @@
+#include "asn1/byte_stream.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace zul {
+
+static constexpr size_t kWindow = 16 * 1024;
+
+ByteStream::ByteStream(const void* bytes, size_t n)
+    : window_(static_cast<const uint8_t*>(bytes)), next_(window_),
+      end_(window_ == nullptr ? nullptr : window_ + n), isMemory_(true) {}
+
+ByteStream::ByteStream(const char* path) : file_(path, platform::OpenMode::read), isMemory_(false) {
+    if (!file_.is_open())
+        return;
+    fileLength_ = platform::file_length(file_.handle());
+    buffer_ = SecretBuffer(kWindow);
+    window_ = next_ = end_ = buffer_.data();
+}
+
+bool ByteStream::fill() {
+    if (isMemory_ || !file_.is_open())
+        return false;
+    const size_t got = platform::file_read(file_.handle(), buffer_.data(), buffer_.size());
+    if (got == 0) // the window stays, so that a pipe can still go back in it
+        return false;
+    windowOffset_ += static_cast<size_t>(end_ - window_);
+    next_ = window_;
+    end_ = window_ + got;
+    return true;
+}
+
+size_t ByteStream::remaining() const {
+    if (isMemory_)
+        return static_cast<size_t>(end_ - next_);
+    if (!file_.is_open())
+        return 0;
+    if (fileLength_ < 0)
+        return SIZE_MAX;
+    const auto length = static_cast<size_t>(fileLength_);
+    return length - std::min(length, offset());
+}
+
+size_t ByteStream::read(void* out, size_t n) {
+    auto* bytes = static_cast<uint8_t*>(out);
+    size_t done = 0;
+    while (done < n) {
+        if (next_ == end_ && n - done >= kWindow && !isMemory_ && file_.is_open()) {
+            const size_t got = platform::file_read(file_.handle(), bytes + done, n - done);
+            windowOffset_ = offset() + got;
+            next_ = end_ = window_;
+            return done + got;
+        }
+        if (at_end())
+            break;
+        const size_t part = std::min(n - done, static_cast<size_t>(end_ - next_));
+        memcpy(bytes + done, next_, part);
+        next_ += part;
+        done += part;
+    }
+    return done;
+}
+
+bool ByteStream::skip(int64_t count) {
+    const size_t from = offset();
+    if (count < 0) {
+        const size_t back = static_cast<size_t>(-(count + 1)) + 1;
+        return back <= from && seek(from - back);
+    }
+    return static_cast<uint64_t>(count) <= remaining() && seek(from + static_cast<size_t>(count));
+}
+
+bool ByteStream::seek(size_t offset) {
+    if (offset >= windowOffset_ && offset - windowOffset_ <= static_cast<size_t>(end_ - window_)) {
+        next_ = window_ + (offset - windowOffset_);
+        return true;
+    }
+    if (isMemory_ || !file_.is_open())
+        return false;
+    if (fileLength_ < 0)
+        return skip_by_reading(offset);
+    if (offset > static_cast<size_t>(fileLength_) ||
+        !platform::file_seek(file_.handle(), static_cast<int64_t>(offset)))
+        return false;
+    windowOffset_ = offset;
+    next_ = end_ = window_;
+    return true;
+}
+
+bool ByteStream::skip_by_reading(size_t offset) {
+    if (offset < windowOffset_)
+        return false;
+    while (offset - windowOffset_ > static_cast<size_t>(end_ - window_))
+        if (!fill()) {
+            next_ = end_;
+            return false;
+        }
+    next_ = window_ + (offset - windowOffset_);
+    return true;
+}
+
+} // namespace zul
