@@ -1,0 +1,22 @@
+#pragma once
+#include <cstddef>
+#include <cstdint>
+
+// Key derivation from passwords. Iteration counts below 1 count as 1. hashAlg is a ZUL_HASH_ algorithm.
+namespace zul {
+
+// pbkdf1 (RFC 8018, 5.1) writes outLen bytes, at most the digest's length.
+void pbkdf1(uint8_t* out, size_t outLen, int hashAlg, const void* password, size_t passwordLen,
+            const uint8_t* salt, size_t saltLen, uint32_t iterations);
+
+// pbkdf2 (RFC 8018, 5.2) with HMAC over hashAlg, any but MD2.
+void pbkdf2(uint8_t* out, size_t outLen, int hashAlg, const void* password, size_t passwordLen,
+            const uint8_t* salt, size_t saltLen, uint32_t iterations);
+
+// pkcs12_kdf (RFC 7292, appendix B.2) with SHA-1 over the password bytes as given. Password and salt together
+// are at most 3/4 of kMaxAllocation.
+enum class Pkcs12Purpose : uint8_t { key = 1, iv = 2, mac = 3 };
+void pkcs12_kdf(uint8_t* out, size_t outLen, Pkcs12Purpose purpose, const void* password, size_t passwordLen,
+                const uint8_t* salt, size_t saltLen, uint32_t iterations);
+
+} // namespace zul

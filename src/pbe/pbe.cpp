@@ -1,0 +1,206 @@
+// EncryptedPrivateKeyInfo, RFC 5208, section 6.
+#include "pbe/pbe.h"
+
+#include <cstdio>
+#include <cstring>
+#include <new>
+
+#include "asn1/asn_build.h"
+#include "asn1/asn_children.h"
+#include "asn1/asn_parse.h"
+#include "asn1/asn_value.h"
+#include "asn1/byte_stream.h"
+#include "cipher/padding.h"
+#include "frame/debug_output.h"
+#include "frame/err.h"
+#include "hash/sha1.h"
+#include "pbe/kdf.h"
+#include "pbe/pbe_cipher.h"
+#include "platform/platform.h"
+#include "zulcore.h"
+
+namespace zul {
+
+namespace {
+
+constexpr size_t kSaltLength = 8;
+
+void trace(const char* line) {
+    if (debugOutput.structures != 0)
+        std::fputs(line, stdout);
+}
+
+const char* pbes2_cipher(int options) {
+    switch (options & 0xF0) {
+    case ZUL_PBE_CIPHER_AES128:
+        return "aes128-CBC";
+    case ZUL_PBE_CIPHER_AES192:
+        return "aes192-CBC";
+    case ZUL_PBE_CIPHER_AES256:
+        return "aes256-CBC";
+    default:
+        return "des-EDE3-CBC";
+    }
+}
+
+const char* pbes2_prf(int options) {
+    switch (options & 0xF) {
+    case ZUL_HASH_SHA256:
+        return "hmacWithSHA256";
+    case ZUL_HASH_SHA384:
+        return "hmacWithSHA384";
+    case ZUL_HASH_SHA512:
+        return "hmacWithSHA512";
+    default:
+        return "hmacWithSHA1";
+    }
+}
+
+void choose_pbes2(PbeParams& params, const char* cipher, const char* prf) {
+    pbe_take_scheme(params, pbe_scheme("pkcs5PBES2"));
+    pbe_take_cipher(params, *pbe_cipher(cipher));
+    params.prf = pbe_prf(prf);
+}
+
+void choose_scheme(PbeParams& params, int options) {
+    if ((options & ZUL_PBE_PBES2) != 0)
+        return choose_pbes2(params, pbes2_cipher(options), pbes2_prf(options));
+    switch (options & 0xF) {
+    case ZUL_PBE_MD5_DES:
+        return pbe_take_scheme(params, pbe_scheme("pbeWithMD5AndDES-CBC"));
+    case ZUL_PBE_MD2_DES:
+        return pbe_take_scheme(params, pbe_scheme("pbeWithMD2AndDES-CBC"));
+    case ZUL_PBE_SHA1_DES:
+        return pbe_take_scheme(params, pbe_scheme("pbeWithSHA1AndDES-CBC"));
+    case ZUL_PBE_PBES2_DEFAULT:
+        return choose_pbes2(params, "des-EDE3-CBC", "hmacWithSHA1");
+    default:
+        return pbe_take_scheme(params, pbe_scheme("pbeWithSHAAnd3-KeyTripleDES-CBC"));
+    }
+}
+
+uint64_t calendar_seconds() {
+    constexpr uint64_t kUnitsPerSecond = 10'000'000, kSecondsTo1970 = 11'644'473'600;
+    return platform::system_time() / kUnitsPerSecond - kSecondsTo1970;
+}
+
+// make_salt digests the password and the plain text, so that without the clock the same two have the same
+// salt.
+void make_salt(PbeParams& params, const uint8_t* plain, size_t plainLen) {
+    Wiped<Sha1Context> context;
+    Secret<kSha1Size> digest;
+    sha1_init(*context);
+    sha1_update(*context, params.password.data(), params.password.size());
+    sha1_update(*context, plain, plainLen);
+    if (params.scheme->kind == PbeKind::pbes2) {
+        uint8_t time[8];
+        store_word<std::endian::little>(time, calendar_seconds());
+        sha1_update(*context, time, sizeof time);
+    }
+    sha1_final(*context, digest.data());
+    params.salt = SecretBuffer(kSaltLength);
+    std::memcpy(params.salt.data(), digest.data(), kSaltLength);
+    trace("Made salt\n");
+}
+
+// is_sequence tells whether bytes are one SEQUENCE and nothing more.
+bool is_sequence(const SecretBuffer& bytes) {
+    ByteStream stream(bytes.data(), bytes.size());
+    const AsnList list = asn_Parse(stream, false);
+    return asn_is(list.head(), kAsnConstructed, kAsnSequence) && stream.at_end();
+}
+
+int decryption_error(const char* text) {
+    err_add_text("%s", text);
+    return DECRYPT_ERROR;
+}
+
+int decrypt_in_place(PbeParams& params, SecretBuffer& data) {
+    const size_t block = params.ivLength;
+    if (data.empty() || data.size() % block != 0)
+        return decryption_error("Decryption error");
+    Secret<kPbeMaxKey> key;
+    pbe_derive_key(params, key);
+    if (const int error = pbe_decrypt_blocks(params, key, data.data(), data.size() / block); error != 0)
+        return error;
+    const size_t padding = pad_count(data.data() + data.size() - block, block);
+    if (padding == 0)
+        return decryption_error("Decryption error");
+    data.shrink(data.size() - padding);
+    return is_sequence(data) ? 0 : decryption_error("Not valid PrivateKeyInfo data");
+}
+
+} // namespace
+
+PbeContext::PbeContext() : params_(new (emalloc(sizeof(PbeParams))) PbeParams) {}
+
+PbeContext::~PbeContext() {
+    params_->~PbeParams();
+    wipe_bytes(params_, sizeof *params_);
+    efree(params_);
+}
+
+int pbe_setup(PbeContext& context, const char* password, int iterationCount, int options) {
+    PbeParams& params = *context;
+    if (const int error = pbe_take_password(params, password); error != 0)
+        return error;
+    params.iterations = iterationCount < 1 ? 1 : static_cast<uint32_t>(iterationCount);
+    choose_scheme(params, options);
+    return 0;
+}
+
+AsnList pbe_encrypt(PbeContext& context, const uint8_t* plain, size_t plainLen) {
+    PbeParams& params = *context;
+    if (params.scheme == nullptr) {
+        err_add_text("Unsupported PBE algorithm: %s", "none");
+        return {};
+    }
+    const size_t padding = pad_bytes_needed(plainLen, params.ivLength);
+    if (plainLen > kAsnMaxContent - padding) {
+        err_add_text("Invalid EncryptedPrivateKeyInfo format");
+        return {};
+    }
+    make_salt(params, plain, plainLen);
+    if (params.scheme->kind == PbeKind::pbes2) {
+        pkcs12_kdf(params.iv.data(), params.ivLength, Pkcs12Purpose::iv, params.password.data(),
+                   params.password.size(), params.salt.data(), params.salt.size(), params.iterations);
+    }
+    Secret<kPbeMaxKey> key;
+    pbe_derive_key(params, key);
+    trace("Made key\n");
+
+    SecretBuffer data(plainLen + padding);
+    if (plainLen != 0)
+        std::memcpy(data.data(), plain, plainLen);
+    std::memset(data.data() + plainLen, static_cast<int>(padding), padding);
+    if (pbe_encrypt_blocks(params, key, data.data(), data.size() / params.ivLength) != 0)
+        return {};
+    trace("Made ciphertext\n");
+    return asn_NewSequence(
+        asn_LinkList(pbe_algorithm_list(params), asn_NewOctetString(data.data(), data.size())));
+}
+
+int pbe_decrypt(const asn_Node* encryptedPrivateKeyInfo, const char* password, SecretBuffer& plain) {
+    plain = SecretBuffer();
+    PbeContext context;
+    PbeParams& params = *context;
+    if (const int error = pbe_take_password(params, password); error != 0)
+        return error;
+
+    SecretBuffer data;
+    AsnChildren children(
+        asn_is(encryptedPrivateKeyInfo, kAsnConstructed, kAsnSequence) ? encryptedPrivateKeyInfo : nullptr);
+    const asn_Node* algorithm = children.take_sequence();
+    if (algorithm == nullptr || !asn_GetOctets(children.take_octets(), data) || !children.at_end()) {
+        err_add_text("Invalid EncryptedPrivateKeyInfo format");
+        return BAD_FORMAT_ERROR;
+    }
+    int error = pbe_read_algorithm(params, algorithm);
+    if (error == 0)
+        error = decrypt_in_place(params, data);
+    if (error == 0)
+        plain = std::move(data);
+    return error;
+}
+
+} // namespace zul

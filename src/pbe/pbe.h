@@ -1,0 +1,38 @@
+#pragma once
+#include "asn1/asn_node.h"
+#include "frame/memory.h"
+
+// Password-based encryption of plain DER (PKCS #5 and PKCS #12 schemes) as EncryptedPrivateKeyInfo
+// structures. What the DER holds is not looked at, but that what was decrypted is one SEQUENCE.
+namespace zul {
+
+// Bits of an options word that choose a scheme are those of RSA_SaveEncPrivateKey.
+struct PbeParams;
+
+// PbeContext owns the parameters of one operation, password and IV among them, and wipes them.
+class PbeContext {
+  public:
+    PbeContext();
+    PbeContext(const PbeContext&) = delete;
+    PbeContext& operator=(const PbeContext&) = delete;
+    ~PbeContext();
+    PbeParams& operator*() { return *params_; }
+
+  private:
+    PbeParams* params_;
+};
+
+// pbe_setup chooses the scheme for encryption: 0 or a positive code (BAD_PARAM_ERROR: no password).
+int pbe_setup(PbeContext& context, const char* password, int iterationCount, int options);
+
+// pbe_encrypt gives an EncryptedPrivateKeyInfo for the plain DER; empty, with a text, if it cannot.
+AsnList pbe_encrypt(PbeContext& context, const uint8_t* plain, size_t plainLen);
+
+// pbe_decrypt decrypts an EncryptedPrivateKeyInfo: 0 or a positive code (BAD_FORMAT_ERROR,
+// NOT_SUPPORTED_ERROR, DECRYPT_ERROR), with a text. After an error plain is empty.
+int pbe_decrypt(const asn_Node* encryptedPrivateKeyInfo, const char* password, SecretBuffer& plain);
+
+// bmp_password gives a password's form for the PKCS #12 schemes: 00 b for each byte b, and 00 00.
+SecretBuffer bmp_password(const char* password);
+
+} // namespace zul

@@ -1,0 +1,111 @@
+// Keys and block ciphers of the schemes: RFC 8018, sections 6.1 and 6.2; RFC 7292, appendix B.
+#include "pbe/pbe_cipher.h"
+
+#include <cstring>
+
+#include "cipher/aes.h"
+#include "cipher/des.h"
+#include "cipher/rc2.h"
+#include "cipher/tdes.h"
+#include "frame/err.h"
+#include "pbe/kdf.h"
+#include "pbe/pbe.h"
+#include "zulcore.h"
+
+namespace zul {
+
+namespace {
+
+int cbc(const PbeParams& params, const uint8_t* key, bool encrypt, uint8_t* data, size_t blocks) {
+    Secret<kPbeMaxIv> iv;
+    std::memcpy(iv.data(), params.iv.data(), params.ivLength);
+    switch (params.cipher) {
+    case PbeCipher::desEde3: {
+        Wiped<TdesKey> schedule;
+        tdes_set_key(*schedule, key);
+        (encrypt ? tdes_cbc_encrypt : tdes_cbc_decrypt)(*schedule, iv.data(), data, data, blocks);
+        return 0;
+    }
+    case PbeCipher::des: {
+        Wiped<DesKey> schedule;
+        des_set_key(*schedule, key);
+        (encrypt ? des_cbc_encrypt : des_cbc_decrypt)(*schedule, iv.data(), data, data, blocks);
+        return 0;
+    }
+    case PbeCipher::rc2: {
+        Wiped<Rc2Key> schedule;
+        if (!rc2_set_key(*schedule, key, params.keyLength, params.rc2Bits))
+            break;
+        (encrypt ? rc2_cbc_encrypt : rc2_cbc_decrypt)(*schedule, iv.data(), data, data, blocks);
+        return 0;
+    }
+    case PbeCipher::aes128:
+    case PbeCipher::aes192:
+    case PbeCipher::aes256: {
+        Wiped<AesKey> schedule;
+        if (!aes_set_key(*schedule, key, params.keyLength))
+            break;
+        (encrypt ? aes_cbc_encrypt : aes_cbc_decrypt)(*schedule, iv.data(), data, data, blocks);
+        return 0;
+    }
+    }
+    err_add_text("Encryption scheme (%d) not supported", static_cast<int>(params.cipher));
+    return NOT_SUPPORTED_ERROR;
+}
+
+void to_bmp(PbeParams& params) {
+    if (params.bmp)
+        return;
+    const SecretBuffer& given = params.password;
+    SecretBuffer converted(2 * given.size() + 2);
+    for (size_t i = 0; i < given.size(); i++)
+        converted[2 * i + 1] = given[i];
+    params.password = std::move(converted);
+    params.bmp = true;
+}
+
+} // namespace
+
+SecretBuffer bmp_password(const char* password) {
+    PbeParams params;
+    if (pbe_take_password(params, password) == 0)
+        to_bmp(params);
+    return std::move(params.password);
+}
+
+void pbe_derive_key(PbeParams& params, Secret<kPbeMaxKey>& key) {
+    const SecretBuffer& salt = params.salt;
+    switch (params.scheme->kind) {
+    case PbeKind::pbes1: {
+        Secret<16> keyAndIv;
+        pbkdf1(keyAndIv.data(), keyAndIv.size(), params.scheme->hashAlg, params.password.data(),
+               params.password.size(), salt.data(), salt.size(), params.iterations);
+        std::memcpy(key.data(), keyAndIv.data(), 8);
+        std::memcpy(params.iv.data(), keyAndIv.data() + 8, 8);
+        return;
+    }
+    case PbeKind::pkcs12: {
+        to_bmp(params);
+        const SecretBuffer& password = params.password;
+        pkcs12_kdf(key.data(), params.keyLength, Pkcs12Purpose::key, password.data(), password.size(),
+                   salt.data(), salt.size(), params.iterations);
+        pkcs12_kdf(params.iv.data(), params.ivLength, Pkcs12Purpose::iv, password.data(), password.size(),
+                   salt.data(), salt.size(), params.iterations);
+        return;
+    }
+    case PbeKind::pbes2:
+        pbkdf2(key.data(), params.keyLength, params.prf->hashAlg, params.password.data(),
+               params.password.size(), salt.data(), salt.size(), params.iterations);
+        return;
+    }
+}
+
+int pbe_encrypt_blocks(const PbeParams& params, const Secret<kPbeMaxKey>& key, uint8_t* data, size_t blocks) {
+    return cbc(params, key.data(), true, data, blocks);
+}
+
+int pbe_decrypt_blocks(const PbeParams& params, const Secret<kPbeMaxKey>& key, uint8_t* data, size_t blocks) {
+    return cbc(params, key.data(), false, data, blocks);
+}
+
+} // namespace zul

@@ -1,0 +1,71 @@
+#pragma once
+#include "asn1/asn_node.h"
+#include "frame/memory.h"
+
+// What an operation of password-based encryption goes by, and the tables of schemes, ciphers and PRFs. Names
+// are those of the table of object identifiers.
+namespace zul {
+
+enum class PbeKind : uint8_t { pbes1, pkcs12, pbes2 };
+
+// Codes of the block ciphers, all in CBC mode.
+enum class PbeCipher : int { desEde3 = 0, des = 1, rc2 = 2, aes128 = 3, aes192 = 4, aes256 = 5 };
+
+constexpr size_t kPbeMaxKey = 128; // that of RC2
+constexpr size_t kPbeMaxIv = 16;
+
+struct PbeScheme {
+    const char* name;
+    PbeKind kind;
+    int hashAlg;           // of the key derivation; unused in PBES2
+    PbeCipher cipher;      // unused in PBES2
+    unsigned rc2Bits;      // effective key bits, for RC2
+    uint8_t keyLength = 8; // unused in PBES2
+};
+
+struct PbeCipherInfo {
+    const char* name;
+    PbeCipher cipher;
+    uint8_t keyLength; // 0: not fixed
+    uint8_t ivLength;
+};
+
+struct PbePrf {
+    const char* name;
+    int hashAlg;
+};
+
+// The tables' entries, null for a name that is not among them.
+const PbeScheme* pbe_scheme(const char* name);
+const PbeCipherInfo* pbe_cipher(const char* name);
+const PbePrf* pbe_prf(const char* name);
+// pbe_cipher_info is the entry of a cipher; that of the first code if there is no such cipher.
+const PbeCipherInfo& pbe_cipher_info(PbeCipher cipher);
+
+struct PbeParams {
+    const PbeScheme* scheme = nullptr;
+    SecretBuffer password; // the bytes given, or their BMP form in the PKCS #12 schemes
+    bool bmp = false;      // the password has been converted
+    SecretBuffer salt;
+    uint32_t iterations = 1;
+    PbeCipher cipher = PbeCipher::desEde3;
+    const PbePrf* prf = nullptr; // in PBES2
+    unsigned rc2Bits = 0;
+    size_t keyLength = 0;
+    size_t ivLength = 0;
+    Secret<kPbeMaxIv> iv; // in PBES2 set before the key is derived, otherwise derived with it
+};
+
+// pbe_take_scheme and pbe_take_cipher set what follows from a scheme, or in PBES2 from its cipher.
+void pbe_take_scheme(PbeParams& params, const PbeScheme* scheme);
+void pbe_take_cipher(PbeParams& params, const PbeCipherInfo& info);
+
+// pbe_take_password copies a password: 0, BAD_PARAM_ERROR for null or BAD_LENGTH_ERROR.
+int pbe_take_password(PbeParams& params, const char* password);
+
+// pbe_read_algorithm reads the AlgorithmIdentifier of a scheme: 0, BAD_FORMAT_ERROR or NOT_SUPPORTED_ERROR,
+// with a text.
+int pbe_read_algorithm(PbeParams& params, const asn_Node* algorithmIdentifier);
+AsnList pbe_algorithm_list(const PbeParams& params); // the same, written
+
+} // namespace zul
