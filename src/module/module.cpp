@@ -5,6 +5,7 @@
 #include "frame/wipe.h"
 #include "platform/platform.h"
 #include "rng/rng.h"
+#include "rsa/process_key.h"
 
 namespace zul {
 
@@ -45,6 +46,7 @@ void module_unload() {
         return;
     records_destroy();
     rng_reset_pools();
+    process_key_forget();
     platform::lock_destroy();
 }
 

@@ -1,0 +1,106 @@
+#include <cstdlib>
+#include <map>
+#include <openssl/bn.h>
+#include <openssl/rsa.h>
+#include <vector>
+
+#include "bench_pair.h"
+#include "rsa/rsa_operation.h"
+#include "rsa_bench_keys.h"
+
+namespace {
+
+using Bytes = std::vector<unsigned char>;
+
+constexpr unsigned kExponent = 65537;
+
+// One key, for both sides.
+class Key {
+  public:
+    explicit Key(const BenchPrimes& primes) : input_(static_cast<size_t>(primes.bits / 8), 0x5A) {
+        fill_ours(primes);
+        fill_theirs();
+        if (ours(zul::rsaPrivate) != theirs(RSA_private_encrypt) ||
+            ours(zul::rsaPublic) != theirs(RSA_public_encrypt))
+            std::abort();
+    }
+
+    using Ours = int (*)(const zul::RsaKey*, uint8_t*, size_t*, const uint8_t*, size_t);
+    using Theirs = int (*)(int, const unsigned char*, unsigned char*, RSA*, int);
+
+    const Bytes& ours(Ours operation) {
+        size_t length = 0;
+        output_.resize(input_.size());
+        operation(&key_, output_.data(), &length, input_.data(), input_.size());
+        return output_;
+    }
+    const Bytes& theirs(Theirs operation) {
+        peerOutput_.resize(input_.size());
+        operation(static_cast<int>(input_.size()), input_.data(), peerOutput_.data(), peer_, RSA_NO_PADDING);
+        return peerOutput_;
+    }
+
+  private:
+    void fill_ours(const BenchPrimes& primes) {
+        read_hex(key_.p, primes.p);
+        read_hex(key_.q, primes.q);
+        zul::BigInt phi, p1, q1;
+        zul::mtShortSub(p1, key_.p, 1);
+        zul::mtShortSub(q1, key_.q, 1);
+        zul::mtMultiply(phi, p1, q1);
+        zul::mtMultiply(key_.n, key_.p, key_.q);
+        zul::mtSetShort(key_.e, kExponent);
+        zul::mtModInv(key_.d, key_.e, phi);
+        zul::mtModulo(key_.dP, key_.d, p1);
+        zul::mtModulo(key_.dQ, key_.d, q1);
+        zul::mtModInv(key_.qInv, key_.q, key_.p);
+        key_.bits = zul::mtBitLength(key_.n);
+        key_.flags = zul::kRsaPublic | zul::kRsaPrivate | zul::kRsaCrt;
+    }
+
+    static void read_hex(zul::MT number, const char* hex) {
+        BIGNUM* value = nullptr;
+        BN_hex2bn(&value, hex);
+        Bytes bytes(static_cast<size_t>(BN_num_bytes(value)));
+        BN_bn2bin(value, bytes.data());
+        zul::mtConvFromOctets(number, bytes.data(), bytes.size());
+        BN_free(value);
+    }
+
+    static BIGNUM* to_peer(zul::MT number) {
+        Bytes bytes(zul::mtConvToOctets(number, nullptr, 0));
+        zul::mtConvToOctets(number, bytes.data(), bytes.size());
+        return BN_bin2bn(bytes.data(), static_cast<int>(bytes.size()), nullptr);
+    }
+
+    // Blinding, which this library does not do, is off on their side too.
+    void fill_theirs() {
+        RSA_set0_key(peer_, to_peer(key_.n), to_peer(key_.e), to_peer(key_.d));
+        RSA_set0_factors(peer_, to_peer(key_.p), to_peer(key_.q));
+        RSA_set0_crt_params(peer_, to_peer(key_.dP), to_peer(key_.dQ), to_peer(key_.qInv));
+        RSA_blinding_off(peer_);
+    }
+
+    zul::RsaKey key_;
+    RSA* peer_ = RSA_new();
+    Bytes input_, output_, peerOutput_;
+};
+
+// Made at its first use, as a filter may want none.
+Key& key_of(const BenchPrimes& primes) {
+    static std::map<int, Key> keys;
+    return keys.try_emplace(primes.bits, primes).first->second;
+}
+
+} // namespace
+
+BENCH_ROWS {
+    for (const BenchPrimes& primes : kBenchPrimes) {
+        const std::string bits = std::to_string(primes.bits);
+        bench_register({"RSA-" + bits + " private", 0, [&primes] { key_of(primes).ours(zul::rsaPrivate); },
+                        [&primes] { key_of(primes).theirs(RSA_private_encrypt); }});
+        bench_register({"RSA-" + bits + " public, e = 65537", 0,
+                        [&primes] { key_of(primes).ours(zul::rsaPublic); },
+                        [&primes] { key_of(primes).theirs(RSA_public_encrypt); }});
+    }
+}

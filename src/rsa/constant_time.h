@@ -1,0 +1,25 @@
+#pragma once
+#include <cstddef>
+#include <cstdint>
+
+// Truth values as masks (all ones or zero), for decisions on secrets that no branch or address may show.
+namespace zul {
+
+// What the optimiser must not see through, lest it makes a branch of a mask.
+inline uint32_t opaque(uint32_t value) {
+    __asm__("" : "+r"(value));
+    return value;
+}
+
+inline uint32_t mask_zero(uint32_t value) {
+    return opaque(0u - ((~value & (value - 1)) >> 31));
+}
+inline uint32_t mask_equal(uint32_t a, uint32_t b) {
+    return mask_zero(a ^ b);
+}
+// Both below 2^31.
+inline uint32_t mask_less(size_t a, size_t b) {
+    return opaque(0u - ((static_cast<uint32_t>(a) - static_cast<uint32_t>(b)) >> 31));
+}
+
+} // namespace zul

@@ -1,0 +1,53 @@
+#include "frame/call_frame.h"
+#include "rsa/rsa_key_input.h"
+#include "rsa/rsa_key_string.h"
+#include "zulcore.h"
+
+using namespace zul;
+
+namespace {
+
+bool is_missing(const char* text) {
+    return text == nullptr || *text == '\0';
+}
+
+int read_public(char* szOutput, int nOutChars, const char* szFileOrText,
+                int (*input)(const char* fileOrText, RsaKey& key)) {
+    if (is_missing(szFileOrText))
+        return -BAD_PARAM_ERROR;
+    RsaKey key;
+    const int error = input(szFileOrText, key);
+    return error != 0 ? -error : rsa_public_key_string(szOutput, nOutChars, key);
+}
+
+} // namespace
+
+int RSA_ReadPublicKey(char* szOutput, int nOutChars, const char* szFileOrText) {
+    CallFrame frame;
+    return frame.length(read_public(szOutput, nOutChars, szFileOrText, rsa_input_public_key));
+}
+
+int RSA_GetPublicKeyFromCert(char* szOutput, int nOutChars, const char* szFileOrText) {
+    CallFrame frame;
+    return frame.length(read_public(szOutput, nOutChars, szFileOrText, rsa_input_certificate_key));
+}
+
+int RSA_ReadPrivateKeyInfo(char* szOutput, int nOutChars, const char* szFileOrText) {
+    CallFrame frame;
+    if (is_missing(szFileOrText))
+        return frame.length(-BAD_PARAM_ERROR);
+    RsaKey key;
+    const int error = rsa_input_private_key(szFileOrText, key);
+    return frame.length(error != 0 ? -error : rsa_private_key_string(szOutput, nOutChars, key));
+}
+
+int RSA_ReadEncPrivateKey(char* szOutput, int nOutChars, const char* szFileOrText, const char* szPassword,
+                          int nOptions) {
+    CallFrame frame;
+    static_cast<void>(nOptions); // the file tells its scheme
+    if (is_missing(szFileOrText) || szPassword == nullptr)
+        return frame.length(-BAD_PARAM_ERROR);
+    RsaKey key;
+    const int error = rsa_input_encrypted_key(szFileOrText, szPassword, key);
+    return frame.length(error != 0 ? -error : rsa_private_key_string(szOutput, nOutChars, key));
+}

@@ -1,0 +1,105 @@
+// RSAES-OAEP: RFC 8017, 7.1; MGF1: B.2.1.
+#include "rsa/oaep.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "hash/digest.h"
+#include "rng/rng.h"
+#include "rsa/constant_time.h"
+
+namespace zul {
+
+namespace {
+
+// The digests that have a place in the option word; SHA-1 under its second number has none.
+int oaep_digest_length(int algorithm) {
+    return algorithm == kDigestSha1Rng ? -BAD_FLAG_ERROR : digest_length(algorithm);
+}
+
+void xor_mgf1(uint8_t* target, size_t length, const uint8_t* seed, size_t seedLen, int algorithm) {
+    Wiped<DigestContext> seeded, context;
+    digest_init(*seeded, algorithm);
+    digest_update(*seeded, seed, seedLen);
+    Secret<kMaxDigestSize> digest;
+    const auto step = static_cast<size_t>(digest_length(algorithm));
+    uint32_t counter = 0;
+    for (size_t done = 0; done < length; done += step, counter++) {
+        const uint8_t suffix[4] = {static_cast<uint8_t>(counter >> 24), static_cast<uint8_t>(counter >> 16),
+                                   static_cast<uint8_t>(counter >> 8), static_cast<uint8_t>(counter)};
+        *context = *seeded;
+        digest_update(*context, suffix, sizeof suffix);
+        digest_final(*context, digest.data());
+        const size_t n = std::min(step, length - done);
+        for (size_t i = 0; i < n; i++)
+            target[done + i] ^= digest[i];
+    }
+}
+
+void empty_label_digest(uint8_t* out, int algorithm) {
+    Wiped<DigestContext> context;
+    digest_init(*context, algorithm);
+    digest_final(*context, out);
+}
+
+} // namespace
+
+int oaep_encode(uint8_t* out, size_t outLen, const uint8_t* message, size_t length, int algorithm) {
+    const int digestLength = oaep_digest_length(algorithm);
+    if (digestLength < 0)
+        return digestLength;
+    const auto hLen = static_cast<size_t>(digestLength);
+    const size_t overhead = 2 * hLen + 2;
+    if (outLen < overhead || length > outLen - overhead)
+        return -SHORT_BUF_ERROR;
+    uint8_t* const seed = out + 1;
+    uint8_t* const db = seed + hLen;
+    const size_t dbLen = outLen - hLen - 1;
+    const size_t start = dbLen - length;
+    if (length > 0)
+        memmove(db + start, message, length);
+    out[0] = 0;
+    if (rng_bytes(seed, hLen) != 0)
+        rng_fail();
+    empty_label_digest(db, algorithm);
+    memset(db + hLen, 0, start - 1 - hLen);
+    db[start - 1] = 1;
+    xor_mgf1(db, dbLen, seed, hLen, algorithm);
+    xor_mgf1(seed, hLen, db, dbLen, algorithm);
+    return 0;
+}
+
+int oaep_decode(SecretBuffer& content, size_t* start, const uint8_t* block, size_t length, int algorithm) {
+    const int digestLength = oaep_digest_length(algorithm);
+    if (digestLength < 0)
+        return digestLength;
+    const auto hLen = static_cast<size_t>(digestLength);
+    if (length <= 2 * hLen + 1 || length > kMaxAllocation)
+        return -BAD_LENGTH_ERROR;
+    const size_t dbLen = length - hLen - 1;
+    Secret<kMaxDigestSize> seed, label;
+    memcpy(seed.data(), block + 1, hLen);
+    xor_mgf1(seed.data(), hLen, block + 1 + hLen, dbLen, algorithm);
+    SecretBuffer db(dbLen);
+    memcpy(db.data(), block + 1 + hLen, dbLen);
+    xor_mgf1(db.data(), dbLen, seed.data(), hLen, algorithm);
+
+    uint32_t fault = block[0];
+    empty_label_digest(label.data(), algorithm);
+    for (size_t i = 0; i < hLen; i++)
+        fault |= static_cast<uint32_t>(db[i] ^ label[i]);
+    uint32_t found = 0, end = 0;
+    for (size_t i = hLen; i < dbLen; i++) {
+        const uint32_t first = mask_equal(db[i], 1) & ~found;
+        end |= first & static_cast<uint32_t>(i);
+        found |= first;
+        fault |= db[i] & ~found;
+    }
+    if ((mask_zero(fault) & found) == 0)
+        return -DECRYPT_ERROR;
+    *start = size_t{end} + 1;
+    content = std::move(db);
+    return static_cast<int>(dbLen - *start);
+}
+
+} // namespace zul

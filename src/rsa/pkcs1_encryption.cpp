@@ -1,0 +1,62 @@
+// RSAES-PKCS1-v1_5: RFC 8017, 7.2.
+#include "rsa/pkcs1_encryption.h"
+
+#include <cstring>
+
+#include "frame/wipe.h"
+#include "rng/rng.h"
+#include "rsa/constant_time.h"
+#include "zulcore.h"
+
+namespace zul {
+
+namespace {
+
+constexpr uint8_t kBlockType = 2;
+constexpr size_t kHeader = 2, kFirstEnd = 10; // the earliest place of the zero that ends the padding
+
+uint8_t nonzero_random_byte() {
+    Secret<16> random;
+    for (;;) {
+        if (rng_bytes(random.data(), random.size()) != 0)
+            rng_fail();
+        for (size_t i = 0; i < random.size(); i++)
+            if (random[i] != 0)
+                return random[i];
+    }
+}
+
+} // namespace
+
+int pkcs1_encrypt_block(uint8_t* out, size_t outLen, const uint8_t* message, size_t length) {
+    if (outLen < kPkcs1Overhead || length > outLen - kPkcs1Overhead)
+        return -SHORT_BUF_ERROR;
+    const size_t start = outLen - length;
+    if (length > 0)
+        memmove(out + start, message, length);
+    out[0] = 0;
+    out[1] = kBlockType;
+    for (size_t i = kHeader; i < start - 1; i++)
+        out[i] = nonzero_random_byte();
+    out[start - 1] = 0;
+    return 0;
+}
+
+int pkcs1_decrypt_block(const uint8_t* block, size_t length, size_t* start) {
+    if (length < kPkcs1Overhead)
+        return -DECRYPT_ERROR;
+    uint32_t good = mask_zero(block[0]) & mask_equal(block[1], kBlockType);
+    uint32_t found = 0, end = 0;
+    for (size_t i = kHeader; i < length; i++) {
+        const uint32_t first = mask_zero(block[i]) & ~found;
+        end |= first & static_cast<uint32_t>(i);
+        found |= first;
+    }
+    good &= found & ~mask_less(end, kFirstEnd);
+    if (good == 0)
+        return -DECRYPT_ERROR;
+    *start = size_t{end} + 1;
+    return static_cast<int>(length - *start);
+}
+
+} // namespace zul

@@ -1,0 +1,186 @@
+#include "rsa/rsa_der.h"
+
+#include <cstring>
+
+#include "asn1/asn_build.h"
+#include "asn1/asn_children.h"
+#include "asn1/asn_parse.h"
+#include "asn1/asn_value.h"
+#include "asn1/oid.h"
+#include "frame/err.h"
+#include "frame/memory.h"
+
+namespace zul {
+namespace {
+
+constexpr char kRsaEncryption[] = "rsaEncryption";
+constexpr size_t kMaxValueBytes = kMaxRsaBits / 8;
+
+AsnList integer(const BigInt& value) {
+    SecretBuffer bytes(mtConvToOctets(value, nullptr, 0));
+    mtConvToOctets(value, bytes.data(), bytes.size());
+    return asn_NewIntegerBytes(bytes.data(), bytes.size());
+}
+
+AsnList rsa_algorithm() {
+    return asn_NewSequence(asn_LinkList(asn_NewOid(kRsaEncryption), asn_NewNull()));
+}
+
+AsnChildren inside(const asn_Node* list) {
+    return AsnChildren(asn_is(list, kAsnConstructed, kAsnSequence) ? list : nullptr);
+}
+
+// read_integer takes an INTEGER that is not negative and of a size that can be computed with.
+bool read_integer(const asn_Node* node, BigInt& value) {
+    if (node->data == nullptr || node->length == 0 || (node->data[0] & 0x80) != 0)
+        return false;
+    const uint8_t* bytes = node->data;
+    size_t size = node->length;
+    for (; size > 1 && *bytes == 0; bytes++)
+        size--;
+    if (size > kMaxValueBytes)
+        return false;
+    mtConvFromOctets(value, bytes, size);
+    return true;
+}
+
+// read_integers reads the INTEGERs directly under a SEQUENCE, which has to have as many as wanted and no
+// more. Elements of other types are passed over.
+template<size_t N>
+bool read_integers(const asn_Node* list, BigInt* const (&values)[N]) {
+    AsnChildren children = inside(list);
+    size_t count = 0;
+    for (; !children.at_end(); children.take()) {
+        if (!children.is(kAsnUniversal, kAsnInteger))
+            continue;
+        if (count == N || !read_integer(children.peek(), *values[count]))
+            return false;
+        count++;
+    }
+    return count == N;
+}
+
+bool is_rsa_algorithm(const asn_Node* algorithm) {
+    OidInfo info;
+    if (asn_GetOid(AsnChildren(algorithm).take_oid(), &info) == 0 && strcmp(info.name, kRsaEncryption) == 0)
+        return true;
+    err_add_text("Algorithm must be %s", kRsaEncryption);
+    return false;
+}
+
+bool is_odd(const BigInt& a) {
+    const MtNumber* number = a;
+    return mtBitLength(a) > 0 && (number->digits[0] & 1) != 0;
+}
+
+// is_in_range tells whether a is from 1 to below the limit.
+bool is_in_range(const BigInt& a, const BigInt& limit) {
+    return mtBitLength(a) > 0 && mtCompare(a, limit) < 0;
+}
+
+// With the ranges of dP and dQ, p and q are above 1.
+bool has_usable_primes(const RsaKey& key) {
+    if (!is_odd(key.p) || !is_odd(key.q))
+        return false;
+    BigInt product;
+    mtMultiply(product, key.p, key.q);
+    if (mtIsEqual(product, key.n) == 0 || !is_in_range(key.dP, key.p) || !is_in_range(key.dQ, key.q) ||
+        !is_in_range(key.qInv, key.p))
+        return false;
+    mtMultiply(product, key.qInv, key.q);
+    BigInt rest;
+    mtModulo(rest, product, key.p);
+    return mtShortCmp(rest, 1) == 0;
+}
+
+} // namespace
+
+bool rsa_values_usable(const RsaKey& key) {
+    if (!is_odd(key.n) || key.bits != mtBitLength(key.n) || key.bits > kMaxRsaBits ||
+        !is_in_range(key.e, key.n))
+        return false;
+    if ((key.flags & kRsaPrivate) != 0 && !is_in_range(key.d, key.n))
+        return false;
+    return (key.flags & kRsaCrt) == 0 || has_usable_primes(key);
+}
+
+AsnList rsa_public_key_list(const RsaKey& key) {
+    return asn_NewSequence(asn_LinkList(integer(key.n), integer(key.e)));
+}
+
+AsnList rsa_subject_public_key_info(const RsaKey& key) {
+    return asn_NewSequence(asn_LinkList(rsa_algorithm(), asn_NewBitStringOf(0, rsa_public_key_list(key))));
+}
+
+AsnList rsa_private_key_list(const RsaKey& key) {
+    return asn_NewSequence(asn_LinkList(asn_NewInteger(0), integer(key.n), integer(key.e), integer(key.d),
+                                        integer(key.p), integer(key.q), integer(key.dP), integer(key.dQ),
+                                        integer(key.qInv)));
+}
+
+AsnList rsa_private_key_info(const RsaKey& key) {
+    return asn_NewSequence(
+        asn_LinkList(asn_NewInteger(0), rsa_algorithm(), asn_NewOctetStringOf(rsa_private_key_list(key))));
+}
+
+bool rsa_read_public_key(const asn_Node* list, RsaKey& key) {
+    BigInt* const values[] = {&key.n, &key.e};
+    key.flags = 0;
+    if (!read_integers(list, values))
+        return false;
+    key.bits = mtBitLength(key.n);
+    if (!rsa_values_usable(key))
+        return false;
+    key.flags = kRsaPublic;
+    return true;
+}
+
+bool rsa_read_subject_public_key_info(const asn_Node* list, RsaKey& key) {
+    AsnChildren children = inside(list);
+    const asn_Node* algorithm = children.take_sequence();
+    const asn_Node* bits = children.take_if(kAsnUniversal, kAsnBitString);
+    if (algorithm == nullptr || bits == nullptr || !is_rsa_algorithm(algorithm))
+        return false;
+    SecretBuffer content;
+    if (bits->data == nullptr || bits->data[0] != 0 || !asn_GetBitString(bits, content))
+        return false;
+    const AsnList inner = asn_ParseBytes(content.data(), content.size());
+    return inner && rsa_read_public_key(inner.head(), key);
+}
+
+bool rsa_read_private_key(const asn_Node* list, RsaKey& key) {
+    BigInt version;
+    BigInt* const values[] = {&version, &key.n, &key.e, &key.d, &key.p, &key.q, &key.dP, &key.dQ, &key.qInv};
+    key.flags = 0;
+    if (!read_integers(list, values))
+        return false;
+    key.bits = mtBitLength(key.n);
+    key.flags = kRsaPublic | kRsaPrivate | kRsaCrt;
+    if (mtBitLength(version) == 0 && rsa_values_usable(key))
+        return true;
+    key.flags = 0;
+    return false;
+}
+
+bool rsa_read_private_key_info(const asn_Node* list, RsaKey& key) {
+    AsnChildren children = inside(list);
+    const asn_Node* version = children.take_integer();
+    const asn_Node* algorithm = children.take_sequence();
+    const asn_Node* octets = children.take_octets();
+    SecretBuffer content;
+    if (version == nullptr || algorithm == nullptr || !asn_GetOctets(octets, content))
+        return false;
+    if (asn_GetInt(version) != 0) {
+        err_add_text("Wrong PrivateKeyInfo version");
+        return false;
+    }
+    if (!is_rsa_algorithm(algorithm))
+        return false;
+    const AsnList inner = asn_ParseBytes(content.data(), content.size());
+    if (inner && rsa_read_private_key(inner.head(), key))
+        return true;
+    err_add_text("Not an RSA private key");
+    return false;
+}
+
+} // namespace zul

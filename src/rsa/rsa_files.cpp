@@ -1,0 +1,73 @@
+#include "rsa/rsa_files.h"
+
+#include "asn1/asn_encode.h"
+#include "encode/pem.h"
+#include "frame/debug_output.h"
+#include "frame/err.h"
+#include "frame/file_stream.h"
+#include "rsa/rsa_der.h"
+#include "zulcore.h"
+
+namespace zul {
+namespace {
+
+constexpr int kLineLen = 60;
+
+// write_list writes a list as DER, or as PEM if there is a label. A file that cannot be created is
+// CREATE_ERROR without a text.
+int write_list(const char* path, const asn_Node* list, const char* label, platform::OpenMode mode) {
+    if (debugOutput.structures != 0)
+        asn_Dump(list);
+    // Encoded first, so that a file that exists is not lost to a list that cannot be written.
+    const SecretBuffer der = asn_Encode(list);
+    if (der.empty())
+        return INVALID_DATA_ERROR;
+    FileWriter out(path, mode);
+    if (!out.is_open())
+        return CREATE_ERROR;
+    if (label != nullptr)
+        pem_write(out, der.data(), der.size(), label, kLineLen);
+    else
+        out.write(der.data(), der.size());
+    if (out.finish())
+        return 0;
+    err_add_text("Cannot write file '%s'", path);
+    return WRITE_ERROR;
+}
+
+int write_key_list(const char* path, const AsnList& list, const char* label, platform::OpenMode mode) {
+    const int error = write_list(path, list.head(), label, mode);
+    if (error == CREATE_ERROR)
+        err_add_text("Unable to create key file %s", path);
+    return error;
+}
+
+} // namespace
+
+// The two bits choose differently for public and for private keys: callers have files of both kinds.
+
+int rsa_write_public_key(const char* path, const RsaKey& key, int options) {
+    constexpr auto mode = platform::OpenMode::create;
+    if ((options & ZUL_KEY_FORMAT_PEM) != 0)
+        return write_key_list(path, rsa_public_key_list(key), "RSA PUBLIC KEY", mode);
+    if ((options & ZUL_KEY_FORMAT_PEM_ALT) != 0)
+        return write_key_list(path, rsa_subject_public_key_info(key), "PUBLIC KEY", mode);
+    return write_key_list(path, rsa_public_key_list(key), nullptr, mode);
+}
+
+int rsa_write_private_key_info(const char* path, const RsaKey& key, int options) {
+    constexpr auto mode = platform::OpenMode::createSecret;
+    if ((options & ZUL_KEY_FORMAT_PEM) != 0)
+        return write_key_list(path, rsa_private_key_info(key), "PRIVATE KEY", mode);
+    if ((options & ZUL_KEY_FORMAT_PEM_ALT) != 0)
+        return write_key_list(path, rsa_private_key_list(key), "RSA PRIVATE KEY", mode);
+    return write_key_list(path, rsa_private_key_info(key), nullptr, mode);
+}
+
+int rsa_write_encrypted_key(const char* path, const asn_Node* encryptedPrivateKeyInfo, int options) {
+    const bool pem = (options & (ZUL_KEY_FORMAT_PEM | ZUL_KEY_FORMAT_PEM_ALT)) != 0;
+    return write_list(path, encryptedPrivateKeyInfo, pem ? "ENCRYPTED PRIVATE KEY" : nullptr,
+                      platform::OpenMode::createSecret);
+}
+
+} // namespace zul

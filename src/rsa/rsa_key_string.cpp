@@ -1,0 +1,223 @@
+// The protection is a double encryption as in RFC 3217, over data of any length.
+#include "rsa/rsa_key_string.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "asn1/asn_encode.h"
+#include "asn1/asn_parse.h"
+#include "cipher/tdes.h"
+#include "encode/base64.h"
+#include "hash/sha256.h"
+#include "rng/rng.h"
+#include "rsa/process_key.h"
+#include "rsa/rsa_der.h"
+#include "zulcore.h"
+
+namespace zul {
+namespace {
+
+constexpr size_t kMarker = 3; // bytes: four characters of the text
+constexpr size_t kBlock = 8;  // of Triple DES
+constexpr size_t kLengthField = 2;
+constexpr size_t kMaxDer = 0xFFFE;
+constexpr uint8_t kProtected = 0x3D; // the first byte of every marker
+
+// By type code; the base64 text of three bytes.
+constexpr const char* kMarkers[] = {nullptr, "PUBR", "PVTR", "PUBD", "PVTD"};
+constexpr uint8_t kOuterIv[kBlock] = {0x4A, 0xDD, 0xA2, 0x2C, 0x79, 0xE8, 0x21, 0x05};
+
+bool is_marked(KeyStringType type) {
+    return type >= KeyStringType::rsaPublic && type <= KeyStringType::otherPrivate;
+}
+
+// The check value also covers the type, which stands outside of the encryption.
+void check_value(uint8_t out[kBlock], KeyStringType type, const uint8_t* payload, size_t size) {
+    Wiped<Sha256Context> context;
+    Secret<kSha256Size> digest;
+    const auto typeByte = static_cast<uint8_t>(type);
+    sha256_init(*context);
+    sha256_update(*context, &typeByte, 1);
+    sha256_update(*context, payload, size);
+    sha256_final(*context, digest.data());
+    memcpy(out, digest.data(), kBlock);
+}
+
+void draw(uint8_t* out, size_t size) {
+    if (rng_bytes(out, size) != 0)
+        rng_fail();
+}
+
+void set_process_key(TdesKey& key) {
+    Secret<kProcessKey> bytes;
+    process_key(bytes);
+    tdes_set_key(key, bytes.data());
+}
+
+SecretBuffer base64_text(const uint8_t* data, size_t size) {
+    const size_t chars = b64_encoded_length(size);
+    SecretBuffer text(chars + 1);
+    b64_encode(text.text(), chars + 1, data, size);
+    text.shrink(chars);
+    return text;
+}
+
+// Decodes a key string. Of protected bytes it takes only the very text that encoding them gives, so that no
+// character can be altered without a change of the bytes.
+bool decode(const char* text, SecretBuffer& bytes) {
+    const size_t chars = strlen(text);
+    if (chars > 2 * kMaxDer) // line breaks in plain base64 included
+        return false;
+    const size_t size = b64_decoded_length(text, chars);
+    if (size == 0)
+        return false;
+    SecretBuffer decoded(size);
+    b64_decode(decoded.data(), size, text, chars);
+    if (decoded[0] == kProtected) {
+        const SecretBuffer again = base64_text(decoded.data(), size);
+        if (again.size() != chars || memcmp(again.data(), text, chars) != 0)
+            return false;
+    }
+    bytes = std::move(decoded);
+    return true;
+}
+
+// protect fills block (initial vector, payload and check value; kBlock + payload + kBlock bytes).
+void protect(SecretBuffer& block, const uint8_t* der, size_t derLen, KeyStringType type) {
+    uint8_t* const payload = block.data() + kBlock;
+    const size_t payloadSize = block.size() - 2 * kBlock;
+    payload[0] = static_cast<uint8_t>(derLen >> 8);
+    payload[1] = static_cast<uint8_t>(derLen);
+    memcpy(payload + kLengthField, der, derLen);
+    draw(payload + kLengthField + derLen, payloadSize - kLengthField - derLen);
+    check_value(payload + payloadSize, type, payload, payloadSize);
+
+    Wiped<TdesKey> key;
+    set_process_key(*key);
+    Secret<kBlock> iv;
+    draw(iv.data(), kBlock);
+    memcpy(block.data(), iv.data(), kBlock);
+    tdes_cbc_encrypt(*key, iv.data(), payload, payload, payloadSize / kBlock + 1);
+    std::reverse(block.data(), block.data() + block.size());
+    memcpy(iv.data(), kOuterIv, kBlock);
+    tdes_cbc_encrypt(*key, iv.data(), block.data(), block.data(), block.size() / kBlock);
+}
+
+// unprotect decrypts a block in place and finds the DER in it.
+bool unprotect(uint8_t* block, size_t size, KeyStringType type, SecretBuffer& der) {
+    if (size % kBlock != 0 || size < 3 * kBlock)
+        return false;
+    Wiped<TdesKey> key;
+    set_process_key(*key);
+    Secret<kBlock> iv;
+    memcpy(iv.data(), kOuterIv, kBlock);
+    tdes_cbc_decrypt(*key, iv.data(), block, block, size / kBlock);
+    std::reverse(block, block + size);
+    memcpy(iv.data(), block, kBlock);
+    uint8_t* const payload = block + kBlock;
+    const size_t payloadSize = size - 2 * kBlock;
+    tdes_cbc_decrypt(*key, iv.data(), payload, payload, payloadSize / kBlock + 1);
+
+    Secret<kBlock> check;
+    check_value(check.data(), type, payload, payloadSize);
+    if (memcmp(check.data(), payload + payloadSize, kBlock) != 0)
+        return false;
+    const size_t derLen = static_cast<size_t>(payload[0]) << 8 | payload[1];
+    const size_t room = payloadSize - kLengthField;
+    if (derLen == 0 || derLen > room || room - derLen > kBlock)
+        return false;
+    der = SecretBuffer(derLen);
+    memcpy(der.data(), payload + kLengthField, derLen);
+    return true;
+}
+
+// open_as opens a key string of the type, or a plain one that holds what reader reads.
+int open_as(const char* keyString, KeyStringType wanted, bool (*reader)(const asn_Node*, RsaKey&),
+            RsaKey& key) {
+    key.flags = 0;
+    SecretBuffer der;
+    KeyStringType type{};
+    if (const int error = key_string_open(keyString, der, &type))
+        return error;
+    if (type != wanted && type != KeyStringType::plain)
+        return INVALID_DATA_ERROR;
+    const AsnList list = asn_ParseBytes(der.data(), der.size());
+    return list && reader(list.head(), key) ? 0 : INVALID_DATA_ERROR;
+}
+
+int write_key_string(char* out, int outChars, const AsnList& list, KeyStringType type) {
+    const SecretBuffer der = asn_Encode(list);
+    const SecretBuffer text = key_string_make(der.data(), der.size(), type);
+    if (text.empty())
+        return -INVALID_DATA_ERROR;
+    const auto length = static_cast<int>(text.size());
+    if (out == nullptr || outChars <= 0)
+        return length;
+    if (outChars < length)
+        return -SHORT_BUF_ERROR;
+    memcpy(out, text.data(), text.size() + 1);
+    return length;
+}
+
+} // namespace
+
+SecretBuffer key_string_make(const uint8_t* der, size_t derLen, KeyStringType type) {
+    if (derLen == 0 || derLen > kMaxDer)
+        return {};
+    if (!is_marked(type))
+        return base64_text(der, derLen);
+    const size_t padding = kBlock - (derLen + kLengthField) % kBlock;
+    SecretBuffer block(kBlock + kLengthField + derLen + padding + kBlock);
+    protect(block, der, derLen, type);
+
+    SecretBuffer marked(kMarker + block.size());
+    b64_decode(marked.data(), kMarker, kMarkers[static_cast<int>(type)]);
+    memcpy(marked.data() + kMarker, block.data(), block.size());
+    return base64_text(marked.data(), marked.size());
+}
+
+int key_string_open(const char* keyString, SecretBuffer& der, KeyStringType* type) {
+    SecretBuffer bytes;
+    if (keyString == nullptr || !decode(keyString, bytes))
+        return INVALID_DATA_ERROR;
+    if (bytes[0] != kProtected) {
+        der = std::move(bytes);
+        *type = KeyStringType::plain;
+        return 0;
+    }
+    for (int code = 1; code <= 4; code++) {
+        if (strncmp(keyString, kMarkers[code], 4) != 0)
+            continue;
+        *type = static_cast<KeyStringType>(code);
+        return unprotect(bytes.data() + kMarker, bytes.size() - kMarker, *type, der) ? 0 : INVALID_DATA_ERROR;
+    }
+    return INVALID_DATA_ERROR;
+}
+
+int rsa_open_public(const char* keyString, RsaKey& key) {
+    return open_as(keyString, KeyStringType::rsaPublic, rsa_read_public_key, key);
+}
+
+int rsa_open_private(const char* keyString, RsaKey& key) {
+    return open_as(keyString, KeyStringType::rsaPrivate, rsa_read_private_key, key);
+}
+
+int rsa_open_any(const char* keyString, RsaKey& key, bool* isPrivate) {
+    int error = rsa_open_public(keyString, key);
+    const bool opensAsPrivate = error != 0;
+    if (opensAsPrivate)
+        error = rsa_open_private(keyString, key);
+    if (isPrivate != nullptr)
+        *isPrivate = opensAsPrivate;
+    return error;
+}
+
+int rsa_public_key_string(char* out, int outChars, const RsaKey& key) {
+    return write_key_string(out, outChars, rsa_public_key_list(key), KeyStringType::rsaPublic);
+}
+
+int rsa_private_key_string(char* out, int outChars, const RsaKey& key) {
+    return write_key_string(out, outChars, rsa_private_key_list(key), KeyStringType::rsaPrivate);
+}
+
+} // namespace zul

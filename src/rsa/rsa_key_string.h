@@ -1,0 +1,36 @@
+#pragma once
+#include "frame/memory.h"
+#include "rsa/rsa_key.h"
+
+// Internal key strings: base64 texts that only the process that made them can open.
+namespace zul {
+
+enum class KeyStringType : int {
+    plain = 0,
+    rsaPublic = 1,
+    rsaPrivate = 2,
+    otherPublic = 3,
+    otherPrivate = 4
+};
+
+// key_string_make protects the DER of a key; size() of the result does not count the NUL that follows. Empty
+// if it is too long (65,535 bytes or more) or there is none.
+SecretBuffer key_string_make(const uint8_t* der, size_t derLen, KeyStringType type);
+
+// key_string_open gives back the DER and the type: 0 or INVALID_DATA_ERROR. A text that is no base64 of a
+// marker is taken as plain base64 of the DER.
+int key_string_open(const char* keyString, SecretBuffer& der, KeyStringType* type);
+
+// rsa_open_public and rsa_open_private open a key string of their own kind into a key: 0 or
+// INVALID_DATA_ERROR. A plain one opens as what it holds, RSAPublicKey or RSAPrivateKey. rsa_open_any takes
+// either kind, trying public first; *isPrivate may be null.
+int rsa_open_public(const char* keyString, RsaKey& key);
+int rsa_open_private(const char* keyString, RsaKey& key);
+int rsa_open_any(const char* keyString, RsaKey& key, bool* isPrivate);
+
+// rsa_key_string_* write a key as a key string into a caller's room as exports do (docs/conventions.md, but
+// SHORT_BUF_ERROR if it does not fit): its length or a negated code.
+int rsa_public_key_string(char* out, int outChars, const RsaKey& key);
+int rsa_private_key_string(char* out, int outChars, const RsaKey& key);
+
+} // namespace zul

@@ -1,0 +1,132 @@
+// Raw RSA, and the forms with a trailer in the last half-byte ("RSA2"), whose results are the smaller one of
+// s and n - s.
+#include <cstring>
+
+#include "frame/call_frame.h"
+#include "frame/memory.h"
+#include "rsa/rsa_key_string.h"
+#include "rsa/rsa_operation.h"
+#include "zulcore.h"
+
+using namespace zul;
+
+namespace {
+
+constexpr unsigned kTrailerMask = 0xF;
+
+// 0 for plain RSA.
+unsigned trailer_option(int options) {
+    const unsigned value = static_cast<unsigned>(options) & kTrailerMask;
+    return value == ZUL_RSA2_TRAILER6 || value == ZUL_RSA2_TRAILERC ? value : 0;
+}
+
+using Operation = int (*)(const RsaKey* key, uint8_t* output, size_t* outlen, const uint8_t* input,
+                          size_t inlen);
+
+int run(Operation operation, const RsaKey& key, SecretBuffer& result, const uint8_t* data, size_t length) {
+    result = SecretBuffer(key.bytes());
+    size_t resultLength = 0;
+    if (const int code = operation(&key, result.data(), &resultLength, data, length)) {
+        err_add_text("RSA operation failed");
+        return code;
+    }
+    if (resultLength > length) {
+        err_add_text("RSA returns too many bytes");
+        return OUT_OF_RANGE_ERROR;
+    }
+    return 0;
+}
+
+// value = n - value, of the same length.
+void complement(SecretBuffer& value, const RsaKey& key) {
+    BigInt number, difference;
+    mtConvFromOctets(number, value.data(), value.size());
+    mtSubtract(difference, key.n, number);
+    mtConvToOctets(difference, value.data(), value.size());
+}
+
+void take_smaller(SecretBuffer& value, const RsaKey& key) {
+    SecretBuffer other(value.size());
+    memcpy(other.data(), value.data(), value.size());
+    complement(other, key);
+    if (memcmp(other.data(), value.data(), value.size()) < 0)
+        value = std::move(other);
+}
+
+bool has_trailer(const SecretBuffer& value, unsigned trailer) {
+    return (value[value.size() - 1] & kTrailerMask) == trailer;
+}
+
+void write_right_aligned(uint8_t* data, size_t length, const SecretBuffer& value) {
+    memset(data, 0, length);
+    memcpy(data + (length - value.size()), value.data(), value.size());
+}
+
+int raw_private(uint8_t* data, size_t length, const char* keyString, int options) {
+    RsaKey key;
+    if (const int code = rsa_open_private(keyString, key)) {
+        err_add_text("Invalid Private Key");
+        return code;
+    }
+    if (length != key.bytes()) {
+        err_add_text("Data length (%ld) does not match key (%d) bytes", static_cast<long>(length),
+                     static_cast<int>(key.bytes()));
+        return OUT_OF_RANGE_ERROR;
+    }
+    const unsigned trailer = trailer_option(options);
+    if (trailer != 0 && (data[length - 1] & kTrailerMask) % trailer != 0)
+        return BAD_FORMAT_ERROR;
+    SecretBuffer result;
+    if (const int code = run(rsaPrivate, key, result, data, length))
+        return code;
+    if (trailer != 0)
+        take_smaller(result, key);
+    write_right_aligned(data, length, result);
+    return 0;
+}
+
+int raw_public(uint8_t* data, size_t length, const char* keyString, int options) {
+    RsaKey key;
+    if (const int code = rsa_open_public(keyString, key)) {
+        err_add_text("Invalid Public Key");
+        return code;
+    }
+    if (length < key.bytes()) {
+        err_add_text("Data length shorter than key");
+        return OUT_OF_RANGE_ERROR;
+    }
+    SecretBuffer result;
+    if (const int code = run(rsaPublic, key, result, data, length))
+        return code;
+    // A signature of n / 2 or more is accepted: peers exist that do not take the smaller one.
+    const unsigned trailer = trailer_option(options);
+    if (trailer != 0 && !has_trailer(result, trailer)) {
+        complement(result, key);
+        if (!has_trailer(result, trailer)) {
+            memset(data, 0, length);
+            return SIGNATURE_ERROR;
+        }
+    }
+    write_right_aligned(data, length, result);
+    return 0;
+}
+
+bool missing(const unsigned char* data, int length, const char* keyString) {
+    return data == nullptr || length < 1 || keyString == nullptr || keyString[0] == '\0';
+}
+
+} // namespace
+
+int RSA_RawPublic(unsigned char* lpData, int nDataLen, const char* szPublicKey, int nOptions) {
+    CallFrame frame;
+    if (missing(lpData, nDataLen, szPublicKey))
+        return frame.status(BAD_PARAM_ERROR);
+    return frame.status(raw_public(lpData, static_cast<size_t>(nDataLen), szPublicKey, nOptions));
+}
+
+int RSA_RawPrivate(unsigned char* lpData, int nDataLen, const char* szPrivateKey, int nOptions) {
+    CallFrame frame;
+    if (missing(lpData, nDataLen, szPrivateKey))
+        return frame.status(BAD_PARAM_ERROR);
+    return frame.status(raw_private(lpData, static_cast<size_t>(nDataLen), szPrivateKey, nOptions));
+}

@@ -1,0 +1,111 @@
+#include <gtest/gtest.h>
+
+#include "rsa/rsa_operation.h"
+#include "support/vectors.h"
+#include "zulcore.h"
+
+namespace zul {
+
+namespace {
+
+using Bytes = std::vector<uint8_t>;
+
+struct Part {
+    const char* name;
+    BigInt RsaKey::*value;
+};
+constexpr Part kParts[] = {{"n", &RsaKey::n},   {"e", &RsaKey::e},      {"d", &RsaKey::d},
+                           {"p", &RsaKey::p},   {"q", &RsaKey::q},      {"dP", &RsaKey::dP},
+                           {"dQ", &RsaKey::dQ}, {"qInv", &RsaKey::qInv}};
+
+void load(RsaKey& key, const test::Vector& v) {
+    for (const Part& part : kParts) {
+        const Bytes bytes = v.hex(part.name);
+        mtConvFromOctets(key.*part.value, bytes.data(), bytes.size());
+    }
+    key.bits = mtBitLength(key.n);
+    key.flags = kRsaPublic | kRsaPrivate | kRsaCrt;
+}
+
+using Operation = int (*)(const RsaKey*, uint8_t*, size_t*, const uint8_t*, size_t);
+
+Bytes result(Operation operation, const RsaKey& key, const Bytes& input) {
+    Bytes out(key.bytes());
+    size_t length = 0;
+    EXPECT_EQ(operation(&key, out.data(), &length, input.data(), input.size()), 0);
+    EXPECT_EQ(length, out.size());
+    return out;
+}
+
+int code(Operation operation, const RsaKey* key, const Bytes& input) {
+    Bytes out(key == nullptr ? 1 : key->bytes());
+    size_t length = 0;
+    return operation(key, out.data(), &length, input.data(), input.size());
+}
+
+void expect_ordinary(RsaKey& key, const test::Vector& v) {
+    for (const char* number : {"0", "1", "2", "3", "4", "5", "6"}) {
+        const Bytes m = v.hex(std::string("m") + number), c = v.hex(std::string("c") + number);
+        EXPECT_EQ(result(rsaPublic, key, m), c);
+        EXPECT_EQ(result(rsaPrivate, key, c), m);
+        key.flags &= ~uint32_t{kRsaCrt};
+        EXPECT_EQ(result(rsaPrivate, key, c), m);
+        key.flags |= kRsaCrt;
+    }
+}
+
+void expect_refusals(RsaKey& key, const Bytes& n) {
+    Bytes above = n;
+    above.insert(above.begin(), 1);
+    for (const Operation operation : {rsaPublic, rsaPrivate}) {
+        EXPECT_EQ(code(operation, &key, n), OUT_OF_RANGE_ERROR);
+        EXPECT_EQ(code(operation, &key, above), OUT_OF_RANGE_ERROR);
+        EXPECT_EQ(code(operation, nullptr, n), NULL_ERROR);
+    }
+    key.flags = kRsaPublic;
+    EXPECT_EQ(code(rsaPrivate, &key, {1}), BAD_PARAM_ERROR);
+    key.flags = kRsaPrivate | kRsaCrt;
+    EXPECT_EQ(code(rsaPublic, &key, {1}), BAD_PARAM_ERROR);
+}
+
+// Whichever part does not belong to the others: a number below n, or a code.
+void expect_survival(const test::Vector& v) {
+    const Bytes input = v.hex("m5");
+    for (const Part& part : kParts) {
+        const Bytes good = v.hex(part.name);
+        Bytes even = good, longer(good.size() + 9, 0xFD);
+        even.back() ^= 1;
+        for (const Bytes& bad : {Bytes{0}, Bytes{1}, Bytes{2}, even, longer}) {
+            SCOPED_TRACE(part.name + (" = " + test::to_hex(bad)));
+            RsaKey key;
+            load(key, v);
+            mtConvFromOctets(key.*part.value, bad.data(), bad.size());
+            for (const uint32_t flags : {kRsaPublic | kRsaPrivate | kRsaCrt, kRsaPublic | kRsaPrivate}) {
+                key.flags = flags;
+                for (const Operation operation : {rsaPublic, rsaPrivate}) {
+                    if (code(operation, &key, input) != 0)
+                        continue;
+                    BigInt number;
+                    const Bytes out = result(operation, key, input);
+                    mtConvFromOctets(number, out.data(), out.size());
+                    EXPECT_LT(mtCompare(number, key.n), 0);
+                }
+            }
+        }
+    }
+}
+
+} // namespace
+
+TEST(RsaOperation, HoldsForOrdinaryForeignAndContradictoryKeys) {
+    for (const auto& v : test::read_vectors("rsa_ops/raw.txt")) {
+        SCOPED_TRACE(v.where());
+        RsaKey key;
+        load(key, v);
+        expect_ordinary(key, v);
+        expect_refusals(key, v.hex("n"));
+        expect_survival(v);
+    }
+}
+
+} // namespace zul
