@@ -31,6 +31,7 @@ refused() {
     [ "$status" -eq 1 ] && [[ $words == *": error $code: "* ]]
 }
 quote_words() { printf '%s\n' "$words" | sed "s/^/  $(printf '%10s' '')   | /"; }
+quietly() { "$@" >/dev/null; }
 differs() { ! cmp -s "$1" "$2"; }
 hex_of() { od -An -v -tx1 "$1" | tr -d ' \n'; }
 # flip_bit HEX INDEX: the hex text with the top bit of the byte at INDEX (from 0) flipped.
@@ -111,6 +112,33 @@ wrap_key() {
     quote_words
 }
 
+make_keys() {
+    local search
+    "${zul[@]}" random 16 --hex >password
+    search=$("${zul[@]}" key make --progress -f pem-alt --password-file password public.pem private.pem 2>&1) || {
+        printf '%s\n' "$search" >&2
+        return 1
+    }
+    say "key pair" "RSA, 2048 bits; the search for its primes:"
+    printf '%s\n' "${search:-(shown in a console, of which there is none here)}" | tr -d '\r' | fold -w 90 |
+        sed "s/^/  $(printf '%10s' '')   | /"
+    expect "" "the private key, encrypted with AES-256, and the public one are a pair" \
+        quietly "${zul[@]}" key match --password-file password private.pem public.pem
+    expect openssl "'openssl pkey -check' finds the private key valid too" \
+        quietly openssl pkey -in private.pem -passin file:password -check -noout
+}
+
+sign_and_verify() {
+    "${zul[@]}" sign -k private.pem --password-file password "$input" file.sig
+    say sign "SHA-256 of the file, signed: $(stat -c %s file.sig) bytes"
+    expect verify "the signature is good" quietly "${zul[@]}" verify -k public.pem "$input" file.sig
+    expect openssl "'openssl dgst -verify' finds it good too" \
+        quietly openssl dgst -sha256 -verify public.pem -signature file.sig "$file"
+    { cat "$file" && printf x; } >damaged.bin
+    expect damage "a file with one byte more: refused with 22" refused 22 verify -k public.pem damaged.bin file.sig
+    quote_words
+}
+
 wipe_all() {
     local count
     count=$(ls | wc -l)
@@ -131,6 +159,8 @@ demonstrate() {
     refuse_damage
     refuse_wrong_key
     wrap_key
+    make_keys
+    sign_and_verify
     wipe_all
 }
 

@@ -12,10 +12,19 @@ if [ ! -e "$WINEPREFIX/.ready" ]; then
     (
         flock 9
         if [ ! -e "$WINEPREFIX/.ready" ]; then
-            DISPLAY='' wineboot -i >"$WINEPREFIX/wineboot.log" 2>&1 || true
+            DISPLAY='' wineboot -i >"$WINEPREFIX/wineboot.log" 2>&1 9>&- || true
             wineserver -w 2>/dev/null || true
             touch "$WINEPREFIX/.ready"
         fi
     ) 9>"$WINEPREFIX/.lock"
 fi
+
+# Two programs that together start Wine's session can wait for each other for ever: one starts it for both. The
+# server's socket tells that there is a session; Debian keeps it in a folder of a random name.
+server=server-$(stat -c %D "$WINEPREFIX")-$(printf %x "$(stat -c %i "$WINEPREFIX")")
+folder=$(cat "$WINEPREFIX/wineserver" 2>/dev/null || echo ".wine-$(id -u)")
+(
+    flock 9
+    [ -S "/tmp/$folder/$server/socket" ] || DISPLAY='' wine cmd /c exit >/dev/null 2>&1 </dev/null 9>&- || true
+) 9>"$WINEPREFIX/.lock"
 exec wine "$@"

@@ -6,6 +6,7 @@ import hashlib
 import hmac
 import os
 import pathlib
+import pty
 import subprocess
 import sys
 import tempfile
@@ -13,13 +14,15 @@ import unittest
 
 TOOL = []  # launcher and tool
 CONTENT = bytes(range(256)) * 300 + b"the end"  # 76,807 bytes: no whole number of blocks
-COMMANDS = "hash hmac encrypt decrypt wrap unwrap encode decode random wipe error version".split()
+COMMANDS = ("hash hmac encrypt decrypt wrap unwrap key sign verify rsa-encrypt rsa-decrypt encode decode der random "
+            "wipe error version").split()
 KEY = bytes(range(0x40, 0x60))
 IV = bytes(range(0xE0, 0xF0))
 
 
 def zul(*arguments, stdin=b""):
-    return subprocess.run(TOOL + list(arguments), input=stdin, capture_output=True, timeout=120)
+    # in a session without a terminal, so that nothing is asked
+    return subprocess.run(TOOL + list(arguments), input=stdin, capture_output=True, timeout=120, start_new_session=True)
 
 
 def openssl(*arguments, stdin):
@@ -276,6 +279,166 @@ class Encodings(ToolTest):
         self.assertFalse(os.path.exists("never.bin"))
 
 
+class Keys(ToolTest):
+    @classmethod
+    def setUpClass(cls):
+        cls.pem = openssl("genpkey", "-algorithm", "RSA", "-pkeyopt", "rsa_keygen_bits:1024", stdin=b"")
+        cls.der = openssl("pkcs8", "-topk8", "-nocrypt", "-outform", "DER", stdin=cls.pem)
+        cls.spki = openssl("pkey", "-pubout", "-outform", "DER", stdin=cls.pem)
+
+    def setUp(self):
+        super().setUp()
+        write("key.pem", self.pem)
+        write("pub.der", self.spki)
+        write("pw", b"geheim\n")
+        write("enc.pem", openssl("pkcs8", "-topk8", "-v2", "aes-128-cbc", "-passout", "pass:geheim", stdin=self.pem))
+
+    def at_terminal(self, typed, *arguments):
+        """Runs the tool at a terminal and types an answer after each question: its status and all it showed."""
+        child, screen = pty.fork()
+        if child == 0:
+            os.execv(TOOL[0], TOOL + list(arguments))
+        shown = b""
+        try:
+            while chunk := os.read(screen, 1000):
+                shown += chunk
+                if shown.endswith(b": ") and typed:
+                    os.write(screen, typed.pop(0))
+        except OSError:  # the terminal's other side is closed
+            pass
+        os.close(screen)
+        return os.waitstatus_to_exitcode(os.waitpid(child, 0)[1]), shown
+
+    def test_make(self):
+        for options, says in (([], "aes-256-cbc"), (["--encrypt", "md5-des", "--count=1", "-f", "der"], "pbeWithMD5AndDES"),
+                              (["--encrypt", "AES192", "-f", "pem-alt", "--exponent", "3"], "aes-192-cbc"),
+                              (["--encrypt", "aes-128", "--prf", "sha512", "--progress"], "aes-128-cbc"),
+                              (["--encrypt", "3des", "--progress"], "des-ede3-cbc")):
+            with self.subTest(options):
+                result = zul("key", "make", "--bits", "1000", "--password-file", "pw", *options, "pub", "pri")
+                self.assertEqual((result.returncode, result.stdout), (0, b""), result.stderr)
+                shown = b"Generating new prime:" in result.stderr  # Windows has a console for it
+                self.assertEqual(shown, "--progress" in options and len(TOOL) == 1)
+                form = "DER" if "der" in options else "PEM"
+                self.assertIn(says, openssl("asn1parse", "-in", "pri", "-inform", form, stdin=b"").decode())
+                openssl("pkey", "-inform", form, "-in", "pri", "-passin", "file:pw", "-check", "-noout", "-provider",
+                        "legacy", "-provider", "default", stdin=b"")
+                self.assertEqual(self.done("key", "match", "--password-file", "pw", "pri", "pub"), b"the keys match\n")
+        self.refused(2, "key", "make", "--bits=512", "--password-file=pw", "pub", "no/such", says="no/such")
+        self.refused(2, "key", "make", "--bits=512", "--password-file=pw", "no/such", "pri", says="no/such")
+        self.refused(11, "key", "make", "--bits=96", "--password-file=pw", "pub", "pri", says="Invalid size 96")
+
+    def test_passwords(self):
+        good = b"valid private key of 1024 bits\n"
+        write("long", b"geheim\r\nand more")
+        self.assertEqual(self.done("key", "check", "--password-file", "long", "enc.pem"), good)
+        self.assertEqual(self.done("key", "check", "--password-file", "-", "enc.pem", stdin=b"geheim"), good)
+        self.assertEqual(self.done("key", "convert", "--password-file", "-", "--new-password-file", "-", "--encrypt",
+                                   "p12-3des", "enc.pem", "new.pem", stdin=b"geheim\nneu\n"), b"")
+        result = zul("key", "check", "--password", "neu", "new.pem")
+        self.assertEqual((result.returncode, result.stdout), (0, good))
+        self.assertRegex(result.stderr, rb"^zul: a password after --password is visible")
+        self.refused(15, "key", "check", "--password-file", "-", "new.pem", stdin=b"geheim\n", says="the right one")
+        if len(TOOL) > 1:
+            return
+        self.refused(20, "key", "check", "enc.pem", says="no terminal")
+        status, shown = self.at_terminal([b"gehh\x7feim\r"], "key", "check", "enc.pem")
+        self.assertEqual((status, shown), (0, b"Password for 'enc.pem': \r\n" + good.replace(b"\n", b"\r\n")))
+        self.assertEqual(self.at_terminal([b"gehei\x03"], "key", "check", "enc.pem")[0], 1)
+        make = ["key", "make", "--bits", "512", "pub", "pri"]
+        status, shown = self.at_terminal([b"one\n", b"other\n"], *make)
+        self.assertEqual((status, os.path.exists("pri")), (1, False), shown)
+        self.assertEqual(self.at_terminal([b"x\x15one\n", b"one\n"], *make)[0], 0)
+        self.done("key", "match", "--password-file", "-", "pri", "pub", stdin=b"one")
+
+    def test_show(self):
+        xml = self.done("key", "convert", "--unencrypted", "--format=xml", "key.pem", "-").decode()
+        secret = xml[xml.index("<P>"):xml.index("</P>")]
+        expected = self.done("key", "show", "key.pem").decode().splitlines()
+        self.assertEqual([line.split()[0] for line in expected], ["key", "bits", "exponent", "hash", "public"])
+        self.assertEqual(expected[1:3], ["bits       1024", "exponent   65537"])
+        self.assertNotIn(secret, "".join(expected))
+        self.assertIn(secret, self.done("key", "show", "--private", "key.pem").decode())
+        for file in ("pub.der", "enc.pem"):
+            shown = self.done("key", "show", "--password-file", "pw", file).decode().splitlines()
+            self.assertEqual(shown[1:], expected[1:])
+        self.assertEqual(self.done("key", "check", "pub.der"), b"public key of 1024 bits\n")
+        other = openssl("genpkey", "-algorithm", "RSA", "-pkeyopt", "rsa_keygen_bits:1024", stdin=b"")
+        self.refused(21, "key", "match", "key.pem", write("other.pem", other), says="Keys do not match")
+        self.refused(7, "key", "show", write("bad.der", self.der[:-1]))
+        self.refused(7, "key", "show", write("no.der", b"\x30\x03\x02\x01\x05"), says="no RSA key")
+
+    def test_convert(self):
+        private = ["--unencrypted"], ["--unencrypted", "-f", "pem-alt"], ["--unencrypted", "-f", "der"], \
+            ["--unencrypted", "-f", "xml"], ["--unencrypted", "-f", "xml", "--hex", "--keyvalue"], \
+            ["--encrypt", "aes-128", "--prf", "sha384", "--new-password-file", "pw"], \
+            ["--encrypt", "md2-des", "-f", "der", "--new-password-file", "pw"]
+        for options in private:
+            with self.subTest(options):
+                self.done("key", "convert", *options, "key.pem", "out")
+                self.done("key", "convert", "--unencrypted", "-f", "der", "--password-file", "pw", "out", "back")
+                self.assertEqual(read("back"), self.der)
+        begins = {"pem": b"-----BEGIN RSA PUBLIC KEY-----", "pem-alt": b"-----BEGIN PUBLIC KEY-----", "der": b"\x30",
+                  "xml": b"<RSAKeyValue><Modulus>"}
+        for form, begin in begins.items():
+            with self.subTest(form):
+                self.done("key", "convert", "--public", "-f", form, "key.pem", "out")
+                self.assertTrue(read("out").startswith(begin))
+                self.done("key", "convert", "-f", "pem-alt", "out", "back")
+                self.assertEqual(openssl("pkey", "-pubin", "-in", "back", "-outform", "DER", stdin=b""), self.spki)
+
+    def test_signatures(self):
+        for name in "md5 sha1 sha224 sha256 sha384 sha512".split():
+            with self.subTest(name):
+                signature = self.done("sign", "-k", "key.pem", "-d", name, "in.bin", "-")
+                self.assertEqual(signature, openssl("dgst", "-" + name, "-sign", "key.pem", stdin=CONTENT))
+                self.assertEqual(self.done("verify", "-k", "pub.der", "-d", name, "in.bin", write("sig", signature)),
+                                 b"in.bin: good signature\n")
+        self.done("sign", "-k", "enc.pem", "--password-file", "pw", "-", "sig", stdin=CONTENT)
+        self.done("verify", "-k", "key.pem", "-", "sig", stdin=CONTENT)
+        good = read("sig")
+        write("other.bin", CONTENT + b"x")
+        for file, signature, *more in (("in.bin", good[:-1] + bytes([good[-1] ^ 1])), ("in.bin", good[:-1]),
+                                       ("in.bin", b"\0" + good), ("in.bin", b"\xff" * 128), ("in.bin", b""),
+                                       ("other.bin", good), ("in.bin", good, "-d", "sha1")):
+            self.assertEqual(self.refused(22, "verify", "-k", "pub.der", *more, file, write("sig", signature)).stdout, b"")
+        self.refused(7, "sign", "-k", "pub.der", "in.bin", "never", says="takes a private key")
+        self.assertFalse(os.path.exists("never"))
+
+    def test_encryption(self):
+        oaep = ["-pkeyopt", "rsa_padding_mode:oaep", "-pkeyopt"]
+        write("message", b"a session key")
+        for ours, theirs in (([], oaep + ["rsa_oaep_md:sha256"]), (["-d", "sha1"], oaep + ["rsa_oaep_md:sha1"]),
+                             (["-p", "v1.5"], [])):
+            with self.subTest(ours):
+                made = self.done("rsa-encrypt", "-k", "pub.der", *ours, "message", "-")
+                self.assertEqual(openssl("pkeyutl", "-decrypt", "-inkey", "key.pem", *theirs, stdin=made), read("message"))
+                made = openssl("pkeyutl", "-encrypt", "-inkey", "key.pem", *theirs, stdin=read("message"))
+                self.done("rsa-decrypt", "-k", "key.pem", *ours, write("made", made), "back")
+                self.assertEqual(read("back"), read("message"))
+                for bad in (made[:-1], b"\0" + made, made[:-1] + bytes([made[-1] ^ 1]), b"\xff" * 128):
+                    self.refused(15, "rsa-decrypt", "-k", "key.pem", *ours, write("bad", bad), "-", says="was damaged")
+        self.refused(30, "rsa-encrypt", "-k", "pub.der", "in.bin", "never")
+        self.assertFalse(os.path.exists("never"))
+
+    def test_der(self):
+        listing = ("30 80  #Level=0  (NDEF)\n   30 13  #Level=1 length=0x13/19\n      04 11  #Level=2 length=0x11/17\n"
+                   "         " + "61 " * 16 + "\n         61 \n   bf 87 65 00  #Level=1 length=0x0/0\n"
+                   "   00 00  #Level=1 length=0x0/0\n04 81 01  #Level=0 length=0x1/1\n   62 \n")
+        data = b"\x30\x80\x30\x13\x04\x11" + b"a" * 17 + b"\xbf\x87\x65\x00\0\0\x04\x81\x01b"
+        text = base64.encodebytes(data)
+        for content in (data, text, b"-----BEGIN X-----\n" + text + b"-----END X-----\n"):
+            self.assertEqual(self.done("der", write("some", content)).decode(), listing)
+            self.assertEqual(self.done("der", "-", stdin=content).decode(), listing)
+        for damaged, says in ((data[:-1], "At byte 29: a content of 1"), (data[:27], "byte 27: an element of indefinite"),
+                              (data[:3], "a header is cut off"), (b"\x04\x80\0\0", "primitive"), (b"\0\0", "without"),
+                              (b"\x04\x85\0\0\0\0\1a", "a length of 5 bytes"), (b"\x30\x80" * 201, "levels"),
+                              (b"\x30\x03\x04\x02ab", "of which 1"), (b"\x1f\xff", "cut off"),
+                              (b"\x04\x84\xff\xff\xff\xffa", "4294967295 bytes")):
+            self.refused(7, "der", write("damaged", damaged), says=says)
+        self.refused(20, "der", "-")
+
+
 class Others(ToolTest):
     def test_random(self):
         for size in (0, 1, 65536, 150000):
@@ -323,10 +486,11 @@ class Others(ToolTest):
 
     def test_help(self):
         overview = self.done("--help").decode()
-        for command in COMMANDS:
+        for command in COMMANDS + [f"key {name}" for name in "make show convert match check".split()]:
             with self.subTest(command):
-                self.assertRegex(overview, rf"(?m)^  {command} ")
-                text = self.done(command, "--help").decode()
+                if " " not in command:
+                    self.assertRegex(overview, rf"(?m)^  {command} ")
+                text = self.done(*command.split(), "--help").decode()
                 self.assertRegex(text, rf"Example:\n(.*\n)*  zul {command}")
                 self.assertLess(max(map(len, text.splitlines())), 120)
 
@@ -368,6 +532,23 @@ class Usage(ToolTest):
             ("at most 2147483647 numbers", ["random", "--number", "-2147483648", "2147483647"]),
             ("exclude each other", ["random", "16", "--test"]),
             ("'zul error' alone lists all", ["error", "10"]),
+            ("unknown command 'mkae'; commands: make, show, convert, match, check", ["key", "mkae"]),
+            ("a command is needed; commands: make", ["key"]),
+            ("PRIVATE is required", ["key", "make", "pub"]),
+            ("--exponent is 3, 5, 17, 257 or 65537", ["key", "make", "--exponent", "7", *files]),
+            ("encryptions: aes-128", ["key", "make", "--encrypt", "rot13", *files]),
+            ("leave out --prf", ["key", "make", "--encrypt", "md5-des", "--prf", "sha1", *files]),
+            ("--prf is sha1", ["key", "make", "--prf", "md5", *files]),
+            ("formats: der, pem, pem-alt", ["key", "make", "-f", "xml", *files]),
+            ("exclude each other", ["key", "convert", "--public", "--encrypt", "3des", *files]),
+            ("go with --encrypt", ["key", "convert", "--prf", "sha1", *files]),
+            ("cannot be encrypted", ["key", "convert", "--encrypt", "3des", "-f", "xml", *files]),
+            ("only xml goes to standard output", ["key", "convert", "in.bin", "-"]),
+            ("not both", ["key", "make", "--password", "a", "--password-file", "b", *files]),
+            ("the password is empty", ["key", "make", "--password-file", "-", *files]),
+            ("standard input", ["sign", "-k", "-", "-", "out.bin"]),
+            ("paddings: oaep, v1.5", ["rsa-encrypt", "-k", "in.bin", "-p", "pss", *files]),
+            ("--key-file is required", ["verify", *files]),
             ("FILE is required", ["wipe"]),
         ]
         for says, arguments in cases:
@@ -387,6 +568,7 @@ class Usage(ToolTest):
                           ["encrypt", "-a", "aes-256-ecb", "-k", secret, "in.bin", "out.bin"],
                           ["hash", "md5", "--key", secret], ["wrap", "-a", "3des", "--kek", secret, "--data", secret],
                           ["hmac", "md5", f"--kye={secret}", "in.bin"],
+                          ["key", "check", "--password", secret, "in.bin"], ["key", f"--password={secret}"],
                           ["wrap", "-a", "3des", "--kek", KEY[:24].hex(), "--data", secret]):
             with self.subTest(" ".join(arguments)):
                 result = zul(*arguments)
@@ -399,9 +581,12 @@ if __name__ == "__main__":
         sys.exit(__doc__)
     TOOL[:] = [os.path.abspath(part) if os.path.exists(part) else part for part in sys.argv[2:] + [sys.argv[1]]]
     # Under Wine the first program starts a whole session and the last one ends it: one that waits for its input
-    # keeps a single session through all the tests.
-    session = [subprocess.Popen(TOOL + ["hash", "sha1"], stdin=subprocess.PIPE, stdout=subprocess.DEVNULL,
-                                stderr=subprocess.DEVNULL)] if sys.argv[2:] else []
+    # keeps a single session through all the tests. Two that start the session together can wait for each other for
+    # ever, so the tests begin when this one has printed something.
+    session = [subprocess.Popen(TOOL + ["hash", "sha1", os.path.abspath(__file__), "-"], stdin=subprocess.PIPE,
+                                stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)] if sys.argv[2:] else []
+    for process in session:
+        process.stdout.readline()
     outcome = unittest.main(argv=sys.argv[:1], exit=False).result
     for process in session:
         process.communicate()

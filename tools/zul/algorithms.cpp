@@ -36,6 +36,23 @@ constexpr ModeRow kModes[] = {
     {"ctr", ZUL_MODE_CTR, true, false},
 };
 
+// Password-based encryption of private keys: PBES2 (PKCS #5) takes a digest for its key derivation.
+struct KeyEncryptionRow {
+    const char *name, *spelling;
+    int option;
+    bool isPbes2;
+};
+constexpr KeyEncryptionRow kKeyEncryptions[] = {
+    {"aes-128", "aes128", ZUL_PBE_PBES2 | ZUL_PBE_CIPHER_AES128, true},
+    {"aes-192", "aes192", ZUL_PBE_PBES2 | ZUL_PBE_CIPHER_AES192, true},
+    {"aes-256", "aes256", ZUL_PBE_PBES2 | ZUL_PBE_CIPHER_AES256, true},
+    {"3des", "3des", ZUL_PBE_PBES2, true},
+    {"p12-3des", "p123des", ZUL_PBE_SHA_3DES, false},
+    {"sha1-des", "sha1des", ZUL_PBE_SHA1_DES, false},
+    {"md5-des", "md5des", ZUL_PBE_MD5_DES, false},
+    {"md2-des", "md2des", ZUL_PBE_MD2_DES, false},
+};
+
 constexpr const char* kCipherNames = "ciphers: aes-128, aes-192, aes-256, 3des";
 
 // plain drops separators and case: "SHA-256" and "sha256" are one name.
@@ -98,6 +115,26 @@ Cipher find_key_wrap(const std::string& name) {
     if (row == nullptr || !rest.empty())
         throw UsageError("unknown key wrap " + in_quotes(name) + "; " + kCipherNames);
     return {row->name, row->option, row->keyBytes, row->blockBytes, false, false};
+}
+
+int find_key_encryption(const std::string& name, const std::string& digest) {
+    std::string names;
+    for (const KeyEncryptionRow& row : kKeyEncryptions) {
+        names += (names.empty() ? "" : ", ") + std::string(row.name);
+        if (plain(name) != row.spelling)
+            continue;
+        if (!row.isPbes2) {
+            if (!digest.empty())
+                throw UsageError(std::string(row.name) + " has its own key derivation; leave out --prf");
+            return row.option;
+        }
+        const int prf = find_digest(digest.empty() ? "sha256" : digest).option;
+        if (prf != ZUL_HASH_SHA1 && prf != ZUL_HASH_SHA256 && prf != ZUL_HASH_SHA384 &&
+            prf != ZUL_HASH_SHA512)
+            throw UsageError("--prf is sha1, sha256, sha384 or sha512");
+        return row.option | prf;
+    }
+    throw UsageError("unknown encryption " + in_quotes(name) + "; encryptions: " + names);
 }
 
 } // namespace tool

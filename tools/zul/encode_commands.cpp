@@ -1,6 +1,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 #include "zul_tool.h"
 
@@ -118,27 +119,6 @@ struct EncodeCommand {
     }
 };
 
-// pem_body cuts a text down to the body of its first armour, as the library's own reader finds it; that
-// reader's file form appends zeros, which whoever decodes a file does not expect.
-void pem_body(SecretBytes& text, const std::string& name) {
-    const std::string_view all(reinterpret_cast<const char*>(text.data()), text.size());
-    const size_t begin = all.find("-----BEGIN");
-    const size_t dashes = begin == all.npos ? begin : all.find("-----", begin + 10);
-    if (dashes != all.npos) {
-        const size_t body = std::min(all.find_first_not_of(" \t0123456789", dashes + 5), all.size());
-        size_t end = all.find("-----END", body);
-        if (end == all.npos)
-            end = all.find("-----BEGIN", body);
-        if (end != all.npos && end > body) {
-            text.erase(text.begin() + static_cast<std::ptrdiff_t>(end), text.end());
-            text.erase(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(body));
-            return;
-        }
-    }
-    throw Refused::by_system(BAD_FORMAT_ERROR, name,
-                             "No text between -----BEGIN ...----- and -----END ...----- found.");
-}
-
 struct DecodeCommand {
     std::string format, in, out;
 
@@ -146,16 +126,9 @@ struct DecodeCommand {
         const Format kind = find_format(format);
         refuse_same_file(in, out);
         SecretBytes text = Input(in).read_all();
-        if (std::find(text.begin(), text.end(), 0) != text.end())
-            throw Refused::by_system(BAD_FORMAT_ERROR, in, "The input holds zero bytes: it is not text.");
         if (kind == Format::pem)
             pem_body(text, in);
-        SecretBytes bytes(text.size() / 4 * 3 + 4); // enough for hex too
-        text.push_back('\0');
-        const auto decoder = kind == Format::hex ? CNV_BytesFromHexStr : CNV_BytesFromB64Str;
-        const int length =
-            decoder(bytes.data(), int_length(bytes), reinterpret_cast<const char*>(text.data()));
-        bytes.resize(static_cast<size_t>(accept_length(length, in)));
+        const SecretBytes bytes = decode_text(std::move(text), kind == Format::hex, in);
         Output output(out);
         output.write(bytes);
         output.finish();

@@ -42,7 +42,8 @@ std::string byte_count(size_t count) {
 } // namespace
 
 std::vector<std::string> take_arguments(int argc, char** argv) {
-    static constexpr std::string_view kSecrets[] = {"--key", "--kek", "--data"};
+    static constexpr std::string_view kSecrets[] = {"--key", "--kek", "--data", "--password",
+                                                    "--new-password"};
     std::vector<std::string> arguments;
     for (int i = 1; i < argc; ++i) {
         const std::string_view argument = argv[i];

@@ -5,7 +5,7 @@
 
 #include "zul_tool.h"
 
-// The tool's one place that knows the system: the two things the standard library has no words for.
+// With secret_prompt.cpp the places that know the system: what the standard library has no words for.
 #ifdef _WIN32
 #include <fcntl.h>
 #include <io.h>
@@ -96,6 +96,13 @@ Output::~Output() {
     std::error_code ignored;
     if (std::filesystem::is_regular_file(name_, ignored)) // never a device
         std::filesystem::remove(name_, ignored);
+}
+
+void Output::for_owner_alone() {
+    std::error_code ignored;
+    if (std::filesystem::is_regular_file(name_, ignored))
+        std::filesystem::permissions(
+            name_, std::filesystem::perms::owner_read | std::filesystem::perms::owner_write, ignored);
 }
 
 void Output::write(const void* data, size_t size) {

@@ -14,14 +14,32 @@ std::string command_names(const CLI::App& app) {
     return names;
 }
 
+// Chosen is the innermost command that the arguments name, or the tool itself, with its full name.
+struct Chosen {
+    const CLI::App* command;
+    std::string name;
+
+    explicit Chosen(const CLI::App& app) : command(&app), name("zul") {
+        for (auto inner = app.get_subcommands(); !inner.empty(); inner = command->get_subcommands()) {
+            command = inner.front();
+            name += " " + command->get_name();
+        }
+    }
+    bool is_group() const {
+        return !command->get_subcommands([](const CLI::App*) { return true; }).empty();
+    }
+};
+
 // explain words a parse error. It shows no argument but command and option names: a key could stand in the
 // wrong place.
 std::string explain(const CLI::App& app, const CLI::ParseError& error) {
     const std::vector<std::string> left = app.remaining(true);
-    if (app.get_subcommands().empty() && (left.empty() || !left[0].starts_with("-"))) {
+    const Chosen chosen(app);
+    if (chosen.is_group() && (left.empty() || !left[0].starts_with("-"))) {
         if (!left.empty())
-            return "unknown command " + tool::in_quotes(left[0]) + "; commands: " + command_names(app);
-        return "a command is needed; commands: " + command_names(app);
+            return "unknown command " + tool::in_quotes(left[0]) +
+                   "; commands: " + command_names(*chosen.command);
+        return "a command is needed; commands: " + command_names(*chosen.command);
     }
     for (const std::string& argument : left)
         if (argument.starts_with("-") && argument.size() > 1)
@@ -33,13 +51,12 @@ std::string explain(const CLI::App& app, const CLI::ParseError& error) {
 }
 
 int report_usage(const CLI::App& app, const std::string& text) {
-    const auto parsed = app.get_subcommands();
-    const CLI::App& command = parsed.empty() ? app : *parsed.front();
-    const std::string name = parsed.empty() ? "zul" : "zul " + command.get_name();
+    const Chosen chosen(app);
+    const std::string& name = chosen.name;
     CLI::Formatter formatter;
     formatter.label("SUBCOMMAND", "COMMAND");
     std::fprintf(stderr, "%s: %s\n%s'%s --help' tells more.\n", name.c_str(), text.c_str(),
-                 formatter.make_usage(&command, name).c_str(), name.c_str());
+                 formatter.make_usage(chosen.command, name).c_str(), name.c_str());
     return kUsage;
 }
 
@@ -64,7 +81,9 @@ int run(CLI::App& app, int argc, char** argv) {
 int main(int argc, char** argv) {
     try {
         tool::prepare_streams();
-        CLI::App app("Digests, encryption, encodings and random numbers on files, with zulcore.", "zul");
+        CLI::App app(
+            "Digests, encryption, signatures, keys, encodings and random numbers on files, with zulcore.",
+            "zul");
         app.allow_windows_style_options(false); // a name may begin with a slash on every system
         app.require_subcommand(1);
         app.get_formatter()->label("SUBCOMMAND", "COMMAND");
@@ -74,7 +93,10 @@ int main(int argc, char** argv) {
         tool::add_digest_commands(app);
         tool::add_cipher_commands(app);
         tool::add_wrap_commands(app);
+        tool::add_key_commands(app);
+        tool::add_rsa_commands(app);
         tool::add_encode_commands(app);
+        tool::add_der_command(app);
         tool::add_random_command(app);
         tool::add_general_commands(app);
         for (CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; }))

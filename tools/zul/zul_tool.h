@@ -92,6 +92,9 @@ constexpr size_t kChunk = 96 * 1024; // whole base64 groups and whole pages
 // everywhere.
 void prepare_streams();
 bool output_is_terminal();
+// ask_secretly asks at the terminal, whatever the standard streams are, and reads a line without showing it.
+// Asked twice, the answers must agree. Refused if there is no terminal, the user gives up or they differ.
+SecretBytes ask_secretly(const std::string& question, bool twice); // (secret_prompt.cpp)
 inline bool is_standard_stream(const std::string& name) {
     return name == "-";
 }
@@ -123,6 +126,8 @@ class Output {
     Output& operator=(const Output&) = delete;
     ~Output();
 
+    // for_owner_alone keeps other users of the machine from reading the file.
+    void for_owner_alone();
     void write(const void* data, size_t size);
     void write(std::string_view text) { write(text.data(), text.size()); }
     void write(const SecretBytes& bytes) { write(bytes.data(), bytes.size()); }
@@ -135,9 +140,10 @@ class Output {
 
 // --- keys (keys.cpp) -------------------------------------------------------------------------------------
 
-// take_arguments gives the arguments in CLI11's order (last first). The values of --key, --kek and --data are
-// kept aside in wiped memory, overwritten in argv (so they leave the process list where the system shows that
-// memory) and replaced by a mark; hidden_argument gives the value of a mark.
+// take_arguments gives the arguments in CLI11's order (last first). The values of --key, --kek, --data,
+// --password and --new-password are kept aside in wiped memory, overwritten in argv (so they leave the
+// process list where the system shows that memory) and replaced by a mark; hidden_argument gives the value of
+// a mark.
 std::vector<std::string> take_arguments(int argc, char** argv);
 const SecretBytes& hidden_argument(const std::string& mark);
 
@@ -189,6 +195,20 @@ struct Cipher {
 Cipher find_cipher_and_mode(const std::string& name); // "aes-256-cbc", "3DES/CTR", "des-ede3-cbc" ...
 Cipher find_key_wrap(const std::string& name);        // the same without a mode
 
+// find_key_encryption gives the options of RSA_SaveEncPrivateKey for a scheme and the digest of its key
+// derivation (empty: the scheme's usual one).
+int find_key_encryption(const std::string& name, const std::string& digest);
+
+// --- text around bytes (armour.cpp) ----------------------------------------------------------------------
+
+// pem_body cuts a text down to the body of its first armour, as the library's own reader finds it; that
+// reader's file form appends zeros, which whoever decodes a file does not expect.
+void pem_body(SecretBytes& text, const std::string& name);
+// decode_text decodes hex or base64 with the library's decoder.
+SecretBytes decode_text(SecretBytes text, bool isHex, const std::string& name);
+// binary_content takes the armour off PEM, decodes base64 and leaves anything else as it is.
+SecretBytes binary_content(SecretBytes content, const std::string& name);
+
 // --- commands --------------------------------------------------------------------------------------------
 
 void add_digest_commands(CLI::App& app);
@@ -196,6 +216,10 @@ void add_cipher_commands(CLI::App& app);
 void add_wrap_commands(CLI::App& app);
 void add_encode_commands(CLI::App& app);
 void add_random_command(CLI::App& app);
+void add_key_commands(CLI::App& app);
+void add_key_convert_command(CLI::App& group);
+void add_rsa_commands(CLI::App& app);
+void add_der_command(CLI::App& app);
 void add_general_commands(CLI::App& app);
 
 } // namespace tool

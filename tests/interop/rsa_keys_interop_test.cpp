@@ -1,0 +1,158 @@
+#include "interop/rsa_interop.h"
+
+// Keys and key files. The peers are openssl, with its old algorithms, and certtool.
+
+namespace {
+
+class RsaKeysInterop : public test::RsaInterop {
+  protected:
+    // same_key compares a private key with key.pem as DER.
+    void same_key(const std::string& key) const {
+        EXPECT_EQ(RSA_SavePrivateKeyInfo(file("back.der").c_str(), key.c_str(), 0), 0);
+        run("openssl pkcs8 -topk8 -nocrypt -in key.pem -outform DER -out key.der");
+        EXPECT_EQ(read("back.der"), read("key.der"));
+        EXPECT_EQ(RSA_CheckKey(key.c_str(), 0), 0);
+    }
+    void same_public_key(const std::string& key) const {
+        EXPECT_EQ(RSA_SavePublicKey(file("back.pem").c_str(), key.c_str(), ZUL_KEY_FORMAT_PEM_ALT), 0);
+        run("openssl pkey -pubin -in back.pem -out back && cmp back pub.pem");
+    }
+};
+
+const std::string kOld = " -provider legacy -provider default";
+
+} // namespace
+
+TEST_F(RsaKeysInterop, OurPairsAreGood) {
+    const struct {
+        int bits, expIndex, options;
+        const char *exponent, *inPrivate, *inPublic;
+    } pairs[] = {
+        {512, 0, 0, "3 ", "-inform DER", "-RSAPublicKey_in -inform DER"},
+        {1023, 1, ZUL_PBE_MD5_DES | ZUL_KEY_FORMAT_PEM, "5 ", "", "-RSAPublicKey_in"},
+        {1024, 2, ZUL_PBE_PBES2_DEFAULT | ZUL_KEY_FORMAT_PEM_ALT, "17 ", "", "-pubin"},
+        {2047, 3, ZUL_PBE_PBES2 | ZUL_PBE_CIPHER_AES256 | ZUL_HASH_SHA512, "257 ", "-inform DER",
+         "-RSAPublicKey_in -inform DER"},
+        {2048, 4, ZUL_PBE_PBES2 | ZUL_PBE_CIPHER_AES128 | ZUL_KEY_FORMAT_PEM | ZUL_KEY_FORMAT_PEM_ALT,
+         "65537 ", "", "-RSAPublicKey_in"},
+    };
+    for (const auto& p : pairs) {
+        SCOPED_TRACE(p.bits);
+        ASSERT_EQ(RSA_MakeKeys(file("pub").c_str(), file("pri").c_str(), p.bits, p.expIndex, 20, 1000,
+                               "pass word", "seed", 4, p.options),
+                  0);
+        const std::string in = " -passin 'pass:pass word' " + kOld + " -in pri " + p.inPrivate;
+        run("openssl rsa -check -noout" + in + " | grep 'RSA key ok'");
+        run("openssl rsa -noout -text" + in + " | grep 'publicExponent: " + p.exponent + "'");
+        run("openssl rsa -noout -modulus" + in + " >a && openssl rsa -noout -modulus -in pub " + p.inPublic +
+            " >b && cmp a b");
+        const std::string privateKey = encrypted_key("pri", "pass word"), publicKey = public_key("pub");
+        EXPECT_EQ(RSA_KeyBits(privateKey.c_str()), p.bits);
+        EXPECT_EQ(RSA_KeyMatch(privateKey.c_str(), publicKey.c_str()), 0);
+    }
+}
+
+TEST_F(RsaKeysInterop, TheirEncryptedKeysAreRead) {
+    make_key(1024, "65537");
+    std::vector<std::string> schemes;
+    for (const char* name : {"PBE-MD5-DES", "PBE-SHA1-DES", "PBE-SHA1-RC2-64", "PBE-MD5-RC2-64",
+                             "PBE-SHA1-3DES", "PBE-SHA1-RC2-128", "PBE-SHA1-RC2-40"})
+        schemes.push_back(std::string("-v1 ") + name);
+    for (const char* cipher : {"des3", "des", "rc2", "aes-128-cbc", "aes-192-cbc", "aes-256-cbc"})
+        for (const char* prf : {"SHA1", "SHA256", "SHA384", "SHA512"})
+            schemes.push_back(std::string("-v2 ") + cipher + " -v2prf hmacWith" + prf);
+    int turn = 0;
+    for (const std::string& scheme : schemes) {
+        SCOPED_TRACE(scheme);
+        const bool pem = turn % 2 == 0;
+        run("openssl pkcs8 -topk8 -in key.pem -out enc " + scheme + " -iter " +
+            std::to_string(1 + 700 * turn++) + " -passout 'pass:p&ss' -outform " + (pem ? "PEM" : "DER") +
+            kOld);
+        same_key(encrypted_key("enc", "p&ss"));
+        char text[8];
+        EXPECT_EQ(RSA_ReadEncPrivateKey(text, 7, file("enc").c_str(), "p&st", 0), -DECRYPT_ERROR);
+    }
+    for (const char* cipher : {"3des", "3des-pkcs12", "aes-128", "aes-192", "aes-256", "rc2-40"}) {
+        SCOPED_TRACE(cipher);
+        run(std::string(
+                "certtool --to-p8 --load-privkey key.pem --password=secret --outfile enc --pkcs-cipher=") +
+            cipher);
+        same_key(encrypted_key("enc", "secret"));
+    }
+}
+
+TEST_F(RsaKeysInterop, OurEncryptedKeysAreRead) {
+    make_key(1024, "65537");
+    const std::string key = private_key("key.pem");
+    // openssl has no MD2, so that scheme is without a peer
+    std::vector<int> schemes = {ZUL_PBE_SHA_3DES, ZUL_PBE_MD5_DES, ZUL_PBE_SHA1_DES, ZUL_PBE_PBES2_DEFAULT};
+    for (const int cipher : {0, ZUL_PBE_CIPHER_AES128, ZUL_PBE_CIPHER_AES192, ZUL_PBE_CIPHER_AES256})
+        for (const int prf : {ZUL_HASH_SHA1, ZUL_HASH_SHA256, ZUL_HASH_SHA384, ZUL_HASH_SHA512})
+            schemes.push_back(ZUL_PBE_PBES2 | cipher | prf);
+    for (const int scheme : schemes)
+        for (const int format : {0, ZUL_KEY_FORMAT_PEM}) {
+            SCOPED_TRACE(testing::Message() << std::hex << scheme << " " << format);
+            const int count = format == 0 ? 0 : 3000; // 0 counts as 1
+            EXPECT_EQ(
+                RSA_SaveEncPrivateKey(file("enc").c_str(), key.c_str(), count, "geheim", scheme | format), 0);
+            run("openssl pkey -in enc -passin pass:geheim " + kOld +
+                (format ? " -inform PEM" : " -inform DER") + " -out back && cmp back key.pem");
+            // certtool takes no PBES1 with SHA-1
+            if (format && scheme != ZUL_PBE_SHA1_DES)
+                run("certtool -k --infile enc --password=geheim --outfile text && "
+                    "grep 'Public Key Algorithm: RSA' text");
+        }
+}
+
+TEST_F(RsaKeysInterop, EveryFormatBothWays) {
+    make_key(2048, "65537");
+    const struct {
+        const char *make, *form; // the command that makes `out`, and the form that it takes for reading
+        bool isPrivate;
+        int options; // ours for the same file
+    } forms[] = {
+        {"openssl pkey -in key.pem -traditional -out out", "", true, ZUL_KEY_FORMAT_PEM_ALT},
+        {"openssl pkey -in key.pem -out out", "", true, ZUL_KEY_FORMAT_PEM},
+        {"openssl pkcs8 -topk8 -nocrypt -in key.pem -outform DER -out out", "-inform DER", true, 0},
+        {"openssl rsa -in key.pem -traditional -outform DER -out out", nullptr, true, 0},
+        {"openssl rsa -in key.pem -RSAPublicKey_out -out out", "-RSAPublicKey_in", false, ZUL_KEY_FORMAT_PEM},
+        {"openssl rsa -in key.pem -pubout -out out", "-pubin", false, ZUL_KEY_FORMAT_PEM_ALT},
+        {"openssl rsa -in key.pem -RSAPublicKey_out -outform DER -out out", "-RSAPublicKey_in -inform DER",
+         false, 0},
+        {"openssl rsa -in key.pem -pubout -outform DER -out out", nullptr, false, 0},
+        {"openssl rsa -in key.pem -pubout -outform DER | openssl base64 -out out", nullptr, false, 0},
+        {"certtool --pubkey-info --load-privkey key.pem --outfile out", nullptr, false, 0},
+    };
+    for (const auto& f : forms) {
+        SCOPED_TRACE(f.make);
+        run(f.make);
+        const std::string key = f.isPrivate ? private_key("out") : public_key("out");
+        if (f.isPrivate)
+            same_key(key);
+        same_public_key(key);
+        if (f.form == nullptr)
+            continue;
+        const auto save = f.isPrivate ? RSA_SavePrivateKeyInfo : RSA_SavePublicKey;
+        EXPECT_EQ(save(file("ours").c_str(), key.c_str(), f.options), 0);
+        run(std::string("openssl rsa -in ours -pubout -out back ") + f.form + " && cmp back pub.pem");
+        // and the armour and its body are the ones expected
+        run(f.options == 0
+                ? "cmp ours out"
+                : "head -n1 ours | tr -d '\\r' >a; head -n1 out >b; cmp a b && "
+                  "openssl asn1parse -in ours -noout -out a && openssl asn1parse -in out -noout -out b && "
+                  "cmp a b");
+    }
+}
+
+TEST_F(RsaKeysInterop, Certificates) {
+    make_key(1024, "17");
+    run("openssl req -x509 -new -key key.pem -subj '/CN=zulcore/O=tests' -days 30 -out cert.pem && "
+        "openssl x509 -in cert.pem -outform DER -out cert.der && "
+        "printf 'cn = signed\\nserial = 7\\nexpiration_days = 30\\n' >template && "
+        "certtool --generate-self-signed --load-privkey key.pem --template template --outfile other.pem");
+    for (const char* name : {"cert.pem", "cert.der", "other.pem"}) {
+        SCOPED_TRACE(name);
+        same_public_key(test::key_string(
+            [&](char* out, int room) { return RSA_GetPublicKeyFromCert(out, room, file(name).c_str()); }));
+    }
+}

@@ -1,0 +1,55 @@
+#include <algorithm>
+#include <cctype>
+#include <utility>
+
+#include "zul_tool.h"
+
+namespace tool {
+
+void pem_body(SecretBytes& text, const std::string& name) {
+    const std::string_view all(reinterpret_cast<const char*>(text.data()), text.size());
+    const size_t begin = all.find("-----BEGIN");
+    const size_t dashes = begin == all.npos ? begin : all.find("-----", begin + 10);
+    if (dashes != all.npos) {
+        const size_t body = std::min(all.find_first_not_of(" \t0123456789", dashes + 5), all.size());
+        size_t end = all.find("-----END", body);
+        if (end == all.npos)
+            end = all.find("-----BEGIN", body);
+        if (end != all.npos && end > body) {
+            text.erase(text.begin() + static_cast<std::ptrdiff_t>(end), text.end());
+            text.erase(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(body));
+            return;
+        }
+    }
+    throw Refused::by_system(BAD_FORMAT_ERROR, name,
+                             "No text between -----BEGIN ...----- and -----END ...----- found.");
+}
+
+SecretBytes decode_text(SecretBytes text, bool isHex, const std::string& name) {
+    if (std::find(text.begin(), text.end(), 0) != text.end())
+        throw Refused::by_system(BAD_FORMAT_ERROR, name, "The input holds zero bytes: it is not text.");
+    SecretBytes bytes(text.size() / 4 * 3 + 4); // enough for hex too
+    text.push_back('\0');
+    const auto decoder = isHex ? CNV_BytesFromHexStr : CNV_BytesFromB64Str;
+    const int length = decoder(bytes.data(), int_length(bytes), reinterpret_cast<const char*>(text.data()));
+    bytes.resize(static_cast<size_t>(accept_length(length, name)));
+    return bytes;
+}
+
+SecretBytes binary_content(SecretBytes content, const std::string& name) {
+    const std::string_view all(reinterpret_cast<const char*>(content.data()), content.size());
+    if (all.find("-----BEGIN") != all.npos) {
+        if (all.find("Proc-Type:") != all.npos)
+            throw Refused::by_system(
+                NOT_SUPPORTED_ERROR, name,
+                "This is an older way to encrypt PEM; 'openssl pkcs8 -topk8' converts it.");
+        pem_body(content, name);
+        return decode_text(std::move(content), false, name);
+    }
+    const bool isText = !content.empty() && std::all_of(content.begin(), content.end(), [](unsigned char c) {
+        return std::isalnum(c) != 0 || std::isspace(c) != 0 || c == '+' || c == '/' || c == '=';
+    });
+    return isText ? decode_text(std::move(content), false, name) : content;
+}
+
+} // namespace tool

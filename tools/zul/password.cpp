@@ -1,0 +1,53 @@
+#include <CLI/CLI.hpp>
+#include <algorithm>
+
+#include "rsa_keys.h"
+
+namespace tool {
+
+namespace {
+
+// first_line reads no further than the line's end, so that a second password can stand on standard input's
+// next line.
+SecretBytes first_line(const std::string& file) {
+    Input input(file);
+    SecretBytes line;
+    for (unsigned char c = 0; input.read(&c, 1) == 1 && c != '\n';)
+        line.push_back(c);
+    if (!line.empty() && line.back() == '\r')
+        line.pop_back();
+    return line;
+}
+
+} // namespace
+
+void PasswordOption::add_to(CLI::App& command, const std::string& name, const std::string& what) {
+    name_ = "--" + name;
+    command.add_option(name_, mark_, what + ", for all to see; without it you are asked")->type_name("TEXT");
+    command.add_option(name_ + "-file", file_, what + ": first line of a file; - for standard input")
+        ->type_name("FILE");
+}
+
+SecretBytes PasswordOption::read(const std::string& subject, bool isNew) const {
+    if (!mark_.empty() && !file_.empty())
+        throw UsageError("give " + name_ + " or " + name_ + "-file, not both");
+    SecretBytes password;
+    if (!file_.empty()) {
+        password = first_line(file_);
+    } else if (!mark_.empty()) {
+        print_error(("a password after " + name_ + " is visible in the list of processes and the shell's " +
+                     "history; " + name_ + "-file or the prompt keeps it secret")
+                        .c_str());
+        password = hidden_argument(mark_);
+    } else {
+        password = ask_secretly((isNew ? "New password for " : "Password for ") + subject, isNew);
+    }
+    if (password.empty())
+        throw UsageError("the password is empty");
+    if (std::find(password.begin(), password.end(), 0) != password.end())
+        throw UsageError("a password holds no zero bytes");
+    password.push_back('\0');
+    return password;
+}
+
+} // namespace tool

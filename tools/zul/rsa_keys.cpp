@@ -1,0 +1,177 @@
+#include "rsa_keys.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+
+#include "der.h"
+
+namespace tool {
+
+namespace {
+
+constexpr int kRoom = 90000; // more than the longest key string
+
+// outline gives a letter for each element at level 1 and one for the first element at level 2: what tells the
+// structures of keys apart.
+std::string outline(const SecretBytes& bytes, const std::string& name) {
+    std::string letters;
+    DerWalk walk(bytes, name);
+    for (DerElement element; walk.next(element);)
+        if (element.level == 1)
+            switch (element.header[0]) {
+            case 0x02:
+                letters += 'i'; // INTEGER
+                break;
+            case 0x03:
+                letters += 'b'; // BIT STRING
+                break;
+            case 0x04:
+            case 0x24:
+                letters += 'o'; // OCTET STRING
+                break;
+            case 0x30:
+                letters += 's'; // SEQUENCE
+                break;
+            default:
+                letters += '?';
+            }
+    return letters;
+}
+
+SecretBytes base64_text(const SecretBytes& bytes, const std::string& name) {
+    SecretBytes text((bytes.size() + 2) / 3 * 4 + 1);
+    accept_length(CNV_B64StrFromBytes(reinterpret_cast<char*>(text.data()), int_length(text) - 1,
+                                      bytes.data(), int_length(bytes)),
+                  name);
+    return text;
+}
+
+// filled calls a function of the library that writes a text of at most kRoom characters.
+template<class Call>
+SecretBytes filled(const std::string& name, const std::string& hint, Call call) {
+    SecretBytes text(kRoom + 1);
+    const int length = accept_length(call(reinterpret_cast<char*>(text.data()), kRoom), name, hint);
+    text.resize(static_cast<size_t>(length) + 1);
+    return text;
+}
+
+} // namespace
+
+RsaKey RsaKey::from_xml(const SecretBytes& content, const std::string& name) {
+    SecretBytes xml = content;
+    xml.push_back('\0');
+    RsaKey key;
+    key.text_ =
+        filled(name, {}, [&](char* out, int room) { return RSA_FromXMLString(out, room, as_text(xml), 0); });
+    key.form_ = std::string_view(key.text()).starts_with("PVT") ? "private key (XML)" : "public key (XML)";
+    return key;
+}
+
+RsaKey RsaKey::read(const std::string& file, const PasswordOption& password) {
+    const std::string name = is_standard_stream(file) ? "standard input" : file;
+    const SecretBytes content = Input(file).read_all();
+    const std::string_view all(as_text(content), content.size());
+    if (all.find("RSAKeyValue") != all.npos || all.find("RSAKeyPair") != all.npos)
+        return from_xml(content, name);
+    const SecretBytes der = binary_content(content, name);
+    const SecretBytes base64 = base64_text(der, name);
+    const char* source = as_text(base64);
+
+    const std::string letters = der.empty() ? "" : outline(der, name);
+    RsaKey key;
+    const auto take = [&](const char* form, auto reader) {
+        key.form_ = form;
+        key.text_ = filled(name, {}, [&](char* out, int room) { return reader(out, room, source); });
+    };
+    if (letters == "so") {
+        key.form_ = "private key, encrypted (PKCS #8)";
+        const SecretBytes secret = password.read(in_quotes(name));
+        key.text_ = filled(name, "The password is not the right one, or the file was damaged.",
+                           [&](char* out, int room) {
+                               return RSA_ReadEncPrivateKey(out, room, source, as_text(secret), 0);
+                           });
+    } else if (letters == "ii") {
+        take("public key (PKCS #1)", RSA_ReadPublicKey);
+    } else if (letters == "sb") {
+        take("public key (X.509)", RSA_ReadPublicKey);
+    } else if (letters == "ssb") {
+        take("public key of a certificate", RSA_GetPublicKeyFromCert);
+    } else if (letters.starts_with("iso")) {
+        take("private key (PKCS #8)", RSA_ReadPrivateKeyInfo);
+    } else if (letters.starts_with("iii")) {
+        take("private key (PKCS #1)", RSA_ReadPrivateKeyInfo);
+    } else {
+        throw Refused::by_system(BAD_FORMAT_ERROR, name, "It holds no RSA key and no certificate.");
+    }
+    return key;
+}
+
+SecretBytes RsaKey::xml(int options) const {
+    return filled("key", {},
+                  [&](char* out, int room) { return RSA_ToXMLString(out, room, text(), options); });
+}
+
+RsaKey RsaKey::without_private() const {
+    if (!is_private())
+        return *this;
+    return from_xml(xml(ZUL_XML_PUBLIC_ONLY), "key");
+}
+
+int RsaKey::bits() const {
+    return accept_length(RSA_KeyBits(text()), "key");
+}
+
+size_t RsaKey::bytes() const {
+    return static_cast<size_t>(accept_length(RSA_KeyBytes(text()), "key"));
+}
+
+void RsaKeyOption::add_to(CLI::App& command, const std::string& what) {
+    command.add_option("-k,--key-file", file_, "Needed: " + what)->required()->option_text("FILE");
+    password_.add_to(command, "password", "Password of an encrypted key");
+}
+
+RsaKey RsaKeyOption::read(const std::string& in) const {
+    refuse_shared_input({is_standard_stream(file_), is_standard_stream(in), password_.is_standard_input()});
+    return RsaKey::read(file_, password_);
+}
+
+RsaKey RsaKeyOption::read_private(const std::string& in) const {
+    RsaKey key = read(in);
+    if (!key.is_private())
+        throw Refused::by_system(BAD_FORMAT_ERROR, file_,
+                                 "This takes a private key; here is a " + key.form() + ".");
+    return key;
+}
+
+RsaKey RsaKeyOption::read_public(const std::string& in) const {
+    return read(in).without_private();
+}
+
+void refuse_shared_input(std::initializer_list<bool> areStandardInput) {
+    if (std::count(areStandardInput.begin(), areStandardInput.end(), true) > 1)
+        throw UsageError("only one thing can come from standard input");
+}
+
+void KeyEncryption::add_to(CLI::App& command, const std::string& schemeText) {
+    command.add_option("--encrypt", scheme, schemeText)->option_text("SCHEME");
+    command
+        .add_option("--prf", prf,
+                    "PBES2: digest of the key derivation, sha256 (the default), sha1, sha384 or sha512")
+        ->option_text("DIGEST");
+    command.add_option("--count", count, "Iterations of the key derivation (100000)")
+        ->check(CLI::Range(1, std::numeric_limits<int>::max()))
+        ->option_text("N");
+}
+
+int find_key_format(const std::string& name) {
+    const std::string lower = CLI::detail::to_lower(name);
+    if (lower == "der")
+        return 0;
+    if (lower == "pem")
+        return ZUL_KEY_FORMAT_PEM;
+    if (lower == "pem-alt")
+        return ZUL_KEY_FORMAT_PEM_ALT;
+    throw UsageError("unknown format " + in_quotes(name) + "; formats: der, pem, pem-alt");
+}
+
+} // namespace tool
