@@ -14,11 +14,6 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
-# The Windows ABI aligns the stack to 16 bytes and this compiler does not realign it for spilled 256-bit
-# registers (GCC bug 54412): the assembler turns their aligned moves into unaligned ones.
-set(CMAKE_CXX_FLAGS_INIT "-Wa,-muse-unaligned-vector-move")
-set(CMAKE_C_FLAGS_INIT "-Wa,-muse-unaligned-vector-move")
-
 set(ZUL_STATIC_RUNTIME "-static -static-libgcc -static-libstdc++")
 set(CMAKE_EXE_LINKER_FLAGS_INIT "${ZUL_STATIC_RUNTIME}")
 set(CMAKE_SHARED_LINKER_FLAGS_INIT "${ZUL_STATIC_RUNTIME}")

@@ -17,8 +17,12 @@ static int failed(const char* what) {
 
 int main(int argc, char** argv) {
     unsigned char digest[32], signature[256], found[32];
-    const char *file = argc > 1 ? argv[1] : "", *password = "correct horse";
+    const char *file = argv[1], *password = "correct horse";
     const int aes = ZUL_PBE_PBES2 | ZUL_PBE_CIPHER_AES256 | ZUL_HASH_SHA256;
+    if (argc != 2) {
+        fprintf(stderr, "usage: sign FILE\n");
+        return 2;
+    }
     if (RSA_MakeKeys("sign_public.pem", "sign_private.pem", 2048, 4, 40, 100000, password, NULL, 0,
                      ZUL_KEY_FORMAT_PEM_ALT | aes) != 0)
         return failed("make keys");

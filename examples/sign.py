@@ -6,6 +6,8 @@ import os
 import pathlib
 import sys
 
+if len(sys.argv) < 2:
+    sys.exit(__doc__)
 built = pathlib.Path(__file__).resolve().parent.parent / "build"
 default = built / ("windows/zulcore.dll" if os.name == "nt" else "native/libzulcore.so")
 zul = ctypes.CDLL(sys.argv[2] if len(sys.argv) > 2 else str(default))
@@ -45,3 +47,4 @@ call("RSA_RawPublic", signature, 256, public_key, 0)
 good = call("RSA_DecodeMsg", None, 0, signature, 256, PKCS1_SIGNATURE | GET_ALGORITHM) == SHA256
 good = good and call("RSA_DecodeMsg", found, 32, signature, 256, PKCS1_SIGNATURE) == 32 and found.raw == digest.raw
 print("good signature" if good else "bad signature")
+sys.exit(not good)

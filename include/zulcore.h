@@ -242,7 +242,8 @@ ZUL_API int CNV_ByteEncoding(unsigned char* lpOutput, int nOutBytes, const unsig
                              int nOptions);
 
 /* --- PEM_ ----------------------------------------------------------------------------------------------
- * Both return 0 or a negated error code. The output may be the input file, whose content is then lost if writing fails. */
+ * Both return 0 or a negated error code. The output may be the input file, whose content is then lost if
+ * writing fails. */
 
 /* PEM_FileFromBinFile writes a file's content as base64 lines ended by CR LF, between BEGIN and END lines if
  * szHeader (the label) is not null or empty. nLineLen is rounded down to a multiple of four; below 4 it means
@@ -352,7 +353,8 @@ ZUL_API int TDEA_File(const char* szFileOut, const char* szFileIn, const unsigne
 /* CIPHER_KeyWrap wraps a key of nDataLen bytes under a key-encryption key. nOptions: ZUL_CIPHER_AES128,
  * AES192 or AES256 (RFC 3394; 16 bytes or more, a multiple of 8; output nDataLen + 8) or ZUL_CIPHER_TDEA
  * (RFC 3217; 24 bytes; output 40).
- * The parity bits of a Triple DES key are wrapped as they are; set them first for a receiver that checks them.
+ * The parity bits of a Triple DES key are wrapped as they are; set them first for a receiver that checks
+ * them.
  * Length. Query. -BAD_PARAM_ERROR: null data or key; -BAD_FLAG_ERROR; -BAD_KEY_LEN_ERROR: nKekLen;
  * -BAD_LENGTH_ERROR: nDataLen; -SHORT_BUF_ERROR. */
 ZUL_API int CIPHER_KeyWrap(unsigned char* lpOutput, int nOutBytes, const unsigned char* lpData, int nDataLen,
@@ -418,27 +420,29 @@ ZUL_API int RNG_UpdateSeedFile(const char* szSeedFile, int nOptions);
  * szKeyString arguments are internal key strings: base64 text that begins with "PUBR" (public) or "PVTR"
  * (private). They are made by the functions that read keys, and only the process that made one can open it:
  * they are handles, not a storage format. A key string with any character altered is refused with
- * INVALID_DATA_ERROR.
+ * INVALID_DATA_ERROR. A plain base64 text of a DER RSAPublicKey or RSAPrivateKey (PKCS #1) is taken as well.
  *
  * szFileOrText arguments hold a key or name a file. Text with a PEM block (any label, also with text before
  * it) is that block; base64 text that begins with "M" is the key itself, unless a file of that name can be
- * opened; anything else names a file, which holds DER, PEM or base64. */
+ * opened; anything else names a file, which holds DER, PEM or base64. Nothing above 4 MiB is read: a file is
+ * OPEN_ERROR, a text INVALID_DATA_ERROR. */
 
 /* RSA_MakeKeys makes a key pair and writes its public key, and its private key encrypted under a password,
  * to two files. nBits: 97 to 65536, of the modulus. nExpIndex: the public exponent, 0 to 4 for 3, 5, 17,
- * 257 and 65537; anything else counts as 4. nTests: Miller-Rabin rounds for each prime; with 0 or less any number
- * that small primes do not divide is taken for one, so that the key mostly fails its test. nCount:
+ * 257 and 65537; anything else counts as 4. nTests: Miller-Rabin rounds for each prime; with 0 or less any
+ * number that small primes do not divide is taken for one, so that the key mostly fails its test. nCount:
  * iterations of the key derivation. lpSeed, nSeedLen: bytes to mix into the random generator's, or null.
  * nOptions: ZUL_KEY_FORMAT_PEM (labels "RSA PUBLIC KEY", "ENCRYPTED PRIVATE KEY") or ZUL_KEY_FORMAT_PEM_ALT
  * ("PUBLIC KEY", "ENCRYPTED PRIVATE KEY"), else DER (RSAPublicKey, EncryptedPrivateKeyInfo); a ZUL_PBE_
  * scheme as for RSA_SaveEncPrivateKey; ZUL_KEY_SHOW_PROGRESS shows the search in a console (on Linux on
  * standard error). It shares its bit with the ciphers of ZUL_PBE_PBES2: AES192 always shows progress, and
  * progress makes AES192 of AES128 and Triple DES of AES256, so only AES192 goes with it.
- * Status, positive. BAD_PARAM_ERROR: a file name or the password null or empty, or nSeedLen negative;
- * OUT_OF_RANGE_ERROR: nBits; BAD_LENGTH_ERROR: a seed or password of a gigabyte; KEYGEN_FAILED_ERROR: no primes found; TEST_FAILED_ERROR: the new key does not
- * undo itself, which is also reported as a fatal failure is, though the process goes on; CREATE_ERROR,
- * WRITE_ERROR. A private key file that cannot be created is no failure: the public key is written and its
- * status returned, and ZUL_LastError tells. */
+ * Status, positive. BAD_PARAM_ERROR: a file name or the password null or empty, or a seed of negative
+ * length; OUT_OF_RANGE_ERROR: nBits; BAD_LENGTH_ERROR: a seed or password of a gigabyte;
+ * KEYGEN_FAILED_ERROR: no primes found; TEST_FAILED_ERROR: the new key does not undo itself, which is also
+ * reported as a fatal failure is, though the process goes on; MISC_ERROR: the key cannot be encrypted;
+ * CREATE_ERROR, WRITE_ERROR. A private key file that cannot be created is no failure: the public key is
+ * written and its status returned, and ZUL_LastError tells. */
 ZUL_API int RSA_MakeKeys(const char* szPubKeyFile, const char* szPriKeyFile, int nBits, int nExpIndex,
                          int nTests, int nCount, const char* szPassword, const void* lpSeed, int nSeedLen,
                          int nOptions);
@@ -486,7 +490,8 @@ ZUL_API int RSA_SavePrivateKeyInfo(const char* szFileOut, const char* szKeyStrin
 /* RSA_SaveEncPrivateKey writes a private key to a file as EncryptedPrivateKeyInfo: PEM "ENCRYPTED PRIVATE
  * KEY" with ZUL_KEY_FORMAT_PEM or _PEM_ALT, else DER. nOptions also names the scheme (ZUL_PBE_...); the
  * default derives a Triple DES key with SHA-1 as PKCS #12 does. nCount: iterations, 1 if below. szPassword
- * may be empty. A new file is readable by its owner only. Status as RSA_SavePublicKey. */
+ * may be empty. A new file is readable by its owner only.
+ * Status as RSA_SavePublicKey, and BAD_LENGTH_ERROR: a password of a gigabyte. */
 ZUL_API int RSA_SaveEncPrivateKey(const char* szFileOut, const char* szKeyString, int nCount,
                                   const char* szPassword, int nOptions);
 
@@ -504,7 +509,8 @@ ZUL_API int RSA_ToXMLString(char* szOutput, int nOutChars, const char* szKeyStri
  * InverseQ; a value is hexadecimal if its element has EncodingType="hexBinary". Other elements are ignored.
  * A document type, entities and elements nested deeper than 32 are refused. nOptions: none; 0.
  * Length. Query. -BAD_PARAM_ERROR: null text; -BAD_XML_ERROR: no XML, or an element is missing, there twice
- * or no number (see ZUL_LastError); -INVALID_DATA_ERROR: the values are no key; -SHORT_BUF_ERROR. */
+ * or no number, or the missing values cannot be computed (see ZUL_LastError); -INVALID_DATA_ERROR: the values
+ * are no key; -SHORT_BUF_ERROR. */
 ZUL_API int RSA_FromXMLString(char* szOutput, int nOutChars, const char* szXmlString, int nOptions);
 
 /* RSA_KeyBits returns the length in bits of the modulus of a public or private key.
@@ -568,8 +574,8 @@ ZUL_API int RSA_EncodeMsg(unsigned char* lpOutput, int nOutBytes, const unsigned
  * and nothing is copied.
  * Length of the whole, also if less is copied. Query. -BAD_PARAM_ERROR: null block or negative length, or a
  * block shorter than its ISO/IEC 9796-1 length; -DECRYPT_ERROR: not such a block, and nothing is copied;
- * -BAD_LENGTH_ERROR: too short for OAEP, or a gigabyte; -BAD_FLAG_ERROR. An encryption block takes the same time wherever it
- * is wrong. */
+ * -BAD_LENGTH_ERROR: too short for OAEP, or a gigabyte; -BAD_FLAG_ERROR. An encryption block takes the same
+ * time wherever it is wrong. */
 ZUL_API int RSA_DecodeMsg(unsigned char* lpOutput, int nOutBytes, const unsigned char* lpInput, int nInputLen,
                           int nOptions);
 

@@ -98,8 +98,8 @@ class IfmaEngine {
             z[kOffset + i] = bits_at(a, n, i * kLimbBits, kLimbBits);
     }
 
-    // wide is divided by the normalised divisor; its highest limb is zero. The quotient is put in its place
-    // from limb n_ on, the remainder in the n_ low limbs.
+    // wide is divided by the normalised divisor. Its highest limb is below 2^63 and so below the divisor's.
+    // The quotient is put in its place from limb n_ on, the remainder in the n_ low limbs.
     void divide(Limb* wide, size_t size) {
         const LimbReciprocal reciprocal = limb_reciprocal(divisor_[n_ - 1], divisor_[n_ - 2]);
         for (size_t k = size - n_; k-- > 0;)

@@ -18,10 +18,10 @@
 //   U = T / r^(L-1)                the columns L - 1 to 2L - 2
 //   Q = U * V / r^L                V = floor((r^(2L-1) - 1) / N)
 //   R = T - (Q - 1) * N            modulo r^L, as T + Q * (r^L - N) + N
-// Q is never too large, as U, V and the columns of U * V only lack something. It is too small by less than
-// 1 + 2^-6, and by 2 when rounded down: of U * V the columns below L - 1 are left out, which come to less
-// than 6L units of column L - 1, and then that column itself, 1 together; U lacks less than 1.1, times V /
-// r^L < 2^-14; V lacks less than 1, times T / r^(2L-1) < 2^-14. So N <= R < 3N. T < 9 N^2 < 2^36 r^(2L-2) and
+// Q is never too large, as U, V and the columns of U * V only lack something. It is below T / N by less than
+// 1 + 2^-13: of U * V the columns below L - 1 are left out, which come to less than 6L units of column L - 1,
+// and then that column itself, 1 together; U lacks less than 1.1, times V / r^L < 2^-14; V lacks at most 1,
+// times T / r^(2L-1) < 2^-14. So N <= R < 3N. T < 9 N^2 < 2^36 r^(2L-2) and
 // Q < 9N: U, V and Q end with limb L - 1.
 //
 // A column is a sum of at most L low halves and L doubled high ones, less than 3L * 2^52, and in R, where the

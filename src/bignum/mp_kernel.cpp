@@ -37,14 +37,13 @@ void mp_kernel_square(DIGIT_T* w, const DIGIT_T* x, size_t n) {
     mp_add_product(w + even, x, n, x + even, 1, n + 1);
 }
 
-bool mp_kernel_mod_exp(DIGIT_T* y, const DIGIT_T* x, const DIGIT_T* e, const DIGIT_T* m, size_t n) {
+void mp_kernel_mod_exp(DIGIT_T* y, const DIGIT_T* x, const DIGIT_T* e, const DIGIT_T* m, size_t n) {
     const size_t digits = mpSizeof(m, n);
     const size_t exponentBits = mpBitLength(e, n);
     if (!cpu_has(kCpuAvx512 | kCpuAvx512Ifma) || !mod_exp_ifma(y, x, e, exponentBits, m, digits))
         mod_exp_adx(y, x, e, exponentBits, m, digits);
     mpSetZero(y + digits, n - digits);
     wipe_dead_stack(); // vectors and columns that did not fit the registers
-    return true;
 }
 
 } // namespace zul
@@ -60,9 +59,7 @@ void mp_kernel_multiply(DIGIT_T*, const DIGIT_T*, const DIGIT_T*, size_t) {}
 
 void mp_kernel_square(DIGIT_T*, const DIGIT_T*, size_t) {}
 
-bool mp_kernel_mod_exp(DIGIT_T*, const DIGIT_T*, const DIGIT_T*, const DIGIT_T*, size_t) {
-    return false;
-}
+void mp_kernel_mod_exp(DIGIT_T*, const DIGIT_T*, const DIGIT_T*, const DIGIT_T*, size_t) {}
 
 } // namespace zul
 #endif

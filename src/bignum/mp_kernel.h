@@ -12,7 +12,7 @@ void mp_kernel_multiply(DIGIT_T* w, const DIGIT_T* u, const DIGIT_T* v, size_t n
 void mp_kernel_square(DIGIT_T* w, const DIGIT_T* x, size_t n);                     // as mpSquare
 
 // mp_kernel_mod_exp is mpModExp for an exponent of two bits or more, x below m and m of at least two
-// significant digits. False if it does not take the job (the sizes are not its own): nothing is done then.
-bool mp_kernel_mod_exp(DIGIT_T* y, const DIGIT_T* x, const DIGIT_T* e, const DIGIT_T* m, size_t n);
+// significant digits.
+void mp_kernel_mod_exp(DIGIT_T* y, const DIGIT_T* x, const DIGIT_T* e, const DIGIT_T* m, size_t n);
 
 } // namespace zul

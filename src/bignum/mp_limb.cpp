@@ -53,7 +53,7 @@ static Limb divide_3by2(Limb u2, Limb u1, Limb u0, const LimbReciprocal& by) {
 }
 
 Limb limb_divide_step(Limb* w, const Limb* d, size_t n, const LimbReciprocal& reciprocal) {
-    // Equal highest limbs make the quotient B - 1 or B - 2.
+    // Equal highest limbs make the quotient B - 1.
     const bool greatest = w[n] == reciprocal.d1 && w[n - 1] == reciprocal.d0;
     Limb q = greatest ? ~Limb{0} : divide_3by2(w[n], w[n - 1], w[n - 2], reciprocal);
     Limb carry = 0;
@@ -100,13 +100,6 @@ Limb limb_subtract(Limb* w, const Limb* u, const Limb* v, size_t n) {
         borrow = high_of(x) & 1;
     }
     return borrow;
-}
-
-bool limb_below(const Limb* u, const Limb* v, size_t n) {
-    while (n-- > 0)
-        if (u[n] != v[n])
-            return u[n] < v[n];
-    return false;
 }
 
 } // namespace zul

@@ -35,7 +35,6 @@ Limb limb_shift_left(Limb* w, const Limb* u, size_t n, unsigned bits);
 void limb_shift_right(Limb* w, const Limb* u, size_t n, unsigned bits);
 
 Limb limb_subtract(Limb* w, const Limb* u, const Limb* v, size_t n); // the borrow; w may be an operand
-bool limb_below(const Limb* u, const Limb* v, size_t n);
 
 } // namespace zul
 #endif

@@ -97,8 +97,10 @@ int mpModExp(DIGIT_T* y, const DIGIT_T* x, const DIGIT_T* e, const DIGIT_T* m, s
         mpSetZero(y, n);
         return 0;
     }
-    if (size > 1 && mp_kernel_usable() && mpCompare(x, m, n) < 0 && mp_kernel_mod_exp(y, x, e, m, n))
+    if (size > 1 && mp_kernel_usable() && mpCompare(x, m, n) < 0) {
+        mp_kernel_mod_exp(y, x, e, m, n);
         return 0;
+    }
 
     DigitEngine engine(x, m, size, n, window_powers(bits));
     if (bits <= kBinaryBits)

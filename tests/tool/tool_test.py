@@ -346,6 +346,7 @@ class Keys(ToolTest):
         self.assertEqual((status, shown), (0, b"Password for 'enc.pem': \r\n" + good.replace(b"\n", b"\r\n")))
         self.assertEqual(self.at_terminal([b"gehei\x03"], "key", "check", "enc.pem")[0], 1)
         make = ["key", "make", "--bits", "512", "pub", "pri"]
+        self.refused(6, "key", "make", "--password-file", "pw", "./pri", "pri", says="the same file")
         status, shown = self.at_terminal([b"one\n", b"other\n"], *make)
         self.assertEqual((status, os.path.exists("pri")), (1, False), shown)
         self.assertEqual(self.at_terminal([b"x\x15one\n", b"one\n"], *make)[0], 0)
@@ -403,6 +404,10 @@ class Keys(ToolTest):
                                        ("other.bin", good), ("in.bin", good, "-d", "sha1")):
             self.assertEqual(self.refused(22, "verify", "-k", "pub.der", *more, file, write("sig", signature)).stdout, b"")
         self.refused(7, "sign", "-k", "pub.der", "in.bin", "never", says="takes a private key")
+        self.refused(6, "sign", "-k", "key.pem", "in.bin", "./in.bin", says="would replace the input")
+        self.refused(6, "sign", "-k", "key.pem", "in.bin", "./key.pem", says="would replace the key")
+        self.refused(20, "sign", "-k", write("empty", b""), "in.bin", "never")
+        self.refused(7, "sign", "-k", write("text", b"no key, no DER"), "in.bin", "never", says="no RSA key")
         self.assertFalse(os.path.exists("never"))
 
     def test_encryption(self):
@@ -568,7 +573,7 @@ class Usage(ToolTest):
                           ["encrypt", "-a", "aes-256-ecb", "-k", secret, "in.bin", "out.bin"],
                           ["hash", "md5", "--key", secret], ["wrap", "-a", "3des", "--kek", secret, "--data", secret],
                           ["hmac", "md5", f"--kye={secret}", "in.bin"],
-                          ["key", "check", "--password", secret, "in.bin"], ["key", f"--password={secret}"],
+                          ["key", "check", "--password", secret, "in.bin"], ["hmac", "md5", "--key", "--" + secret, "in.bin"], ["key", f"--password={secret}"],
                           ["wrap", "-a", "3des", "--kek", KEY[:24].hex(), "--data", secret]):
             with self.subTest(" ".join(arguments)):
                 result = zul(*arguments)

@@ -104,10 +104,10 @@ TEST_F(MpKernel, PowersEqualThePortableOnes) {
             cpu_mask_features(kCpuAdx);
             ASSERT_EQ(mpModExp(expected.data(), x.data(), e.data(), m.data(), n), 0);
             cpu_mask_features(kCpuAvx512Ifma);
-            ASSERT_TRUE(mp_kernel_mod_exp(y.data(), x.data(), e.data(), m.data(), n));
+            mp_kernel_mod_exp(y.data(), x.data(), e.data(), m.data(), n);
             ASSERT_EQ(y, expected) << bits << " bits";
             cpu_mask_features(0);
-            ASSERT_TRUE(mp_kernel_mod_exp(z.data(), x.data(), e.data(), m.data(), n));
+            mp_kernel_mod_exp(z.data(), x.data(), e.data(), m.data(), n);
             ASSERT_EQ(z, expected) << bits << " bits";
         }
 }

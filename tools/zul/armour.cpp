@@ -39,11 +39,11 @@ SecretBytes decode_text(SecretBytes text, bool isHex, const std::string& name) {
 SecretBytes binary_content(SecretBytes content, const std::string& name) {
     const std::string_view all(reinterpret_cast<const char*>(content.data()), content.size());
     if (all.find("-----BEGIN") != all.npos) {
-        if (all.find("Proc-Type:") != all.npos)
-            throw Refused::by_system(
-                NOT_SUPPORTED_ERROR, name,
-                "This is an older way to encrypt PEM; 'openssl pkcs8 -topk8' converts it.");
         pem_body(content, name);
+        if (std::find(content.begin(), content.end(), ':') != content.end())
+            throw Refused::by_system(NOT_SUPPORTED_ERROR, name,
+                                     "Its PEM block has header lines, as an older way to encrypt does; "
+                                     "'openssl pkcs8 -topk8' converts it.");
         return decode_text(std::move(content), false, name);
     }
     const bool isText = !content.empty() && std::all_of(content.begin(), content.end(), [](unsigned char c) {

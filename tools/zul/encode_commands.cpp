@@ -22,11 +22,6 @@ Format find_format(const std::string& name) {
     throw UsageError("unknown format " + in_quotes(name) + "; formats: hex, base64, pem");
 }
 
-void refuse_same_file(const std::string& in, const std::string& out) {
-    if (!is_standard_stream(in) && !is_standard_stream(out) && is_same_file(in, out))
-        throw Refused::by_system(BAD_PARAM_ERROR, in, "IN and OUT are the same file.");
-}
-
 // LineWriter breaks a stream of characters into lines.
 class LineWriter {
   public:

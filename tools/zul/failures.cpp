@@ -16,6 +16,8 @@ std::string describe(int code, const std::string& subject, const std::string& ad
     return text;
 }
 
+} // namespace
+
 std::string last_error() {
     const int length = ZUL_LastError(nullptr, 0);
     if (length <= 0)
@@ -24,8 +26,6 @@ std::string last_error() {
     ZUL_LastError(text.data(), length);
     return text;
 }
-
-} // namespace
 
 std::string error_text(int code) {
     const int length = ZUL_ErrorLookup(nullptr, 0, code);

@@ -29,8 +29,7 @@ struct MakeCommand {
         const int wanted = encryption.options() | formatOption;
         if (is_standard_stream(publicFile) || is_standard_stream(privateFile))
             throw UsageError("PUBLIC and PRIVATE are names of files");
-        if (publicFile == privateFile || is_same_file(publicFile, privateFile))
-            throw Refused::by_system(BAD_PARAM_ERROR, privateFile, "PUBLIC and PRIVATE are the same file.");
+        refuse_same_file(privateFile, publicFile, "PUBLIC and PRIVATE are the same file.");
         const SecretBytes secret = password.read_new(in_quotes(privateFile));
 
         // The bit that shows progress is also one of AES-192's: with either, Triple DES at first.
@@ -141,7 +140,7 @@ void add_make_command(CLI::App& group) {
     command->add_option("PRIVATE", make->privateFile, "File for the encrypted private key")
         ->required()
         ->option_text(" ");
-    command->add_option("--bits", make->bits, "Length of the modulus (2048)")
+    command->add_option("--bits", make->bits, "Length of the modulus in bits, at most 16384 (2048)")
         ->check(CLI::Range(1, 16384))
         ->option_text("N");
     command->add_option("--exponent", make->exponent, "3, 5, 17, 257 or 65537 (65537)")->option_text("E");
@@ -188,7 +187,7 @@ void add_key_commands(CLI::App& app) {
     command->footer("Example:\n  zul key match private.pem server.pem");
 
     auto check = std::make_shared<CheckCommand>();
-    command = add(*group, "check", "Check a key; of a private one whether its values agree", check);
+    command = add(*group, "check", "Check a key; of a private one whether it undoes its public part", check);
     command->add_option("FILE", check->file, "The key; - for standard input")->required()->option_text(" ");
     check->password.add_to(*command, "password", "Password of an encrypted key");
     command->footer("Example:\n  zul key check private.pem");

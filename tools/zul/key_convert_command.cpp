@@ -36,9 +36,7 @@ struct ConvertCommand {
             key.xml((onlyPublic ? ZUL_XML_PUBLIC_ONLY : 0) | (hexValues ? ZUL_XML_HEXBINARY : 0) |
                     (keyValueRoot ? ZUL_XML_RSAKEYVALUE : 0));
         xml.back() = '\n';
-        Output output(out);
-        if (key.is_private() && !onlyPublic)
-            output.for_owner_alone();
+        Output output(out, key.is_private() && !onlyPublic);
         output.write(xml);
         output.finish();
     }
@@ -78,7 +76,7 @@ void add_key_convert_command(CLI::App& group) {
     command->add_option("-f,--format", state->format, "pem (the default), pem-alt, der or xml")
         ->option_text("FORMAT");
     command->add_flag("--public", state->onlyPublic, "Write the public part of a private key");
-    command->add_flag("--unencrypted", state->unencrypted, "Write a private key for everyone to read");
+    command->add_flag("--unencrypted", state->unencrypted, "Write a private key without a password");
     state->encryption.add_to(*command, "Encrypt a private key");
     state->password.add_to(*command, "password", "Password of IN");
     state->newPassword.add_to(*command, "new-password", "Password of OUT");

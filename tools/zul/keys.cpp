@@ -55,7 +55,7 @@ std::vector<std::string> take_arguments(int argc, char** argv) {
             continue;
         }
         arguments.emplace_back(argument);
-        if (secret && i + 1 < argc && std::strncmp(argv[i + 1], "--", 2) != 0)
+        if (secret && i + 1 < argc) // whatever it begins with
             arguments.push_back(hide(argv[++i]));
     }
     std::reverse(arguments.begin(), arguments.end());

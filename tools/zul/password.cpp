@@ -7,13 +7,18 @@ namespace tool {
 
 namespace {
 
+constexpr size_t kLongestLine = 1 << 16;
+
 // first_line reads no further than the line's end, so that a second password can stand on standard input's
 // next line.
 SecretBytes first_line(const std::string& file) {
     Input input(file);
     SecretBytes line;
-    for (unsigned char c = 0; input.read(&c, 1) == 1 && c != '\n';)
+    for (unsigned char c = 0; input.read(&c, 1) == 1 && c != '\n';) {
+        if (line.size() == kLongestLine)
+            throw UsageError("the first line of " + in_quotes(file) + " is too long for a password");
         line.push_back(c);
+    }
     if (!line.empty() && line.back() == '\r')
         line.pop_back();
     return line;

@@ -35,7 +35,10 @@ struct SignCommand {
 
     void run() const {
         const Digest& algorithm = find_digest(digest);
+        key.refuse_output(in, out);
         const RsaKey privateKey = key.read_private(in);
+        // A signature that a key with contradictory values makes gives away its factors.
+        accept_length(RSA_CheckKey(privateKey.text(), 0), "key", "It does not undo its public part.");
         const SecretBytes hash = digest_of(in, algorithm);
         SecretBytes block(privateKey.bytes());
         accept_length(RSA_EncodeMsg(block.data(), int_length(block), hash.data(), int_length(hash),
@@ -95,6 +98,7 @@ struct RsaCipherCommand {
 
     void run_encrypt() const {
         const int choice = options();
+        key.refuse_output(in, out);
         const RsaKey publicKey = key.read_public(in);
         const SecretBytes message = Input(in).read_all();
         SecretBytes block(publicKey.bytes());
@@ -109,6 +113,7 @@ struct RsaCipherCommand {
     // Whatever is wrong with the block, the words are the same: they must not help to find a message out.
     void run_decrypt() const {
         const int choice = options();
+        key.refuse_output(in, out);
         const RsaKey privateKey = key.read_private(in);
         SecretBytes block = Input(in).read_all();
         SecretBytes message(privateKey.bytes());

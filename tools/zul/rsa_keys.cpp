@@ -12,8 +12,8 @@ namespace {
 constexpr int kRoom = 90000; // more than the longest key string
 
 // outline gives a letter for each element at level 1 and one for the first element at level 2: what tells the
-// structures of keys apart.
-std::string outline(const SecretBytes& bytes, const std::string& name) {
+// structures of keys apart. Empty for what is no DER.
+std::string outline(const SecretBytes& bytes, const std::string& name) try {
     std::string letters;
     DerWalk walk(bytes, name);
     for (DerElement element; walk.next(element);)
@@ -36,6 +36,8 @@ std::string outline(const SecretBytes& bytes, const std::string& name) {
                 letters += '?';
             }
     return letters;
+} catch (const Refused&) {
+    return {};
 }
 
 SecretBytes base64_text(const SecretBytes& bytes, const std::string& name) {
@@ -46,11 +48,20 @@ SecretBytes base64_text(const SecretBytes& bytes, const std::string& name) {
     return text;
 }
 
+// What may be the reason if a decryption gave no key; other failures speak for themselves.
+std::string decryption_hint() {
+    const std::string error = last_error();
+    return error.starts_with("Decryption error") || error.find("Not valid PrivateKeyInfo") != error.npos
+               ? "The password is not the right one, or the file was damaged."
+               : "";
+}
+
 // filled calls a function of the library that writes a text of at most kRoom characters.
 template<class Call>
-SecretBytes filled(const std::string& name, const std::string& hint, Call call) {
+SecretBytes filled(const std::string& name, Call call) {
     SecretBytes text(kRoom + 1);
-    const int length = accept_length(call(reinterpret_cast<char*>(text.data()), kRoom), name, hint);
+    const int result = call(reinterpret_cast<char*>(text.data()), kRoom);
+    const int length = accept_length(result, name, result < 0 ? decryption_hint() : "");
     text.resize(static_cast<size_t>(length) + 1);
     return text;
 }
@@ -62,7 +73,7 @@ RsaKey RsaKey::from_xml(const SecretBytes& content, const std::string& name) {
     xml.push_back('\0');
     RsaKey key;
     key.text_ =
-        filled(name, {}, [&](char* out, int room) { return RSA_FromXMLString(out, room, as_text(xml), 0); });
+        filled(name, [&](char* out, int room) { return RSA_FromXMLString(out, room, as_text(xml), 0); });
     key.form_ = std::string_view(key.text()).starts_with("PVT") ? "private key (XML)" : "public key (XML)";
     return key;
 }
@@ -74,22 +85,23 @@ RsaKey RsaKey::read(const std::string& file, const PasswordOption& password) {
     if (all.find("RSAKeyValue") != all.npos || all.find("RSAKeyPair") != all.npos)
         return from_xml(content, name);
     const SecretBytes der = binary_content(content, name);
+    if (der.empty())
+        throw Refused::by_system(NO_DATA_ERROR, name);
     const SecretBytes base64 = base64_text(der, name);
     const char* source = as_text(base64);
 
-    const std::string letters = der.empty() ? "" : outline(der, name);
+    const std::string letters = outline(der, name);
     RsaKey key;
     const auto take = [&](const char* form, auto reader) {
         key.form_ = form;
-        key.text_ = filled(name, {}, [&](char* out, int room) { return reader(out, room, source); });
+        key.text_ = filled(name, [&](char* out, int room) { return reader(out, room, source); });
     };
     if (letters == "so") {
         key.form_ = "private key, encrypted (PKCS #8)";
         const SecretBytes secret = password.read(in_quotes(name));
-        key.text_ = filled(name, "The password is not the right one, or the file was damaged.",
-                           [&](char* out, int room) {
-                               return RSA_ReadEncPrivateKey(out, room, source, as_text(secret), 0);
-                           });
+        key.text_ = filled(name, [&](char* out, int room) {
+            return RSA_ReadEncPrivateKey(out, room, source, as_text(secret), 0);
+        });
     } else if (letters == "ii") {
         take("public key (PKCS #1)", RSA_ReadPublicKey);
     } else if (letters == "sb") {
@@ -107,8 +119,7 @@ RsaKey RsaKey::read(const std::string& file, const PasswordOption& password) {
 }
 
 SecretBytes RsaKey::xml(int options) const {
-    return filled("key", {},
-                  [&](char* out, int room) { return RSA_ToXMLString(out, room, text(), options); });
+    return filled("key", [&](char* out, int room) { return RSA_ToXMLString(out, room, text(), options); });
 }
 
 RsaKey RsaKey::without_private() const {
@@ -128,6 +139,11 @@ size_t RsaKey::bytes() const {
 void RsaKeyOption::add_to(CLI::App& command, const std::string& what) {
     command.add_option("-k,--key-file", file_, "Needed: " + what)->required()->option_text("FILE");
     password_.add_to(command, "password", "Password of an encrypted key");
+}
+
+void RsaKeyOption::refuse_output(const std::string& in, const std::string& out) const {
+    refuse_same_file(in, out, "The output would replace the input.");
+    refuse_same_file(file_, out, "The output would replace the key.");
 }
 
 RsaKey RsaKeyOption::read(const std::string& in) const {

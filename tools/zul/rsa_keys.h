@@ -54,6 +54,8 @@ class RsaKey {
 class RsaKeyOption {
   public:
     void add_to(CLI::App& command, const std::string& what);
+    // refuse_output: the output replaces neither the command's other input nor the key.
+    void refuse_output(const std::string& in, const std::string& out) const;
     RsaKey read_private(const std::string& in) const; // in: the command's other input
     RsaKey read_public(const std::string& in) const;
 

@@ -1,10 +1,13 @@
 #ifdef _WIN32
 #include <windows.h>
 #else
+#include <csignal>
 #include <fcntl.h>
 #include <termios.h>
 #include <unistd.h>
 #endif
+
+#include <iterator>
 
 #include "zul_tool.h"
 
@@ -57,6 +60,15 @@ class Terminal {
     bool usable_;
 };
 #else
+// What a signal that ends the process has to put back first.
+int silentDevice = -1;
+termios loudMode;
+
+extern "C" void make_loud_and_end(int signal) {
+    tcsetattr(silentDevice, TCSAFLUSH, &loudMode);
+    raise(signal); // with its default action now, once this returns
+}
+
 class Terminal {
   public:
     Terminal() : device_(open("/dev/tty", O_RDWR | O_CLOEXEC)) {
@@ -67,6 +79,14 @@ class Terminal {
         quiet.c_lflag &= ~static_cast<tcflag_t>(ECHO | ICANON | ISIG);
         quiet.c_cc[VMIN] = 1;
         quiet.c_cc[VTIME] = 0;
+        silentDevice = device_;
+        loudMode = mode_;
+        for (size_t i = 0; i < kSignals; ++i) {
+            struct sigaction ending {};
+            ending.sa_handler = make_loud_and_end;
+            ending.sa_flags = static_cast<int>(SA_RESETHAND);
+            sigaction(kEnding[i], &ending, &before_[i]);
+        }
         usable_ = tcsetattr(device_, TCSAFLUSH, &quiet) == 0;
     }
     Terminal(const Terminal&) = delete;
@@ -74,6 +94,9 @@ class Terminal {
     ~Terminal() {
         if (usable_)
             tcsetattr(device_, TCSAFLUSH, &mode_);
+        for (size_t i = 0; i < kSignals && silentDevice >= 0; ++i)
+            sigaction(kEnding[i], &before_[i], nullptr);
+        silentDevice = -1;
         if (device_ >= 0)
             close(device_);
     }
@@ -93,8 +116,12 @@ class Terminal {
     }
 
   private:
+    static constexpr int kEnding[] = {SIGHUP, SIGINT, SIGQUIT, SIGTERM};
+    static constexpr size_t kSignals = std::size(kEnding);
+
     int device_;
     termios mode_{};
+    struct sigaction before_[kSignals];
     bool usable_;
 };
 #endif

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cctype>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -10,6 +11,7 @@
 #include <fcntl.h>
 #include <io.h>
 #else
+#include <fcntl.h>
 #include <unistd.h>
 #endif
 
@@ -34,7 +36,24 @@ bool output_is_terminal() {
 
 bool is_same_file(const std::string& one, const std::string& other) {
     std::error_code ignored;
-    return std::filesystem::equivalent(one, other, ignored);
+    if (std::filesystem::equivalent(one, other, ignored))
+        return true;
+    // Files that do not exist yet will be the same if their paths are.
+    const auto path = [&ignored](const std::string& name) {
+        std::string text =
+            std::filesystem::weakly_canonical(std::filesystem::absolute(name), ignored).string();
+#ifdef _WIN32
+        std::transform(text.begin(), text.end(), text.begin(),
+                       [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+#endif
+        return text;
+    };
+    return path(one) == path(other);
+}
+
+void refuse_same_file(const std::string& in, const std::string& out, const std::string& hint) {
+    if (!is_standard_stream(in) && !is_standard_stream(out) && is_same_file(in, out))
+        throw Refused::by_system(BAD_PARAM_ERROR, in, hint);
 }
 
 Input::Input(const std::string& name) : name_(name), file_(stdin) {
@@ -78,12 +97,24 @@ SecretBytes Input::read_all() {
     return content;
 }
 
-Output::Output(const std::string& name) : name_(name), file_(stdout) {
+// A file for its owner alone is so from the moment that it is made.
+static std::FILE* create(const std::string& name, bool forOwnerAlone) {
+#ifndef _WIN32
+    if (forOwnerAlone) {
+        const int file = open(name.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, S_IRUSR | S_IWUSR);
+        return file < 0 ? nullptr : fdopen(file, "wb");
+    }
+#endif
+    static_cast<void>(forOwnerAlone);
+    return std::fopen(name.c_str(), "wb");
+}
+
+Output::Output(const std::string& name, bool forOwnerAlone) : name_(name), file_(stdout) {
     if (is_standard_stream(name)) {
         name_ = "standard output";
         return;
     }
-    file_ = std::fopen(name.c_str(), "wb");
+    file_ = create(name, forOwnerAlone);
     if (file_ == nullptr)
         throw Refused::by_system(CREATE_ERROR, name);
     std::setvbuf(file_, nullptr, _IONBF, 0);
@@ -96,13 +127,6 @@ Output::~Output() {
     std::error_code ignored;
     if (std::filesystem::is_regular_file(name_, ignored)) // never a device
         std::filesystem::remove(name_, ignored);
-}
-
-void Output::for_owner_alone() {
-    std::error_code ignored;
-    if (std::filesystem::is_regular_file(name_, ignored))
-        std::filesystem::permissions(
-            name_, std::filesystem::perms::owner_read | std::filesystem::perms::owner_write, ignored);
 }
 
 void Output::write(const void* data, size_t size) {

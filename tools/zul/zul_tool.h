@@ -50,6 +50,8 @@ int accept_length(int result, const std::string& subject, const std::string& hin
 // accept_status throws Refused for anything but 0.
 void accept_status(int result, const std::string& subject, const std::string& hint = {});
 
+// last_error gives what the library's last call had to say.
+std::string last_error();
 void print_error(const char* text); // "zul: text" on standard error
 std::string in_quotes(std::string_view text);
 // error_text gives the library's text of a code, empty if there is no such code.
@@ -98,7 +100,10 @@ SecretBytes ask_secretly(const std::string& question, bool twice); // (secret_pr
 inline bool is_standard_stream(const std::string& name) {
     return name == "-";
 }
+// is_same_file compares what two names mean, whether the files exist already or not.
 bool is_same_file(const std::string& one, const std::string& other);
+void refuse_same_file(const std::string& in, const std::string& out,
+                      const std::string& hint = "IN and OUT are the same file.");
 
 // Input reads a file, or standard input if its name is "-". Unbuffered: no copy of a key stays in the
 // runtime.
@@ -121,13 +126,12 @@ class Input {
 // Output writes a file, or standard output if its name is "-". A file that is not finished is removed.
 class Output {
   public:
-    explicit Output(const std::string& name);
+    // forOwnerAlone keeps other users of the machine from reading a new file.
+    explicit Output(const std::string& name, bool forOwnerAlone = false);
     Output(const Output&) = delete;
     Output& operator=(const Output&) = delete;
     ~Output();
 
-    // for_owner_alone keeps other users of the machine from reading the file.
-    void for_owner_alone();
     void write(const void* data, size_t size);
     void write(std::string_view text) { write(text.data(), text.size()); }
     void write(const SecretBytes& bytes) { write(bytes.data(), bytes.size()); }
