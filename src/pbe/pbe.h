@@ -32,7 +32,4 @@ AsnList pbe_encrypt(PbeContext& context, const uint8_t* plain, size_t plainLen);
 // NOT_SUPPORTED_ERROR, DECRYPT_ERROR), with a text. After an error plain is empty.
 int pbe_decrypt(const asn_Node* encryptedPrivateKeyInfo, const char* password, SecretBuffer& plain);
 
-// bmp_password gives a password's form for the PKCS #12 schemes: 00 b for each byte b, and 00 00.
-SecretBuffer bmp_password(const char* password);
-
 } // namespace zul

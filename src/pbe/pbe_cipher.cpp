@@ -66,13 +66,6 @@ void to_bmp(PbeParams& params) {
 
 } // namespace
 
-SecretBuffer bmp_password(const char* password) {
-    PbeParams params;
-    if (pbe_take_password(params, password) == 0)
-        to_bmp(params);
-    return std::move(params.password);
-}
-
 void pbe_derive_key(PbeParams& params, Secret<kPbeMaxKey>& key) {
     const SecretBuffer& salt = params.salt;
     switch (params.scheme->kind) {

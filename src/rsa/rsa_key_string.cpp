@@ -131,18 +131,25 @@ bool unprotect(uint8_t* block, size_t size, KeyStringType type, SecretBuffer& de
     return true;
 }
 
-// open_as opens a key string of the type, or a plain one that holds what reader reads.
-int open_as(const char* keyString, KeyStringType wanted, bool (*reader)(const asn_Node*, RsaKey&),
-            RsaKey& key) {
+// open_as opens a key string of the kinds allowed; a plain one counts as what it holds.
+int open_as(const char* keyString, RsaKey& key, bool allowPublic, bool allowPrivate, bool* isPrivate) {
     key.flags = 0;
     SecretBuffer der;
     KeyStringType type{};
     if (const int error = key_string_open(keyString, der, &type))
         return error;
-    if (type != wanted && type != KeyStringType::plain)
+    const bool isPlain = type == KeyStringType::plain;
+    const bool tryPublic = allowPublic && (isPlain || type == KeyStringType::rsaPublic);
+    const bool tryPrivate = allowPrivate && (isPlain || type == KeyStringType::rsaPrivate);
+    if (!tryPublic && !tryPrivate)
         return INVALID_DATA_ERROR;
     const AsnList list = asn_ParseBytes(der.data(), der.size());
-    return list && reader(list.head(), key) ? 0 : INVALID_DATA_ERROR;
+    if (!list)
+        return INVALID_DATA_ERROR;
+    const bool isPublic = tryPublic && rsa_read_public_key(list.head(), key);
+    if (isPrivate != nullptr)
+        *isPrivate = !isPublic;
+    return isPublic || (tryPrivate && rsa_read_private_key(list.head(), key)) ? 0 : INVALID_DATA_ERROR;
 }
 
 int write_key_string(char* out, int outChars, const AsnList& list, KeyStringType type) {
@@ -195,21 +202,15 @@ int key_string_open(const char* keyString, SecretBuffer& der, KeyStringType* typ
 }
 
 int rsa_open_public(const char* keyString, RsaKey& key) {
-    return open_as(keyString, KeyStringType::rsaPublic, rsa_read_public_key, key);
+    return open_as(keyString, key, true, false, nullptr);
 }
 
 int rsa_open_private(const char* keyString, RsaKey& key) {
-    return open_as(keyString, KeyStringType::rsaPrivate, rsa_read_private_key, key);
+    return open_as(keyString, key, false, true, nullptr);
 }
 
 int rsa_open_any(const char* keyString, RsaKey& key, bool* isPrivate) {
-    int error = rsa_open_public(keyString, key);
-    const bool opensAsPrivate = error != 0;
-    if (opensAsPrivate)
-        error = rsa_open_private(keyString, key);
-    if (isPrivate != nullptr)
-        *isPrivate = opensAsPrivate;
-    return error;
+    return open_as(keyString, key, true, true, isPrivate);
 }
 
 int rsa_public_key_string(char* out, int outChars, const RsaKey& key) {

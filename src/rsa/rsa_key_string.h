@@ -23,7 +23,7 @@ int key_string_open(const char* keyString, SecretBuffer& der, KeyStringType* typ
 
 // rsa_open_public and rsa_open_private open a key string of their own kind into a key: 0 or
 // INVALID_DATA_ERROR. A plain one opens as what it holds, RSAPublicKey or RSAPrivateKey. rsa_open_any takes
-// either kind, trying public first; *isPrivate may be null.
+// either kind, a plain one as public first; *isPrivate (may be null) is set if it opens.
 int rsa_open_public(const char* keyString, RsaKey& key);
 int rsa_open_private(const char* keyString, RsaKey& key);
 int rsa_open_any(const char* keyString, RsaKey& key, bool* isPrivate);

@@ -100,7 +100,7 @@ TEST(KeyString, OpensOnlyAsTheKeyOfItsType) {
         const bool fits = type == KeyStringType::rsaPublic || type == KeyStringType::plain;
         const std::string text = make(publicKey, type);
         RsaKey key;
-        bool isPrivate = false;
+        bool isPrivate = true;
         EXPECT_EQ(rsa_open_public(text.c_str(), key), fits ? 0 : INVALID_DATA_ERROR);
         EXPECT_EQ(rsa_open_any(text.c_str(), key, &isPrivate), fits ? 0 : INVALID_DATA_ERROR);
         EXPECT_EQ(isPrivate, !fits);
