@@ -23,6 +23,7 @@ AsnList asn_NewNull();
 AsnList asn_NewOid(const char* name); // a name of the table in oid.h; an unknown one gives no octets
 AsnList asn_NewBitString(unsigned unused, const void* bytes, size_t n);
 AsnList asn_NewBitStringOf(unsigned unused, AsnList content);
+AsnList asn_NewString(uint32_t tag, const void* bytes, size_t n); // of any universal tag, bytes as given
 AsnList asn_NewUTF8String(const char* text); // text that is not UTF-8 is taken as Latin-1
 AsnList asn_NewPrintableString(const char* text);
 AsnList asn_NewIA5String(const char* text);

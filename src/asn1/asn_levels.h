@@ -14,34 +14,34 @@ class AsnLevels {
     bool enter(int64_t end) { // false if that is too deep
         if (depth_ == kAsnMaxDepth)
             return false;
+        const int64_t limit = depth_ == 0 ? kNoLimit : limits_[depth_ - 1];
+        limits_[depth_] = end == kOpen ? limit : end;
         ends_[depth_++] = end;
         return true;
     }
 
-    // holds tells whether an element that ends at a position lies inside the innermost one.
-    bool holds(int64_t end) const {
-        return depth_ == 0 || ends_[depth_ - 1] == kOpen || end <= ends_[depth_ - 1];
-    }
+    // holds tells whether an element that ends at a position lies inside all those of a known end.
+    bool holds(int64_t end) const { return depth_ == 0 || end <= limits_[depth_ - 1]; }
 
-    // leave goes out of every element that ends at a position, and of one more for an end-of-contents marker:
-    // underflow if there is none, mismatch if that has a length, or if an element has been read past its end.
+    // leave goes out of the element that an end-of-contents marker ends, and then of every one that ends at a
+    // position: underflow if the marker ends none, mismatch if it stands in one that has a length, or if an
+    // element has been read past its end.
     Step leave(int64_t position, bool marker) {
-        while (depth_ > 0 && (ends_[depth_ - 1] == position || marker)) {
-            const int64_t end = ends_[--depth_];
-            if (end == position)
-                continue;
-            if (end != kOpen)
-                return Step::mismatch;
-            marker = false;
-        }
-        if (marker)
-            return Step::underflow;
-        return depth_ > 0 && ends_[depth_ - 1] != kOpen && ends_[depth_ - 1] < position ? Step::mismatch
-                                                                                        : Step::good;
+        const bool endsOpen = marker && depth_ > 0 && ends_[depth_ - 1] == kOpen;
+        if (endsOpen)
+            depth_--;
+        while (depth_ > 0 && ends_[depth_ - 1] == position)
+            depth_--;
+        if (marker && !endsOpen)
+            return depth_ == 0 ? Step::underflow : Step::mismatch;
+        return holds(position) ? Step::good : Step::mismatch;
     }
 
   private:
+    static constexpr int64_t kNoLimit = INT64_MAX;
+
     int64_t ends_[kAsnMaxDepth];
+    int64_t limits_[kAsnMaxDepth]; // the nearest known end of an element or of one around it
     uint32_t depth_ = 0;
 };
 

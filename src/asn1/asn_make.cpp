@@ -68,6 +68,10 @@ AsnList asn_NewOctetString(const void* bytes, size_t n) {
     return make(kAsnUniversal, kAsnOctetString, bytes, n);
 }
 
+AsnList asn_NewString(uint32_t tag, const void* bytes, size_t n) {
+    return make(kAsnUniversal, tag, bytes, n);
+}
+
 AsnList asn_NewContextPrim(uint32_t n, const void* bytes, size_t len) {
     return make(kAsnContext, n, bytes, len);
 }

@@ -50,9 +50,14 @@ AsnList asn_Parse(ByteStream& stream, bool all, bool quiet) {
     while (asn_read_header(stream, header) == 1) {
         consumed += header.hdrsize;
         const uint32_t level = levels.depth();
+        // What reaches beyond its parent is refused before it costs memory. (What reaches beyond the data, or
+        // is too long, has a text below.)
+        if (header.length <= kAsnMaxContent && header.length <= stream.remaining() &&
+            !levels.holds(consumed + header.length))
+            return {};
         asn_Node* node;
         if ((header.cls & kAsnConstructed) != 0) {
-            if (header.length == kAsnLengthUnset)
+            if (header.length == kAsnLengthUnset || !levels.holds(consumed + header.length))
                 return {};
             if (!levels.enter(header.ndef != 0 ? AsnLevels::kOpen : consumed + header.length)) {
                 if (!quiet)

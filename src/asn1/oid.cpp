@@ -124,8 +124,21 @@ int oid_FromBytes(OidInfo* rec) {
     return -1;
 }
 
+// has_whole_arcs tells whether an OBJECT IDENTIFIER's octets are what X.690, 8.19 allows. Others would be
+// shown as an identifier that they are not.
+static bool has_whole_arcs(const asn_Node* oid) {
+    bool isStart = true;
+    for (uint32_t i = 0; i < oid->length; i++) {
+        if (isStart && oid->data[i] == 0x80)
+            return false;
+        isStart = oid->data[i] < 0x80;
+    }
+    return isStart;
+}
+
 int oid_ToDotted(const asn_Node* node, char* buf, size_t max) {
-    if (!asn_is(node, kAsnUniversal, kAsnOid) || node->data == nullptr || node->length > kMaxDottedOctets)
+    if (!asn_is(node, kAsnUniversal, kAsnOid) || node->data == nullptr || node->length > kMaxDottedOctets ||
+        !has_whole_arcs(node))
         return -1;
     // 32 octets make at most 129 characters.
     char text[256];

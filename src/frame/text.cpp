@@ -6,6 +6,12 @@
 
 namespace zul {
 
+const char* shown_name(const char* fileOrText) {
+    constexpr size_t kLongestName = 260;
+    const bool isLikely = strlen(fileOrText) <= kLongestName && strpbrk(fileOrText, "\r\n") == nullptr;
+    return isLikely ? fileOrText : "...";
+}
+
 int str_length(const char* text) {
     if (text == nullptr)
         return 0;

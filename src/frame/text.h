@@ -10,6 +10,10 @@ int str_copy(char* dest, const char* src, int size);
 // the joined text would have had without the cut, 0 as str_copy.
 int str_append(char* dest, const char* src, int size);
 
+// shown_name gives an argument for an error text: itself if it may be the name of a file, else "..." (longer
+// than 260 characters, or with a line break), since it may be a private key.
+const char* shown_name(const char* fileOrText);
+
 // str_length is the length of a text, 0 for null; a length that no int can hold is given as INT_MAX.
 int str_length(const char* text);
 

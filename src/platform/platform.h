@@ -2,6 +2,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
+#include <ctime>
 
 namespace zul {
 
@@ -81,6 +82,8 @@ bool file_lock(FileHandle file, size_t length); // the first length bytes; waits
 void file_unlock(FileHandle file, size_t length);
 bool file_remove(const char* path);
 
+const char* line_end(); // of text files: CR LF or LF
+
 // file_seek goes to an offset from the beginning; false if the file cannot (a pipe).
 bool file_seek(FileHandle file, int64_t offset);
 
@@ -91,7 +94,10 @@ bool file_is_regular(const char* path);
 
 // --- clocks and other readings (readings.cpp) ----------------------------------------------------------
 
-uint64_t system_time();              // 100-nanosecond units since 1601-01-01 UTC
+uint64_t system_time(); // 100-nanosecond units since 1601-01-01 UTC
+// local_time_normalise reads a broken-down time as local standard time and gives it back in UTC; false, and
+// nothing done, if the system cannot.
+bool local_time_normalise(tm* time);
 uint32_t tick_count();               // milliseconds since start-up, wrapping
 bool free_clusters(uint32_t* count); // of the current disk
 

@@ -7,6 +7,7 @@
 #include "asn1/asn_parse.h"
 #include "asn1/byte_stream.h"
 #include "frame/err.h"
+#include "frame/memory_hooks.h"
 #include "support/temp_dir.h"
 #include "support/vectors.h"
 
@@ -71,7 +72,9 @@ TEST(AsnParse, RefusesWhatIsNotWhole) {
          {"", "30", "1F81", "3085 0000000000", "04FF", "9F9080808000 00", "9F808080808000 820000",
           "3084FFFFFFFF"}},
         // Content shorter or longer than its parent; a marker inside a definite length; none at all.
-        {"", {"3005020105", "3002020105", "3004 3003 020105", "30040000 0500", "3080 0500"}},
+        {"",
+         {"3005020105", "3002020105", "3004 3003 020105", "30040000 0500", "3080 0500", "3080 30020000",
+          "3003 3080 0500 0000"}},
         {underflow, {"0000", "30020000", "300430020000"}},
         {pastEnd("5"), {"3003020205"}},
         {pastEnd("2"), {"0401"}},
@@ -83,6 +86,21 @@ TEST(AsnParse, RefusesWhatIsNotWhole) {
             EXPECT_FALSE(parse(test::from_hex(input), false)) << input;
             EXPECT_EQ(err_text(), c.text) << input;
         }
+    }
+}
+
+// A list takes some thirty times the memory of its encoding, so false lengths must not make one.
+TEST(AsnParse, MakesNothingOfWhatLiesBeyondItsParent) {
+    static int allocations;
+    for (const char* head : {"3010 308400030D40", "3010 3080", "30 80 3004 3080", "300C 0500 308400030D40"}) {
+        std::vector<uint8_t> data = test::from_hex(head);
+        for (int i = 0; i < 100'000; i++)
+            data.insert(data.end(), {0x05, 0x00});
+        allocations = 0;
+        memory_set_hooks({[](size_t) { return ++allocations < 0; }, nullptr});
+        EXPECT_FALSE(parse(data, false)) << head;
+        memory_set_hooks({});
+        EXPECT_LT(allocations, 20) << head;
     }
 }
 

@@ -94,7 +94,7 @@ TEST(Oid, DottedForm) {
                  {"09", "0.9"},
                  {"8837", "2.56.55"},
                  {"2A00", "1.2.0"},
-                 {"2A8F", "1.2"},
+                 {"2A8F", nullptr},
                  {"6983F09DA7EBCFDEE0C7A1A7B2C0948CC8F9D776", "2.25.329800735698586629295641978511506172918"},
                  {"69FFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFF7F",
                   "2.25.210624583337114373395836055367340864637790190801098222508621955071"},

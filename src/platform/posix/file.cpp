@@ -55,6 +55,10 @@ static ssize_t read_some(int fd, uint8_t* buffer, size_t size) {
     return got;
 }
 
+const char* line_end() {
+    return "\n";
+}
+
 bool file_folds_line_ends() {
     return false;
 }

@@ -19,6 +19,12 @@ uint64_t system_time() {
            static_cast<uint64_t>(now.tv_nsec) / 100;
 }
 
+bool local_time_normalise(tm* time) {
+    tm parts = *time; // the system may change it before it fails
+    const time_t moment = mktime(&parts);
+    return moment != static_cast<time_t>(-1) && gmtime_r(&moment, time) != nullptr;
+}
+
 uint32_t tick_count() {
     timespec now{};
     clock_gettime(CLOCK_MONOTONIC_COARSE, &now);

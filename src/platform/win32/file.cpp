@@ -50,6 +50,10 @@ bool file_close(FileHandle file) {
     return _close(descriptor(file)) == 0;
 }
 
+const char* line_end() {
+    return "\r\n";
+}
+
 bool file_folds_line_ends() {
     return true; // the C runtime does
 }

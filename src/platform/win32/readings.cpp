@@ -1,5 +1,6 @@
 #include <windows.h>
 #include <cstring>
+#include <ctime>
 
 #include "platform/platform.h"
 
@@ -9,6 +10,15 @@ uint64_t system_time() {
     FILETIME now{};
     GetSystemTimeAsFileTime(&now);
     return (static_cast<uint64_t>(now.dwHighDateTime) << 32) | now.dwLowDateTime;
+}
+
+bool local_time_normalise(tm* time) {
+    tm parts = *time; // the system may change it before it fails
+    const time_t moment = mktime(&parts);
+    if (moment == static_cast<time_t>(-1) || gmtime_s(&parts, &moment) != 0)
+        return false;
+    *time = parts;
+    return true;
 }
 
 uint32_t tick_count() {

@@ -1,0 +1,26 @@
+#pragma once
+#include "asn1/asn_node.h"
+#include "frame/memory.h"
+
+// One element where it stands in a list: a node with all the nodes inside it.
+namespace zul {
+
+// asn_ElementEnd gives the node behind an element, null if the list ends with it. An end-of-contents marker
+// that ends an element of indefinite length belongs to it.
+const asn_Node* asn_ElementEnd(const asn_Node* element);
+
+// asn_EncodeElement gives an element's encoding, header octets as they were read or made; empty for null or
+// an unset length.
+SecretBuffer asn_EncodeElement(const asn_Node* element);
+
+// asn_SameElement tells whether two elements have the same encoding, wherever they stand; null equals
+// nothing.
+bool asn_SameElement(const asn_Node* a, const asn_Node* b);
+
+// asn_IsDer tells whether a list's lengths are definite and in the fewest octets and no string is segmented;
+// asn_ToDer makes it so (X.690, 10.1 and 10.2), keeping the values and their order. A list that cannot be
+// (a segmented string of something else than strings, a primitive element of indefinite length) is a failure.
+bool asn_IsDer(const asn_Node* list);
+AsnList asn_ToDer(AsnList list);
+
+} // namespace zul
