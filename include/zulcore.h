@@ -145,6 +145,29 @@ enum zul_error_code {
 #define ZUL_EMSIG_GETALG 0x8000
 #define ZUL_EMSIG_ISO9796 0x100000
 
+/* X509_: bits of the options. A digest algorithm (ZUL_HASH_) may be added where one is chosen. */
+#define ZUL_X509_FORMAT_PEM 0x10000
+#define ZUL_X509_REQ_DER 0x20000
+#define ZUL_X509_REQ_NOATTRS 0x100000
+#define ZUL_QUERY_GETTYPE 0x100000
+#define ZUL_X509_LATIN1 0x400000
+#define ZUL_X509_UTF8 0x800000
+#define ZUL_X509_AUTHKEYID 0x1000000
+#define ZUL_X509_NO_BASIC 0x2000000
+#define ZUL_X509_SET_CA 0x4000000
+#define ZUL_X509_VERSION1 0x8000000
+
+/* Key usage (RFC 5280, 4.2.1.3): the nKeyUsageFlags of X509_MakeCert, the result of X509_KeyUsageFlags */
+#define ZUL_KEYUSAGE_DIGITALSIGNATURE 0x001
+#define ZUL_KEYUSAGE_NONREPUDIATION 0x002
+#define ZUL_KEYUSAGE_KEYENCIPHERMENT 0x004
+#define ZUL_KEYUSAGE_DATAENCIPHERMENT 0x008
+#define ZUL_KEYUSAGE_KEYAGREEMENT 0x010
+#define ZUL_KEYUSAGE_KEYCERTSIGN 0x020
+#define ZUL_KEYUSAGE_CRLSIGN 0x040
+#define ZUL_KEYUSAGE_ENCIPHERONLY 0x080
+#define ZUL_KEYUSAGE_DECIPHERONLY 0x100
+
 /* --- ZUL_: errors and the module ----------------------------------------------------------------------
  * These six functions leave the thread's error state as it is. */
 
@@ -578,6 +601,169 @@ ZUL_API int RSA_EncodeMsg(unsigned char* lpOutput, int nOutBytes, const unsigned
  * time wherever it is wrong. */
 ZUL_API int RSA_DecodeMsg(unsigned char* lpOutput, int nOutBytes, const unsigned char* lpInput, int nInputLen,
                           int nOptions);
+
+/* --- X509_: certificates, requests and revocation lists ------------------------------------------------
+ * szCertFile and its like are certificate arguments: text of more than 256 characters that begins with "M"
+ * and is base64 of a certificate (white space may stand in it), text with a PEM block of any label, or the
+ * name of a file of DER, PEM or base64. Each call reads it anew. What is read whole has at most 8 MiB; a
+ * pipe is read into memory, at most 256 MiB.
+ *
+ * Distinguished names are texts of keyword=value pairs joined by ";", as "C=AU;O=Example;CN=Alice". Keywords,
+ * in any case: CN, C, O, OU, L, S or ST, E, SN (surname), G, T, DC; others are skipped. A value in quotes (')
+ * may hold ";", and a backslash there makes the next character literal; "#x" begins a value of bytes in hex,
+ * "##x" one that begins with "#x". Times are "yyyy-mm-ddThh:nn:ssZ", UTC.
+ *
+ * Codes of all: BAD_PARAM_ERROR: an argument that may not be null or empty; of certificate arguments also
+ * OPEN_ERROR, INVALID_DATA_ERROR (not ASN.1) and BAD_FORMAT_ERROR (of another kind, or a field missing). */
+
+/* X509_QueryCert answers a query about a certificate. szQuery, in any case (a longer word finds the name that
+ * it begins with): "version", "sigAlgID" (1 RSA with SHA-1, MD5 or MD2, 2 DSA with SHA-1, 0 any other),
+ * "keyUsageFlags" and "isCA" (1 or 0) are numbers, which are the result; "serialNumber" (hex),
+ * "signatureAlgorithm", "signatureValue" (hex), "keyUsageString", "notBefore", "notAfter", "issuerName",
+ * "subjectName", "subjectPublicKeyAlgorithm", "subjectKeyIdentifier", "authorityKeyIdentifier" (hex),
+ * "rfc822Name", "extKeyUsageString", "cRLDistributionPointsURI" and "authorityInfoAccessURI" are texts, empty
+ * where the certificate has no such thing. nOptions: ZUL_QUERY_GETTYPE returns 1 for a number, 2 for a text,
+ * and reads no certificate; ZUL_X509_LATIN1 as in X509_CertSubjectName.
+ * Length (or the number). Query. Times, names and algorithms are cut to nChars; -SHORT_BUF_ERROR: any other
+ * text that does not fit; -BAD_QUERY_ERROR: no such query; -INVALID_DATA_ERROR also for a zero byte in an
+ * address or URI, and for a time that is none. */
+ZUL_API int X509_QueryCert(char* szOutput, int nChars, const char* szCertFile, const char* szQuery,
+                           int nOptions);
+
+/* X509_KeyUsageFlags returns the key usage as ZUL_KEYUSAGE_ bits, 0 if the certificate does not say, or a
+ * negated code. */
+ZUL_API int X509_KeyUsageFlags(const char* szCertFile);
+
+/* X509_CertThumb writes the digest (nOptions: ZUL_HASH_...) of a certificate in lower-case hex. With too
+ * little room only the whole bytes that fit. Length in characters. Query. -BAD_FLAG_ERROR: no such digest. */
+ZUL_API int X509_CertThumb(const char* szCertFile, char* szHash, int nChars, int nOptions);
+
+/* X509_CertIsValidNow returns 0 if the present time lies within the certificate's validity, -1 if not, or a
+ * positive code. -1 records no error. Nothing else is checked. nOptions is ignored. */
+ZUL_API int X509_CertIsValidNow(const char* szCertFile, int nOptions);
+
+/* X509_CertIssuedOn and X509_CertExpiresOn write the beginning and end of the validity, 20 characters, cut to
+ * nChars. Length. Query. -INVALID_DATA_ERROR also for a time that is none. nOptions is ignored. */
+ZUL_API int X509_CertIssuedOn(const char* szCertFile, char* szOutput, int nChars, int nOptions);
+ZUL_API int X509_CertExpiresOn(const char* szCertFile, char* szOutput, int nChars, int nOptions);
+
+/* X509_CertSerialNumber writes the serial number's bytes in lower-case hex. Length. Query. -SHORT_BUF_ERROR:
+ * it does not fit. nOptions is ignored. */
+ZUL_API int X509_CertSerialNumber(const char* szCertFile, char* szOutput, int nChars, int nOptions);
+
+/* X509_CertSubjectName and X509_CertIssuerName write a name as text, cut to nChars. szDelim: null or empty
+ * for ";", else its first character stands between the pairs. Values that are not single-byte text, and any
+ * that holds a zero byte, are written as hex bytes with blanks between; with ZUL_X509_LATIN1 UTF8String,
+ * BMPString and UniversalString are converted to Latin-1 where they can be. An attribute without a keyword
+ * has the name that the library knows it by, else its dotted number. Nothing is escaped: a value that holds
+ * the delimiter reads as two pairs, so do not decide trust by this text. Length; an empty name has 0.
+ * Query. */
+ZUL_API int X509_CertSubjectName(const char* szCertFile, char* szOutput, int nChars, const char* szDelim,
+                                 int nOptions);
+ZUL_API int X509_CertIssuerName(const char* szCertFile, char* szOutput, int nChars, const char* szDelim,
+                                int nOptions);
+
+/* X509_HashIssuerAndSN writes the digest of the certificate's IssuerAndSerialNumber (RFC 5652), as
+ * X509_CertThumb that of the certificate. -BAD_PARAM_ERROR also for a negative nChars. */
+ZUL_API int X509_HashIssuerAndSN(const char* szCertFile, char* szOutput, int nChars, int nOptions);
+
+/* X509_ReadStringFromFile writes a certificate as base64 in one line, which serves as szCertFile wherever
+ * one is asked for (if it is longer than 256 characters, as that of any certificate with an RSA key is).
+ * Length. Query. -SHORT_BUF_ERROR: it does not fit. nOptions is ignored. */
+ZUL_API int X509_ReadStringFromFile(char* szOutput, int nChars, const char* szCertFile, int nOptions);
+
+/* X509_SaveFileFromString writes a certificate given as base64 to a file: DER, or PEM "CERTIFICATE" with
+ * ZUL_X509_FORMAT_PEM. 0 or a negated code: -INVALID_DATA_ERROR: no certificate; -CREATE_ERROR;
+ * -WRITE_ERROR. */
+ZUL_API int X509_SaveFileFromString(const char* szNewCertFile, const char* szCertString, int nOptions);
+
+/* X509_MakeCert makes a certificate (RFC 5280) signed by an issuer. szSubjectPubKeyFile: the subject's RSA
+ * public key as a file, PEM or base64, or as a key string; if szDistName is null or empty, a certification
+ * request, whose signature is checked and whose name and key are taken: the name in its text form, so that
+ * a value with ";" in it becomes several, quotes and "#x" mean what they mean in such a text, a value that
+ * prints as hex stays hex and an attribute without a keyword is left out; look at the name of the
+ * certificate before you hand it out. szIssuerPriKeyFile: the issuer's encrypted private key, with
+ * szPassword, or a private key string (the password may still not be empty); that it belongs to
+ * szIssuerCertFile is not checked. nCertNum: the serial number, as an unsigned number. nYearsValid: for
+ * that many years from "notBefore" or from a minute ago, which is shifted by the zone of a system that does
+ * not run on UTC. nKeyUsageFlags: ZUL_KEYUSAGE_ bits, 0 for no such extension. szExtensions: null, or pairs
+ * of "rfc822Name" or "subjectAltNameRfc822Name" (an e-mail address), "serialNumber" (in hex, instead of
+ * nCertNum), "subjectKeyIdentifier" (in hex), "notBefore" and "notAfter" ("yyyy-mm-dd", perhaps with
+ * "Thh:nn:ss") joined by ";".
+ * nOptions: ZUL_HASH_SHA1 (the default) to ZUL_HASH_SHA224 for the signature; ZUL_X509_FORMAT_PEM for PEM
+ * "CERTIFICATE" instead of DER; ZUL_X509_UTF8 for UTF8String in the name; ZUL_X509_SET_CA for a certificate
+ * that may issue others; ZUL_X509_AUTHKEYID to repeat the issuer's subjectKeyIdentifier; ZUL_X509_NO_BASIC
+ * to leave out basicConstraints; ZUL_X509_VERSION1 for version 1, which has no extensions.
+ * Status, positive. BAD_PARAM_ERROR also for a name, pair, date or number of years that is none;
+ * BAD_FLAG_ERROR: no such digest; OPEN_ERROR; BAD_FORMAT_ERROR: no request, or no RSA public key;
+ * DECRYPT_ERROR: the private key cannot be read; SIGNATURE_ERROR: it cannot sign, or the request's
+ * signature does not verify; NOT_SUPPORTED_ERROR: a request with a key that is not RSA; INVALID_DATA_ERROR
+ * also for an issuer's certificate that is none; CREATE_ERROR, also if the new file is the private key's;
+ * WRITE_ERROR. */
+ZUL_API int X509_MakeCert(const char* szNewCertFile, const char* szIssuerCertFile,
+                          const char* szSubjectPubKeyFile, const char* szIssuerPriKeyFile, int nCertNum,
+                          int nYearsValid, const char* szDistName, const char* szExtensions,
+                          int nKeyUsageFlags, const char* szPassword, int nOptions);
+
+/* X509_MakeCertSelf makes the self-signed certificate of a certification authority from its encrypted
+ * private key. It always has cA TRUE, unless basicConstraints is left out. ZUL_X509_AUTHKEYID has no
+ * effect. Otherwise as X509_MakeCert. */
+ZUL_API int X509_MakeCertSelf(const char* szNewCertFile, const char* szEPKFile, int nCertNum, int nYearsValid,
+                              const char* szDistName, const char* szExtensions, int nKeyUsageFlags,
+                              const char* szPassword, int nOptions);
+
+/* X509_CertRequest makes a certification request (PKCS #10, RFC 2986) from an encrypted private key. It is
+ * PEM "NEW CERTIFICATE REQUEST", or DER with ZUL_X509_REQ_DER. nOptions also: a digest and ZUL_X509_UTF8 as
+ * in X509_MakeCert; ZUL_X509_REQ_NOATTRS leaves out the empty attributes, which some readers insist on.
+ * szExtensions is ignored.
+ * Status as X509_MakeCert; READ_ERROR: the private key cannot be read. */
+ZUL_API int X509_CertRequest(const char* szReqFile, const char* szEPKFile, const char* szDistName,
+                             const char* szExtensions, const char* szPassword, int nOptions);
+
+/* X509_MakeCRL makes a revocation list of version 1. szCertList: null, or serial numbers and revocation dates
+ * in turn, separated by ";", "," or "=": "1,2010-01-01;#x0a3f,2010-02-03T12:00:00" ("#x": in hex).
+ * szExtensions: null, or pairs of "thisUpdate" (default: now) and "nextUpdate" (default: none). nOptions: a
+ * digest as in X509_MakeCert; ZUL_X509_FORMAT_PEM for PEM "X509 CRL".
+ * Status, positive and not recorded (ZUL_ErrorCode stays 0, the text is there). BAD_PARAM_ERROR also for
+ * pairs; BAD_FORMAT_ERROR: szCertList; READ_ERROR: the private key cannot be read; else as X509_MakeCert. */
+ZUL_API int X509_MakeCRL(const char* szCrlFile, const char* szIssuerCertFile, const char* szIssuerKeyFile,
+                         const char* szPassword, const char* szCertList, const char* szExtensions,
+                         int nOptions);
+
+/* X509_VerifyCert checks that a certificate, request or CRL was signed with the key of szIssuerCert: RSA
+ * (PKCS #1 v1.5), or DSA with SHA-1. A file of DER may be of any size. Dates and names are not looked at.
+ * 0 if so; -1 if not, with SIGNATURE_ERROR recorded; a positive code if it cannot be told:
+ * NOT_SUPPORTED_ERROR: a DSA key without parameters, a key of another kind than the signature, or an unknown
+ * algorithm; INVALID_DATA_ERROR: also a key that cannot be used, or a file that holds no signed object
+ * (BAD_FORMAT_ERROR for text). */
+ZUL_API int X509_VerifyCert(const char* szCertToVerify, const char* szIssuerCert);
+
+/* X509_CheckCertInCRL looks a certificate up in its issuer's CRL, whose signature is checked first if
+ * szCRLIssuerCert is given (not null or empty). szDate: null, empty, or a date ("yyyy-mm-dd", perhaps
+ * "Thh:nn:ss"): a later revocation does not count. A CRL in a file of DER is read as a stream, of any size;
+ * one that is not DER may have 8 MiB. Its own dates are not looked at. nOptions is ignored.
+ * 1 if revoked, 0 if not, or a negated code: -ISSUER_ERROR: the CRL of another issuer; -SIGNATURE_ERROR: its
+ * signature could not be verified with szCRLIssuerCert, for whatever reason (the text tells);
+ * -INVALID_DATA_ERROR: also a damaged entry before the one looked for. */
+ZUL_API int X509_CheckCertInCRL(const char* szCertFile, const char* szCrlFile, const char* szCRLIssuerCert,
+                                const char* szDate, int nOptions);
+
+/* X509_ValidatePath orders certificates into a path and checks each one's signature, and its dates unless
+ * nOptions is not 0. szCertList: certificate arguments joined by ";" in any order, of which the first 20
+ * count, or a PKCS #7 bundle of 1 to 20. szTrustedCert: null for a path that begins with a self-signed
+ * certificate of the list; else the path begins with that certificate or one that it issued.
+ * Extensions (basicConstraints, keyUsage) are not looked at.
+ * All certificates together have at most 8 MiB.
+ * 0 or a negated code: -INVALID_DATA_ERROR: an item is no certificate; -EXPIRED_ERROR, also before its time;
+ * -NO_DATA_ERROR: no certificates; -OUT_OF_RANGE_ERROR: a bundle of too many;
+ * -ISSUER_ERROR: no self-signed one; -NO_MATCH_ERROR: none issued by the one before it; -SIGNATURE_ERROR. */
+ZUL_API int X509_ValidatePath(const char* szCertList, const char* szTrustedCert, int nOptions);
+
+/* X509_TextDump writes a description of a certificate, request or CRL to a text file. nOptions is ignored.
+ * 0 or a negated code: -CREATE_ERROR, also if szFileOut is the input file itself; -WRITE_ERROR;
+ * -BAD_FORMAT_ERROR: none of the three, or a part missing. After a failure the file holds what comes before
+ * the fault. */
+ZUL_API int X509_TextDump(const char* szFileOut, const char* szCertFile, int nOptions);
 
 #ifdef __cplusplus
 }

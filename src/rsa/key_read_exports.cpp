@@ -11,25 +11,15 @@ bool is_missing(const char* text) {
     return text == nullptr || *text == '\0';
 }
 
-int read_public(char* szOutput, int nOutChars, const char* szFileOrText,
-                int (*input)(const char* fileOrText, RsaKey& key)) {
-    if (is_missing(szFileOrText))
-        return -BAD_PARAM_ERROR;
-    RsaKey key;
-    const int error = input(szFileOrText, key);
-    return error != 0 ? -error : rsa_public_key_string(szOutput, nOutChars, key);
-}
-
 } // namespace
 
 int RSA_ReadPublicKey(char* szOutput, int nOutChars, const char* szFileOrText) {
     CallFrame frame;
-    return frame.length(read_public(szOutput, nOutChars, szFileOrText, rsa_input_public_key));
-}
-
-int RSA_GetPublicKeyFromCert(char* szOutput, int nOutChars, const char* szFileOrText) {
-    CallFrame frame;
-    return frame.length(read_public(szOutput, nOutChars, szFileOrText, rsa_input_certificate_key));
+    if (is_missing(szFileOrText))
+        return frame.length(-BAD_PARAM_ERROR);
+    RsaKey key;
+    const int error = rsa_input_public_key(szFileOrText, key);
+    return frame.length(error != 0 ? -error : rsa_public_key_string(szOutput, nOutChars, key));
 }
 
 int RSA_ReadPrivateKeyInfo(char* szOutput, int nOutChars, const char* szFileOrText) {

@@ -1,10 +1,9 @@
 #include "rsa/rsa_files.h"
 
 #include "asn1/asn_encode.h"
-#include "encode/pem.h"
+#include "asn1/asn_file.h"
 #include "frame/debug_output.h"
 #include "frame/err.h"
-#include "frame/file_stream.h"
 #include "rsa/rsa_der.h"
 #include "zulcore.h"
 
@@ -13,26 +12,10 @@ namespace {
 
 constexpr int kLineLen = 60;
 
-// write_list writes a list as DER, or as PEM if there is a label. A file that cannot be created is
-// CREATE_ERROR without a text.
 int write_list(const char* path, const asn_Node* list, const char* label, platform::OpenMode mode) {
     if (debugOutput.structures != 0)
         asn_Dump(list);
-    // Encoded first, so that a file that exists is not lost to a list that cannot be written.
-    const SecretBuffer der = asn_Encode(list);
-    if (der.empty())
-        return INVALID_DATA_ERROR;
-    FileWriter out(path, mode);
-    if (!out.is_open())
-        return CREATE_ERROR;
-    if (label != nullptr)
-        pem_write(out, der.data(), der.size(), label, kLineLen);
-    else
-        out.write(der.data(), der.size());
-    if (out.finish())
-        return 0;
-    err_add_text("Cannot write file '%s'", path);
-    return WRITE_ERROR;
+    return asn_write_file(path, list, label, kLineLen, mode);
 }
 
 int write_key_list(const char* path, const AsnList& list, const char* label, platform::OpenMode mode) {

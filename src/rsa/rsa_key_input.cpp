@@ -1,6 +1,5 @@
 #include "rsa/rsa_key_input.h"
 
-#include "asn1/asn_children.h"
 #include "asn1/asn_encode.h"
 #include "asn1/asn_input.h"
 #include "asn1/asn_parse.h"
@@ -14,7 +13,7 @@
 namespace zul {
 namespace {
 
-// The longest key has some fifty thousand bytes; certificates with all their extensions stay below this too.
+// The longest key has some fifty thousand bytes.
 constexpr size_t kMaxInput = 1 << 22;
 
 int read_list(const char* fileOrText, AsnList& list) {
@@ -27,16 +26,6 @@ int read_list(const char* fileOrText, AsnList& list) {
 int bad_format(const char* text) {
     err_add_text("%s", text);
     return BAD_FORMAT_ERROR;
-}
-
-// subject_public_key_info finds it in a certificate (RFC 5280, 4.1), whose version field may be missing.
-const asn_Node* subject_public_key_info(const asn_Node* certificate) {
-    AsnChildren fields(AsnChildren(certificate).take_sequence());
-    fields.take_if(kAsnExplicit, 0);
-    fields.take_integer(); // serialNumber
-    for (int i = 0; i < 4; i++)
-        fields.take_sequence(); // signature, issuer, validity, subject
-    return fields.take_sequence();
 }
 
 int decrypt(const asn_Node* encrypted, const char* password, RsaKey& key) {
@@ -70,17 +59,6 @@ int rsa_input_private_key(const char* fileOrText, RsaKey& key) {
     if (rsa_read_private_key_info(list.head(), key) || rsa_read_private_key(list.head(), key))
         return 0;
     return bad_format("Not a valid private key info file");
-}
-
-int rsa_input_certificate_key(const char* fileOrText, RsaKey& key) {
-    AsnList certificate;
-    if (const int error = read_list(fileOrText, certificate))
-        return error;
-    const asn_Node* info = subject_public_key_info(certificate.head());
-    const AsnList list = info != nullptr ? asn_CopyElement(info) : AsnList();
-    if (list && rsa_read_subject_public_key_info(list.head(), key))
-        return 0;
-    return bad_format("Could not read public key");
 }
 
 int rsa_input_encrypted_key(const char* fileOrText, const char* password, RsaKey& key) {

@@ -5,9 +5,8 @@
 // that of the reading, BAD_FORMAT_ERROR for what is no such key.
 namespace zul {
 
-int rsa_input_public_key(const char* fileOrText, RsaKey& key);      // RSAPublicKey or SubjectPublicKeyInfo
-int rsa_input_private_key(const char* fileOrText, RsaKey& key);     // PrivateKeyInfo or RSAPrivateKey
-int rsa_input_certificate_key(const char* fileOrText, RsaKey& key); // of the certificate's subject
+int rsa_input_public_key(const char* fileOrText, RsaKey& key);  // RSAPublicKey or SubjectPublicKeyInfo
+int rsa_input_private_key(const char* fileOrText, RsaKey& key); // PrivateKeyInfo or RSAPrivateKey
 
 // rsa_input_encrypted_key reads an EncryptedPrivateKeyInfo: DECRYPT_ERROR for all that goes wrong after the
 // reading, so that a wrong password and damaged data look the same.

@@ -159,7 +159,7 @@ TEST_F(RsaStore, SaysWhyItDoesNotRead) {
     const Bytes der = pem_bytes("private_pkcs8.pem");
     const std::string line = base64(der), binary(der.begin(), der.end());
     const std::string invalid = "Not a DER, PEM or base64 file", noDer = "Not a valid DER structure";
-    const std::string notPrivate = "Not a valid private key info file", notCert = "Could not read public key";
+    const std::string notPrivate = "Not a valid private key info file";
     const std::string notRsa = "Algorithm must be rsaEncryption; ", notDecrypted = "; Could not decrypt key";
     const Reader privateReader = RSA_ReadPrivateKeyInfo, certReader = RSA_GetPublicKeyFromCert;
     const struct {
@@ -184,8 +184,8 @@ TEST_F(RsaStore, SaysWhyItDoesNotRead) {
         {privateReader, data_text("private_ec.pem"), BAD_FORMAT_ERROR, notRsa + notPrivate},
         {privateReader, data_text("enc_3des.pem"), BAD_FORMAT_ERROR, notPrivate},
         {RSA_ReadPublicKey, data_text("public_ec.pem"), BAD_FORMAT_ERROR, notRsa + "Not an RSA public key"},
-        {certReader, data_text("cert_ec.pem"), BAD_FORMAT_ERROR, notRsa + notCert},
-        {certReader, pem, BAD_FORMAT_ERROR, notCert},
+        {certReader, data_text("cert_ec.pem"), BAD_FORMAT_ERROR, "Could not read public key"},
+        {certReader, pem, BAD_FORMAT_ERROR, "Not a valid X.509 certificate"},
         {encrypted_reader("wrong"), data_text("enc_3des.pem"), DECRYPT_ERROR,
          "Decryption error" + notDecrypted},
         {encrypted_reader(""), data_text("enc_aes256.pem"), DECRYPT_ERROR, "Decryption error" + notDecrypted},

@@ -1,0 +1,32 @@
+#include "frame/call_frame.h"
+#include "rsa/rsa_key_string.h"
+#include "x509/certificate.h"
+#include "x509/subject_public_key.h"
+#include "x509/x509_input.h"
+#include "zulcore.h"
+
+using namespace zul;
+
+namespace {
+
+int public_key_string(char* out, int outChars, const char* certFile) {
+    AsnList certificate;
+    if (const int error = x509_read_certificate(certFile, certificate); error != 0)
+        return -error;
+    RsaKey key;
+    if (!rsa_public_key_of(certificate_fields(certificate.head()).subjectPublicKeyInfo, key)) {
+        err_add_text("Could not read public key");
+        return -BAD_FORMAT_ERROR;
+    }
+    return rsa_public_key_string(out, outChars, key);
+}
+
+} // namespace
+
+// It reads a certificate, which the other readers of keys know nothing of.
+int RSA_GetPublicKeyFromCert(char* szOutput, int nOutChars, const char* szFileOrText) {
+    CallFrame frame;
+    if (szFileOrText == nullptr || *szFileOrText == '\0')
+        return frame.length(-BAD_PARAM_ERROR);
+    return frame.length(public_key_string(szOutput, nOutChars, szFileOrText));
+}

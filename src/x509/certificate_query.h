@@ -1,0 +1,39 @@
+#pragma once
+
+namespace zul {
+
+// What X509_QueryCert knows, by number; kept in the order in which words are matched.
+enum class CertificateQuery : int {
+    version,
+    serialNumber,
+    signatureAlgorithm,
+    signatureValue,
+    sigAlgID,
+    keyUsageString,
+    keyUsageFlags,
+    notBefore,
+    notAfter,
+    issuerName,
+    subjectName,
+    subjectPublicKeyAlgorithm,
+    subjectKeyIdentifier,
+    authorityKeyIdentifier,
+    rfc822Name,
+    isCA,
+    extKeyUsageString,
+    cRLDistributionPointsURI,
+    authorityInfoAccessURI,
+};
+
+// find_query matches a query's words: its number, or -BAD_QUERY_ERROR.
+int find_query(const char* query);
+constexpr int kQueryNumber = 1, kQueryText = 2;
+int query_type(CertificateQuery query);
+
+// query_certificate evaluates a query of a certificate argument. A number is the result; a text is written
+// as exports do and its length returned; a failure is a negated code. Names take the delimiter and
+// ZUL_X509_LATIN1 as name_print does.
+int query_certificate(char* out, int nChars, const char* certFile, CertificateQuery query, int options,
+                      const char* delimiter = nullptr);
+
+} // namespace zul

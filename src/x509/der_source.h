@@ -1,0 +1,38 @@
+#pragma once
+#include <optional>
+
+#include "asn1/byte_stream.h"
+#include "frame/memory.h"
+
+namespace zul {
+
+// DerSource is the encoding that a certificate argument (x509_input.h) holds or names, as a stream: a file
+// of DER is read as it is used, never whole; text is decoded into memory, and so is all that has no length (a
+// pipe), which can be read only once. Whoever reads an argument twice reads one source twice: a second
+// opening may give something else.
+class DerSource {
+  public:
+    // open gives 0 or a positive code with a text. What is no SEQUENCE by its first header is refused here;
+    // whether the rest is one, the reader finds out.
+    int open(const char* fileOrText);
+    // open_text takes text alone: base64 of more than 256 characters, or a PEM block.
+    bool open_text(const char* text);
+    // open_file takes the argument for the name of a file, as open does if it is no such text.
+    int open_file(const char* path);
+
+    bool is_text() const { return isText_; }  // the argument itself, rather than a file
+    ByteStream& stream() { return *stream_; } // at its beginning, where the object is, after open
+
+  private:
+    bool open_b64(const char* text, size_t size);
+    bool open_pem(const char* text, size_t size);
+
+    bool isText_ = false;
+    SecretBuffer decoded_; // or read from a pipe
+    std::optional<ByteStream> stream_;
+};
+
+// has_pem_block tells whether a text holds a BEGIN marker, and so is no name of a file.
+bool has_pem_block(const char* text);
+
+} // namespace zul

@@ -1,0 +1,33 @@
+#pragma once
+#include <string_view>
+
+#include "frame/file_stream.h"
+
+namespace zul {
+
+// DumpOutput writes a text file. What is written to it so far stays in the file.
+class DumpOutput {
+  public:
+    explicit DumpOutput(const char* path) : file_(path) {}
+    bool is_open() const { return file_.is_open(); }
+
+    // put writes texts one after the other, each "\n" as the platform's line end.
+    template<class... Texts>
+    void put(const Texts&... texts) {
+        (write(texts), ...);
+    }
+    void put_number(long value);
+    void put_hex(const uint8_t* bytes, size_t n); // "%02X " each
+    // put_hex_block writes bytes so, 16 to a line, each line after the indent and ended.
+    void put_hex_block(std::string_view indent, const uint8_t* bytes, size_t n);
+
+    bool finish() { return file_.finish(); }
+
+  private:
+    void write(std::string_view text);
+    void write(const SecretBuffer& text) { write({text.text(), text.size()}); }
+
+    FileWriter file_;
+};
+
+} // namespace zul

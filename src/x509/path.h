@@ -1,0 +1,10 @@
+#pragma once
+
+namespace zul {
+
+constexpr int kMaxPathLength = 20;
+
+// validate_path orders and checks a path: 0 or a negated code with a text.
+int validate_path(const char* certList, const char* trustedCert, int options);
+
+} // namespace zul

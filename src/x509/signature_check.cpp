@@ -1,0 +1,158 @@
+// RSASSA-PKCS1-v1_5 (RFC 8017, 8.2.2) and DSA (RFC 3279, 2.2.2) over the bytes of a stream.
+#include "x509/signature_check.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "asn1/asn_children.h"
+#include "asn1/asn_element.h"
+#include "asn1/asn_parse.h"
+#include "asn1/byte_stream.h"
+#include "frame/err.h"
+#include "hash/digest.h"
+#include "rsa/pkcs1_signature.h"
+#include "rsa/rsa_operation.h"
+#include "x509/dsa.h"
+#include "x509/signature_algorithm.h"
+
+namespace zul {
+
+namespace {
+
+constexpr char kDsaWithSha1[] = "dsaWithSha1";
+
+// has_no_parameters tells whether an AlgorithmIdentifier has none but NULL. Nothing that a signature does not
+// cover may be chosen freely.
+bool has_no_parameters(const asn_Node* algorithmIdentifier) {
+    AsnChildren children(algorithmIdentifier);
+    if (children.take_oid() == nullptr)
+        return false;
+    const asn_Node* null = children.take_if(kAsnUniversal, kAsnNull);
+    return children.at_end() && (null == nullptr || (null->length == 0 && null->ndef == 0));
+}
+
+int unusable_key() {
+    err_add_text("Unable to convert public key");
+    return INVALID_DATA_ERROR;
+}
+
+int digest_stream(ByteStream& stream, size_t offset, size_t size, int algorithm, uint8_t* digest) {
+    constexpr size_t kChunk = 64 * 1024;
+    SecretBuffer chunk(std::min(size, kChunk));
+    DigestContext context;
+    digest_init(context, algorithm);
+    bool whole = stream.seek(offset);
+    while (whole && size > 0) {
+        const size_t part = std::min(size, chunk.size());
+        whole = stream.read(chunk.data(), part) == part;
+        digest_update(context, chunk.data(), part);
+        size -= part;
+    }
+    const int length = digest_final(context, digest);
+    if (whole)
+        return length;
+    err_add_text("Invalid ASN.1 data");
+    return -INVALID_DATA_ERROR;
+}
+
+// is_positive tells whether a node is an INTEGER above 0 in the fewest octets.
+bool is_positive(const asn_Node* node) {
+    if (!asn_is(node, kAsnUniversal, kAsnInteger) || node->data == nullptr || (node->data[0] & 0x80) != 0)
+        return false;
+    return node->data[0] != 0 || (node->length > 1 && (node->data[1] & 0x80) != 0);
+}
+
+} // namespace
+
+int SignatureCheck::prepare(const asn_Node* subjectPublicKeyInfo, const asn_Node* signatureAlgorithm,
+                            const asn_Node* signatureValue) {
+    char name[kAlgorithmName];
+    algorithm_name(signatureAlgorithm, name);
+    if (asn_is(signatureValue, kAsnUniversal, kAsnBitString) && signatureValue->data != nullptr &&
+        signatureValue->data[0] == 0 && has_no_parameters(signatureAlgorithm)) {
+        signature_ = signatureValue->data + 1;
+        signatureLength_ = signatureValue->length - 1;
+    }
+    return strcmp(name, kDsaWithSha1) == 0 ? prepare_dsa(subjectPublicKeyInfo)
+                                           : prepare_rsa(subjectPublicKeyInfo, name);
+}
+
+int SignatureCheck::prepare_rsa(const asn_Node* subjectPublicKeyInfo, const char* algorithm) {
+    if (public_key_type(subjectPublicKeyInfo) != PublicKeyType::rsa) {
+        char name[kAlgorithmName];
+        err_add_text("Unsupported key algorithm '%s': require `rsaEncryption'",
+                     public_key_algorithm(subjectPublicKeyInfo, name));
+        return NOT_SUPPORTED_ERROR;
+    }
+    RsaKey key;
+    if (!rsa_public_key_of(subjectPublicKeyInfo, key))
+        return unusable_key();
+    digest_ = rsa_signature_digest(algorithm);
+    if (digest_ < 0) {
+        err_add_text("Unsupported signature algorithm %s", algorithm);
+        return NOT_SUPPORTED_ERROR;
+    }
+    return open_rsa(key);
+}
+
+int SignatureCheck::open_rsa(const RsaKey& key) {
+    block_ = SecretBuffer(key.bytes());
+    size_t length = 0;
+    if (signature_ == nullptr || signatureLength_ != key.bytes() ||
+        rsaPublic(&key, block_.data(), &length, signature_, signatureLength_) != 0)
+        return kNever;
+    return 0;
+}
+
+int SignatureCheck::prepare_dsa(const asn_Node* subjectPublicKeyInfo) {
+    if (public_key_type(subjectPublicKeyInfo) != PublicKeyType::dsa) {
+        char name[kAlgorithmName];
+        err_add_text("Unexpected key algorithm %s: require `dsa'",
+                     public_key_algorithm(subjectPublicKeyInfo, name));
+        return NOT_SUPPORTED_ERROR;
+    }
+    switch (dsa_public_key_of(subjectPublicKeyInfo, dsaKey_)) {
+    case DsaKeyState::noParameters:
+        err_add_text("No public key parameters: inherited DSS-Params not supported");
+        return NOT_SUPPORTED_ERROR;
+    case DsaKeyState::unusable:
+        return unusable_key();
+    case DsaKeyState::good:
+        break;
+    }
+    digest_ = kDigestSha1;
+    return open_dsa();
+}
+
+int SignatureCheck::open_dsa() {
+    if (signature_ == nullptr)
+        return kNever;
+    ByteStream stream(signature_, signatureLength_);
+    dsaValue_ = asn_Parse(stream, false, true);
+    AsnChildren children(asn_is(dsaValue_.head(), kAsnConstructed, kAsnSequence) ? dsaValue_.head()
+                                                                                 : nullptr);
+    r_ = children.take();
+    s_ = children.take();
+    if (is_positive(r_) && is_positive(s_) && children.at_end() && stream.at_end() &&
+        asn_IsDer(dsaValue_.head()))
+        return 0;
+    err_add_text("Wrong format for signature");
+    return kNever;
+}
+
+int SignatureCheck::compare(ByteStream& stream, size_t offset, size_t size) const {
+    uint8_t digest[kMaxDigestSize];
+    const int length = digest_stream(stream, offset, size, digest_, digest);
+    if (length < 0)
+        return -length;
+    const auto digestLength = static_cast<size_t>(length);
+    if (r_ != nullptr)
+        return dsa_verify(dsaKey_, digest, digestLength, r_->data, r_->length, s_->data, s_->length);
+    // The whole block is compared: reading the digest out of it would leave room for forgeries.
+    SecretBuffer expected(block_.size());
+    if (pkcs1_sign_block(expected.data(), expected.size(), digest, digestLength, digest_, true) != 0)
+        return -1;
+    return memcmp(expected.data(), block_.data(), expected.size()) == 0 ? 0 : -1;
+}
+
+} // namespace zul

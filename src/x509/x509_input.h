@@ -1,0 +1,31 @@
+#pragma once
+#include "asn1/asn_node.h"
+
+// The objects that a certificate argument holds or names: base64 of more than 256 characters that begins with
+// "M", text with a PEM block, or the name of a file of DER, PEM or base64. All read afresh.
+namespace zul {
+
+class ByteStream;
+class DerSource;
+
+constexpr size_t kMaxX509Object = 1 << 23; // bytes of one object that is read whole
+
+// x509_read_object gives 0 or a positive code with a text: OPEN_ERROR, INVALID_DATA_ERROR.
+int x509_read_object(const char* fileOrText, AsnList& object);
+int x509_read_object(DerSource& source, AsnList& object);
+// x509_object_from_text takes text alone; false, without a text, if it holds no object.
+bool x509_object_from_text(const char* text, AsnList& object);
+
+// x509_parse_source is x509_read_object without a text.
+bool x509_parse_source(DerSource& source, AsnList& object);
+
+// x509_read_certificate and x509_read_request give only an object of that kind, else BAD_FORMAT_ERROR.
+int x509_read_certificate(const char* fileOrText, AsnList& certificate);
+int x509_read_certificate(DerSource& source, AsnList& certificate);
+int x509_read_request(const char* fileOrText, AsnList& request);
+
+// x509_read_signature reads the algorithm and the signature of an object, which fill a part of a stream:
+// false if something else does, or it is longer than any signature.
+bool x509_read_signature(ByteStream& stream, size_t offset, size_t end, AsnList& algorithm, AsnList& value);
+
+} // namespace zul

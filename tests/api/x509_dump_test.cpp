@@ -1,0 +1,135 @@
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "support/temp_dir.h"
+#include "support/vectors.h"
+#include "zulcore.h"
+
+namespace {
+
+using Bytes = std::vector<uint8_t>;
+
+struct Object {
+    std::string name, pem, dump;
+};
+
+std::string last_error() {
+    std::string text(512, '\0');
+    text.resize(static_cast<size_t>(ZUL_LastError(text.data(), 511)));
+    return text;
+}
+
+Bytes der_of(const std::string& pem) {
+    const std::string body = pem.substr(pem.find('\n'), pem.find("-----END") - pem.find('\n'));
+    Bytes bytes(static_cast<size_t>(CNV_BytesFromB64Str(nullptr, 0, body.c_str())));
+    CNV_BytesFromB64Str(bytes.data(), static_cast<int>(bytes.size()), body.c_str());
+    return bytes;
+}
+
+class X509Dump : public testing::Test {
+  protected:
+    void SetUp() override {
+        std::istringstream lines(test::read_text(test::data_path("x509_dump/dumps.txt")));
+        bool isDump = false;
+        for (std::string line; std::getline(lines, line);) {
+            if (line.starts_with("===") && line != "=== dump")
+                objects.push_back({line.substr(4), "", ""});
+            if (line.starts_with("===")) {
+                isDump = line == "=== dump";
+                continue;
+            }
+            (isDump ? objects.back().dump : objects.back().pem) += line + '\n';
+        }
+        ASSERT_EQ(objects.size(), 9U);
+    }
+
+    const Object& object(const std::string& name) const {
+        return *std::find_if(objects.begin(), objects.end(), [&](const Object& o) { return o.name == name; });
+    }
+
+    // dump gives what an argument's dump holds, with the line ends of this platform as "\n".
+    std::string dump(const std::string& fileOrText, int result = 0) const {
+        const std::string path = dir.write("dump", std::string("what was there before"));
+        EXPECT_EQ(X509_TextDump(path.c_str(), fileOrText.c_str(), 0), -result) << last_error();
+        EXPECT_EQ(ZUL_ErrorCode(), result);
+        std::string text = test::read_text(path);
+#ifdef _WIN32
+        const auto lines = std::count(text.begin(), text.end(), '\n');
+        EXPECT_EQ(std::erase(text, '\r'), static_cast<size_t>(lines));
+#endif
+        return text;
+    }
+
+    std::vector<Object> objects;
+    test::TempDir dir;
+};
+
+// upto gives the beginning of a text up to a word, the word's line left out.
+std::string upto(const std::string& text, const char* word) {
+    return text.substr(0, text.find(word));
+}
+
+} // namespace
+
+TEST_F(X509Dump, WritesEveryLayout) {
+    for (const Object& o : objects) {
+        SCOPED_TRACE(o.name);
+        const int result = o.name == "ec" ? BAD_FORMAT_ERROR : 0;
+        EXPECT_EQ(dump(o.pem, result), o.dump);
+        EXPECT_EQ(dump(dir.write("object", der_of(o.pem)), result), o.dump);
+        EXPECT_EQ(last_error(), result != 0 ? "Invalid public key type" : "");
+    }
+}
+
+TEST_F(X509Dump, StopsAtWhatIsMissing) {
+    // Bytes of an object are replaced by others of the same number.
+    const struct {
+        const char *object, *from, *to;
+        int result;
+        const char *stopsAt, *text;
+    } kCases[] = {
+        // month 13; an attribute without an OID; an address with a zero byte; an exponent of 0; 30 February;
+        // a signature that is no BIT STRING
+        {"full", "32303930 3031 30313030", "32303930 3133 30313030", BAD_FORMAT_ERROR, "  NotAfter",
+         "Missing time field in cert"},
+        {"full", "06035504061302", "04035504061302", BAD_FORMAT_ERROR, "Issuer", ""},
+        {"full", "81 0E 6361406578616D706C652E6F7267", "81 0E 6361006578616D706C652E6F7267",
+         INVALID_DATA_ERROR, "  Subject Alternative Name", ""},
+        {"request", "0203010001", "0203000000", BAD_FORMAT_ERROR, "  RSA key length",
+         "Unable to convert public key"},
+        {"crl", "170D 3230 3032 3239", "170D 3230 3032 3330", BAD_FORMAT_ERROR, "  Revocation Date: 2020",
+         ""},
+        {"crlempty", "03818100", "04818100", BAD_FORMAT_ERROR, "Signature", "Invalid Signature"},
+    };
+    for (const auto& c : kCases) {
+        SCOPED_TRACE(c.from);
+        const Bytes from = test::from_hex(c.from), to = test::from_hex(c.to);
+        Bytes der = der_of(object(c.object).pem);
+        const auto at = std::search(der.begin(), der.end(), from.begin(), from.end());
+        ASSERT_NE(at, der.end());
+        std::copy(to.begin(), to.end(), at);
+        EXPECT_EQ(dump(dir.write("object", der), c.result), upto(object(c.object).dump, c.stopsAt));
+        EXPECT_NE(last_error().find(c.text), std::string::npos) << last_error();
+    }
+    EXPECT_EQ(dump(dir.write("object", test::from_hex("3003020101")), BAD_FORMAT_ERROR), "");
+    EXPECT_EQ(dump(dir.write("object", std::string("nothing of the kind")), INVALID_DATA_ERROR), "");
+    EXPECT_EQ(dump(dir.file("no file"), OPEN_ERROR), "");
+}
+
+TEST_F(X509Dump, ChecksItsFiles) {
+    const std::string in = dir.write("object", der_of(objects[0].pem)), out = dir.file("out");
+    EXPECT_EQ(X509_TextDump("", in.c_str(), 0), -BAD_PARAM_ERROR);
+    EXPECT_EQ(X509_TextDump(nullptr, in.c_str(), 0), -BAD_PARAM_ERROR);
+    EXPECT_EQ(X509_TextDump(out.c_str(), "", 0), -BAD_PARAM_ERROR);
+    EXPECT_EQ(X509_TextDump(out.c_str(), nullptr, 0), -BAD_PARAM_ERROR);
+    EXPECT_FALSE(test::file_exists(out));
+    const std::string none = dir.file("no folder/out");
+    EXPECT_EQ(X509_TextDump(none.c_str(), dir.file("no file").c_str(), 0), -CREATE_ERROR);
+    EXPECT_EQ(last_error(), "Cannot create file '" + none + "'");
+    // A certificate is not lost to its own dump.
+    EXPECT_EQ(X509_TextDump(in.c_str(), in.c_str(), 0), -CREATE_ERROR);
+    EXPECT_EQ(test::read_file(in), der_of(objects[0].pem));
+}

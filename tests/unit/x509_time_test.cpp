@@ -1,0 +1,94 @@
+#include <cstring>
+#include <gtest/gtest.h>
+#include <string>
+
+#include "asn1/asn_build.h"
+#include "x509/x509_time.h"
+
+using namespace zul;
+
+static std::string text_of(const tm& time) {
+    char text[kAsnTimeText];
+    time_text(time, text);
+    return text;
+}
+
+struct TimeCase {
+    const char* input;
+    const char* text;
+};
+
+TEST(X509Time, ReadsElements) {
+    const auto read = [](uint32_t tag, const char* content) {
+        char text[kAsnTimeText];
+        return std::string(read_time_text(asn_NewString(tag, content, strlen(content)).head(), text));
+    };
+    const TimeCase utc[] = {{"080314090000Z", "2008-03-14T09:00:00Z"},
+                            {"491231235959Z", "2049-12-31T23:59:59Z"},
+                            {"5001010000Z", "1950-01-01T00:00:00Z"}};
+    const TimeCase general[] = {{"20480229000000Z", "2048-02-29T00:00:00Z"},
+                                {"200803140900Z", "2008-03-14T09:00:00Z"},
+                                {"20080314090001.999Z", "2008-03-14T09:00:01Z"},
+                                {"99991231235959Z", "9999-12-31T23:59:59Z"}};
+    const char* const noUtc[] = {"20080314090000Z", "080314090000",   "080314090000+0100", "080314090000.5Z",
+                                 "08031409000Z",    "080314240000Z",  "080314236000Z",     "080314235960Z",
+                                 "080230000000Z",   "080314090000Z ", "-80314090000Z",     ""};
+    const char* const noGeneral[] = {"20500229000000Z", "20080314090001.Z", "200803140900.5Z",
+                                     "2008031409Z",     "20081301000000Z",  "20080001000000Z",
+                                     "20080100000000Z", "080314090000Z"};
+    for (const auto& c : utc)
+        EXPECT_EQ(read(kAsnUtcTime, c.input), c.text);
+    for (const auto& c : general)
+        EXPECT_EQ(read(kAsnGeneralizedTime, c.input), c.text);
+    for (const char* content : noUtc)
+        EXPECT_EQ(read(kAsnUtcTime, content), "") << content;
+    for (const char* content : noGeneral)
+        EXPECT_EQ(read(kAsnGeneralizedTime, content), "") << content;
+    EXPECT_EQ(read(kAsnPrintableString, utc[0].input), "");
+    EXPECT_FALSE(read_time(nullptr, nullptr));
+    EXPECT_FALSE(read_time(asn_New(0, kAsnUtcTime).head(), nullptr));
+}
+
+TEST(X509Time, ReadsDateTexts) {
+    const TimeCase dates[] = {{"2010-01-31", "2010-01-31T23:59:58Z"},
+                              {"2010/2-3T4:5:6", "2010-02-03T04:05:06Z"},
+                              {"2010-02-03T12:30", "2010-02-03T12:30:00Z"},
+                              {" 2010-12-31T23:59:59Z\t", "2010-12-31T23:59:59Z"},
+                              {"2010-12Z", "2010-12-01T23:59:58Z"},
+                              {"2010T07", "2010-01-01T07:00:00Z"},
+                              {"9", "2009-01-01T23:59:58Z"},
+                              {"69", "2069-01-01T23:59:58Z"},
+                              {"70", "1970-01-01T23:59:58Z"},
+                              {"1899", "3799-01-01T23:59:58Z"},
+                              {"1900-02-28", "1900-02-28T23:59:58Z"},
+                              {"9999-12-31", "9999-12-31T23:59:58Z"},
+                              {"            2010-01-01T12:00:00Z", "2010-01-01T12:00:00Z"}}; // 32 characters
+    const char* const noDates[] = {"00012-02-29",     "0-01-01",        "2100-02-29",     "2010-02-30",
+                                   "2010-13-01",      "2010-00-01",     "2010-01-00",     "2010-01-001",
+                                   "2010-01-01T",     "2010-01-",       "-2010-01-01",    "2010-01-01x",
+                                   "2010-01-01T12:",  "2010-1-1 T12",   "2010-1-1T24:00", "2010-1-1T23:60",
+                                   "2010-1-1T1:0:60", "2010-1-1T1:0+1", "2010-1-1T12-00", " "};
+    tm time;
+    for (const auto& c : dates) {
+        EXPECT_TRUE(read_date_text(c.input, "23:59:58", &time)) << c.input;
+        EXPECT_EQ(text_of(time), c.text);
+    }
+    for (const char* text : noDates)
+        EXPECT_FALSE(read_date_text(text, "23:59:58", &time)) << text;
+    EXPECT_FALSE(read_date_text("             2010-01-01T12:00:00Z", "23:59:58", &time));
+    EXPECT_FALSE(read_date_text(nullptr, "23:59:58", &time));
+}
+
+TEST(X509Time, NowIsNow) {
+    const auto system_now = [] {
+        const time_t seconds = time(nullptr);
+        return text_of(*gmtime(&seconds));
+    };
+    const std::string before = system_now();
+    const std::string now = text_of(utc_now());
+    // The system's coarse clock may be a tick behind the fine one that utc_now reads.
+    timespec tick = {0, 20000000};
+    nanosleep(&tick, nullptr);
+    EXPECT_LE(before, now);
+    EXPECT_LE(now, system_now());
+}
