@@ -12,13 +12,11 @@ namespace {
 
 using Bytes = std::vector<unsigned char>;
 
-constexpr unsigned kExponent = 65537;
-
 // One key, for both sides.
 class Key {
   public:
     explicit Key(const BenchPrimes& primes) : input_(static_cast<size_t>(primes.bits / 8), 0x5A) {
-        fill_ours(primes);
+        bench_fill_key(key_, primes);
         fill_theirs();
         if (ours(zul::rsaPrivate) != theirs(RSA_private_encrypt) ||
             ours(zul::rsaPublic) != theirs(RSA_public_encrypt))
@@ -41,32 +39,6 @@ class Key {
     }
 
   private:
-    void fill_ours(const BenchPrimes& primes) {
-        read_hex(key_.p, primes.p);
-        read_hex(key_.q, primes.q);
-        zul::BigInt phi, p1, q1;
-        zul::mtShortSub(p1, key_.p, 1);
-        zul::mtShortSub(q1, key_.q, 1);
-        zul::mtMultiply(phi, p1, q1);
-        zul::mtMultiply(key_.n, key_.p, key_.q);
-        zul::mtSetShort(key_.e, kExponent);
-        zul::mtModInv(key_.d, key_.e, phi);
-        zul::mtModulo(key_.dP, key_.d, p1);
-        zul::mtModulo(key_.dQ, key_.d, q1);
-        zul::mtModInv(key_.qInv, key_.q, key_.p);
-        key_.bits = zul::mtBitLength(key_.n);
-        key_.flags = zul::kRsaPublic | zul::kRsaPrivate | zul::kRsaCrt;
-    }
-
-    static void read_hex(zul::MT number, const char* hex) {
-        BIGNUM* value = nullptr;
-        BN_hex2bn(&value, hex);
-        Bytes bytes(static_cast<size_t>(BN_num_bytes(value)));
-        BN_bn2bin(value, bytes.data());
-        zul::mtConvFromOctets(number, bytes.data(), bytes.size());
-        BN_free(value);
-    }
-
     static BIGNUM* to_peer(zul::MT number) {
         Bytes bytes(zul::mtConvToOctets(number, nullptr, 0));
         zul::mtConvToOctets(number, bytes.data(), bytes.size());

@@ -1,5 +1,9 @@
 // The primes of the benchmark's keys, made by OpenSSL; e is 65537. They protect nothing.
 #pragma once
+#include <vector>
+
+#include "encode/hex.h"
+#include "rsa/rsa_key.h"
 
 struct BenchPrimes {
     int bits;
@@ -58,3 +62,28 @@ constexpr BenchPrimes kBenchPrimes[] = {
      "0c59e3b50ba8ae9a019fd15b"},
 };
 // clang-format on
+
+constexpr unsigned kBenchExponent = 65537;
+
+inline void bench_read_hex(zul::MT number, const char* hex) {
+    std::vector<unsigned char> bytes(zul::hex_decoded_length(hex));
+    zul::hex_decode(bytes.data(), bytes.size(), hex);
+    zul::mtConvFromOctets(number, bytes.data(), bytes.size());
+}
+
+inline void bench_fill_key(zul::RsaKey& key, const BenchPrimes& primes) {
+    bench_read_hex(key.p, primes.p);
+    bench_read_hex(key.q, primes.q);
+    zul::BigInt phi, p1, q1;
+    zul::mtShortSub(p1, key.p, 1);
+    zul::mtShortSub(q1, key.q, 1);
+    zul::mtMultiply(phi, p1, q1);
+    zul::mtMultiply(key.n, key.p, key.q);
+    zul::mtSetShort(key.e, kBenchExponent);
+    zul::mtModInv(key.d, key.e, phi);
+    zul::mtModulo(key.dP, key.d, p1);
+    zul::mtModulo(key.dQ, key.d, q1);
+    zul::mtModInv(key.qInv, key.q, key.p);
+    key.bits = zul::mtBitLength(key.n);
+    key.flags = zul::kRsaPublic | zul::kRsaPrivate | zul::kRsaCrt;
+}

@@ -75,4 +75,5 @@ def main():
                 sys.exit(f"{one} and {other} differ")
 
 
-main()
+if __name__ == "__main__":
+    main()

@@ -9,3 +9,5 @@ cmake --build --preset native --target bench zul -- --quiet
 build/native/bench "$@"
 echo
 python3 bench/whole_process.py build/native/zul
+echo
+python3 bench/large_crl.py build/native/zul
