@@ -694,12 +694,12 @@ ZUL_API int X509_SaveFileFromString(const char* szNewCertFile, const char* szCer
  * "CERTIFICATE" instead of DER; ZUL_X509_UTF8 for UTF8String in the name; ZUL_X509_SET_CA for a certificate
  * that may issue others; ZUL_X509_AUTHKEYID to repeat the issuer's subjectKeyIdentifier; ZUL_X509_NO_BASIC
  * to leave out basicConstraints; ZUL_X509_VERSION1 for version 1, which has no extensions.
- * Status, positive. BAD_PARAM_ERROR also for a name, pair, date or number of years that is none;
- * BAD_FLAG_ERROR: no such digest; OPEN_ERROR; BAD_FORMAT_ERROR: no request, or no RSA public key;
- * DECRYPT_ERROR: the private key cannot be read; SIGNATURE_ERROR: it cannot sign, or the request's
- * signature does not verify; NOT_SUPPORTED_ERROR: a request with a key that is not RSA; INVALID_DATA_ERROR
- * also for an issuer's certificate that is none; CREATE_ERROR, also if the new file is the private key's;
- * WRITE_ERROR. */
+ * Status, positive. BAD_PARAM_ERROR also for a name (an empty one of a request too), pair, date or number
+ * of years that is none; BAD_FLAG_ERROR: no such digest; OPEN_ERROR; BAD_FORMAT_ERROR: no request, or no
+ * RSA public key; DECRYPT_ERROR: the private key cannot be read; SIGNATURE_ERROR: it cannot sign, or the
+ * request's signature does not verify; NOT_SUPPORTED_ERROR: a request with a key that is not RSA;
+ * INVALID_DATA_ERROR also for an issuer's certificate that is none; CREATE_ERROR, also if the new file is
+ * the private key's; WRITE_ERROR. */
 ZUL_API int X509_MakeCert(const char* szNewCertFile, const char* szIssuerCertFile,
                           const char* szSubjectPubKeyFile, const char* szIssuerPriKeyFile, int nCertNum,
                           int nYearsValid, const char* szDistName, const char* szExtensions,
@@ -751,12 +751,12 @@ ZUL_API int X509_CheckCertInCRL(const char* szCertFile, const char* szCrlFile, c
 /* X509_ValidatePath orders certificates into a path and checks each one's signature, and its dates unless
  * nOptions is not 0. szCertList: certificate arguments joined by ";" in any order, of which the first 20
  * count, or a PKCS #7 bundle of 1 to 20. szTrustedCert: null for a path that begins with a self-signed
- * certificate of the list; else the path begins with that certificate or one that it issued.
- * Extensions (basicConstraints, keyUsage) are not looked at.
- * All certificates together have at most 8 MiB.
- * 0 or a negated code: -INVALID_DATA_ERROR: an item is no certificate; -EXPIRED_ERROR, also before its time;
- * -NO_DATA_ERROR: no certificates; -OUT_OF_RANGE_ERROR: a bundle of too many;
- * -ISSUER_ERROR: no self-signed one; -NO_MATCH_ERROR: none issued by the one before it; -SIGNATURE_ERROR. */
+ * certificate of the list; else the path begins with that certificate, if it is self-signed, or with one
+ * that it issued.
+ * Extensions (basicConstraints, keyUsage) are not looked at. All certificates together have at most 8 MiB.
+ * 0 or a negated code: -INVALID_DATA_ERROR: an item is no certificate; -EXPIRED_ERROR, also before its
+ * time; -NO_DATA_ERROR: no certificates; -OUT_OF_RANGE_ERROR: a bundle of too many; -ISSUER_ERROR: no self-
+ * signed one; -NO_MATCH_ERROR: none issued by the one before it; -SIGNATURE_ERROR. */
 ZUL_API int X509_ValidatePath(const char* szCertList, const char* szTrustedCert, int nOptions);
 
 /* X509_TextDump writes a description of a certificate, request or CRL to a text file. nOptions is ignored.

@@ -139,6 +139,8 @@ sign_and_verify() {
     quote_words
 }
 
+. "$root/scripts/demo_certificates.sh"
+
 wipe_all() {
     local count
     count=$(ls | wc -l)
@@ -161,6 +163,9 @@ demonstrate() {
     wrap_key
     make_keys
     sign_and_verify
+    make_certificates
+    check_certificates
+    revoke_certificate
     wipe_all
 }
 

@@ -73,4 +73,31 @@ bool DerWalk::next(DerElement& element) {
     return true;
 }
 
+std::vector<DerPart> der_parts(const SecretBytes& bytes, const std::string& name, size_t deepest) {
+    const auto* text = reinterpret_cast<const char*>(bytes.data());
+    std::vector<DerPart> parts;
+    std::vector<size_t> open; // those whose end is still to come
+    const auto close = [&](size_t level, size_t end) {
+        for (; !open.empty() && parts[open.back()].level >= level; open.pop_back()) {
+            DerPart& part = parts[open.back()];
+            part.all = {part.all.data(), static_cast<size_t>(text + end - part.all.data())};
+            part.content = part.all.substr(static_cast<size_t>(part.content.data() - part.all.data()));
+        }
+    };
+    DerElement element;
+    for (DerWalk walk(bytes, name); walk.next(element);) {
+        if (element.level > deepest)
+            continue;
+        const auto at = static_cast<size_t>(element.header - bytes.data());
+        close(element.level, at);
+        if (element.header[0] == 0)
+            continue; // the end of an indefinite length
+        open.push_back(parts.size());
+        parts.push_back(
+            {element.level, element.header[0], {text + at, 0}, {text + at + element.headerSize, 0}});
+    }
+    close(0, bytes.size());
+    return parts;
+}
+
 } // namespace tool

@@ -37,4 +37,13 @@ class DerWalk {
     std::vector<Frame> open_;
 };
 
+// DerPart is an element with all that is in it.
+struct DerPart {
+    size_t level;
+    unsigned char tag; // the first octet
+    std::string_view all, content;
+};
+// der_parts gives the elements down to a level, in their order.
+std::vector<DerPart> der_parts(const SecretBytes& bytes, const std::string& name, size_t deepest);
+
 } // namespace tool

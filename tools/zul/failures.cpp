@@ -24,6 +24,8 @@ std::string last_error() {
         return {};
     std::string text(static_cast<size_t>(length), '\0'); // its own NUL is the room for the terminator
     ZUL_LastError(text.data(), length);
+    while (text.ends_with('\n')) // which a few of the library's texts have
+        text.pop_back();
     return text;
 }
 

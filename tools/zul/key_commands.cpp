@@ -30,6 +30,8 @@ struct MakeCommand {
         if (is_standard_stream(publicFile) || is_standard_stream(privateFile))
             throw UsageError("PUBLIC and PRIVATE are names of files");
         refuse_same_file(privateFile, publicFile, "PUBLIC and PRIVATE are the same file.");
+        for (const std::string& out : {publicFile, privateFile})
+            password.refuse_output(out);
         const SecretBytes secret = password.read_new(in_quotes(privateFile));
 
         // The bit that shows progress is also one of AES-192's: with either, Triple DES at first.

@@ -15,6 +15,8 @@ struct ConvertCommand {
 
     void check_arguments() const {
         const bool encrypts = !encryption.scheme.empty();
+        password.refuse_output(out);
+        newPassword.refuse_output(out);
         refuse_shared_input({is_standard_stream(in), password.is_standard_input()});
         refuse_shared_input({is_standard_stream(in), newPassword.is_standard_input()});
         if ((onlyPublic ? 1 : 0) + (unencrypted ? 1 : 0) + (encrypts ? 1 : 0) > 1)

@@ -44,9 +44,14 @@ std::string byte_count(size_t count) {
 std::vector<std::string> take_arguments(int argc, char** argv) {
     static constexpr std::string_view kSecrets[] = {"--key", "--kek", "--data", "--password",
                                                     "--new-password"};
+    const std::vector<std::string> exact = exact_arguments(argc, argv);
     std::vector<std::string> arguments;
+    bool areOptions = true;
     for (int i = 1; i < argc; ++i) {
-        const std::string_view argument = argv[i];
+        const std::string_view argument = exact[static_cast<size_t>(i)];
+        if (argument.empty())
+            throw UsageError("argument " + std::to_string(i) + " is empty");
+        areOptions = areOptions && argument != "--";
         const std::string_view name = argument.substr(0, argument.find('='));
         const bool secret = std::find(std::begin(kSecrets), std::end(kSecrets), name) != std::end(kSecrets);
         if (secret && name.size() < argument.size()) {
@@ -54,6 +59,8 @@ std::vector<std::string> take_arguments(int argc, char** argv) {
             arguments.push_back(option + "=" + hide(argv[i] + name.size() + 1));
             continue;
         }
+        if (areOptions && argument.starts_with("--") && name.size() + 1 == argument.size())
+            throw UsageError("the value of " + std::string(name) + " is empty");
         arguments.emplace_back(argument);
         if (secret && i + 1 < argc) // whatever it begins with
             arguments.push_back(hide(argv[++i]));

@@ -33,6 +33,11 @@ void PasswordOption::add_to(CLI::App& command, const std::string& name, const st
         ->type_name("FILE");
 }
 
+void PasswordOption::refuse_output(const std::string& out) const {
+    if (!file_.empty())
+        refuse_same_file(file_, out, "The output would replace the password.");
+}
+
 SecretBytes PasswordOption::read(const std::string& subject, bool isNew) const {
     if (!mark_.empty() && !file_.empty())
         throw UsageError("give " + name_ + " or " + name_ + "-file, not both");

@@ -118,6 +118,23 @@ RsaKey RsaKey::read(const std::string& file, const PasswordOption& password) {
     return key;
 }
 
+RsaKey RsaKey::read_certificate(const char* fileOrText, const std::string& name) {
+    RsaKey key;
+    key.form_ = "public key of a certificate";
+    key.text_ =
+        filled(name, [&](char* out, int room) { return RSA_GetPublicKeyFromCert(out, room, fileOrText); });
+    return key;
+}
+
+RsaKey RsaKey::read_public(const SecretBytes& der, const std::string& name) {
+    const SecretBytes base64 = base64_text(der, name);
+    RsaKey key;
+    key.form_ = "public key (X.509)";
+    key.text_ =
+        filled(name, [&](char* out, int room) { return RSA_ReadPublicKey(out, room, as_text(base64)); });
+    return key;
+}
+
 SecretBytes RsaKey::xml(int options) const {
     return filled("key", [&](char* out, int room) { return RSA_ToXMLString(out, room, text(), options); });
 }
@@ -144,6 +161,7 @@ void RsaKeyOption::add_to(CLI::App& command, const std::string& what) {
 void RsaKeyOption::refuse_output(const std::string& in, const std::string& out) const {
     refuse_same_file(in, out, "The output would replace the input.");
     refuse_same_file(file_, out, "The output would replace the key.");
+    password_.refuse_output(out);
 }
 
 RsaKey RsaKeyOption::read(const std::string& in) const {

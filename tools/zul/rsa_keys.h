@@ -14,6 +14,7 @@ class PasswordOption {
 
     bool is_given() const { return !mark_.empty() || !file_.empty(); }
     bool is_standard_input() const { return is_standard_stream(file_); }
+    void refuse_output(const std::string& out) const;
     // The password with its NUL; it is never empty. A new one is asked for twice.
     SecretBytes read(const std::string& subject) const { return read(subject, false); }
     SecretBytes read_new(const std::string& subject) const { return read(subject, true); }
@@ -33,6 +34,10 @@ class RsaKey {
   public:
     // read finds out the form of a file (or of standard input): XML, PEM, base64 or DER, and of the key.
     static RsaKey read(const std::string& file, const PasswordOption& password);
+    // read_certificate reads the key of a certificate, a file or PEM; name is for messages.
+    static RsaKey read_certificate(const char* fileOrText, const std::string& name);
+    // read_public reads a public key from DER; name is for messages.
+    static RsaKey read_public(const SecretBytes& der, const std::string& name);
     // without_private gives the public part of a key.
     RsaKey without_private() const;
 
@@ -54,7 +59,7 @@ class RsaKey {
 class RsaKeyOption {
   public:
     void add_to(CLI::App& command, const std::string& what);
-    // refuse_output: the output replaces neither the command's other input nor the key.
+    // refuse_output: the output replaces neither the command's other input nor the key or its password.
     void refuse_output(const std::string& in, const std::string& out) const;
     RsaKey read_private(const std::string& in) const; // in: the command's other input
     RsaKey read_public(const std::string& in) const;

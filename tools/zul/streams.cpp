@@ -1,5 +1,5 @@
 #include <algorithm>
-#include <cctype>
+#include <cwctype>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -36,15 +36,16 @@ bool output_is_terminal() {
 
 bool is_same_file(const std::string& one, const std::string& other) {
     std::error_code ignored;
-    if (std::filesystem::equivalent(one, other, ignored))
+    if (std::filesystem::equivalent(path_of(one), path_of(other), ignored))
         return true;
     // Files that do not exist yet will be the same if their paths are.
     const auto path = [&ignored](const std::string& name) {
-        std::string text =
-            std::filesystem::weakly_canonical(std::filesystem::absolute(name), ignored).string();
+        std::filesystem::path::string_type text =
+            std::filesystem::weakly_canonical(std::filesystem::absolute(path_of(name), ignored), ignored)
+                .native();
 #ifdef _WIN32
         std::transform(text.begin(), text.end(), text.begin(),
-                       [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+                       [](wchar_t c) { return static_cast<wchar_t>(std::towlower(c)); });
 #endif
         return text;
     };
@@ -62,7 +63,7 @@ Input::Input(const std::string& name) : name_(name), file_(stdin) {
         return;
     }
     std::error_code ignored;
-    file_ = std::filesystem::is_directory(name, ignored) ? nullptr : std::fopen(name.c_str(), "rb");
+    file_ = std::filesystem::is_directory(path_of(name), ignored) ? nullptr : std::fopen(name.c_str(), "rb");
     if (file_ == nullptr)
         throw Refused::by_system(OPEN_ERROR, name);
     std::setvbuf(file_, nullptr, _IONBF, 0);
@@ -125,8 +126,8 @@ Output::~Output() {
         return;
     std::fclose(file_);
     std::error_code ignored;
-    if (std::filesystem::is_regular_file(name_, ignored)) // never a device
-        std::filesystem::remove(name_, ignored);
+    if (std::filesystem::is_regular_file(path_of(name_), ignored)) // never a device
+        std::filesystem::remove(path_of(name_), ignored);
 }
 
 void Output::write(const void* data, size_t size) {

@@ -1,6 +1,7 @@
 #pragma once
 #include <cstddef>
 #include <cstdio>
+#include <filesystem>
 #include <limits>
 #include <new>
 #include <stdexcept>
@@ -97,6 +98,15 @@ bool output_is_terminal();
 // ask_secretly asks at the terminal, whatever the standard streams are, and reads a line without showing it.
 // Asked twice, the answers must agree. Refused if there is no terminal, the user gives up or they differ.
 SecretBytes ask_secretly(const std::string& question, bool twice); // (secret_prompt.cpp)
+// path_of gives the path of a narrow name as the library takes it.
+std::filesystem::path path_of(const std::string& name);
+// temporary_folder gives a narrow name that ends with a separator; the variable is what says where it is.
+std::string temporary_folder();
+#ifdef _WIN32
+constexpr const char* kTemporaryVariable = "TMP";
+#else
+constexpr const char* kTemporaryVariable = "TMPDIR";
+#endif
 inline bool is_standard_stream(const std::string& name) {
     return name == "-";
 }
@@ -144,7 +154,11 @@ class Output {
 
 // --- keys (keys.cpp) -------------------------------------------------------------------------------------
 
-// take_arguments gives the arguments in CLI11's order (last first). The values of --key, --kek, --data,
+// exact_arguments gives the arguments without anything that the system changed in them: the text of a name
+// (--subject) as UTF-8. UsageError for what cannot be told exactly. (narrow_names.cpp)
+std::vector<std::string> exact_arguments(int argc, char** argv);
+// take_arguments gives the arguments in CLI11's order (last first); UsageError for an empty one, which a
+// command would take for one that was not given. The values of --key, --kek, --data,
 // --password and --new-password are kept aside in wiped memory, overwritten in argv (so they leave the
 // process list where the system shows that memory) and replaced by a mark; hidden_argument gives the value of
 // a mark.
@@ -223,6 +237,11 @@ void add_random_command(CLI::App& app);
 void add_key_commands(CLI::App& app);
 void add_key_convert_command(CLI::App& group);
 void add_rsa_commands(CLI::App& app);
+void add_cert_commands(CLI::App& app);
+void add_cert_make_commands(CLI::App& group);
+void add_cert_path_command(CLI::App& group);
+void add_request_commands(CLI::App& app);
+void add_crl_commands(CLI::App& app);
 void add_der_command(CLI::App& app);
 void add_general_commands(CLI::App& app);
 

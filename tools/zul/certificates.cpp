@@ -1,0 +1,214 @@
+#include "certificates.h"
+
+#include <CLI/CLI.hpp>
+#include <filesystem>
+#include <memory>
+#include <system_error>
+
+namespace tool {
+
+namespace {
+
+constexpr const char* kStandardInput = "standard input";
+
+std::string shown_name(const std::string& file) {
+    return is_standard_stream(file) ? kStandardInput : file;
+}
+
+SecretBytes pem_text(const SecretBytes& der) {
+    SecretBytes base64((der.size() + 2) / 3 * 4 + 1);
+    accept_length(CNV_B64StrFromBytes(reinterpret_cast<char*>(base64.data()), int_length(base64) - 1,
+                                      der.data(), int_length(der)),
+                  kStandardInput);
+    base64.pop_back();
+    SecretBytes text;
+    const auto add = [&text](std::string_view part) { text.insert(text.end(), part.begin(), part.end()); };
+    add("-----BEGIN DATA-----\n");
+    for (size_t at = 0; at < base64.size(); at += 64) {
+        add(std::string_view(as_text(base64) + at, std::min<size_t>(64, base64.size() - at)));
+        add("\n");
+    }
+    add(std::string_view("-----END DATA-----\n\0", 20));
+    return text;
+}
+
+} // namespace
+
+SecretBytes der_of(const std::string& file) {
+    const std::string name = shown_name(file);
+    SecretBytes der = binary_content(Input(file).read_all(), name);
+    if (der.empty())
+        throw Refused::by_system(NO_DATA_ERROR, name);
+    return der;
+}
+
+ObjectArgument::ObjectArgument(const std::string& file) : name_(shown_name(file)) {
+    std::error_code ignored;
+    if (is_standard_stream(file) || !std::filesystem::is_regular_file(path_of(file), ignored)) {
+        text_ = pem_text(der_of(file));
+    } else {
+        const Input readable(file); // or refused under its own name, which the library does not tell
+        text_.assign(file.begin(), file.end());
+        text_.push_back('\0');
+    }
+}
+
+ObjectArgument::ObjectArgument(const std::string& file, const SecretBytes& content)
+    : name_(shown_name(file)), text_(pem_text(content)) {}
+
+ObjectArgument certificate_object(const std::string& file) {
+    ObjectArgument object(file);
+    accept_length(X509_QueryCert(nullptr, 0, object.text(), "version", 0), object.name());
+    return object;
+}
+
+ScratchFile::ScratchFile() {
+    folder_ = temporary_folder() + "zul-" + random_serial();
+    std::error_code error;
+    if (!std::filesystem::create_directory(path_of(folder_), error))
+        throw Refused::by_system(CREATE_ERROR, folder_,
+                                 "What is made goes to a folder for temporary files first; " +
+                                     std::string(kTemporaryVariable) + " says which.");
+    std::filesystem::permissions(path_of(folder_), std::filesystem::perms::owner_all, error);
+    path_ = folder_ + "/made";
+}
+
+ScratchFile::~ScratchFile() {
+    remove();
+}
+
+void ScratchFile::remove() const {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_of(folder_), ignored);
+}
+
+// The folder goes before anything is written, where the system lets go of an open file: a reader of standard
+// output that has gone away ends the tool on the spot.
+void ScratchFile::deliver(const std::string& out) const {
+    Input made(path_);
+    remove();
+    Output output(out);
+    SecretBytes chunk(kChunk);
+    while (const size_t count = made.read(chunk.data(), chunk.size()))
+        output.write(chunk.data(), count);
+    output.finish();
+}
+
+void ScratchFile::deliver_der(const std::string& out) const {
+    const SecretBytes der = der_of(path_);
+    remove();
+    Output output(out);
+    output.write(der);
+    output.finish();
+}
+
+void ScratchFile::show() const {
+    Input made(path_);
+    remove();
+    Output output("-");
+    SecretBytes chunk(kChunk);
+    for (size_t held = 0;;) {
+        const size_t wanted = chunk.size() - held;
+        const size_t count = made.read(chunk.data() + held, wanted);
+        size_t size = held + count;
+        held = count == wanted && chunk[size - 1] == '\r' ? 1 : 0; // its line feed comes with the next chunk
+        size -= held;
+        output.write(readable({as_text(chunk), size}, true));
+        if (count < wanted)
+            break;
+        chunk[0] = '\r';
+    }
+    output.finish();
+}
+
+std::string readable(std::string_view latin1, bool keepLineFeeds) {
+    std::string text;
+    for (size_t i = 0; i < latin1.size(); ++i) {
+        const char each = latin1[i];
+        const auto c = static_cast<unsigned char>(each);
+        if (keepLineFeeds && latin1.substr(i).starts_with("\r\n"))
+            continue; // the line end of a text file on Windows
+        if (keepLineFeeds && each == '\n') {
+            text += each;
+        } else if (c < 0x20 || (c >= 0x7F && c < 0xA0)) {
+            char escape[8];
+            std::snprintf(escape, sizeof escape, "\\x%02x", c);
+            text += escape;
+        } else if (c < 0x80) {
+            text += each;
+        } else {
+            text += static_cast<char>(0xC0 | c >> 6);
+            text += static_cast<char>(0x80 | (c & 0x3F));
+        }
+    }
+    return text;
+}
+
+std::string query(const ObjectArgument& certificate, const char* name) {
+    const int options = ZUL_X509_LATIN1;
+    const int room =
+        accept_length(X509_QueryCert(nullptr, 0, certificate.text(), name, options), certificate.name());
+    std::string text(static_cast<size_t>(room), '\0'); // its own NUL is the room for the terminator
+    if (room > 0)
+        accept_length(X509_QueryCert(text.data(), room, certificate.text(), name, options),
+                      certificate.name());
+    return readable(text);
+}
+
+void warn(const std::string& text) {
+    print_error(("warning: " + text).c_str());
+}
+
+RsaKey signing_key(const RsaKeyOption& key, const std::string& in) {
+    RsaKey privateKey = key.read_private(in);
+    accept_length(RSA_CheckKey(privateKey.text(), 0), "key", "It does not undo its public part.");
+    return privateKey;
+}
+
+void SigningOptions::add_to(CLI::App& command) {
+    command.add_option("-d,--digest", digest, "Digest of the signature (sha256)")->option_text("DIGEST");
+    command.add_flag("--pem", pem, "Write PEM (the default)");
+    command.add_flag("--der", der, "Write DER");
+}
+
+int SigningOptions::algorithm_option() const {
+    return find_digest(digest).option;
+}
+
+int SigningOptions::algorithm() const {
+    if (der && pem)
+        throw UsageError("--pem and --der exclude each other");
+    const Digest& algorithm = find_digest(digest);
+    if (algorithm.option == ZUL_HASH_MD5 || algorithm.option == ZUL_HASH_MD2)
+        warn(std::string(algorithm.name) + " signatures can be forged; take them for tests only");
+    return algorithm.option;
+}
+
+void add_show_command(CLI::App& group, const std::string& what, const std::string& example) {
+    struct Show {
+        std::string file, out = "-";
+    };
+    auto show = std::make_shared<Show>();
+    CLI::App* command = group.add_subcommand("show", "Describe " + what);
+    command->add_option("FILE", show->file, "DER, PEM or base64; - for standard input")
+        ->required()
+        ->option_text(" ");
+    command->add_option("-o,--out", show->out, "Output file (standard output)")->option_text("FILE");
+    command->footer(
+        "Nothing is checked: what is shown may be forged. The terminal gets UTF-8 with control\n"
+        "characters as \\x1b; with -o the file gets the plain dump, Latin-1 with nothing escaped.\n\n"
+        "Example:\n  " +
+        example);
+    command->callback([show] {
+        refuse_same_file(show->file, show->out);
+        const ObjectArgument object(show->file);
+        const ScratchFile made;
+        accept_status(X509_TextDump(made.path(), object.text(), 0), object.name());
+        if (is_standard_stream(show->out))
+            made.show();
+        else
+            made.deliver(show->out);
+    });
+}
+
+} // namespace tool
