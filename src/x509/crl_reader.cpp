@@ -120,24 +120,22 @@ int CrlReader::read_version(const Element& element) {
     return 0;
 }
 
+// read_times reads thisUpdate and, if it is there, nextUpdate.
 int CrlReader::read_times(Element& element) {
-    int error = is_time_octet(element.octet) ? read_time_field(element, thisUpdate_) : BAD_FORMAT_ERROR;
-    if (error != 0)
-        return error;
-    entriesEnd_ = stream_->offset();
-    if (entriesEnd_ == toBeSignedEnd_)
-        return 0;
-    error = read_header(toBeSignedEnd_, element);
-    if (error == 0 && is_time_octet(element.octet)) {
-        error = read_time_field(element, nextUpdate_);
-        if (error != 0)
+    if (!is_time_octet(element.octet))
+        return BAD_FORMAT_ERROR;
+    for (char* out : {thisUpdate_, nextUpdate_}) {
+        if (!is_time_octet(element.octet))
+            break;
+        if (const int error = read_time_field(element, out))
             return error;
         entriesEnd_ = stream_->offset();
         if (entriesEnd_ == toBeSignedEnd_)
             return 0;
-        error = read_header(toBeSignedEnd_, element);
+        if (const int error = read_header(toBeSignedEnd_, element))
+            return error;
     }
-    return error != 0 ? error : enter_list(element);
+    return enter_list(element);
 }
 
 int CrlReader::read_time_field(const Element& element, char out[kAsnTimeText]) {

@@ -106,13 +106,6 @@ bool read_parts(ByteStream& stream, StreamParts& parts) {
 
 } // namespace
 
-int verify_signature(const asn_Node* subjectPublicKeyInfo, ByteStream& stream, size_t offset, size_t size,
-                     const asn_Node* signatureAlgorithm, const asn_Node* signatureValue) {
-    SignatureCheck check;
-    const int result = check.prepare(subjectPublicKeyInfo, signatureAlgorithm, signatureValue);
-    return conclude(result != 0 ? result : check.compare(stream, offset, size));
-}
-
 int verify_object(const asn_Node* subjectPublicKeyInfo, const asn_Node* object, const char* name) {
     SignedFields parts;
     const int error = find_parts(object, name, parts);

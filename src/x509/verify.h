@@ -3,16 +3,11 @@
 
 namespace zul {
 
-class ByteStream;
 class DerSource;
 
 // The checks give 0 if the signature verifies with the key of a SubjectPublicKeyInfo, -1 with "Signature did
 // not verify" if it does not, or a positive code with a text (a key or algorithm that does not serve, no
 // signature at all). A signature with unused bits does not verify.
-
-// verify_signature checks a signature over size bytes of a stream from an offset.
-int verify_signature(const asn_Node* subjectPublicKeyInfo, ByteStream& stream, size_t offset, size_t size,
-                     const asn_Node* signatureAlgorithm, const asn_Node* signatureValue);
 
 // verify_object checks a parsed certificate, request or CRL; name is the argument that the texts repeat.
 int verify_object(const asn_Node* subjectPublicKeyInfo, const asn_Node* object, const char* name);
