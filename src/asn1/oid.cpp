@@ -128,7 +128,7 @@ int oid_FromBytes(OidInfo* rec) {
 // shown as an identifier that they are not.
 static bool has_whole_arcs(const asn_Node* oid) {
     bool isStart = true;
-    for (uint32_t i = 0; i < oid->length; i++) {
+    for (uint32_t i = 1; i < oid->length; i++) { // the first octet is two arcs
         if (isStart && oid->data[i] == 0x80)
             return false;
         isStart = oid->data[i] < 0x80;

@@ -95,6 +95,8 @@ TEST(Oid, DottedForm) {
                  {"8837", "2.56.55"},
                  {"2A00", "1.2.0"},
                  {"2A8F", nullptr},
+                 {"2A8003", nullptr},
+                 {"88", "2.56"},
                  {"6983F09DA7EBCFDEE0C7A1A7B2C0948CC8F9D776", "2.25.329800735698586629295641978511506172918"},
                  {"69FFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFF7F",
                   "2.25.210624583337114373395836055367340864637790190801098222508621955071"},
