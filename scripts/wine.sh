@@ -27,4 +27,9 @@ folder=$(cat "$WINEPREFIX/wineserver" 2>/dev/null || echo ".wine-$(id -u)")
     flock 9
     [ -S "/tmp/$folder/$server/socket" ] || DISPLAY='' wine cmd /c exit >/dev/null 2>&1 </dev/null 9>&- || true
 ) 9>"$WINEPREFIX/.lock"
-exec wine "$@"
+
+# Wine needs the page 0x7ffe0000 in every process and gives up, with status 1 and without a word, where the system has
+# put something else there: once in some ten thousand starts with addresses at random, never without.
+fixed="setarch $(uname -m) -R"
+$fixed true 2>/dev/null || fixed=''
+exec $fixed wine "$@"
