@@ -4,39 +4,53 @@
 #include <algorithm>
 #include <cstring>
 
-#include "frame/memory.h"
 #include "hash/digest.h"
 
 namespace zul {
 
 namespace {
 
-// A SHA-1 digest in a block that is already padded, and the state that digests it.
-struct Sha1Rehash {
-    uint32_t state[5];
-    uint8_t block[64];
-};
-
-void rehash_sha1(uint8_t digest[kSha1Size], uint32_t times) {
-    Sha1Context empty;
-    sha1_init(empty);
-    Wiped<Sha1Rehash> work;
-    std::memcpy(work->block, digest, kSha1Size);
-    work->block[kSha1Size] = 0x80;
-    work->block[63] = 8 * kSha1Size;
+// For the SHA family. The digest stands in a block that is padded already, so that an update by the whole
+// block is nothing but the compression function.
+template<class Context, void (*init)(Context&), void (*update)(Context&, const void*, size_t),
+         size_t digestSize>
+void rehash_blocks(uint8_t* digest, uint32_t times) {
+    using Word = typename Context::Word;
+    constexpr size_t kBlock = Context::kBlockSize;
+    struct Work {
+        Context context;
+        uint8_t block[kBlock];
+    };
+    Context empty;
+    init(empty);
+    Wiped<Work> work;
+    work->context = empty;
+    std::memcpy(work->block, digest, digestSize);
+    work->block[digestSize] = 0x80;
+    store_word<std::endian::big>(work->block + kBlock - sizeof(Word), static_cast<Word>(8 * digestSize));
     for (; times != 0; times--) {
-        std::memcpy(work->state, empty.state, sizeof work->state);
-        sha1_compress(work->state, work->block, 1);
-        for (size_t i = 0; i < 5; i++)
-            store_word<std::endian::big>(work->block + 4 * i, work->state[i]);
+        std::memcpy(work->context.state, empty.state, sizeof empty.state);
+        update(work->context, work->block, kBlock);
+        for (size_t i = 0; i < digestSize / sizeof(Word); i++)
+            store_word<std::endian::big>(work->block + sizeof(Word) * i, work->context.state[i]);
     }
-    std::memcpy(digest, work->block, kSha1Size);
+    std::memcpy(digest, work->block, digestSize);
 }
 
 // rehash replaces a digest by its digest, times times.
 void rehash(uint8_t* digest, int hashAlg, uint32_t times) {
-    if (hashAlg == kDigestSha1)
-        return rehash_sha1(digest, times);
+    switch (hashAlg) {
+    case kDigestSha1:
+        return rehash_blocks<Sha1Context, sha1_init, sha1_update, kSha1Size>(digest, times);
+    case kDigestSha256:
+        return rehash_blocks<Sha256Context, sha256_init, sha256_update, kSha256Size>(digest, times);
+    case kDigestSha384:
+        return rehash_blocks<Sha512Context, sha384_init, sha512_update, kSha384Size>(digest, times);
+    case kDigestSha512:
+        return rehash_blocks<Sha512Context, sha512_init, sha512_update, kSha512Size>(digest, times);
+    default:
+        break;
+    }
     const auto length = static_cast<size_t>(digest_length(hashAlg));
     DigestContext context; // digest_final wipes it
     for (; times != 0; times--) {
@@ -76,36 +90,44 @@ void pbkdf1(uint8_t* out, size_t outLen, int hashAlg, const void* password, size
     std::memcpy(out, digest.data(), outLen);
 }
 
-void pkcs12_kdf(uint8_t* out, size_t outLen, Pkcs12Purpose purpose, const void* password, size_t passwordLen,
-                const uint8_t* salt, size_t saltLen, uint32_t iterations) {
-    constexpr size_t kBlock = 64; // v of the standard
-    const size_t saltRoom = (saltLen + kBlock - 1) / kBlock * kBlock;
-    const size_t passwordRoom = (passwordLen + kBlock - 1) / kBlock * kBlock;
+void pkcs12_kdf(uint8_t* out, size_t outLen, int hashAlg, Pkcs12Purpose purpose, const void* password,
+                size_t passwordLen, const uint8_t* salt, size_t saltLen, uint32_t iterations) {
+    const auto digestSize = static_cast<size_t>(digest_length(hashAlg)); // u of the standard
+    const auto block = static_cast<size_t>(digest_block_size(hashAlg));  // v
+    const size_t saltRoom = (saltLen + block - 1) / block * block;
+    const size_t passwordRoom = (passwordLen + block - 1) / block * block;
     SecretBuffer input(saltRoom + passwordRoom);
     fill_repeating(input.data(), saltRoom, salt, saltLen);
     fill_repeating(input.data() + saltRoom, passwordRoom, password, passwordLen);
 
-    uint8_t diversifier[kBlock];
-    std::memset(diversifier, static_cast<int>(purpose), kBlock);
-    Secret<kSha1Size> digest;
-    Secret<kBlock> addend;
-    Wiped<Sha1Context> context;
+    uint8_t diversifier[kMaxDigestBlockSize];
+    std::memset(diversifier, static_cast<int>(purpose), block);
+    Secret<kMaxDigestSize> digest;
+    Secret<kMaxDigestBlockSize> addend;
+    Wiped<DigestContext> context;
     while (outLen != 0) {
-        sha1_init(*context);
-        sha1_update(*context, diversifier, kBlock);
-        sha1_update(*context, input.data(), input.size());
-        sha1_final(*context, digest.data());
-        rehash_sha1(digest.data(), std::max(iterations, 1u) - 1);
-        const size_t part = std::min(outLen, kSha1Size);
+        digest_init(*context, hashAlg);
+        digest_update(*context, diversifier, block);
+        digest_update(*context, input.data(), input.size());
+        digest_final(*context, digest.data());
+        rehash(digest.data(), hashAlg, std::max(iterations, 1u) - 1);
+        const size_t part = std::min(outLen, digestSize);
         std::memcpy(out, digest.data(), part);
         out += part;
         outLen -= part;
         if (outLen == 0)
             break;
-        fill_repeating(addend.data(), kBlock, digest.data(), kSha1Size);
-        for (size_t at = 0; at < input.size(); at += kBlock)
-            add_plus_one(input.data() + at, addend.data(), kBlock);
+        fill_repeating(addend.data(), block, digest.data(), digestSize);
+        for (size_t at = 0; at < input.size(); at += block)
+            add_plus_one(input.data() + at, addend.data(), block);
     }
+}
+
+SecretBuffer pkcs12_password(const void* password, size_t passwordLen) {
+    SecretBuffer wide(2 * passwordLen + 2);
+    for (size_t i = 0; i < passwordLen; i++)
+        wide[2 * i + 1] = static_cast<const uint8_t*>(password)[i];
+    return wide;
 }
 
 } // namespace zul

@@ -2,6 +2,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "frame/memory.h"
+
 // Key derivation from passwords. Iteration counts below 1 count as 1. hashAlg is a ZUL_HASH_ algorithm.
 namespace zul {
 
@@ -13,10 +15,13 @@ void pbkdf1(uint8_t* out, size_t outLen, int hashAlg, const void* password, size
 void pbkdf2(uint8_t* out, size_t outLen, int hashAlg, const void* password, size_t passwordLen,
             const uint8_t* salt, size_t saltLen, uint32_t iterations);
 
-// pkcs12_kdf (RFC 7292, appendix B.2) with SHA-1 over the password bytes as given. Password and salt together
-// are at most 3/4 of kMaxAllocation.
+// pkcs12_kdf (RFC 7292, appendix B.2) over the password bytes as given, which the schemes of PKCS #12 want in
+// the form of pkcs12_password. Password and salt together are at most 3/4 of kMaxAllocation.
 enum class Pkcs12Purpose : uint8_t { key = 1, iv = 2, mac = 3 };
-void pkcs12_kdf(uint8_t* out, size_t outLen, Pkcs12Purpose purpose, const void* password, size_t passwordLen,
-                const uint8_t* salt, size_t saltLen, uint32_t iterations);
+void pkcs12_kdf(uint8_t* out, size_t outLen, int hashAlg, Pkcs12Purpose purpose, const void* password,
+                size_t passwordLen, const uint8_t* salt, size_t saltLen, uint32_t iterations);
+
+// pkcs12_password gives a Latin-1 password as BMPString characters with a NUL (RFC 7292, appendix B.1).
+SecretBuffer pkcs12_password(const void* password, size_t passwordLen);
 
 } // namespace zul

@@ -13,7 +13,7 @@
 #include "cipher/padding.h"
 #include "frame/debug_output.h"
 #include "frame/err.h"
-#include "hash/sha1.h"
+#include "hash/digest.h"
 #include "pbe/kdf.h"
 #include "pbe/pbe_cipher.h"
 #include "platform/platform.h"
@@ -162,7 +162,7 @@ AsnList pbe_encrypt(PbeContext& context, const uint8_t* plain, size_t plainLen) 
     }
     make_salt(params, plain, plainLen);
     if (params.scheme->kind == PbeKind::pbes2) {
-        pkcs12_kdf(params.iv.data(), params.ivLength, Pkcs12Purpose::iv, params.password.data(),
+        pkcs12_kdf(params.iv.data(), params.ivLength, kDigestSha1, Pkcs12Purpose::iv, params.password.data(),
                    params.password.size(), params.salt.data(), params.salt.size(), params.iterations);
     }
     Secret<kPbeMaxKey> key;

@@ -56,11 +56,7 @@ int cbc(const PbeParams& params, const uint8_t* key, bool encrypt, uint8_t* data
 void to_bmp(PbeParams& params) {
     if (params.bmp)
         return;
-    const SecretBuffer& given = params.password;
-    SecretBuffer converted(2 * given.size() + 2);
-    for (size_t i = 0; i < given.size(); i++)
-        converted[2 * i + 1] = given[i];
-    params.password = std::move(converted);
+    params.password = pkcs12_password(params.password.data(), params.password.size());
     params.bmp = true;
 }
 
@@ -80,10 +76,10 @@ void pbe_derive_key(PbeParams& params, Secret<kPbeMaxKey>& key) {
     case PbeKind::pkcs12: {
         to_bmp(params);
         const SecretBuffer& password = params.password;
-        pkcs12_kdf(key.data(), params.keyLength, Pkcs12Purpose::key, password.data(), password.size(),
-                   salt.data(), salt.size(), params.iterations);
-        pkcs12_kdf(params.iv.data(), params.ivLength, Pkcs12Purpose::iv, password.data(), password.size(),
-                   salt.data(), salt.size(), params.iterations);
+        pkcs12_kdf(key.data(), params.keyLength, params.scheme->hashAlg, Pkcs12Purpose::key, password.data(),
+                   password.size(), salt.data(), salt.size(), params.iterations);
+        pkcs12_kdf(params.iv.data(), params.ivLength, params.scheme->hashAlg, Pkcs12Purpose::iv,
+                   password.data(), password.size(), salt.data(), salt.size(), params.iterations);
         return;
     }
     case PbeKind::pbes2:

@@ -11,14 +11,14 @@ using Bytes = std::vector<uint8_t>;
 static Bytes derive(const test::Vector& v, uint32_t iterations, size_t length) {
     const std::string function = v.text("Function");
     const Bytes password = v.hex("Password"), salt = v.hex("Salt");
-    const int number = static_cast<int>(v.number(function == "PKCS12" ? "Purpose" : "Algorithm"));
+    const int algorithm = static_cast<int>(v.number("Algorithm"));
     Bytes out(length + 1, 0x5A); // one byte more, to see that it is left alone
     if (function == "PKCS12") {
-        pkcs12_kdf(out.data(), length, static_cast<Pkcs12Purpose>(number), password.data(), password.size(),
-                   salt.data(), salt.size(), iterations);
+        pkcs12_kdf(out.data(), length, algorithm, static_cast<Pkcs12Purpose>(v.number("Purpose")),
+                   password.data(), password.size(), salt.data(), salt.size(), iterations);
     } else {
-        (function == "PBKDF1" ? pbkdf1 : pbkdf2)(out.data(), length, number, password.data(), password.size(),
-                                                 salt.data(), salt.size(), iterations);
+        (function == "PBKDF1" ? pbkdf1 : pbkdf2)(out.data(), length, algorithm, password.data(),
+                                                 password.size(), salt.data(), salt.size(), iterations);
     }
     EXPECT_EQ(out.back(), 0x5A);
     out.pop_back();
