@@ -1,6 +1,7 @@
 // RSAES-PKCS1-v1_5: RFC 8017, 7.2.
 #include "rsa/pkcs1_encryption.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "frame/wipe.h"
@@ -15,14 +16,23 @@ namespace {
 constexpr uint8_t kBlockType = 2;
 constexpr size_t kHeader = 2, kFirstEnd = 10; // the earliest place of the zero that ends the padding
 
-uint8_t nonzero_random_byte() {
-    Secret<16> random;
-    for (;;) {
-        if (rng_bytes(random.data(), random.size()) != 0)
+constexpr size_t kDraw = 16, kDraws = 64; // octets for one octet of padding, and draws at once
+
+// fill_nonzero takes of every draw the first octet that is not zero.
+void fill_nonzero(uint8_t* out, size_t count) {
+    Secret<kDraw * kDraws> random;
+    while (count > 0) {
+        const size_t draws = std::min(count, kDraws);
+        if (rng_bytes(random.data(), draws * kDraw) != 0)
             rng_fail();
-        for (size_t i = 0; i < random.size(); i++)
-            if (random[i] != 0)
-                return random[i];
+        for (size_t i = 0; i < draws; i++) {
+            const uint8_t* draw = random.data() + i * kDraw;
+            const uint8_t* found = std::find_if(draw, draw + kDraw, [](uint8_t octet) { return octet != 0; });
+            if (found == draw + kDraw)
+                continue; // drawn again
+            *out++ = *found;
+            count--;
+        }
     }
 }
 
@@ -36,8 +46,7 @@ int pkcs1_encrypt_block(uint8_t* out, size_t outLen, const uint8_t* message, siz
         memmove(out + start, message, length);
     out[0] = 0;
     out[1] = kBlockType;
-    for (size_t i = kHeader; i < start - 1; i++)
-        out[i] = nonzero_random_byte();
+    fill_nonzero(out + kHeader, start - 1 - kHeader);
     out[start - 1] = 0;
     return 0;
 }

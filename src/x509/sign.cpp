@@ -1,13 +1,10 @@
 #include "x509/sign.h"
 
-#include <cstring>
-
 #include "asn1/asn_build.h"
 #include "asn1/asn_encode.h"
 #include "asn1/asn_file.h"
 #include "frame/file_stream.h"
-#include "rsa/pkcs1_signature.h"
-#include "rsa/rsa_operation.h"
+#include "rsa/rsa_signature.h"
 #include "x509/signature_algorithm.h"
 #include "zulcore.h"
 
@@ -15,20 +12,6 @@ namespace zul {
 namespace {
 
 constexpr int kLineLen = 64;
-
-// make_signature gives an empty buffer if the key cannot sign. A signature that the public part does not
-// undo is never given away: one that went wrong in one of the two primes would tell the key, and one of a
-// damaged key serves nobody.
-SecretBuffer make_signature(const SecretBuffer& message, int digest, const RsaKey& key) {
-    SecretBuffer block(key.bytes()), signature(key.bytes()), undone(key.bytes());
-    size_t length = 0;
-    if (pkcs1_sign_block(block.data(), block.size(), message.data(), message.size(), digest, false) != 0 ||
-        rsaPrivate(&key, signature.data(), &length, block.data(), block.size()) != 0 ||
-        rsaPublic(&key, undone.data(), &length, signature.data(), signature.size()) != 0 ||
-        memcmp(undone.data(), block.data(), block.size()) != 0)
-        return {};
-    return signature;
-}
 
 bool names_file(const char* argument, const char* path) {
     if (!platform::file_is_regular(argument)) // a pipe would wait for its other end
@@ -43,7 +26,8 @@ int x509_sign(AsnList toBeSigned, const char* algorithm, const RsaKey& key, AsnL
     const SecretBuffer message = asn_Encode(toBeSigned);
     if (message.empty())
         return SIGNATURE_ERROR;
-    const SecretBuffer signature = make_signature(message, rsa_signature_digest(algorithm), key);
+    const SecretBuffer signature =
+        rsa_make_signature(key, message.data(), message.size(), rsa_signature_digest(algorithm), false);
     if (signature.empty())
         return SIGNATURE_ERROR;
     object =
