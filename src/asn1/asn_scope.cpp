@@ -1,0 +1,73 @@
+#include "asn1/asn_scope.h"
+
+namespace zul {
+
+bool asn_enter(ByteStream& stream, AsnScope& scope, uint32_t cls, uint32_t tag) {
+    AsnHeader header;
+    if (asn_read_header(stream, header) != 1 || header.cls != cls || header.tag != tag)
+        return false;
+    const size_t offset = stream.offset();
+    if (offset > scope.end)
+        return false;
+    scope.isOpen = header.ndef != 0;
+    if (scope.isOpen)
+        return (cls & kAsnConstructed) != 0;
+    if (header.length > scope.end - offset || header.length > stream.remaining())
+        return false;
+    scope.end = offset + header.length;
+    return true;
+}
+
+bool asn_leave(ByteStream& stream, const AsnScope& inner) {
+    if (!inner.isOpen)
+        return stream.seek(inner.end);
+    AsnHeader header;
+    return asn_read_header(stream, header) == 1 && header.cls == 0 && header.tag == 0 &&
+           !header.is_false_marker() && stream.offset() <= inner.end;
+}
+
+bool asn_skip_element(ByteStream& stream, size_t limit, AsnHeader& first) {
+    size_t open = 0;
+    for (bool atFirst = true; atFirst || open > 0; atFirst = false) {
+        AsnHeader header;
+        if (asn_read_header(stream, header) != 1)
+            return false;
+        if (atFirst)
+            first = header;
+        const bool marker = header.cls == 0 && header.tag == 0;
+        if (marker && (atFirst || header.is_false_marker()))
+            return false;
+        if (marker)
+            open--;
+        else if (header.ndef == 0 ? !stream.skip(header.length) : (header.cls & kAsnConstructed) == 0)
+            return false;
+        else
+            open += header.ndef;
+        if (stream.offset() > limit)
+            return false;
+    }
+    return true;
+}
+
+bool asn_skip_type(ByteStream& stream, size_t limit, uint32_t cls, uint32_t tag) {
+    AsnHeader header;
+    return asn_skip_element(stream, limit, header) && header.cls == cls && header.tag == tag;
+}
+
+bool asn_at_scope_end(ByteStream& stream, const AsnScope& scope) {
+    const size_t start = stream.offset();
+    if (!scope.isOpen || start >= scope.end)
+        return start >= scope.end;
+    const int first = stream.get(), second = stream.get();
+    return !stream.seek(start) || (first == 0 && second == 0);
+}
+
+bool asn_next_is(ByteStream& stream, const AsnScope& scope, uint32_t cls, uint32_t tag) {
+    const size_t start = stream.offset();
+    if (start >= scope.end)
+        return false;
+    const int octet = stream.get();
+    return stream.seek(start) && octet >= 0 && static_cast<uint32_t>(octet) == (cls | tag);
+}
+
+} // namespace zul

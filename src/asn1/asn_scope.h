@@ -1,0 +1,36 @@
+#pragma once
+#include <cstddef>
+#include <cstdint>
+
+#include "asn1/asn_header.h"
+#include "asn1/byte_stream.h"
+
+// A walk over elements where they stand in a stream, for objects that are too large to be parsed: headers are
+// read, contents stepped over. Every function leaves the stream anywhere when it fails.
+namespace zul {
+
+// AsnScope is where the content of an element ends: at an offset, or, if it is open, at an end-of-contents
+// marker before that.
+struct AsnScope {
+    size_t end = SIZE_MAX;
+    bool isOpen = false;
+};
+
+// asn_enter steps into an element of one type inside a scope, which becomes that of its content. An open
+// scope inside another is to be left by asn_leave before the outer one is used again.
+bool asn_enter(ByteStream& stream, AsnScope& scope, uint32_t cls, uint32_t tag);
+// asn_leave steps from the end of a scope's last element behind the end-of-contents marker that an open one
+// has, or to the end of any other: false if an open scope has elements left.
+bool asn_leave(ByteStream& stream, const AsnScope& inner);
+
+// asn_skip_element goes behind an element that has to end by the limit. Inside one of indefinite length only
+// the depth is counted, so no nesting is too deep. An end-of-contents marker is no element.
+bool asn_skip_element(ByteStream& stream, size_t limit, AsnHeader& first);
+bool asn_skip_type(ByteStream& stream, size_t limit, uint32_t cls, uint32_t tag);
+
+// asn_at_scope_end tells whether no element follows; the stream stays where it is.
+bool asn_at_scope_end(ByteStream& stream, const AsnScope& scope);
+// asn_next_is tells whether the next element inside a scope has an identifier octet.
+bool asn_next_is(ByteStream& stream, const AsnScope& scope, uint32_t cls, uint32_t tag);
+
+} // namespace zul
