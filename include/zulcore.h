@@ -168,6 +168,21 @@ enum zul_error_code {
 #define ZUL_KEYUSAGE_ENCIPHERONLY 0x080
 #define ZUL_KEYUSAGE_DECIPHERONLY 0x100
 
+/* CMS_ signed messages; a ZUL_HASH_ algorithm and, for enveloped ones, a ZUL_CMS_CIPHER_ go with them. */
+#define ZUL_CMS_EXCLUDE_CERTS 0x100
+#define ZUL_CMS_EXCLUDE_DATA 0x200
+#define ZUL_CMS_CERTS_ONLY 0x400
+#define ZUL_CMS_INCLUDE_ATTRS 0x800
+#define ZUL_CMS_ADD_SIGNTIME 0x1000
+#define ZUL_CMS_ADD_SMIMECAPS 0x2000
+#define ZUL_CMS_FORMAT_BASE64 0x10000
+#define ZUL_CMS_BARE_SIGNEDDATA 0x2000000
+#define ZUL_CMS_NAMED_SIGALG 0x4000000
+#define ZUL_CMS_CIPHER_TDEA 0x10
+#define ZUL_CMS_CIPHER_AES128 0x20
+#define ZUL_CMS_CIPHER_AES192 0x30
+#define ZUL_CMS_CIPHER_AES256 0x40
+
 /* --- ZUL_: errors and the module ----------------------------------------------------------------------
  * These six functions leave the thread's error state as it is. */
 
@@ -764,6 +779,139 @@ ZUL_API int X509_ValidatePath(const char* szCertList, const char* szTrustedCert,
  * -BAD_FORMAT_ERROR: none of the three, or a part missing. After a failure the file holds what comes before
  * the fault. */
 ZUL_API int X509_TextDump(const char* szFileOut, const char* szCertFile, int nOptions);
+
+/* X509_GetCertFromP7Chain takes a certificate out of a signed message or a certs-only one (PKCS #7, "p7c" or
+ * "p7b"), a message argument as below. nIndex below 1 counts the certificates; else the nIndex-th one, from
+ * 1, is written to szNewCertFile as DER, unless that is null or empty. nOptions is ignored.
+ * Length of the certificate in bytes, or the count; 0: there is no such certificate. -BAD_FORMAT_ERROR: no
+ * such message; -CREATE_ERROR; -WRITE_ERROR. */
+ZUL_API int X509_GetCertFromP7Chain(const char* szNewCertFile, const char* szP7cFile, int nIndex,
+                                    int nOptions);
+
+/* --- CMS_: signed and enveloped messages (RFC 5652, PKCS #7) ---------------------------------------------
+ * A message argument (szFileIn) is the name of a file of DER or BER, PEM or base64, or the message as text,
+ * as certificate arguments are. szCertList: certificate arguments joined by ";", of which the first 10 count.
+ * Content that a message carries has at most 16 MiB (with its padding, when it is encrypted):
+ * MSG_TOO_LONG_ERROR above; content that others have cut into segments may have more. Files written over are
+ * replaced; a failed call leaves none.
+ * szPrivateKey: a private key string.
+ *
+ * Codes of all: BAD_PARAM_ERROR: an argument that may not be null or empty; OPEN_ERROR: a file cannot be
+ * read; CREATE_ERROR and WRITE_ERROR: the output; INVALID_DATA_ERROR: a message that is malformed or of
+ * another type, a key string that cannot be opened. */
+
+/* CMS_MakeSigData signs a file: the RSA signature (PKCS #1 v1.5) of one signer, the first of szCertList,
+ * whose key szPrivateKey is (that they belong together is not checked). nOptions: a ZUL_HASH_ algorithm (0 to
+ * 6), and any of
+ *  ZUL_CMS_EXCLUDE_CERTS: the certificates are not carried;
+ *  ZUL_CMS_EXCLUDE_DATA: the content is not carried (a detached signature), and may have any length;
+ *  ZUL_CMS_INCLUDE_ATTRS: signed attributes contentType and messageDigest, with ZUL_CMS_ADD_SIGNTIME also
+ *   signingTime, with ZUL_CMS_ADD_SMIMECAPS sMIMECapabilities;
+ *  ZUL_CMS_NAMED_SIGALG: the signature algorithm is called sha1WithRSAEncryption for SHA-1,
+ *   md5WithRSAEncryption for MD5, SHA-256 and SHA-512, md2WithRSAEncryption for MD2 and SHA-224, and
+ *   sha384WithRSAEncryption for SHA-384, instead of rsaEncryption for all; what is signed is the same, but
+ *   readers that believe these names refuse some of them;
+ *  ZUL_CMS_BARE_SIGNEDDATA: SignedData without ContentInfo;
+ *  ZUL_CMS_FORMAT_BASE64: base64 text in lines of 64 characters instead of DER;
+ *  ZUL_CMS_CERTS_ONLY: instead of all that a message of the certificates alone, in base64 as PEM "PKCS7";
+ *   only szFileOut and szCertList are looked at.
+ * Status, positive. BAD_FLAG_ERROR: no such digest; NO_DATA_ERROR: an empty file, or no certificate to carry;
+ * OPEN_ERROR also for a certificate that cannot be read (INVALID_DATA_ERROR with ZUL_CMS_EXCLUDE_CERTS, where
+ * only the first is read); SIGNATURE_ERROR: the key cannot sign. */
+ZUL_API int CMS_MakeSigData(const char* szFileOut, const char* szFileIn, const char* szCertList,
+                            const char* szPrivateKey, int nOptions);
+
+/* CMS_MakeSigDataFromString signs the bytes of a text, without its NUL, as CMS_MakeSigData a file. */
+ZUL_API int CMS_MakeSigDataFromString(const char* szFileOut, const char* szDataIn, const char* szCertList,
+                                      const char* szPrivateKey, int nOptions);
+
+/* CMS_MakeDetachedSig signs content of which only the digest is given, in hex; it is not carried.
+ * INVALID_DATA_ERROR also for a text without hex; BAD_LENGTH_ERROR: a digest of another length than the
+ * algorithm's. Otherwise as CMS_MakeSigData. */
+ZUL_API int CMS_MakeDetachedSig(const char* szFileOut, const char* szHexDigest, const char* szCertList,
+                                const char* szPrivateKey, int nOptions);
+
+/* CMS_MakeSigDataFromSigValue makes a message of a finished signature (made by a smart card, say) of nDataLen
+ * bytes of content, which is checked with the key of the first certificate. Signed attributes are never
+ * added: the signature is not of those. SIGNATURE_ERROR: it does not verify, or that
+ * certificate has no RSA key. Otherwise as CMS_MakeSigData. */
+ZUL_API int CMS_MakeSigDataFromSigValue(const char* szFileOut, const unsigned char* lpSigValue, int nSigLen,
+                                        const unsigned char* lpData, int nDataLen, const char* szCertList,
+                                        int nOptions);
+
+/* CMS_ReadSigData writes the content of a signed message to a file, CMS_ReadSigDataToString to nDataOutLen
+ * bytes of room and a NUL. The signature is not checked: call CMS_VerifySigData. nOptions is ignored.
+ * Length of the content. Query (CMS_ReadSigDataToString). -CREATE_ERROR: also if szFileOut is the input file
+ * itself; -NO_DATA_ERROR: no content in it (a detached
+ * signature); -NOT_SUPPORTED_ERROR: SignedData of another version than 1. */
+ZUL_API int CMS_ReadSigData(const char* szFileOut, const char* szFileIn, int nOptions);
+ZUL_API int CMS_ReadSigDataToString(char* szDataOut, int nDataOutLen, const char* szFileIn, int nOptions);
+
+/* CMS_VerifySigData verifies the signature of a signed message, RSA (PKCS #1 v1.5) with any digest or DSA
+ * with SHA-1, and the digest of its content. szCertFile: the signer's certificate; null or empty: it is
+ * looked for in the message, and of several signers the first whose certificate is there counts. Then anybody
+ * can have signed: look at that certificate, and validate it (X509_ValidatePath). szHexDigest: the content's
+ * digest, if the message does not carry it, else null or empty; if it does, both have to agree. nOptions is
+ * ignored.
+ * Status, positive. SIGNATURE_ERROR: it does not verify, the digests differ, or the content of a message
+ * without signed attributes is itself a set of them; NO_MATCH_ERROR: no signer with such a certificate;
+ * NO_DATA_ERROR: neither content nor digest; INVALID_DATA_ERROR also for szHexDigest, and for a messageDigest
+ * that is missing or doubled; NOT_SUPPORTED_ERROR: another version than 1, unknown algorithms. */
+ZUL_API int CMS_VerifySigData(const char* szFileIn, const char* szCertFile, const char* szHexDigest,
+                              int nOptions);
+
+/* CMS_GetSigDataDigest writes the content's digest that was signed, in lower-case hex: that inside the
+ * signature, or that of the signed attributes, once their signature has been verified. szCertFile as in
+ * CMS_VerifySigData. nOptions is ignored.
+ * Length in characters. Query. Codes as CMS_VerifySigData, negated; -NOT_SUPPORTED_ERROR also for DSA without
+ * signed attributes. */
+ZUL_API int CMS_GetSigDataDigest(char* szHexDigestOut, int nDigestLen, const char* szFileIn,
+                                 const char* szCertFile, int nOptions);
+
+/* CMS_QuerySigData answers a query about a signed message of any version, verified or not. szQuery, in any
+ * case: "Version", "HASeContent", "CountOfCerts" ("CountOfCertificates"), "CountOfSigners"
+ * ("CountOfSignerInfos"), and of the first signer, or of the n-th if "/n" follows, "signerInfoVersion" and
+ * "HASsignedAttrs" ("HASsignedAttributes") are numbers, which are the result; "eContentType", and of a signer
+ * "SigningTime" ("yyyy-mm-dd hh:nn:ss", UTC), "digestAlgorithm", "signatureAlgorithm" and "messageDigest"
+ * (hex) are texts. What is not there is 0 or empty. nOptions: ZUL_QUERY_GETTYPE as in X509_QueryCert.
+ * Length (or the number). Query. -BAD_QUERY_ERROR: no such query. */
+ZUL_API int CMS_QuerySigData(char* szOutput, int nOutChars, const char* szFileIn, const char* szQuery,
+                             int nOptions);
+
+/* CMS_MakeEnvData encrypts a file for the RSA keys (PKCS #1 v1.5) of up to 10 certificates. lpSeed, nSeedLen:
+ * bytes that go into the making of the key, of which 20 count, or null and 0. nOptions: one of
+ * ZUL_CMS_CIPHER_AES128, _AES192 and _AES256, or Triple DES for anything else, all CBC; ZUL_CMS_NAMED_SIGALG
+ * names Triple DES "des_3CBC_pad" (an OID that few readers know); ZUL_CMS_FORMAT_BASE64 as in
+ * CMS_MakeSigData, if there is a recipient.
+ * The number of recipients served, which may be fewer than the certificates: one whose key cannot be used is
+ * left out, with a text (ZUL_LastError); with 0 nobody can read the message. Or a negated code. */
+ZUL_API int CMS_MakeEnvData(const char* szFileOut, const char* szFileIn, const char* szCertList,
+                            const unsigned char* lpSeed, int nSeedLen, int nOptions);
+
+/* CMS_MakeEnvDataFromString encrypts the bytes of a text, without its NUL, as CMS_MakeEnvData a file. */
+ZUL_API int CMS_MakeEnvDataFromString(const char* szFileOut, const char* szDataIn, const char* szCertList,
+                                      const unsigned char* lpSeed, int nSeedLen, int nOptions);
+
+/* CMS_ReadEnvData decrypts an enveloped message (Triple DES, AES or RC2, CBC) into a file,
+ * CMS_ReadEnvDataToString into nDataOutLen bytes of room and a NUL. szX509File: the recipient's certificate;
+ * null or empty: every recipient with a key of the right length is tried, at most 100. nOptions is ignored.
+ * 0 (CMS_ReadEnvDataToString: length; Query), or a negated code. -DECRYPT_ERROR: no recipient, or not one
+ * whose key this is, or damaged data, which all look the same; -NOT_SUPPORTED_ERROR: another cipher;
+ * -MSG_TOO_LONG_ERROR: content in one piece above 16 MiB; -IO_ERROR: the output cannot be closed. */
+ZUL_API int CMS_ReadEnvData(const char* szFileOut, const char* szFileIn, const char* szX509File,
+                            const char* szPrivateKey, int nOptions);
+ZUL_API int CMS_ReadEnvDataToString(char* szDataOut, int nDataOutLen, const char* szFileIn,
+                                    const char* szX509File, const char* szPrivateKey, int nOptions);
+
+/* CMS_QueryEnvData answers a query about an enveloped message. szQuery, in any case: "Version",
+ * "CountOfRecipients" ("CountOfRecipientInfos"), "sizeofEncryptedContent" (bytes), and of the first
+ * recipient, or of the n-th if "/n" follows, "recipientInfoVersion", "keyEncryptionFlags" (0 for
+ * rsaEncryption) and "sizeofEncryptedKey" (bytes) are numbers; "contentEncryptionAlgorithm", and of a
+ * recipient "keyEncryptionAlgorithm", "recipientIssuerName" (as X509_CertIssuerName with ZUL_X509_LATIN1) and
+ * "recipientSerialNumber" (hex) are texts. Otherwise as CMS_QuerySigData. */
+ZUL_API int CMS_QueryEnvData(char* szOutput, int nOutChars, const char* szFileIn, const char* szQuery,
+                             int nOptions);
+
 
 #ifdef __cplusplus
 }

@@ -1,0 +1,116 @@
+#include "asn1/asn_element.h"
+#include "asn1/asn_encode.h"
+#include "cms/content_output.h"
+#include "cms/signed_data.h"
+#include "frame/call_frame.h"
+#include "frame/file_stream.h"
+#include "frame/text.h"
+#include "x509/certificate_list.h"
+#include "zulcore.h"
+
+using namespace zul;
+
+namespace {
+
+bool is_given(const char* text) {
+    return text != nullptr && *text != '\0';
+}
+
+int fail(int code, const char* text) {
+    err_add_text("%s", text);
+    return -code;
+}
+
+// is_same_file tells whether the output would take the place of the input, which is read as the output is
+// written. A pipe is not opened for that: it can be read only once.
+bool is_same_file(const char* fileOut, const char* fileOrText) {
+    if (!platform::file_is_regular(fileOrText))
+        return false;
+    const File in(fileOrText, platform::OpenMode::read);
+    return in.is_open() && platform::file_is(in.handle(), fileOut);
+}
+
+// open_content gives 0 or a negated code.
+int open_content(SignedData& message, const char* fileOrText) {
+    int error = message.open(fileOrText);
+    if (error == 0)
+        error = message.require_data();
+    if (error != 0)
+        return -error;
+    return message.has_content() ? 0 : fail(NO_DATA_ERROR, "No content found in SignedData object");
+}
+
+int read_to_file(const char* fileOut, const char* fileOrText) {
+    constexpr const char* kNoFile = "Cannot create output file";
+    if (is_same_file(fileOut, fileOrText))
+        return fail(CREATE_ERROR, kNoFile);
+    SignedData message;
+    const int error = open_content(message, fileOrText);
+    return error != 0 ? error : content_to_file(message.content(), fileOut, kNoFile);
+}
+
+int read_to_room(char* out, int room, const char* fileOrText) {
+    SignedData message;
+    const int error = open_content(message, fileOrText);
+    return error != 0 ? error : content_to_room(message.content(), out, room);
+}
+
+// read_certificate gives the number of certificates for an index below 1; else 0, and the DER of that one,
+// empty past the last; or a negated code.
+int read_certificate(const char* fileOrText, int index, SecretBuffer& der) {
+    constexpr const char* kNoMessage = "Not a valid SignedData file";
+    DerSource source;
+    if (const int error = source.open(fileOrText))
+        return error == OPEN_ERROR ? -error : fail(BAD_FORMAT_ERROR, kNoMessage);
+    CertificateBundle bundle;
+    if (bundle.open(source) != 0)
+        return fail(BAD_FORMAT_ERROR, kNoMessage);
+    if (index < 1)
+        return bundle.count();
+    if (index > bundle.count())
+        return 0;
+    der = asn_Encode(asn_ToDer(bundle.certificate(index - 1)));
+    if (!der.empty())
+        return 0;
+    err_add_text("Certificate [%d] is invalid", index);
+    return -BAD_FORMAT_ERROR;
+}
+
+int write_certificate(const char* path, const SecretBuffer& der) {
+    FileWriter out(path);
+    if (!out.is_open()) {
+        err_add_text("Cannot create %s", shown_name(path));
+        return -CREATE_ERROR;
+    }
+    if (out.write(der.data(), der.size()) && out.finish())
+        return 0;
+    err_add_text("Cannot write %s", shown_name(path));
+    return -WRITE_ERROR;
+}
+
+} // namespace
+
+int CMS_ReadSigData(const char* szFileOut, const char* szFileIn, int /*nOptions*/) {
+    CallFrame frame;
+    if (!is_given(szFileOut) || !is_given(szFileIn))
+        return frame.length(-BAD_PARAM_ERROR);
+    return frame.length(read_to_file(szFileOut, szFileIn));
+}
+
+int CMS_ReadSigDataToString(char* szDataOut, int nDataOutLen, const char* szFileIn, int /*nOptions*/) {
+    CallFrame frame;
+    if (!is_given(szFileIn))
+        return frame.length(-BAD_PARAM_ERROR);
+    return frame.length(read_to_room(szDataOut, nDataOutLen, szFileIn));
+}
+
+int X509_GetCertFromP7Chain(const char* szNewCertFile, const char* szP7cFile, int nIndex, int /*nOptions*/) {
+    CallFrame frame;
+    if (!is_given(szP7cFile))
+        return frame.length(-BAD_PARAM_ERROR);
+    SecretBuffer der;
+    int result = read_certificate(szP7cFile, nIndex, der);
+    if (result == 0 && !der.empty() && is_given(szNewCertFile))
+        result = write_certificate(szNewCertFile, der);
+    return frame.length(result == 0 ? static_cast<int>(der.size()) : result);
+}

@@ -1,0 +1,19 @@
+#pragma once
+#include "asn1/asn_node.h"
+
+// The outer parts of a new signed message (RFC 5652, 5.1).
+namespace zul {
+
+// SignedDataParts are what messages differ in; what is empty makes an empty SET or is left out.
+struct SignedDataParts {
+    AsnList digestAlgorithm;
+    AsnList content;      // OCTET STRING
+    AsnList certificates; // [0]
+    AsnList signerInfo;
+};
+
+// write_signed_data writes the message, with options of the exports: 0 or a positive code with a text.
+// label is that of base64 (null: none).
+int write_signed_data(const char* path, SignedDataParts parts, int options, const char* label);
+
+} // namespace zul

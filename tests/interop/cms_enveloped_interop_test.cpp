@@ -1,0 +1,149 @@
+#include <cstdio>
+
+#include "interop/cms_interop.h"
+
+// Enveloped messages of ours, opened by openssl, and theirs by us.
+
+namespace {
+
+class CmsEnvelopedInterop : public test::CmsInterop {
+  protected:
+    CmsEnvelopedInterop() : CmsInterop(CMS_QueryEnvData) {
+        make_identity("one", "0x7001", 2048);
+        make_identity("two", "0x80");
+    }
+    int envelop(int options, const std::string& certs) const {
+        return CMS_MakeEnvData(file("env").c_str(), file("data").c_str(), certs.c_str(), nullptr, 0, options);
+    }
+    int open_with(const std::string& name, const std::string& cert) const {
+        return CMS_ReadEnvData(file("got").c_str(), file("env").c_str(), path(cert).c_str(),
+                               key(name).c_str(), 0);
+    }
+    void opens(const std::string& name, const std::string& cert) const {
+        std::remove(file("got").c_str());
+        done(open_with(name, cert));
+        EXPECT_EQ(read("got"), read("data"));
+    }
+    // they_open has openssl open der.
+    void they_open(const std::string& program, const std::string& arguments) const {
+        run("openssl " + program + " -decrypt -binary -inform DER -in der -out got " + arguments +
+            " && cmp got data");
+    }
+};
+
+} // namespace
+
+TEST_F(CmsEnvelopedInterop, OursEveryCipherAndLength) {
+    const struct {
+        int option;
+        const char *name, *shown; // ours and openssl's
+    } ciphers[] = {{ZUL_CMS_CIPHER_TDEA, "des-EDE3-CBC", "des-ede3-cbc"},
+                   {ZUL_CMS_CIPHER_AES128, "aes128-CBC", "aes-128-cbc"},
+                   {ZUL_CMS_CIPHER_AES192, "aes192-CBC", "aes-192-cbc"},
+                   {ZUL_CMS_CIPHER_AES256 | ZUL_CMS_FORMAT_BASE64, "aes256-CBC", "aes-256-cbc"}};
+    for (const auto& cipher : ciphers)
+        for (const size_t size : {0u, 1u, 15u, 16u, 1000u}) {
+            SCOPED_TRACE(testing::Message() << cipher.name << " " << size);
+            make_data(size);
+            ASSERT_EQ(envelop(cipher.option, file("one.pem") + ";" + file("two.pem")), 2);
+            run((cipher.option & ZUL_CMS_FORMAT_BASE64) != 0 ? "openssl base64 -d -in env -out der"
+                                                             : "cp env der");
+            they_open("cms", "-recip one.pem -inkey one.key");
+            they_open("smime", "-recip two.pem -inkey two.key");
+            opens("two", "two.pem");
+            EXPECT_EQ(text("env", "contentEncryptionAlgorithm"), cipher.name);
+            shows("openssl cms -cmsout -print -inform DER -in der",
+                  {std::string("algorithm: ") + cipher.shown});
+        }
+}
+
+TEST_F(CmsEnvelopedInterop, OursOneToTenRecipients) {
+    make_data(100);
+    std::string list;
+    for (int n = 1; n <= 11; n++) {
+        SCOPED_TRACE(n);
+        const std::string name = std::to_string(n), last = std::to_string(std::min(n, 10));
+        run("openssl req -x509 -key one.key -subj /CN=R" + name + " -set_serial " + name + " -out " + name);
+        list += file(name) + ";";
+        ASSERT_EQ(envelop(ZUL_CMS_CIPHER_AES128, list), std::stoi(last));
+        EXPECT_EQ(std::to_string(number("env", "CountOfRecipients")), last);
+        run("cp env der");
+        they_open("cms", "-inkey one.key -recip " + last);
+        opens("one", last);
+    }
+    EXPECT_EQ(open_with("one", "11"), -DECRYPT_ERROR);
+    EXPECT_EQ(envelop(0, file("one.key") + ";" + file("two.pem")), 1); // what is no certificate is left out
+    run("cp env der");
+    they_open("cms", "-inkey two.key -recip two.pem");
+}
+
+TEST_F(CmsEnvelopedInterop, TheirsEveryCipherAndForm) {
+    const struct {
+        const char *cipher, *name;
+        size_t block;
+    } ciphers[] = {{"des3", "des-EDE3-CBC", 8},       {"aes-128-cbc", "aes128-CBC", 16},
+                   {"aes-192-cbc", "aes192-CBC", 16}, {"aes-256-cbc", "aes256-CBC", 16},
+                   {"rc2-40-cbc", "rc2CBC", 8},       {"rc2-64-cbc", "rc2CBC", 8},
+                   {"rc2-cbc", "rc2CBC", 8}};
+    const std::string forms[] = {
+        "cms -outform DER",          "cms -outform DER -indef -keyid",
+        "cms -outform PEM -stream",  "cms -outform PEM -pwri_password x", // a recipient of another kind
+        "smime -outform DER -indef", "smime -outform PEM",
+    };
+    const std::string encrypt = " -encrypt -binary -provider legacy -provider default -in data -out env ";
+    const size_t sizes[] = {0, 16, 5000};
+    size_t turn = 0;
+    for (const auto& cipher : ciphers) {
+        turn++; // so that every form has every size
+        for (const std::string& form : forms) {
+            const size_t size = sizes[turn++ % 3];
+            SCOPED_TRACE(testing::Message() << form << " " << cipher.cipher << " " << size);
+            make_data(size);
+            run("openssl " + form + encrypt + "-" + cipher.cipher + " one.pem two.pem");
+            opens("one", "");
+            opens("one", "one.pem");
+            opens("two", "two.pem");
+            EXPECT_EQ(text("env", "contentEncryptionAlgorithm"), cipher.name);
+            EXPECT_EQ(number("env", "sizeofEncryptedContent"),
+                      static_cast<int>((size / cipher.block + 1) * cipher.block));
+        }
+    }
+    make_identity("three", "3");
+    run("rm got");
+    fails(open_with("one", "two.pem"), -DECRYPT_ERROR, "got");
+    fails(open_with("three", ""), -DECRYPT_ERROR, "got");
+    run("openssl cms" + encrypt + "-aes128 -outform PEM -recip one.pem -keyopt rsa_padding_mode:oaep");
+    fails(open_with("one", ""), -DECRYPT_ERROR, "got");
+}
+
+TEST_F(CmsEnvelopedInterop, Largest) {
+    const std::string encrypt = "openssl cms -encrypt -binary -aes256 -in data -outform DER -out env ";
+    make_data(test::kLargestContent - 1);
+    ASSERT_EQ(envelop(ZUL_CMS_CIPHER_AES256, file("one.pem")), 1);
+    run("cp env der");
+    they_open("cms", "-inkey one.key");
+    run(encrypt + "one.pem");
+    opens("one", "");
+    make_data(test::kLargestContent);
+    run("rm env got");
+    fails(envelop(ZUL_CMS_CIPHER_AES256, file("one.pem")), -MSG_TOO_LONG_ERROR, "env");
+    run(encrypt + "one.pem"); // in one piece
+    fails(open_with("one", ""), -MSG_TOO_LONG_ERROR, "got");
+    run(encrypt + "-stream one.pem"); // in segments
+    opens("one", "");
+}
+
+TEST_F(CmsEnvelopedInterop, QueriesAsOpensslPrints) {
+    make_data(100);
+    ASSERT_EQ(envelop(0, file("two.pem") + ";" + file("one.pem")), 2);
+    const std::string shown = said("openssl cms -cmsout -print -inform DER -in env");
+    // recipients stand in the order of the message, not of the list
+    const std::string one = shown.find("serialNumber: 28673") < shown.find("serialNumber: 128") ? "/1" : "/2";
+    EXPECT_EQ(text("env", "recipientSerialNumber" + one), "7001");
+    EXPECT_EQ(text("env", "recipientIssuerName" + one), query("one.pem", "issuerName", ZUL_X509_LATIN1));
+    EXPECT_EQ(number("env", "sizeofEncryptedKey" + one), 256);
+    EXPECT_EQ(number("env", "Version"), 0);
+    run("openssl cms -encrypt -binary -keyid -in data -aes128 -outform DER -out env one.pem");
+    EXPECT_EQ(number("env", "Version"), 2);
+    EXPECT_EQ(number("env", "recipientInfoVersion"), 2);
+}
