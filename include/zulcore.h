@@ -183,6 +183,9 @@ enum zul_error_code {
 #define ZUL_CMS_CIPHER_AES192 0x30
 #define ZUL_CMS_CIPHER_AES256 0x40
 
+/* PFX_ */
+#define ZUL_PFX_NO_PRIVKEY 0x10
+
 /* --- ZUL_: errors and the module ----------------------------------------------------------------------
  * These six functions leave the thread's error state as it is. */
 
@@ -788,6 +791,16 @@ ZUL_API int X509_TextDump(const char* szFileOut, const char* szCertFile, int nOp
 ZUL_API int X509_GetCertFromP7Chain(const char* szNewCertFile, const char* szP7cFile, int nIndex,
                                     int nOptions);
 
+/* X509_GetCertFromPFX and RSA_GetPrivateKeyFromPFX write the first certificate of a PKCS #12 file, as DER,
+ * and its first encrypted private key, as RSA_ReadEncPrivateKey reads it, to a file. The key stays encrypted
+ * as it is, so no password is asked for and the MAC is not checked. nOptions is ignored.
+ * Status, positive. BAD_PARAM_ERROR; OPEN_ERROR; INVALID_DATA_ERROR: no PFX, or one with a signature instead
+ * of a MAC; NOT_SUPPORTED_ERROR: of another version than 3, or what is wanted is inside an encrypted part of
+ * the file; NO_DATA_ERROR: there is none; CREATE_ERROR, also if the new file is the PFX file itself;
+ * WRITE_ERROR. */
+ZUL_API int X509_GetCertFromPFX(const char* szFileOut, const char* szPfxFile, int nOptions);
+ZUL_API int RSA_GetPrivateKeyFromPFX(const char* szFileOut, const char* szPfxFile, int nOptions);
+
 /* --- CMS_: signed and enveloped messages (RFC 5652, PKCS #7) ---------------------------------------------
  * A message argument (szFileIn) is the name of a file of DER or BER, PEM or base64, or the message as text,
  * as certificate arguments are. szCertList: certificate arguments joined by ";", of which the first 10 count.
@@ -912,6 +925,25 @@ ZUL_API int CMS_ReadEnvDataToString(char* szDataOut, int nDataOutLen, const char
 ZUL_API int CMS_QueryEnvData(char* szOutput, int nOutChars, const char* szFileIn, const char* szQuery,
                              int nOptions);
 
+/* --- PFX_: PKCS #12 files (RFC 7292) ------------------------------------------------------------------ */
+
+/* PFX_MakeFile writes a certificate, not encrypted, and an encrypted private key, as it stands in its file,
+ * to a PFX file with a MAC (HMAC-SHA-1). The key is left out if szKeyFile or szPassword is null or empty.
+ * That they belong together is not checked. szPassword: of the key, which is tested, and of the MAC; for
+ * other programs to agree beyond ASCII it has to be Latin-1. szFriendlyName: null, or a name in Latin-1.
+ * nOptions: ZUL_PFX_NO_PRIVKEY leaves the key out in any case; ZUL_KEY_FORMAT_PEM makes PEM "PKCS12" of the
+ * file. Status, positive. BAD_PARAM_ERROR; INVALID_DATA_ERROR: the certificate cannot be read; the codes of
+ * RSA_ReadEncPrivateKey for the key (DECRYPT_ERROR: wrong password); CREATE_ERROR, also if the new file is
+ * the key's; WRITE_ERROR; MSG_TOO_LONG_ERROR: more than 8 MiB. */
+ZUL_API int PFX_MakeFile(const char* szFileOut, const char* szCertFile, const char* szKeyFile,
+                         const char* szPassword, const char* szFriendlyName, int nOptions);
+
+/* PFX_VerifySig checks the MAC of a PFX file (HMAC with SHA-1, SHA-256, SHA-384 or SHA-512) with a password
+ * (null or empty: the empty one, as two zero bytes or none). nOptions is ignored.
+ * Status, positive. SIGNATURE_ERROR: a wrong password or changed data; OPEN_ERROR; INVALID_DATA_ERROR: no
+ * PFX, or a malformed MAC; NOT_SUPPORTED_ERROR: of another version than 3, or another MAC; NO_DATA_ERROR: no
+ * MAC; OUT_OF_RANGE_ERROR: an iteration count above 10,000,000. */
+ZUL_API int PFX_VerifySig(const char* szPfxFile, const char* szPassword, int nOptions);
 
 #ifdef __cplusplus
 }

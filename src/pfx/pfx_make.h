@@ -1,0 +1,17 @@
+#pragma once
+
+namespace zul {
+
+struct PfxOrder {
+    const char* newFile;
+    const char* certFile;
+    const char* keyFile;      // an encrypted private key; empty: none
+    const char* password;     // of the key and of the MAC; empty: no key either
+    const char* friendlyName; // empty: none
+    int options;
+};
+
+// pfx_make makes a PFX file of a certificate and perhaps its key: 0 or a positive code with a text.
+int pfx_make(const PfxOrder& order);
+
+} // namespace zul

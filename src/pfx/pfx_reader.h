@@ -1,0 +1,36 @@
+#pragma once
+#include "asn1/asn_node.h"
+#include "frame/memory.h"
+
+// The structure of PKCS #12 files (RFC 7292, section 4), in BER or DER.
+namespace zul {
+
+constexpr int64_t kPfxVersion = 3;
+constexpr size_t kMaxPfxFile = 1 << 24; // bytes of a file that is read
+
+// PfxReader is a PFX as far as it can be read without a password.
+class PfxReader {
+  public:
+    // open gives 0 or a positive code with a text: that of the reading, INVALID_DATA_ERROR for what is no
+    // PFX. Of any version; other fields than that are first looked at when they are asked for.
+    int open(const char* fileOrText);
+    int64_t version() const { return version_; }
+
+    const asn_Node* mac_data() const; // null if there is none
+    // read_safe gives the encoding of the AuthenticatedSafe, which is what the MAC is of: 0, or
+    // INVALID_DATA_ERROR with a text if the PFX holds no plain data (but signed data, say).
+    int read_safe(SecretBuffer& safe) const;
+
+  private:
+    AsnList list_;
+    int64_t version_ = 0;
+};
+
+// pfx_find_certificate and pfx_find_key give the first X.509 certificate, and the first
+// EncryptedPrivateKeyInfo, of an AuthenticatedSafe as they stand in it: 0 or a positive code with a text.
+// NO_DATA_ERROR: there is none; NOT_SUPPORTED_ERROR: none, but encrypted data that may hold it;
+// INVALID_DATA_ERROR: what comes before it is malformed.
+int pfx_find_certificate(const SecretBuffer& safe, SecretBuffer& certificate);
+int pfx_find_key(const SecretBuffer& safe, SecretBuffer& encryptedPrivateKeyInfo);
+
+} // namespace zul
