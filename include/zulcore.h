@@ -945,6 +945,33 @@ ZUL_API int PFX_MakeFile(const char* szFileOut, const char* szCertFile, const ch
  * MAC; OUT_OF_RANGE_ERROR: an iteration count above 10,000,000. */
 ZUL_API int PFX_VerifySig(const char* szPfxFile, const char* szPassword, int nOptions);
 
+/* --- OCSP_: asking for the status of a certificate (RFC 6960) ---------------------------------------- */
+
+/* OCSP_MakeRequest writes an unsigned request about one certificate as base64 in one line; decode it and POST
+ * it as application/ocsp-request. szCertFileOrSerialNum: the certificate, or its serial number in hex after
+ * "#x". szExtensions is ignored. nOptions: the ZUL_HASH_ algorithm that the issuer is named with (responders
+ * know SHA-1 best).
+ * Length. Query. Codes negated: -SHORT_BUF_ERROR: it does not fit; -NO_MATCH_ERROR: the certificate was not
+ * issued by szIssuerCert; -BAD_FLAG_ERROR: no such digest; -INVALID_DATA_ERROR: also "#x" and no hex. But
+ * BAD_PARAM_ERROR, for null or empty certificates, is returned as 6. */
+ZUL_API int OCSP_MakeRequest(char* szOutput, int nChars, const char* szIssuerCert,
+                             const char* szCertFileOrSerialNum, const char* szExtensions, int nOptions);
+
+/* OCSP_ReadResponse writes a report of a response, which is a file of DER, PEM or base64, or text, in lines
+ * of at most 1,023 characters in all: "Successful response:", " Produced at " and a time, then for each
+ * certificate " CertStatus=" with good, revoked (" at " and a time) or unknown, and " SerialNumber=" in hex;
+ * or the status of an unsuccessful one and a full stop, which is no error. szIssuerCert: null, or the
+ * certificate whose key has to verify the signature: the issuer's, or a delegated responder's that you have
+ * validated. Whether the response belongs to a request, and how old it is, is for the caller to see.
+ * szExtensions and nOptions are ignored.
+ * The report's length without output or room; with them the report is cut to nChars and the result is nChars.
+ * Or a negated code: -OPEN_ERROR: no such file, or above 1 MiB; -INVALID_DATA_ERROR: no response;
+ * -OUT_OF_RANGE_ERROR: no such status; -NOT_SUPPORTED_ERROR: not of type ocspBasic, or a signature of another
+ * kind; -BAD_FORMAT_ERROR: a time is missing or none; -SIGNATURE_ERROR; or the code of an issuer's
+ * certificate that cannot be read. */
+ZUL_API int OCSP_ReadResponse(char* szOutput, int nChars, const char* szResponseFile,
+                              const char* szIssuerCert, const char* szExtensions, int nOptions);
+
 #ifdef __cplusplus
 }
 #endif

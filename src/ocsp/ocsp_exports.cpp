@@ -1,0 +1,39 @@
+#include "frame/call_frame.h"
+#include "frame/text.h"
+#include "hash/digest.h"
+#include "ocsp/ocsp_request.h"
+#include "ocsp/ocsp_response.h"
+#include "zulcore.h"
+
+using namespace zul;
+
+namespace {
+
+bool is_missing(const char* text) {
+    return text == nullptr || *text == '\0';
+}
+
+} // namespace
+
+int OCSP_MakeRequest(char* szOutput, int nChars, const char* szIssuerCert, const char* szCertFileOrSerialNum,
+                     const char* /*szExtensions*/, int nOptions) {
+    CallFrame frame;
+    // Positive, other than all else here: programs know it so.
+    if (is_missing(szIssuerCert) || is_missing(szCertFileOrSerialNum))
+        return frame.status(BAD_PARAM_ERROR);
+    return frame.length(
+        ocsp_request(szOutput, nChars, szIssuerCert, szCertFileOrSerialNum, nOptions & kDigestAlgorithmMask));
+}
+
+int OCSP_ReadResponse(char* szOutput, int nChars, const char* szResponseFile, const char* szIssuerCert,
+                      const char* /*szExtensions*/, int /*nOptions*/) {
+    CallFrame frame;
+    if (is_missing(szResponseFile))
+        return frame.length(-BAD_PARAM_ERROR);
+    char report[kOcspReport];
+    const int error = ocsp_report(report, szResponseFile, szIssuerCert);
+    const int length = text_result(szOutput, nChars, report);
+    if (error != 0)
+        return frame.length(-error);
+    return szOutput == nullptr || nChars <= 0 ? length : nChars;
+}

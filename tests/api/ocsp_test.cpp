@@ -1,0 +1,193 @@
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+#include "support/temp_dir.h"
+#include "support/vectors.h"
+#include "zulcore.h"
+
+// OCSP requests and responses of openssl, and responses that no responder would send (tests/data/ocsp).
+
+namespace {
+
+using Bytes = std::vector<uint8_t>;
+
+std::string path_of(const std::string& file) {
+    return test::data_path("ocsp/" + file);
+}
+
+std::string last_error() {
+    std::string text(511, '\0');
+    text.resize(static_cast<size_t>(ZUL_LastError(text.data(), 511)));
+    return text;
+}
+
+std::string base64(const Bytes& data) {
+    std::string text((data.size() + 2) / 3 * 4, '\0');
+    CNV_B64StrFromBytes(text.data(), static_cast<int>(text.size()), data.data(),
+                        static_cast<int>(data.size()));
+    return text;
+}
+
+std::string with_line_feeds(std::string text) {
+    for (size_t at; (at = text.find("\\n")) != std::string::npos;)
+        text.replace(at, 2, "\n");
+    return text;
+}
+
+int ask(const std::string& response, const std::string& issuer, char* out = nullptr, int room = 0) {
+    return OCSP_ReadResponse(out, room, response.c_str(), issuer.c_str(), nullptr, 0);
+}
+
+std::string report(const std::string& response, const std::string& issuer = "") {
+    const int length = ask(response, issuer);
+    if (length < 0)
+        return "error " + std::to_string(-length) + ": " + last_error();
+    std::string text(static_cast<size_t>(length), '\0');
+    EXPECT_EQ(ask(response, issuer, text.data(), length), length);
+    return text;
+}
+
+int request(const std::string& cert, int options, std::string& text, const std::string& issuer) {
+    const auto call = [&](char* out, int room) {
+        return OCSP_MakeRequest(out, room, issuer.c_str(), cert.c_str(), "ignored", options);
+    };
+    const int length = call(nullptr, 0);
+    text.assign(static_cast<size_t>(std::max(length, 0)), '\0');
+    return length <= 0 ? length : call(text.data(), length);
+}
+
+} // namespace
+
+TEST(Ocsp, RequestsAreThoseOfOpenssl) {
+    for (const test::Vector& block : test::read_vectors("ocsp/requests.txt")) {
+        SCOPED_TRACE(block.where());
+        const std::string asked = block.text("Certificate"), expected = block.text("Request");
+        const std::string cert = asked[0] == '#' ? asked : path_of(asked);
+        std::string text;
+        EXPECT_EQ(request(cert, static_cast<int>(block.number("Digest")), text, path_of("ca.pem")),
+                  static_cast<int>(expected.size()));
+        EXPECT_EQ(text, expected);
+    }
+}
+
+TEST(Ocsp, SerialNumbersOfRequestsAreTheBytesGiven) {
+    const std::string ca = path_of("ca.pem");
+    std::string ofFile, ofText;
+    ASSERT_GT(request(path_of("responder.pem"), 0, ofFile, ca), 0);
+    EXPECT_EQ(request("#x4d", 0, ofText, ca), static_cast<int>(ofFile.size()));
+    EXPECT_EQ(ofText, ofFile);
+    const struct {
+        std::string given, integer;
+    } cases[] = {{"#x123", "02020123"},
+                 {"#xFF", "0201ff"},
+                 {"#x0000", "02020000"},
+                 {"#x0A:3f 0", "020300a3f0"},
+                 {"#x" + std::string(160, '7'), "0250" + std::string(160, '7')}};
+    for (const auto& each : cases) {
+        ASSERT_GT(request(each.given, ZUL_HASH_MD2, ofText, ca), 0) << each.given;
+        Bytes der(ofText.size());
+        der.resize(static_cast<size_t>(
+            CNV_BytesFromB64Str(der.data(), static_cast<int>(der.size()), ofText.c_str())));
+        const std::string hex = test::to_hex(der);
+        EXPECT_EQ(hex.substr(hex.size() - each.integer.size()), each.integer) << each.given;
+    }
+}
+
+TEST(Ocsp, RequestsThatCannotBeMade) {
+    const std::string ca = path_of("ca.pem"), cert = path_of("responder.pem");
+    const struct {
+        std::string issuer, cert;
+        int options, result;
+        std::string text;
+    } cases[] = {
+        {"", cert, 0, BAD_PARAM_ERROR, ""},
+        {ca, "", 0, BAD_PARAM_ERROR, ""},
+        {cert, cert, 0, -NO_MATCH_ERROR, "Certificate not issued by given issuer certificate"},
+        {path_of("missing"), cert, 0, -OPEN_ERROR, ""},
+        {ca, path_of("missing"), 0, -OPEN_ERROR, ""},
+        {ca, "#x", 0, -OPEN_ERROR, ""}, // the name of a file
+        {path_of("good.der"), cert, 0, -BAD_FORMAT_ERROR, "Not a valid X.509 certificate"},
+        {ca, path_of("good.der"), 0, -BAD_FORMAT_ERROR, "Not a valid X.509 certificate"},
+        {ca, "#xyz", 0, -INVALID_DATA_ERROR, "Serial number is not hexadecimal"},
+        {ca, "#x12g4", 0, -INVALID_DATA_ERROR, "Serial number is not hexadecimal"},
+        {ca, "#x :", 0, -INVALID_DATA_ERROR, "Serial number is not hexadecimal"},
+        {ca, cert, 7, -BAD_FLAG_ERROR, "Invalid digest algorithm"},
+        {ca, cert, 0xF, -BAD_FLAG_ERROR, "Invalid digest algorithm"},
+    };
+    std::string text;
+    for (const auto& each : cases) {
+        EXPECT_EQ(request(each.cert, each.options, text, each.issuer), each.result) << each.cert;
+        EXPECT_EQ(ZUL_ErrorCode(), std::abs(each.result));
+        const std::string said = last_error();
+        EXPECT_TRUE(each.text.empty() || said == each.text) << said;
+    }
+    const int length = request(cert, 0x10000 | ZUL_HASH_SHA256, text, ca); // other bits are ignored
+    ASSERT_GT(length, 0);
+    char tight[400] = "unchanged";
+    EXPECT_EQ(OCSP_MakeRequest(tight, length - 1, ca.c_str(), cert.c_str(), nullptr, ZUL_HASH_SHA256),
+              -SHORT_BUF_ERROR);
+    EXPECT_STREQ(tight, "");
+}
+
+TEST(Ocsp, ReportsOfWhatOpensslAnswers) {
+    for (const test::Vector& block : test::read_vectors("ocsp/responses.txt")) {
+        SCOPED_TRACE(block.where());
+        const std::string file = path_of(block.text("File")), issuer = path_of(block.text("Issuer"));
+        const std::string expected = with_line_feeds(block.text("Report"));
+        EXPECT_EQ(report(file), expected);
+        const bool hasRsaKey = block.text("Issuer") != "ec.pem";
+        EXPECT_EQ(report(file, issuer),
+                  hasRsaKey ? expected
+                            : "error 19: Unsupported key algorithm '1.2.840.10045.2.1': require "
+                              "`rsaEncryption'; Signature is invalid");
+        const std::string another = path_of(block.text("Issuer") == "ca.pem" ? "responder.pem" : "ca.pem");
+        EXPECT_EQ(ask(file, another), hasRsaKey ? -SIGNATURE_ERROR : -NOT_SUPPORTED_ERROR);
+        const Bytes der = test::read_file(file);
+        EXPECT_EQ(report(base64(der), hasRsaKey ? issuer : ""), expected);
+        EXPECT_EQ(report("-----BEGIN X-----\n" + base64(der) + "\n-----END X-----\n"), expected);
+    }
+    EXPECT_EQ(ask(path_of("good.der"), path_of("missing")), -OPEN_ERROR);
+    EXPECT_EQ(ask(path_of("good.der"), path_of("good.der")), -BAD_FORMAT_ERROR);
+}
+
+TEST(Ocsp, ReportsOfWhatNobodyShouldAnswer) {
+    const test::TempDir dir;
+    for (const test::Vector& block : test::read_vectors("ocsp/crafted.txt")) {
+        SCOPED_TRACE(block.where() + ", " + block.text("Case"));
+        const std::string file = dir.write("response", block.hex("Response"));
+        const std::string issuer = block.has("Issuer") ? path_of(block.text("Issuer")) : "";
+        const int result = static_cast<int>(block.number("Result"));
+        if (result == 0) {
+            EXPECT_EQ(report(file, issuer), with_line_feeds(block.text("Report")));
+            continue;
+        }
+        char text[] = "unchanged";
+        EXPECT_EQ(ask(file, issuer, text, 9), result);
+        EXPECT_EQ(ZUL_ErrorCode(), -result);
+        const std::string said = last_error(), expected = block.text("Text");
+        EXPECT_TRUE(said.ends_with(expected)) << said;
+        EXPECT_STREQ(text, ""); // no report of an earlier call is left to be read
+    }
+}
+
+TEST(Ocsp, WithABufferTheResultIsItsRoom) {
+    const std::string tryLater = "MAMKAQM="; // base64 of any length is taken
+    char text[40];
+    const struct {
+        int room, result;
+        std::string text;
+    } cases[] = {{4, 4, "tryL"}, {9, 9, "tryLater."}, {30, 30, "tryLater."}, {0, 9, "#"}, {-1, 9, "#"}};
+    for (const auto& each : cases) {
+        std::fill_n(text, sizeof text - 1, '#');
+        text[1] = '\0';
+        EXPECT_EQ(ask(tryLater, "", text, each.room), each.result);
+        EXPECT_EQ(text, each.text);
+    }
+    EXPECT_EQ(OCSP_ReadResponse(nullptr, 40, tryLater.c_str(), nullptr, "ignored", -1), 9);
+    EXPECT_EQ(OCSP_ReadResponse(nullptr, 0, nullptr, nullptr, nullptr, 0), -BAD_PARAM_ERROR);
+    EXPECT_EQ(ask("", ""), -BAD_PARAM_ERROR);
+    EXPECT_EQ(ask(path_of("missing"), ""), -OPEN_ERROR);
+    EXPECT_EQ(ask(path_of("requests.txt"), ""), -INVALID_DATA_ERROR);
+}
