@@ -14,16 +14,16 @@ import time
 KEY, IV = "00112233445566778899aabbccddeeff" * 2, "0f1e2d3c4b5a69788796a5b4c3d2e1f0"
 
 
-def seconds_of(command):
+def seconds_of(command, **options):
     """Wall-clock seconds of one process that must succeed."""
     start = time.perf_counter()
-    subprocess.run(command, stdout=subprocess.DEVNULL, check=True)
+    subprocess.run(command, stdout=subprocess.DEVNULL, check=True, **options)
     return time.perf_counter() - start
 
 
-def peak_of(command):
+def peak_of(command, **options):
     """Peak resident KiB, looked up while the process runs: its rusage would count this interpreter as well."""
-    process = subprocess.Popen(command, stdout=subprocess.DEVNULL)
+    process = subprocess.Popen(command, stdout=subprocess.DEVNULL, **options)
     peak = 0
     while process.poll() is None:
         status = pathlib.Path(f"/proc/{process.pid}/status").read_text()

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# bench.sh [--filter=TEXT ...]: builds and runs the benchmarks, then whole processes over a 256 MiB file.
+# bench.sh [--filter=TEXT ...]: builds and runs the benchmarks, then whole processes over large files and messages.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -11,3 +11,5 @@ echo
 python3 bench/whole_process.py build/native/zul
 echo
 python3 bench/large_crl.py build/native/zul
+echo
+python3 bench/whole_message.py build/native/zul
