@@ -787,17 +787,17 @@ ZUL_API int X509_TextDump(const char* szFileOut, const char* szCertFile, int nOp
  * "p7b"), a message argument as below. nIndex below 1 counts the certificates; else the nIndex-th one, from
  * 1, is written to szNewCertFile as DER, unless that is null or empty. nOptions is ignored.
  * Length of the certificate in bytes, or the count; 0: there is no such certificate. -BAD_FORMAT_ERROR: no
- * such message; -CREATE_ERROR; -WRITE_ERROR. */
+ * such message, or one that does not end; -CREATE_ERROR; -WRITE_ERROR. */
 ZUL_API int X509_GetCertFromP7Chain(const char* szNewCertFile, const char* szP7cFile, int nIndex,
                                     int nOptions);
 
 /* X509_GetCertFromPFX and RSA_GetPrivateKeyFromPFX write the first certificate of a PKCS #12 file, as DER,
  * and its first encrypted private key, as RSA_ReadEncPrivateKey reads it, to a file. The key stays encrypted
  * as it is, so no password is asked for and the MAC is not checked. nOptions is ignored.
- * Status, positive. BAD_PARAM_ERROR; OPEN_ERROR; INVALID_DATA_ERROR: no PFX, or one with a signature instead
- * of a MAC; NOT_SUPPORTED_ERROR: of another version than 3, or what is wanted is inside an encrypted part of
- * the file; NO_DATA_ERROR: there is none; CREATE_ERROR, also if the new file is the PFX file itself;
- * WRITE_ERROR. */
+ * Status, positive. BAD_PARAM_ERROR; OPEN_ERROR; INVALID_DATA_ERROR: no PFX, one with a signature instead of
+ * a MAC, or bags nested more than 8 deep; NOT_SUPPORTED_ERROR: of another version than 3, or what is wanted
+ * is inside an encrypted part of the file; NO_DATA_ERROR: there is none; CREATE_ERROR, also if the new file
+ * is the PFX file itself; WRITE_ERROR. */
 ZUL_API int X509_GetCertFromPFX(const char* szFileOut, const char* szPfxFile, int nOptions);
 ZUL_API int RSA_GetPrivateKeyFromPFX(const char* szFileOut, const char* szPfxFile, int nOptions);
 
@@ -805,8 +805,8 @@ ZUL_API int RSA_GetPrivateKeyFromPFX(const char* szFileOut, const char* szPfxFil
  * A message argument (szFileIn) is the name of a file of DER or BER, PEM or base64, or the message as text,
  * as certificate arguments are. szCertList: certificate arguments joined by ";", of which the first 10 count.
  * Content that a message carries has at most 16 MiB (with its padding, when it is encrypted):
- * MSG_TOO_LONG_ERROR above; content that others have cut into segments may have more. Files written over are
- * replaced; a failed call leaves none.
+ * MSG_TOO_LONG_ERROR above; content that others have cut into segments may have more. An output that is there
+ * is replaced; a call that fails while it writes leaves none, one that fails before leaves it as it was.
  * szPrivateKey: a private key string.
  *
  * Codes of all: BAD_PARAM_ERROR: an argument that may not be null or empty; OPEN_ERROR: a file cannot be
@@ -846,8 +846,8 @@ ZUL_API int CMS_MakeDetachedSig(const char* szFileOut, const char* szHexDigest, 
 
 /* CMS_MakeSigDataFromSigValue makes a message of a finished signature (made by a smart card, say) of nDataLen
  * bytes of content, which is checked with the key of the first certificate. Signed attributes are never
- * added: the signature is not of those. SIGNATURE_ERROR: it does not verify, or that
- * certificate has no RSA key. Otherwise as CMS_MakeSigData. */
+ * added: the signature is not of those. SIGNATURE_ERROR: it does not verify, or that certificate has no RSA
+ * key. Otherwise as CMS_MakeSigData. */
 ZUL_API int CMS_MakeSigDataFromSigValue(const char* szFileOut, const unsigned char* lpSigValue, int nSigLen,
                                         const unsigned char* lpData, int nDataLen, const char* szCertList,
                                         int nOptions);
@@ -855,8 +855,8 @@ ZUL_API int CMS_MakeSigDataFromSigValue(const char* szFileOut, const unsigned ch
 /* CMS_ReadSigData writes the content of a signed message to a file, CMS_ReadSigDataToString to nDataOutLen
  * bytes of room and a NUL. The signature is not checked: call CMS_VerifySigData. nOptions is ignored.
  * Length of the content. Query (CMS_ReadSigDataToString). -CREATE_ERROR: also if szFileOut is the input file
- * itself; -NO_DATA_ERROR: no content in it (a detached
- * signature); -NOT_SUPPORTED_ERROR: SignedData of another version than 1. */
+ * itself; -NO_DATA_ERROR: no content in it (a detached signature); -NOT_SUPPORTED_ERROR: SignedData of
+ * another version than 1. */
 ZUL_API int CMS_ReadSigData(const char* szFileOut, const char* szFileIn, int nOptions);
 ZUL_API int CMS_ReadSigDataToString(char* szDataOut, int nDataOutLen, const char* szFileIn, int nOptions);
 
@@ -886,7 +886,9 @@ ZUL_API int CMS_GetSigDataDigest(char* szHexDigestOut, int nDigestLen, const cha
  * ("CountOfSignerInfos"), and of the first signer, or of the n-th if "/n" follows, "signerInfoVersion" and
  * "HASsignedAttrs" ("HASsignedAttributes") are numbers, which are the result; "eContentType", and of a signer
  * "SigningTime" ("yyyy-mm-dd hh:nn:ss", UTC), "digestAlgorithm", "signatureAlgorithm" and "messageDigest"
- * (hex) are texts. What is not there is 0 or empty. nOptions: ZUL_QUERY_GETTYPE as in X509_QueryCert.
+ * (hex) are texts. What is not there is 0 or empty. A message may have signers that nobody verified, and
+ * the first need not be the one that CMS_VerifySigData found: believe these answers if "CountOfSigners" is 1.
+ * nOptions: ZUL_QUERY_GETTYPE as in X509_QueryCert.
  * Length (or the number). Query. -BAD_QUERY_ERROR: no such query. */
 ZUL_API int CMS_QuerySigData(char* szOutput, int nOutChars, const char* szFileIn, const char* szQuery,
                              int nOptions);
@@ -906,11 +908,16 @@ ZUL_API int CMS_MakeEnvDataFromString(const char* szFileOut, const char* szDataI
                                       const unsigned char* lpSeed, int nSeedLen, int nOptions);
 
 /* CMS_ReadEnvData decrypts an enveloped message (Triple DES, AES or RC2, CBC) into a file,
- * CMS_ReadEnvDataToString into nDataOutLen bytes of room and a NUL. szX509File: the recipient's certificate;
- * null or empty: every recipient with a key of the right length is tried, at most 100. nOptions is ignored.
+ * CMS_ReadEnvDataToString into nDataOutLen bytes of room and a NUL. szX509File: the recipient's certificate,
+ * of whose entries in the message at most 4 are tried; null or empty: every recipient with a key of the right
+ * length is tried, at most 100. nOptions is ignored.
+ * The content is not authenticated: anybody can change it or make it. And whoever can have any number of
+ * messages of his own opened, and learns which calls succeed, learns about the key, whatever the codes say:
+ * do not open messages for strangers automatically; sign before encrypting, and verify after.
  * 0 (CMS_ReadEnvDataToString: length; Query), or a negated code. -DECRYPT_ERROR: no recipient, or not one
  * whose key this is, or damaged data, which all look the same; -NOT_SUPPORTED_ERROR: another cipher;
- * -MSG_TOO_LONG_ERROR: content in one piece above 16 MiB; -IO_ERROR: the output cannot be closed. */
+ * -MSG_TOO_LONG_ERROR: content in one piece above 16 MiB, or above 256 MiB in all; -IO_ERROR: the output
+ * cannot be closed. */
 ZUL_API int CMS_ReadEnvData(const char* szFileOut, const char* szFileIn, const char* szX509File,
                             const char* szPrivateKey, int nOptions);
 ZUL_API int CMS_ReadEnvDataToString(char* szDataOut, int nDataOutLen, const char* szFileIn,

@@ -1,10 +1,19 @@
 #include "asn1/asn_scope.h"
 
+#include "asn1/asn_parse.h"
+
 namespace zul {
+namespace {
+
+bool is_type(const AsnHeader& header, uint32_t cls, uint32_t tag) {
+    return header.hdr[0] == (cls | tag);
+}
+
+} // namespace
 
 bool asn_enter(ByteStream& stream, AsnScope& scope, uint32_t cls, uint32_t tag) {
     AsnHeader header;
-    if (asn_read_header(stream, header) != 1 || header.cls != cls || header.tag != tag)
+    if (asn_read_header(stream, header) != 1 || !is_type(header, cls, tag))
         return false;
     const size_t offset = stream.offset();
     if (offset > scope.end)
@@ -20,7 +29,7 @@ bool asn_enter(ByteStream& stream, AsnScope& scope, uint32_t cls, uint32_t tag) 
 
 bool asn_leave(ByteStream& stream, const AsnScope& inner) {
     if (!inner.isOpen)
-        return stream.seek(inner.end);
+        return stream.offset() == inner.end;
     AsnHeader header;
     return asn_read_header(stream, header) == 1 && header.cls == 0 && header.tag == 0 &&
            !header.is_false_marker() && stream.offset() <= inner.end;
@@ -51,7 +60,23 @@ bool asn_skip_element(ByteStream& stream, size_t limit, AsnHeader& first) {
 
 bool asn_skip_type(ByteStream& stream, size_t limit, uint32_t cls, uint32_t tag) {
     AsnHeader header;
-    return asn_skip_element(stream, limit, header) && header.cls == cls && header.tag == tag;
+    return asn_skip_element(stream, limit, header) && is_type(header, cls, tag);
+}
+
+bool asn_skip_optional(ByteStream& stream, const AsnScope& scope, uint32_t cls, uint32_t tag) {
+    return !asn_next_is(stream, scope, cls, tag) || asn_skip_type(stream, scope.end, cls, tag);
+}
+
+bool asn_read_element(ByteStream& stream, const AsnScope& scope, uint32_t cls, uint32_t tag, size_t maxSize,
+                      AsnList& element) {
+    const size_t start = stream.offset();
+    if (!asn_next_is(stream, scope, cls, tag) || !asn_skip_type(stream, scope.end, cls, tag))
+        return false;
+    const size_t end = stream.offset();
+    if (end - start > maxSize || !stream.seek(start))
+        return false;
+    element = asn_Parse(stream, false, true);
+    return element && stream.seek(end);
 }
 
 bool asn_at_scope_end(ByteStream& stream, const AsnScope& scope) {

@@ -3,10 +3,12 @@
 #include <cstdint>
 
 #include "asn1/asn_header.h"
+#include "asn1/asn_node.h"
 #include "asn1/byte_stream.h"
 
 // A walk over elements where they stand in a stream, for objects that are too large to be parsed: headers are
-// read, contents stepped over. Every function leaves the stream anywhere when it fails.
+// read, contents stepped over. Every function leaves the stream anywhere when it fails. A type is that of one
+// identifier octet, with a tag below 31; that tag in the form of the higher ones is another type.
 namespace zul {
 
 // AsnScope is where the content of an element ends: at an offset, or, if it is open, at an end-of-contents
@@ -20,13 +22,19 @@ struct AsnScope {
 // scope inside another is to be left by asn_leave before the outer one is used again.
 bool asn_enter(ByteStream& stream, AsnScope& scope, uint32_t cls, uint32_t tag);
 // asn_leave steps from the end of a scope's last element behind the end-of-contents marker that an open one
-// has, or to the end of any other: false if an open scope has elements left.
+// has to have: false if elements are left.
 bool asn_leave(ByteStream& stream, const AsnScope& inner);
 
 // asn_skip_element goes behind an element that has to end by the limit. Inside one of indefinite length only
 // the depth is counted, so no nesting is too deep. An end-of-contents marker is no element.
 bool asn_skip_element(ByteStream& stream, size_t limit, AsnHeader& first);
 bool asn_skip_type(ByteStream& stream, size_t limit, uint32_t cls, uint32_t tag);
+// asn_skip_optional is true, too, if another element or none follows.
+bool asn_skip_optional(ByteStream& stream, const AsnScope& scope, uint32_t cls, uint32_t tag);
+// asn_read_element parses an element of one type and goes behind it. How long it is, at most maxSize bytes,
+// is known before it costs memory.
+bool asn_read_element(ByteStream& stream, const AsnScope& scope, uint32_t cls, uint32_t tag, size_t maxSize,
+                      AsnList& element);
 
 // asn_at_scope_end tells whether no element follows; the stream stays where it is.
 bool asn_at_scope_end(ByteStream& stream, const AsnScope& scope);

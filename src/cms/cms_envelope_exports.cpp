@@ -20,22 +20,6 @@ Seed seed_of(const unsigned char* bytes, int size) {
     return {bytes, static_cast<size_t>(size)};
 }
 
-int query_by_keyword(char* out, int room, const char* fileOrText, const char* keyword, int options) {
-    if (is_missing(keyword))
-        return -BAD_PARAM_ERROR;
-    int index;
-    const int found = find_message_query(keyword, &index);
-    if (found < 0)
-        return found;
-    const auto query = static_cast<MessageQuery>(found);
-    if (!is_enveloped_data_query(query))
-        return -BAD_QUERY_ERROR;
-    if ((options & ZUL_QUERY_GETTYPE) != 0)
-        return message_query_type(query);
-    return is_missing(fileOrText) ? -BAD_PARAM_ERROR
-                                  : query_enveloped_data(out, room, fileOrText, query, index);
-}
-
 } // namespace
 
 int CMS_MakeEnvData(const char* szFileOut, const char* szFileIn, const char* szCertList,
@@ -80,5 +64,6 @@ int CMS_ReadEnvDataToString(char* szDataOut, int nDataOutLen, const char* szFile
 
 int CMS_QueryEnvData(char* szOutput, int nOutChars, const char* szFileIn, const char* szQuery, int nOptions) {
     CallFrame frame;
-    return frame.length(query_by_keyword(szOutput, nOutChars, szFileIn, szQuery, nOptions));
+    return frame.length(query_by_keyword({is_enveloped_data_query, query_enveloped_data}, szOutput, nOutChars,
+                                         szFileIn, szQuery, nOptions));
 }

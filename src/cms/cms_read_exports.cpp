@@ -21,15 +21,6 @@ int fail(int code, const char* text) {
     return -code;
 }
 
-// is_same_file tells whether the output would take the place of the input, which is read as the output is
-// written. A pipe is not opened for that: it can be read only once.
-bool is_same_file(const char* fileOut, const char* fileOrText) {
-    if (!platform::file_is_regular(fileOrText))
-        return false;
-    const File in(fileOrText, platform::OpenMode::read);
-    return in.is_open() && platform::file_is(in.handle(), fileOut);
-}
-
 // open_content gives 0 or a negated code.
 int open_content(SignedData& message, const char* fileOrText) {
     int error = message.open(fileOrText);
@@ -42,7 +33,8 @@ int open_content(SignedData& message, const char* fileOrText) {
 
 int read_to_file(const char* fileOut, const char* fileOrText) {
     constexpr const char* kNoFile = "Cannot create output file";
-    if (is_same_file(fileOut, fileOrText))
+    // The input is read as the output is written.
+    if (is_same_file(fileOrText, fileOut))
         return fail(CREATE_ERROR, kNoFile);
     SignedData message;
     const int error = open_content(message, fileOrText);

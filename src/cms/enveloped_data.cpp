@@ -1,7 +1,6 @@
 #include "cms/enveloped_data.h"
 
 #include "asn1/asn_children.h"
-#include "asn1/asn_parse.h"
 #include "asn1/asn_value.h"
 #include "frame/err.h"
 #include "x509/certificate_list.h"
@@ -18,25 +17,13 @@ int invalid(const char* text) {
     return INVALID_DATA_ERROR;
 }
 
-// read_element parses an element of one type. What it costs is known before it is parsed.
 bool read_element(ByteStream& stream, const AsnScope& scope, uint32_t cls, uint32_t tag, AsnList& element) {
-    const size_t start = stream.offset();
-    if (!asn_next_is(stream, scope, cls, tag) || !asn_skip_type(stream, scope.end, cls, tag))
-        return false;
-    const size_t end = stream.offset();
-    if (end - start > kMaxX509Object || !stream.seek(start))
-        return false;
-    element = asn_Parse(stream, false, true);
-    return element && stream.seek(end);
+    return asn_read_element(stream, scope, cls, tag, kMaxX509Object, element);
 }
 
 // read_if_there leaves the element empty if another, or none, follows.
 bool read_if_there(ByteStream& stream, const AsnScope& scope, uint32_t cls, uint32_t tag, AsnList& element) {
     return !asn_next_is(stream, scope, cls, tag) || read_element(stream, scope, cls, tag, element);
-}
-
-bool skip_if_there(ByteStream& stream, const AsnScope& scope, uint32_t cls, uint32_t tag) {
-    return !asn_next_is(stream, scope, cls, tag) || asn_skip_type(stream, scope.end, cls, tag);
 }
 
 int count_children(const asn_Node* parent) {
@@ -74,17 +61,19 @@ int EnvelopedData::open(const char* fileOrText) {
         err_add_text("Unable to read enveloped-data file");
         return error;
     }
-    AsnScope scope;
+    ContentInfoScope scope;
     if (!enter_content_info(source_.stream(), scope, "envelopedData"))
         return invalid("Invalid Content Type - expected enveloped-data");
-    return read_fields(source_.stream(), scope);
+    if (const int error = read_fields(source_.stream(), scope.structure))
+        return error;
+    return leave_content_info(source_.stream(), scope) ? 0 : invalid(kMalformed);
 }
 
 int EnvelopedData::read_fields(ByteStream& stream, const AsnScope& scope) {
     constexpr uint32_t kOriginatorInfo = 0, kUnprotectedAttributes = 1;
     AsnList version;
     if (!read_element(stream, scope, kAsnUniversal, kAsnInteger, version) ||
-        !skip_if_there(stream, scope, kAsnExplicit, kOriginatorInfo) ||
+        !asn_skip_optional(stream, scope, kAsnExplicit, kOriginatorInfo) ||
         !read_element(stream, scope, kAsnConstructed, kAsnSet, recipientInfos_))
         return invalid(kMalformed);
     version_ = asn_GetInt(version.head());
@@ -94,10 +83,7 @@ int EnvelopedData::read_fields(ByteStream& stream, const AsnScope& scope) {
         return invalid(kMalformed);
     if (const int error = read_encrypted_content_info(stream, inner))
         return error;
-    return skip_if_there(stream, scope, kAsnExplicit, kUnprotectedAttributes) &&
-                   asn_at_scope_end(stream, scope)
-               ? 0
-               : invalid(kMalformed);
+    return asn_skip_optional(stream, scope, kAsnExplicit, kUnprotectedAttributes) ? 0 : invalid(kMalformed);
 }
 
 int EnvelopedData::read_encrypted_content_info(ByteStream& stream, const AsnScope& scope) {
@@ -109,7 +95,7 @@ int EnvelopedData::read_encrypted_content_info(ByteStream& stream, const AsnScop
         if (error != 0)
             return error == INVALID_DATA_ERROR ? invalid(kMalformed) : error;
     }
-    return asn_at_scope_end(stream, scope) && asn_leave(stream, scope) ? 0 : invalid(kMalformed);
+    return asn_leave(stream, scope) ? 0 : invalid(kMalformed);
 }
 
 } // namespace zul

@@ -37,17 +37,19 @@ int no_key() {
 class Candidates {
   public:
     // find looks at what is public of every recipient.
-    void find(const asn_Node* recipients, const CertificateFields* certificate, size_t keyBytes) {
-        for (AsnChildren children(recipients); !children.at_end() && count_ < kMaxRecipientsTried;)
+    void find(const asn_Node* recipients, const CertificateIdentifiers* certificate, size_t keyBytes) {
+        const int limit = certificate == nullptr ? kMaxRecipientsTried : kMaxNamedTried;
+        for (AsnChildren children(recipients); !children.at_end() && count_ < limit;)
             look_at(recipient_fields(children.take()), certificate, keyBytes);
     }
     int count() const { return count_; }
     const SecretBuffer& encrypted_key(int n) const { return keys_[n]; }
 
   private:
-    void look_at(const RecipientFields& recipient, const CertificateFields* certificate, size_t keyBytes) {
+    void look_at(const RecipientFields& recipient, const CertificateIdentifiers* certificate,
+                 size_t keyBytes) {
         if (recipient.encryptedKey == nullptr ||
-            (certificate != nullptr && !identifier_names(recipient.identifier, *certificate)))
+            (certificate != nullptr && !certificate->include(identifier_digest(recipient.identifier))))
             return;
         char algorithm[kAlgorithmName];
         algorithm_name(recipient.keyEncryptionAlgorithm, algorithm);
@@ -88,8 +90,11 @@ int read_encrypted(EnvelopedData& message, const ContentCipher& cipher, SecretBu
         return fail(INVALID_DATA_ERROR, "No encrypted content");
     OctetContent& encrypted = message.content();
     const size_t size = encrypted.size();
-    if (size > kMaxAllocation)
-        return fail(MSG_TOO_LONG_ERROR, "Encrypted content is too long");
+    if (size > kMaxOpenedContent) {
+        err_add_text("Encrypted content is too long (max=%u bytes)",
+                     static_cast<unsigned>(kMaxOpenedContent));
+        return MSG_TOO_LONG_ERROR;
+    }
     if (size == 0 || size % cipher.block_length() != 0)
         return fail(DECRYPT_ERROR, "Invalid length of encrypted content");
     content = SecretBuffer(size);
@@ -122,7 +127,7 @@ int decrypt(const RsaKey& key, const Candidates& candidates, const ContentCipher
     return no_key();
 }
 
-int open_message(const char* fileOrText, const CertificateFields* certificate, const RsaKey& key,
+int open_message(const char* fileOrText, const CertificateIdentifiers* certificate, const RsaKey& key,
                  SecretBuffer& content) {
     EnvelopedData message;
     if (const int error = message.open(fileOrText))
@@ -148,15 +153,13 @@ int open_enveloped_data(const char* fileOrText, const char* cert, const char* pr
     RsaKey key;
     if (const int error = rsa_open_private(privateKey, key))
         return fail(error, "Invalid Private Key");
+    if (cert == nullptr || *cert == '\0')
+        return open_message(fileOrText, nullptr, key, content);
     AsnList certificate;
-    CertificateFields fields;
-    const bool isNamed = cert != nullptr && *cert != '\0';
-    if (isNamed) {
-        if (const int error = x509_read_certificate(cert, certificate))
-            return error;
-        fields = certificate_fields(certificate.head());
-    }
-    return open_message(fileOrText, isNamed ? &fields : nullptr, key, content);
+    if (const int error = x509_read_certificate(cert, certificate))
+        return error;
+    const CertificateIdentifiers identifiers(certificate_fields(certificate.head()));
+    return open_message(fileOrText, &identifiers, key, content);
 }
 
 } // namespace zul

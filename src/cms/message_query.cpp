@@ -85,4 +85,21 @@ int message_query_type(MessageQuery query) {
     return -BAD_QUERY_ERROR;
 }
 
+int query_by_keyword(const MessageKind& kind, char* out, int room, const char* fileOrText,
+                     const char* keyword, int options) {
+    if (keyword == nullptr || *keyword == '\0')
+        return -BAD_PARAM_ERROR;
+    int index;
+    const int found = find_message_query(keyword, &index);
+    if (found < 0)
+        return found;
+    const auto query = static_cast<MessageQuery>(found);
+    if (!kind.knows(query))
+        return -BAD_QUERY_ERROR;
+    if ((options & ZUL_QUERY_GETTYPE) != 0)
+        return message_query_type(query);
+    return fileOrText == nullptr || *fileOrText == '\0' ? -BAD_PARAM_ERROR
+                                                        : kind.answer(out, room, fileOrText, query, index);
+}
+
 } // namespace zul

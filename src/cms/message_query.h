@@ -46,4 +46,13 @@ int message_query_type(MessageQuery query);
 int query_signed_data(char* out, int room, const char* fileOrText, MessageQuery query, int index);
 int query_enveloped_data(char* out, int room, const char* fileOrText, MessageQuery query, int index);
 
+// query_by_keyword answers a query of one of the two kinds, whose functions it takes: as these do, or what
+// ZUL_QUERY_GETTYPE asks for.
+struct MessageKind {
+    bool (*knows)(MessageQuery query);
+    int (*answer)(char* out, int room, const char* fileOrText, MessageQuery query, int index);
+};
+int query_by_keyword(const MessageKind& kind, char* out, int room, const char* fileOrText,
+                     const char* keyword, int options);
+
 } // namespace zul

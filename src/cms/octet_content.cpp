@@ -29,7 +29,7 @@ int OctetContent::open(ByteStream& stream, const AsnScope& scope, uint32_t cls, 
         if (asn_read_header(stream, header) != 1)
             return INVALID_DATA_ERROR;
         const bool marker = is_marker(header) && levels.depth() > 0;
-        if (marker ? header.is_false_marker() : (header.cls & ~kAsnConstructed) != cls || header.tag != tag)
+        if (marker ? header.is_false_marker() : (header.hdr[0] & ~kAsnConstructed) != (cls | tag))
             return INVALID_DATA_ERROR;
         const size_t offset = stream.offset();
         const auto end = static_cast<int64_t>(offset) + header.length;

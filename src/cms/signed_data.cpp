@@ -2,7 +2,6 @@
 
 #include "asn1/asn_children.h"
 #include "asn1/asn_element.h"
-#include "asn1/asn_parse.h"
 #include "asn1/asn_value.h"
 #include "asn1/oid.h"
 #include "frame/err.h"
@@ -17,16 +16,13 @@ int invalid(const char* text) {
     return INVALID_DATA_ERROR;
 }
 
-// read_element parses an element of one type. What it costs is known before it is parsed.
-bool read_element(ByteStream& stream, const AsnScope& scope, uint32_t cls, uint32_t tag, AsnList& element) {
-    const size_t start = stream.offset();
-    if (!asn_next_is(stream, scope, cls, tag) || !asn_skip_type(stream, scope.end, cls, tag))
-        return false;
-    const size_t end = stream.offset();
-    if (end - start > kMaxX509Object || !stream.seek(start))
-        return false;
-    element = asn_Parse(stream, false, true);
-    return element && stream.seek(end);
+// read_version gives -1 for what is no number from 0 to INT_MAX.
+int64_t read_version(ByteStream& stream, const AsnScope& scope) {
+    AsnList version;
+    if (!asn_read_element(stream, scope, kAsnUniversal, kAsnInteger, kMaxX509Object, version))
+        return -1;
+    const int64_t number = asn_GetInt(version.head());
+    return number >= 0 && (version.head()->data[0] & 0x80) == 0 ? number : -1;
 }
 
 bool is_data(const asn_Node* type) {
@@ -40,17 +36,17 @@ int SignedData::open(const char* fileOrText) {
     if (const int error = source_.open(fileOrText))
         return error;
     ByteStream& stream = source_.stream();
-    AsnScope scope;
+    ContentInfoScope scope;
     if (!enter_content_info(stream, scope, "signedData"))
         return invalid("Invalid Content Type: expected signed-data");
-    return read_fields(stream, scope);
+    if (const int error = read_fields(stream, scope.structure))
+        return error;
+    return leave_content_info(stream, scope) ? 0 : invalid("Invalid SignedData: invalid end");
 }
 
 int SignedData::read_fields(ByteStream& stream, const AsnScope& scope) {
-    AsnList version;
-    if (read_element(stream, scope, kAsnUniversal, kAsnInteger, version))
-        version_ = asn_GetInt(version.head());
-    if (!version || version_ < 0)
+    version_ = read_version(stream, scope);
+    if (version_ < 0)
         return invalid("Invalid SignedData: cannot find CMSVersion");
     if (!asn_skip_type(stream, scope.end, kAsnConstructed, kAsnSet))
         return invalid("Invalid SignedData: no digestAlgorithms");
@@ -68,22 +64,19 @@ int SignedData::read_fields(ByteStream& stream, const AsnScope& scope) {
          !asn_leave(stream, inner)))
         return invalid("Invalid SignedData: invalid certificates");
     constexpr uint32_t kRevocationLists = 1;
-    if (asn_next_is(stream, scope, kAsnExplicit, kRevocationLists) &&
-        !asn_skip_type(stream, scope.end, kAsnExplicit, kRevocationLists))
+    if (!asn_skip_optional(stream, scope, kAsnExplicit, kRevocationLists))
         return invalid("Invalid SignedData: invalid crls");
     return read_signers(stream, scope);
 }
 
 int SignedData::read_content_info(ByteStream& stream, AsnScope scope) {
-    if (!read_element(stream, scope, kAsnUniversal, kAsnOid, contentType_))
+    if (!asn_read_element(stream, scope, kAsnUniversal, kAsnOid, kMaxX509Object, contentType_))
         return invalid("Invalid SignedData: no contentType");
     hasContent_ = asn_next_is(stream, scope, kAsnExplicit, 0);
     if (hasContent_)
         if (const int error = read_content(stream, scope))
             return error;
-    return asn_at_scope_end(stream, scope) && asn_leave(stream, scope)
-               ? 0
-               : invalid("Invalid SignedData: invalid encapContentInfo");
+    return asn_leave(stream, scope) ? 0 : invalid("Invalid SignedData: invalid encapContentInfo");
 }
 
 int SignedData::read_content(ByteStream& stream, const AsnScope& scope) {
@@ -101,13 +94,13 @@ int SignedData::read_content(ByteStream& stream, const AsnScope& scope) {
     } else if (!asn_skip_element(stream, inner.end, other)) { // PKCS #7 (RFC 2315, 7) has any type there
         return invalid(kInvalid);
     }
-    return asn_at_scope_end(stream, inner) && asn_leave(stream, inner) ? 0 : invalid(kInvalid);
+    return asn_leave(stream, inner) ? 0 : invalid(kInvalid);
 }
 
 int SignedData::read_signers(ByteStream& stream, const AsnScope& scope) {
     if (!asn_next_is(stream, scope, kAsnConstructed, kAsnSet))
         return invalid("Invalid SignedData: no signerInfos");
-    if (!read_element(stream, scope, kAsnConstructed, kAsnSet, signerInfos_) ||
+    if (!asn_read_element(stream, scope, kAsnConstructed, kAsnSet, kMaxX509Object, signerInfos_) ||
         !asn_at_scope_end(stream, scope))
         return invalid("Invalid SignedData: invalid signerInfos");
     AsnChildren signers(signerInfos_.head());

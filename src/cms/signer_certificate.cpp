@@ -1,6 +1,7 @@
 #include "cms/signer_certificate.h"
 
-#include "asn1/asn_element.h"
+#include <algorithm>
+
 #include "cms/certificate_identifier.h"
 #include "cms/signed_data.h"
 #include "frame/err.h"
@@ -10,36 +11,41 @@
 namespace zul {
 namespace {
 
-int64_t node_count(const asn_Node* element) {
-    int64_t count = 1;
-    const asn_Node* end = element == nullptr ? nullptr : asn_ElementEnd(element);
-    for (; element != end; element = element->next)
-        count++;
-    return count;
-}
-
-// SignerSearch compares signers with certificates. Each pair may have to be looked at, names of any length in
-// each, so that a hostile message would take for ever: after a second nothing matches any more.
-class SignerSearch {
+// SignerIndex finds signers by what a certificate is called. There may be a million of both, so that not
+// every pair can be compared.
+class SignerIndex {
   public:
-    explicit SignerSearch(const SignedData& message) : message_(message) {}
+    explicit SignerIndex(const SignedData& message)
+        : entries_(static_cast<Entry*>(ecalloc(static_cast<size_t>(message.signer_count()), sizeof(Entry)))) {
+        for (int n = 0; n < message.signer_count(); n++)
+            if (const IdentifierDigest digest = identifier_digest(message.signer(n).identifier))
+                entries_[count_++] = {digest, n};
+        std::sort(entries_, entries_ + count_);
+    }
+    SignerIndex(const SignerIndex&) = delete;
+    SignerIndex& operator=(const SignerIndex&) = delete;
+    ~SignerIndex() { efree(entries_); }
 
     // first_named_by gives the first signer below an end that a certificate names; the end if there is none.
-    int first_named_by(const asn_Node* certificate, int end) {
-        const CertificateFields fields = certificate_fields(certificate);
-        const int64_t nodes = node_count(certificate);
-        for (int n = 0; n < end && nodesLeft_ > 0; n++) {
-            const asn_Node* identifier = message_.signer(n).identifier;
-            nodesLeft_ -= nodes + node_count(identifier);
-            if (identifier_names(identifier, fields))
-                return n;
-        }
-        return end;
+    int first_named_by(const CertificateIdentifiers& certificate, int end) const {
+        return std::min({end, find(certificate.issuerAndSerial, end), find(certificate.subjectKey, end)});
     }
 
   private:
-    const SignedData& message_;
-    int64_t nodesLeft_ = 1 << 22;
+    struct Entry {
+        IdentifierDigest digest;
+        int signer;
+        auto operator<=>(const Entry&) const = default;
+    };
+
+    int find(const IdentifierDigest& digest, int end) const {
+        const Entry *begin = entries_, *last = begin + count_;
+        const Entry* found = std::lower_bound(begin, last, Entry{digest, 0});
+        return found != last && found->digest == digest ? found->signer : end;
+    }
+
+    Entry* entries_;
+    size_t count_ = 0;
 };
 
 int no_match() {
@@ -50,25 +56,26 @@ int no_match() {
 int match_given(const SignedData& message, const char* cert, SignerMatch& match) {
     if (const int error = x509_read_certificate(cert, match.certificate))
         return error;
-    const int count = message.signer_count();
-    const int found = SignerSearch(message).first_named_by(match.certificate.head(), count);
-    if (found == count) {
-        err_add_text("WARNING: cert does not match signerInfo");
-        return no_match();
+    const CertificateIdentifiers identifiers(certificate_fields(match.certificate.head()));
+    for (int n = 0; n < message.signer_count(); n++) {
+        match.signer = message.signer(n);
+        if (identifiers.include(identifier_digest(match.signer.identifier)))
+            return 0;
     }
-    match.signer = message.signer(found);
-    return 0;
+    err_add_text("WARNING: cert does not match signerInfo");
+    return no_match();
 }
 
 int match_carried(const SignedData& message, SignerMatch& match) {
     const CertificateBundle& bundle = message.certificates();
-    SignerSearch search(message);
+    const SignerIndex signers(message);
     int first = message.signer_count();
     for (int i = 0; i < bundle.count() && first > 0; i++) {
         AsnList certificate = bundle.certificate(i);
         if (!x509_is_certificate(certificate.head()))
             continue;
-        const int found = search.first_named_by(certificate.head(), first);
+        const CertificateIdentifiers identifiers(certificate_fields(certificate.head()));
+        const int found = signers.first_named_by(identifiers, first);
         if (found == first)
             continue;
         first = found;

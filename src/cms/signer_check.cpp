@@ -4,16 +4,13 @@
 #include <cstring>
 #include <string_view>
 
-#include "asn1/asn_children.h"
-#include "asn1/asn_element.h"
-#include "asn1/asn_parse.h"
 #include "asn1/asn_value.h"
-#include "asn1/byte_stream.h"
 #include "frame/err.h"
 #include "hash/digest.h"
 #include "rsa/pkcs1_signature.h"
 #include "rsa/rsa_operation.h"
-#include "x509/dsa.h"
+#include "x509/signature_check.h"
+#include "zulcore.h"
 
 namespace zul {
 namespace {
@@ -30,18 +27,6 @@ bool is_dsa(std::string_view algorithm) {
 int not_verified() {
     err_add_text("Signature did not verify");
     return SIGNATURE_ERROR;
-}
-
-int unusable_key() {
-    err_add_text("Unable to convert public key");
-    return INVALID_DATA_ERROR;
-}
-
-// is_positive tells whether a node is an INTEGER above 0 in the fewest octets.
-bool is_positive(const asn_Node* node) {
-    if (!asn_is(node, kAsnUniversal, kAsnInteger) || node->data == nullptr || (node->data[0] & 0x80) != 0)
-        return false;
-    return node->data[0] != 0 || (node->length > 1 && (node->data[1] & 0x80) != 0);
 }
 
 } // namespace
@@ -65,15 +50,9 @@ int SignerCheck::prepare(const asn_Node* subjectPublicKeyInfo, const SignerField
 
 int SignerCheck::prepare_rsa(const asn_Node* subjectPublicKeyInfo, const SecretBuffer& signature,
                              int digest) {
-    if (public_key_type(subjectPublicKeyInfo) != PublicKeyType::rsa) {
-        char name[kAlgorithmName];
-        err_add_text("Unsupported key algorithm '%s': require `rsaEncryption'",
-                     public_key_algorithm(subjectPublicKeyInfo, name));
-        return NOT_SUPPORTED_ERROR;
-    }
     RsaKey key;
-    if (!rsa_public_key_of(subjectPublicKeyInfo, key))
-        return unusable_key();
+    if (const int error = rsa_signer_key(subjectPublicKeyInfo, key))
+        return error;
     SecretBuffer block(key.bytes());
     size_t length = 0, start = 0;
     if (signature.size() != key.bytes() ||
@@ -89,35 +68,14 @@ int SignerCheck::prepare_rsa(const asn_Node* subjectPublicKeyInfo, const SecretB
 }
 
 int SignerCheck::prepare_dsa(const asn_Node* subjectPublicKeyInfo, const SecretBuffer& signature) {
-    if (public_key_type(subjectPublicKeyInfo) != PublicKeyType::dsa) {
-        char name[kAlgorithmName];
-        err_add_text("Unexpected key algorithm %s: require `dsa'",
-                     public_key_algorithm(subjectPublicKeyInfo, name));
-        return NOT_SUPPORTED_ERROR;
-    }
-    switch (dsa_public_key_of(subjectPublicKeyInfo, dsaKey_)) {
-    case DsaKeyState::noParameters:
-        err_add_text("No public key parameters: inherited DSS-Params not supported");
-        return NOT_SUPPORTED_ERROR;
-    case DsaKeyState::unusable:
-        return unusable_key();
-    case DsaKeyState::good:
-        break;
-    }
-    ByteStream stream(signature.data(), signature.size());
-    dsaValue_ = asn_Parse(stream, false, true);
-    const asn_Node* value = dsaValue_.head();
-    AsnChildren children(asn_is(value, kAsnConstructed, kAsnSequence) ? value : nullptr);
-    r_ = children.take();
-    s_ = children.take();
-    const bool wellFormed =
-        is_positive(r_) && is_positive(s_) && children.at_end() && stream.at_end() && asn_IsDer(value);
-    return wellFormed ? 0 : not_verified();
+    if (const int error = dsa_.open_key(subjectPublicKeyInfo))
+        return error;
+    return dsa_.open_signature(signature.data(), signature.size()) ? 0 : not_verified();
 }
 
 bool SignerCheck::matches(const uint8_t* digest, size_t length) const {
-    if (r_ != nullptr)
-        return dsa_verify(dsaKey_, digest, length, r_->data, r_->length, s_->data, s_->length) == 0;
+    if (dsa_.is_open())
+        return dsa_.matches(digest, length);
     return length == recovered_.size() && memcmp(digest, recovered_.data(), length) == 0;
 }
 

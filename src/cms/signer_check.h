@@ -1,7 +1,7 @@
 #pragma once
 #include "cms/signer_info.h"
 #include "frame/memory.h"
-#include "x509/subject_public_key.h"
+#include "x509/dsa.h"
 
 namespace zul {
 
@@ -22,9 +22,7 @@ class SignerCheck {
     int prepare_dsa(const asn_Node* subjectPublicKeyInfo, const SecretBuffer& signature);
 
     SecretBuffer recovered_;
-    DsaPublicKey dsaKey_;
-    AsnList dsaValue_;
-    const asn_Node *r_ = nullptr, *s_ = nullptr;
+    DsaCheck dsa_;
 };
 
 } // namespace zul

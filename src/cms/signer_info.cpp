@@ -1,11 +1,13 @@
 #include "cms/signer_info.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "asn1/asn_build.h"
 #include "asn1/asn_children.h"
 #include "asn1/asn_element.h"
 #include "asn1/asn_encode.h"
+#include "asn1/asn_header.h"
 #include "asn1/asn_value.h"
 #include "asn1/oid.h"
 #include "hash/digest.h"
@@ -41,7 +43,8 @@ AsnList der_attribute(const asn_Node* attribute) {
     AsnChildren parts(attribute);
     const asn_Node* type = parts.take_oid();
     const asn_Node* values = parts.take_if(kAsnConstructed, kAsnSet);
-    if (type == nullptr || values == nullptr || !parts.at_end())
+    if (!asn_is(attribute, kAsnConstructed, kAsnSequence) || type == nullptr || values == nullptr ||
+        !parts.at_end())
         return AsnList::failure();
     return asn_NewSequence(asn_LinkList(asn_ToDer(asn_CopyElement(type)), der_values(values)));
 }
@@ -69,7 +72,7 @@ int find_attribute(const asn_Node* signedAttributes, const char* type, const asn
     OidInfo wanted;
     if (oid_FromName(&wanted, type) == 0)
         return 0;
-    int count = 0;
+    int count = 0, attributeCount = 0;
     for (AsnChildren attributes(signedAttributes); !attributes.at_end();) {
         const asn_Node* attribute = attributes.take();
         if (!asn_is(attribute, kAsnConstructed, kAsnSequence))
@@ -77,18 +80,22 @@ int find_attribute(const asn_Node* signedAttributes, const char* type, const asn
         AsnChildren parts(attribute);
         if (asn_OidEquals(parts.take(), &wanted) != 0)
             continue;
+        attributeCount++;
         for (AsnChildren values(parts.take_if(kAsnConstructed, kAsnSet)); !values.at_end(); count++) {
             const asn_Node* found = values.take();
             if (count == 0)
                 *value = found;
         }
     }
-    return count;
+    return attributeCount > 1 ? std::max(count, attributeCount) : count;
 }
 
 SecretBuffer signed_attributes_set(const asn_Node* signedAttributes, bool der) {
-    constexpr uint8_t kSetOctet = kAsnConstructed | kAsnSet;
-    if (!asn_is(signedAttributes, kAsnExplicit, 0))
+    constexpr uint8_t kTagOctet = kAsnExplicit, kSetOctet = kAsnConstructed | kAsnSet;
+    uint8_t hdr[8];
+    // Behind a tag of two octets its second one would be the first of the length.
+    if (!asn_is(signedAttributes, kAsnExplicit, 0) || asn_header_octets(signedAttributes, hdr) == 0 ||
+        hdr[0] != kTagOctet)
         return {};
     if (!der) {
         SecretBuffer set = asn_EncodeElement(signedAttributes);

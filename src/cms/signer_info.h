@@ -17,11 +17,11 @@ struct SignerFields {
 SignerFields signer_fields(const asn_Node* signerInfo);
 
 // find_attribute counts the values that all signed attributes of a type (a name of the OID table) have, and
-// gives the first (null if there is none).
+// gives the first (null if there is none). Two attributes count as two values even if they have fewer.
 int find_attribute(const asn_Node* signedAttributes, const char* type, const asn_Node** value);
 
 // signed_attributes_set gives what is digested: the attributes as SET OF, with their bytes as they stand, or
-// in DER (lengths and order) if der is set. Empty if that cannot be.
+// in DER (lengths and order) if der is set. Empty if that cannot be, and for a tag of more than one octet.
 SecretBuffer signed_attributes_set(const asn_Node* signedAttributes, bool der);
 
 // digest_algorithm_of gives the number of the digest that an AlgorithmIdentifier names, -1 for any other.

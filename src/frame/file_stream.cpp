@@ -14,6 +14,13 @@ bool File::close() {
     return handle == platform::kNoFile || platform::file_close(handle);
 }
 
+bool is_same_file(const char* argument, const char* path) {
+    if (!platform::file_is_regular(argument))
+        return false;
+    const File file(argument, platform::OpenMode::read);
+    return file.is_open() && platform::file_is(file.handle(), path);
+}
+
 FileReader::FileReader(const char* path, bool text)
     : file_(path, text ? platform::OpenMode::readText : platform::OpenMode::read),
       folds_(text && !platform::file_folds_line_ends()) {

@@ -22,6 +22,10 @@ class File {
     platform::FileHandle handle_ = platform::kNoFile;
 };
 
+// is_same_file tells whether an argument, which may be a text instead, names the very file that a path names.
+// A pipe is not opened for that: it would wait for its other end, and can be read only once.
+bool is_same_file(const char* argument, const char* path);
+
 // FileReader reads a file through one wiped buffer, so that small reads cost no system call each.
 class FileReader {
   public:

@@ -7,22 +7,12 @@
 #include "zulcore.h"
 
 namespace zul {
-namespace {
 
-constexpr int kLineLen = 64;
-
-bool names_file(const char* argument, const char* path) {
-    if (!platform::file_is_regular(argument)) // a pipe would wait for its other end
-        return false;
-    const File file(argument, platform::OpenMode::read);
-    return file.is_open() && platform::file_is(file.handle(), path);
-}
-
-} // namespace
+static constexpr int kLineLen = 64;
 
 int pfx_write(const char* path, const SecretBuffer& content, const char* label, platform::OpenMode mode,
               const char* input) {
-    if (names_file(input, path))
+    if (is_same_file(input, path))
         return CREATE_ERROR;
     FileWriter out(path, mode);
     if (!out.is_open())

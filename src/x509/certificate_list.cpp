@@ -1,4 +1,4 @@
-// Of a message only the headers on the way to the certificates are read: the content before them is skipped.
+// Of a message only the headers around the certificates are read: content and signers are skipped.
 #include "x509/certificate_list.h"
 
 #include <climits>
@@ -23,17 +23,13 @@ bool take_type(ByteStream& stream, AsnScope scope, const char* type) {
            stream.read(octets, length) == length && memcmp(octets, known.bytes, length) == 0;
 }
 
-// enter_certificates steps over the fields of a SignedData into its certificate set, which is empty if there
-// is none.
-bool enter_certificates(ByteStream& stream, AsnScope& scope) {
-    if (!asn_skip_type(stream, scope.end, kAsnUniversal, kAsnInteger) ||
-        !asn_skip_type(stream, scope.end, kAsnConstructed, kAsnSet) ||
-        !asn_skip_type(stream, scope.end, kAsnConstructed, kAsnSequence))
-        return false;
-    if (asn_next_is(stream, scope, kAsnExplicit, 0))
-        return asn_enter(stream, scope, kAsnExplicit, 0);
-    scope = {stream.offset(), false};
-    return true;
+// skip_encapsulated steps over an EncapsulatedContentInfo.
+bool skip_encapsulated(ByteStream& stream, const AsnScope& scope) {
+    const size_t start = stream.offset();
+    AsnScope inner = scope;
+    return asn_enter(stream, inner, kAsnConstructed, kAsnSequence) &&
+           asn_next_is(stream, inner, kAsnUniversal, kAsnOid) && stream.seek(start) &&
+           asn_skip_type(stream, scope.end, kAsnConstructed, kAsnSequence);
 }
 
 bool is_sequence(const AsnHeader& header) {
@@ -42,21 +38,50 @@ bool is_sequence(const AsnHeader& header) {
 
 } // namespace
 
-bool enter_content_info(ByteStream& stream, AsnScope& scope, const char* type) {
-    if (!asn_enter(stream, scope, kAsnConstructed, kAsnSequence))
+bool enter_content_info(ByteStream& stream, ContentInfoScope& scope, const char* type) {
+    scope = {};
+    if (!asn_enter(stream, scope.structure, kAsnConstructed, kAsnSequence))
         return false;
-    return asn_next_is(stream, scope, kAsnUniversal, kAsnInteger) ||
-           (take_type(stream, scope, type) && asn_enter(stream, scope, kAsnExplicit, 0) &&
-            asn_enter(stream, scope, kAsnConstructed, kAsnSequence));
+    scope.isBare = asn_next_is(stream, scope.structure, kAsnUniversal, kAsnInteger);
+    if (scope.isBare)
+        return true;
+    scope.info = scope.wrapper = scope.structure;
+    if (!take_type(stream, scope.info, type) || !asn_enter(stream, scope.wrapper, kAsnExplicit, 0))
+        return false;
+    scope.structure = scope.wrapper;
+    return asn_enter(stream, scope.structure, kAsnConstructed, kAsnSequence);
+}
+
+bool leave_content_info(ByteStream& stream, const ContentInfoScope& scope) {
+    return asn_leave(stream, scope.structure) &&
+           (scope.isBare || (asn_leave(stream, scope.wrapper) && asn_leave(stream, scope.info)));
 }
 
 int CertificateBundle::open(DerSource& source) {
     ByteStream& stream = source.stream();
-    AsnScope scope;
+    ContentInfoScope scope;
     return stream.seek(0) && enter_content_info(stream, scope, "signedData") &&
-                   enter_certificates(stream, scope) && open_set(stream, scope)
+                   open_fields(stream, scope.structure) && leave_content_info(stream, scope)
                ? 0
                : BAD_FORMAT_ERROR;
+}
+
+// open_fields steps over all the fields of a SignedData, the set of certificates among them, which is empty
+// if there is none.
+bool CertificateBundle::open_fields(ByteStream& stream, const AsnScope& scope) {
+    constexpr uint32_t kCertificates = 0, kRevocationLists = 1;
+    if (!asn_skip_type(stream, scope.end, kAsnUniversal, kAsnInteger) ||
+        !asn_skip_type(stream, scope.end, kAsnConstructed, kAsnSet) || !skip_encapsulated(stream, scope))
+        return false;
+    AsnScope set = {stream.offset(), false};
+    if (asn_next_is(stream, scope, kAsnExplicit, kCertificates)) {
+        set = scope;
+        if (!asn_enter(stream, set, kAsnExplicit, kCertificates))
+            return false;
+    }
+    return open_set(stream, set) && asn_leave(stream, set) &&
+           asn_skip_optional(stream, scope, kAsnExplicit, kRevocationLists) &&
+           asn_skip_type(stream, scope.end, kAsnConstructed, kAsnSet);
 }
 
 bool CertificateBundle::open_set(ByteStream& stream, const AsnScope& scope) {
@@ -110,7 +135,7 @@ AsnList CertificateBundle::certificate(int n) const {
     Place place;
     if (!find(n, place) || place.size > kMaxX509Object || !stream_->seek(place.offset))
         return {};
-    return asn_ReadElement(*stream_);
+    return asn_Parse(*stream_, false, true);
 }
 
 } // namespace zul

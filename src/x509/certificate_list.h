@@ -5,10 +5,19 @@
 
 namespace zul {
 
+// ContentInfoScope is a structure and what it stands in, if it does not stand bare.
+struct ContentInfoScope {
+    AsnScope info, wrapper; // ContentInfo and its [0]
+    AsnScope structure;
+    bool isBare = true;
+};
+
 // enter_content_info steps from an object's beginning into the structure that a ContentInfo (RFC 5652, 3) of
 // a type of the OID table holds, or that stands bare, which is one that begins with its version. False for
-// anything else.
-bool enter_content_info(ByteStream& stream, AsnScope& scope, const char* type);
+// anything else. leave_content_info steps from the end of the structure's last field out of everything: false
+// if there is more, or the end of something is missing.
+bool enter_content_info(ByteStream& stream, ContentInfoScope& scope, const char* type);
+bool leave_content_info(ByteStream& stream, const ContentInfoScope& scope);
 
 // CertificateBundle reads the certificate set of a CMS SignedData (RFC 5652, 5.1), whose content may be of
 // any size. The certificates are the SEQUENCEs of the set; other forms have tags of their own.
@@ -33,6 +42,7 @@ class CertificateBundle {
     struct Place {
         size_t offset, size;
     };
+    bool open_fields(ByteStream& stream, const AsnScope& scope);
     bool find(int n, Place& place) const;
 
     ByteStream* stream_ = nullptr;

@@ -3,6 +3,13 @@
 
 #include <algorithm>
 
+#include "asn1/asn_children.h"
+#include "asn1/asn_element.h"
+#include "asn1/asn_parse.h"
+#include "asn1/byte_stream.h"
+#include "frame/err.h"
+#include "zulcore.h"
+
 namespace zul {
 
 namespace {
@@ -46,6 +53,13 @@ void read_digest(MT z, const uint8_t* digest, size_t length, const BigInt& q) {
     mtModulo(z, z, q);
 }
 
+// is_positive tells whether a node is an INTEGER above 0 in the fewest octets.
+bool is_positive(const asn_Node* node) {
+    if (!asn_is(node, kAsnUniversal, kAsnInteger) || node->data == nullptr || (node->data[0] & 0x80) != 0)
+        return false;
+    return node->data[0] != 0 || (node->length > 1 && (node->data[1] & 0x80) != 0);
+}
+
 } // namespace
 
 int dsa_verify(const DsaPublicKey& key, const uint8_t* digest, size_t digestLen, const uint8_t* r,
@@ -62,6 +76,43 @@ int dsa_verify(const DsaPublicKey& key, const uint8_t* digest, size_t digestLen,
     mtModMult(v, gPower, yPower, key.p);
     mtModulo(v, v, key.q);
     return mtIsEqual(v, rNumber) != 0 ? 0 : -1;
+}
+
+int DsaCheck::open_key(const asn_Node* subjectPublicKeyInfo) {
+    if (public_key_type(subjectPublicKeyInfo) != PublicKeyType::dsa) {
+        char name[kAlgorithmName];
+        err_add_text("Unexpected key algorithm %s: require `dsa'",
+                     public_key_algorithm(subjectPublicKeyInfo, name));
+        return NOT_SUPPORTED_ERROR;
+    }
+    switch (dsa_public_key_of(subjectPublicKeyInfo, key_)) {
+    case DsaKeyState::noParameters:
+        err_add_text("No public key parameters: inherited DSS-Params not supported");
+        return NOT_SUPPORTED_ERROR;
+    case DsaKeyState::unusable:
+        err_add_text("Unable to convert public key");
+        return INVALID_DATA_ERROR;
+    case DsaKeyState::good:
+        break;
+    }
+    return 0;
+}
+
+bool DsaCheck::open_signature(const uint8_t* bytes, size_t size) {
+    ByteStream stream(bytes, size);
+    value_ = asn_Parse(stream, false, true);
+    const asn_Node* value = value_.head();
+    AsnChildren children(asn_is(value, kAsnConstructed, kAsnSequence) ? value : nullptr);
+    const asn_Node *r = children.take(), *s = children.take();
+    if (!is_positive(r) || !is_positive(s) || !children.at_end() || !stream.at_end() || !asn_IsDer(value))
+        return false;
+    r_ = r;
+    s_ = s;
+    return true;
+}
+
+bool DsaCheck::matches(const uint8_t* digest, size_t size) const {
+    return dsa_verify(key_, digest, size, r_->data, r_->length, s_->data, s_->length) == 0;
 }
 
 } // namespace zul

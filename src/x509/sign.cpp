@@ -13,13 +13,6 @@ namespace {
 
 constexpr int kLineLen = 64;
 
-bool names_file(const char* argument, const char* path) {
-    if (!platform::file_is_regular(argument)) // a pipe would wait for its other end
-        return false;
-    const File file(argument, platform::OpenMode::read);
-    return file.is_open() && platform::file_is(file.handle(), path);
-}
-
 } // namespace
 
 int x509_sign(AsnList toBeSigned, const char* algorithm, const RsaKey& key, AsnList& object) {
@@ -37,8 +30,8 @@ int x509_sign(AsnList toBeSigned, const char* algorithm, const RsaKey& key, AsnL
 }
 
 int x509_write(const char* path, const asn_Node* object, const char* label, const char* key) {
-    return key != nullptr && names_file(key, path) ? CREATE_ERROR
-                                                   : asn_write_file(path, object, label, kLineLen);
+    return key != nullptr && is_same_file(key, path) ? CREATE_ERROR
+                                                     : asn_write_file(path, object, label, kLineLen);
 }
 
 } // namespace zul

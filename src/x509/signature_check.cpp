@@ -5,14 +5,11 @@
 #include <cstring>
 
 #include "asn1/asn_children.h"
-#include "asn1/asn_element.h"
-#include "asn1/asn_parse.h"
 #include "asn1/byte_stream.h"
 #include "frame/err.h"
 #include "hash/digest.h"
 #include "rsa/pkcs1_signature.h"
 #include "rsa/rsa_operation.h"
-#include "x509/dsa.h"
 #include "x509/signature_algorithm.h"
 
 namespace zul {
@@ -29,11 +26,6 @@ bool has_no_parameters(const asn_Node* algorithmIdentifier) {
         return false;
     const asn_Node* null = children.take_if(kAsnUniversal, kAsnNull);
     return children.at_end() && (null == nullptr || (null->length == 0 && null->ndef == 0));
-}
-
-int unusable_key() {
-    err_add_text("Unable to convert public key");
-    return INVALID_DATA_ERROR;
 }
 
 int digest_stream(ByteStream& stream, size_t offset, size_t size, int algorithm, uint8_t* digest) {
@@ -55,14 +47,20 @@ int digest_stream(ByteStream& stream, size_t offset, size_t size, int algorithm,
     return -INVALID_DATA_ERROR;
 }
 
-// is_positive tells whether a node is an INTEGER above 0 in the fewest octets.
-bool is_positive(const asn_Node* node) {
-    if (!asn_is(node, kAsnUniversal, kAsnInteger) || node->data == nullptr || (node->data[0] & 0x80) != 0)
-        return false;
-    return node->data[0] != 0 || (node->length > 1 && (node->data[1] & 0x80) != 0);
-}
-
 } // namespace
+
+int rsa_signer_key(const asn_Node* subjectPublicKeyInfo, RsaKey& key) {
+    if (public_key_type(subjectPublicKeyInfo) != PublicKeyType::rsa) {
+        char name[kAlgorithmName];
+        err_add_text("Unsupported key algorithm '%s': require `rsaEncryption'",
+                     public_key_algorithm(subjectPublicKeyInfo, name));
+        return NOT_SUPPORTED_ERROR;
+    }
+    if (rsa_public_key_of(subjectPublicKeyInfo, key))
+        return 0;
+    err_add_text("Unable to convert public key");
+    return INVALID_DATA_ERROR;
+}
 
 int SignatureCheck::prepare(const asn_Node* subjectPublicKeyInfo, const asn_Node* signatureAlgorithm,
                             const asn_Node* signatureValue) {
@@ -78,15 +76,9 @@ int SignatureCheck::prepare(const asn_Node* subjectPublicKeyInfo, const asn_Node
 }
 
 int SignatureCheck::prepare_rsa(const asn_Node* subjectPublicKeyInfo, const char* algorithm) {
-    if (public_key_type(subjectPublicKeyInfo) != PublicKeyType::rsa) {
-        char name[kAlgorithmName];
-        err_add_text("Unsupported key algorithm '%s': require `rsaEncryption'",
-                     public_key_algorithm(subjectPublicKeyInfo, name));
-        return NOT_SUPPORTED_ERROR;
-    }
     RsaKey key;
-    if (!rsa_public_key_of(subjectPublicKeyInfo, key))
-        return unusable_key();
+    if (const int error = rsa_signer_key(subjectPublicKeyInfo, key))
+        return error;
     digest_ = rsa_signature_digest(algorithm);
     if (digest_ < 0) {
         err_add_text("Unsupported signature algorithm %s", algorithm);
@@ -105,36 +97,12 @@ int SignatureCheck::open_rsa(const RsaKey& key) {
 }
 
 int SignatureCheck::prepare_dsa(const asn_Node* subjectPublicKeyInfo) {
-    if (public_key_type(subjectPublicKeyInfo) != PublicKeyType::dsa) {
-        char name[kAlgorithmName];
-        err_add_text("Unexpected key algorithm %s: require `dsa'",
-                     public_key_algorithm(subjectPublicKeyInfo, name));
-        return NOT_SUPPORTED_ERROR;
-    }
-    switch (dsa_public_key_of(subjectPublicKeyInfo, dsaKey_)) {
-    case DsaKeyState::noParameters:
-        err_add_text("No public key parameters: inherited DSS-Params not supported");
-        return NOT_SUPPORTED_ERROR;
-    case DsaKeyState::unusable:
-        return unusable_key();
-    case DsaKeyState::good:
-        break;
-    }
+    if (const int error = dsa_.open_key(subjectPublicKeyInfo))
+        return error;
     digest_ = kDigestSha1;
-    return open_dsa();
-}
-
-int SignatureCheck::open_dsa() {
     if (signature_ == nullptr)
         return kNever;
-    ByteStream stream(signature_, signatureLength_);
-    dsaValue_ = asn_Parse(stream, false, true);
-    AsnChildren children(asn_is(dsaValue_.head(), kAsnConstructed, kAsnSequence) ? dsaValue_.head()
-                                                                                 : nullptr);
-    r_ = children.take();
-    s_ = children.take();
-    if (is_positive(r_) && is_positive(s_) && children.at_end() && stream.at_end() &&
-        asn_IsDer(dsaValue_.head()))
+    if (dsa_.open_signature(signature_, signatureLength_))
         return 0;
     err_add_text("Wrong format for signature");
     return kNever;
@@ -146,8 +114,8 @@ int SignatureCheck::compare(ByteStream& stream, size_t offset, size_t size) cons
     if (length < 0)
         return -length;
     const auto digestLength = static_cast<size_t>(length);
-    if (r_ != nullptr)
-        return dsa_verify(dsaKey_, digest, digestLength, r_->data, r_->length, s_->data, s_->length);
+    if (dsa_.is_open())
+        return dsa_.matches(digest, digestLength) ? 0 : -1;
     // The whole block is compared: reading the digest out of it would leave room for forgeries.
     SecretBuffer expected(block_.size());
     if (pkcs1_sign_block(expected.data(), expected.size(), digest, digestLength, digest_, true) != 0)

@@ -1,11 +1,14 @@
 #pragma once
 #include "asn1/asn_node.h"
 #include "frame/memory.h"
-#include "x509/subject_public_key.h"
+#include "x509/dsa.h"
 
 namespace zul {
 
 class ByteStream;
+
+// rsa_signer_key takes the RSA key out of a SubjectPublicKeyInfo: 0 or a positive code with a text.
+int rsa_signer_key(const asn_Node* subjectPublicKeyInfo, RsaKey& key);
 
 // SignatureCheck is a signature made ready to be compared with the bytes that it may belong to: RSA (RFC
 // 8017, 8.2.2) with any digest, or DSA (FIPS 186-4) with SHA-1.
@@ -26,15 +29,12 @@ class SignatureCheck {
     int prepare_rsa(const asn_Node* subjectPublicKeyInfo, const char* algorithm);
     int prepare_dsa(const asn_Node* subjectPublicKeyInfo);
     int open_rsa(const RsaKey& key);
-    int open_dsa();
 
     int digest_ = 0;
     const uint8_t* signature_ = nullptr;
     size_t signatureLength_ = 0;
     SecretBuffer block_; // what an RSA signature was made of
-    DsaPublicKey dsaKey_;
-    AsnList dsaValue_;
-    const asn_Node *r_ = nullptr, *s_ = nullptr;
+    DsaCheck dsa_;
 };
 
 } // namespace zul

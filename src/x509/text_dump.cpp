@@ -1,6 +1,7 @@
 #include "x509/text_dump.h"
 
 #include "frame/err.h"
+#include "frame/file_stream.h"
 #include "frame/text.h"
 #include "x509/certificate.h"
 #include "x509/der_source.h"
@@ -10,15 +11,6 @@
 
 namespace zul {
 namespace {
-
-// is_same_file tells whether the output would take the place of the input. A pipe is not opened for that: it
-// can be read only once.
-bool is_same_file(const char* fileOut, const char* fileOrText) {
-    if (!platform::file_is_regular(fileOrText))
-        return false;
-    const File in(fileOrText, platform::OpenMode::read);
-    return in.is_open() && platform::file_is(in.handle(), fileOut);
-}
 
 int dump(DumpOutput& out, const char* fileOrText) {
     DerSource source;
@@ -45,7 +37,7 @@ int dump(DumpOutput& out, const char* fileOrText) {
 } // namespace
 
 int text_dump(const char* fileOut, const char* fileOrText) {
-    if (is_same_file(fileOut, fileOrText)) {
+    if (is_same_file(fileOrText, fileOut)) {
         err_add_text("Cannot create file '%s'", shown_name(fileOut));
         return -CREATE_ERROR;
     }

@@ -84,6 +84,7 @@ TEST_F(CmsRead, SaysWhatIsWrong) {
         {hex("300D06092A864886F70D010702A000"), "Invalid Content Type: expected signed-data"},
         {replaced(stream_, version, hex("3100310D")), "Invalid SignedData: cannot find CMSVersion"},
         {replaced(bare(), version, hex("0200310D")), "Invalid SignedData: cannot find CMSVersion"},
+        {replaced(stream_, version, hex("0201FF310D")), "Invalid SignedData: cannot find CMSVersion"},
         {test::read_text(stored("version3.der")), "SignedData version is 3: only 1 is supported",
          NOT_SUPPORTED_ERROR},
         {hex("30050201013100"), "Invalid SignedData: no encapContentInfo"},
@@ -101,6 +102,8 @@ TEST_F(CmsRead, SaysWhatIsWrong) {
          "Invalid SignedData: invalid signerInfos"},
         {replaced(der, hex("30820373020101"), hex("30820372020101")),
          "Invalid SignedData: invalid signerInfos"},
+        {stream_.substr(0, stream_.size() - 2), "Invalid SignedData: invalid end"},
+        {stream_.substr(0, stream_.size() - 4) + hex("05000000"), "Invalid SignedData: invalid end"},
         {test::read_text(stored("detached.pem")), "No content found in SignedData object", NO_DATA_ERROR},
         {test::read_text(stored("certs.pem")), "No content found in SignedData object", NO_DATA_ERROR},
     };
@@ -160,7 +163,15 @@ TEST_F(CmsRead, TakesCertificatesOut) {
         }
         EXPECT_EQ(X509_GetCertFromP7Chain(out.c_str(), c.source.c_str(), 2147483647, 0), 0);
     }
-    for (const std::string& source : {stored("one.der"), dir_.write("text", "text")})
+    const std::string head = hex("3080 020101 3100"), data = hex("3003 06012A"), sets = hex("A000 A000");
+    const std::string signers = hex("3100"), bare = head + data + signers, end = hex("0000");
+    EXPECT_EQ(X509_GetCertFromP7Chain(nullptr, dir_.write("bare", bare + end).c_str(), 0, 0), 0);
+    for (const std::string& source :
+         {stored("one.der"), dir_.write("text", "text"), dir_.write("no end", bare),
+          dir_.write("more", bare + signers + end), dir_.write("sets", head + data + sets + signers + end),
+          dir_.write("no signers", head + data + end),
+          dir_.write("no type", head + hex("3003 02012A") + signers + end),
+          dir_.write("long tag", head + data + hex("BF0000") + signers + end)})
         for (const int index : {0, 1}) {
             char text[64];
             EXPECT_EQ(X509_GetCertFromP7Chain(out.c_str(), source.c_str(), index, 0), -BAD_FORMAT_ERROR);

@@ -8,7 +8,9 @@
 #include "asn1/asn_parse.h"
 #include "asn1/asn_value.h"
 #include "cms/certificate_identifier.h"
+#include "cms/enveloped_data.h"
 #include "cms/signed_data.h"
+#include "cms/signer_certificate.h"
 #include "cms/signer_info.h"
 #include "hash/digest.h"
 #include "support/temp_dir.h"
@@ -53,17 +55,17 @@ TEST(SignedData, KnowsSignersByTheirCertificates) {
     AsnList one, two;
     ASSERT_EQ(x509_read_certificate(stored("one.der").c_str(), one), 0);
     ASSERT_EQ(x509_read_certificate(stored("two.der").c_str(), two), 0);
-    const CertificateFields fields = certificate_fields(one.head()), other = certificate_fields(two.head());
+    const CertificateIdentifiers ours(certificate_fields(one.head())), other(certificate_fields(two.head()));
     SignedData both, byKey;
     ASSERT_EQ(both.open(stored("stream.der").c_str()), 0);
     ASSERT_EQ(byKey.open(stored("version3.der").c_str()), 0);
-    EXPECT_TRUE(identifier_names(both.signer(1).identifier, fields));
-    EXPECT_TRUE(identifier_names(both.signer(0).identifier, other));
-    EXPECT_FALSE(identifier_names(both.signer(0).identifier, fields));
-    EXPECT_FALSE(identifier_names(both.signer(2).identifier, fields));
+    EXPECT_TRUE(ours.include(identifier_digest(both.signer(1).identifier)));
+    EXPECT_TRUE(other.include(identifier_digest(both.signer(0).identifier)));
+    EXPECT_FALSE(ours.include(identifier_digest(both.signer(0).identifier)));
+    EXPECT_FALSE(ours.include(identifier_digest(both.signer(2).identifier)));
     const asn_Node* key = byKey.signer(0).identifier;
-    EXPECT_TRUE(identifier_names(key, fields));
-    EXPECT_FALSE(identifier_names(key, other));
+    EXPECT_TRUE(ours.include(identifier_digest(key)));
+    EXPECT_FALSE(other.include(identifier_digest(key)));
 
     const std::string octets = test::to_hex(key->data, 20);
     const std::string segments = "0407" + octets.substr(0, 14) + "040D" + octets.substr(14);
@@ -86,9 +88,10 @@ TEST(SignedData, KnowsSignersByTheirCertificates) {
         {"020300FF01", false},
     };
     for (const auto& c : cases)
-        EXPECT_EQ(identifier_names(parsed(c.identifier).head(), fields), c.names) << c.identifier;
+        EXPECT_EQ(ours.include(identifier_digest(parsed(c.identifier).head())), c.names) << c.identifier;
+    const CertificateIdentifiers nobody{CertificateFields()};
     for (const auto& c : cases)
-        EXPECT_FALSE(identifier_names(parsed(c.identifier).head(), CertificateFields()));
+        EXPECT_FALSE(nobody.include(identifier_digest(parsed(c.identifier).head())));
 }
 
 // A quadratic walk over so many would take minutes.
@@ -133,6 +136,40 @@ TEST(SignedData, LimitsSigners) {
     }
 }
 
+// What is in a signer must not be looked at anew for each certificate: that would take minutes.
+TEST(SignedData, FindsSignersInLinearTime) {
+    const std::vector<uint8_t> small =
+        test::from_hex("3038 302E 020101 3003 06012A 3000 301E"
+                       "170D3230303130313030303030305A 170D3230303130313030303030305A"
+                       "3000 3000 3003 06012A 030100");
+    const std::string one(small.begin(), small.end()), serial("\x02\x01\x01", 3);
+    const std::string name = element('\x30', element('\x04', std::string(4000000, 'x')));
+    std::string certificates, nodes;
+    for (int i = 0; i < 20000; i++)
+        certificates += one;
+    for (int i = 0; i < 1500000; i++)
+        nodes += {'\x05', '\x00'};
+    for (const std::string& signer :
+         {element('\x80', "x") + element('\x30', nodes), element('\x30', name + serial)}) {
+        SignedData data;
+        SignerMatch match;
+        ASSERT_EQ(opened(data, certificates, element('\x30', serial + signer)), 0);
+        ASSERT_TRUE(x509_is_certificate(data.certificates().certificate(0).head()));
+        EXPECT_EQ(find_signer(data, nullptr, match), NO_MATCH_ERROR);
+    }
+}
+
+TEST(EnvelopedData, HasToEnd) {
+    const test::TempDir dir;
+    const std::vector<uint8_t> message = test::from_hex(
+        "3080 06092A864886F70D010703 A080 3080 020100 3100 3080 06012A 3000 0000 0000 0000 0000");
+    EXPECT_EQ(EnvelopedData().open(dir.write("message", message).c_str()), 0);
+    for (const size_t cut : {2u, 4u, 6u, 8u}) {
+        const std::string file = dir.write("cut", message.data(), message.size() - cut);
+        EXPECT_EQ(EnvelopedData().open(file.c_str()), INVALID_DATA_ERROR) << cut;
+    }
+}
+
 TEST(SignerInfo, TakesAttributesAsDer) {
     SignedData data;
     ASSERT_EQ(data.open(stored("attributes.der").c_str()), 0);
@@ -156,7 +193,7 @@ TEST(SignerInfo, TakesAttributesAsDer) {
 
     const AsnList values = parsed("A00E300C06032A030431050500040162"); // are sorted too
     EXPECT_EQ(hex_of(signed_attributes_set(values.head(), true)), "310e300c06032a030431050401620500");
-    for (const char* none : {"A003020101", "A0053003020101", "3000"})
+    for (const char* none : {"A003020101", "A0053003020101", "3000", "BF000E300C06032A030431050500040162"})
         EXPECT_TRUE(signed_attributes_set(parsed(none).head(), true).empty()) << none;
 }
 
@@ -171,6 +208,7 @@ TEST(SignerInfo, CountsValuesOfAttributes) {
         {"A024" + digest + digest, 2},
         {"A0153013" + type + "3106040161040162", 2},
         {"A00F300D" + type + "3100", 0},
+        {"A021" + digest + "300D" + type + "3100", 2},
         {"A012301006092A864886F70D0109033103040161", 0},
         {"A0143012" + digest, 0},
     };

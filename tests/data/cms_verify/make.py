@@ -6,6 +6,7 @@ import hashlib
 import pathlib
 import subprocess
 import tempfile
+import types
 
 HERE = pathlib.Path(__file__).resolve().parent
 TEMP = tempfile.TemporaryDirectory()
@@ -235,6 +236,7 @@ def attribute_cases(alice):
             ("no attributes at all", [], DATA, missing, None),
             ("no digest in messageDigest", [TYPE, attribute("4")], DATA, missing, None),
             ("messageDigest twice", [TYPE, message_digest(b"abd"), digest], DATA, invalid, None),
+            ("messageDigest twice, once empty", [TYPE, digest, attribute("4")], DATA, invalid, None),
             ("two digests", [TYPE, attribute("4", octets(ABC), octets(ABC))], DATA, invalid, None),
             ("messageDigest is no string", [TYPE, attribute("4", tlv(12, ABC))], DATA, invalid, None),
             ("short messageDigest", [TYPE, attribute("4", octets(ABC[:31]))], SIGNATURE, DIFFERENT, None),
@@ -256,6 +258,12 @@ def attribute_cases(alice):
          SIGNATURE, NOT_VERIFIED, digest=None)
     case("attributes signed with their tag", message(signer(alice, [TYPE, digest], signed=tlv(0xA0, TYPE, digest))),
          alice, SIGNATURE, NOT_VERIFIED, digest=None)
+    hidden = b"\x31" + TYPE[1:]  # from readers of sequences, who would not find it
+    case("attribute as a set", message(signer(alice, [hidden, digest], signed=tlv(0x31, TYPE, digest))), alice,
+         SIGNATURE, NOT_VERIFIED, digest=None)
+    with_long_tag = lambda _, *parts: b"\xbf\0" + tlv(0, *parts)[1:]  # as SET it would begin with 31 00
+    case("attributes with a long tag", message(signer(alice, [TYPE, digest], signed=b"\x31" + with_long_tag(
+        0, TYPE, digest)[1:], make=with_long_tag)), alice, SIGNATURE, NOT_VERIFIED, digest=None)
     case("attributes not signed", message(signer(alice, tail=tlv(0xA1, TYPE, message_digest(b"abd")))), alice)
     case("attributes not signed bind nothing", message(signer(alice, tail=tlv(0xA1, TYPE, message_digest(b"abd"))),
                                                        content=octets(b"abd")), alice, SIGNATURE, DIFFERENT)
@@ -315,6 +323,9 @@ def signer_cases(alice, bob, twin, other):
     case("key identifier, version 3", message(signer(alice, who=by_key), version=3), alice, UNSUPPORTED,
          "SignedData version is 3: only 1 is supported", digest=None)
     case("certificate last", message(signer(alice), certificates=[bob, alice]))
+    too_deep = types.SimpleNamespace(certificate=seq(b"\x30\x80" * 250 + b"\0\0" * 250))
+    case("unreadable certificate", message(signer(alice, signature=bytes(128)), certificates=[too_deep, alice]), None,
+         SIGNATURE, NOT_VERIFIED, digest=None)
     case("second signer's certificate", message(*both, certificates=[alice, twin, other]))
     case("first of two", message(*both, certificates=[alice, bob]), None, SIGNATURE, DIFFERENT,
          digest=digest_of(b"abd"))
