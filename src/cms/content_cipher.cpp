@@ -83,6 +83,8 @@ int ContentCipher::read_rc2_parameter(const asn_Node* parameter) {
         return invalid("Missing R.2-CBC-Parameter");
     AsnChildren fields(parameter);
     const int64_t version = asn_GetInt(fields.take_integer());
+    if (version < 0) // none, or one of more than 4 octets
+        return invalid("Missing R.2-CBC-Parameter");
     rc2Bits_ = rc2_bits(version);
     if (rc2Bits_ == 0) {
         err_add_text("Invalid ParameterVersion (%d)", static_cast<int>(version));

@@ -18,6 +18,11 @@ struct LastBlock {
 // 3218, the million message attack). So a block that is wrong in whatever way goes on with a random key of
 // the right length, without a branch, and fails at the same place and in the same time as a content whose
 // padding is damaged.
+//
+// What is left is a weak oracle: the content is not authenticated, and a wrong key of the right length passes
+// the check of the last block's padding for about 1 content in 256. So whoever has a block opened again and
+// again, with contents of his own, sees in the end whether it is a good one. A caller who opens messages for
+// strangers has to limit how many.
 bool recover_content_key(const RsaKey& key, const uint8_t* encryptedKey, size_t length,
                          const ContentCipher& cipher, const LastBlock& last,
                          Secret<ContentCipher::kMaxKey>& contentKey, size_t* pad);

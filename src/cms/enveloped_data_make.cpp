@@ -35,6 +35,13 @@ int encrypt_key(const RsaKey& recipient, const ContentKey& key, size_t keyLength
     return code != 0 ? -code : rsaPublic(&recipient, block.data(), &blockLen, block.data(), block.size());
 }
 
+// can_encrypt refuses exponents that no key has: with 1 the content key would stand in the message as it is,
+// and of an even one there is no inverse. An even modulus is refused where keys are read.
+bool can_encrypt(const RsaKey& key) {
+    const MtNumber* e = key.e;
+    return mtShortCmp(e, 3) >= 0 && (e->digits[0] & 1) != 0;
+}
+
 // recipient_info makes a KeyTransRecipientInfo (RFC 5652, 6.2.1); an empty list, with a text, for a
 // certificate that does not serve.
 AsnList recipient_info(const char* cert, const ContentKey& key, size_t keyLength) {
@@ -43,7 +50,8 @@ AsnList recipient_info(const char* cert, const ContentKey& key, size_t keyLength
     const CertificateFields fields = certificate_fields(certificate.head());
     AsnList identifier = issuer_and_serial_number(fields);
     RsaKey publicKey;
-    if (!identifier || !rsa_public_key_of(fields.subjectPublicKeyInfo, publicKey)) {
+    if (!identifier || !rsa_public_key_of(fields.subjectPublicKeyInfo, publicKey) ||
+        !can_encrypt(publicKey)) {
         err_add_text("Cannot read public key in '%s'", shown_name(cert));
         return {};
     }

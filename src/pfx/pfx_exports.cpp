@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <climits>
+
 #include "frame/call_frame.h"
 #include "frame/text.h"
 #include "pfx/pfx_mac.h"
@@ -46,7 +49,7 @@ int extract(const char* out, const char* pfxFile, int (*find)(const SecretBuffer
         return error;
     if (pfx.version() != kPfxVersion) {
         err_add_text("Only PKCS-12 version 3 is supported. This PFX/PKCS-12 file appears to be version %ld.",
-                     static_cast<long>(pfx.version()));
+                     static_cast<long>(std::min<int64_t>(pfx.version(), LONG_MAX)));
         return NOT_SUPPORTED_ERROR;
     }
     SecretBuffer safe, content;

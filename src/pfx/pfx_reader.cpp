@@ -48,7 +48,7 @@ AsnChildren explicit_content(AsnChildren& fields) {
 }
 
 // A Finder looks into a SafeBag's value for what it wants.
-enum class Found { no, yes, malformed };
+enum class Found { no, yes, malformed, tooDeep };
 using Finder = Found(const asn_Node* bagId, AsnChildren value, SecretBuffer& content);
 
 Found find_certificate(const asn_Node* bagId, AsnChildren value, SecretBuffer& content) {
@@ -77,6 +77,7 @@ Found find_key(const asn_Node* bagId, AsnChildren value, SecretBuffer& content) 
 // look_into walks SafeContents in the order of its encoding, stepping into bags that hold further bags; what
 // is no SEQUENCE there are the attributes of such a bag.
 Found look_into(const asn_Node* safeContents, Finder* finder, SecretBuffer& content) {
+    constexpr uint32_t kLevelsOfBag = 3; // SafeBag, [0], SafeContents
     for (const asn_Node *node = safeContents->next, *next; node != nullptr; node = next) {
         next = asn_ElementEnd(node);
         if (!asn_is(node, kAsnConstructed, kAsnSequence))
@@ -87,6 +88,8 @@ Found look_into(const asn_Node* safeContents, Finder* finder, SecretBuffer& cont
             return Found::malformed;
         AsnChildren value = explicit_content(fields);
         if (is_safe_contents_bag(bagId)) {
+            if ((node->level - safeContents->level) / kLevelsOfBag >= kMaxNestedBags)
+                return Found::tooDeep;
             const asn_Node* inner = value.take_sequence();
             if (inner == nullptr || !value.at_end())
                 return Found::malformed;
@@ -116,6 +119,8 @@ int find(const SecretBuffer& safe, Finder* finder, SecretBuffer& content, const 
             !read_sequence(octets, safeContents))
             return malformed();
         const Found found = look_into(safeContents.head(), finder, content);
+        if (found == Found::tooDeep)
+            return fail(INVALID_DATA_ERROR, "Bags of the PFX are nested too deeply");
         if (found != Found::no)
             return found == Found::yes ? 0 : malformed();
     }

@@ -7,6 +7,7 @@ namespace zul {
 
 constexpr int64_t kPfxVersion = 3;
 constexpr size_t kMaxPfxFile = 1 << 24; // bytes of a file that is read
+constexpr uint32_t kMaxNestedBags = 8;  // bags in a bag that holds bags, and so on
 
 // PfxReader is a PFX as far as it can be read without a password.
 class PfxReader {
@@ -29,7 +30,7 @@ class PfxReader {
 // pfx_find_certificate and pfx_find_key give the first X.509 certificate, and the first
 // EncryptedPrivateKeyInfo, of an AuthenticatedSafe as they stand in it: 0 or a positive code with a text.
 // NO_DATA_ERROR: there is none; NOT_SUPPORTED_ERROR: none, but encrypted data that may hold it;
-// INVALID_DATA_ERROR: what comes before it is malformed.
+// INVALID_DATA_ERROR: what comes before it is malformed, or nested deeper than kMaxNestedBags.
 int pfx_find_certificate(const SecretBuffer& safe, SecretBuffer& certificate);
 int pfx_find_key(const SecretBuffer& safe, SecretBuffer& encryptedPrivateKeyInfo);
 

@@ -144,6 +144,45 @@ TEST_F(CmsEnvelope, LeavesOutWhoCannotBeServed) {
     EXPECT_EQ(number(message, "CountOfRecipientInfos"), 0);
     EXPECT_EQ(opened(message), "error " + std::to_string(-DECRYPT_ERROR));
     EXPECT_EQ(last_error(), "No RecipientInfos.");
+
+    const struct {
+        int distance; // from the exponent of a certificate's key
+        const char *to, *what;
+    } keys[] = {
+        {2, "000001", "e = 1"}, {2, "000002", "e = 2"}, {4, "00", "even"}, {-1, "00", "even modulus"}};
+    for (const auto& k : keys) {
+        SCOPED_TRACE(k.what);
+        const std::string bad = changed("../pfx/cert.der", "0203010001", k.distance, k.to);
+        EXPECT_EQ(CMS_MakeEnvDataFromString(message.c_str(), "x", bad.c_str(), nullptr, 0, 0), 0);
+        EXPECT_EQ(last_error(), "Cannot read public key in '" + bad + "'");
+    }
+    const std::string three = changed("../pfx/cert.der", "0203010001", 2, "000003");
+    EXPECT_EQ(CMS_MakeEnvDataFromString(message.c_str(), "x", three.c_str(), nullptr, 0, 0), 1);
+}
+
+// A message may not have any number of blocks tried, least of all for one recipient.
+TEST_F(CmsEnvelope, TriesSoManyRecipients) {
+    const Bytes der = test::read_file(path_of("tdes.der"));
+    const auto recipient = der.begin() + 29, content = recipient + 202;
+    Bytes bad(recipient, content);
+    bad.back() ^= 1;
+    const struct {
+        const char* cert;
+        int before;
+        bool opens;
+    } cases[] = {{"", 99, true}, {"", 100, false}, {me.c_str(), 3, true}, {me.c_str(), 4, false}};
+    for (const auto& c : cases) {
+        Bytes message = test::from_hex("3080 06092a864886f70d010703 a080 3080 020100 3180");
+        for (int i = 0; i < c.before; i++)
+            message.insert(message.end(), bad.begin(), bad.end());
+        message.insert(message.end(), recipient, content);
+        message.insert(message.end(), 2, 0);
+        message.insert(message.end(), content, der.end());
+        message.insert(message.end(), 6, 0);
+        EXPECT_EQ(opened(dir.write("message", message), c.cert),
+                  c.opens ? content_of(15) : "error " + std::to_string(-DECRYPT_ERROR))
+            << c.before;
+    }
 }
 
 TEST_F(CmsEnvelope, MakersSayWhatIsWrong) {
@@ -211,6 +250,8 @@ TEST_F(CmsEnvelope, ReadersSayWhatIsWrong) {
          "Missing R.2-CBC-Parameter"},
         {"RC2 version", changed("rc2_128.der", "02013a", 2, "3b"), "", out, -INVALID_DATA_ERROR,
          "Invalid ParameterVersion (59)"},
+        {"no RC2 version", changed("rc2_128.der", "02013a", 0, "04"), "", out, -INVALID_DATA_ERROR,
+         "Missing R.2-CBC-Parameter"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
@@ -293,6 +334,7 @@ TEST_F(CmsEnvelope, AnswersQueries) {
     EXPECT_EQ(ask("", "recipientIssuerName", ZUL_QUERY_GETTYPE), 2);
     EXPECT_EQ(ask("", "recipientIssuerName", 0), -BAD_PARAM_ERROR);
     EXPECT_EQ(ask(several, "messageDigest", 0), -BAD_QUERY_ERROR);
+    EXPECT_EQ(ask(several, "recipientSerialNumber/0", 0), -BAD_QUERY_ERROR);
     EXPECT_EQ(ask(several, "messageDigest", ZUL_QUERY_GETTYPE), -BAD_QUERY_ERROR);
     EXPECT_EQ(ask(me, "Version", 0), -INVALID_DATA_ERROR);
 }

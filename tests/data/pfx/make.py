@@ -267,9 +267,11 @@ def structures():
          **both)
     attributes = tlv(0x31, seq(oid(BAG + '3'), tlv(0x31, octets(b'x'))))
     nested = seq(bag(6, seq(), attributes), bag(6, seq(key_bag(two)), attributes))
-    for _ in range(55):
+    for _ in range(7):
         nested = seq(bag(1, one), bag(6, nested, attributes))
     made('nested bags', pfx(content_info(octets(nested)), cert), 0, 0, 0, **both)
+    made('nested too deeply', pfx(data(bag(6, nested)), cert), 0, BAD_DATA, BAD_DATA,
+         CertText='Bags of the PFX are nested too deeply', KeyText='Bags of the PFX are nested too deeply')
     for what, wrong in (('no SafeContents', content_info(octets(b'\x31\0'))), ('no data', seq(oid(PKCS7 + '1'))),
                         ('cut SafeContents', content_info(octets(b'\x30\3\2\1'))), ('bag without kind', data(seq(one))),
                         ('bags without bags', data(bag(6, octets(b'x'))))):
