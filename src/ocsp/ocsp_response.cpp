@@ -15,6 +15,7 @@
 #include "encode/hex.h"
 #include "frame/err.h"
 #include "frame/text.h"
+#include "platform/platform.h"
 #include "x509/certificate.h"
 #include "x509/verify.h"
 #include "x509/x509_input.h"
@@ -150,9 +151,19 @@ int add_basic_response(char report[kOcspReport], const BasicResponse& basic, con
     return 0;
 }
 
+// read_response says of what it cannot read what the readers of certificates say.
+int read_response(const char* responseFile, AsnList& object) {
+    const int error = asn_read_input(responseFile, object, kMaxResponse);
+    if (error == INVALID_DATA_ERROR)
+        err_add_text("Invalid ASN.1 data");
+    else if (error == OPEN_ERROR && !platform::file_is_regular(responseFile)) // one that is may be too large
+        err_set_text("Unable to open file '%s'", shown_name(responseFile));
+    return error;
+}
+
 int make_report(char report[kOcspReport], const char* responseFile, const char* issuerCert) {
     AsnList object;
-    if (const int error = asn_read_input(responseFile, object, kMaxResponse))
+    if (const int error = read_response(responseFile, object))
         return error;
     AsnChildren fields(object.head());
     const asn_Node* status = fields.take_if(kAsnUniversal, kAsnEnumerated);

@@ -188,6 +188,7 @@ TEST(Ocsp, WithABufferTheResultIsItsRoom) {
     EXPECT_EQ(OCSP_ReadResponse(nullptr, 40, tryLater.c_str(), nullptr, "ignored", -1), 9);
     EXPECT_EQ(OCSP_ReadResponse(nullptr, 0, nullptr, nullptr, nullptr, 0), -BAD_PARAM_ERROR);
     EXPECT_EQ(ask("", ""), -BAD_PARAM_ERROR);
-    EXPECT_EQ(ask(path_of("missing"), ""), -OPEN_ERROR);
-    EXPECT_EQ(ask(path_of("requests.txt"), ""), -INVALID_DATA_ERROR);
+    EXPECT_EQ(report("missing"), "error 1: Unable to open file 'missing'");
+    EXPECT_EQ(report(std::string(300, 'x')), "error 1: Unable to open file '...'");
+    EXPECT_EQ(report(path_of("requests.txt")), "error 8: Not a DER, PEM or base64 file; Invalid ASN.1 data");
 }
