@@ -140,6 +140,7 @@ sign_and_verify() {
 }
 
 . "$root/scripts/demo_certificates.sh"
+. "$root/scripts/demo_messages.sh"
 
 wipe_all() {
     local count
@@ -166,6 +167,11 @@ demonstrate() {
     make_certificates
     check_certificates
     revoke_certificate
+    sign_message
+    refuse_tampered_message
+    encrypt_message
+    pack_and_unpack
+    ask_responder
     wipe_all
 }
 
@@ -180,7 +186,7 @@ for preset in native windows; do
 done
 
 work=$(mktemp -d "$root/build/demo.XXXXXX")
-trap 'rm -rf "$work"' EXIT
+trap 'stop_responder; rm -rf "$work"' EXIT
 cd "$work"
 [ $# -gt 0 ] || file=$root/build/native/libzulcore.so
 demonstrate "Linux" "$file" "$root/build/native/zul"

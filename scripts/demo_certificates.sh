@@ -13,7 +13,7 @@ item() { "${zul[@]}" cert query "$1" "$2" | tr -d '\r'; }
 
 make_certificates() {
     local name
-    for name in root inter alice; do
+    for name in root inter alice bob; do
         "${zul[@]}" key make --password-file password "$name.pub" "$name.key"
     done
     "${zul[@]}" cert self -k root.key --password-file password --years 10 \
@@ -25,7 +25,9 @@ make_certificates() {
         grep -q "verify OK" <(openssl req -in alice.req -verify -noout 2>&1)
     "${zul[@]}" cert issue --issuer inter.pem -k inter.key --password-file password --request alice.req \
         --usage digitalSignature,keyEncipherment --email alice@example.com alice.pem
-    for name in root inter alice; do
+    "${zul[@]}" cert issue --issuer inter.pem -k inter.key --password-file password --public-key bob.pub \
+        --usage digitalSignature,keyEncipherment -s "C=AU;O=Example;CN=Bob" bob.pem
+    for name in root inter alice bob; do
         say "$name.pem" "$(item "$name.pem" subjectName), until $(item "$name.pem" notAfter)"
         say "" "issued by $(item "$name.pem" issuerName), for $(item "$name.pem" keyUsageString)"
     done

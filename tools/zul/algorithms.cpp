@@ -109,11 +109,11 @@ Cipher find_cipher_and_mode(const std::string& name) {
                      ", each with -ecb, -cbc, -cfb, -ofb or -ctr, as in aes-256-cbc");
 }
 
-Cipher find_key_wrap(const std::string& name) {
+Cipher find_cipher(const std::string& name) {
     std::string rest = plain(name);
     const CipherRow* row = find_row(rest);
     if (row == nullptr || !rest.empty())
-        throw UsageError("unknown key wrap " + in_quotes(name) + "; " + kCipherNames);
+        throw UsageError("unknown cipher " + in_quotes(name) + "; " + kCipherNames);
     return {row->name, row->option, row->keyBytes, row->blockBytes, false, false};
 }
 

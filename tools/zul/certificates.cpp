@@ -9,17 +9,11 @@ namespace tool {
 
 namespace {
 
-constexpr const char* kStandardInput = "standard input";
-
-std::string shown_name(const std::string& file) {
-    return is_standard_stream(file) ? kStandardInput : file;
-}
-
 SecretBytes pem_text(const SecretBytes& der) {
     SecretBytes base64((der.size() + 2) / 3 * 4 + 1);
     accept_length(CNV_B64StrFromBytes(reinterpret_cast<char*>(base64.data()), int_length(base64) - 1,
                                       der.data(), int_length(der)),
-                  kStandardInput);
+                  "standard input");
     base64.pop_back();
     SecretBytes text;
     const auto add = [&text](std::string_view part) { text.insert(text.end(), part.begin(), part.end()); };
@@ -62,7 +56,7 @@ ObjectArgument certificate_object(const std::string& file) {
     return object;
 }
 
-ScratchFile::ScratchFile() {
+ScratchFile::ScratchFile(bool isSecret) : isSecret_(isSecret) {
     folder_ = temporary_folder() + "zul-" + random_serial();
     std::error_code error;
     if (!std::filesystem::create_directory(path_of(folder_), error))
@@ -71,6 +65,7 @@ ScratchFile::ScratchFile() {
                                      std::string(kTemporaryVariable) + " says which.");
     std::filesystem::permissions(path_of(folder_), std::filesystem::perms::owner_all, error);
     path_ = folder_ + "/made";
+    remove_on_signal(folder_, path_);
 }
 
 ScratchFile::~ScratchFile() {
@@ -79,18 +74,17 @@ ScratchFile::~ScratchFile() {
 
 void ScratchFile::remove() const {
     std::error_code ignored;
+    if (isSecret_)
+        WIPE_File(path_.c_str(), 0);
     std::filesystem::remove_all(path_of(folder_), ignored);
+    keep_on_signal(folder_);
 }
 
-// The folder goes before anything is written, where the system lets go of an open file: a reader of standard
-// output that has gone away ends the tool on the spot.
 void ScratchFile::deliver(const std::string& out) const {
-    Input made(path_);
+    const SecretBytes made = Input(path_).read_all();
     remove();
     Output output(out);
-    SecretBytes chunk(kChunk);
-    while (const size_t count = made.read(chunk.data(), chunk.size()))
-        output.write(chunk.data(), count);
+    output.write(made);
     output.finish();
 }
 
@@ -102,6 +96,7 @@ void ScratchFile::deliver_der(const std::string& out) const {
     output.finish();
 }
 
+// The folder goes before anything is written, where the system lets go of an open file.
 void ScratchFile::show() const {
     Input made(path_);
     remove();

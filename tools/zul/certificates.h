@@ -29,7 +29,7 @@ SecretBytes der_of(const std::string& file);
 // should be, and standard output too.
 class ScratchFile {
   public:
-    ScratchFile();
+    explicit ScratchFile(bool isSecret = false); // it is wiped then
     ScratchFile(const ScratchFile&) = delete;
     ScratchFile& operator=(const ScratchFile&) = delete;
     ~ScratchFile();
@@ -42,6 +42,7 @@ class ScratchFile {
   private:
     void remove() const;
 
+    bool isSecret_;
     std::string folder_, path_;
 };
 

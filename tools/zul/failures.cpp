@@ -8,7 +8,7 @@ namespace {
 
 std::string describe(int code, const std::string& subject, const std::string& added,
                      const std::string& hint) {
-    std::string text = subject + ": error " + std::to_string(code) + ": " + error_text(code);
+    std::string text = shown_name(subject) + ": error " + std::to_string(code) + ": " + error_text(code);
     if (!added.empty())
         text += "; " + added;
     if (!hint.empty())
@@ -24,8 +24,12 @@ std::string last_error() {
         return {};
     std::string text(static_cast<size_t>(length), '\0'); // its own NUL is the room for the terminator
     ZUL_LastError(text.data(), length);
-    while (text.ends_with('\n')) // which a few of the library's texts have
-        text.pop_back();
+    // A few of the library's texts end with a line feed, and another may follow.
+    for (size_t at = text.find('\n'); at != text.npos; at = text.find('\n', at))
+        if (at + 1 == text.size() || text[at + 1] == ';')
+            text.erase(at, 1);
+        else
+            ++at;
     return text;
 }
 

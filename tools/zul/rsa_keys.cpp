@@ -79,7 +79,7 @@ RsaKey RsaKey::from_xml(const SecretBytes& content, const std::string& name) {
 }
 
 RsaKey RsaKey::read(const std::string& file, const PasswordOption& password) {
-    const std::string name = is_standard_stream(file) ? "standard input" : file;
+    const std::string name = shown_name(file);
     const SecretBytes content = Input(file).read_all();
     const std::string_view all(as_text(content), content.size());
     if (all.find("RSAKeyValue") != all.npos || all.find("RSAKeyPair") != all.npos)

@@ -11,11 +11,65 @@
 #include <fcntl.h>
 #include <io.h>
 #else
+#include <csignal>
+#include <cstring>
 #include <fcntl.h>
 #include <unistd.h>
 #endif
 
 namespace tool {
+
+#ifdef _WIN32
+void remove_on_signal(const std::string&, const std::string&) {}
+void keep_on_signal(const std::string&) {}
+#else
+namespace {
+
+struct Doomed {
+    volatile std::sig_atomic_t isThere;
+    char folder[4096], file[4096];
+};
+Doomed doomed[8];
+
+extern "C" void remove_and_end(int signal) {
+    for (Doomed& each : doomed)
+        if (each.isThere != 0) {
+            unlink(each.file);
+            rmdir(each.folder);
+        }
+    raise(signal); // with its default action now, once this returns
+}
+
+void take_signals() {
+    for (const int signal : {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGPIPE}) {
+        struct sigaction before {
+        }, ending{};
+        ending.sa_handler = remove_and_end;
+        ending.sa_flags = static_cast<int>(SA_RESETHAND);
+        if (sigaction(signal, nullptr, &before) == 0 && before.sa_handler == SIG_DFL)
+            sigaction(signal, &ending, nullptr);
+    }
+}
+
+} // namespace
+
+void remove_on_signal(const std::string& folder, const std::string& file) {
+    auto* free =
+        std::find_if(std::begin(doomed), std::end(doomed), [](Doomed& each) { return !each.isThere; });
+    if (free == std::end(doomed) || file.size() >= sizeof free->file)
+        return;
+    take_signals();
+    std::strcpy(free->folder, folder.c_str());
+    std::strcpy(free->file, file.c_str());
+    free->isThere = 1;
+}
+
+void keep_on_signal(const std::string& folder) {
+    for (Doomed& each : doomed)
+        if (each.isThere != 0 && folder == each.folder)
+            each.isThere = 0;
+}
+#endif
 
 void prepare_streams() {
 #ifdef _WIN32
@@ -32,6 +86,19 @@ bool output_is_terminal() {
 #else
     return isatty(STDOUT_FILENO) != 0;
 #endif
+}
+
+std::string shown_name(const std::string& file) {
+    if (is_standard_stream(file))
+        return "standard input";
+    std::string text;
+    for (const char c : file) {
+        if (static_cast<unsigned char>(c) >= 0x20 && c != 0x7F)
+            text += c;
+        else
+            text += "?";
+    }
+    return text;
 }
 
 bool is_same_file(const std::string& one, const std::string& other) {
@@ -57,11 +124,9 @@ void refuse_same_file(const std::string& in, const std::string& out, const std::
         throw Refused::by_system(BAD_PARAM_ERROR, in, hint);
 }
 
-Input::Input(const std::string& name) : name_(name), file_(stdin) {
-    if (is_standard_stream(name)) {
-        name_ = "standard input";
+Input::Input(const std::string& name) : name_(shown_name(name)), file_(stdin) {
+    if (is_standard_stream(name))
         return;
-    }
     std::error_code ignored;
     file_ = std::filesystem::is_directory(path_of(name), ignored) ? nullptr : std::fopen(name.c_str(), "rb");
     if (file_ == nullptr)

@@ -38,7 +38,7 @@ struct WrapCommand {
     }
 
     void run() const {
-        const Cipher cipher = find_key_wrap(algorithm);
+        const Cipher cipher = find_cipher(algorithm);
         if (kek.is_standard_input() && is_standard_stream(in))
             throw UsageError("the key-encryption key and IN cannot both come from standard input");
         const SecretBytes kekBytes = kek.read_exactly(cipher.keyBytes, cipher.name + " key wrap");

@@ -81,9 +81,10 @@ int run(CLI::App& app, int argc, char** argv) {
 int main(int argc, char** argv) {
     try {
         tool::prepare_streams();
-        CLI::App app("Digests, encryption, signatures, keys, certificates, encodings and random numbers on "
-                     "files, with zulcore.",
-                     "zul");
+        CLI::App app(
+            "Digests, encryption, signatures, keys, certificates, messages, encodings and random numbers on "
+            "files, with zulcore.",
+            "zul");
         app.allow_windows_style_options(false); // a name may begin with a slash on every system
         app.require_subcommand(1);
         app.get_formatter()->label("SUBCOMMAND", "COMMAND");
@@ -98,6 +99,9 @@ int main(int argc, char** argv) {
         tool::add_cert_commands(app);
         tool::add_request_commands(app);
         tool::add_crl_commands(app);
+        tool::add_cms_commands(app);
+        tool::add_pfx_commands(app);
+        tool::add_ocsp_commands(app);
         tool::add_encode_commands(app);
         tool::add_der_command(app);
         tool::add_random_command(app);

@@ -95,6 +95,10 @@ constexpr size_t kChunk = 96 * 1024; // whole base64 groups and whole pages
 // everywhere.
 void prepare_streams();
 bool output_is_terminal();
+// remove_on_signal has a signal that ends the tool remove a file and its folder, keep_on_signal takes that
+// back (where there are such signals).
+void remove_on_signal(const std::string& folder, const std::string& file);
+void keep_on_signal(const std::string& folder);
 // ask_secretly asks at the terminal, whatever the standard streams are, and reads a line without showing it.
 // Asked twice, the answers must agree. Refused if there is no terminal, the user gives up or they differ.
 SecretBytes ask_secretly(const std::string& question, bool twice); // (secret_prompt.cpp)
@@ -110,6 +114,8 @@ constexpr const char* kTemporaryVariable = "TMPDIR";
 inline bool is_standard_stream(const std::string& name) {
     return name == "-";
 }
+// shown_name is what messages call an input, without characters that could steer a terminal or begin a line.
+std::string shown_name(const std::string& file);
 // is_same_file compares what two names mean, whether the files exist already or not.
 bool is_same_file(const std::string& one, const std::string& other);
 void refuse_same_file(const std::string& in, const std::string& out,
@@ -211,7 +217,7 @@ struct Cipher {
     bool takesIv, pads;
 };
 Cipher find_cipher_and_mode(const std::string& name); // "aes-256-cbc", "3DES/CTR", "des-ede3-cbc" ...
-Cipher find_key_wrap(const std::string& name);        // the same without a mode
+Cipher find_cipher(const std::string& name);          // the same without a mode
 
 // find_key_encryption gives the options of RSA_SaveEncPrivateKey for a scheme and the digest of its key
 // derivation (empty: the scheme's usual one).
@@ -242,6 +248,9 @@ void add_cert_make_commands(CLI::App& group);
 void add_cert_path_command(CLI::App& group);
 void add_request_commands(CLI::App& app);
 void add_crl_commands(CLI::App& app);
+void add_cms_commands(CLI::App& app);
+void add_pfx_commands(CLI::App& app);
+void add_ocsp_commands(CLI::App& app);
 void add_der_command(CLI::App& app);
 void add_general_commands(CLI::App& app);
 

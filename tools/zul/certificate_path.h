@@ -1,0 +1,40 @@
+#pragma once
+#include "certificates.h"
+
+// Certificates in numbers, and the paths that they make.
+namespace tool {
+
+// Certificate was read once: what is looked at is what the library gets, and no name of a file is in a list.
+struct Certificate {
+    SecretBytes der;
+    ObjectArgument argument;
+
+    // file: a name for messages, or - for standard input.
+    Certificate(const std::string& file, SecretBytes content)
+        : der(std::move(content)), argument(file, der) {}
+    bool operator==(const Certificate& other) const { return der == other.der; }
+    int number(const char* name) const { return X509_QueryCert(nullptr, 0, argument.text(), name, 0); }
+    bool was_signed_by(const Certificate& issuer) const {
+        return X509_VerifyCert(argument.text(), issuer.argument.text()) == 0;
+    }
+    const std::string& name() const { return argument.name(); }
+};
+
+// read_certificate takes the first object of a file and refuses what is no certificate.
+Certificate read_certificate(const std::string& file);
+// add_certificates takes a file's blocks of PEM, or else the file as one; of a bundle (PKCS #7) all.
+void add_certificates(std::vector<Certificate>& certificates, const std::string& file);
+// certificate_list gives a list of certificate arguments.
+std::string certificate_list(const std::vector<Certificate>& certificates);
+
+constexpr size_t kLongestPath = 20; // of which the library knows
+
+// check_path refuses what is no valid path. trusted: what it begins with, or null; hint: for the reader.
+void check_path(const std::vector<Certificate>& certificates, const Certificate* trusted, bool ignoreDates,
+                const std::string& hint = {});
+// path_to_trusted chooses, of certificates in any number, those that lead from one to a trusted one; where
+// there is no path, the one alone.
+std::vector<Certificate> path_to_trusted(const Certificate& last, const std::vector<Certificate>& others,
+                                         const Certificate& trusted);
+
+} // namespace tool

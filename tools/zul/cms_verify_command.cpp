@@ -1,0 +1,271 @@
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <memory>
+
+#include "cms_message.h"
+
+namespace tool {
+
+namespace {
+
+struct VerifyCommand {
+    std::string file, signer, trusted, contentFile, digestHex, out;
+    std::vector<std::string> others;
+    bool ignoreDates = false;
+
+    void check_arguments() const {
+        if (!contentFile.empty() && !digestHex.empty())
+            throw UsageError("--content and --content-digest exclude each other");
+        if (trusted.empty() && (ignoreDates || !others.empty()))
+            throw UsageError("--extra-cert and --ignore-dates go with --trusted");
+        std::vector<std::string> inputs = others;
+        inputs.insert(inputs.end(), {file, signer, trusted, contentFile});
+        if (std::count(inputs.begin(), inputs.end(), "-") > 1)
+            refuse_shared_input({true, true});
+        for (const std::string& input : inputs)
+            if (!input.empty() && !out.empty())
+                refuse_same_file(input, out, "The output would replace the input.");
+    }
+
+    // digests gives the digest of content that the message does not carry, once for each algorithm that its
+    // signers took; an empty text if there is none.
+    std::vector<std::string> digests(const std::vector<std::string>& algorithms) const {
+        if (!digestHex.empty()) {
+            const SecretBytes line = hex_line(decode_hex(digestHex, "--content-digest"));
+            return {std::string(line.begin(), line.end() - 1)};
+        }
+        if (contentFile.empty())
+            return {""};
+        const bool isStream = !is_on_disk(contentFile); // which is read but once
+        const SecretBytes streamed = isStream ? Input(contentFile).read_all() : SecretBytes{};
+        std::vector<std::string> results;
+        for (const std::string& name : algorithms) {
+            int option = 0;
+            try {
+                option = find_digest(name).option;
+            } catch (const UsageError&) { // the library will refuse it
+                continue;
+            }
+            char hash[129] = "";
+            accept_length(isStream ? HASH_HexFromBytes(hash, sizeof hash - 1, streamed.data(),
+                                                       int_length(streamed), option)
+                                   : HASH_HexFromFile(hash, sizeof hash - 1, contentFile.c_str(), option),
+                          contentFile);
+            results.emplace_back(hash);
+        }
+        return results.empty() ? std::vector<std::string>{""} : results;
+    }
+
+    static std::vector<std::string> digest_algorithms(const Message& message, int signers) {
+        constexpr int kMost = 10;
+        if (signers > kMost)
+            warn("only the digests of the first " + std::to_string(kMost) + " signers are looked at");
+        std::vector<std::string> names;
+        for (int i = 1; i <= std::min(signers, kMost); ++i) {
+            const std::string name = message.query(CMS_QuerySigData, "digestAlgorithm/" + std::to_string(i));
+            if (std::find(names.begin(), names.end(), name) == names.end())
+                names.push_back(name);
+        }
+        return names;
+    }
+
+    // candidates gives the certificates that may be a signer's.
+    std::vector<Certificate> candidates(const Message& message) const {
+        if (!signer.empty())
+            return {read_certificate(signer)};
+        const int count = message.certificate_count();
+        if (count > static_cast<int>(kLongestPath))
+            throw Refused::by_system(OUT_OF_RANGE_ERROR, message.name(),
+                                     "It carries " + std::to_string(count) +
+                                         " certificates; name the signer's with --cert.");
+        std::vector<Certificate> certificates;
+        for (int i = 1; i <= count; ++i) {
+            Certificate each = message.certificate(i);
+            const bool isNew =
+                std::find(certificates.begin(), certificates.end(), each) == certificates.end();
+            if (isNew && each.number("version") > 0) // else the library cannot read it, no signer can have it
+                certificates.push_back(std::move(each));
+        }
+        return certificates;
+    }
+
+    // signers gives the certificates whose signatures are good. Refused if there are none, and for a
+    // signature that is not good.
+    std::vector<Certificate> signers(const Message& message, const std::vector<Certificate>& certificates,
+                                     const std::vector<std::string>& hashes) const {
+        std::vector<Certificate> good;
+        const auto refuse = [&](int result) {
+            const char* hint = "";
+            if (result == NO_MATCH_ERROR)
+                hint = signer.empty() ? "No signer's certificate is in the message; --cert FILE gives it."
+                                      : "The certificate given is not that of a signer.";
+            else if (result == NO_DATA_ERROR)
+                hint = "The content is not in the message; --content FILE gives it.";
+            else if (result == SIGNATURE_ERROR)
+                hint = "The content or the message was changed, or the certificate is not the signer's.";
+            throw Refused::by_library(result, message.name(), hint);
+        };
+        for (const Certificate& each : certificates) {
+            int result = 0;
+            for (const std::string& hash : hashes)
+                if ((result = CMS_VerifySigData(message.path(), each.argument.text(), hash.c_str(), 0)) == 0)
+                    break;
+            if (result == 0)
+                good.push_back(each);
+            else if (result != NO_MATCH_ERROR || !signer.empty())
+                refuse(result);
+        }
+        if (good.empty())
+            refuse(CMS_VerifySigData(message.path(), nullptr, hashes.front().c_str(), 0));
+        return good;
+    }
+
+    void validate(const Certificate& each, const std::vector<Certificate>& carried,
+                  const Certificate& anchor) const {
+        check_path(path_to_trusted(each, carried, anchor), &anchor, ignoreDates,
+                   each == anchor ? "The trusted certificate is the signer's own; --cert takes that."
+                                  : "The signature is good, but no valid path leads from the trusted "
+                                    "certificate to the signer's, " +
+                                        each.name() + ".");
+        constexpr int kUses = ZUL_KEYUSAGE_DIGITALSIGNATURE | ZUL_KEYUSAGE_NONREPUDIATION;
+        const int usage = each.number("keyUsageFlags");
+        if (usage < 0 || (usage > 0 && (usage & kUses) == 0))
+            throw Refused::by_system(ISSUER_ERROR, each.name(),
+                                     "Its key is not for signing messages (digitalSignature, "
+                                     "nonRepudiation).");
+    }
+
+    std::string trust(const Certificate* anchor) const {
+        if (anchor != nullptr)
+            return "validated: a valid path from the trusted " + anchor->name() +
+                   " (not checked: " + (ignoreDates ? "dates, " : "") +
+                   "revocation, path lengths, what else extensions say)";
+        if (!signer.empty())
+            return "the certificate is the one given with --cert; its issuer, usage and revocation not "
+                   "checked";
+        return "NOT VALIDATED: the message brought this certificate along, and anybody can make one in\n"
+               "              any name. Compare the thumbprint, or give --trusted ROOT or --cert CERT.";
+    }
+
+    std::string describe(const Certificate& each, const Certificate* anchor) const {
+        char thumb[65] = "";
+        accept_length(X509_CertThumb(each.argument.text(), thumb, sizeof thumb - 1, ZUL_HASH_SHA256),
+                      each.name());
+        const auto item = [&each](const char* name) { return tool::query(each.argument, name); };
+        return "  signer      " + item("subjectName") + "\n  issued by   " + item("issuerName") +
+               ", number " + item("serialNumber") + "\n  thumbprint  sha256 " + thumb + "\n  trust       " +
+               trust(anchor) + "\n";
+    }
+
+    void warn_of_digests(const std::vector<std::string>& names) const {
+        for (const std::string& name : names)
+            if (name.find("md") != name.npos || name.find("sha1") != name.npos ||
+                name.find("sha-1") != name.npos)
+                warn("signed with " + name +
+                     ", which is broken: two contents with the same signature can be made");
+    }
+
+    void run() const {
+        check_arguments();
+        const Message message(file);
+        const int count = accept_length(CMS_QuerySigData(nullptr, 0, message.path(), "CountOfSigners", 0),
+                                        message.name(), "Is it a signed message? 'zul cms show' tells.");
+        const std::vector<std::string> algorithms = digest_algorithms(message, count);
+        const std::vector<std::string> hashes = digests(algorithms);
+        std::vector<Certificate> certificates = candidates(message);
+        const std::vector<Certificate> good = signers(message, certificates, hashes);
+
+        std::vector<Certificate> anchor; // one or none
+        if (!trusted.empty()) {
+            anchor.push_back(read_certificate(trusted));
+            if (!signer.empty())
+                add_carried(certificates, message);
+            for (const std::string& other : others)
+                add_certificates(certificates, other);
+            for (const Certificate& each : good)
+                validate(each, certificates, anchor.front());
+        } else if (!signer.empty() && X509_CertIsValidNow(good.front().argument.text(), 0) == -1) {
+            warn(good.front().name() + " has expired or is not valid yet");
+        }
+        warn_of_digests(algorithms);
+        report(message, count, good, anchor.empty() ? nullptr : &anchor.front());
+    }
+
+    static void add_carried(std::vector<Certificate>& certificates, const Message& message) {
+        const int most = static_cast<int>(kLongestPath);
+        for (int i = 1; i <= std::min(message.certificate_count(), most); ++i)
+            certificates.push_back(message.certificate(i));
+    }
+
+    void report(const Message& message, int count, const std::vector<Certificate>& good,
+                const Certificate* anchor) const {
+        std::string text = message.name() + ": good signature";
+        if (anchor == nullptr)
+            text += signer.empty() ? ", but by whom is not validated" : "";
+        text += "\n";
+        for (const Certificate& each : good)
+            text += describe(each, anchor);
+        if (count == 1) {
+            const std::string time = message.query(CMS_QuerySigData, "SigningTime");
+            if (!time.empty())
+                text += "  time        " + time + " UTC, says the signer\n";
+        } else {
+            text += "  signatures  " + std::to_string(count) +
+                    " in the message; verified is one for each signer above" +
+                    (static_cast<size_t>(count) > good.size() ? ", and no other\n" : "\n");
+        }
+        if (!out.empty()) {
+            SecretBytes content(message.size() + 1);
+            const int length = CMS_ReadSigDataToString(reinterpret_cast<char*>(content.data()),
+                                                       int_length(content) - 1, message.path(), 0);
+            accept_length(length, message.name());
+            content.resize(static_cast<size_t>(length));
+            Output output(out);
+            output.write(content);
+            output.finish();
+        }
+        if (is_standard_stream(out))
+            std::fputs(text.c_str(), stderr);
+        else
+            Output("-").write(text);
+    }
+};
+
+} // namespace
+
+void add_cms_verify_command(CLI::App& group) {
+    auto verify = std::make_shared<VerifyCommand>();
+    CLI::App* command = group.add_subcommand("verify", "Check a message's signature, and who signed");
+    command->add_option("MESSAGE", verify->file, "DER, PEM or base64; - for standard input")
+        ->required()
+        ->option_text(" ");
+    command
+        ->add_option("--trusted", verify->trusted,
+                     "Demand a valid path from this certificate, of an authority, to every signer's")
+        ->option_text("ROOT");
+    command
+        ->add_option("--cert", verify->signer,
+                     "Demand the signature of this certificate, whether the message carries it or not")
+        ->option_text("CERT");
+    command
+        ->add_option("--extra-cert", verify->others, "Further certificates for the path; once for each file")
+        ->allow_extra_args(false)
+        ->option_text("FILE");
+    command->add_flag("--ignore-dates", verify->ignoreDates, "Accept certificates that have expired");
+    command->add_option("--content", verify->contentFile, "The content that the message does not carry")
+        ->option_text("FILE");
+    command->add_option("--content-digest", verify->digestHex, "Its digest instead")->option_text("HEX");
+    command
+        ->add_option("-o,--out", verify->out,
+                     "File for the content, once all is good; with - the report goes to standard error")
+        ->option_text("FILE");
+    command->footer(
+        "Without --trusted or --cert a good signature says that somebody has signed, and the name is what\n"
+        "that somebody likes: the certificate comes with the message. A signing time is the signer's word.\n"
+        "Of a message with several signers all whose certificates are there must be good, of several\n"
+        "signatures of one signer the first. Exit status 1 for a signature, or a path, that is not good.\n\n"
+        "Example:\n  zul cms verify report.p7m --trusted root.pem -o report.pdf");
+    command->callback([verify] { verify->run(); });
+}
+
+} // namespace tool
