@@ -3,6 +3,8 @@
 #include <cstring>
 #include <string_view>
 
+#include "frame/slice.h"
+
 namespace zul {
 namespace {
 
@@ -11,7 +13,7 @@ std::string_view trimmed(std::string_view text) {
     const size_t first = text.find_first_not_of(kSpace);
     if (first == std::string_view::npos)
         return {};
-    return text.substr(first, text.find_last_not_of(kSpace) - first + 1);
+    return slice(text, first, text.find_last_not_of(kSpace) - first + 1);
 }
 
 } // namespace
@@ -24,7 +26,7 @@ CertificateArguments::CertificateArguments(const char* list) {
     memcpy(text_.data(), list, rest.size());
     for (rest = {text_.text(), rest.size()}; count_ < kMaxCount;) {
         const size_t end = rest.find(';');
-        const std::string_view item = trimmed(rest.substr(0, end));
+        const std::string_view item = trimmed(slice(rest, 0, end));
         if (end == std::string_view::npos && item.empty())
             break;
         // Each ends in the place of a blank or ";" behind it, or of the NUL behind all.

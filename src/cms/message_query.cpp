@@ -3,6 +3,7 @@
 #include <climits>
 #include <string_view>
 
+#include "frame/slice.h"
 #include "x509/pair_reader.h"
 #include "zulcore.h"
 
@@ -65,9 +66,9 @@ int find_message_query(const char* query, int* index) {
     const size_t slash = whole.find('/');
     int number = 1;
     if (slash != std::string_view::npos)
-        number = read_number(whole.substr(slash + 1));
+        number = read_number(slice(whole, slash + 1));
     for (const Keyword& keyword : kKeywords) {
-        if (!same_word(whole.substr(0, slash), keyword.word))
+        if (!same_word(slice(whole, 0, slash), keyword.word))
             continue;
         const bool mayBeNumbered = keyword.scope == Scope::one;
         if (number == 0 || (slash != std::string_view::npos && !mayBeNumbered))

@@ -3,6 +3,7 @@
 #include "encode/base64.h"
 #include "encode/hex.h"
 #include "frame/err.h"
+#include "frame/slice.h"
 #include "rsa/rsa_der.h"
 #include "rsa/rsa_xml.h"
 #include "rsa/rsa_xml_elements.h"
@@ -51,11 +52,11 @@ class ValueText {
   private:
     bool is_base64() const {
         const std::string_view text(buffer_.text() + 1, length_ - 1);
-        const size_t digits = text.substr(0, text.find('=')).size();
-        for (const char c : text.substr(0, digits))
+        const size_t digits = slice(text, 0, text.find('=')).size();
+        for (const char c : slice(text, 0, digits))
             if (!b64_is_char(c))
                 return false;
-        const std::string_view padding = text.substr(digits);
+        const std::string_view padding = slice(text, digits);
         return digits % 4 != 1 && (padding.empty() || text.size() % 4 == 0) &&
                (padding.empty() || padding == "=" || padding == "==");
     }

@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+#include "frame/slice.h"
+
 namespace zul {
 
 namespace {
@@ -20,12 +22,12 @@ bool continues_name(char c) {
 }
 
 std::string_view without_prefix(std::string_view name) {
-    return name.substr(name.rfind(':') + 1); // npos + 1 is 0
+    return slice(name, name.rfind(':') + 1); // npos + 1 is 0
 }
 
 // The number of a character reference ("#65", "#x41"), or 0 if it is none.
 uint32_t referred_number(std::string_view reference) {
-    const bool isHex = reference.substr(0, 2) == "#x";
+    const bool isHex = slice(reference, 0, 2) == "#x";
     reference.remove_prefix(isHex ? 2 : 1);
     uint32_t number = 0;
     for (const char c : reference) {
@@ -114,7 +116,7 @@ XmlReader::Event XmlReader::read_start_tag() {
     const std::string_view from = rest_;
     if (!skip_attributes())
         return Event::malformed;
-    attributes_ = from.substr(0, from.size() - rest_.size());
+    attributes_ = slice(from, 0, from.size() - rest_.size());
     isEmpty_ = take("/");
     if (!take(">"))
         return Event::malformed;
@@ -142,7 +144,7 @@ void XmlReader::close() {
 XmlReader::Event XmlReader::read_text() {
     if (rest_[0] == '&')
         return read_reference() ? Event::text : Event::malformed;
-    text_ = rest_.substr(0, rest_.find_first_of("<&"));
+    text_ = slice(rest_, 0, rest_.find_first_of("<&"));
     rest_.remove_prefix(text_.size());
     return Event::text;
 }
@@ -154,10 +156,10 @@ bool XmlReader::read_reference() {
         char character;
     } kPredefined[] = {{"amp", '&'}, {"lt", '<'}, {"gt", '>'}, {"quot", '"'}, {"apos", '\''}};
 
-    const size_t end = rest_.substr(0, kLongest).find(';');
+    const size_t end = slice(rest_, 0, kLongest).find(';');
     if (end == std::string_view::npos)
         return false;
-    const std::string_view reference = rest_.substr(1, end - 1);
+    const std::string_view reference = slice(rest_, 1, end - 1);
     uint32_t number = 0;
     if (!reference.empty() && reference[0] == '#')
         number = referred_number(reference);
@@ -175,7 +177,7 @@ bool XmlReader::read_cdata() {
     const std::string_view from = rest_;
     if (!skip_past("]]>"))
         return false;
-    text_ = from.substr(0, from.size() - rest_.size() - 3);
+    text_ = slice(from, 0, from.size() - rest_.size() - 3);
     return true;
 }
 
@@ -190,7 +192,7 @@ bool XmlReader::skip_attributes() {
         if (rest_.empty() || (rest_[0] != '"' && rest_[0] != '\''))
             return false;
         const size_t end = rest_.find(rest_[0], 1);
-        if (end == std::string_view::npos || rest_.substr(0, end).find('<') != std::string_view::npos)
+        if (end == std::string_view::npos || slice(rest_, 0, end).find('<') != std::string_view::npos)
             return false;
         rest_.remove_prefix(end + 1);
     }
@@ -204,7 +206,7 @@ std::string_view XmlReader::attribute(std::string_view wanted) const {
         tag.skip_space();
         tag.take("=");
         tag.skip_space();
-        const std::string_view value = tag.rest_.substr(1, tag.rest_.find(tag.rest_[0], 1) - 1);
+        const std::string_view value = slice(tag.rest_, 1, tag.rest_.find(tag.rest_[0], 1) - 1);
         if (without_prefix(name) == wanted)
             return value;
         tag.rest_.remove_prefix(value.size() + 2);
@@ -217,7 +219,7 @@ std::string_view XmlReader::read_name() {
     if (!rest_.empty() && starts_name(rest_[0]))
         while (size < rest_.size() && continues_name(rest_[size]))
             size++;
-    const std::string_view name = rest_.substr(0, size);
+    const std::string_view name = slice(rest_, 0, size);
     rest_.remove_prefix(size);
     return name;
 }
@@ -238,7 +240,7 @@ bool XmlReader::skip_space() {
 }
 
 bool XmlReader::take(std::string_view token) {
-    if (rest_.substr(0, token.size()) != token)
+    if (slice(rest_, 0, token.size()) != token)
         return false;
     rest_.remove_prefix(token.size());
     return true;

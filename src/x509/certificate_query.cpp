@@ -8,6 +8,7 @@
 #include "encode/hex.h"
 #include "frame/err.h"
 #include "frame/memory.h"
+#include "frame/slice.h"
 #include "frame/text.h"
 #include "x509/certificate.h"
 #include "x509/certificate_extensions.h"
@@ -160,15 +161,15 @@ struct Evaluation {
 
 int find_query(const char* query) {
     constexpr size_t kMaxWords = 32;
-    std::string_view words = without_leading_space(query).substr(0, kMaxWords);
+    std::string_view words = slice(without_leading_space(query), 0, kMaxWords);
     if (const size_t slash = words.find('/'); slash != std::string_view::npos) {
-        if (!begins_with_positive_number(words.substr(slash + 1)))
+        if (!begins_with_positive_number(slice(words, slash + 1)))
             return -BAD_QUERY_ERROR;
-        words = words.substr(0, slash);
+        words = slice(words, 0, slash);
     }
-    words = words.substr(0, words.find(' '));
+    words = slice(words, 0, words.find(' '));
     for (size_t i = 0; i < std::size(kQueries); i++) {
-        if (same_word(words.substr(0, kQueries[i].name.size()), kQueries[i].name))
+        if (same_word(slice(words, 0, kQueries[i].name.size()), kQueries[i].name))
             return static_cast<int>(i);
     }
     return -BAD_QUERY_ERROR;

@@ -11,6 +11,7 @@
 #include "encode/hex.h"
 #include "encode/utf8.h"
 #include "frame/debug_output.h"
+#include "frame/slice.h"
 #include "x509/name_attributes.h"
 #include "x509/pair_reader.h"
 #include "zulcore.h"
@@ -58,7 +59,7 @@ SecretBuffer from_hex(std::string_view text) {
 bool read_value(const PairReader& pair, SecretBuffer& value) {
     const std::string_view raw = pair.raw_value();
     if (raw.starts_with("#x")) {
-        value = from_hex(raw.substr(2));
+        value = from_hex(slice(raw, 2));
         return !value.empty();
     }
     if (raw.starts_with("##x"))

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "frame/slice.h"
+
 namespace zul {
 
 namespace {
@@ -9,7 +11,7 @@ namespace {
 constexpr std::string_view kBlanks = " \t";
 
 std::string_view without_leading(std::string_view text, std::string_view unwanted) {
-    return text.substr(std::min(text.find_first_not_of(unwanted), text.size()));
+    return slice(text, text.find_first_not_of(unwanted));
 }
 
 // quoted_end gives where a text that begins with a quote goes on behind the closing one: its end if there is
@@ -33,12 +35,12 @@ bool PairReader::next() {
     const size_t equals = rest_.find('=');
     if (equals == std::string_view::npos)
         return false;
-    keyword_ = without_leading(rest_.substr(0, equals), ";");
-    keyword_ = without_leading(keyword_.substr(0, keyword_.find(';')), kBlanks);
+    keyword_ = without_leading(slice(rest_, 0, equals), ";");
+    keyword_ = without_leading(slice(keyword_, 0, keyword_.find(';')), kBlanks);
 
-    rest_ = without_leading(rest_.substr(equals + 1), kBlanks);
+    rest_ = without_leading(slice(rest_, equals + 1), kBlanks);
     const bool isQuoted = rest_.starts_with('\'');
-    raw_ = rest_.substr(0, isQuoted ? quoted_end(rest_) : rest_.find(';'));
+    raw_ = slice(rest_, 0, isQuoted ? quoted_end(rest_) : rest_.find(';'));
     rest_.remove_prefix(raw_.size());
     rest_.remove_prefix(std::min(rest_.find(';'), rest_.size()));
     return true;

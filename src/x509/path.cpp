@@ -10,6 +10,7 @@
 #include "asn1/asn_encode.h"
 #include "frame/err.h"
 #include "frame/memory.h"
+#include "frame/slice.h"
 #include "x509/certificate.h"
 #include "x509/certificate_list.h"
 #include "x509/der_source.h"
@@ -47,7 +48,7 @@ std::string_view trimmed(std::string_view text) {
     const size_t first = text.find_first_not_of(kSpace);
     if (first == std::string_view::npos)
         return {};
-    return text.substr(first, text.find_last_not_of(kSpace) - first + 1);
+    return slice(text, first, text.find_last_not_of(kSpace) - first + 1);
 }
 
 // ItemReader takes a text of items apart at its ";". Items that are empty are passed over.
@@ -58,7 +59,7 @@ class ItemReader {
     SecretBuffer next() {
         while (!rest_.empty()) {
             const size_t length = std::min(rest_.find(';'), rest_.size());
-            const std::string_view item = trimmed(rest_.substr(0, length));
+            const std::string_view item = trimmed(slice(rest_, 0, length));
             rest_.remove_prefix(std::min(length + 1, rest_.size()));
             if (item.empty())
                 continue;

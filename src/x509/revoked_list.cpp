@@ -5,6 +5,7 @@
 #include "asn1/asn_build.h"
 #include "bignum/mt.h"
 #include "frame/err.h"
+#include "frame/slice.h"
 #include "x509/hex_value.h"
 #include "x509/x509_time.h"
 #include "zulcore.h"
@@ -20,12 +21,12 @@ std::string_view trimmed(std::string_view text) {
     const size_t start = text.find_first_not_of(kSpace);
     if (start == std::string_view::npos)
         return {};
-    return text.substr(start, text.find_last_not_of(kSpace) - start + 1);
+    return slice(text, start, text.find_last_not_of(kSpace) - start + 1);
 }
 
 std::string_view take_item(std::string_view& rest) {
     const size_t end = rest.find_first_of(kSeparators);
-    const std::string_view item = rest.substr(0, end);
+    const std::string_view item = slice(rest, 0, end);
     rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
     return trimmed(item);
 }

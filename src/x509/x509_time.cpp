@@ -3,6 +3,7 @@
 #include <chrono>
 #include <string_view>
 
+#include "frame/slice.h"
 #include "platform/platform.h"
 
 namespace zul {
@@ -127,7 +128,7 @@ std::string_view without_blanks(std::string_view text) {
     const size_t first = text.find_first_not_of(" \t");
     if (first == std::string_view::npos)
         return {};
-    return text.substr(first, text.find_last_not_of(" \t") + 1 - first);
+    return slice(text, first, text.find_last_not_of(" \t") + 1 - first);
 }
 
 bool read_clock(FieldReader& fields, tm& time) {
