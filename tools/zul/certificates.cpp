@@ -81,10 +81,11 @@ void ScratchFile::remove() const {
 }
 
 void ScratchFile::deliver(const std::string& out) const {
-    const SecretBytes made = Input(path_).read_all();
-    remove();
+    Input made(path_);
     Output output(out);
-    output.write(made);
+    SecretBytes chunk(kChunk);
+    while (const size_t count = made.read(chunk.data(), chunk.size()))
+        output.write(chunk.data(), count);
     output.finish();
 }
 
