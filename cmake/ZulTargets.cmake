@@ -1,10 +1,11 @@
 # zul_own_code(target...): code of this project meets every warning; headers of others are exempt.
 function(zul_own_code)
     foreach(target IN LISTS ARGN)
-        target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion
-                               -Wcast-qual -Wformat=2 -Werror)
+        target_compile_options(${target} PRIVATE "$<$<COMPILE_LANGUAGE:C,CXX>:-Wall;-Wextra;-Wpedantic;-Wshadow>"
+                               "$<$<COMPILE_LANGUAGE:C,CXX>:-Wconversion;-Wsign-conversion;-Wcast-qual;-Wformat=2>"
+                               "$<$<COMPILE_LANGUAGE:C,CXX>:-Werror>")
         # Of std::string's own concatenation GCC 12 believes that it may overlap (GCC bug 105651).
-        target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
+        target_compile_options(${target} PRIVATE $<$<COMPILE_LANG_AND_ID:CXX,GNU>:-Wno-restrict>)
     endforeach()
 endfunction()
 

@@ -110,6 +110,9 @@ enum zul_error_code {
 #define ZUL_MODE_CFB 0x300
 #define ZUL_MODE_CTR 0x400
 
+/* RNG_BytesWithPrompt, RNG_MakeSeedFile */
+#define ZUL_RNG_MORE_EVENTS 0x1
+
 /* RSA key files: format, or progress of RSA_MakeKeys */
 #define ZUL_KEY_SHOW_PROGRESS 0x10
 #define ZUL_KEY_FORMAT_PEM 0x10000
@@ -187,7 +190,7 @@ enum zul_error_code {
 #define ZUL_PFX_NO_PRIVKEY 0x10
 
 /* --- ZUL_: errors and the module ----------------------------------------------------------------------
- * These six functions leave the thread's error state as it is. */
+ * These functions leave the thread's error state as it is. */
 
 /* ZUL_ErrorCode returns the error code that the thread's last call recorded, always positive; 0 if none. */
 ZUL_API int ZUL_ErrorCode(void);
@@ -211,6 +214,12 @@ ZUL_API int ZUL_Version(void* pReserved1, void* pReserved2);
 /* ZUL_CompileTime copies the date and time of the build, as "Nov  1 2026 09:08:07".
  * Length, 20. Query. */
 ZUL_API int ZUL_CompileTime(char* szOutput, int nOutChars);
+
+/* ZUL_PowerUpTests repeats the tests that the module has passed as it was loaded: of its own file, of known
+ * answers of the algorithms, and of the random generator. The module goes on serving whatever they give; a
+ * failed known answer is also reported as a failed load is (event log, zulerr.log, message box). nOptions is
+ * ignored. 0, or -TEST_FAILED_ERROR. The thread's error state stays as it was. */
+ZUL_API int ZUL_PowerUpTests(int nOptions);
 
 /* --- WIPE_ --------------------------------------------------------------------------------------------- */
 
@@ -438,6 +447,15 @@ ZUL_API int PAD_UnpadHex(char* szOutput, int nOutChars, const char* szInputHex, 
  * fails its continuous test ends the process after the fatal report. */
 ZUL_API int RNG_Bytes(unsigned char* lpOutput, int nBytes, const void* lpSeed, int nSeedLen);
 
+/* RNG_BytesWithPrompt shows a dialog in which the user types at random, and moves the mouse, until enough has
+ * been collected, and then fills nOutputLen (at most 65,536) random bytes. On Linux it asks in the process's
+ * controlling terminal, for keys alone. szPrompt: null, or a text above the dialog's own.
+ * nOptions: ZUL_RNG_MORE_EVENTS asks for 128 key presses, releases and moves instead of 64.
+ * 0, -BAD_PARAM_ERROR (null output, negative length), -PRNG_ERR_TOOBIG, or -PRNG_ERR_NOTAVAIL: there is
+ * nobody to ask (no terminal, no desktop), another prompt is open in this process, or a signal ended this
+ * one. A generator that fails ends the process, as in RNG_Bytes. */
+ZUL_API int RNG_BytesWithPrompt(unsigned char* lpOutput, int nOutputLen, const char* szPrompt, int nOptions);
+
 /* RNG_Number returns a uniform number from nLower to nUpper, both included; nLower if nUpper is not greater,
  * or if the range needs all 32 bits. */
 ZUL_API int RNG_Number(int nLower, int nUpper);
@@ -453,9 +471,29 @@ ZUL_API int RNG_Test(const char* szFileName, int nOptions);
  * 0, or -PRNG_ERR_BADPARAM (null name), -PRNG_ERR_FILE_OPEN, _READ, _WRITE or _LOCK. */
 ZUL_API int RNG_Initialize(const char* szSeedFile, int nOptions);
 
+/* RNG_MakeSeedFile makes a seed file for RNG_Initialize, or overwrites one, from what the user does in the
+ * dialog of RNG_BytesWithPrompt; szPrompt and nOptions as there. A new file is its owner's alone (on Windows
+ * it gets the rights of its folder), and one that cannot be written is removed.
+ * 0, or -PRNG_ERR_BADPARAM (null or empty name; no dialog is shown), -PRNG_ERR_NOTAVAIL,
+ * -PRNG_ERR_FILE_CREATE, _WRITE or _LOCK. */
+ZUL_API int RNG_MakeSeedFile(const char* szSeedFile, const char* szPrompt, int nOptions);
+
 /* RNG_UpdateSeedFile takes in a seed file and overwrites it, as RNG_Initialize.
  * -BAD_PARAM_ERROR (null or empty name) is not recorded; other errors as there. */
 ZUL_API int RNG_UpdateSeedFile(const char* szSeedFile, int nOptions);
+
+/* --- PWD_: asking for a password ------------------------------------------------------------------------ */
+
+/* PWD_PromptEx shows a dialog in which the user enters a password that does not show, or asks for it in the
+ * process's controlling terminal (Linux). Here nPwdLen is the size of szPassword in bytes, with the NUL: a
+ * longer password is cut, and 511 characters are the most. szCaption, szPrompt: null, or texts of which 127
+ * characters count. The error state of the thread stays as it is. One prompt at a time in a process.
+ * Length of the password, 0 for an empty one; -1, and szPassword as it was: the user cancelled, there is
+ * nobody to ask, or another prompt is open; -BAD_PARAM_ERROR: null output, or nPwdLen below 1. */
+ZUL_API int PWD_PromptEx(char* szPassword, int nPwdLen, const char* szCaption, const char* szPrompt);
+
+/* PWD_Prompt is PWD_PromptEx with the dialog's own text, "Enter password:". */
+ZUL_API int PWD_Prompt(char* szPassword, int nPwdLen, const char* szCaption);
 
 /* --- RSA_: keys, operations, message encodings ---------------------------------------------------------
  * szKeyString arguments are internal key strings: base64 text that begins with "PUBR" (public) or "PVTR"

@@ -5,7 +5,7 @@ cd "$(dirname "$0")/.."
 
 scripts/setup.sh
 cmake --preset native >/dev/null
-cmake --build --preset native --target bench zul -- --quiet
+cmake --build --preset native --target bench zul load_module -- --quiet
 build/native/bench "$@"
 echo
 python3 bench/whole_process.py build/native/zul
@@ -13,3 +13,5 @@ echo
 python3 bench/large_crl.py build/native/zul
 echo
 python3 bench/whole_message.py build/native/zul
+echo
+python3 bench/module_load.py build/native/libzulcore.so build/native/load_module

@@ -9,6 +9,7 @@ class File {
   public:
     File() = default;
     File(const char* path, platform::OpenMode mode) : handle_(platform::file_open(path, mode)) {}
+    explicit File(platform::FileHandle handle) : handle_(handle) {}
     File(const File&) = delete;
     File& operator=(const File&) = delete;
     ~File() { close(); }

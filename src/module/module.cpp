@@ -1,17 +1,21 @@
+#include "module/module.h"
+
 #include <atomic>
 
-#include "frame/call_frame.h"
 #include "frame/thread_record.h"
 #include "frame/wipe.h"
+#include "module/power_up_tests.h"
 #include "platform/platform.h"
 #include "rng/rng.h"
 #include "rsa/process_key.h"
 
 namespace zul {
 
+void rng_stir(int option);
+
 static std::atomic<bool> loaded{false};
 
-bool module_load(void* moduleHandle) {
+bool module_start(void* moduleHandle) {
     platform::remember_module(moduleHandle);
     platform::lock_create();
     if (!records_create()) {
@@ -19,9 +23,17 @@ bool module_load(void* moduleHandle) {
         return false;
     }
     loaded = true;
-    return module_thread_attach();
+    return true;
 }
 
+bool module_load(void* moduleHandle) {
+    if (!module_start(moduleHandle))
+        return false;
+    if (power_up_tests_pass() && module_thread_attach())
+        return true;
+    module_unload();
+    return false;
+}
 bool module_thread_attach() {
     // Not the record itself but its being kept decides: a thread that fell back on the shared one is refused.
     thread_record(RecordPath::generator);

@@ -99,6 +99,7 @@ uint64_t system_time(); // 100-nanosecond units since 1601-01-01 UTC
 // nothing done, if the system cannot.
 bool local_time_normalise(tm* time);
 uint32_t tick_count();               // milliseconds since start-up, wrapping
+uint64_t precise_ticks();            // of the finest clock that there is, from any beginning, in any unit
 bool free_clusters(uint32_t* count); // of the current disk
 
 // A system structure as raw bytes, for condensation. The length used, 0 if the reading failed.
@@ -120,6 +121,7 @@ bool system_random(void* out, size_t size);
 enum class ThreadPriority : int { lowest = -2, normal = 0 };
 void thread_set_priority(ThreadPriority priority);
 void thread_yield(); // gives up the rest of the time slice
+void thread_sleep(uint32_t milliseconds);
 
 // --- console (console.cpp) -----------------------------------------------------------------------------
 
@@ -128,6 +130,33 @@ void thread_yield(); // gives up the rest of the time slice
 bool console_open(const char* title);
 void console_write(char c); // shown at once
 void console_close();
+
+// --- prompts (password_dialog.cpp, entropy_dialog.cpp) --------------------------------------------------
+
+// Dialogs with the user: windows, or the process's terminal. One at a time in a process.
+enum class PromptEnd {
+    accepted,
+    cancelled,
+    unavailable, // nobody can be asked, or the dialog has come to its end by force
+};
+
+// password_dialog asks for a text that does not show: at most size-1 characters and a NUL. An empty caption
+// or label stands for the dialog's own. What password holds counts only if the end is accepted.
+PromptEnd password_dialog(const char* caption, const char* label, char* password, size_t size);
+
+// EntropyEvents receives what the user does; its members give the percentage reached, at most 100.
+class EntropyEvents {
+  public:
+    virtual int key(uint32_t code) = 0;                         // pressed or released
+    virtual int mouse(int32_t x, int32_t y, uint32_t tick) = 0; // on the screen; tick as of tick_count
+
+  protected:
+    ~EntropyEvents() = default;
+};
+
+// entropy_dialog asks the user, below the text of prompt, to type at random (and to move the mouse) until the
+// percentage is 100: accepted or unavailable.
+PromptEnd entropy_dialog(const char* prompt, EntropyEvents& events);
 
 // --- identity (identity.cpp) ---------------------------------------------------------------------------
 
@@ -138,7 +167,8 @@ size_t user_name(char* out, size_t size);
 size_t computer_name(char* out, size_t size);
 size_t executable_directory(char* out, size_t size); // with its closing separator
 size_t module_path(char* out, size_t size);          // of this library's own file
-void remember_module(void* moduleHandle);            // called once at load, before module_path
+FileHandle module_file();                            // the same, open for reading, whatever its name
+void remember_module(void* moduleHandle);            // called once at load, before these two
 const char* platform_word();                         // "Win64" or "Lin64"
 char path_separator();
 

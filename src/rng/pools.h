@@ -15,6 +15,7 @@ enum class EntropySource : uint8_t {
     power = 4,
     activity = 5,
     system = 6, // the operating system's own generator
+    user = 7,   // keys and mouse moves of a user who was asked for them
 };
 
 // EntropyPools collects events in 32 running SHA-1 digests and hands them out on Fortuna's schedule: pool i
@@ -45,7 +46,7 @@ class EntropyPools {
   private:
     void feed(unsigned pool, const uint8_t* events, size_t size);
 
-    static constexpr unsigned kSources = 7;
+    static constexpr unsigned kSources = 8;
 
     Sha1Context pools_[kPools];
     uint64_t poolZeroBytes_; // taken in since pool 0 was last drained

@@ -3,6 +3,7 @@
 #include "frame/file_stream.h"
 #include "frame/thread_record.h"
 #include "rng/generator.h"
+#include "rng/rng.h"
 #include "zulcore.h"
 
 namespace zul {
@@ -58,6 +59,27 @@ int seed_file_update(const char* path) {
     const int result = renew(state, file.handle());
     const bool closed = file.close();
     return result == 0 && !closed ? -PRNG_ERR_FILE_WRITE : result;
+}
+
+int seed_file_make(const char* path, const uint8_t* additional, size_t size) {
+    Secret<kSeedSize> seed;
+    if (const int result = rng_bytes(seed.data(), kSeedSize, additional, size); result != 0)
+        return result;
+    File file(path, platform::OpenMode::createSecret);
+    if (!file.is_open())
+        return -PRNG_ERR_FILE_CREATE;
+    bool written = false;
+    {
+        const SeedLock lock(file.handle());
+        if (!lock.held()) // it is another's, who is about to fill it again
+            return -PRNG_ERR_FILE_LOCK;
+        written = platform::file_write(file.handle(), seed.data(), kSeedSize);
+    }
+    if (file.close() && written)
+        return 0;
+    if (platform::file_is_regular(path))
+        platform::file_remove(path);
+    return -PRNG_ERR_FILE_WRITE;
 }
 
 } // namespace zul

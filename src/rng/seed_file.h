@@ -1,5 +1,6 @@
 #pragma once
 #include <cstddef>
+#include <cstdint>
 
 // A seed file holds 64 bytes of generator output and carries entropy from one run of a program to the next.
 namespace zul {
@@ -10,5 +11,10 @@ constexpr size_t kSeedSize = 64;
 // them, with the file locked: 0, or negated PRNG_ERR_FILE_OPEN, _LOCK, _READ (fewer than 64 bytes: the file
 // stays as it is), _WRITE or PRNG_ERR_CATASTROPHIC.
 int seed_file_update(const char* path);
+
+// seed_file_make writes a new seed file, of bytes generated with additional input (of which 20 bytes count);
+// a file that does not exist yet is made for its owner alone. 0, or negated PRNG_ERR_FILE_CREATE, _LOCK,
+// _WRITE (the file is then removed) or PRNG_ERR_CATASTROPHIC.
+int seed_file_make(const char* path, const uint8_t* additional, size_t size);
 
 } // namespace zul

@@ -6,7 +6,7 @@ import re
 import subprocess
 import sys
 
-SYSTEM_DLLS = {"kernel32.dll", "msvcrt.dll", "user32.dll", "advapi32.dll", "bcrypt.dll", "comctl32.dll"}
+SYSTEM_DLLS = {"kernel32.dll", "msvcrt.dll", "user32.dll", "gdi32.dll", "advapi32.dll", "bcrypt.dll", "comctl32.dll"}
 # DllCharacteristics: high-entropy addresses, dynamic base, no execution of data.
 WANTED_FLAGS = 0x0020 | 0x0040 | 0x0100
 DF_BIND_NOW = 8  # in an ELF module's FLAGS

@@ -64,6 +64,10 @@ size_t module_path(char* out, size_t size) {
     return copy_text(out, size, modulePath);
 }
 
+FileHandle module_file() {
+    return file_open(modulePath, OpenMode::read);
+}
+
 const char* platform_word() {
     return "Lin64";
 }

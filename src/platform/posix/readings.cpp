@@ -32,6 +32,12 @@ uint32_t tick_count() {
                                  static_cast<uint64_t>(now.tv_nsec) / 1000000);
 }
 
+uint64_t precise_ticks() {
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return static_cast<uint64_t>(now.tv_sec) * 1000000000 + static_cast<uint64_t>(now.tv_nsec);
+}
+
 bool free_clusters(uint32_t* count) {
     struct statvfs status {};
     if (statvfs(".", &status) != 0)

@@ -1,11 +1,15 @@
 #include <windows.h>
 #include <cstring>
+#include <fcntl.h>
+#include <io.h>
 
 #include "platform/platform.h"
+#include "platform/win32/module_handle.h"
 
 namespace zul::platform {
 
 static HMODULE moduleHandle_;
+static wchar_t modulePath_[32768]; // the longest that there is; too long for the stack of a thread
 
 uint32_t process_id() {
     return GetCurrentProcessId();
@@ -42,10 +46,23 @@ size_t executable_directory(char* out, size_t size) {
 
 void remember_module(void* moduleHandle) {
     moduleHandle_ = static_cast<HMODULE>(moduleHandle);
+    constexpr DWORD kRoom = sizeof modulePath_ / sizeof modulePath_[0];
+    if (GetModuleFileNameW(moduleHandle_, modulePath_, kRoom) >= kRoom)
+        modulePath_[0] = L'\0';
+}
+
+HMODULE module_handle() {
+    return moduleHandle_;
 }
 
 size_t module_path(char* out, size_t size) {
     return file_of(moduleHandle_, out, size);
+}
+
+// In wide characters, because the code page need not have those of the path.
+FileHandle module_file() {
+    const int fd = _wopen(modulePath_, _O_RDONLY | _O_BINARY | _O_NOINHERIT);
+    return fd < 0 ? kNoFile : fd;
 }
 
 const char* platform_word() {

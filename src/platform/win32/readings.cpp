@@ -25,6 +25,12 @@ uint32_t tick_count() {
     return GetTickCount();
 }
 
+uint64_t precise_ticks() {
+    LARGE_INTEGER now{};
+    QueryPerformanceCounter(&now);
+    return static_cast<uint64_t>(now.QuadPart);
+}
+
 bool free_clusters(uint32_t* count) {
     DWORD sectorsPerCluster, bytesPerSector, freeCount, total;
     if (!GetDiskFreeSpaceA(nullptr, &sectorsPerCluster, &bytesPerSector, &freeCount, &total))

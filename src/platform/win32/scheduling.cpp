@@ -12,4 +12,8 @@ void thread_yield() {
     Sleep(0);
 }
 
+void thread_sleep(uint32_t milliseconds) {
+    Sleep(milliseconds);
+}
+
 } // namespace zul::platform

@@ -1,0 +1,55 @@
+#pragma once
+#include <csignal>
+#include <cstddef>
+#include <cstdint>
+#include <termios.h>
+
+namespace zul::platform {
+
+// Terminal is the process's controlling terminal while the user is being asked, whatever standard input is.
+//
+// Between enter and leave the terminal's mode is changed, and the signals that would end or stop the process
+// are caught and held back, so that neither happens before leave has put the terminal right again.
+class Terminal {
+  public:
+    enum class Reading { lines, bytes };
+    enum class Input { byte, end, signalled, failed };
+
+    Terminal();
+    Terminal(const Terminal&) = delete;
+    Terminal& operator=(const Terminal&) = delete;
+    ~Terminal();
+
+    bool is_open() const { return fd_ >= 0; }
+
+    // enter waits for the foreground, discards what was typed before, switches the echo off and has input
+    // arrive in lines or byte by byte.
+    bool enter(Reading reading);
+    // leave undoes enter, sends the signals caught once more and tells, if the process lives on, whether it
+    // had only been stopped. Input that nobody has read is discarded unless it is to be kept.
+    bool leave(bool keepInput);
+
+    // read waits for one byte; signalled: leave is due.
+    Input read(uint8_t* byte);
+    // write stops at what cannot be written; write_text shows a text of others: control characters but line
+    // ends become "?".
+    void write(const char* text, size_t size);
+    void write(const char* text);
+    void write_text(const char* text);
+
+  private:
+    static constexpr int kSignals[] = {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGALRM, SIGPIPE, SIGTSTP};
+    static constexpr size_t kSignalCount = sizeof kSignals / sizeof kSignals[0];
+
+    void catch_signals();
+    void restore_signals();
+    bool set_mode(const termios& mode);
+
+    int fd_;
+    bool entered_ = false;
+    termios before_{};
+    bool isCaught_[kSignalCount]{};
+    struct sigaction handlers_[kSignalCount] {};
+};
+
+} // namespace zul::platform

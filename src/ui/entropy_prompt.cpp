@@ -1,0 +1,32 @@
+#include "ui/entropy_prompt.h"
+
+#include "frame/wipe.h"
+#include "rng/rng.h"
+#include "ui/entropy_collector.h"
+#include "ui/prompt_claim.h"
+#include "zulcore.h"
+
+namespace zul {
+
+static constexpr unsigned kEvents = 64;
+static constexpr unsigned kMoreEvents = 128;
+static constexpr uint32_t kDelay = 500; // milliseconds, in which the keys that led here are let go
+
+int rng_bytes_with_prompt(uint8_t* out, size_t size, const char* prompt, int options) {
+    const PromptClaim claim;
+    if (!claim.held())
+        return -PRNG_ERR_NOTAVAIL;
+    EntropyCollector events((options & ZUL_RNG_MORE_EVENTS) != 0 ? kMoreEvents : kEvents);
+    platform::thread_sleep(kDelay);
+    if (platform::entropy_dialog(prompt != nullptr ? prompt : "", events) != platform::PromptEnd::accepted)
+        return -PRNG_ERR_NOTAVAIL;
+
+    // The schedule of the pools keeps most of the events for later reseeds; these bytes have all of them.
+    Secret<kSha1Size> all;
+    events.digest(all.data());
+    if (rng_bytes(out, size, all.data(), all.size()) != 0)
+        rng_fail();
+    return 0;
+}
+
+} // namespace zul

@@ -1,0 +1,25 @@
+#pragma once
+#include <atomic>
+
+namespace zul {
+
+// PromptClaim is the right to ask the user, which one thread has at a time: two prompts would share a
+// terminal and the module's buffers. A second one, of another thread or out of messages that the first one
+// dispatches, is refused.
+class PromptClaim {
+  public:
+    PromptClaim() : held_(!taken_.exchange(true)) {}
+    PromptClaim(const PromptClaim&) = delete;
+    PromptClaim& operator=(const PromptClaim&) = delete;
+    ~PromptClaim() {
+        if (held_)
+            taken_ = false;
+    }
+    bool held() const { return held_; }
+
+  private:
+    static inline std::atomic<bool> taken_{false};
+    const bool held_;
+};
+
+} // namespace zul

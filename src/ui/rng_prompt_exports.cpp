@@ -1,0 +1,29 @@
+#include "frame/call_frame.h"
+#include "frame/wipe.h"
+#include "rng/rng.h"
+#include "rng/seed_file.h"
+#include "ui/entropy_prompt.h"
+#include "zulcore.h"
+
+using namespace zul;
+
+int RNG_BytesWithPrompt(unsigned char* lpOutput, int nOutputLen, const char* szPrompt, int nOptions) {
+    CallFrame frame(1);
+    if (lpOutput == nullptr || nOutputLen < 0)
+        return frame.length(-BAD_PARAM_ERROR);
+    const auto size = static_cast<size_t>(nOutputLen);
+    if (size > kMaxRandomRequest)
+        return frame.length(-PRNG_ERR_TOOBIG);
+    return frame.length(rng_bytes_with_prompt(lpOutput, size, szPrompt, nOptions));
+}
+
+int RNG_MakeSeedFile(const char* szSeedFile, const char* szPrompt, int nOptions) {
+    CallFrame frame(1);
+    if (szSeedFile == nullptr || szSeedFile[0] == '\0')
+        return frame.length(-PRNG_ERR_BADPARAM);
+    Secret<20> prompted;
+    int result = rng_bytes_with_prompt(prompted.data(), prompted.size(), szPrompt, nOptions);
+    if (result == 0)
+        result = seed_file_make(szSeedFile, prompted.data(), prompted.size());
+    return frame.length(result);
+}

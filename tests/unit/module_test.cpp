@@ -1,0 +1,57 @@
+#include <gtest/gtest.h>
+#include <thread>
+
+#include "frame/err.h"
+#include "frame/memory_hooks.h"
+#include "module/power_up_tests.h"
+#include "platform/platform.h"
+#include "zulcore.h"
+
+using namespace zul;
+
+namespace {
+
+thread_local int allocationsLeft;
+
+bool refuse_later(size_t) {
+    return allocationsLeft-- <= 0;
+}
+
+void set_refusal(int allocations) {
+    allocationsLeft = allocations;
+    MemoryHooks hooks;
+    hooks.refuse = refuse_later;
+    memory_set_hooks(hooks);
+}
+
+} // namespace
+
+// A program that was never sealed holds no module that may serve.
+TEST(PowerUpTests, UnsealedProgramFailsItsIntegrityAlone) {
+    EXPECT_TRUE(known_answers_hold());
+    err_record(BAD_FLAG_ERROR);
+    EXPECT_EQ(ZUL_PowerUpTests(0), -TEST_FAILED_ERROR);
+    EXPECT_EQ(ZUL_ErrorCode(), BAD_FLAG_ERROR);
+    err_clear();
+}
+
+#ifdef _WIN32
+constexpr char kReport[] = ""; // in a message box
+#else
+constexpr char kReport[] = "Failed to .*alloc memory";
+#endif
+
+TEST(PowerUpTestsDeathTest, WithoutMemoryTheProcessEndsWithAReport) {
+    for (const int allocations : {0, 1, 5, 20})
+        EXPECT_EXIT((set_refusal(allocations), known_answers_hold()), testing::ExitedWithCode(1), kReport);
+}
+
+TEST(ThreadAttach, IsRefusedWithoutMemoryForARecord) {
+    std::thread([] {
+        set_refusal(0);
+        EXPECT_FALSE(module_thread_attach());
+        memory_set_hooks({});
+        EXPECT_TRUE(module_thread_attach());
+        module_thread_detach();
+    }).join();
+}
