@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# check.sh [format|layers|words]: the quick checks of the sources, all three if none is named.
+# check.sh [format|layers|words|reference]: the quick checks of the sources, all of them if none is named.
 set -uo pipefail
 cd "$(dirname "$0")/.."
 
@@ -16,6 +16,10 @@ check_layers() {
     python3 scripts/check_layers.py
 }
 
+check_reference() {
+    python3 scripts/make_reference.py --check
+}
+
 check_words() {
     local found
     found=$({
@@ -30,7 +34,7 @@ check_words() {
 }
 
 status=0
-for check in ${1:-format layers words}; do
+for check in ${1:-format layers words reference}; do
     if "check_$check"; then
         echo "check $check: good"
     else

@@ -1,0 +1,114 @@
+#!/usr/bin/env python3
+"""Writes docs/reference/, one page for each family of functions, from the comments of include/zulcore.h. With --check
+it writes nothing and fails if a page is not what the header says."""
+import pathlib
+import re
+import sys
+
+ROOT = pathlib.Path(__file__).resolve().parents[1]
+HEADER = ROOT / "include" / "zulcore.h"
+FOLDER = ROOT / "docs" / "reference"
+WIDTH = 110  # of the header
+
+SECTION = re.compile(r"/\* -{3} (.+?) ?-{3,} ?(.*)$", re.S)
+NAMES = re.compile(r"(?<![\w`])(-?\*?(?:[A-Z][A-Z0-9]*_\w*|(?:sz|lp|dp|pn|n)[A-Z]\w*|p[A-Z]\w+\d))")
+
+
+def blocks_of(text):
+    """The header as comments and code, in turn: (comment, the code up to the next comment)."""
+    parts = re.split(r"(/\*.*?\*/)", text, flags=re.S)
+    return list(zip(parts[1::2], parts[2::2]))
+
+
+def lines_of(comment):
+    body = re.sub(r"^/\*|\*/$", "", comment)
+    return [re.sub(r"^ ?\*", "", line, count=1) if number else line for number, line in enumerate(body.split("\n"))]
+
+
+def markdown_of(lines):
+    """Paragraphs and lists: a line that ends before the next word had to wrap ends its paragraph."""
+    paragraphs = []
+    room = 0
+    for line in lines:
+        words = line.strip()
+        if not words:
+            room = WIDTH
+            continue
+        isItem = re.match(r"  (- )?\S", line) is not None
+        isInside = line.startswith("   ")
+        hasEnded = room >= len(words.split()[0]) + 1 and paragraphs and paragraphs[-1][-1] in ".:"
+        if not paragraphs or isItem or (hasEnded and not isInside):
+            paragraphs.append(("- " if isItem else "") + re.sub(r"^- ", "", words))
+        else:
+            paragraphs[-1] += " " + words
+        room = WIDTH - len(line) - 3
+    text = ""
+    for paragraph, after in zip(paragraphs, paragraphs[1:] + [""]):
+        between = "\n" if paragraph.startswith("- ") and after.startswith("- ") else "\n\n"
+        text += NAMES.sub(r"`\1`", paragraph.replace("<", "&lt;")) + between
+    return text.rstrip() + "\n"
+
+
+def functions_in(code):
+    """Prototypes with their names, as they stand."""
+    return re.findall(r"ZUL_API ([^;]*?(\w+)\([^;]*\);)", code, re.S)
+
+
+def pages_of(text):
+    start = next(number for number, (comment, _) in enumerate(text) if SECTION.match(comment))
+    constants = "# Error codes and options\n"
+    for comment, code in text[1:start]:
+        if not re.search(r"#define|enum", code):
+            continue
+        constants += "\n" + markdown_of(lines_of(comment)) + "\n```c\n" + code.strip("\n") + "\n```\n"
+    pages = {"constants": ("Error codes and options", constants, [])}
+    key = None
+    for comment, code in text[start:]:
+        if section := SECTION.match(comment):
+            lines = lines_of(comment)
+            title = re.sub(r"[ -]+$", "", re.sub(r"^ -{3} ", "", lines[0]))
+            key = re.match(r"[A-Z0-9]+", title)[0].lower()
+            intro = markdown_of(lines[1:]) if "".join(lines[1:]).strip() else ""
+            pages[key] = (title, "# " + title + "\n" + ("\n" + intro if intro else ""), [])
+        elif functions := functions_in(code):
+            title, page, names = pages[key]
+            own = [name for _, name in functions]
+            page += "\n## " + ", ".join(own) + "\n\n```c\n" + "\n".join(code.replace("\n        ", "\n") for code, _ in functions) + "\n```\n\n"
+            pages[key] = (title, page + markdown_of(lines_of(comment)), names + own)
+    return pages
+
+
+def files_of(text):
+    blocks = blocks_of(text)
+    pages = pages_of(blocks)
+    files = {f"{key}.md": page for key, (_, page, _) in pages.items()}
+    index = "# Reference\n\nMade from `include/zulcore.h` by `scripts/make_reference.py`.\n\n"
+    index += markdown_of(lines_of(blocks[0][0])[2:]) + "\n"
+    for key, (title, _, names) in pages.items():
+        index += f"- [{title}]({key}.md)" + (": " + ", ".join(f"`{name}`" for name in names) if names else "") + "\n"
+    files["README.md"] = index
+    return files
+
+
+def main():
+    text = HEADER.read_text()
+    files = files_of(text)
+    listed = set(re.findall(r"^ZUL_API [^;(]*?(\w+)\(", text, re.M))
+    missing = [name for name in sorted(listed) if f"`{name}`" not in files["README.md"]]
+    if missing:
+        sys.exit(f"make_reference: no comment stands before {', '.join(missing)}")
+    there = {path.name: path.read_text() for path in FOLDER.glob("*.md")}
+    if sys.argv[1:] == ["--check"]:
+        if there != files:
+            stale = sorted(name for name in there.keys() | files.keys() if there.get(name) != files.get(name))
+            sys.exit(f"docs/reference is not what the header says ({', '.join(stale)}): run scripts/make_reference.py")
+        return
+    FOLDER.mkdir(parents=True, exist_ok=True)
+    for name in there.keys() - files.keys():
+        (FOLDER / name).unlink()
+    for name, content in files.items():
+        (FOLDER / name).write_text(content)
+
+
+if __name__ == "__main__":
+    main()
