@@ -218,7 +218,8 @@ ZUL_API int ZUL_CompileTime(char* szOutput, int nOutChars);
 /* ZUL_PowerUpTests repeats the tests that the module has passed as it was loaded: of its own file, of known
  * answers of the algorithms, and of the random generator. The module goes on serving whatever they give; a
  * failed known answer is also reported as a failed load is (event log, zulerr.log, message box). nOptions is
- * ignored. 0, or -TEST_FAILED_ERROR. The thread's error state stays as it was. */
+ * ignored. 0, or -TEST_FAILED_ERROR, also where the file is not to be had any more: it was replaced or moved,
+ * or there is no file handle left. The thread's error state stays as it was. */
 ZUL_API int ZUL_PowerUpTests(int nOptions);
 
 /* --- WIPE_ --------------------------------------------------------------------------------------------- */

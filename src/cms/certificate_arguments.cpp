@@ -6,17 +6,6 @@
 #include "frame/slice.h"
 
 namespace zul {
-namespace {
-
-std::string_view trimmed(std::string_view text) {
-    constexpr std::string_view kSpace = " \t\r\n\v\f";
-    const size_t first = text.find_first_not_of(kSpace);
-    if (first == std::string_view::npos)
-        return {};
-    return slice(text, first, text.find_last_not_of(kSpace) - first + 1);
-}
-
-} // namespace
 
 CertificateArguments::CertificateArguments(const char* list) {
     std::string_view rest(list);

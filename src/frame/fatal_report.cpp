@@ -18,22 +18,28 @@ bool option_set(const char* name) {
     return platform::option_number(name, &value) && value != 0;
 }
 
-void log_path(char* path, int size) {
+// log_path gives false for a folder whose name would have to be cut: the rest is another folder.
+bool log_path(char* path, int size) {
     if (!platform::option_text("ErrorLogDir", path, static_cast<size_t>(size)))
         path[0] = '\0';
     const int length = str_length(path);
     if (length == 0) {
-        platform::executable_directory(path, static_cast<size_t>(size));
+        char folder[4096];
+        platform::executable_directory(folder, sizeof folder);
+        if (const int whole = str_copy(path, folder, size); whole == 0 || whole >= size)
+            return false;
     } else if (path[length - 1] != platform::path_separator()) {
         const char separator[] = {platform::path_separator(), '\0'};
         str_append(path, separator, size);
     }
     str_append(path, "zulerr.log", size);
+    return true;
 }
 
 void write_log_line(const char* message, uint32_t eventId) {
     char path[kMaxPath + 1];
-    log_path(path, sizeof path);
+    if (!log_path(path, sizeof path))
+        return;
 
     char when[27];
     platform::local_time_text(when);

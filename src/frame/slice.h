@@ -11,4 +11,10 @@ constexpr std::string_view slice(std::string_view text, size_t from, size_t coun
     return {text.data() + from, std::min(count, text.size() - from)};
 }
 
+// trimmed is a text without the blanks at both of its ends.
+constexpr std::string_view trimmed(std::string_view text, std::string_view blanks = " \t\r\n\v\f") {
+    const size_t first = text.find_first_not_of(blanks);
+    return slice(text, first, text.find_last_not_of(blanks) - first + 1);
+}
+
 } // namespace zul

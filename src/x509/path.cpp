@@ -43,14 +43,6 @@ bool is_same(const Link& a, const Link& b) {
     return same_name(a.fields.issuer, b.fields.issuer) && same_name(a.fields.subject, b.fields.subject);
 }
 
-std::string_view trimmed(std::string_view text) {
-    constexpr std::string_view kSpace = " \t\r\n\v\f";
-    const size_t first = text.find_first_not_of(kSpace);
-    if (first == std::string_view::npos)
-        return {};
-    return slice(text, first, text.find_last_not_of(kSpace) - first + 1);
-}
-
 // ItemReader takes a text of items apart at its ";". Items that are empty are passed over.
 class ItemReader {
   public:

@@ -17,18 +17,11 @@ constexpr std::string_view kSeparators = ";,=", kSpace = " \t\r\n";
 constexpr size_t kMaxDecimalDigits = 1000; // a serial number has some fifty; their conversion is quadratic
 constexpr size_t kMaxDateText = 32;
 
-std::string_view trimmed(std::string_view text) {
-    const size_t start = text.find_first_not_of(kSpace);
-    if (start == std::string_view::npos)
-        return {};
-    return slice(text, start, text.find_last_not_of(kSpace) - start + 1);
-}
-
 std::string_view take_item(std::string_view& rest) {
     const size_t end = rest.find_first_of(kSeparators);
     const std::string_view item = slice(rest, 0, end);
     rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
-    return trimmed(item);
+    return trimmed(item, kSpace);
 }
 
 AsnList decimal_integer(std::string_view text) {
@@ -66,7 +59,7 @@ AsnList revocation_date(std::string_view text) {
 } // namespace
 
 int read_revoked_list(const char* text, AsnList& entries) {
-    std::string_view rest = trimmed(text == nullptr ? "" : text);
+    std::string_view rest = trimmed(text == nullptr ? "" : text, kSpace);
     while (!rest.empty()) {
         AsnList serial = serial_number(take_item(rest));
         AsnList date = revocation_date(take_item(rest));

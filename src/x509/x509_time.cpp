@@ -124,13 +124,6 @@ namespace {
 
 constexpr size_t kMaxDateText = 32;
 
-std::string_view without_blanks(std::string_view text) {
-    const size_t first = text.find_first_not_of(" \t");
-    if (first == std::string_view::npos)
-        return {};
-    return slice(text, first, text.find_last_not_of(" \t") + 1 - first);
-}
-
 bool read_clock(FieldReader& fields, tm& time) {
     if (!fields.number(1, 2, &time.tm_hour))
         return false;
@@ -164,7 +157,7 @@ bool read_date_text(const char* text, const char* defaultTime, tm* time) {
     const std::string_view whole(text == nullptr ? "" : text);
     if (whole.size() > kMaxDateText)
         return false;
-    FieldReader fields(without_blanks(whole));
+    FieldReader fields(trimmed(whole, " \t"));
     tm read = {};
     if (!read_date(fields, read))
         return false;

@@ -3,9 +3,12 @@
 #include <string>
 #include <vector>
 
+#include "support/module_calls.h"
 #include "support/temp_dir.h"
 #include "support/vectors.h"
 #include "zulcore.h"
+
+using test::last_error;
 
 namespace {
 
@@ -13,12 +16,6 @@ using Bytes = std::vector<uint8_t>;
 
 std::string path_of(const std::string& file) {
     return test::data_path("cms_envelope/" + file);
-}
-
-std::string last_error() {
-    std::string text(512, '\0');
-    text.resize(static_cast<size_t>(ZUL_LastError(text.data(), 511)));
-    return text;
 }
 
 std::string content_of(size_t size) { // that make.py and the tests encrypt

@@ -4,19 +4,16 @@
 #include <set>
 #include <string>
 
+#include "support/module_calls.h"
 #include "support/temp_dir.h"
 #include "support/vectors.h"
 #include "zulcore.h"
 
+using test::last_error;
+
 // What is made, byte for byte, against an encoding of the same put together here.
 
 namespace {
-
-std::string last_error() {
-    std::string text(511, '\0');
-    text.resize(static_cast<size_t>(ZUL_LastError(text.data(), 511)));
-    return text;
-}
 
 const unsigned char* bytes(const std::string& text) {
     return reinterpret_cast<const unsigned char*>(text.data());

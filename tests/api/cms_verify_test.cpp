@@ -3,17 +3,14 @@
 #include <string>
 #include <vector>
 
+#include "support/module_calls.h"
 #include "support/temp_dir.h"
 #include "support/vectors.h"
 #include "zulcore.h"
 
-namespace {
+using test::last_error;
 
-std::string last_error() {
-    std::string text(511, '\0');
-    text.resize(static_cast<size_t>(ZUL_LastError(text.data(), 511)));
-    return text;
-}
+namespace {
 
 std::string pem(const std::string& base64) {
     return "-----BEGIN X-----\n" + base64 + "\n-----END X-----\n";

@@ -3,9 +3,13 @@
 #include <string>
 #include <vector>
 
+#include "support/module_calls.h"
 #include "support/temp_dir.h"
 #include "support/vectors.h"
 #include "zulcore.h"
+
+using test::base64;
+using test::last_error;
 
 // OCSP requests and responses of openssl, and responses that no responder would send (tests/data/ocsp).
 
@@ -15,19 +19,6 @@ using Bytes = std::vector<uint8_t>;
 
 std::string path_of(const std::string& file) {
     return test::data_path("ocsp/" + file);
-}
-
-std::string last_error() {
-    std::string text(511, '\0');
-    text.resize(static_cast<size_t>(ZUL_LastError(text.data(), 511)));
-    return text;
-}
-
-std::string base64(const Bytes& data) {
-    std::string text((data.size() + 2) / 3 * 4, '\0');
-    CNV_B64StrFromBytes(text.data(), static_cast<int>(text.size()), data.data(),
-                        static_cast<int>(data.size()));
-    return text;
 }
 
 std::string with_line_feeds(std::string text) {

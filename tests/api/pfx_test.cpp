@@ -5,9 +5,12 @@
 #include <string>
 #include <vector>
 
+#include "support/module_calls.h"
 #include "support/temp_dir.h"
 #include "support/vectors.h"
 #include "zulcore.h"
+
+using test::last_error;
 
 namespace {
 
@@ -15,12 +18,6 @@ using Bytes = std::vector<uint8_t>;
 
 std::string data(const std::string& file) {
     return test::data_path("pfx/" + file);
-}
-
-std::string last_error() {
-    std::string text(511, '\0');
-    text.resize(static_cast<size_t>(ZUL_LastError(text.data(), 511)));
-    return text;
 }
 
 std::string text_of(const Bytes& bytes) {

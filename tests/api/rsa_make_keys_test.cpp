@@ -1,16 +1,13 @@
 #include <gtest/gtest.h>
 #include <string>
 
+#include "support/module_calls.h"
 #include "support/temp_dir.h"
 #include "zulcore.h"
 
-namespace {
+using test::last_error;
 
-std::string last_error() {
-    char text[512];
-    ZUL_LastError(text, 511);
-    return text;
-}
+namespace {
 
 std::string public_key(const std::string& file) {
     char key[1000] = "";

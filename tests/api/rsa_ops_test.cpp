@@ -4,8 +4,11 @@
 #include <string>
 #include <vector>
 
+#include "support/module_calls.h"
 #include "support/vectors.h"
 #include "zulcore.h"
+
+using test::last_error;
 
 namespace {
 
@@ -14,12 +17,6 @@ using RawFunction = int (*)(unsigned char*, int, const char*, int);
 
 int length_of(const Bytes& bytes) {
     return static_cast<int>(bytes.size());
-}
-
-std::string last_error() {
-    char text[512] = "";
-    ZUL_LastError(text, 511);
-    return text;
 }
 
 // What the function makes of the data, or its code and text.

@@ -6,9 +6,13 @@
 #include <string_view>
 #include <vector>
 
+#include "support/module_calls.h"
 #include "support/temp_dir.h"
 #include "support/vectors.h"
 #include "zulcore.h"
+
+using test::base64;
+using test::last_error;
 
 namespace {
 
@@ -21,12 +25,6 @@ Reader encrypted_reader(const char* password) {
     return [password](char* out, int outChars, const char* fileOrText) {
         return RSA_ReadEncPrivateKey(out, outChars, fileOrText, password, 0);
     };
-}
-
-std::string last_error() {
-    std::string text(512, '\0');
-    text.resize(static_cast<size_t>(ZUL_LastError(text.data(), 511)));
-    return text;
 }
 
 // read gives the key string, or an empty text and the negative code in *error.
@@ -46,13 +44,6 @@ std::string read(const Reader& reader, const std::string& fileOrText, int* error
     EXPECT_EQ(text.find('\0'), static_cast<size_t>(length));
     EXPECT_EQ(text.back(), '#');
     return text.c_str();
-}
-
-std::string base64(const Bytes& data) {
-    std::string text((data.size() + 2) / 3 * 4, '\0');
-    CNV_B64StrFromBytes(text.data(), static_cast<int>(text.size()), data.data(),
-                        static_cast<int>(data.size()));
-    return text;
 }
 
 std::string data_text(const char* name) {

@@ -2,8 +2,11 @@
 #include <string>
 #include <vector>
 
+#include "support/module_calls.h"
 #include "support/vectors.h"
 #include "zulcore.h"
+
+using test::last_error;
 
 namespace {
 
@@ -23,12 +26,6 @@ std::string to_xml(const std::string& key, int options) {
     std::string xml(static_cast<size_t>(length), '?');
     EXPECT_EQ(RSA_ToXMLString(xml.data(), length, key.c_str(), options), length);
     return xml;
-}
-
-std::string last_error() {
-    char text[512];
-    ZUL_LastError(text, 511);
-    return text;
 }
 
 std::string replaced(std::string text, const std::string& what, const std::string& by) {

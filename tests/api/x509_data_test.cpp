@@ -3,9 +3,12 @@
 #include <string>
 #include <vector>
 
+#include "support/module_calls.h"
 #include "support/temp_dir.h"
 #include "support/vectors.h"
 #include "zulcore.h"
+
+using test::base64;
 
 // Certificates of other makers (tests/data/x509) and what openssl says of them.
 
@@ -40,13 +43,6 @@ std::string unescaped(const std::string& text) {
 
 std::string path_of(const std::string& file) {
     return test::data_path("x509/" + file);
-}
-
-std::string base64(const Bytes& data) {
-    std::string text((data.size() + 2) / 3 * 4, '\0');
-    CNV_B64StrFromBytes(text.data(), static_cast<int>(text.size()), data.data(),
-                        static_cast<int>(data.size()));
-    return text;
 }
 
 std::string pem(const std::string& base64Text) {

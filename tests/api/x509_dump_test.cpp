@@ -4,9 +4,12 @@
 #include <string>
 #include <vector>
 
+#include "support/module_calls.h"
 #include "support/temp_dir.h"
 #include "support/vectors.h"
 #include "zulcore.h"
+
+using test::last_error;
 
 namespace {
 
@@ -15,12 +18,6 @@ using Bytes = std::vector<uint8_t>;
 struct Object {
     std::string name, pem, dump;
 };
-
-std::string last_error() {
-    std::string text(512, '\0');
-    text.resize(static_cast<size_t>(ZUL_LastError(text.data(), 511)));
-    return text;
-}
 
 Bytes der_of(const std::string& pem) {
     const std::string body = pem.substr(pem.find('\n'), pem.find("-----END") - pem.find('\n'));

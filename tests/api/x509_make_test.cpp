@@ -4,20 +4,17 @@
 #include <string>
 #include <vector>
 
+#include "support/module_calls.h"
 #include "support/temp_dir.h"
 #include "support/vectors.h"
 #include "zulcore.h"
+
+using test::last_error;
 
 namespace {
 
 std::string data(const std::string& name) {
     return test::data_path("x509_make/" + name);
-}
-
-std::string last_error() {
-    std::string text(512, '\0');
-    text.resize(static_cast<size_t>(ZUL_LastError(text.data(), 511)));
-    return text;
 }
 
 // text_of calls a function that writes a text.

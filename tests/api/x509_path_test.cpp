@@ -6,9 +6,12 @@
 #include <string>
 #include <vector>
 
+#include "support/module_calls.h"
 #include "support/temp_dir.h"
 #include "support/vectors.h"
 #include "zulcore.h"
+
+using test::last_error;
 
 namespace {
 
@@ -16,12 +19,6 @@ using Bytes = std::vector<uint8_t>;
 
 std::string data_file(const char* name) {
     return test::data_path(std::string("x509_path/") + name);
-}
-
-std::string last_error() {
-    std::string text(512, '\0');
-    text.resize(static_cast<size_t>(ZUL_LastError(text.data(), 511)));
-    return text;
 }
 
 class X509Path : public testing::Test {

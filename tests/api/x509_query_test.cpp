@@ -4,9 +4,12 @@
 #include <string>
 #include <vector>
 
+#include "support/module_calls.h"
 #include "support/temp_dir.h"
 #include "support/vectors.h"
 #include "zulcore.h"
+
+using test::last_error;
 
 namespace {
 
@@ -18,12 +21,6 @@ Bytes v1() {
 
 // The shortest certificate that is recognised, though useless: as an argument it would be a file name.
 const char kTiny[] = "MDwwMAIBATAFBgMqAwQwADAeFw0yNjAxMDEwMDAwMDBaFw0yNzAxMDEwMDAwMDBaMAAwADAFBgMqAwQDAQA=";
-
-std::string last_error() {
-    std::string text(512, '\0');
-    text.resize(static_cast<size_t>(ZUL_LastError(text.data(), 511)));
-    return text;
-}
 
 Bytes replaced(Bytes bytes, const std::string& old, const std::string& with) {
     const auto at = std::search(bytes.begin(), bytes.end(), old.begin(), old.end());

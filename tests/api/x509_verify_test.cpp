@@ -3,9 +3,13 @@
 #include <string>
 #include <vector>
 
+#include "support/module_calls.h"
 #include "support/temp_dir.h"
 #include "support/vectors.h"
 #include "zulcore.h"
+
+using test::base64;
+using test::last_error;
 
 // What is said where something is wrong; that good signatures and lists of many makers are read is tested
 // with the certificates of tests/data/x509.
@@ -16,19 +20,6 @@ using Bytes = std::vector<uint8_t>;
 
 std::string path_of(const std::string& file) {
     return test::data_path("x509/" + file);
-}
-
-std::string last_error() {
-    std::string text(511, '\0');
-    text.resize(static_cast<size_t>(ZUL_LastError(text.data(), 511)));
-    return text;
-}
-
-std::string base64(const Bytes& data) {
-    std::string text((data.size() + 2) / 3 * 4, '\0');
-    CNV_B64StrFromBytes(text.data(), static_cast<int>(text.size()), data.data(),
-                        static_cast<int>(data.size()));
-    return text;
 }
 
 std::string pem(const Bytes& data) {

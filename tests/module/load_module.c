@@ -1,7 +1,10 @@
-/* load_module MODULE [MODE [N]]: loads a module while it runs, as VBA or Python do, and says "loaded" or
- * "refused". Modes: cycle loads and unloads it N times, threads lets N threads come, call and go; both then
- * print what the process holds of memory (in KiB) and of handles, once early and once at the end. time prints
- * how many microseconds went by from the load to the first call's return, and in ZUL_PowerUpTests. */
+/* load_module MODULE [MODE [ARGUMENT]]: loads a module while it runs, as VBA or Python do, and says "loaded"
+ * or "refused". Modes: cycle N: loads and gives it back N times (where a module stays in its process no more
+ * than that); threads N: lets N threads come, call and go; both then print what the process holds of memory
+ * (in KiB) and of handles, once early and once at the end; tests PATH: prints what ZUL_PowerUpTests gives and
+ * the error code behind it, which was 6 before, from another folder and after PATH, the module's file, was
+ * moved away; slots: takes all the slots of threads before it loads; time: prints how many microseconds went
+ * by from the load to the first call's return, and in ZUL_PowerUpTests. */
 #define _POSIX_C_SOURCE 200809L /* clock_gettime */
 #include <stdio.h>
 #include <stdlib.h>
@@ -11,10 +14,14 @@ typedef int (*VersionFunction)(void*, void*);
 typedef int (*BytesFunction)(unsigned char*, int, const void*, int);
 
 typedef int (*TestsFunction)(int);
+typedef int (*WipeFunction)(void*, int);
+typedef int (*CodeFunction)(void);
 
 static VersionFunction version;
 static BytesFunction bytes;
 static TestsFunction tests;
+static WipeFunction wipe;
+static CodeFunction error_code;
 
 #ifdef _WIN32
 #include <windows.h>
@@ -41,6 +48,15 @@ static double microseconds(void) {
 
 static void unload(void) {
     FreeLibrary(module);
+}
+
+static void take_slots(void) {
+    while (TlsAlloc() != TLS_OUT_OF_INDEXES)
+        continue;
+}
+
+static int go_to_root(void) {
+    return SetCurrentDirectoryA("\\");
 }
 
 static void print_holdings(const char* when) {
@@ -73,6 +89,7 @@ static int run_thread(void) {
 #include <dlfcn.h>
 #include <pthread.h>
 #include <time.h>
+#include <unistd.h>
 
 static void* module;
 
@@ -94,6 +111,16 @@ static double microseconds(void) {
 
 static void unload(void) {
     dlclose(module);
+}
+
+static void take_slots(void) {
+    pthread_key_t key;
+    while (pthread_key_create(&key, NULL) == 0)
+        continue;
+}
+
+static int go_to_root(void) {
+    return chdir("/") == 0;
 }
 
 static void print_holdings(const char* when) {
@@ -134,7 +161,27 @@ static int load(const char* path) {
     find("ZUL_Version", &version);
     find("RNG_Bytes", &bytes);
     find("ZUL_PowerUpTests", &tests);
-    return version != NULL && bytes != NULL && tests != NULL;
+    find("WIPE_Data", &wipe);
+    find("ZUL_ErrorCode", &error_code);
+    return version != NULL && bytes != NULL && tests != NULL && wipe != NULL && error_code != NULL;
+}
+
+static void print_tests(void) {
+    const int result = tests(0);
+    printf("%d %d\n", result, error_code());
+}
+
+static int run_tests(const char* path) {
+    char moved[4096];
+    snprintf(moved, sizeof moved, "%s.moved", path);
+    wipe(NULL, 0);
+    if (!go_to_root())
+        return 2;
+    print_tests();
+    if (rename(path, moved) != 0)
+        return 3;
+    print_tests();
+    return 0;
 }
 
 int main(int argc, char** argv) {
@@ -143,6 +190,8 @@ int main(int argc, char** argv) {
     const double start = microseconds();
     double loaded;
     int i;
+    if (strcmp(mode, "slots") == 0)
+        take_slots();
     if (argc < 2 || !load(argv[1])) {
         printf("refused\n");
         return 1;
@@ -155,6 +204,8 @@ int main(int argc, char** argv) {
         printf("%.0f %.0f\n", loaded - start, microseconds() - loaded);
         return failed != 0;
     }
+    if (strcmp(mode, "tests") == 0)
+        return run_tests(argc > 3 ? argv[3] : argv[1]);
     for (i = 0; i < times; i++) {
         if (i == times / 10)
             print_holdings("early");

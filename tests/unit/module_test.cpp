@@ -12,6 +12,7 @@ using namespace zul;
 namespace {
 
 thread_local int allocationsLeft;
+int allocationCount;
 
 bool refuse_later(size_t) {
     return allocationsLeft-- <= 0;
@@ -26,9 +27,14 @@ void set_refusal(int allocations) {
 
 } // namespace
 
-// A program that was never sealed holds no module that may serve.
+// A program that was never sealed holds no module that may serve; the other tests are run all the same.
 TEST(PowerUpTests, UnsealedProgramFailsItsIntegrityAlone) {
     EXPECT_TRUE(known_answers_hold());
+    allocationCount = 0;
+    memory_set_hooks({[](size_t) { return ++allocationCount == 0; }, nullptr});
+    EXPECT_EQ(ZUL_PowerUpTests(0), -TEST_FAILED_ERROR);
+    memory_set_hooks({});
+    EXPECT_GT(allocationCount, 10);
     err_record(BAD_FLAG_ERROR);
     EXPECT_EQ(ZUL_PowerUpTests(0), -TEST_FAILED_ERROR);
     EXPECT_EQ(ZUL_ErrorCode(), BAD_FLAG_ERROR);

@@ -24,6 +24,15 @@ def left_out_by_authenticode(module):
     return [(optional + 64, 4), (entry, 8)]
 
 
+def write_checksum(module, at):
+    """The sum that every PE file's optional header ends up with: of 16-bit words, with their carries, and the size."""
+    module[at : at + 4] = bytes(4)
+    total = sum(struct.unpack(f"<{len(module) // 2}H", module))
+    while total >> 16:
+        total = (total & 0xFFFF) + (total >> 16)
+    struct.pack_into("<I", module, at, total + len(module))
+
+
 def seal(module):
     at = module.find(MARKER)
     if at < 0 or module.find(MARKER, at + 1) >= 0:
@@ -42,6 +51,8 @@ def seal(module):
         begin = place + size
     digest.update(module[begin:])
     module[digest_at : digest_at + DIGEST] = digest.digest()
+    if left_out:
+        write_checksum(module, left_out[0][0])
     return module
 
 

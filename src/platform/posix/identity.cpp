@@ -65,7 +65,7 @@ size_t module_path(char* out, size_t size) {
 }
 
 FileHandle module_file() {
-    return file_open(modulePath, OpenMode::read);
+    return file_is_regular(modulePath) ? file_open(modulePath, OpenMode::read) : kNoFile;
 }
 
 const char* platform_word() {

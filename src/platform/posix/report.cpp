@@ -1,4 +1,5 @@
 #include <cctype>
+#include <cerrno>
 #include <cstdlib>
 #include <cstring>
 #include <strings.h>
@@ -28,7 +29,12 @@ bool option_text(const char* name, char* out, size_t size) {
         return false;
     bool found = false;
     char line[1024];
+    bool isBegin = true; // of a line; what does not fit is none
     while (fgets(line, sizeof line, file) != nullptr) {
+        const bool wasBegin = isBegin;
+        isBegin = strchr(line, '\n') != nullptr;
+        if (!wasBegin)
+            continue;
         char* equals = strchr(line, '=');
         if (equals == nullptr)
             continue;
@@ -50,8 +56,9 @@ bool option_number(const char* name, uint32_t* value) {
     if (!option_text(name, text, sizeof text))
         return false;
     char* end = nullptr;
+    errno = 0;
     const unsigned long number = strtoul(text, &end, 0);
-    if (end == text || *end != '\0')
+    if (end == text || *end != '\0' || errno != 0 || number > UINT32_MAX)
         return false;
     *value = static_cast<uint32_t>(number);
     return true;
