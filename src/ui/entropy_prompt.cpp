@@ -13,11 +13,11 @@ static constexpr unsigned kMoreEvents = 128;
 static constexpr uint32_t kDelay = 500; // milliseconds, in which the keys that led here are let go
 
 int rng_bytes_with_prompt(uint8_t* out, size_t size, const char* prompt, int options) {
+    platform::thread_sleep(kDelay); // before the claim: a thread may come to its end here
     const PromptClaim claim;
     if (!claim.held())
         return -PRNG_ERR_NOTAVAIL;
     EntropyCollector events((options & ZUL_RNG_MORE_EVENTS) != 0 ? kMoreEvents : kEvents);
-    platform::thread_sleep(kDelay);
     if (platform::entropy_dialog(prompt != nullptr ? prompt : "", events) != platform::PromptEnd::accepted)
         return -PRNG_ERR_NOTAVAIL;
 

@@ -1,5 +1,5 @@
 #pragma once
-#include <atomic>
+#include "platform/platform.h"
 
 namespace zul {
 
@@ -13,7 +13,7 @@ class PromptClaim {
     PromptClaim& operator=(const PromptClaim&) = delete;
     ~PromptClaim() {
         if (held_)
-            taken_ = false;
+            platform::end_prompt(taken_);
     }
     bool held() const { return held_; }
 

@@ -2,6 +2,7 @@
  * back.
  *
  *   password SIZE CAPTION PROMPT
+ *   interrupted SIZE CAPTION PROMPT (the same, after a prompt that longjmp or WM_QUIT has ended)
  *   bytes LENGTH PROMPT OPTIONS
  *   seed FILE PROMPT OPTIONS
  *
@@ -29,6 +30,32 @@ static void start_on_desktop(char* name) {
     }
     exit((int)status);
 }
+
+static int interrupted(char* password) {
+    MSG message;
+    PostQuitMessage(7);
+    const int result = PWD_Prompt(password, 100, NULL);
+    while (GetMessageA(&message, NULL, 0, 0) > 0)
+        continue;
+    return result == -1 && message.wParam == 7;
+}
+#else
+#include <setjmp.h>
+#include <signal.h>
+
+static jmp_buf back;
+
+static void jump_back(int number) {
+    longjmp(back, number);
+}
+
+static int interrupted(char* password) {
+    signal(SIGINT, jump_back);
+    if (setjmp(back) != 0)
+        return 1;
+    PWD_Prompt(password, 100, NULL);
+    return 0;
+}
 #endif
 
 static const char* text(const char* argument) {
@@ -47,7 +74,9 @@ int main(int argc, char** argv) {
 #endif
 
     const char what = argv[1][0];
-    if (what == 'p') {
+    if (what == 'i' && !interrupted(password))
+        return 3;
+    if (what == 'p' || what == 'i') {
         const char* prompt = text(argv[4]);
         result = prompt == NULL ? PWD_Prompt(password, atoi(argv[2]), text(argv[3]))
                                 : PWD_PromptEx(password, atoi(argv[2]), text(argv[3]), prompt);

@@ -98,7 +98,7 @@ class TerminalTest(unittest.TestCase):
              "result=1 code=0 password=[k]"),
             (b"k\n", {"caption": LONG, "prompt": LONG, "shown": 127 * b"W" + b"\r\n" + 127 * b"W" + b" "},
              "result=1 code=0 password=[k]"),
-            (b"k\n", {"prompt": "a\x1b[31m\x7f\u00e9\u009b\n$", "shown": b"a?[31m?\xc3\xa9\xc2?\r\n$ "},
+            (b"k\n", {"prompt": "a\x1b[31m\x7f\u00e9\u009b\r\n$\t\r", "shown": b"a?[31m?\xc3\xa9\xc2?\r\n$ ? "},
              "result=1 code=0 password=[k]"),
         ]:
             with self.subTest(keys=keys, texts=texts):
@@ -117,14 +117,22 @@ class TerminalTest(unittest.TestCase):
                     self.assertEqual(termios.tcgetattr(session.slave), session.mode)
 
     def test_stopped(self):
-        session = self.open("password", "9", "-", "-")
-        session.expect(b"Enter password: ")
-        session.type(b"half")
         # A stop by the key would be ignored: without a parent in its session the process is an orphan.
-        session.process.send_signal(signal.SIGTSTP)
-        session.expect(b"Enter password: ")
-        session.type(b"whole\n")
-        self.assertEqual(session.result(), "result=5 code=0 password=[whole] used=0")
+        for what, number in ("password", signal.SIGTSTP), ("password", signal.SIGSTOP), ("interrupted", signal.SIGINT):
+            with self.subTest(number=number):
+                session = self.open(what, "9", "-", "-")
+                session.expect(b"Enter password: ")
+                session.type(b"half")
+                session.process.send_signal(number)
+                if number == signal.SIGSTOP:  # after which shells put the terminal right
+                    termios.tcsetattr(session.slave, termios.TCSANOW, session.mode)
+                    session.process.send_signal(signal.SIGCONT)
+                session.expect(b"Enter password: ")
+                self.assertFalse(session.echoes())
+                session.type(b"whole\n")
+                self.assertEqual(session.result(), "result=5 code=0 password=[whole] used=0")
+                self.assertEqual(session.shown, b"\r\n")
+                self.assertEqual(termios.tcgetattr(session.slave), session.mode)
 
     def test_entropy(self):
         for options, events in ("0", 64), ("1", 128):
@@ -220,7 +228,7 @@ class WindowTest(unittest.TestCase):
 
     def test_password(self):
         for name, size, caption, prompt, keys, expected in [
-            ("password", "100", "-", "-", ["S", "e", "Tab", "shift+Tab", "End", "1", "Tab", "space"],
+            ("password", "100", "-", "-", ["ctrl+z", "S", "e", "Tab", "shift+Tab", "End", "1", "Tab", "space"],
              "3 code=0 password=[Se1]"),
             ("texts", "10", "A caption", "Fish & chips:", [*"12345678901234567890", "Return"],
              "9 code=0 password=[123456789]"),
@@ -230,7 +238,8 @@ class WindowTest(unittest.TestCase):
             ("long_text", "10", "-", 20 * "some words ", ["Return"], "0 code=0 password=[]"),
         ]:
             with self.subTest(name):
-                self.open("Password" if caption == "-" else caption[:127], "password", size, caption, prompt)
+                what = "interrupted" if name == "cancel" else "password"
+                self.open("Password" if caption == "-" else caption[:127], what, size, caption, prompt)
                 self.keys(*keys[:-1])
                 self.picture(name)
                 self.keys(keys[-1])

@@ -6,6 +6,7 @@
 #include <cstring>
 #include <fcntl.h>
 #include <poll.h>
+#include <pthread.h>
 #include <unistd.h>
 
 namespace zul::platform {
@@ -14,24 +15,52 @@ namespace zul::platform {
 static std::atomic<uint32_t> arrived{0};
 static_assert(std::atomic<uint32_t>::is_always_lock_free);
 
+static constexpr uint32_t bit(int number) {
+    return uint32_t{1} << number;
+}
+
 static void note_signal(int number) {
-    arrived |= uint32_t{1} << number;
+    if (number == SIGCONT)
+        arrived &= ~bit(SIGTSTP); // as the system forgets a stop that has not come about
+    arrived |= bit(number);
 }
 
 // send_again lets a signal do what it would have done before. To this thread, for which it is then over as
-// soon as the function returns; if it blocks the signal another one has received it.
+// soon as the function returns. If it blocks the signal another thread has received it, and is the one that
+// the application's handler expects; a stop or an end is the same from every thread.
 static void send_again(int number) {
-    sigset_t blocked;
-    pthread_sigmask(SIG_BLOCK, nullptr, &blocked);
-    if (sigismember(&blocked, number) == 1)
+    struct sigaction action {};
+    sigset_t mask, own;
+    sigaction(number, nullptr, &action);
+    pthread_sigmask(SIG_BLOCK, nullptr, &mask);
+    if (action.sa_handler != SIG_DFL && sigismember(&mask, number) == 1) {
         kill(getpid(), number);
-    else
-        raise(number);
+        return;
+    }
+    sigemptyset(&own);
+    sigaddset(&own, number);
+    pthread_sigmask(SIG_UNBLOCK, &own, nullptr);
+    raise(number);
+    pthread_sigmask(SIG_SETMASK, &mask, nullptr);
+}
+
+static void send_again_all(uint32_t signals) {
+    for (const int number : kSignals) {
+        if ((signals & bit(number)) != 0)
+            send_again(number);
+    }
+}
+
+void end_prompt(std::atomic<bool>& isTaken) {
+    const uint32_t signals = arrived.exchange(0);
+    isTaken = false;
+    send_again_all(signals); // a handler need not return
 }
 
 // Without blocking: a signal discards what has been typed, and one that arrived between a poll and its read
 // would leave that read waiting.
 Terminal::Terminal() {
+    pthread_setcancelstate(PTHREAD_CANCEL_DISABLE, &cancelState_);
     do
         fd_ = open("/dev/tty", O_RDWR | O_NOCTTY | O_CLOEXEC | O_NONBLOCK);
     while (fd_ < 0 && errno == EINTR);
@@ -42,15 +71,15 @@ Terminal::~Terminal() {
         leave(false);
     if (fd_ >= 0)
         close(fd_);
+    pthread_setcancelstate(cancelState_, nullptr);
 }
 
 // A signal that the process ignores stays ignored. SIGTTIN and SIGTTOU are not among them: they stop a
 // process whose terminal is another's already.
 void Terminal::catch_signals() {
-    arrived = 0;
     struct sigaction action {};
     action.sa_handler = note_signal;
-    action.sa_flags = SA_ONSTACK; // some threads have no room for it on their own
+    action.sa_flags = SA_ONSTACK | SA_RESTART; // some threads have no room on their own, or expect no EINTR
     sigfillset(&action.sa_mask);
     for (size_t i = 0; i < kSignalCount; i++) {
         isCaught_[i] = sigaction(kSignals[i], nullptr, &handlers_[i]) == 0 &&
@@ -74,14 +103,22 @@ bool Terminal::set_mode(const termios& mode) {
     return result == 0;
 }
 
+bool Terminal::is_ours() const {
+    return tcgetpgrp(fd_) == getpgrp();
+}
+
 bool Terminal::enter(Reading reading) {
     // A process in the background is stopped here, before it reads a mode that is another's and would be put
     // back later. One that does not let itself be stopped has nobody to ask.
     int flushed;
-    do
+    do {
+        struct sigaction stop {};
+        sigaction(SIGTTOU, nullptr, &stop);
+        if (stop.sa_handler != SIG_DFL && !is_ours())
+            return false;
         flushed = tcflush(fd_, TCIFLUSH);
-    while (flushed != 0 && errno == EINTR);
-    if (flushed != 0 || tcgetpgrp(fd_) != getpgrp() || tcgetattr(fd_, &before_) != 0)
+    } while (flushed != 0 && errno == EINTR);
+    if (flushed != 0 || !is_ours() || tcgetattr(fd_, &before_) != 0)
         return false;
 
     termios mode = before_;
@@ -98,20 +135,23 @@ bool Terminal::enter(Reading reading) {
     return set_mode(mode);
 }
 
-bool Terminal::leave(bool keepInput) {
-    // Half a password that stayed in the terminal's line would be the shell's next input.
-    if (!keepInput || arrived != 0)
-        tcflush(fd_, TCIFLUSH);
-    set_mode(before_);
+void Terminal::leave(bool keepInput) {
+    if (is_ours()) { // unless somebody has stopped the process and gone on with the terminal
+        // Half a password that stayed in the terminal's line would be the shell's next input.
+        if (!keepInput || arrived != 0)
+            tcflush(fd_, TCIFLUSH);
+        set_mode(before_);
+    }
     restore_signals();
     entered_ = false;
+}
 
-    const uint32_t signals = arrived.exchange(0);
-    for (const int number : kSignals) {
-        if ((signals & (uint32_t{1} << number)) != 0)
-            send_again(number);
-    }
-    return signals == uint32_t{1} << SIGTSTP;
+bool Terminal::pause() {
+    const uint32_t signals = arrived;
+    if (signals == 0 || (signals & ~(bit(SIGTSTP) | bit(SIGCONT))) != 0)
+        return false;
+    send_again_all(arrived.exchange(0));
+    return true;
 }
 
 // wait_for waits for the terminal to be ready, a while at most: a signal that another thread receives does
@@ -130,6 +170,8 @@ Terminal::Input Terminal::read(uint8_t* byte) {
     while (arrived == 0) {
         if (!wait_for(fd_, POLLIN))
             return Input::failed;
+        if (arrived != 0)
+            break; // before the read: it would stop a process that has lost the terminal
         const ssize_t got = ::read(fd_, byte, 1);
         if (is_to_be_repeated(got))
             continue;
@@ -141,7 +183,7 @@ Terminal::Input Terminal::read(uint8_t* byte) {
 }
 
 void Terminal::write(const char* text, size_t size) {
-    while (size > 0) {
+    while (size > 0 && is_ours()) {
         const ssize_t put = ::write(fd_, text, size);
         if (is_to_be_repeated(put) && arrived == 0 && wait_for(fd_, POLLOUT))
             continue;
@@ -173,9 +215,11 @@ static size_t sequence_length(const uint8_t* text) {
 void Terminal::write_text(const char* text) {
     const auto* bytes = reinterpret_cast<const uint8_t*>(text);
     while (*bytes != 0) {
+        if (bytes[0] == '\r' && bytes[1] == '\n')
+            bytes++;
         const size_t size = std::max<size_t>(sequence_length(bytes), 1);
         const bool isControl = (*bytes < 0x20 && *bytes != '\n') || (*bytes >= 0x7F && *bytes < 0xA0);
-        write(isControl ? "?" : reinterpret_cast<const char*>(bytes), size);
+        write(*bytes == '\t' ? " " : isControl ? "?" : reinterpret_cast<const char*>(bytes), size);
         bytes += size;
     }
 }

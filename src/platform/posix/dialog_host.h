@@ -6,10 +6,14 @@
 
 namespace zul::platform {
 
+constexpr int kSignals[] = {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGALRM, SIGPIPE, SIGCONT, SIGTSTP};
+constexpr size_t kSignalCount = sizeof kSignals / sizeof kSignals[0];
+
 // Terminal is the process's controlling terminal while the user is being asked, whatever standard input is.
 //
 // Between enter and leave the terminal's mode is changed, and the signals that would end or stop the process
-// are caught and held back, so that neither happens before leave has put the terminal right again.
+// are caught and held back, until pause or end_prompt sends them again: by then the terminal is right again.
+// A thread is not cancelled while it has one.
 class Terminal {
   public:
     enum class Reading { lines, bytes };
@@ -25,9 +29,11 @@ class Terminal {
     // enter waits for the foreground, discards what was typed before, switches the echo off and has input
     // arrive in lines or byte by byte.
     bool enter(Reading reading);
-    // leave undoes enter, sends the signals caught once more and tells, if the process lives on, whether it
-    // had only been stopped. Input that nobody has read is discarded unless it is to be kept.
-    bool leave(bool keepInput);
+    // leave undoes enter. Input that nobody has read is discarded unless it is to be kept.
+    void leave(bool keepInput);
+    // pause stops the process if that is all that the signals ask for. True if the user is to be asked anew:
+    // it has been stopped, here or by a signal that cannot be caught, and is going on.
+    bool pause();
 
     // read waits for one byte; signalled: leave is due.
     Input read(uint8_t* byte);
@@ -38,14 +44,12 @@ class Terminal {
     void write_text(const char* text);
 
   private:
-    static constexpr int kSignals[] = {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGALRM, SIGPIPE, SIGTSTP};
-    static constexpr size_t kSignalCount = sizeof kSignals / sizeof kSignals[0];
-
     void catch_signals();
     void restore_signals();
+    bool is_ours() const;
     bool set_mode(const termios& mode);
 
-    int fd_;
+    int fd_, cancelState_ = 0;
     bool entered_ = false;
     termios before_{};
     bool isCaught_[kSignalCount]{};

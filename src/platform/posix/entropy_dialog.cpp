@@ -34,7 +34,8 @@ PromptEnd entropy_dialog(const char* prompt, EntropyEvents& events) {
         terminal.write(kMessage);
         const bool complete = collect(terminal, events, &percentage) == Terminal::Input::byte;
         terminal.write(complete ? "\n\a" : "\n");
-        again = terminal.leave(false) && !complete;
+        terminal.leave(false);
+        again = !complete && terminal.pause();
     }
     return percentage >= 100 ? PromptEnd::accepted : PromptEnd::unavailable;
 }

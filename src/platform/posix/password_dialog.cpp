@@ -45,7 +45,8 @@ PromptEnd password_dialog(const char* caption, const char* label, char* password
         if (input != Terminal::Input::byte)
             explicit_bzero(password, size);
         terminal.write("\n");
-        again = terminal.leave(true) && input == Terminal::Input::signalled;
+        terminal.leave(true);
+        again = input == Terminal::Input::signalled && terminal.pause();
     }
     return input == Terminal::Input::byte ? PromptEnd::accepted : PromptEnd::cancelled;
 }

@@ -1,8 +1,13 @@
 #include "platform/win32/dialog_host.h"
 
 #include <algorithm>
+#include <atomic>
 
 namespace zul::platform {
+
+void end_prompt(std::atomic<bool>& isTaken) {
+    isTaken = false; // no signals here
+}
 
 bool desktop_is_visible() {
     USEROBJECTFLAGS flags{};
@@ -26,15 +31,13 @@ RECT place_in(HWND dialog, HWND control) {
     return place;
 }
 
-LONG height_of_text(HWND label, LONG width) {
-    char text[1024];
-    const int length = GetWindowTextA(label, text, sizeof text);
+LONG height_of_text(HWND label, const char* text, LONG width) {
     RECT area{0, 0, width, 0};
     const HDC context = GetDC(label);
     const auto font = reinterpret_cast<HGDIOBJ>(SendMessageA(label, WM_GETFONT, 0, 0));
     const HGDIOBJ before = SelectObject(context, font);
-    if (length > 0)
-        DrawTextA(context, text, length, &area,
+    if (text[0] != '\0')
+        DrawTextA(context, text, -1, &area,
                   DT_CALCRECT | DT_WORDBREAK | DT_EDITCONTROL | DT_EXPANDTABS | DT_NOPREFIX);
     SelectObject(context, before);
     ReleaseDC(label, context);
@@ -43,8 +46,15 @@ LONG height_of_text(HWND label, LONG width) {
 
 } // namespace
 
-void fit_label(HWND dialog, int id) {
+void fit_label(HWND dialog, int id, const char* text) {
     const HWND label = GetDlgItem(dialog, id);
+    char own[512];
+    if (text[0] != '\0') {
+        SetWindowTextA(label, text);
+    } else {
+        GetWindowTextA(label, own, sizeof own);
+        text = own;
+    }
     const RECT old = place_in(dialog, label);
     const LONG width = old.right - old.left;
     RECT frame{};
@@ -55,7 +65,7 @@ void fit_label(HWND dialog, int id) {
     const RECT& screen = monitor.rcWork;
 
     const LONG room = (screen.bottom - screen.top) - (frame.bottom - frame.top);
-    const LONG growth = std::min(height_of_text(label, width) - (old.bottom - old.top), room);
+    const LONG growth = std::min(height_of_text(label, text, width) - (old.bottom - old.top), room);
     SetWindowPos(label, nullptr, 0, 0, width, old.bottom - old.top + growth, SWP_NOMOVE | SWP_NOZORDER);
     for (HWND other = GetWindow(dialog, GW_CHILD); other != nullptr; other = GetWindow(other, GW_HWNDNEXT)) {
         const RECT place = place_in(dialog, other);

@@ -14,16 +14,17 @@ constexpr DWORD kQuiet = 500; // milliseconds without a key, after which keys ma
 constexpr uint32_t kReleased = 0x10000;
 
 // load_progress_bar loads the system's library of such controls, which as an import of the module would make
-// every process start later that never shows a dialog.
-void load_progress_bar() {
+// every process start later that never shows a dialog. Null if it cannot.
+HMODULE load_progress_bar() {
     using Start = BOOL(WINAPI*)(const INITCOMMONCONTROLSEX*);
     const HMODULE controls = LoadLibraryExA("comctl32.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
     if (controls == nullptr)
-        return;
+        return nullptr;
     const FARPROC found = GetProcAddress(controls, "InitCommonControlsEx");
     const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_PROGRESS_CLASS};
     if (const auto start = reinterpret_cast<Start>(reinterpret_cast<void (*)()>(found)); start != nullptr)
         start(&classes);
+    return controls;
 }
 
 // EntropyWindow is the dialog with a message loop of its own, which sees the keys and moves of the mouse
@@ -45,14 +46,15 @@ class EntropyWindow {
 
     const char* prompt_;
     EntropyEvents& events_;
+    HMODULE controls_;
     HWND owner_; // if it has been disabled
     HWND dialog_ = nullptr;
     bool complete_ = false, keysAct_ = false, closed_ = false;
     DWORD lastKey_ = 0;
 };
 
-EntropyWindow::EntropyWindow(const char* prompt, EntropyEvents& events) : prompt_(prompt), events_(events) {
-    load_progress_bar();
+EntropyWindow::EntropyWindow(const char* prompt, EntropyEvents& events)
+    : prompt_(prompt), events_(events), controls_(load_progress_bar()) {
     // As if the dialog were modal, the window that the user was working in waits for its end.
     const HWND active = GetActiveWindow();
     owner_ = active != nullptr && !EnableWindow(active, FALSE) ? active : nullptr;
@@ -65,12 +67,13 @@ EntropyWindow::~EntropyWindow() {
         EnableWindow(owner_, TRUE); // before the dialog goes, or another program's window would come forward
     if (dialog_ != nullptr)
         DestroyWindow(dialog_);
+    if (controls_ != nullptr)
+        FreeLibrary(controls_);
 }
 
 void EntropyWindow::open(HWND dialog) {
-    SetDlgItemTextA(dialog, ZUL_ENTROPY_PROMPT, prompt_);
-    fit_label(dialog, ZUL_ENTROPY_PROMPT);
-    fit_label(dialog, ZUL_ENTROPY_MESSAGE);
+    fit_label(dialog, ZUL_ENTROPY_PROMPT, prompt_);
+    fit_label(dialog, ZUL_ENTROPY_MESSAGE, "");
     SendDlgItemMessageA(dialog, ZUL_ENTROPY_PROGRESS, PBM_SETRANGE, 0, MAKELPARAM(0, 100));
     bring_forward(dialog);
     SetFocus(dialog); // no control can have it yet

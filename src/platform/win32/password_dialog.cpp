@@ -1,5 +1,4 @@
 #include <windows.h>
-#include <algorithm>
 #include <cstring>
 
 #include "platform/platform.h"
@@ -16,28 +15,33 @@ struct PasswordRequest {
     const char* label;
     char* password;
     size_t size;
+    PromptEnd end; // what the dialog gives back need not be what its user did
 };
+
+// fill_and_clear overwrites an edit field's memory, its text's and that with which a deletion is undone, with
+// blanks as long as any password. Done at first too: neither then grows, which would leave the password
+// behind in the old place.
+void fill_and_clear(HWND edit) {
+    char blanks[512];
+    memset(blanks, ' ', sizeof blanks - 1);
+    blanks[sizeof blanks - 1] = '\0';
+    SetWindowTextA(edit, blanks);
+    SendMessageA(edit, EM_SETSEL, 0, -1);
+    SendMessageA(edit, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(""));
+    SetWindowTextA(edit, blanks);
+    SetWindowTextA(edit, "");
+    SendMessageA(edit, EM_EMPTYUNDOBUFFER, 0, 0);
+}
 
 void open_dialog(HWND dialog, const PasswordRequest& request) {
     if (request.caption[0] != '\0')
         SetWindowTextA(dialog, request.caption);
-    if (request.label[0] != '\0')
-        SetDlgItemTextA(dialog, ZUL_PASSWORD_LABEL, request.label);
-    fit_label(dialog, ZUL_PASSWORD_LABEL);
-    SendDlgItemMessageA(dialog, ZUL_PASSWORD_EDIT, EM_LIMITTEXT, request.size - 1, 0);
+    fit_label(dialog, ZUL_PASSWORD_LABEL, request.label);
+    const HWND edit = GetDlgItem(dialog, ZUL_PASSWORD_EDIT);
+    SendMessageA(edit, EM_LIMITTEXT, request.size - 1, 0);
+    fill_and_clear(edit);
     bring_forward(dialog);
-    SetFocus(GetDlgItem(dialog, ZUL_PASSWORD_EDIT));
-}
-
-// overwrite_edit leaves nothing of the password in the edit field's own memory: a text of the same length is
-// written into the same place.
-void overwrite_edit(HWND edit) {
-    char blanks[512];
-    const size_t length = std::min(static_cast<size_t>(GetWindowTextLengthA(edit)), sizeof blanks - 1);
-    memset(blanks, ' ', length);
-    blanks[length] = '\0';
-    SetWindowTextA(edit, blanks);
-    SendMessageA(edit, EM_EMPTYUNDOBUFFER, 0, 0);
+    SetFocus(edit);
 }
 
 INT_PTR CALLBACK on_message(HWND dialog, UINT message, WPARAM parameter, LPARAM request) {
@@ -46,14 +50,18 @@ INT_PTR CALLBACK on_message(HWND dialog, UINT message, WPARAM parameter, LPARAM 
         open_dialog(dialog, *reinterpret_cast<const PasswordRequest*>(request));
         return FALSE; // the focus is set
     }
+    auto* to = reinterpret_cast<PasswordRequest*>(GetWindowLongPtrA(dialog, DWLP_USER));
+    if (message == WM_DESTROY) {
+        fill_and_clear(GetDlgItem(dialog, ZUL_PASSWORD_EDIT));
+        // It may be somebody else's doing, which the dialog's loop has to notice.
+        PostThreadMessageA(GetCurrentThreadId(), WM_NULL, 0, 0);
+    }
     const WORD control = LOWORD(parameter);
     if (message != WM_COMMAND || (control != IDOK && control != IDCANCEL))
         return FALSE;
-    if (control == IDOK) {
-        const auto* to = reinterpret_cast<const PasswordRequest*>(GetWindowLongPtrA(dialog, DWLP_USER));
+    if (control == IDOK)
         GetDlgItemTextA(dialog, ZUL_PASSWORD_EDIT, to->password, static_cast<int>(to->size));
-    }
-    overwrite_edit(GetDlgItem(dialog, ZUL_PASSWORD_EDIT));
+    to->end = control == IDOK ? PromptEnd::accepted : PromptEnd::cancelled;
     EndDialog(dialog, control);
     return TRUE;
 }
@@ -63,13 +71,14 @@ INT_PTR CALLBACK on_message(HWND dialog, UINT message, WPARAM parameter, LPARAM 
 PromptEnd password_dialog(const char* caption, const char* label, char* password, size_t size) {
     if (!desktop_is_visible())
         return PromptEnd::unavailable;
-    PasswordRequest request{caption, label, password, size};
+    PasswordRequest request{caption, label, password, size, PromptEnd::unavailable};
     // The window that the user was working in belongs to the dialog, and has to wait for its end.
-    const INT_PTR result = DialogBoxParamA(module_handle(), "PWDDIALOG", GetActiveWindow(), on_message,
-                                           reinterpret_cast<LPARAM>(&request));
-    return result == IDOK       ? PromptEnd::accepted
-           : result == IDCANCEL ? PromptEnd::cancelled
-                                : PromptEnd::unavailable;
+    const HWND owner = GetActiveWindow();
+    const bool wasEnabled = owner != nullptr && IsWindowEnabled(owner);
+    DialogBoxParamA(module_handle(), "PWDDIALOG", owner, on_message, reinterpret_cast<LPARAM>(&request));
+    if (wasEnabled && IsWindow(owner))
+        EnableWindow(owner, TRUE); // which a dialog that WM_QUIT has ended may leave out
+    return request.end;
 }
 
 } // namespace zul::platform
