@@ -171,6 +171,7 @@ class Loading(unittest.TestCase):
                 ({"ErrorLogDir": place + separator + "x" * 300}, reports, []),
                 ({"NoErrorLog": 1}, [], []),
                 ({"NoErrorLog": "yes", "NoMessageBox": "no"}, reports, []),
+                ({"NoErrorLog": "4294967296"}, reports, []),
                 ({"NoMessageBox": 1}, reports, [])):
             with self.subTest(options):
                 self.set_options(options)
