@@ -5,11 +5,11 @@
 #include "asn1/asn_element.h"
 #include "asn1/asn_encode.h"
 #include "asn1/asn_parse.h"
-#include "x509/certificate_extensions.h"
-#include "x509/der_source.h"
-#include "x509/distinguished_name.h"
-#include "x509/subject_public_key.h"
-#include "x509/x509_input.h"
+#include "x509/fields/certificate_extensions.h"
+#include "x509/fields/subject_public_key.h"
+#include "x509/input/der_source.h"
+#include "x509/input/x509_input.h"
+#include "x509/names/distinguished_name.h"
 #include "zulcore.h"
 
 // Whatever an object holds, the readers of its fields answer; what becomes DER is what a parser makes of it.

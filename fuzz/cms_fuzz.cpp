@@ -2,12 +2,12 @@
 #include <cstring>
 #include <string>
 
-#include "cms/content_output.h"
-#include "cms/enveloped_data.h"
-#include "cms/enveloped_data_open.h"
-#include "cms/message_query.h"
-#include "cms/signed_data.h"
-#include "cms/signed_data_verify.h"
+#include "cms/content/content_output.h"
+#include "cms/enveloped/enveloped_data.h"
+#include "cms/enveloped/enveloped_data_open.h"
+#include "cms/message/message_query.h"
+#include "cms/signed/signed_data.h"
+#include "cms/signed/signed_data_verify.h"
 #include "encode/base64.h"
 #include "encode/hex.h"
 #include "hash/digest.h"

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "encode/base64.h"
-#include "x509/crl_reader.h"
+#include "x509/crl/crl_reader.h"
 
 // Every entry that a list shows can be looked up, whatever the list is made of; and what is read after the
 // entries does not depend on whether they were.

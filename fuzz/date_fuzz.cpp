@@ -3,7 +3,7 @@
 #include <string>
 
 #include "asn1/asn_build.h"
-#include "x509/x509_time.h"
+#include "x509/fields/x509_time.h"
 
 // A date text that is accepted gives a time whose own text, and whose encoding, is read as the same time. A
 // time element that is accepted is one that the engine's lenient reader takes for the same time.

@@ -5,7 +5,7 @@
 #include "asn1/asn_children.h"
 #include "asn1/asn_encode.h"
 #include "asn1/asn_parse.h"
-#include "x509/distinguished_name.h"
+#include "x509/names/distinguished_name.h"
 #include "zulcore.h"
 
 // Bytes as a name's text: what is recognised makes a Name of as many parts, which its encoding reads as again

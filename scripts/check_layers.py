@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """Reads every include under src/ and tools/zul/: it may point to its own folder, to a lower floor, or to a peer,
-as the two tables of docs/architecture.md say. System headers and macros belong to src/platform/ alone."""
+as the tables of docs/architecture.md say; a room of a folder may include itself and the rooms before it. System headers and macros belong to src/platform/ alone."""
 import collections
 import pathlib
 import re
@@ -14,6 +14,7 @@ LARGEST = 700
 
 floor_of = {}  # folder: floor
 peers = collections.defaultdict(set)  # folder: others on its floor that it may include
+rooms = {}  # folder: its rooms, the lowest first
 failures = []
 
 
@@ -23,13 +24,25 @@ def read_tables(document):
             floor_of[row[2]] = int(row[1])
         elif row := re.match(r"\| `(\w+)` \| `(\w+)` \|", line):
             peers[row[1]].add(row[2])
+        elif row := re.match(r"\| `(\w+)/` \| ((`\w+`(, )?)+) \|", line):
+            rooms[row[1]] = re.findall(r"\w+", row[2])
     for folder, allowed in list(peers.items()):
         for peer in allowed:
             if floor_of[folder] != floor_of[peer] or folder in peers[peer]:
                 failures.append(f"{document}: {folder} and {peer} cannot be peers that way")
 
 
-def check_source(path, folder):
+def room_of(name):
+    """The room of folder/room/file.h; none for what stands in the folder itself, which may include all rooms."""
+    parts = pathlib.PurePath(name).parts
+    return parts[1] if parts[0] in rooms and len(parts) == 3 else None
+
+
+def check_source(path, relative):
+    folder, room = relative.parts[0], room_of(relative)
+    if room and room not in rooms[folder]:
+        failures.append(f"{path}: {folder} has no room {room}")
+        return
     text = path.read_text()
     # A file of one table may be longer.
     if len(text.splitlines()) > LARGEST and "table" not in path.stem:
@@ -53,6 +66,8 @@ def check_source(path, folder):
             failures.append(f'{place}: "{name}" does not name a folder of src/')
         elif not (target == folder or floor_of[target] < floor_of[folder] or target in peers[folder]):
             failures.append(f"{place}: {folder} may not include {target}")
+        elif target == folder and room and room_of(name) not in rooms[folder][: rooms[folder].index(room) + 1]:
+            failures.append(f"{place}: {folder}/{room} may not include {name}")
 
 
 def check_tool(path):
@@ -74,9 +89,9 @@ def main():
         if relative.parts[0] not in floor_of or len(relative.parts) < 2:
             failures.append(f"{path}: in no folder that has a floor")
             continue
-        check_source(path, relative.parts[0])
+        check_source(path, relative)
         # win32/ and posix/ mirror each other by name.
-        if len(relative.parts) == 2:
+        if relative.parts[0] != "platform" or len(relative.parts) == 2:
             basenames[path.name].append(relative)
         count += 1
     for path in sorted((root / "tools").rglob("*")):

@@ -1,20 +1,17 @@
 #include <cstring>
 
-#include "cms/content_file.h"
-#include "cms/content_output.h"
-#include "cms/enveloped_data_make.h"
-#include "cms/enveloped_data_open.h"
-#include "cms/message_query.h"
+#include "cms/content/content_file.h"
+#include "cms/content/content_output.h"
+#include "cms/enveloped/enveloped_data_make.h"
+#include "cms/enveloped/enveloped_data_open.h"
+#include "cms/message/message_query.h"
 #include "frame/call_frame.h"
+#include "frame/text.h"
 #include "zulcore.h"
 
 using namespace zul;
 
 namespace {
-
-bool is_missing(const char* text) {
-    return text == nullptr || *text == '\0';
-}
 
 Seed seed_of(const unsigned char* bytes, int size) {
     return {bytes, static_cast<size_t>(size)};

@@ -1,16 +1,13 @@
 #include <cstring>
 
-#include "cms/signed_data_make.h"
+#include "cms/signed/signed_data_make.h"
 #include "frame/call_frame.h"
+#include "frame/text.h"
 #include "zulcore.h"
 
 using namespace zul;
 
 namespace {
-
-bool is_missing(const char* text) {
-    return text == nullptr || *text == '\0';
-}
 
 // make answers what all makers have in common: a message of certificates alone needs nothing else.
 template<class Maker>

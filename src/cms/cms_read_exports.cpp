@@ -1,11 +1,11 @@
 #include "asn1/asn_element.h"
 #include "asn1/asn_encode.h"
-#include "cms/content_output.h"
-#include "cms/signed_data.h"
+#include "cms/content/content_output.h"
+#include "cms/signed/signed_data.h"
 #include "frame/call_frame.h"
 #include "frame/file_stream.h"
 #include "frame/text.h"
-#include "x509/certificate_list.h"
+#include "x509/input/certificate_bundle.h"
 #include "zulcore.h"
 
 using namespace zul;

@@ -1,17 +1,10 @@
-#include "cms/message_query.h"
-#include "cms/signed_data_verify.h"
+#include "cms/message/message_query.h"
+#include "cms/signed/signed_data_verify.h"
 #include "frame/call_frame.h"
+#include "frame/text.h"
 #include "zulcore.h"
 
 using namespace zul;
-
-namespace {
-
-bool is_missing(const char* text) {
-    return text == nullptr || *text == '\0';
-}
-
-} // namespace
 
 int CMS_VerifySigData(const char* szFileIn, const char* szCertFile, const char* szHexDigest, int) {
     CallFrame frame;

@@ -5,6 +5,7 @@
 #include "encode/hex.h"
 #include "encode/utf8.h"
 #include "frame/call_frame.h"
+#include "frame/text.h"
 #include "zulcore.h"
 
 using namespace zul;
@@ -18,9 +19,6 @@ uint8_t* as_bytes(char* text) {
     return reinterpret_cast<uint8_t*>(text);
 }
 
-bool is_missing(const char* text) {
-    return text == nullptr || *text == '\0';
-}
 bool is_query(const void* output, int room) {
     return output == nullptr || room <= 0;
 }

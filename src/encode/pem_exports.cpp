@@ -1,16 +1,9 @@
 #include "encode/pem.h"
 #include "frame/call_frame.h"
+#include "frame/text.h"
 #include "zulcore.h"
 
 using namespace zul;
-
-namespace {
-
-bool is_missing(const char* text) {
-    return text == nullptr || *text == '\0';
-}
-
-} // namespace
 
 int PEM_FileFromBinFile(const char* szFileOut, const char* szFileIn, const char* szHeader, int nLineLen) {
     CallFrame frame;

@@ -38,17 +38,31 @@ void err_set_text(const char* format, ...) {
     va_end(arguments);
 }
 
-void err_add_text(const char* format, ...) {
+static void add_text(const char* format, va_list arguments) __attribute__((format(printf, 1, 0)));
+
+static void add_text(const char* format, va_list arguments) {
     char addition[kErrorTextSize];
-    va_list arguments;
-    va_start(arguments, format);
     vsnprintf(addition, sizeof addition, format, arguments);
-    va_end(arguments);
 
     char* text = thread_record(RecordPath::error)->errorText;
     if (text[0] != '\0')
         str_append(text, "; ", kErrorTextSize);
     str_append(text, addition, kErrorTextSize);
+}
+
+void err_add_text(const char* format, ...) {
+    va_list arguments;
+    va_start(arguments, format);
+    add_text(format, arguments);
+    va_end(arguments);
+}
+
+int err_fail(int code, const char* format, ...) {
+    va_list arguments;
+    va_start(arguments, format);
+    add_text(format, arguments);
+    va_end(arguments);
+    return code;
 }
 
 } // namespace zul

@@ -20,4 +20,7 @@ const char* err_text();
 void err_set_text(const char* format, ...) __attribute__((format(printf, 1, 2)));
 void err_add_text(const char* format, ...) __attribute__((format(printf, 1, 2)));
 
+// err_fail adds a text and returns the code, which it leaves unrecorded.
+[[nodiscard]] int err_fail(int code, const char* format, ...) __attribute__((format(printf, 2, 3)));
+
 } // namespace zul

@@ -14,6 +14,11 @@ int str_append(char* dest, const char* src, int size);
 // than 260 characters, or with a line break), since it may be a private key.
 const char* shown_name(const char* fileOrText);
 
+// is_missing tells whether a text argument is null or empty.
+inline bool is_missing(const char* text) {
+    return text == nullptr || *text == '\0';
+}
+
 // str_length is the length of a text, 0 for null; a length that no int can hold is given as INT_MAX.
 int str_length(const char* text);
 

@@ -7,14 +7,6 @@
 
 using namespace zul;
 
-namespace {
-
-bool is_missing(const char* text) {
-    return text == nullptr || *text == '\0';
-}
-
-} // namespace
-
 int OCSP_MakeRequest(char* szOutput, int nChars, const char* szIssuerCert, const char* szCertFileOrSerialNum,
                      const char* /*szExtensions*/, int nOptions) {
     CallFrame frame;

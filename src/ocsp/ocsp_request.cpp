@@ -11,11 +11,11 @@
 #include "asn1/asn_value.h"
 #include "frame/err.h"
 #include "hash/digest.h"
-#include "x509/certificate.h"
-#include "x509/hex_value.h"
-#include "x509/thumbprint.h"
-#include "x509/uncut_text.h"
-#include "x509/x509_input.h"
+#include "x509/fields/certificate.h"
+#include "x509/fields/hex_value.h"
+#include "x509/fields/thumbprint.h"
+#include "x509/input/x509_input.h"
+#include "x509/query/uncut_text.h"
 #include "zulcore.h"
 
 namespace zul {

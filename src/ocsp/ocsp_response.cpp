@@ -16,10 +16,10 @@
 #include "frame/err.h"
 #include "frame/text.h"
 #include "platform/platform.h"
-#include "x509/certificate.h"
-#include "x509/verify.h"
-#include "x509/x509_input.h"
-#include "x509/x509_time.h"
+#include "x509/fields/certificate.h"
+#include "x509/fields/x509_time.h"
+#include "x509/input/x509_input.h"
+#include "x509/verify/verify.h"
 #include "zulcore.h"
 
 namespace zul {

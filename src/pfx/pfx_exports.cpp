@@ -13,10 +13,6 @@ using namespace zul;
 
 namespace {
 
-bool is_missing(const char* text) {
-    return text == nullptr || *text == '\0';
-}
-
 const char* or_empty(const char* text) {
     return text == nullptr ? "" : text;
 }

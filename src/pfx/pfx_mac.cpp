@@ -9,7 +9,7 @@
 #include "hash/hmac.h"
 #include "pbe/kdf.h"
 #include "rng/rng.h"
-#include "x509/subject_public_key.h"
+#include "x509/fields/subject_public_key.h"
 #include "zulcore.h"
 
 namespace zul {

@@ -13,7 +13,7 @@
 #include "pfx/pfx_output.h"
 #include "pfx/pfx_reader.h"
 #include "rsa/rsa_der.h"
-#include "x509/x509_input.h"
+#include "x509/input/x509_input.h"
 #include "zulcore.h"
 
 namespace zul {

@@ -1,17 +1,10 @@
 #include "frame/call_frame.h"
+#include "frame/text.h"
 #include "rsa/rsa_key_input.h"
 #include "rsa/rsa_key_string.h"
 #include "zulcore.h"
 
 using namespace zul;
-
-namespace {
-
-bool is_missing(const char* text) {
-    return text == nullptr || *text == '\0';
-}
-
-} // namespace
 
 int RSA_ReadPublicKey(char* szOutput, int nOutChars, const char* szFileOrText) {
     CallFrame frame;

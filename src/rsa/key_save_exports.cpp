@@ -1,6 +1,7 @@
 #include "asn1/asn_encode.h"
 #include "frame/call_frame.h"
 #include "frame/debug_output.h"
+#include "frame/text.h"
 #include "pbe/pbe.h"
 #include "rsa/rsa_der.h"
 #include "rsa/rsa_files.h"
@@ -10,10 +11,6 @@
 using namespace zul;
 
 namespace {
-
-bool is_missing(const char* text) {
-    return text == nullptr || *text == '\0';
-}
 
 int faulty_key_data() {
     err_add_text("Internal key data is faulty");

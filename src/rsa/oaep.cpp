@@ -4,9 +4,9 @@
 #include <algorithm>
 #include <cstring>
 
+#include "frame/constant_time.h"
 #include "hash/digest.h"
 #include "rng/rng.h"
-#include "rsa/constant_time.h"
 
 namespace zul {
 

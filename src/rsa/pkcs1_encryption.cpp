@@ -4,9 +4,9 @@
 #include <algorithm>
 #include <cstring>
 
+#include "frame/constant_time.h"
 #include "frame/wipe.h"
 #include "rng/rng.h"
-#include "rsa/constant_time.h"
 #include "zulcore.h"
 
 namespace zul {

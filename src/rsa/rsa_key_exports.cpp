@@ -2,6 +2,7 @@
 
 #include "asn1/asn_encode.h"
 #include "frame/call_frame.h"
+#include "frame/text.h"
 #include "hash/digest.h"
 #include "rsa/rsa_der.h"
 #include "rsa/rsa_key_string.h"
@@ -14,13 +15,9 @@ namespace {
 
 constexpr char kNoKey[] = "Could not extract key from string";
 
-bool missing(const char* text) {
-    return text == nullptr || text[0] == '\0';
-}
-
 // Opens a key string of either kind: 0 or a negated code.
 int open_any(const char* keyString, RsaKey& key, bool* isPrivate = nullptr) {
-    if (missing(keyString))
+    if (is_missing(keyString))
         return -BAD_PARAM_ERROR;
     const int code = rsa_open_any(keyString, key, isPrivate);
     if (code != 0)
@@ -97,7 +94,7 @@ int RSA_KeyHashCode(const char* szKeyString) {
     CallFrame frame;
     RsaKey key;
     if (const int code = open_any(szKeyString, key)) {
-        if (missing(szKeyString))
+        if (is_missing(szKeyString))
             err_add_text("%s", kNoKey);
         frame.length(code);
         return 0;

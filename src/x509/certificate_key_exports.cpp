@@ -1,8 +1,8 @@
 #include "frame/call_frame.h"
 #include "rsa/rsa_key_string.h"
-#include "x509/certificate.h"
-#include "x509/subject_public_key.h"
-#include "x509/x509_input.h"
+#include "x509/fields/certificate.h"
+#include "x509/fields/subject_public_key.h"
+#include "x509/input/x509_input.h"
 #include "zulcore.h"
 
 using namespace zul;

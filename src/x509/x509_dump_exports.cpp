@@ -1,5 +1,5 @@
 #include "frame/call_frame.h"
-#include "x509/text_dump.h"
+#include "x509/dump/text_dump.h"
 #include "zulcore.h"
 
 using namespace zul;

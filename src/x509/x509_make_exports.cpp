@@ -1,16 +1,9 @@
 #include "frame/call_frame.h"
-#include "x509/make.h"
+#include "frame/text.h"
+#include "x509/make/make.h"
 #include "zulcore.h"
 
 using namespace zul;
-
-namespace {
-
-bool is_missing(const char* text) {
-    return text == nullptr || *text == '\0';
-}
-
-} // namespace
 
 int X509_MakeCert(const char* szNewCertFile, const char* szIssuerCertFile, const char* szSubjectPubKeyFile,
                   const char* szIssuerPriKeyFile, int nCertNum, int nYearsValid, const char* szDistName,

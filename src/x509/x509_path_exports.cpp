@@ -1,5 +1,5 @@
 #include "frame/call_frame.h"
-#include "x509/path.h"
+#include "x509/verify/path.h"
 #include "zulcore.h"
 
 using namespace zul;

@@ -1,18 +1,15 @@
 #include "frame/call_frame.h"
-#include "x509/certificate.h"
-#include "x509/certificate_digest.h"
-#include "x509/certificate_query.h"
-#include "x509/certificate_string.h"
-#include "x509/x509_input.h"
+#include "frame/text.h"
+#include "x509/fields/certificate.h"
+#include "x509/input/x509_input.h"
+#include "x509/query/certificate_digest.h"
+#include "x509/query/certificate_query.h"
+#include "x509/query/certificate_string.h"
 #include "zulcore.h"
 
 using namespace zul;
 
 namespace {
-
-bool is_missing(const char* text) {
-    return text == nullptr || *text == '\0';
-}
 
 int query(char* out, int nChars, const char* certFile, CertificateQuery what, int options = 0,
           const char* delimiter = nullptr) {

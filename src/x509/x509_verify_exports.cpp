@@ -1,15 +1,12 @@
 #include "frame/call_frame.h"
-#include "x509/certificate.h"
-#include "x509/crl_lookup.h"
-#include "x509/verify.h"
-#include "x509/x509_input.h"
+#include "frame/text.h"
+#include "x509/crl/crl_lookup.h"
+#include "x509/fields/certificate.h"
+#include "x509/input/x509_input.h"
+#include "x509/verify/verify.h"
 #include "zulcore.h"
 
 using namespace zul;
-
-static bool is_missing(const char* text) {
-    return text == nullptr || *text == '\0';
-}
 
 int X509_VerifyCert(const char* szCertToVerify, const char* szIssuerCert) {
     CallFrame frame;

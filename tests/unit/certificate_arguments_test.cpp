@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
-#include "cms/certificate_arguments.h"
+#include "cms/message/certificate_arguments.h"
 
 namespace zul {
 

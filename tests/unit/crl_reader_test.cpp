@@ -5,7 +5,7 @@
 
 #include "support/temp_dir.h"
 #include "support/vectors.h"
-#include "x509/crl_reader.h"
+#include "x509/crl/crl_reader.h"
 #include "zulcore.h"
 
 namespace zul {

@@ -9,7 +9,7 @@
 #include "frame/debug_output.h"
 #include "frame/err.h"
 #include "support/vectors.h"
-#include "x509/distinguished_name.h"
+#include "x509/names/distinguished_name.h"
 #include "zulcore.h"
 
 using namespace zul;

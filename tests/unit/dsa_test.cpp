@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "support/vectors.h"
-#include "x509/dsa.h"
+#include "x509/verify/dsa.h"
 
 namespace zul {
 namespace {

@@ -3,8 +3,8 @@
 #include <vector>
 
 #include "asn1/asn_node.h"
-#include "cms/content_output.h"
-#include "cms/octet_content.h"
+#include "cms/content/content_output.h"
+#include "cms/content/octet_content.h"
 #include "frame/err.h"
 #include "support/temp_dir.h"
 #include "support/vectors.h"

@@ -9,9 +9,9 @@
 #include "frame/err.h"
 #include "support/temp_dir.h"
 #include "support/vectors.h"
-#include "x509/certificate_extensions.h"
-#include "x509/der_source.h"
-#include "x509/x509_input.h"
+#include "x509/fields/certificate_extensions.h"
+#include "x509/input/der_source.h"
+#include "x509/input/x509_input.h"
 #include "zulcore.h"
 
 #ifndef _WIN32

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "asn1/asn_build.h"
-#include "x509/x509_time.h"
+#include "x509/fields/x509_time.h"
 
 using namespace zul;
 

@@ -1,0 +1,138 @@
+#include "cms/enveloped/enveloped_data_make.h"
+
+#include "asn1/asn_build.h"
+#include "asn1/asn_encode.h"
+#include "cms/content/content_input.h"
+#include "cms/enveloped/content_cipher.h"
+#include "cms/message/certificate_arguments.h"
+#include "cms/message/message_file.h"
+#include "frame/err.h"
+#include "frame/text.h"
+#include "rng/rng.h"
+#include "rsa/pkcs1_encryption.h"
+#include "rsa/rsa_operation.h"
+#include "x509/fields/certificate.h"
+#include "x509/fields/subject_public_key.h"
+#include "x509/input/x509_input.h"
+#include "zulcore.h"
+
+namespace zul {
+namespace {
+
+using ContentKey = Secret<ContentCipher::kMaxKey>;
+
+// draw fills out from the random generator.
+void draw(uint8_t* out, size_t size, Seed seed = {nullptr, 0}) {
+    if (rng_bytes(out, size, seed.bytes, seed.bytes == nullptr ? 0 : seed.size) != 0)
+        rng_fail();
+}
+
+// encrypt_key gives 0, or a positive code without a text.
+int encrypt_key(const RsaKey& recipient, const ContentKey& key, size_t keyLength, SecretBuffer& block) {
+    block = SecretBuffer(recipient.bytes());
+    size_t blockLen = 0;
+    const int code = pkcs1_encrypt_block(block.data(), block.size(), key.data(), keyLength);
+    return code != 0 ? -code : rsaPublic(&recipient, block.data(), &blockLen, block.data(), block.size());
+}
+
+// can_encrypt refuses exponents that no key has: with 1 the content key would stand in the message as it is,
+// and of an even one there is no inverse. An even modulus is refused where keys are read.
+bool can_encrypt(const RsaKey& key) {
+    const MtNumber* e = key.e;
+    return mtShortCmp(e, 3) >= 0 && (e->digits[0] & 1) != 0;
+}
+
+// recipient_info makes a KeyTransRecipientInfo (RFC 5652, 6.2.1); an empty list, with a text, for a
+// certificate that does not serve.
+AsnList recipient_info(const char* cert, const ContentKey& key, size_t keyLength) {
+    AsnList certificate; // empty, and so without fields, if it cannot be read
+    x509_read_certificate(cert, certificate);
+    const CertificateFields fields = certificate_fields(certificate.head());
+    AsnList identifier = issuer_and_serial_number(fields);
+    RsaKey publicKey;
+    if (!identifier || !rsa_public_key_of(fields.subjectPublicKeyInfo, publicKey) ||
+        !can_encrypt(publicKey)) {
+        err_add_text("Cannot read public key in '%s'", shown_name(cert));
+        return {};
+    }
+    SecretBuffer encryptedKey;
+    if (const int code = encrypt_key(publicKey, key, keyLength, encryptedKey)) {
+        err_add_text("RSA encryption failed (%d) for '%s'", code, shown_name(cert));
+        return {};
+    }
+    AsnList algorithm = asn_NewSequence(asn_LinkList(asn_NewOid("rsaEncryption"), asn_NewNull()));
+    return asn_NewSequence(asn_LinkList(asn_NewInteger(0), std::move(identifier), std::move(algorithm),
+                                        asn_NewOctetString(encryptedKey.data(), encryptedKey.size())));
+}
+
+// recipient_infos makes the SET OF those of all certificates that serve, whose number *count is. They stay in
+// the list's order, so that a recipient's number can be told from it: nothing asks for DER's order here.
+AsnList recipient_infos(const CertificateArguments& certs, const ContentKey& key, size_t keyLength,
+                        int* count) {
+    AsnList all;
+    *count = 0;
+    for (int i = 0; i < certs.count(); i++) {
+        AsnList info = recipient_info(certs[i], key, keyLength);
+        if (!info)
+            continue;
+        all = asn_Link(std::move(all), std::move(info));
+        ++*count;
+    }
+    return asn_NewSet(std::move(all));
+}
+
+// make_enveloped takes the content padded, in the element that carries it, and encrypts it there.
+int make_enveloped(const char* path, AsnList content, ContentCipher& cipher, const char* certList, Seed seed,
+                   int options) {
+    const CertificateArguments certs(certList);
+    if (certs.count() == 0) {
+        err_add_text("Error in certificate list");
+        return -BAD_PARAM_ERROR;
+    }
+    ContentKey key;
+    draw(cipher.iv(), cipher.block_length());
+    draw(key.data(), cipher.key_length(), seed);
+    cipher.finish_key(key.data());
+    int count = 0;
+    AsnList recipients = recipient_infos(certs, key, cipher.key_length(), &count);
+
+    AsnList algorithm = cipher.algorithm_identifier();
+    asn_Node* element = content.head();
+    cipher.encrypt(key.data(), cipher.iv(), element->data, element->length / cipher.block_length());
+    AsnList encrypted =
+        asn_NewSequence(asn_LinkList(asn_NewOid("data"), std::move(algorithm), std::move(content)));
+    const AsnList message = content_info(
+        "envelopedData",
+        asn_NewSequence(asn_LinkList(asn_NewInteger(0), std::move(recipients), std::move(encrypted))));
+    const int fileOptions = count > 0 ? options : options & ~ZUL_CMS_FORMAT_BASE64;
+    const int error = message_write(path, message.head(), fileOptions, nullptr, "Cannot create file '%s'");
+    return error != 0 ? -error : count;
+}
+
+ContentShape shape_for(const ContentCipher& cipher) {
+    return {kAsnContext, 0, cipher.block_length()};
+}
+
+} // namespace
+
+int make_enveloped_file(const char* path, const char* contentFile, const char* certList, Seed seed,
+                        int options) {
+    ContentCipher cipher;
+    cipher.choose(options);
+    AsnList content;
+    if (const int error = content_from_file(contentFile, shape_for(cipher), content))
+        return -error;
+    return make_enveloped(path, std::move(content), cipher, certList, seed, options);
+}
+
+int make_enveloped_bytes(const char* path, const void* content, size_t size, const char* certList, Seed seed,
+                         int options) {
+    ContentCipher cipher;
+    cipher.choose(options);
+    AsnList element;
+    if (const int error = content_from_bytes(content, size, shape_for(cipher), element))
+        return -error;
+    return make_enveloped(path, std::move(element), cipher, certList, seed, options);
+}
+
+} // namespace zul

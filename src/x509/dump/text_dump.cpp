@@ -1,0 +1,57 @@
+#include "x509/dump/text_dump.h"
+
+#include "frame/err.h"
+#include "frame/file_stream.h"
+#include "frame/text.h"
+#include "x509/dump/dump_layouts.h"
+#include "x509/fields/certificate.h"
+#include "x509/input/der_source.h"
+#include "x509/input/x509_input.h"
+#include "zulcore.h"
+
+namespace zul {
+namespace {
+
+int dump(DumpOutput& out, const char* fileOrText) {
+    DerSource source;
+    int error = source.open(fileOrText);
+    if (error != 0)
+        return error;
+    CrlReader crl; // a CRL may be longer than memory
+    error = crl.open(source);
+    if (error == 0)
+        return dump_crl(out, crl);
+    if (error != BAD_FORMAT_ERROR)
+        return error;
+    AsnList object;
+    error = x509_read_object(source, object);
+    if (error != 0)
+        return error;
+    if (x509_is_certificate(object.head()))
+        return dump_certificate(out, object.head());
+    if (x509_is_request(object.head()))
+        return dump_request(out, object.head());
+    return dump_bad_format("Not a certificate, request or CRL");
+}
+
+} // namespace
+
+int text_dump(const char* fileOut, const char* fileOrText) {
+    if (is_same_file(fileOrText, fileOut)) {
+        err_add_text("Cannot create file '%s'", shown_name(fileOut));
+        return -CREATE_ERROR;
+    }
+    DumpOutput out(fileOut);
+    if (!out.is_open()) {
+        err_add_text("Cannot create file '%s'", shown_name(fileOut));
+        return -CREATE_ERROR;
+    }
+    const int error = dump(out, fileOrText);
+    if (!out.finish() && error == 0) {
+        err_add_text("Cannot write file '%s'", shown_name(fileOut));
+        return -WRITE_ERROR;
+    }
+    return -error;
+}
+
+} // namespace zul

@@ -1,0 +1,31 @@
+#include "x509/fields/thumbprint.h"
+
+#include <utility>
+
+#include "asn1/asn_element.h"
+#include "asn1/asn_encode.h"
+#include "encode/hex.h"
+#include "frame/err.h"
+#include "zulcore.h"
+
+namespace zul {
+
+int der_digest(uint8_t out[kMaxDigestSize], AsnList object, int algorithm) {
+    const SecretBuffer der = asn_Encode(asn_ToDer(std::move(object)));
+    if (der.empty()) {
+        err_add_text("Invalid ASN.1 data");
+        return -INVALID_DATA_ERROR;
+    }
+    return hash_bytes(out, kMaxDigestSize, der.data(), static_cast<int64_t>(der.size()), algorithm);
+}
+
+bool thumbprint_text(AsnList certificate, DigestAlgorithm algorithm, char out[kThumbprintText + 1]) {
+    *out = '\0';
+    uint8_t digest[kMaxDigestSize];
+    const int length = der_digest(digest, std::move(certificate), algorithm);
+    if (length > 0)
+        hex_encode_lower(out, kThumbprintText + 1, digest, static_cast<size_t>(length));
+    return length > 0;
+}
+
+} // namespace zul

@@ -1,0 +1,48 @@
+// Certification requests: PKCS #10 (RFC 2986).
+#include "asn1/asn_build.h"
+#include "frame/err.h"
+#include "frame/text.h"
+#include "rsa/rsa_der.h"
+#include "x509/fields/signature_algorithm.h"
+#include "x509/make/key_argument.h"
+#include "x509/make/make.h"
+#include "x509/make/sign.h"
+#include "x509/names/distinguished_name.h"
+#include "zulcore.h"
+
+namespace zul {
+
+int make_request(const char* reqFile, const char* privateKey, const char* distName, const char* password,
+                 int options) {
+    const char* const algorithm = rsa_signature_algorithm(options);
+    if (algorithm == nullptr)
+        return BAD_FLAG_ERROR;
+    ParsedName subject;
+    if (name_parse(distName, subject) == 0) {
+        err_add_text("Invalid distinguished name string");
+        return BAD_PARAM_ERROR;
+    }
+    RsaKey key;
+    if (read_signing_key(privateKey, password, key) != 0) {
+        err_add_text("Unable to read private key file\n");
+        return READ_ERROR;
+    }
+
+    const bool attributes = (options & ZUL_X509_REQ_NOATTRS) == 0;
+    AsnList info = asn_NewSequence(asn_LinkList(asn_NewInteger(0), name_encode(subject, options),
+                                                rsa_subject_public_key_info(key),
+                                                attributes ? asn_NewExplicit(0, AsnList()) : AsnList()));
+    AsnList request;
+    if (const int error = x509_sign(std::move(info), algorithm, key, request)) {
+        err_add_text("Unable to sign certificate");
+        return error;
+    }
+    const bool pem = (options & ZUL_X509_REQ_DER) == 0;
+    const int error =
+        x509_write(reqFile, request.head(), pem ? "NEW CERTIFICATE REQUEST" : nullptr, privateKey);
+    if (error == CREATE_ERROR)
+        err_add_text("Cannot create file %s", shown_name(reqFile));
+    return error;
+}
+
+} // namespace zul

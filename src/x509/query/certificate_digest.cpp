@@ -1,0 +1,43 @@
+#include "x509/query/certificate_digest.h"
+
+#include <utility>
+
+#include "frame/err.h"
+#include "hash/digest_output.h"
+#include "x509/fields/certificate.h"
+#include "x509/fields/thumbprint.h"
+#include "x509/input/x509_input.h"
+#include "zulcore.h"
+
+namespace zul {
+namespace {
+
+int object_digest(char* out, int nChars, AsnList object, int options) {
+    uint8_t digest[kMaxDigestSize];
+    const int length = der_digest(digest, std::move(object), options & kDigestAlgorithmMask);
+    return length < 0 ? length : digest_hex_result(out, nChars, digest, length);
+}
+
+} // namespace
+
+int certificate_thumb(char* out, int nChars, const char* certFile, int options) {
+    AsnList certificate;
+    if (const int error = x509_read_certificate(certFile, certificate))
+        return -error;
+    return object_digest(out, nChars, std::move(certificate), options);
+}
+
+int issuer_and_serial_digest(char* out, int nChars, const char* certFile, int options) {
+    AsnList certificate;
+    if (const int error = x509_read_certificate(certFile, certificate))
+        return -error;
+    AsnList pair = issuer_and_serial_number(certificate_fields(certificate.head()));
+    if (!pair) {
+        err_add_text("Could not find IssuerAndSerialNumber in certificate '%s'\n", certFile);
+        err_add_text("No Issuer and Serial Number found in cert");
+        return -BAD_FORMAT_ERROR;
+    }
+    return object_digest(out, nChars, std::move(pair), options);
+}
+
+} // namespace zul

@@ -1,0 +1,61 @@
+#include "x509/query/certificate_string.h"
+
+#include <cstring>
+#include <utility>
+
+#include "asn1/asn_element.h"
+#include "asn1/asn_encode.h"
+#include "asn1/asn_input.h"
+#include "encode/base64.h"
+#include "frame/err.h"
+#include "frame/text.h"
+#include "x509/fields/certificate.h"
+#include "x509/input/x509_input.h"
+#include "x509/make/sign.h"
+#include "x509/query/uncut_text.h"
+#include "zulcore.h"
+
+namespace zul {
+namespace {
+
+// certificate_from_string takes a text of any length, other than certificate arguments, where a short one is
+// the name of a file. Empty if it holds no certificate.
+AsnList certificate_from_string(const char* text) {
+    const size_t size = strlen(text);
+    AsnList object;
+    if (b64_decoded_length(text, size) > kMaxX509Object || // which no reader would take
+        asn_read_content(reinterpret_cast<const uint8_t*>(text), size, object) != 0 ||
+        !x509_is_certificate(object.head()))
+        return AsnList();
+    return asn_ToDer(std::move(object));
+}
+
+} // namespace
+
+int certificate_string(char* out, int nChars, const char* certFile) {
+    AsnList certificate;
+    if (const int error = x509_read_certificate(certFile, certificate))
+        return -error;
+    const AsnList der = asn_ToDer(std::move(certificate));
+    const SecretBuffer text = asn_EncodeBase64(der.head());
+    if (text.empty()) {
+        err_add_text("Invalid ASN.1 data");
+        return -INVALID_DATA_ERROR;
+    }
+    return uncut_text_result(out, nChars, text);
+}
+
+int save_certificate_string(const char* path, const char* text, int options) {
+    const AsnList certificate = certificate_from_string(text);
+    if (!certificate) {
+        err_set_text("Not valid X.509 data");
+        return INVALID_DATA_ERROR;
+    }
+    const bool pem = (options & ZUL_X509_FORMAT_PEM) != 0;
+    const int error = x509_write(path, certificate.head(), pem ? "CERTIFICATE" : nullptr, nullptr);
+    if (error == CREATE_ERROR)
+        err_add_text("Cannot create file '%s'", shown_name(path));
+    return error;
+}
+
+} // namespace zul
