@@ -83,21 +83,21 @@ int write_certificate(const char* path, const SecretBuffer& der) {
 } // namespace
 
 int CMS_ReadSigData(const char* szFileOut, const char* szFileIn, int /*nOptions*/) {
-    CallFrame frame;
+    CallFrame frame(1);
     if (!is_given(szFileOut) || !is_given(szFileIn))
         return frame.length(-BAD_PARAM_ERROR);
     return frame.length(read_to_file(szFileOut, szFileIn));
 }
 
 int CMS_ReadSigDataToString(char* szDataOut, int nDataOutLen, const char* szFileIn, int /*nOptions*/) {
-    CallFrame frame;
+    CallFrame frame(1);
     if (!is_given(szFileIn))
         return frame.length(-BAD_PARAM_ERROR);
     return frame.length(read_to_room(szDataOut, nDataOutLen, szFileIn));
 }
 
 int X509_GetCertFromP7Chain(const char* szNewCertFile, const char* szP7cFile, int nIndex, int /*nOptions*/) {
-    CallFrame frame;
+    CallFrame frame(1);
     if (!is_given(szP7cFile))
         return frame.length(-BAD_PARAM_ERROR);
     SecretBuffer der;

@@ -11,6 +11,14 @@ struct DrbgState {
     uint32_t reseedCounter; // 0: not yet instantiated
 };
 
+// The readings of the thread's last fuller stir.
+struct SlowReadings {
+    bool taken, hasDisk, hasPower, hasActivity;
+    uint32_t ticks; // when they were taken
+    uint32_t disk, power;
+    uint8_t activity[20];
+};
+
 // RngState is one thread's part of the random generator: a plain structure that is valid when it is all zero,
 // so that the thread's record can hold it without knowing the generator.
 struct RngState {
@@ -26,6 +34,7 @@ struct RngState {
     uint32_t stagedCalls;
     uint32_t memoryTicks; // when the memory status was last read
     uint32_t memory;      // and what it condensed to; 0 before the first reading
+    SlowReadings slow;
 };
 
 } // namespace zul

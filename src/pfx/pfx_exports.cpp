@@ -63,7 +63,7 @@ int extract(const char* out, const char* pfxFile, int (*find)(const SecretBuffer
 
 int PFX_MakeFile(const char* szFileOut, const char* szCertFile, const char* szKeyFile, const char* szPassword,
                  const char* szFriendlyName, int nOptions) {
-    CallFrame frame;
+    CallFrame frame(1);
     if (is_missing(szFileOut) || is_missing(szCertFile))
         return frame.status(BAD_PARAM_ERROR);
     return frame.status(pfx_make({szFileOut, szCertFile, or_empty(szKeyFile), or_empty(szPassword),
@@ -85,7 +85,7 @@ int X509_GetCertFromPFX(const char* szFileOut, const char* szPfxFile, int /*nOpt
 }
 
 int RSA_GetPrivateKeyFromPFX(const char* szFileOut, const char* szPfxFile, int /*nOptions*/) {
-    CallFrame frame;
+    CallFrame frame(1);
     if (is_missing(szFileOut) || is_missing(szPfxFile))
         return frame.status(BAD_PARAM_ERROR);
     return frame.status(extract(szFileOut, szPfxFile, pfx_find_key, platform::OpenMode::createSecret));

@@ -99,32 +99,43 @@ void digest_piece(void* context, const void* data, size_t size) {
     sha1_update(*static_cast<Sha1Context*>(context), data, size);
 }
 
-// read_fully takes the readings that only a fuller stir can afford.
-void read_fully(EventList& list) {
-    uint32_t value = 0;
-    if (platform::free_clusters(&value))
-        list.add(EntropySource::disk, &value, sizeof value);
+// read_slowly takes the readings that cost files and system calls; within one tick they say little new.
+void read_slowly(SlowReadings& slow) {
+    const uint32_t ticks = platform::tick_count();
+    if (slow.taken && slow.ticks == ticks)
+        return;
+    slow.taken = true;
+    slow.ticks = ticks;
+    slow.hasDisk = platform::free_clusters(&slow.disk);
 
     uint8_t reading[platform::kReadingSize];
-    if (const size_t size = platform::power_status(reading); size > 0) {
-        value = condense(reading, size);
-        list.add(EntropySource::power, &value, sizeof value);
-    }
+    const size_t size = platform::power_status(reading);
+    slow.hasPower = size > 0;
+    if (slow.hasPower)
+        slow.power = condense(reading, size);
 
     Sha1Context activity;
     sha1_init(activity);
-    if (platform::activity_report(digest_piece, &activity)) {
-        uint8_t digest[kSha1Size];
-        sha1_final(activity, digest);
-        list.add(EntropySource::activity, digest, sizeof digest);
-    }
+    slow.hasActivity = platform::activity_report(digest_piece, &activity);
+    sha1_final(activity, slow.activity);
+}
+
+// read_fully takes the readings that only a fuller stir can afford.
+void read_fully(SlowReadings& slow, EventList& list) {
+    read_slowly(slow);
+    if (slow.hasDisk)
+        list.add(EntropySource::disk, &slow.disk, sizeof slow.disk);
+    if (slow.hasPower)
+        list.add(EntropySource::power, &slow.power, sizeof slow.power);
+    if (slow.hasActivity)
+        list.add(EntropySource::activity, slow.activity, sizeof slow.activity);
 
     Secret<kSystemRandomSize> random;
     if (platform::system_random(random.data(), random.size()))
         list.add(EntropySource::system, random.data(), random.size());
 
     // The time that all this took is itself worth a reading.
-    value = static_cast<uint32_t>(platform::system_time());
+    uint32_t value = static_cast<uint32_t>(platform::system_time());
     list.add(EntropySource::time, &value, sizeof value);
     value = platform::tick_count();
     list.add(EntropySource::ticks, &value, sizeof value);
@@ -141,7 +152,7 @@ void rng_stir(int option) {
         return;
 
     Wiped<EventList> list;
-    read_fully(*list);
+    read_fully(state.slow, *list);
     const platform::LockGuard guard;
     enter_staged(state);
     for (size_t i = 0; i < list->count; i++)

@@ -30,13 +30,13 @@ int RNG_Test(const char* szFileName, int) {
 }
 
 int RNG_Initialize(const char* szSeedFile, int) {
-    CallFrame frame;
+    CallFrame frame(1);
     return frame.length(szSeedFile == nullptr ? -PRNG_ERR_BADPARAM : seed_file_update(szSeedFile));
 }
 
 // A missing name is not recorded here: a program without a seed file may call all the same.
 int RNG_UpdateSeedFile(const char* szSeedFile, int) {
-    CallFrame frame;
+    CallFrame frame(1);
     if (szSeedFile == nullptr || szSeedFile[0] == '\0')
         return -BAD_PARAM_ERROR;
     return frame.length(seed_file_update(szSeedFile));

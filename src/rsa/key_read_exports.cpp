@@ -26,7 +26,7 @@ int RSA_ReadPrivateKeyInfo(char* szOutput, int nOutChars, const char* szFileOrTe
 
 int RSA_ReadEncPrivateKey(char* szOutput, int nOutChars, const char* szFileOrText, const char* szPassword,
                           int nOptions) {
-    CallFrame frame;
+    CallFrame frame(1);
     static_cast<void>(nOptions); // the file tells its scheme
     if (is_missing(szFileOrText) || szPassword == nullptr)
         return frame.length(-BAD_PARAM_ERROR);

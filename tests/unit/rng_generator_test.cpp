@@ -69,6 +69,7 @@ TEST(Generator, ContinuousTestCatchesARepeatedBlock) {
 
     // A short output is compared with zeros after it.
     plant_next_block(state);
+    state.continuousBlock[7] |= 1;
     EXPECT_EQ(generator_produce(state, out, 7, {}), 0);
     plant_next_block(state);
     state.continuousBlock[7] = 0;
@@ -142,6 +143,41 @@ TEST(Stir, StagesCheaplyAndEntersWhatItStaged) {
     uint8_t out[EntropyPools::kMaxYield];
     EXPECT_GE(accumulator_gather(state, true, out), kSha1Size);
     EXPECT_EQ(state.stagedCalls, 0u);
+}
+
+// What is held back shows which stir an export made: the fuller one enters it.
+TEST(Stir, IsFullerInExportsThatOpenEncryptedKeysOrSignedData) {
+    struct Case {
+        const char* name;
+        int (*call)();
+        bool isFuller;
+    };
+    const Case cases[] = {
+        {"RNG_Bytes", [] { return RNG_Bytes(nullptr, 0, nullptr, 0); }, false},
+        {"RNG_Number", [] { return RNG_Number(1, 0); }, false},
+        {"RNG_Initialize", [] { return RNG_Initialize(nullptr, 0); }, true},
+        {"RNG_UpdateSeedFile", [] { return RNG_UpdateSeedFile(nullptr, 0); }, true},
+        {"RNG_MakeSeedFile", [] { return RNG_MakeSeedFile(nullptr, nullptr, 0); }, true},
+        {"RNG_BytesWithPrompt", [] { return RNG_BytesWithPrompt(nullptr, 0, nullptr, 0); }, true},
+        {"PWD_Prompt", [] { return PWD_Prompt(nullptr, 0, nullptr); }, true},
+        {"RSA_ReadPrivateKeyInfo", [] { return RSA_ReadPrivateKeyInfo(nullptr, 0, nullptr); }, false},
+        {"RSA_ReadEncPrivateKey", [] { return RSA_ReadEncPrivateKey(nullptr, 0, nullptr, nullptr, 0); },
+         true},
+        {"X509_CertRequest", [] { return X509_CertRequest(nullptr, nullptr, nullptr, nullptr, nullptr, 0); },
+         true},
+        {"X509_MakeCRL", [] { return X509_MakeCRL(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, 0); },
+         true},
+        {"PFX_MakeFile", [] { return PFX_MakeFile(nullptr, nullptr, nullptr, nullptr, nullptr, 0); }, true},
+        {"CMS_ReadSigData", [] { return CMS_ReadSigData(nullptr, nullptr, 0); }, true},
+        {"CMS_VerifySigData", [] { return CMS_VerifySigData(nullptr, nullptr, nullptr, 0); }, true},
+        {"CMS_ReadEnvData", [] { return CMS_ReadEnvData(nullptr, nullptr, nullptr, nullptr, 0); }, false},
+    };
+    for (const Case& c : cases) {
+        rng_stir(1);
+        rng_stir(0);
+        c.call();
+        EXPECT_EQ(rng_state()->stagedCalls, c.isFuller ? 0u : 2u) << c.name;
+    }
 }
 
 TEST(Threads, NeverDrawTheSameBlock) {
