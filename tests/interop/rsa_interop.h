@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "support/temp_dir.h"
+#include "support/vectors.h"
 #include "zulcore.h"
 
 // What the tests of RSA against the programs openssl and certtool share.
@@ -53,7 +54,7 @@ class RsaInterop : public testing::Test {
     // pub.pem.
     void make_key(int bits, const std::string& exponent) const {
         const std::string number = std::to_string(bits);
-        run(bits == 8192 ? "cp '" ZUL_TEST_DATA "/rsa_interop/key8192.pem' key.pem"
+        run(bits == 8192 ? "cp '" + data_path("rsa_interop/key8192.pem") + "' key.pem"
                          : "openssl genpkey -algorithm RSA -pkeyopt rsa_keygen_bits:" + number +
                                " -pkeyopt rsa_keygen_pubexp:" + exponent + " -out key.pem");
         run("openssl pkey -in key.pem -pubout -out pub.pem");

@@ -71,7 +71,7 @@ struct QueryCommand {
     }
 };
 
-struct VerifyCommand {
+struct CertVerifyCommand {
     std::string file, issuer;
 
     void run() const {
@@ -102,7 +102,8 @@ struct ThumbCommand {
 };
 
 template<class Command>
-CLI::App* add(CLI::App& group, const char* name, const char* what, std::shared_ptr<Command> state) {
+CLI::App* add_cert_command(CLI::App& group, const char* name, const char* what,
+                           std::shared_ptr<Command> state) {
     CLI::App* command = group.add_subcommand(name, what);
     command->callback([state] { state->run(); });
     return command;
@@ -122,7 +123,8 @@ void add_cert_commands(CLI::App& app) {
     add_show_command(*group, "a certificate", "zul cert show alice.pem");
 
     auto query = std::make_shared<QueryCommand>();
-    CLI::App* command = add(*group, "query", "Print what a certificate says, item by item", query);
+    CLI::App* command =
+        add_cert_command(*group, "query", "Print what a certificate says, item by item", query);
     command->add_option("FILE", query->file, "The certificate; - for standard input")
         ->required()
         ->option_text(" ");
@@ -133,9 +135,9 @@ void add_cert_commands(CLI::App& app) {
     command->footer("Nothing is checked. With one NAME the value stands alone. Names:\n" + names +
                     "\nExample:\n  zul cert query alice.pem subjectName notAfter");
 
-    auto verify = std::make_shared<VerifyCommand>();
-    command =
-        add(*group, "verify", "Check the signature of a certificate, request or revocation list", verify);
+    auto verify = std::make_shared<CertVerifyCommand>();
+    command = add_cert_command(*group, "verify",
+                               "Check the signature of a certificate, request or revocation list", verify);
     command->add_option("FILE", verify->file, "What was signed; - for standard input")
         ->required()
         ->option_text(" ");
@@ -150,7 +152,7 @@ void add_cert_commands(CLI::App& app) {
     add_cert_path_command(*group);
 
     auto thumb = std::make_shared<ThumbCommand>();
-    command = add(*group, "thumb", "Print the digest of a certificate", thumb);
+    command = add_cert_command(*group, "thumb", "Print the digest of a certificate", thumb);
     command->add_option("FILE", thumb->file, "The certificate; - for standard input")
         ->required()
         ->option_text(" ");

@@ -8,7 +8,8 @@ namespace tool {
 
 namespace {
 
-constexpr int kMost = 20; // of signers, recipients and certificates: each takes another look at the message
+constexpr int kMostShown =
+    20; // of signers, recipients and certificates: each takes another look at the message
 
 struct Kind {
     const char* title;
@@ -50,7 +51,7 @@ std::string row(const Message& message, const Kind& kind, const std::string& ind
 std::string certificates(const Message& message) {
     const int count = message.certificate_count();
     std::string text;
-    for (int i = 1; i <= std::min(count, kMost); ++i) {
+    for (int i = 1; i <= std::min(count, kMostShown); ++i) {
         const Certificate each = message.certificate(i);
         text += "certificate " + std::to_string(i) + "\n";
         if (each.number("version") < 0) {
@@ -88,7 +89,7 @@ void show(const std::string& file) {
     for (const char* name : kind.ofMessage)
         text += row(message, kind, "", name, "");
     const int count = message.number(kind.ask, kind.count);
-    for (int i = 1; i <= std::min(count, kMost); ++i) {
+    for (int i = 1; i <= std::min(count, kMostShown); ++i) {
         text += std::string(kind.each) + " " + std::to_string(i) + "\n";
         for (const char* name : kind.ofEach)
             text += row(message, kind, "  ", name, "/" + std::to_string(i));
@@ -96,8 +97,8 @@ void show(const std::string& file) {
     if (kind.ask == kSigned.ask)
         text += certificates(message);
     Output("-").write(text);
-    if (count > kMost)
-        warn("only the first " + std::to_string(kMost) + " are shown");
+    if (count > kMostShown)
+        warn("only the first " + std::to_string(kMostShown) + " are shown");
 }
 
 } // namespace

@@ -8,7 +8,7 @@ namespace tool {
 
 namespace {
 
-struct SignCommand {
+struct CmsSignCommand {
     std::string file, signer;
     std::vector<std::string> others;
     bool detached = false, noCerts = false, attributes = false, time = false, capabilities = false;
@@ -94,7 +94,7 @@ struct SignCommand {
 } // namespace
 
 void add_cms_sign_command(CLI::App& group) {
-    auto sign = std::make_shared<SignCommand>();
+    auto sign = std::make_shared<CmsSignCommand>();
     CLI::App* command = group.add_subcommand("sign", "Sign a file: a message with the content and signature");
     command->add_option("FILE", sign->file, "The content; - for standard input")
         ->required()

@@ -8,7 +8,7 @@ namespace tool {
 
 namespace {
 
-struct VerifyCommand {
+struct CmsVerifyCommand {
     std::string file, signer, trusted, contentFile, digestHex, out;
     std::vector<std::string> others;
     bool ignoreDates = false;
@@ -234,7 +234,7 @@ struct VerifyCommand {
 } // namespace
 
 void add_cms_verify_command(CLI::App& group) {
-    auto verify = std::make_shared<VerifyCommand>();
+    auto verify = std::make_shared<CmsVerifyCommand>();
     CLI::App* command = group.add_subcommand("verify", "Check a message's signature, and who signed");
     command->add_option("MESSAGE", verify->file, "DER, PEM or base64; - for standard input")
         ->required()

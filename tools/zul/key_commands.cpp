@@ -8,7 +8,7 @@ namespace tool {
 
 namespace {
 
-struct MakeCommand {
+struct KeyMakeCommand {
     std::string publicFile, privateFile, format = "pem";
     int bits = 2048, exponent = 65537, tests = 40;
     bool progress = false;
@@ -136,7 +136,7 @@ CLI::App* add(CLI::App& group, const char* name, const char* what, std::shared_p
 }
 
 void add_make_command(CLI::App& group) {
-    auto make = std::make_shared<MakeCommand>();
+    auto make = std::make_shared<KeyMakeCommand>();
     CLI::App* command = add(group, "make", "Make a key pair", make);
     command->add_option("PUBLIC", make->publicFile, "File for the public key")->required()->option_text(" ");
     command->add_option("PRIVATE", make->privateFile, "File for the encrypted private key")

@@ -45,7 +45,7 @@ std::string latin1_name(const std::string& text) {
     return name;
 }
 
-struct MakeCommand {
+struct PfxMakeCommand {
     std::string certificate, key, name, out = "-";
     bool pem = false;
     PfxPassword password;
@@ -171,7 +171,7 @@ void add_pfx_commands(CLI::App& app) {
                   "  zul pfx make alice.pem alice.key -o alice.p12 --name Alice\n"
                   "  zul pfx extract alice.p12 --cert alice.pem --key alice.key");
 
-    auto make = std::make_shared<MakeCommand>();
+    auto make = std::make_shared<PfxMakeCommand>();
     CLI::App* command = group->add_subcommand("make", "Put a certificate and its key into a file");
     command->add_option("CERT", make->certificate, "The certificate; - for standard input")
         ->required()

@@ -29,7 +29,7 @@ void write_all(const std::string& file, const SecretBytes& bytes) {
     output.finish();
 }
 
-struct SignCommand {
+struct RsaSignCommand {
     std::string digest = "sha256", in, out;
     RsaKeyOption key;
 
@@ -49,7 +49,7 @@ struct SignCommand {
     }
 };
 
-struct VerifyCommand {
+struct RsaVerifyCommand {
     std::string digest = "sha256", in, signature;
     RsaKeyOption key;
 
@@ -156,7 +156,7 @@ void add_rsa_cipher_command(CLI::App& app, bool encrypt) {
 } // namespace
 
 void add_rsa_commands(CLI::App& app) {
-    auto sign = std::make_shared<SignCommand>();
+    auto sign = std::make_shared<RsaSignCommand>();
     CLI::App* command = app.add_subcommand("sign", "Sign a file with a private key (PKCS #1 v1.5)");
     command->add_option("FILE", sign->in, "The file; - for standard input")->required()->option_text(" ");
     command->add_option("SIGNATURE", sign->out, "File for the signature; - for standard output")
@@ -167,7 +167,7 @@ void add_rsa_commands(CLI::App& app) {
     command->footer("Example:\n  zul sign -k private.pem report.pdf report.sig");
     command->callback([sign] { sign->run(); });
 
-    auto verify = std::make_shared<VerifyCommand>();
+    auto verify = std::make_shared<RsaVerifyCommand>();
     command = app.add_subcommand("verify", "Check the signature of a file");
     command->add_option("FILE", verify->in, "The file; - for standard input")->required()->option_text(" ");
     command->add_option("SIGNATURE", verify->signature, "File with the signature; - for standard input")
