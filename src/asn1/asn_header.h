@@ -16,7 +16,7 @@ struct AsnHeader {
 
 // asn_read_header gives 1, 0 if the data end before the header does, or -1 for a header of no known form: of
 // five or more length octets, or one that hdr cannot hold.
-int asn_read_header(ByteStream& stream, AsnHeader& header);
+[[nodiscard]] int asn_read_header(ByteStream& stream, AsnHeader& header);
 
 // asn_header_octets gives a node's header octets, computed if the node has none yet: their number, or 0 if
 // the length is unset or the tag is above 30.

@@ -9,9 +9,9 @@ namespace zul {
 // positive code (OPEN_ERROR, INVALID_DATA_ERROR; NOT_SUPPORTED_ERROR for a PEM block with header lines), with
 // a text. A file above maxSize bytes is OPEN_ERROR, a longer text INVALID_DATA_ERROR: the list of a structure
 // takes some thirty times its own size.
-int asn_read_input(const char* fileOrText, AsnList& list, size_t maxSize);
+[[nodiscard]] int asn_read_input(const char* fileOrText, AsnList& list, size_t maxSize);
 
 // asn_read_content parses what a file holds, likewise.
-int asn_read_content(const uint8_t* bytes, size_t size, AsnList& list);
+[[nodiscard]] int asn_read_content(const uint8_t* bytes, size_t size, AsnList& list);
 
 } // namespace zul

@@ -28,15 +28,16 @@ AsnList asn_MatchTemplate(ByteStream& stream, const AsnTemplate* shape);
 
 // asn_LooksLikeDer reads one header without consuming it: 1 if its class is universal or context-specific,
 // its tag is from 1 to 49 and it and its content make size bytes, else 0.
-int asn_LooksLikeDer(ByteStream& stream, size_t size);
+[[nodiscard]] int asn_LooksLikeDer(ByteStream& stream, size_t size);
 
 // asn_FindElement finds the count-th (from 1) element of a tag and level, -1 for any, without building a
 // list: 1 and where its header begins and its whole size, else 0.
-int asn_FindElement(size_t* offset, size_t* size, const void* bytes, size_t n, int tag, int count, int level);
+[[nodiscard]] int asn_FindElement(size_t* offset, size_t* size, const void* bytes, size_t n, int tag,
+                                  int count, int level);
 
 // asn_SplitSigned finds the parts of SEQUENCE { SEQUENCE tbs, SEQUENCE algorithm, BIT STRING signature }:
 // 0, or -1 if the stream holds no such thing.
-int asn_SplitSigned(ByteStream& stream, size_t* tbsOffset, size_t* tbsSize, size_t* algOffset,
-                    size_t* sigOffset);
+[[nodiscard]] int asn_SplitSigned(ByteStream& stream, size_t* tbsOffset, size_t* tbsSize, size_t* algOffset,
+                                  size_t* sigOffset);
 
 } // namespace zul

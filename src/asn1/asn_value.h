@@ -13,10 +13,11 @@ struct OidInfo;
 int64_t asn_GetInt(const asn_Node* node);
 // asn_GetIntegerBytes copies an INTEGER without its leading zero bytes: its length, or -1 if it is no INTEGER
 // or longer than max.
-int asn_GetIntegerBytes(const asn_Node* node, uint8_t* buf, size_t max);
-int asn_GetBoolean(const asn_Node* node);                    // 1, 0, or -1 if it is none
-int asn_GetOid(const asn_Node* node, OidInfo* rec);          // 0, or -1 if it is none or not in the table
-int asn_OidEquals(const asn_Node* node, const OidInfo* rec); // 0 if equal, else -1
+[[nodiscard]] int asn_GetIntegerBytes(const asn_Node* node, uint8_t* buf, size_t max);
+[[nodiscard]] int asn_GetBoolean(const asn_Node* node); // 1, 0, or -1 if it is none
+[[nodiscard]] int asn_GetOid(const asn_Node* node,
+                             OidInfo* rec); // 0, or -1 if it is none or not in the table
+[[nodiscard]] int asn_OidEquals(const asn_Node* node, const OidInfo* rec); // 0 if equal, else -1
 
 // BIT STRINGs as flags: named bit 0 is 0x1, bit 1 is 0x2 and so on. 0 with a text if there are more than 32.
 uint32_t asn_GetBitFlags(const asn_Node* node);
@@ -36,7 +37,7 @@ SecretBuffer asn_GetText(const asn_Node* node, bool convert);
 
 // asn_GetTime: 0; 1 if the node is no time or its text has no year, month and day; -1 for null. Whether that
 // date exists is not looked at; later fields may be missing and are 0 then.
-int asn_GetTime(const asn_Node* node, tm* time);
+[[nodiscard]] int asn_GetTime(const asn_Node* node, tm* time);
 constexpr size_t kAsnTimeText = 32;
 // asn_time_text writes "yyyy-mm-ddThh:nn:ssZ", or an empty text if the node is no time. asn_TimeString does
 // so into a buffer of the calling thread, good until its next call.

@@ -19,11 +19,11 @@ void mpFree(DIGIT_T** a, size_t n);
 void mpSetZero(DIGIT_T* a, size_t n);
 void mpSetDigit(DIGIT_T* a, DIGIT_T d, size_t n);
 void mpSetEqual(DIGIT_T* a, const DIGIT_T* b, size_t n);
-size_t mpSizeof(const DIGIT_T* a, size_t n);                 // significant digits, 0 for zero
-size_t mpBitLength(const DIGIT_T* a, size_t n);              // 0 for zero, a null array or n = 0
-int mpIsZero(const DIGIT_T* a, size_t n);                    // 1 or 0; -1 (which tests as true) for n = 0
-int mpCompare(const DIGIT_T* a, const DIGIT_T* b, size_t n); // 1, 0 or -1
-int mpShortCmp(const DIGIT_T* a, DIGIT_T d, size_t n);       // likewise; n = 0 counts as the value 0
+size_t mpSizeof(const DIGIT_T* a, size_t n);            // significant digits, 0 for zero
+size_t mpBitLength(const DIGIT_T* a, size_t n);         // 0 for zero, a null array or n = 0
+[[nodiscard]] int mpIsZero(const DIGIT_T* a, size_t n); // 1 or 0; -1 (which tests as true) for n = 0
+[[nodiscard]] int mpCompare(const DIGIT_T* a, const DIGIT_T* b, size_t n); // 1, 0 or -1
+[[nodiscard]] int mpShortCmp(const DIGIT_T* a, DIGIT_T d, size_t n); // likewise; n = 0 counts as the value 0
 
 // The carry or borrow (0 or 1) is returned; w may be an operand.
 DIGIT_T mpAdd(DIGIT_T* w, const DIGIT_T* u, const DIGIT_T* v, size_t n);
@@ -38,7 +38,8 @@ DIGIT_T mpShortMult(DIGIT_T* w, const DIGIT_T* u, DIGIT_T d, size_t n); // the o
 
 // mpDivide: q = u div v and r = u mod v, both of udigits digits. -1 if v is zero (q and r are then zero),
 // else 0. q, r, u and v are four different arrays.
-int mpDivide(DIGIT_T* q, DIGIT_T* r, const DIGIT_T* u, size_t udigits, const DIGIT_T* v, size_t vdigits);
+[[nodiscard]] int mpDivide(DIGIT_T* q, DIGIT_T* r, const DIGIT_T* u, size_t udigits, const DIGIT_T* v,
+                           size_t vdigits);
 void mpModulo(DIGIT_T* r, const DIGIT_T* u, size_t udigits, const DIGIT_T* v, size_t vdigits); // r: vdigits
 DIGIT_T mpShortDiv(DIGIT_T* q, const DIGIT_T* u, DIGIT_T d, size_t n); // the remainder; 0 for d = 0 or n = 0
 DIGIT_T mpShortMod(const DIGIT_T* a, DIGIT_T d, size_t n);
@@ -46,18 +47,20 @@ DIGIT_T mpShortMod(const DIGIT_T* a, DIGIT_T d, size_t n);
 // The bits shifted out of the end are returned as a digit; a may be b; any shift.
 DIGIT_T mpShiftLeft(DIGIT_T* a, const DIGIT_T* b, size_t shift, size_t n);
 DIGIT_T mpShiftRight(DIGIT_T* a, const DIGIT_T* b, size_t shift, size_t n);
-int mpSetBit(DIGIT_T* a, size_t n, size_t bit, int value); // -1 if the array has no such bit, else 0
+[[nodiscard]] int mpSetBit(DIGIT_T* a, size_t n, size_t bit,
+                           int value); // -1 if the array has no such bit, else 0
 
 // Modular arithmetic; every array has n digits.
 void mpModMult(DIGIT_T* a, const DIGIT_T* x, const DIGIT_T* y, const DIGIT_T* m, size_t n);
 // mpModExp: y = x^e mod m for x below m. The base is never reduced: e = 0 gives 1 and e = 1 gives x itself,
 // whatever m is, and 1 is returned for both; 0 otherwise.
 int mpModExp(DIGIT_T* y, const DIGIT_T* x, const DIGIT_T* e, const DIGIT_T* m, size_t n);
-int mpModInv(DIGIT_T* inv, const DIGIT_T* u, const DIGIT_T* v, size_t n); // 1 and inv = 0 if there is none
-int mpGcd(DIGIT_T* g, const DIGIT_T* x, const DIGIT_T* y, size_t n);      // 0
+[[nodiscard]] int mpModInv(DIGIT_T* inv, const DIGIT_T* u, const DIGIT_T* v,
+                           size_t n);                                // 1 and inv = 0 if there is none
+int mpGcd(DIGIT_T* g, const DIGIT_T* x, const DIGIT_T* y, size_t n); // 0
 // mpRabinMiller: 1 if w passes t rounds with random witnesses of one digit. For odd w above 3 (w = 2 would
 // look for a witness for ever).
-int mpRabinMiller(const DIGIT_T* w, size_t n, size_t t);
+[[nodiscard]] int mpRabinMiller(const DIGIT_T* w, size_t n, size_t t);
 
 // Big-endian bytes. From: high-order bytes that do not fit are ignored; the digits filled. To: exactly nbytes
 // bytes, low-order ones if they do not suffice; the least number of bytes that holds a.

@@ -116,9 +116,9 @@ int mtShortCmp(const MtNumber* a, DIGIT_T d) {
 int mtSetBit(MT b, size_t bit, int value) {
     const size_t n = std::max(b->ndigits, bit / kDigitBits + 1);
     mt_resize(b, n);
-    mpSetBit(b->digits, n, bit, value);
+    const int result = mpSetBit(b->digits, n, bit, value);
     b->ndigits = mpSizeof(b->digits, n);
-    return 0;
+    return result;
 }
 
 int mtRandomBits(MT b, size_t nbits, const uint8_t* seed, size_t seedLen, MtFill fill) {

@@ -27,10 +27,10 @@ size_t mtConvFromOctets(MT b, const uint8_t* bytes, size_t nbytes); // the digit
 size_t mtConvToOctets(const MtNumber* b, uint8_t* bytes, size_t nbytes);
 size_t mtBitLength(const MtNumber* b);
 
-int mtCompare(const MtNumber* a, const MtNumber* b); // 1, 0 or -1, by value
-int mtIsEqual(const MtNumber* a, const MtNumber* b); // 1 or 0, by value
-int mtIsZero(const MtNumber* a);                     // 1 or 0; -1 for an object without digits
-int mtShortCmp(const MtNumber* a, DIGIT_T d);
+[[nodiscard]] int mtCompare(const MtNumber* a, const MtNumber* b); // 1, 0 or -1, by value
+[[nodiscard]] int mtIsEqual(const MtNumber* a, const MtNumber* b); // 1 or 0, by value
+[[nodiscard]] int mtIsZero(const MtNumber* a);                     // 1 or 0; -1 for an object without digits
+[[nodiscard]] int mtShortCmp(const MtNumber* a, DIGIT_T d);
 
 DIGIT_T mtAdd(MT w, MT u, MT v);            // the carry, which w has room for
 DIGIT_T mtSubtract(MT w, MT u, MT v);       // the borrow
@@ -45,15 +45,15 @@ int mtShiftRight(MT a, MT b, size_t bits);
 int mtSetBit(MT b, size_t bit, int value);
 
 int mtModMult(MT a, MT x, MT y, MT m);
-int mtModExp(MT y, MT x, MT e, MT m); // x below m, as for mpModExp
-int mtModInv(MT inv, MT u, MT m);     // 1 if there is none
+int mtModExp(MT y, MT x, MT e, MT m);           // x below m, as for mpModExp
+[[nodiscard]] int mtModInv(MT inv, MT u, MT m); // 1 if there is none
 int mtGcd(MT g, MT x, MT y);
-int mtRabinMiller(MT w, size_t t);
+[[nodiscard]] int mtRabinMiller(MT w, size_t t);
 
 // mtRandomBits sets b to nbits random bits; the top bit is not forced. fill makes random bytes from optional
 // additional input; its result, 0 on success, is returned.
 using MtFill = int (*)(uint8_t* out, size_t len, const uint8_t* seed, size_t seedLen);
-int mtRandomBits(MT b, size_t nbits, const uint8_t* seed, size_t seedLen, MtFill fill);
+[[nodiscard]] int mtRandomBits(MT b, size_t nbits, const uint8_t* seed, size_t seedLen, MtFill fill);
 
 constexpr int kMtPrintLines = 1, kMtPrintNoLeadingZeros = 2;
 void mtPrint(const MtNumber* b, int flags); // standard output

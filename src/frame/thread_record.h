@@ -41,7 +41,7 @@ RecordTableCounts record_table_counts();
 
 // records_create takes the thread slot, false if the system has none; records_destroy frees every record in
 // the table and returns the slot.
-bool records_create();
+[[nodiscard]] bool records_create();
 void records_destroy();
 
 // record_release frees the calling thread's record, as happens by itself when a thread ends.

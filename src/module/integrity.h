@@ -19,6 +19,6 @@ struct ModuleSeal {
 // digest itself is the digest. Of a Windows module the checksum, the directory entry of the certificate table
 // and that table behind the end are left out too, as Authenticode does, so that a sealed module can be
 // signed. False for a module that was never sealed, or whose file cannot be read.
-bool module_is_intact();
+[[nodiscard]] bool module_is_intact();
 
 } // namespace zul

@@ -5,12 +5,12 @@ namespace zul {
 
 // power_up_tests_pass runs the integrity test, the known-answer tests and the generator's health check up to
 // the first that fails, which it reports as fatal.
-bool power_up_tests_pass();
+[[nodiscard]] bool power_up_tests_pass();
 
 // power_up_tests_again runs all three in any case and reports known-answer tests alone; true if all passed.
-bool power_up_tests_again();
+[[nodiscard]] bool power_up_tests_again();
 
 // known_answers_hold runs the known-answer tests in their order up to the first that fails, which it reports.
-bool known_answers_hold();
+[[nodiscard]] bool known_answers_hold();
 
 } // namespace zul

@@ -104,10 +104,11 @@ int rsaGenerate(RsaKey& key, DIGIT_T eValue, const RsaGeneration& generation) {
     }
 
     platform::thread_set_priority(platform::ThreadPriority::lowest);
-    mtModInv(key.dP, key.e, pLess1);
-    mtModInv(key.dQ, key.e, qLess1);
-    mtModInv(key.qInv, key.q, key.p);
+    const bool isWhole = mtModInv(key.dP, key.e, pLess1) == 0 && mtModInv(key.dQ, key.e, qLess1) == 0 &&
+                         mtModInv(key.qInv, key.q, key.p) == 0;
     platform::thread_set_priority(platform::ThreadPriority::normal);
+    if (!isWhole)
+        return KEYGEN_FAILED_ERROR;
     print_value("dP=\n", key.dP);
     print_value("dQ=\n", key.dQ);
     print_value("qInv=\n", key.qInv);

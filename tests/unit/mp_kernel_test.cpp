@@ -43,8 +43,8 @@ class Patterns {
     Digits of_bits(size_t bits, size_t n) {
         Digits a = number(n);
         for (size_t i = bits; i < 32 * n; i++)
-            mpSetBit(a.data(), n, i, 0);
-        mpSetBit(a.data(), n, bits - 1, 1);
+            static_cast<void>(mpSetBit(a.data(), n, i, 0));
+        static_cast<void>(mpSetBit(a.data(), n, bits - 1, 1));
         return a;
     }
     Digits below(const Digits& m) {

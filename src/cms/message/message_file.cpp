@@ -78,7 +78,7 @@ int message_write(const char* path, const asn_Node* message, int options, const 
     }
     const bool asBase64 = (options & ZUL_CMS_FORMAT_BASE64) != 0;
     if (!asBase64)
-        asn_WriteFile(message, out);
+        static_cast<void>(asn_WriteFile(message, out)); // finish tells of a failure
     else if (label == nullptr)
         write_base64(out, message);
     else
