@@ -10,6 +10,7 @@
 #include "frame/err.h"
 #include "frame/file_stream.h"
 #include "frame/memory.h"
+#include "frame/text.h"
 #include "zulcore.h"
 
 namespace zul {
@@ -84,12 +85,6 @@ int parse_file(const char* path, AsnList& list, size_t maxSize) {
     return error != 0 ? error : asn_read_content(content.data(), content.size(), list);
 }
 
-// A text that is no likely name of a file is not repeated in the error text: it may be a damaged private key.
-bool is_likely_name(std::string_view text) {
-    constexpr size_t kLongestName = 260;
-    return text.size() <= kLongestName && text.find_first_of("\r\n") == std::string_view::npos;
-}
-
 bool can_open(const char* path) {
     return File(path, platform::OpenMode::read).is_open();
 }
@@ -115,7 +110,7 @@ int asn_read_input(const char* fileOrText, AsnList& list, size_t maxSize) {
         return parse_pem(text, list);
     if (is_b64_sequence(text) && !can_open(fileOrText))
         return parse_b64(trimmed(text), list);
-    if (!is_likely_name(text) && !can_open(fileOrText)) {
+    if (!may_be_name(text) && !can_open(fileOrText)) {
         err_add_text("Neither a key nor a file that can be opened");
         return OPEN_ERROR;
     }

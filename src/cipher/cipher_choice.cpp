@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "frame/err.h"
+#include "frame/text.h"
 #include "zulcore.h"
 
 namespace zul {
@@ -84,7 +85,7 @@ int choose_by_name(CipherChoice* choice, const char* text) {
         break;
     }
     err_add_text("Unknown cipher '%s': give aes128, aes192, aes256 or tdea with ecb, cbc, cfb, ofb or ctr",
-                 text);
+                 shown_name(text, kLongestAlgorithmName));
     return -BAD_PARAM_ERROR;
 }
 
@@ -151,7 +152,8 @@ int cipher_mode_from_text(CipherMode* mode, const char* text) {
         name[length] = to_lower(text[length]);
     if (length == 3 && text[3] == '\0' && mode_named(mode, name))
         return 0;
-    err_add_text("Unknown mode '%s': give ECB, CBC, CFB, OFB or CTR", text);
+    err_add_text("Unknown mode '%s': give ECB, CBC, CFB, OFB or CTR",
+                 shown_name(text, kLongestAlgorithmName));
     return BAD_MODE_ERROR;
 }
 

@@ -6,6 +6,7 @@
 #include "cipher/padding.h"
 #include "frame/err.h"
 #include "frame/file_stream.h"
+#include "frame/text.h"
 #include "zulcore.h"
 
 namespace zul {
@@ -91,24 +92,25 @@ int cipher_file(const CipherChoice& choice, bool encrypt, const char* pathOut, c
 
     FileReader reader(pathIn);
     if (!reader.is_open()) {
-        err_add_text("Cannot open file '%s'", pathIn);
+        err_add_text("Cannot open file '%s'", shown_name(pathIn));
         return OPEN_ERROR;
     }
     const size_t block = cipher_block_length(choice.algorithm);
     const bool pads = cipher_mode_pads(choice.mode);
     const int64_t length = platform::file_length(reader.handle()); // negative if not known beforehand
     if (pads && !encrypt && (length == 0 || (length > 0 && length % static_cast<int64_t>(block) != 0))) {
-        err_add_text("File '%s' is not whole blocks of %d bytes", pathIn, static_cast<int>(block));
+        err_add_text("File '%s' is not whole blocks of %d bytes", shown_name(pathIn),
+                     static_cast<int>(block));
         return BAD_LENGTH_ERROR;
     }
     // A device named twice has no content to lose; its length is not known.
     if (length >= 0 && platform::file_is(reader.handle(), pathOut)) {
-        err_add_text("Output is the input file '%s'", pathIn);
+        err_add_text("Output is the input file '%s'", shown_name(pathIn));
         return BAD_PARAM_ERROR;
     }
     FileWriter writer(pathOut);
     if (!writer.is_open()) {
-        err_add_text("Cannot create file '%s'", pathOut);
+        err_add_text("Cannot create file '%s'", shown_name(pathOut));
         return CREATE_ERROR;
     }
     int code = !pads     ? stream_plain(context, writer, reader)
@@ -119,9 +121,9 @@ int cipher_file(const CipherChoice& choice, bool encrypt, const char* pathOut, c
     if (code == 0 && !writer.finish())
         code = WRITE_ERROR;
     if (code == READ_ERROR)
-        err_add_text("Cannot read file '%s'", pathIn);
+        err_add_text("Cannot read file '%s'", shown_name(pathIn));
     if (code == WRITE_ERROR)
-        err_add_text("Cannot write file '%s'", pathOut);
+        err_add_text("Cannot write file '%s'", shown_name(pathOut));
     return code;
 }
 

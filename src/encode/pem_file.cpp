@@ -3,20 +3,21 @@
 #include "encode/whole_file.h"
 #include "frame/err.h"
 #include "frame/file_stream.h"
+#include "frame/text.h"
 #include "zulcore.h"
 
 namespace zul {
 namespace {
 
 int create_failed(const char* path) {
-    err_add_text("Cannot create file '%s'", path);
+    err_add_text("Cannot create file '%s'", shown_name(path));
     return CREATE_ERROR;
 }
 
 int finish_writing(FileWriter& out, const char* path) {
     if (out.finish())
         return 0;
-    err_add_text("Cannot write file '%s'", path);
+    err_add_text("Cannot write file '%s'", shown_name(path));
     return WRITE_ERROR;
 }
 
@@ -40,7 +41,7 @@ int pem_file_to_file(const char* outPath, const char* inPath) {
     size_t bodyLen = 0;
     const char* body = pem_find_body(content.text(), content.size(), &bodyLen);
     if (bodyLen == 0) {
-        err_add_text("No armoured data in file '%s'", inPath);
+        err_add_text("No armoured data in file '%s'", shown_name(inPath));
         return BAD_FORMAT_ERROR;
     }
     // Readers of these files count on this size, which leaves zeros after the data.

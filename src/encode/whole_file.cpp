@@ -4,6 +4,7 @@
 #include "encode/pem.h"
 #include "frame/err.h"
 #include "frame/file_stream.h"
+#include "frame/text.h"
 #include "zulcore.h"
 
 namespace zul {
@@ -11,13 +12,13 @@ namespace zul {
 int read_whole_file(const char* path, SecretBuffer& content, size_t maxSize) {
     File file(path, platform::OpenMode::read);
     if (!file.is_open()) {
-        err_add_text("Cannot open file '%s'", path);
+        err_add_text("Cannot open file '%s'", shown_name(path));
         return OPEN_ERROR;
     }
     int64_t length = platform::file_length(file.handle());
     // A block that is too big would end the process; a big file is only bad input.
     if (length > static_cast<int64_t>(maxSize)) {
-        err_add_text("File '%s' is too large", path);
+        err_add_text("File '%s' is too large", shown_name(path));
         return OPEN_ERROR;
     }
     if (length >= 0) {
@@ -29,7 +30,7 @@ int read_whole_file(const char* path, SecretBuffer& content, size_t maxSize) {
             return 0;
         }
     }
-    err_add_text("Cannot read file '%s'", path);
+    err_add_text("Cannot read file '%s'", shown_name(path));
     return OPEN_ERROR;
 }
 

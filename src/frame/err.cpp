@@ -5,12 +5,19 @@
 
 #include "frame/text.h"
 #include "frame/thread_record.h"
+#include "frame/wipe.h"
 
 namespace zul {
 
+// The whole room is wiped, since a longer text may have stood in it. An empty text has nothing behind it.
+static void clear_text(ThreadRecord& record) {
+    if (record.errorText[0] != '\0')
+        wipe_bytes(record.errorText, sizeof record.errorText);
+}
+
 void err_clear() {
     ThreadRecord* record = thread_record(RecordPath::error);
-    record->errorText[0] = '\0';
+    clear_text(*record);
     record->errorCode = 0;
 }
 
@@ -33,21 +40,23 @@ const char* err_text() {
 
 void err_set_text(const char* format, ...) {
     va_list arguments;
+    ThreadRecord* record = thread_record(RecordPath::error);
+    clear_text(*record);
     va_start(arguments, format);
-    vsnprintf(thread_record(RecordPath::error)->errorText, kErrorTextSize, format, arguments);
+    vsnprintf(record->errorText, kErrorTextSize, format, arguments);
     va_end(arguments);
 }
 
 static void add_text(const char* format, va_list arguments) __attribute__((format(printf, 1, 0)));
 
 static void add_text(const char* format, va_list arguments) {
-    char addition[kErrorTextSize];
-    vsnprintf(addition, sizeof addition, format, arguments);
+    Wiped<char[kErrorTextSize]> addition;
+    vsnprintf(*addition, kErrorTextSize, format, arguments);
 
     char* text = thread_record(RecordPath::error)->errorText;
     if (text[0] != '\0')
         str_append(text, "; ", kErrorTextSize);
-    str_append(text, addition, kErrorTextSize);
+    str_append(text, *addition, kErrorTextSize);
 }
 
 void err_add_text(const char* format, ...) {

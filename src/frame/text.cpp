@@ -6,10 +6,12 @@
 
 namespace zul {
 
-const char* shown_name(const char* fileOrText) {
-    constexpr size_t kLongestName = 260;
-    const bool isLikely = strlen(fileOrText) <= kLongestName && strpbrk(fileOrText, "\r\n") == nullptr;
-    return isLikely ? fileOrText : "...";
+bool may_be_name(std::string_view text, size_t longest) {
+    return text.size() <= longest && text.find_first_of("\r\n") == std::string_view::npos;
+}
+
+const char* shown_name(const char* text, size_t longest) {
+    return may_be_name(text, longest) ? text : "...";
 }
 
 int str_length(const char* text) {

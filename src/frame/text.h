@@ -1,4 +1,6 @@
 #pragma once
+#include <cstddef>
+#include <string_view>
 
 namespace zul {
 
@@ -10,9 +12,14 @@ int str_copy(char* dest, const char* src, int size);
 // the joined text would have had without the cut, 0 as str_copy.
 int str_append(char* dest, const char* src, int size);
 
-// shown_name gives an argument for an error text: itself if it may be the name of a file, else "..." (longer
-// than 260 characters, or with a line break), since it may be a private key.
-const char* shown_name(const char* fileOrText);
+constexpr size_t kLongestFileName = 260, kLongestAlgorithmName = 23;
+
+// may_be_name tells whether an argument can be a name: no line break in it, and no longer than names are.
+bool may_be_name(std::string_view text, size_t longest = kLongestFileName);
+
+// shown_name gives an argument for an error text: itself if it may be a name, else "...", since it may be a
+// private key. Every text of a caller goes through it on its way into an error text.
+const char* shown_name(const char* text, size_t longest = kLongestFileName);
 
 // is_missing tells whether a text argument is null or empty.
 inline bool is_missing(const char* text) {

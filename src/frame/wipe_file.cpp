@@ -4,6 +4,7 @@
 
 #include "frame/err.h"
 #include "frame/file_stream.h"
+#include "frame/text.h"
 #include "frame/weak_random.h"
 #include "zulcore.h"
 
@@ -69,12 +70,12 @@ int wipe_file(const char* path) {
     File file(path, platform::OpenMode::update);
     const int64_t length = file.is_open() ? platform::file_length(file.handle()) : -1;
     if (length < 0) {
-        err_add_text("Cannot open file '%s'", path);
+        err_add_text("Cannot open file '%s'", shown_name(path));
         return OPEN_ERROR;
     }
     const bool overwritten = length == 0 || overwrite(file, length);
     if (!file.close() || !overwritten || !platform::file_remove(path)) {
-        err_add_text("Cannot wipe file '%s'", path);
+        err_add_text("Cannot wipe file '%s'", shown_name(path));
         return WIPE_ERROR;
     }
     return 0;

@@ -32,7 +32,7 @@ int save_encrypted(const char* path, const RsaKey& key, int count, const char* p
         return MISC_ERROR;
     const int error = rsa_write_encrypted_key(path, encrypted.head(), options);
     if (error == CREATE_ERROR)
-        err_add_text("Cannot create output file '%s'", path);
+        err_add_text("Cannot create output file '%s'", shown_name(path));
     return error;
 }
 

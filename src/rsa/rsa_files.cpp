@@ -4,6 +4,7 @@
 #include "asn1/asn_file.h"
 #include "frame/debug_output.h"
 #include "frame/err.h"
+#include "frame/text.h"
 #include "rsa/rsa_der.h"
 #include "zulcore.h"
 
@@ -21,7 +22,7 @@ int write_list(const char* path, const asn_Node* list, const char* label, platfo
 int write_key_list(const char* path, const AsnList& list, const char* label, platform::OpenMode mode) {
     const int error = write_list(path, list.head(), label, mode);
     if (error == CREATE_ERROR)
-        err_add_text("Unable to create key file %s", path);
+        err_add_text("Unable to create key file %s", shown_name(path));
     return error;
 }
 

@@ -167,9 +167,6 @@ TEST(CipherBytes, RefusesMisuse) {
     }
     EXPECT_EQ(out, Bytes(32, 0x5A));
     EXPECT_EQ(CIPHER_Bytes(1, o, i, 32, k, nullptr, nullptr, 0x20), 0);
-    const std::string longName(10000, 'x');
-    EXPECT_RESULT(CIPHER_Bytes(1, o, i, 32, k, v, longName.c_str(), 0), -BAD_PARAM_ERROR);
-    EXPECT_EQ(ZUL_LastError(nullptr, 0), 511);
 }
 
 TEST(CipherHex, RefusesMisuse) {
@@ -336,9 +333,6 @@ TEST(CipherFile, RefusesMisuseBeforeItTouchesAFile) {
             if (c.code == WRITE_ERROR && encrypt == 0)
                 continue; // the pad check comes first
             EXPECT_RESULT(CIPHER_File(encrypt, c.out, c.in, c.key, c.iv, nullptr, c.options), c.code);
-            if (c.in == endless.c_str() || c.out == endless.c_str()) {
-                EXPECT_EQ(ZUL_LastError(nullptr, 0), 511);
-            }
         }
     }
     EXPECT_EQ(test::read_text(kept), "kept");

@@ -43,7 +43,10 @@ TEST(ErrorState, JoinsTextsAndCutsTheWhole) {
     err_add_text("more");
     EXPECT_EQ(strlen(err_text()), 511u);
     EXPECT_EQ(std::string(err_text()).substr(0, 27), "anew; Cannot open file 'nnn");
+    err_set_text("short"); // what stood behind it is gone, not hidden
+    EXPECT_EQ(std::count(err_text(), err_text() + kErrorTextSize, '\0'), kErrorTextSize - 5);
     err_clear();
+    EXPECT_EQ(std::count(err_text(), err_text() + kErrorTextSize, '\0'), kErrorTextSize);
 }
 
 TEST(ErrorTable, HasEachCodeOnceInItsPlace) {

@@ -1,6 +1,8 @@
 #include "x509/make/extension_text.h"
 
 #include "frame/err.h"
+#include "frame/slice.h"
+#include "frame/text.h"
 #include "x509/fields/hex_value.h"
 #include "x509/names/pair_reader.h"
 #include "zulcore.h"
@@ -73,9 +75,9 @@ int read_crl_text(const char* text, CrlText& result) {
             result.nextUpdate = pairs.value();
         } else {
             constexpr size_t kLongest = 255;
-            const size_t shown = keyword.size() < kLongest ? keyword.size() : kLongest;
-            err_add_text("Invalid attribute name '%.*s'", static_cast<int>(shown), keyword.data());
-            return BAD_PARAM_ERROR;
+            const std::string_view shown = may_be_name(keyword) ? slice(keyword, 0, kLongest) : "...";
+            return err_fail(BAD_PARAM_ERROR, "Invalid attribute name '%.*s'", static_cast<int>(shown.size()),
+                            shown.data());
         }
     }
     return 0;

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "frame/err.h"
+#include "frame/text.h"
 #include "hash/digest_output.h"
 #include "x509/fields/certificate.h"
 #include "x509/fields/thumbprint.h"
@@ -33,7 +34,7 @@ int issuer_and_serial_digest(char* out, int nChars, const char* certFile, int op
         return -error;
     AsnList pair = issuer_and_serial_number(certificate_fields(certificate.head()));
     if (!pair) {
-        err_add_text("Could not find IssuerAndSerialNumber in certificate '%s'\n", certFile);
+        err_add_text("Could not find IssuerAndSerialNumber in certificate '%s'\n", shown_name(certFile));
         err_add_text("No Issuer and Serial Number found in cert");
         return -BAD_FORMAT_ERROR;
     }

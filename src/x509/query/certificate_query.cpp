@@ -101,9 +101,9 @@ struct Evaluation {
     int time(const asn_Node* node) const {
         char text[kAsnTimeText];
         if (fields.validity == nullptr)
-            err_add_text("No Validity in cert '%s'", certFile);
+            err_add_text("No Validity in cert '%s'", shown_name(certFile));
         else if (*read_time_text(node, text) == '\0')
-            err_add_text("Cannot find time in cert '%s'", certFile);
+            err_add_text("Cannot find time in cert '%s'", shown_name(certFile));
         else
             return text_result(out, nChars, text);
         return -INVALID_DATA_ERROR;
