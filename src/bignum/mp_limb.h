@@ -7,7 +7,8 @@
 // memory, so that arrays of digits are read in place.
 namespace zul {
 
-using Limb = uint64_t __attribute__((aligned(4), may_alias));
+// A typedef, as clang passes over an alignment in an alias.
+typedef uint64_t Limb __attribute__((aligned(4), may_alias));
 __extension__ typedef unsigned __int128 WideLimb;
 
 inline Limb* limbs_of(DIGIT_T* digits) {
