@@ -474,8 +474,8 @@ ZUL_API int RNG_Test(const char* szFileName, int nOptions);
 ZUL_API int RNG_Initialize(const char* szSeedFile, int nOptions);
 
 /* RNG_MakeSeedFile makes a seed file for RNG_Initialize, or overwrites one, from what the user does in the
- * dialog of RNG_BytesWithPrompt; szPrompt and nOptions as there. A new file is its owner's alone (on Windows
- * it gets the rights of its folder), and one that cannot be written is removed.
+ * dialog of RNG_BytesWithPrompt; szPrompt and nOptions as there. The file becomes its owner's alone (on
+ * Windows it gets the rights of its folder), and one that cannot be written is removed.
  * 0, or -PRNG_ERR_BADPARAM (null or empty name; no dialog is shown), -PRNG_ERR_NOTAVAIL,
  * -PRNG_ERR_FILE_CREATE, _WRITE or _LOCK. */
 ZUL_API int RNG_MakeSeedFile(const char* szSeedFile, const char* szPrompt, int nOptions);

@@ -7,9 +7,9 @@
 
 namespace zul {
 
-// rng_bytes belongs to the random generator, a floor above this one, which defines it. It returns 0 or a
-// negated error code.
-int rng_bytes(unsigned char* out, size_t len, const unsigned char* addl, size_t addlLen);
+// rng_bytes belongs to the random generator, a floor above this one, which defines it. It returns 0 or an
+// error code.
+[[nodiscard]] int rng_bytes(unsigned char* out, size_t len, const unsigned char* addl, size_t addlLen);
 
 } // namespace zul
 
@@ -18,7 +18,7 @@ using namespace zul;
 namespace {
 
 int generator_bytes(uint8_t* out, size_t length) {
-    return rng_bytes(out, length, nullptr, 0);
+    return -rng_bytes(out, length, nullptr, 0);
 }
 
 // The checks that wrapping and unwrapping share. Returns 0 or a negated code.

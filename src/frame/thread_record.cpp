@@ -68,6 +68,10 @@ ThreadRecord* thread_record(RecordPath path) {
     return value != nullptr ? static_cast<ThreadRecord*>(value) : create(path);
 }
 
+bool is_shared(const RngState* state) {
+    return state == &generatorFallback.rng;
+}
+
 RecordTableCounts record_table_counts() {
     const platform::LockGuard guard;
     return counts;

@@ -28,6 +28,9 @@ inline RngState* rng_state() {
     return &thread_record(RecordPath::generator)->rng;
 }
 
+// is_shared tells whether a generator is the one to fall back on, which takes Lock::generator to use.
+bool is_shared(const RngState* state);
+
 // The records of all threads are kept in a table of this many places, so that unloading can free them. A
 // record that finds the table full is used all the same and lost when its thread outlives the module.
 constexpr int kRecordTableSize = 1088;

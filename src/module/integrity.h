@@ -5,8 +5,8 @@
 // The module's seal: a digest of the module's own file, kept inside it.
 namespace zul {
 
-// ModuleSeal lies in the module's constant data and is filled in after linking by tools/seal/seal_module.py,
-// which finds it by its marker. Numbers are little-endian.
+// ModuleSeal lies in the module's initialised data and is filled in after linking by
+// tools/seal/seal_module.py, which finds it by its marker. Numbers are little-endian.
 struct ModuleSeal {
     uint8_t marker[16];
     uint8_t key[32];

@@ -32,18 +32,26 @@ bool slot_set(void* value);
 
 // --- lock (lock.cpp) -----------------------------------------------------------------------------------
 
-// The process-wide lock: not to be taken twice by one thread. Taking it before lock_create is an error.
+// The process's locks. A thread takes each once only, and takes generator before process. Taking one before
+// lock_create is an error. In the handlers of a fork, the forking thread has both and passes freely.
+enum class Lock {
+    generator, // the generator of the threads for whose records memory ran out
+    process,   // all else that threads share
+};
 void lock_create();
 void lock_destroy();
-void lock_enter();
-void lock_leave();
+void lock_enter(Lock lock);
+void lock_leave(Lock lock);
 
 class LockGuard {
   public:
-    LockGuard() { lock_enter(); }
+    explicit LockGuard(Lock lock = Lock::process) : lock_(lock) { lock_enter(lock_); }
     LockGuard(const LockGuard&) = delete;
     LockGuard& operator=(const LockGuard&) = delete;
-    ~LockGuard() { lock_leave(); }
+    ~LockGuard() { lock_leave(lock_); }
+
+  private:
+    const Lock lock_;
 };
 
 // fork_generation changes in the child of a fork, where generator state copied from the parent must not be
@@ -81,6 +89,8 @@ int64_t file_length(FileHandle file);           // -1 if it has none (a pipe)
 bool file_commit(FileHandle file);              // everything written is on the disk
 bool file_lock(FileHandle file, size_t length); // the first length bytes; waits for nobody
 void file_unlock(FileHandle file, size_t length);
+// file_make_private leaves the file to its owner alone, where files have such rights and may be given them.
+void file_make_private(FileHandle file);
 bool file_remove(const char* path);
 
 const char* line_end(); // of text files: CR LF or LF
@@ -114,7 +124,9 @@ bool activity_report(void (*sink)(void* context, const void* data, size_t size),
 
 // --- system randomness (random.cpp) --------------------------------------------------------------------
 
-bool system_random(void* out, size_t size);
+// system_random fills out from the operating system's generator: its system call, or its device where the
+// call is missing. False if neither answers.
+[[nodiscard]] bool system_random(void* out, size_t size);
 
 // --- scheduling (scheduling.cpp) ------------------------------------------------------------------------
 
@@ -167,7 +179,8 @@ void end_prompt(std::atomic<bool>& isTaken);
 
 uint32_t process_id();
 uint32_t thread_id();
-// The texts are at most size-1 characters and a NUL; the length written, 0 if the system does not say.
+// The texts are at most size-1 characters and a NUL; the length written, 0 if the system does not say. A user
+// may be named by number: a name service takes files and sockets, which a process may have given up.
 size_t user_name(char* out, size_t size);
 size_t computer_name(char* out, size_t size);
 size_t executable_directory(char* out, size_t size); // with its closing separator

@@ -1,6 +1,5 @@
 #include "rng/accumulator.h"
 
-#include <algorithm>
 #include <cstring>
 
 #include "frame/call_frame.h"
@@ -12,8 +11,6 @@
 namespace zul {
 
 namespace {
-
-constexpr size_t kSystemRandomSize = 32;
 
 // Everything in here is touched under the lock only, and nothing is called under it that takes long.
 struct Accumulator {
@@ -33,7 +30,7 @@ EntropyPools& pools() {
 }
 
 void enter_staged(RngState& state) {
-    const uint32_t calls = std::min(state.stagedCalls, RngState::kStagedCalls);
+    const uint32_t calls = state.stagedCalls;
     EntropyPools& into = pools();
     into.add_readings(EntropySource::time, state.stagedTime, calls);
     into.add_readings(EntropySource::ticks, state.stagedTicks, calls);
@@ -58,12 +55,9 @@ uint32_t condensed_memory() {
 }
 
 void stage_readings(RngState& state) {
-    // The count is taken once: the record of a thread for which memory ran out is shared.
-    uint32_t used = state.stagedCalls;
-    if (used >= RngState::kStagedCalls) {
+    if (state.stagedCalls >= RngState::kStagedCalls) {
         const platform::LockGuard guard;
         enter_staged(state);
-        used = 0;
     }
     const uint32_t ticks = platform::tick_count();
     // The memory status can be a system call, far dearer than the clocks; within one tick it says little new.
@@ -71,10 +65,10 @@ void stage_readings(RngState& state) {
         state.memory = condensed_memory();
         state.memoryTicks = ticks;
     }
-    state.stagedTime[used] = static_cast<uint32_t>(platform::system_time());
-    state.stagedTicks[used] = ticks;
-    state.stagedMemory[used] = state.memory;
-    state.stagedCalls = used + 1;
+    const uint32_t call = state.stagedCalls++;
+    state.stagedTime[call] = static_cast<uint32_t>(platform::system_time());
+    state.stagedTicks[call] = ticks;
+    state.stagedMemory[call] = state.memory;
 }
 
 struct Event {
@@ -130,7 +124,7 @@ void read_fully(SlowReadings& slow, EventList& list) {
     if (slow.hasActivity)
         list.add(EntropySource::activity, slow.activity, sizeof slow.activity);
 
-    Secret<kSystemRandomSize> random;
+    Secret<kSystemRandom> random;
     if (platform::system_random(random.data(), random.size()))
         list.add(EntropySource::system, random.data(), random.size());
 
@@ -144,9 +138,13 @@ void read_fully(SlowReadings& slow, EventList& list) {
 } // namespace
 
 void rng_stir(int option) {
+    const OwnGenerator own;
+    accumulator_stir(*own, option);
+}
+
+void accumulator_stir(RngState& state, int option) {
     if (option != 0 && option != 1)
         return;
-    RngState& state = *rng_state();
     stage_readings(state);
     if (option == 0)
         return;

@@ -2,7 +2,8 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "frame/rng_state.h"
+#include "frame/thread_record.h"
+#include "platform/platform.h"
 #include "rng/pools.h"
 
 // The process's entropy pools behind the process-wide lock, and the readings that feed them (rng_stir).
@@ -13,6 +14,30 @@
 // batches that costs a call a few nanoseconds, one by one it would make two threads slower than one. What a
 // thread holds back is never missing from its own seed, for which it is entered first.
 namespace zul {
+
+// OwnGenerator is the calling thread's generator while it is in use: where memory ran out it is shared, and
+// locked for so long.
+class OwnGenerator {
+  public:
+    OwnGenerator() : state_(*rng_state()), isShared_(is_shared(&state_)) {
+        if (isShared_)
+            platform::lock_enter(platform::Lock::generator);
+    }
+    OwnGenerator(const OwnGenerator&) = delete;
+    OwnGenerator& operator=(const OwnGenerator&) = delete;
+    ~OwnGenerator() {
+        if (isShared_)
+            platform::lock_leave(platform::Lock::generator);
+    }
+    RngState& operator*() const { return state_; }
+
+  private:
+    RngState& state_;
+    const bool isShared_;
+};
+
+// accumulator_stir is rng_stir for a generator that the caller has already.
+void accumulator_stir(RngState& state, int option);
 
 // accumulator_gather enters what the thread holds back and drains the pools if a reseed is due or forced; the
 // bytes written, 0 if it is not due.

@@ -76,7 +76,7 @@ int fips140_write_report(const char* path, const Fips140Result& result,
                          std::span<const uint8_t, kFips140Bytes> sample) {
     FileWriter file(path);
     if (!file.is_open())
-        return -PRNG_ERR_FILE_CREATE;
+        return PRNG_ERR_FILE_CREATE;
     Report report(file);
 
     report.print("FIPS140-2 test for %d bits (%d bytes)\n", kFips140Bits, static_cast<int>(kFips140Bytes));
@@ -92,7 +92,7 @@ int fips140_write_report(const char* path, const Fips140Result& result,
                  kFips140LongRun);
     report.verdict(result.long_runs_passed());
     print_sample(report, sample);
-    return file.finish() ? 0 : -PRNG_ERR_FILE_WRITE;
+    return file.finish() ? 0 : PRNG_ERR_FILE_WRITE;
 }
 
 int rng_test(const char* path) {
@@ -107,7 +107,7 @@ int rng_test(const char* path) {
     int reported = 0;
     if (path != nullptr && path[0] != '\0')
         reported = fips140_write_report(path, statistics, sample);
-    return statistics.passed() ? reported : -TEST_FAILED_ERROR;
+    return statistics.passed() ? reported : TEST_FAILED_ERROR;
 }
 
 } // namespace zul

@@ -14,39 +14,46 @@ namespace zul {
 
 static constexpr size_t kContinuousBlock = sizeof RngState::continuousBlock;
 
-// make_nonce digests what differs between processes, threads and moments, and the operating system's own
-// randomness, so that the generator does not depend on clocks alone.
-static void make_nonce(uint8_t nonce[kSha1Size]) {
+void generator_nonce(const NonceParts& parts, uint8_t nonce[kSha1Size]) {
     Wiped<Sha1Context> context;
     sha1_init(*context);
-
-    const uint64_t now = platform::system_time();
-    const uint32_t ids[] = {platform::process_id(), platform::thread_id()};
-    sha1_update(*context, &now, sizeof now);
-    sha1_update(*context, ids, sizeof ids);
-
-    char name[512];
-    sha1_update(*context, name, platform::user_name(name, sizeof name));
-    sha1_update(*context, name, platform::computer_name(name, sizeof name));
-
-    Secret<32> random;
-    if (platform::system_random(random.data(), random.size()))
-        sha1_update(*context, random.data(), random.size());
+    sha1_update(*context, &parts.time, sizeof parts.time);
+    sha1_update(*context, &parts.process, sizeof parts.process);
+    sha1_update(*context, &parts.thread, sizeof parts.thread);
+    sha1_update(*context, parts.user, strlen(parts.user));
+    sha1_update(*context, parts.computer, strlen(parts.computer));
+    sha1_update(*context, parts.random, sizeof parts.random);
     sha1_final(*context, nonce);
 }
 
+static int make_nonce(uint8_t nonce[kSha1Size]) {
+    Wiped<NonceParts> parts;
+    parts->time = platform::system_time();
+    parts->process = platform::process_id();
+    parts->thread = platform::thread_id();
+    if (platform::user_name(parts->user, sizeof parts->user) == 0)
+        parts->user[0] = '\0';
+    if (platform::computer_name(parts->computer, sizeof parts->computer) == 0)
+        parts->computer[0] = '\0';
+    if (!platform::system_random(parts->random, sizeof parts->random))
+        return PRNG_ERR_CATASTROPHIC;
+    generator_nonce(*parts, nonce);
+    return 0;
+}
+
 static int instantiate(RngState& state) {
-    if (const int result = rng_health_check(); result != 0)
-        return result;
+    if (const int error = rng_health_check(); error != 0)
+        return error;
 
     // The pools of a forked child are its parent's; what sets the two apart is the nonce.
     const uint32_t generation = platform::fork_generation();
     Secret<EntropyPools::kMaxYield> entropy;
     const size_t size = accumulator_gather(state, true, entropy.data());
     if (size == 0)
-        return -PRNG_ERR_CATASTROPHIC;
+        return PRNG_ERR_CATASTROPHIC;
     Secret<kSha1Size> nonce;
-    make_nonce(nonce.data());
+    if (const int error = make_nonce(nonce.data()); error != 0)
+        return error;
     const uint32_t personalisation = next_personalisation();
 
     drbg_instantiate(state.drbg, {entropy.data(), size}, {nonce.data(), nonce.size()},
@@ -66,6 +73,15 @@ int generator_make_ready(RngState& state) {
     return instantiate(state);
 }
 
+int generator_reseed(RngState& state, Bytes pooled, const AdditionalInput& additional) {
+    Secret<EntropyPools::kMaxYield + kSystemRandom> entropy;
+    uint8_t* const fresh = std::copy(pooled.begin(), pooled.end(), entropy.data());
+    if (!platform::system_random(fresh, kSystemRandom))
+        return PRNG_ERR_CATASTROPHIC;
+    drbg_reseed(state.drbg, {entropy.data(), pooled.size() + kSystemRandom}, additional);
+    return 0;
+}
+
 int generator_produce(RngState& state, uint8_t* out, size_t size, const AdditionalInput& additional) {
     drbg_generate(state.drbg, out, size, additional);
 
@@ -74,7 +90,7 @@ int generator_produce(RngState& state, uint8_t* out, size_t size, const Addition
         memcpy(block.data(), out, std::min(size, kContinuousBlock));
     if (memcmp(block.data(), state.continuousBlock, kContinuousBlock) == 0) {
         wipe_bytes(out, size);
-        return -PRNG_ERR_CATASTROPHIC;
+        return PRNG_ERR_CATASTROPHIC;
     }
     drbg_generate(state.drbg, state.continuousBlock, kContinuousBlock, {});
 

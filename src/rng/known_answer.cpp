@@ -31,7 +31,7 @@ bool drbg_reproduces(const DrbgKnownAnswer& answer) {
 }
 
 int rng_health_check() {
-    return drbg_reproduces(kDrbgKnownAnswer) ? 0 : -PRNG_ERR_CATASTROPHIC;
+    return drbg_reproduces(kDrbgKnownAnswer) ? 0 : PRNG_ERR_CATASTROPHIC;
 }
 
 } // namespace zul

@@ -2,9 +2,7 @@
 
 #include <bit>
 
-#include "frame/call_frame.h"
 #include "frame/fatal_report.h"
-#include "frame/thread_record.h"
 #include "frame/wipe.h"
 #include "platform/platform.h"
 #include "rng/accumulator.h"
@@ -17,22 +15,25 @@ static constexpr uint32_t kReseedInterval = 0x40000000; // requests
 
 int rng_bytes(uint8_t* out, size_t len, const uint8_t* addl, size_t addlLen) {
     if (len > kMaxRandomRequest)
-        return -PRNG_ERR_TOOBIG;
-    rng_stir(0);
-    RngState& state = *rng_state();
-    if (const int result = generator_make_ready(state); result != 0)
-        return result;
+        return PRNG_ERR_TOOBIG;
+    const OwnGenerator own;
+    RngState& state = *own;
+    accumulator_stir(state, 0);
+    if (const int error = generator_make_ready(state); error != 0)
+        return error;
 
     const AdditionalInput additional(addl, addlLen);
     {
-        Secret<EntropyPools::kMaxYield> entropy;
+        Secret<EntropyPools::kMaxYield> pooled;
         const bool force = state.drbg.reseedCounter >= kReseedInterval;
-        if (const size_t size = accumulator_gather(state, force, entropy.data()); size > 0)
-            drbg_reseed(state.drbg, {entropy.data(), size}, additional);
+        const size_t size = accumulator_gather(state, force, pooled.data());
+        const int error = size > 0 ? generator_reseed(state, {pooled.data(), size}, additional) : 0;
+        if (error != 0)
+            return error;
     }
-    if (const int result = generator_produce(state, out, len, additional); result != 0)
-        return result;
-    rng_stir(0);
+    if (const int error = generator_produce(state, out, len, additional); error != 0)
+        return error;
+    accumulator_stir(state, 0);
     return 0;
 }
 

@@ -9,11 +9,13 @@
 namespace zul {
 
 constexpr size_t kMaxRandomRequest = 65536;
+constexpr size_t kSystemRandom = 32; // bytes of the operating system's own, whenever they are mixed in
 
 // rng_bytes fills out with len random bytes of the calling thread's generator. addl is additional input, of
-// which the first 20 bytes count; it may be null. 0, -PRNG_ERR_TOOBIG (above 65,536 bytes) or
-// -PRNG_ERR_CATASTROPHIC (a failed self-test or continuous test); after an error out holds nothing random.
-int rng_bytes(uint8_t* out, size_t len, const uint8_t* addl = nullptr, size_t addlLen = 0);
+// which the first 20 bytes count; it may be null. 0, PRNG_ERR_TOOBIG (above 65,536 bytes) or
+// PRNG_ERR_CATASTROPHIC (a failed self-test or continuous test, or a system without random bytes); after an
+// error out holds nothing random.
+[[nodiscard]] int rng_bytes(uint8_t* out, size_t len, const uint8_t* addl = nullptr, size_t addlLen = 0);
 
 // rng_number chooses from lower to upper, both included; lower if upper is not greater, or if the range needs
 // all 32 bits. A generator that fails ends the process (rng_fail).
@@ -26,8 +28,8 @@ int rng_number(int lower, int upper);
 // rng_add_event adds an event, cut to 32 bytes, to the process's entropy pools.
 void rng_add_event(EntropySource source, const void* data, size_t size);
 
-// rng_health_check runs the generator's known-answer test: 0 or -PRNG_ERR_CATASTROPHIC.
-int rng_health_check();
+// rng_health_check runs the generator's known-answer test: 0 or PRNG_ERR_CATASTROPHIC.
+[[nodiscard]] int rng_health_check();
 
 // rng_release_thread enters what the thread still holds back into the pools and wipes its state.
 void rng_release_thread(RngState& state);

@@ -26,12 +26,12 @@ int RNG_Number(int nLower, int nUpper) {
 
 int RNG_Test(const char* szFileName, int) {
     CallFrame frame(1);
-    return frame.length(rng_test(szFileName));
+    return frame.length(-rng_test(szFileName));
 }
 
 int RNG_Initialize(const char* szSeedFile, int) {
     CallFrame frame(1);
-    return frame.length(szSeedFile == nullptr ? -PRNG_ERR_BADPARAM : seed_file_update(szSeedFile));
+    return frame.length(szSeedFile == nullptr ? -PRNG_ERR_BADPARAM : -seed_file_update(szSeedFile));
 }
 
 // A missing name is not recorded here: a program without a seed file may call all the same.
@@ -39,5 +39,5 @@ int RNG_UpdateSeedFile(const char* szSeedFile, int) {
     CallFrame frame(1);
     if (szSeedFile == nullptr || szSeedFile[0] == '\0')
         return -BAD_PARAM_ERROR;
-    return frame.length(seed_file_update(szSeedFile));
+    return frame.length(-seed_file_update(szSeedFile));
 }

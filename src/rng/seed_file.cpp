@@ -1,7 +1,7 @@
 #include "rng/seed_file.h"
 
 #include "frame/file_stream.h"
-#include "frame/thread_record.h"
+#include "rng/accumulator.h"
 #include "rng/generator.h"
 #include "rng/rng.h"
 #include "zulcore.h"
@@ -26,60 +26,69 @@ class SeedLock {
     bool held_;
 };
 
+// write_seed does not return before the bytes are on the disk: after a crash the ones before would be taken
+// in a second time. Devices and pipes have no disk.
+bool write_seed(platform::FileHandle file, const Secret<kSeedSize>& seed) {
+    return platform::file_write(file, seed.data(), kSeedSize) &&
+           (platform::file_length(file) < 0 || platform::file_commit(file));
+}
+
 int renew(RngState& state, platform::FileHandle file) {
     const SeedLock lock(file);
     if (!lock.held())
-        return -PRNG_ERR_FILE_LOCK;
+        return PRNG_ERR_FILE_LOCK;
 
     Secret<kSeedSize> seed;
     // A pipe, which has no length, would be waited for; a device gives the same bytes to everybody.
     if (platform::file_length(file) < 0 || platform::file_read(file, seed.data(), kSeedSize) != kSeedSize)
-        return -PRNG_ERR_FILE_READ;
+        return PRNG_ERR_FILE_READ;
 
     const uint64_t now = platform::system_time();
     const AdditionalInput time(&now, sizeof now);
     drbg_reseed(state.drbg, {seed.data(), kSeedSize}, time);
-    if (const int result = generator_produce(state, seed.data(), kSeedSize, time); result != 0)
-        return result;
+    if (const int error = generator_produce(state, seed.data(), kSeedSize, time); error != 0)
+        return error;
 
-    if (!platform::file_rewind(file) || !platform::file_write(file, seed.data(), kSeedSize))
-        return -PRNG_ERR_FILE_WRITE;
+    if (!platform::file_rewind(file) || !write_seed(file, seed))
+        return PRNG_ERR_FILE_WRITE;
     return 0;
 }
 
 } // namespace
 
 int seed_file_update(const char* path) {
-    RngState& state = *rng_state();
-    if (const int result = generator_make_ready(state); result != 0)
-        return result;
+    const OwnGenerator own;
+    RngState& state = *own;
+    if (const int error = generator_make_ready(state); error != 0)
+        return error;
     File file(path, platform::OpenMode::update);
     if (!file.is_open())
-        return -PRNG_ERR_FILE_OPEN;
-    const int result = renew(state, file.handle());
+        return PRNG_ERR_FILE_OPEN;
+    const int error = renew(state, file.handle());
     const bool closed = file.close();
-    return result == 0 && !closed ? -PRNG_ERR_FILE_WRITE : result;
+    return error == 0 && !closed ? PRNG_ERR_FILE_WRITE : error;
 }
 
 int seed_file_make(const char* path, const uint8_t* additional, size_t size) {
     Secret<kSeedSize> seed;
-    if (const int result = rng_bytes(seed.data(), kSeedSize, additional, size); result != 0)
-        return result;
+    if (const int error = rng_bytes(seed.data(), kSeedSize, additional, size); error != 0)
+        return error;
     File file(path, platform::OpenMode::createSecret);
     if (!file.is_open())
-        return -PRNG_ERR_FILE_CREATE;
+        return PRNG_ERR_FILE_CREATE;
     bool written = false;
     {
         const SeedLock lock(file.handle());
         if (!lock.held()) // it is another's, who is about to fill it again
-            return -PRNG_ERR_FILE_LOCK;
-        written = platform::file_write(file.handle(), seed.data(), kSeedSize);
+            return PRNG_ERR_FILE_LOCK;
+        platform::file_make_private(file.handle()); // one that was there has other rights
+        written = write_seed(file.handle(), seed);
     }
     if (file.close() && written)
         return 0;
     if (platform::file_is_regular(path))
         platform::file_remove(path);
-    return -PRNG_ERR_FILE_WRITE;
+    return PRNG_ERR_FILE_WRITE;
 }
 
 } // namespace zul

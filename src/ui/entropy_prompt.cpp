@@ -16,10 +16,10 @@ int rng_bytes_with_prompt(uint8_t* out, size_t size, const char* prompt, int opt
     platform::thread_sleep(kDelay); // before the claim: a thread may come to its end here
     const PromptClaim claim;
     if (!claim.held())
-        return -PRNG_ERR_NOTAVAIL;
+        return PRNG_ERR_NOTAVAIL;
     EntropyCollector events((options & ZUL_RNG_MORE_EVENTS) != 0 ? kMoreEvents : kEvents);
     if (platform::entropy_dialog(prompt != nullptr ? prompt : "", events) != platform::PromptEnd::accepted)
-        return -PRNG_ERR_NOTAVAIL;
+        return PRNG_ERR_NOTAVAIL;
 
     // The schedule of the pools keeps most of the events for later reseeds; these bytes have all of them.
     Secret<kSha1Size> all;

@@ -14,7 +14,7 @@ int RNG_BytesWithPrompt(unsigned char* lpOutput, int nOutputLen, const char* szP
     const auto size = static_cast<size_t>(nOutputLen);
     if (size > kMaxRandomRequest)
         return frame.length(-PRNG_ERR_TOOBIG);
-    return frame.length(rng_bytes_with_prompt(lpOutput, size, szPrompt, nOptions));
+    return frame.length(-rng_bytes_with_prompt(lpOutput, size, szPrompt, nOptions));
 }
 
 int RNG_MakeSeedFile(const char* szSeedFile, const char* szPrompt, int nOptions) {
@@ -22,8 +22,8 @@ int RNG_MakeSeedFile(const char* szSeedFile, const char* szPrompt, int nOptions)
     if (szSeedFile == nullptr || szSeedFile[0] == '\0')
         return frame.length(-PRNG_ERR_BADPARAM);
     Secret<20> prompted;
-    int result = rng_bytes_with_prompt(prompted.data(), prompted.size(), szPrompt, nOptions);
-    if (result == 0)
-        result = seed_file_make(szSeedFile, prompted.data(), prompted.size());
-    return frame.length(result);
+    int error = rng_bytes_with_prompt(prompted.data(), prompted.size(), szPrompt, nOptions);
+    if (error == 0)
+        error = seed_file_make(szSeedFile, prompted.data(), prompted.size());
+    return frame.length(-error);
 }

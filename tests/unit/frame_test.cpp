@@ -133,6 +133,14 @@ TEST_F(Freed, OwnersWipeWhatTheyRelease) {
     EXPECT_EQ(plantedSeen, 1);
 }
 
+TEST_F(Freed, ARecordIsWipedWithItsThread) {
+    std::thread([] {
+        memcpy(thread_record(RecordPath::error)->errorText, kPlanted, sizeof kPlanted);
+    }).join();
+    EXPECT_GE(freedBlocks, 1);
+    EXPECT_EQ(plantedSeen, 0);
+}
+
 TEST(Wipe, ReachesEveryByteAndNoOther) {
     for (const size_t length : {0u, 1u, 7u, 255u, 256u, 257u, 1000u}) {
         std::vector<uint8_t> bytes(length + 2, 0xA5);

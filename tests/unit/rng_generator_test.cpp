@@ -1,8 +1,12 @@
 #include <array>
 #include <atomic>
+#include <cerrno>
 #include <climits>
+#include <cstddef>
 #include <cstring>
+#include <functional>
 #include <gtest/gtest.h>
+#include <initializer_list>
 #include <set>
 #include <string>
 #include <thread>
@@ -10,7 +14,9 @@
 
 #include "frame/call_frame.h"
 #include "frame/file_stream.h"
+#include "frame/memory_hooks.h"
 #include "frame/thread_record.h"
+#include "platform/random_hooks.h"
 #include "rng/accumulator.h"
 #include "rng/generator.h"
 #include "rng/rng.h"
@@ -19,6 +25,12 @@
 #include "zulcore.h"
 
 #ifndef _WIN32
+#include <filesystem>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
+#include <pthread.h>
+#include <sys/prctl.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #endif
@@ -60,11 +72,11 @@ TEST(Generator, ContinuousTestCatchesARepeatedBlock) {
 
     const AdditionalInput additional("abc", 3);
     plant_next_block(state, additional);
-    EXPECT_EQ(generator_produce(state, out, sizeof out, additional), -PRNG_ERR_CATASTROPHIC);
+    EXPECT_EQ(generator_produce(state, out, sizeof out, additional), PRNG_ERR_CATASTROPHIC);
     EXPECT_TRUE(is_zero(out, sizeof out));
 
     plant_next_block(state);
-    EXPECT_EQ(generator_produce(state, out, 8, {}), -PRNG_ERR_CATASTROPHIC);
+    EXPECT_EQ(generator_produce(state, out, 8, {}), PRNG_ERR_CATASTROPHIC);
     EXPECT_EQ(generator_produce(state, out, 8, {}), 0);
 
     // A short output is compared with zeros after it.
@@ -73,7 +85,7 @@ TEST(Generator, ContinuousTestCatchesARepeatedBlock) {
     EXPECT_EQ(generator_produce(state, out, 7, {}), 0);
     plant_next_block(state);
     state.continuousBlock[7] = 0;
-    EXPECT_EQ(generator_produce(state, out, 7, {}), -PRNG_ERR_CATASTROPHIC);
+    EXPECT_EQ(generator_produce(state, out, 7, {}), PRNG_ERR_CATASTROPHIC);
     rng_release_thread(state);
 }
 
@@ -104,6 +116,67 @@ TEST(Generator, ReseedsWhenItHasServedItsInterval) {
     EXPECT_LT(rng_state()->drbg.reseedCounter, 8u);
 }
 
+TEST(Generator, NonceDigestsEveryPart) {
+    const NonceParts parts{1, 2, 3, "user", "computer", {4}};
+    std::vector<NonceParts> variants(7, parts);
+    variants[1].time++;
+    variants[2].process++;
+    variants[3].thread++;
+    variants[4].user[0] = 'U';
+    variants[5].computer[7] = 'R';
+    variants[6].random[kSystemRandom - 1]++;
+    std::set<std::array<uint8_t, kSha1Size>> seen;
+    for (const NonceParts& variant : variants) {
+        std::array<uint8_t, kSha1Size> nonce{};
+        generator_nonce(variant, nonce.data());
+        EXPECT_TRUE(seen.insert(nonce).second);
+    }
+}
+
+TEST(SystemRandom, IsPartOfEveryReseed) {
+    platform::random_set_hooks({nullptr, [](uint8_t* bytes, size_t size) { memset(bytes, 0x5A, size); }});
+    RngState state{};
+    ASSERT_EQ(generator_make_ready(state), 0);
+    DrbgState expected = state.drbg;
+    std::vector<uint8_t> entropy(20, 0x11);
+    const AdditionalInput additional("abc", 3);
+    ASSERT_EQ(generator_reseed(state, entropy, additional), 0);
+    entropy.insert(entropy.end(), 32, 0x5A);
+    drbg_reseed(expected, entropy, additional);
+    EXPECT_EQ(memcmp(&state.drbg, &expected, sizeof expected), 0);
+    platform::random_set_hooks({});
+    rng_release_thread(state);
+}
+
+TEST(SystemRandom, ComesFromTheDeviceWithoutTheCallAndIsNeededOtherwise) {
+    const auto useNone = [](platform::RandomSource) { return true; };
+    const auto useDevice = [](platform::RandomSource source) {
+        return source == platform::RandomSource::systemCall;
+    };
+    draw();
+    RngState fresh{};
+    uint8_t out[16];
+    platform::random_set_hooks({useNone, nullptr});
+    EXPECT_FALSE(platform::system_random(out, sizeof out));
+    EXPECT_EQ(generator_make_ready(fresh), PRNG_ERR_CATASTROPHIC);
+    EXPECT_EQ(fresh.drbg.reseedCounter, 0u);
+    rng_state()->drbg.reseedCounter = 0x40000000;
+    EXPECT_EQ(rng_bytes(out, sizeof out), PRNG_ERR_CATASTROPHIC);
+
+    platform::random_set_hooks({useDevice, nullptr});
+    std::set<Block> seen;
+#ifndef _WIN32 // has no device
+    for (int i = 0; i < 3; i++) {
+        Block block{};
+        EXPECT_TRUE(platform::system_random(block.data(), block.size()));
+        EXPECT_TRUE(seen.insert(block).second);
+    }
+    EXPECT_EQ(rng_bytes(out, sizeof out), 0);
+#endif
+    platform::random_set_hooks({});
+    draw();
+}
+
 TEST(Generator, TwoInstancesDiffer) {
     RngState a{}, b{};
     ASSERT_EQ(generator_make_ready(a), 0);
@@ -118,8 +191,8 @@ TEST(Generator, TwoInstancesDiffer) {
 
 TEST(Generator, LimitsOfARequest) {
     std::vector<uint8_t> buffer(kMaxRandomRequest + 1, 0xA5);
-    EXPECT_EQ(rng_bytes(buffer.data(), kMaxRandomRequest + 1), -PRNG_ERR_TOOBIG);
-    EXPECT_EQ(rng_bytes(buffer.data(), SIZE_MAX), -PRNG_ERR_TOOBIG);
+    EXPECT_EQ(rng_bytes(buffer.data(), kMaxRandomRequest + 1), PRNG_ERR_TOOBIG);
+    EXPECT_EQ(rng_bytes(buffer.data(), SIZE_MAX), PRNG_ERR_TOOBIG);
     EXPECT_EQ(buffer, std::vector<uint8_t>(buffer.size(), 0xA5));
     EXPECT_EQ(rng_bytes(buffer.data(), kMaxRandomRequest), 0);
     EXPECT_EQ(buffer[kMaxRandomRequest], 0xA5);
@@ -200,6 +273,22 @@ TEST(Threads, NeverDrawTheSameBlock) {
     EXPECT_EQ(different.size(), kThreads * kBlocks);
 }
 
+TEST(Threads, WithoutMemoryWaitForTheGeneratorThatTheyShare) {
+    memory_set_hooks({[](size_t) { return true; }, nullptr});
+    std::atomic<int> drawn{0};
+    std::vector<std::thread> threads;
+    {
+        const platform::LockGuard inUse(platform::Lock::generator);
+        for (int t = 0; t < 2; t++)
+            threads.emplace_back([&drawn] { draw(), drawn++; });
+        platform::thread_sleep(30);
+        EXPECT_EQ(drawn, 0);
+    }
+    for (std::thread& thread : threads)
+        thread.join();
+    memory_set_hooks({});
+}
+
 TEST(RngNumber, StaysWithinItsBoundsAndReachesThem) {
     struct Case {
         int lower, upper;
@@ -256,7 +345,7 @@ TEST(SeedFile, IsLeftAloneWhileSomebodyHoldsItsLock) {
     {
         const File other(path.c_str(), platform::OpenMode::update);
         ASSERT_TRUE(platform::file_lock(other.handle(), kSeedSize));
-        EXPECT_EQ(seed_file_update(path.c_str()), -PRNG_ERR_FILE_LOCK);
+        EXPECT_EQ(seed_file_update(path.c_str()), PRNG_ERR_FILE_LOCK);
     }
     EXPECT_EQ(test::read_file(path), seed);
     EXPECT_EQ(seed_file_update(path.c_str()), 0);
@@ -277,6 +366,19 @@ TEST(SeedFile, ReseedsTheGenerator) {
 
 #ifndef _WIN32
 
+// A handler that is registered before the library's own runs in the middle of its work on a fork.
+static std::atomic<bool> drawsInHandlers{false};
+static Block drawnInHandler;
+
+static void draw_in_handler() {
+    if (drawsInHandlers)
+        drawnInHandler = draw();
+}
+
+__attribute__((constructor(101))) static void register_handler() {
+    pthread_atfork(draw_in_handler, draw_in_handler, draw_in_handler);
+}
+
 static void expect_own_stream(pid_t (*split)()) {
     draw();
     int pipes[2];
@@ -285,12 +387,13 @@ static void expect_own_stream(pid_t (*split)()) {
     ASSERT_GE(child, 0);
     if (child == 0) {
         Block block{};
-        const bool done = rng_bytes(block.data(), block.size()) == 0 &&
-                          write(pipes[1], block.data(), block.size()) == ssize_t{block.size()};
+        const bool done =
+            (drawsInHandlers ? (block = drawnInHandler, 0) : rng_bytes(block.data(), block.size())) == 0 &&
+            write(pipes[1], block.data(), block.size()) == ssize_t{block.size()};
         _exit(done ? 0 : 1);
     }
     // Parent and child go on from the same state.
-    const Block ours = draw();
+    const Block ours = drawsInHandlers ? drawnInHandler : draw();
     Block theirs{};
     EXPECT_EQ(read(pipes[0], theirs.data(), theirs.size()), ssize_t{theirs.size()});
     int status = -1;
@@ -306,6 +409,59 @@ TEST(Fork, ChildNeverRepeatsItsParent) {
 #ifndef __SANITIZE_THREAD__   // which has to know of every child
     expect_own_stream(_Fork); // calls no handlers
 #endif
+}
+
+TEST(Fork, HandlersOfOthersMayDraw) {
+    drawsInHandlers = true;
+    expect_own_stream(fork);
+    drawsInHandlers = false;
+}
+
+// status_without runs the function in a child whose calls of the given kinds end as the action says.
+static int status_without(std::initializer_list<long> calls, uint32_t action,
+                          const std::function<bool()>& run) {
+    const pid_t child = fork();
+    if (child == 0) {
+        std::vector<sock_filter> filter{BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr))};
+        for (const long call : calls) {
+            filter.push_back(BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, static_cast<uint32_t>(call), 0, 1));
+            filter.push_back(BPF_STMT(BPF_RET | BPF_K, action));
+        }
+        filter.push_back(BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW));
+        const sock_fprog program{static_cast<unsigned short>(filter.size()), filter.data()};
+        if (prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0 ||
+            prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program) != 0)
+            _exit(2);
+        _exit(run() ? 0 : 1);
+    }
+    int status = -1;
+    waitpid(child, &status, 0);
+    return status;
+}
+
+TEST(Sandbox, FirstDrawOpensAndConnectsNothing) {
+    EXPECT_EQ(status_without({SYS_open, SYS_openat, SYS_socket, SYS_connect}, SECCOMP_RET_KILL_PROCESS,
+                             [] {
+                                 Block block{};
+                                 return rng_bytes(block.data(), block.size()) == 0;
+                             }),
+              0);
+}
+
+TEST(SeedFile, IsOnTheDiskAndItsOwnersAlone) {
+    const test::TempDir dir;
+    const std::string path = dir.write("seed", std::vector<uint8_t>(kSeedSize, 7));
+    std::filesystem::permissions(path, std::filesystem::perms(0664));
+    ASSERT_EQ(seed_file_make(path.c_str(), nullptr, 0), 0);
+    EXPECT_EQ(std::filesystem::status(path).permissions(), std::filesystem::perms(0600));
+    const uint32_t failure = SECCOMP_RET_ERRNO | EIO;
+    EXPECT_EQ(status_without({SYS_fsync}, failure,
+                             [&] {
+                                 return seed_file_update(path.c_str()) == PRNG_ERR_FILE_WRITE &&
+                                        seed_file_make(path.c_str(), nullptr, 0) == PRNG_ERR_FILE_WRITE;
+                             }),
+              0);
+    EXPECT_FALSE(test::file_exists(path));
 }
 
 TEST(GeneratorDeathTest, AFailureInAnExportEndsTheProcess) {

@@ -132,6 +132,12 @@ void file_unlock(FileHandle file, size_t length) {
     set_lock(file, F_UNLCK, length);
 }
 
+void file_make_private(FileHandle file) {
+    struct stat status {};
+    if (fstat(descriptor(file), &status) == 0 && S_ISREG(status.st_mode))
+        static_cast<void>(fchmod(descriptor(file), 0600) == 0); // some file systems keep no rights
+}
+
 bool file_remove(const char* path) {
     return unlink(path) == 0;
 }

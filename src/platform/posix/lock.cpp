@@ -1,14 +1,25 @@
 #include <atomic>
 #include <pthread.h>
 #include <sys/mman.h>
+#include <unistd.h>
 
 #include "platform/platform.h"
 
 namespace zul::platform {
 
-// Adaptive: the lock guards a few dozen nanoseconds of work, for which a short spin beats a sleep.
-static pthread_mutex_t mutex = PTHREAD_ADAPTIVE_MUTEX_INITIALIZER_NP;
+// Adaptive: the locks guard a few dozen nanoseconds of work, for which a short spin beats a sleep.
+static pthread_mutex_t mutexes[] = {PTHREAD_ADAPTIVE_MUTEX_INITIALIZER_NP,
+                                    PTHREAD_ADAPTIVE_MUTEX_INITIALIZER_NP};
 static std::atomic<uint32_t> generation{0};
+
+// The thread that is forking and holds all locks, 0 if there is none: the same in parent and child. Handlers
+// of a fork that were registered before this library's run while it holds them, and may call the library.
+static std::atomic<pthread_t> forker{0};
+static pid_t forkerProcess;
+
+static bool is_forker() {
+    return forker.load(std::memory_order_relaxed) == pthread_self();
+}
 
 // In a page that the system hands zeroed to every child, also where no handler is called (_Fork, clone); null
 // if it cannot.
@@ -28,22 +39,41 @@ static std::atomic<uint32_t>* make_mark() {
     return mark;
 }
 
-void lock_enter() {
-    pthread_mutex_lock(&mutex);
+static pthread_mutex_t* mutex(Lock lock) {
+    return &mutexes[static_cast<int>(lock)];
 }
 
-void lock_leave() {
-    pthread_mutex_unlock(&mutex);
+void lock_enter(Lock lock) {
+    if (!is_forker())
+        pthread_mutex_lock(mutex(lock));
 }
 
-static void child_of_fork() {
+void lock_leave(Lock lock) {
+    if (!is_forker())
+        pthread_mutex_unlock(mutex(lock));
+}
+
+// Forking with the locks held gives the child what they guard in a whole state.
+static void before_fork() {
+    lock_enter(Lock::generator);
+    lock_enter(Lock::process);
+    forkerProcess = getpid();
+    forker = pthread_self();
+}
+
+static void after_fork() {
+    forker = 0;
+    lock_leave(Lock::process);
+    lock_leave(Lock::generator);
+}
+
+static void child_after_fork() {
     generation++;
-    lock_leave();
+    after_fork();
 }
 
 void lock_create() {
-    // Forking with the lock held gives the child what it guards in a whole state.
-    pthread_atfork(lock_enter, lock_leave, child_of_fork);
+    pthread_atfork(before_fork, after_fork, child_after_fork);
     isKnownProcess = make_mark();
 }
 
@@ -52,6 +82,9 @@ void lock_destroy() {}
 uint32_t fork_generation() {
     if (isKnownProcess != nullptr && isKnownProcess->load(std::memory_order_relaxed) == 0) {
         *isKnownProcess = 1;
+        generation++;
+    } else if (is_forker() && forkerProcess != getpid()) { // child_after_fork has yet to be called
+        forkerProcess = getpid();
         generation++;
     }
     return generation.load(std::memory_order_relaxed);

@@ -4,23 +4,29 @@
 
 namespace zul::platform {
 
-static CRITICAL_SECTION section;
+static CRITICAL_SECTION sections[2];
+
+static CRITICAL_SECTION* section(Lock lock) {
+    return &sections[static_cast<int>(lock)];
+}
 
 void lock_create() {
-    // The lock guards a few dozen nanoseconds of work, for which a short spin beats a sleep.
-    InitializeCriticalSectionAndSpinCount(&section, 1000);
+    // The locks guard a few dozen nanoseconds of work, for which a short spin beats a sleep.
+    for (CRITICAL_SECTION& each : sections)
+        InitializeCriticalSectionAndSpinCount(&each, 1000);
 }
 
 void lock_destroy() {
-    DeleteCriticalSection(&section);
+    for (CRITICAL_SECTION& each : sections)
+        DeleteCriticalSection(&each);
 }
 
-void lock_enter() {
-    EnterCriticalSection(&section);
+void lock_enter(Lock lock) {
+    EnterCriticalSection(section(lock));
 }
 
-void lock_leave() {
-    LeaveCriticalSection(&section);
+void lock_leave(Lock lock) {
+    LeaveCriticalSection(section(lock));
 }
 
 uint32_t fork_generation() {
