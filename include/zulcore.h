@@ -672,7 +672,8 @@ ZUL_API int RSA_DecodeMsg(unsigned char* lpOutput, int nOutBytes, const unsigned
  * Distinguished names are texts of keyword=value pairs joined by ";", as "C=AU;O=Example;CN=Alice". Keywords,
  * in any case: CN, C, O, OU, L, S or ST, E, SN (surname), G, T, DC; others are skipped. A value in quotes (')
  * may hold ";", and a backslash there makes the next character literal; "#x" begins a value of bytes in hex,
- * "##x" one that begins with "#x". Times are "yyyy-mm-ddThh:nn:ssZ", UTC.
+ * "##x" one that begins with "#x". Times are "yyyy-mm-ddThh:nn:ssZ": the digits of a stored time as they
+ * stand, whatever its zone, whether or not the date exists. Dates that a caller gives have to exist.
  *
  * Codes of all: BAD_PARAM_ERROR: an argument that may not be null or empty; of certificate arguments also
  * OPEN_ERROR, INVALID_DATA_ERROR (not ASN.1) and BAD_FORMAT_ERROR (of another kind, or a field missing). */
@@ -687,7 +688,7 @@ ZUL_API int RSA_DecodeMsg(unsigned char* lpOutput, int nOutBytes, const unsigned
  * and reads no certificate; ZUL_X509_LATIN1 as in X509_CertSubjectName.
  * Length (or the number). Query. Times, names and algorithms are cut to nChars; -SHORT_BUF_ERROR: any other
  * text that does not fit; -BAD_QUERY_ERROR: no such query; -INVALID_DATA_ERROR also for a zero byte in an
- * address or URI, and for a time that is none. */
+ * address or URI, and for an invalid time. */
 ZUL_API int X509_QueryCert(char* szOutput, int nChars, const char* szCertFile, const char* szQuery,
                            int nOptions);
 
@@ -704,7 +705,7 @@ ZUL_API int X509_CertThumb(const char* szCertFile, char* szHash, int nChars, int
 ZUL_API int X509_CertIsValidNow(const char* szCertFile, int nOptions);
 
 /* X509_CertIssuedOn and X509_CertExpiresOn write the beginning and end of the validity, 20 characters, cut to
- * nChars. Length. Query. -INVALID_DATA_ERROR also for a time that is none. nOptions is ignored. */
+ * nChars. Length. Query. -INVALID_DATA_ERROR also for an invalid time. nOptions is ignored. */
 ZUL_API int X509_CertIssuedOn(const char* szCertFile, char* szOutput, int nChars, int nOptions);
 ZUL_API int X509_CertExpiresOn(const char* szCertFile, char* szOutput, int nChars, int nOptions);
 
@@ -816,14 +817,15 @@ ZUL_API int X509_CheckCertInCRL(const char* szCertFile, const char* szCrlFile, c
  * that it issued.
  * Extensions (basicConstraints, keyUsage) are not looked at. All certificates together have at most 8 MiB.
  * 0 or a negated code: -INVALID_DATA_ERROR: an item is no certificate; -EXPIRED_ERROR, also before its
- * time; -NO_DATA_ERROR: no certificates; -OUT_OF_RANGE_ERROR: a bundle of too many; -ISSUER_ERROR: no self-
- * signed one; -NO_MATCH_ERROR: none issued by the one before it; -SIGNATURE_ERROR. */
+ * time; -NO_DATA_ERROR: no certificates, or a text without ";" that is neither a bundle nor a certificate;
+ * -OUT_OF_RANGE_ERROR: a bundle of too many; -ISSUER_ERROR: no self-signed one; -NO_MATCH_ERROR: none issued
+ * by the one before it; -SIGNATURE_ERROR. */
 ZUL_API int X509_ValidatePath(const char* szCertList, const char* szTrustedCert, int nOptions);
 
 /* X509_TextDump writes a description of a certificate, request or CRL to a text file. nOptions is ignored.
  * 0 or a negated code: -CREATE_ERROR, also if szFileOut is the input file itself; -WRITE_ERROR;
- * -BAD_FORMAT_ERROR: none of the three, or a part missing. After a failure the file holds what comes before
- * the fault. */
+ * -BAD_FORMAT_ERROR: none of the three, or a mandatory part missing. After a failure the file holds what
+ * comes before the fault. An extension that cannot be shown is left out. */
 ZUL_API int X509_TextDump(const char* szFileOut, const char* szCertFile, int nOptions);
 
 /* X509_GetCertFromP7Chain takes a certificate out of a signed message or a certs-only one (PKCS #7, "p7c" or

@@ -35,12 +35,15 @@ bool asn_DataAppend(SecretBuffer& content, const asn_Node* node);
 // UniversalString as Latin-1 if convert is set and they can be; all else as "%02X " bytes.
 SecretBuffer asn_GetText(const asn_Node* node, bool convert);
 
-// asn_GetTime: 0; 1 if the node is no time or its text has no year, month and day; -1 for null. Whether that
-// date exists is not looked at; later fields may be missing and are 0 then.
+// asn_GetTime reads a UTCTime or GeneralizedTime: 0; 1 if the node is no time or has no year, month and day;
+// -1 for null. The digits are taken as they stand: what follows the seconds (a fraction, "Z", an offset) is
+// ignored, fields that are missing at the end are 0, and the date need not exist.
 [[nodiscard]] int asn_GetTime(const asn_Node* node, tm* time);
 constexpr size_t kAsnTimeText = 32;
-// asn_time_text writes "yyyy-mm-ddThh:nn:ssZ", or an empty text if the node is no time. asn_TimeString does
-// so into a buffer of the calling thread, good until its next call.
+// asn_format_time writes "yyyy-mm-ddThh:nn:ssZ" for a year from 0 to 9999.
+void asn_format_time(const tm& time, char out[kAsnTimeText]);
+// asn_time_text writes the time of a node so, or an empty text if asn_GetTime fails. asn_TimeString does that
+// in a buffer of the calling thread, good until its next call.
 const char* asn_time_text(const asn_Node* node, char out[kAsnTimeText]);
 const char* asn_TimeString(const asn_Node* node);
 

@@ -17,7 +17,6 @@
 #include "frame/text.h"
 #include "platform/platform.h"
 #include "x509/fields/certificate.h"
-#include "x509/fields/x509_time.h"
 #include "x509/input/x509_input.h"
 #include "x509/verify/verify.h"
 #include "zulcore.h"
@@ -101,7 +100,7 @@ int add_produced_at(char report[kOcspReport], AsnChildren& responseData) {
     while (is_context(responseData.peek())) // version and responderID
         responseData.take();
     char time[kAsnTimeText];
-    if (*read_time_text(responseData.take_if(kAsnUniversal, kAsnGeneralizedTime), time) == '\0')
+    if (*asn_time_text(responseData.take_if(kAsnUniversal, kAsnGeneralizedTime), time) == '\0')
         return fails(BAD_FORMAT_ERROR, "Cannot find time producedAt");
     add(report, "\n Produced at ", time);
     return 0;
@@ -118,7 +117,7 @@ int add_single(char report[kOcspReport], const asn_Node* single) {
 
     if (status->tag == kRevoked) {
         char time[kAsnTimeText];
-        if (*read_time_text(AsnChildren(status).take_if(kAsnUniversal, kAsnGeneralizedTime), time) == '\0')
+        if (*asn_time_text(AsnChildren(status).take_if(kAsnUniversal, kAsnGeneralizedTime), time) == '\0')
             return fails(BAD_FORMAT_ERROR, "Cannot find revocationTime");
         add(report, " at ", time);
     }

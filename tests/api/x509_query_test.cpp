@@ -176,7 +176,7 @@ TEST(X509Query, SavesStrings) {
 TEST(X509Query, ReportsWhatIsMissing) {
     const test::TempDir dir;
     const std::string cert = test::data_path("rsa/cert_v1.der"), none = dir.file("none");
-    const std::string noTime = dir.write("time", replaced(v1(), "261121071125Z", "261321071125Z"));
+    const std::string noTime = dir.write("time", replaced(v1(), "261121071125Z", "x61121071125Z"));
     const std::string noSerial = dir.write("serial", replaced(v1(), "\x02\x14\x25", "\x04\x14\x25"));
     const struct {
         Call call;

@@ -131,8 +131,8 @@ TEST(X509CheckCertInCrl, SaysWhatIsWrong) {
     const test::TempDir dir;
     const std::string ca = path_of("ca.pem"), crl = path_of("crl_v2.der"), other = path_of("v1_md5.der");
     const std::string leaf = path_of("all_sha1.pem"), missing = dir.file("missing");
-    // Month 13 for the entry of the certificate, 2020-05-05.
-    const std::string badDate = pem(with_changed(test::read_file(crl), "3230303530353031", 2, '1'));
+    // An invalid date of the certificate's entry.
+    const std::string badDate = pem(with_changed(test::read_file(crl), "3230303530353031", 0, 'x'));
     // No end of the algorithm. The text must not be a file's name for the signature, and a list for the
     // look-up.
     const std::string openEnd = base64(with_changed(test::read_file(crl), "0500038201", -12, 0x80));
@@ -162,8 +162,8 @@ TEST(X509CheckCertInCrl, SaysWhatIsWrong) {
         {"certificate as list", leaf, leaf, "", "", -BAD_FORMAT_ERROR, "Invalid CRL"},
         {"other issuer", path_of("gnutls_leaf.pem"), crl, "", "", -ISSUER_ERROR,
          "Cert issuer is not the same as CRL issuer"},
-        {"date that is none", leaf, badDate, "", "", 1, ""},
-        {"date that is none, asked for", leaf, badDate, "", "2020-01-01", -INVALID_DATA_ERROR,
+        {"invalid date", leaf, badDate, "", "", 1, ""},
+        {"invalid date, asked for", leaf, badDate, "", "2020-01-01", -INVALID_DATA_ERROR,
          "Invalid revocation date in CRL"},
     };
     for (const auto& c : cases) {

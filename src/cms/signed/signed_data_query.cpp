@@ -8,7 +8,6 @@
 #include "encode/hex.h"
 #include "frame/text.h"
 #include "x509/fields/subject_public_key.h"
-#include "x509/fields/x509_time.h"
 #include "zulcore.h"
 
 namespace zul {
@@ -37,7 +36,7 @@ int time_result(char* out, int room, const asn_Node* attributes) {
     char text[kAsnTimeText]; // "yyyy-mm-ddThh:nn:ssZ"
     constexpr size_t kDateEnd = 10, kTimeEnd = 19;
     find_attribute(attributes, "signingTime", &value);
-    if (*read_time_text(value, text) != '\0') {
+    if (*asn_time_text(value, text) != '\0') {
         text[kDateEnd] = ' ';
         text[kTimeEnd] = '\0';
     }

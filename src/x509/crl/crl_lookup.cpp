@@ -52,7 +52,7 @@ int crl_lookup(const char* certFile, const char* crlFile, const char* issuerCert
         tm time;
         if (!read_date_text(date, "00:00:00", &time))
             return fails(BAD_PARAM_ERROR, "Date format is invalid");
-        time_text(time, dateText);
+        asn_format_time(time, dateText);
     }
     DerSource list; // opened once: what is looked at is what was signed
     const bool isSigned = is_given(issuerCert);

@@ -8,7 +8,6 @@
 #include "asn1/asn_parse.h"
 #include "asn1/byte_stream.h"
 #include "frame/err.h"
-#include "x509/fields/x509_time.h"
 #include "x509/input/x509_input.h"
 #include "zulcore.h"
 
@@ -26,7 +25,7 @@ const char* CrlReader::time_of(uint8_t octet, uint8_t* content, size_t length, c
     node.tag = octet;
     node.length = static_cast<uint32_t>(length);
     node.data = length == 0 ? nullptr : content;
-    return read_time_text(&node, out);
+    return asn_time_text(&node, out);
 }
 
 int CrlReader::read_header(size_t limit, Element& element) {

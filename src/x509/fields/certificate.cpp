@@ -167,9 +167,9 @@ int validity_state(const CertificateFields& certificate) {
     if (certificate.validity == nullptr)
         return bad_format("Cannot find Validity field in cert");
     char now[kAsnTimeText], notBefore[kAsnTimeText], notAfter[kAsnTimeText];
-    time_text(utc_now(), now);
-    read_time_text(certificate.notBefore, notBefore);
-    read_time_text(certificate.notAfter, notAfter);
+    asn_format_time(utc_now(), now);
+    asn_time_text(certificate.notBefore, notBefore);
+    asn_time_text(certificate.notAfter, notAfter);
     if (notBefore[0] == '\0' || notAfter[0] == '\0')
         return bad_format("Missing time field in cert");
     return strcmp(now, notBefore) >= 0 && strcmp(now, notAfter) <= 0 ? 0 : -1;

@@ -24,7 +24,6 @@ class FieldReader {
     explicit FieldReader(std::string_view text) : rest_(text) {}
 
     bool at_end() const { return rest_.empty(); }
-    bool at_digit() const { return !rest_.empty() && rest_[0] >= '0' && rest_[0] <= '9'; }
 
     // number reads as many digits as there are up to max; false if they are fewer than min.
     bool number(size_t min, size_t max, int* value) {
@@ -42,6 +41,8 @@ class FieldReader {
     }
 
   private:
+    bool at_digit() const { return !rest_.empty() && rest_[0] >= '0' && rest_[0] <= '9'; }
+
     std::string_view rest_;
 };
 
@@ -62,62 +63,6 @@ tm utc_now() {
     now.tm_min = static_cast<int>(clock.minutes().count());
     now.tm_sec = static_cast<int>(clock.seconds().count());
     return now;
-}
-
-// The years are of four digits. (snprintf would take longer than everything else on an entry of a list.)
-void time_text(const tm& time, char out[kAsnTimeText]) {
-    constexpr std::string_view kMarks = "--T::Z";
-    const int fields[] = {time.tm_year + 1900, time.tm_mon + 1, time.tm_mday,
-                          time.tm_hour,        time.tm_min,     time.tm_sec};
-    for (size_t i = 0; i < kMarks.size(); i++) {
-        const size_t digits = i == 0 ? 4 : 2;
-        auto rest = static_cast<unsigned>(fields[i]);
-        for (size_t place = digits; place-- > 0; rest /= 10)
-            out[place] = static_cast<char>('0' + rest % 10);
-        out += digits;
-        *out++ = kMarks[i];
-    }
-    *out = '\0';
-}
-
-bool read_time(const asn_Node* node, tm* time) {
-    const bool isUtc = asn_is(node, kAsnUniversal, kAsnUtcTime);
-    if ((!isUtc && !asn_is(node, kAsnUniversal, kAsnGeneralizedTime)) || node->data == nullptr)
-        return false;
-    FieldReader fields({reinterpret_cast<const char*>(node->data), node->length});
-    tm read = {};
-    int wholeYear;
-    if (!fields.number(isUtc ? 2 : 4, isUtc ? 2 : 4, &wholeYear) || !fields.number(2, 2, &read.tm_mon) ||
-        !fields.number(2, 2, &read.tm_mday) || !fields.number(2, 2, &read.tm_hour) ||
-        !fields.number(2, 2, &read.tm_min))
-        return false;
-    if (isUtc)
-        wholeYear += wholeYear < 50 ? 2000 : 1900;
-    read.tm_year = wholeYear - 1900;
-    read.tm_mon--;
-    // The fraction is one of a second, never of a minute, which would be a wrong second when cut off.
-    if (fields.at_digit()) {
-        if (!fields.number(2, 2, &read.tm_sec))
-            return false;
-        if (!isUtc && fields.take(".,")) {
-            if (!fields.at_digit())
-                return false;
-            while (fields.take("0123456789")) {
-            }
-        }
-    }
-    if (!fields.take("Z") || !fields.at_end() || !exists(read))
-        return false;
-    *time = read;
-    return true;
-}
-
-const char* read_time_text(const asn_Node* node, char out[kAsnTimeText]) {
-    tm time;
-    *out = '\0';
-    if (read_time(node, &time))
-        time_text(time, out);
-    return out;
 }
 
 namespace {

@@ -13,7 +13,6 @@
 #include "x509/fields/certificate.h"
 #include "x509/fields/certificate_extensions.h"
 #include "x509/fields/subject_public_key.h"
-#include "x509/fields/x509_time.h"
 #include "x509/input/x509_input.h"
 #include "x509/names/distinguished_name.h"
 #include "x509/names/pair_reader.h"
@@ -102,7 +101,7 @@ struct Evaluation {
         char text[kAsnTimeText];
         if (fields.validity == nullptr)
             err_add_text("No Validity in cert '%s'", shown_name(certFile));
-        else if (*read_time_text(node, text) == '\0')
+        else if (*asn_time_text(node, text) == '\0')
             err_add_text("Cannot find time in cert '%s'", shown_name(certFile));
         else
             return text_result(out, nChars, text);

@@ -157,17 +157,15 @@ int Path::read_items(const char* certList) {
     return 0;
 }
 
-// What is no bundle is a list of one certificate.
+// read_single reads a bundle or one certificate, and nothing of anything else.
 int Path::read_single(const char* fileOrText) {
     DerSource source;
+    if (source.open(fileOrText) != 0)
+        return 0;
+    if (CertificateBundle bundle; bundle.open(source) == 0)
+        return read_bundle(bundle);
     AsnList certificate;
-    if (source.open(fileOrText) == 0) {
-        CertificateBundle bundle;
-        if (bundle.open(source) == 0)
-            return read_bundle(bundle);
-        x509_read_certificate(source, certificate);
-    }
-    return add(std::move(certificate));
+    return x509_read_certificate(source, certificate) == 0 ? add(std::move(certificate)) : 0;
 }
 
 int Path::read_list(const char* certList) {

@@ -178,9 +178,10 @@ def make_crafted():
         fails(f'BasicOCSPResponse: {what}', response(content), 8, 'Not a valid BasicOCSPResponse')
 
     no_time = 'Cannot find time producedAt'
-    for what, produced in (('missing', b''), ('UTCTime', tlv(0x17, b'260131123000Z')), ('without zone', time('20260131123000')),
-                           ('with an offset', time('20260131123000+0100')), ('February 30', time('20260230123000Z'))):
+    for what, produced in (('missing', b''), ('UTCTime', tlv(0x17, b'260131123000Z')), ('letters', time('jan31'))):
         fails(f'producedAt: {what}', of(SINGLE, produced=produced), 7, no_time)
+    for zone in '', '+0100':
+        says(f'zone "{zone}"', of(SINGLE, produced=time('20260131123000' + zone)), ONE)
     fails('no ResponseData', response(seq(tlv(4))), 7, no_time)
     says('fraction of a second', of(SINGLE, produced=time('20260131123000.999Z')), ONE)
     says('version and extensions', of(SINGLE, version=tlv(0xA0, tlv(2, b'\0')), responder=tlv(0xA1, seq()),
@@ -196,7 +197,7 @@ def make_crafted():
     when = tlv(0x18, b'20251231235959.5Z')
     says('revoked with a reason', of(single(tlv(0xA1, when, tlv(0xA0, tlv(10, b'\1'))))),
          PRODUCED + r'\n CertStatus=revoked at 2025-12-31T23:59:59Z\n SerialNumber=01')
-    for what, content in (('without time', b''), ('UTCTime', tlv(0x17, b'251231235959Z')), ('hour 24', time('20251231240000Z'))):
+    for what, content in (('without time', b''), ('UTCTime', tlv(0x17, b'251231235959Z')), ('letters', time('dec31'))):
         fails(f'revoked: {what}', of(single(tlv(0xA1, content))), 7, 'Cannot find revocationTime')
     fails('revoked: primitive', of(single(tlv(0x81, when))), 7, 'Cannot find revocationTime')
     for tag in (0x83, 0xBE):

@@ -556,7 +556,7 @@ basicConstraints = critical,CA:FALSE
     ours('times_1950.der', common('Old'), times=(tlv(UTC, b'500101000000Z'), tlv(GENERAL, b'99991231235959Z')))
     ours('times_bad.der', common('No times'), 'Times with an offset and without a zone',
          times=(tlv(UTC, b'200101000000+0100'), tlv(GENERAL, b'20500101000000')),
-         instead={'notBefore': '!8', 'notAfter': '!8'})
+         instead={'notBefore': '2020-01-01T00:00:00Z', 'notAfter': '2050-01-01T00:00:00Z'})
     ours('oiw.der', common('Old OID'), algorithm='sha1-oiw')
     ours('sha1_inner.der', common('Two algorithms'), algorithm='sha256', inner='sha1',
          note='The inner algorithm is not the outer one, which counts')
