@@ -1,11 +1,18 @@
 #pragma once
 #include "frame/err.h"
+#include "platform/cpu.h"
 
 namespace zul {
 
 // rng_stir hands cheap system readings to the random generator, which defines it: 0 the three cheapest,
 // 1 the fuller set.
 void rng_stir(int option);
+
+// ClearedVectors stands first in an export, so that nothing which the call has held stays in the vector
+// registers when it returns. CallFrame has one.
+struct ClearedVectors {
+    ~ClearedVectors() { cpu_clear_vectors(); }
+};
 
 // CallFrame stands at the top of every export: it empties the thread's error state and stirs entropy, and
 // its two members record a failure as the value leaves in the export's convention.
@@ -23,6 +30,9 @@ class CallFrame {
     }
     // status passes on 0 or an error code of either sign.
     int status(int result) { return err_record(result); }
+
+  private:
+    ClearedVectors cleared_;
 };
 
 } // namespace zul

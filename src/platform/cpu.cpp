@@ -35,6 +35,8 @@ static uint32_t read_features() {
         ymm = (xcr0 & 0x06) == 0x06 && (ecx & bit_AVX);
         zmm = ymm && (xcr0 & 0xE6) == 0xE6;
     }
+    if (ymm)
+        found |= kCpuAvx;
     if (!__get_cpuid_count(7, 0, &eax, &ebx, &ecx, &edx))
         return found;
     if (ebx & bit_SHA)
@@ -71,5 +73,34 @@ void cpu_mask_features(uint32_t hidden) {
     const uint32_t found = cpu_detail::detect();
     cpu_detail::features.store((found & ~hidden) | kCpuDetected, std::memory_order_relaxed);
 }
+
+#if ZUL_X86_64
+// The Windows convention preserves the low halves of the registers 6 to 15: what its callers find there is
+// their own.
+#ifdef __MINGW32__
+#define ZUL_CLEAR_LOW ".irp i,0,1,2,3,4,5\n\tpxor %xmm\\i, %xmm\\i\n\t.endr\n\t"
+#define ZUL_CLEAR_LOW_AND_HIGH ZUL_CLEAR_LOW "vzeroupper"
+#else
+#define ZUL_CLEAR_LOW ".irp i,0,1,2,3,4,5,6,7,8,9,10,11,12,13,14,15\n\tpxor %xmm\\i, %xmm\\i\n\t.endr"
+#define ZUL_CLEAR_LOW_AND_HIGH "vzeroall"
+#endif
+
+// No clobbers are declared: these are the registers that a caller of this function expects to be lost.
+void cpu_clear_vectors() {
+    if (cpu_has(kCpuAvx))
+        __asm__ volatile(ZUL_CLEAR_LOW_AND_HIGH);
+    else
+        __asm__ volatile(ZUL_CLEAR_LOW);
+    if (cpu_has(kCpuAvx512)) // a write to the low quarter of a register zeroes the rest
+        __asm__ volatile(".irp i,16,17,18,19,20,21,22,23,24,25,26,27,28,29,30,31\n\t"
+                         "vpxord %xmm\\i, %xmm\\i, %xmm\\i\n\t"
+                         ".endr\n\t"
+                         ".irp i,0,1,2,3,4,5,6,7\n\t"
+                         "kxorq %k\\i, %k\\i, %k\\i\n\t"
+                         ".endr");
+}
+#else
+void cpu_clear_vectors() {}
+#endif
 
 } // namespace zul

@@ -15,6 +15,7 @@ enum CpuFeature : uint32_t {
     kCpuVaes = 1u << 5,
     kCpuAdx = 1u << 6,
     kCpuAvx512Ifma = 1u << 7,
+    kCpuAvx = 1u << 8, // the registers alone: system libraries use them without AVX2 too
     kCpuDetected = 1u << 31,
 };
 
@@ -34,5 +35,9 @@ inline bool cpu_has(uint32_t set) {
 // cpu_mask_features hides the given features from cpu_has until it is called again; 0 shows all that the
 // processor has. For tests, so that every kernel can be reached on one machine.
 void cpu_mask_features(uint32_t hidden);
+
+// cpu_clear_vectors zeroes every vector register that a function need not preserve for its caller. Kernels,
+// and the system's functions that copy memory, leave keys and plain text there.
+void cpu_clear_vectors();
 
 } // namespace zul

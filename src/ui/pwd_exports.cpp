@@ -6,6 +6,7 @@ using namespace zul;
 
 // No call frame: a program may ask for a password on its way to reporting the error of the call before.
 int PWD_PromptEx(char* szPassword, int nPwdLen, const char* szCaption, const char* szPrompt) {
+    const ClearedVectors cleared;
     rng_stir(1);
     if (szPassword == nullptr || nPwdLen < 1)
         return -BAD_PARAM_ERROR;
