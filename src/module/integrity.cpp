@@ -5,7 +5,7 @@
 
 #include "frame/file_stream.h"
 #include "frame/wipe.h"
-#include "hash/hmac.h"
+#include "hash/sha256.h"
 
 namespace zul {
 
@@ -23,7 +23,7 @@ const volatile ModuleSeal kModuleSeal = {
 namespace {
 
 uint32_t number32(const uint8_t* bytes) {
-    return bytes[0] | bytes[1] << 8 | bytes[2] << 16 | uint32_t{bytes[3]} << 24;
+    return uint32_t{bytes[0]} | uint32_t{bytes[1]} << 8 | uint32_t{bytes[2]} << 16 | uint32_t{bytes[3]} << 24;
 }
 
 uint64_t number64(const uint8_t* bytes) {
@@ -62,18 +62,46 @@ bool read_signed_parts(const uint8_t* head, size_t size, SignedParts& parts) {
     return true;
 }
 
+// SealMac is HMAC-SHA-256 on the digest itself: the choice among all digests goes through tables, which may
+// be what is damaged.
+class SealMac {
+  public:
+    explicit SealMac(const ModuleSeal& seal) : seal_(seal) { begin(0x36); }
+    void update(const uint8_t* bytes, size_t size) { sha256_update(sha256_, bytes, size); }
+    bool is(const uint8_t (&expected)[kSha256Size]) {
+        uint8_t digest[kSha256Size];
+        sha256_final(sha256_, digest);
+        begin(0x5C);
+        update(digest, sizeof digest);
+        sha256_final(sha256_, digest);
+        return memcmp(digest, expected, sizeof digest) == 0;
+    }
+
+  private:
+    void begin(uint8_t pad) {
+        uint8_t block[64];
+        for (size_t i = 0; i < sizeof block; i++)
+            block[i] = pad ^ (i < sizeof seal_.key ? seal_.key[i] : uint8_t{0});
+        sha256_init(sha256_);
+        update(block, sizeof block);
+    }
+
+    const ModuleSeal& seal_;
+    Sha256Context sha256_{};
+};
+
 // digest_but hashes the next bytes of a file, which begin at a place, without those in the ranges.
-void digest_but(HmacContext& mac, uint64_t at, const uint8_t* bytes, size_t size, const Range (&ranges)[3]) {
+void digest_but(SealMac& mac, uint64_t at, const uint8_t* bytes, size_t size, const Range (&ranges)[3]) {
     const uint64_t end = at + size;
     uint64_t next = at;
     for (const Range& range : ranges) {
         if (range.end <= next || range.begin >= end)
             continue;
         if (range.begin > next)
-            hmac_update(mac, bytes + (next - at), static_cast<size_t>(range.begin - next));
+            mac.update(bytes + (next - at), static_cast<size_t>(range.begin - next));
         next = std::min(range.end, end);
     }
-    hmac_update(mac, bytes + (next - at), static_cast<size_t>(end - next));
+    mac.update(bytes + (next - at), static_cast<size_t>(end - next));
 }
 
 // file_matches checks an open file against a seal.
@@ -99,8 +127,7 @@ bool file_matches(platform::FileHandle file, const ModuleSeal& seal) {
     // In the order of the file: a PE file's head lies before its data.
     const Range ranges[] = {
         parts.checksum, parts.certificateEntry, {digestAt, digestAt + sizeof seal.digest}};
-    HmacContext mac;
-    hmac_init(mac, kDigestSha256, seal.key, sizeof seal.key);
+    SealMac mac(seal);
     uint64_t at = 0;
     while (size != 0 && at < sealedSize) {
         size = static_cast<size_t>(std::min<uint64_t>(size, sealedSize - at));
@@ -108,9 +135,7 @@ bool file_matches(platform::FileHandle file, const ModuleSeal& seal) {
         at += size;
         size = platform::file_read(file, portion.data(), kPortion);
     }
-    uint8_t digest[kMaxDigestSize];
-    hmac_final(mac, digest);
-    return at == sealedSize && memcmp(digest, seal.digest, sizeof seal.digest) == 0;
+    return mac.is(seal.digest) && at == sealedSize;
 }
 
 } // namespace

@@ -29,11 +29,20 @@ bool module_start(void* moduleHandle) {
 bool module_load(void* moduleHandle) {
     if (!module_start(moduleHandle))
         return false;
+    // No thread has a record yet: nothing needs the lock, on whose damaged bytes a thread could wait for
+    // ever.
+    if (!integrity_holds()) {
+        loaded = false;
+        platform::slot_destroy();
+        platform::lock_destroy();
+        return false;
+    }
     if (power_up_tests_pass() && module_thread_attach())
         return true;
     module_unload();
     return false;
 }
+
 bool module_thread_attach() {
     // Not the record itself but its being kept decides: a thread that fell back on the shared one is refused.
     thread_record(RecordPath::generator);

@@ -128,12 +128,14 @@ bool known_answers_hold() {
     return true;
 }
 
+bool integrity_holds() {
+    if (module_is_intact())
+        return true;
+    report("Software self-integrity test failed. Cryptographic services are not available", kEventIntegrity);
+    return false;
+}
+
 bool power_up_tests_pass() {
-    if (!module_is_intact()) {
-        report("Software self-integrity test failed. Cryptographic services are not available",
-               kEventIntegrity);
-        return false;
-    }
     if (!known_answers_hold()) {
         report("Failed power-up tests. Cryptographic services are not available", kEventKnownAnswers);
         return false;

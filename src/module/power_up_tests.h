@@ -3,7 +3,10 @@
 // What decides whether the module may serve anybody (after FIPS 140-2, 4.9.1).
 namespace zul {
 
-// power_up_tests_pass runs the integrity test, the known-answer tests and the generator's health check up to
+// integrity_holds is the first of the tests; a failure is reported as fatal.
+[[nodiscard]] bool integrity_holds();
+
+// power_up_tests_pass runs those that follow, the known-answer tests and the generator's health check, up to
 // the first that fails, which it reports as fatal.
 [[nodiscard]] bool power_up_tests_pass();
 
