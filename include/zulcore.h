@@ -450,7 +450,7 @@ ZUL_API int RNG_Bytes(unsigned char* lpOutput, int nBytes, const void* lpSeed, i
 
 /* RNG_BytesWithPrompt shows a dialog in which the user types at random, and moves the mouse, until enough has
  * been collected, and then fills nOutputLen (at most 65,536) random bytes. On Linux it asks in the process's
- * controlling terminal, for keys alone. szPrompt: null, or a text above the dialog's own; what the screen
+ * controlling terminal, for keys alone, and then for Return. szPrompt: null, or a text above the dialog's own; what the screen
  * does not hold is not shown.
  * nOptions: ZUL_RNG_MORE_EVENTS asks for 128 key presses, releases and moves instead of 64.
  * 0, -BAD_PARAM_ERROR (null output, negative length), -PRNG_ERR_TOOBIG, or -PRNG_ERR_NOTAVAIL: there is
@@ -490,8 +490,8 @@ ZUL_API int RNG_UpdateSeedFile(const char* szSeedFile, int nOptions);
  * process's controlling terminal (Linux). Here nPwdLen is the size of szPassword in bytes, with the NUL: a
  * longer password is cut, and 511 characters are the most. szCaption, szPrompt: null, or texts of which 127
  * characters count. The error state of the thread stays as it is. One prompt at a time in a process. While
- * it is open on Linux, signals that would end or stop the process wait for its end; after a stop the user is
- * asked anew.
+ * it is open on Linux, signals that would by default end or stop the process wait for its end; after a stop
+ * the user is asked anew.
  * Length of the password, 0 for an empty one; -1, and szPassword as it was: the user cancelled, there is
  * nobody to ask, a signal or WM_QUIT ended the prompt, its window was destroyed, or another prompt is open;
  * -BAD_PARAM_ERROR: null output, or nPwdLen below 1. */

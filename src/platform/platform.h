@@ -168,11 +168,11 @@ class EntropyEvents {
 };
 
 // entropy_dialog asks the user, below the text of prompt, to type at random (and to move the mouse) until the
-// percentage is 100: accepted or unavailable.
+// percentage is 100, and then to close it: accepted or unavailable.
 PromptEnd entropy_dialog(const char* prompt, EntropyEvents& events);
 
-// end_prompt lets go of the claim to be the only prompt, and then lets the signals that it has held back do
-// what they do: the last thing of all, since a handler of the application's may leave by longjmp.
+// end_prompt lets go of the claim to be the only prompt, and then lets the signals that it has held back end
+// or stop the process.
 void end_prompt(std::atomic<bool>& isTaken);
 
 // --- identity (identity.cpp) ---------------------------------------------------------------------------

@@ -2,12 +2,14 @@
  * back.
  *
  *   password SIZE CAPTION PROMPT
- *   interrupted SIZE CAPTION PROMPT (the same, after a prompt that longjmp or WM_QUIT has ended)
+ *   interrupted SIZE CAPTION PROMPT (the same, after a prompt that WM_QUIT has ended, or with a timer's
+ *     signal every hundredth of a second and a handler of SIGPIPE, SIGINT, SIGTSTP and SIGCONT)
  *   bytes LENGTH PROMPT OPTIONS
  *   seed FILE PROMPT OPTIONS
  *
  * "-" is a null pointer, and as PROMPT of a password it stands for PWD_Prompt. On Windows with DESKTOP in the
  * environment all this is done on a desktop of that name. */
+#define _DEFAULT_SOURCE /* signal leaves a handler in place */
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
@@ -40,21 +42,20 @@ static int interrupted(char* password) {
     return result == -1 && message.wParam == 7;
 }
 #else
-#include <setjmp.h>
 #include <signal.h>
+#include <sys/time.h>
 
-static jmp_buf back;
-
-static void jump_back(int number) {
-    longjmp(back, number);
+static void on_signal(int number) {
+    (void)number;
 }
 
 static int interrupted(char* password) {
-    signal(SIGINT, jump_back);
-    if (setjmp(back) != 0)
-        return 1;
-    PWD_Prompt(password, 100, NULL);
-    return 0;
+    static const int numbers[] = {SIGALRM, SIGPIPE, SIGINT, SIGTSTP, SIGCONT};
+    const struct itimerval timer = {{0, 10000}, {0, 10000}};
+    (void)password;
+    for (size_t i = 0; i < sizeof numbers / sizeof numbers[0]; i++)
+        signal(numbers[i], on_signal);
+    return setitimer(ITIMER_REAL, &timer, NULL) == 0;
 }
 #endif
 

@@ -118,8 +118,8 @@ class TerminalTest(unittest.TestCase):
 
     def test_stopped(self):
         # A stop by the key would be ignored: without a parent in its session the process is an orphan.
-        for what, number in ("password", signal.SIGTSTP), ("password", signal.SIGSTOP), ("interrupted", signal.SIGINT):
-            with self.subTest(number=number):
+        for what, number in ("password", signal.SIGTSTP), ("password", signal.SIGSTOP), ("interrupted", signal.SIGSTOP):
+            with self.subTest(what=what, number=number):
                 session = self.open(what, "9", "-", "-")
                 session.expect(b"Enter password: ")
                 session.type(b"half")
@@ -134,6 +134,17 @@ class TerminalTest(unittest.TestCase):
                 self.assertEqual(session.shown, b"\r\n")
                 self.assertEqual(termios.tcgetattr(session.slave), session.mode)
 
+    def test_signals_of_the_application(self):
+        session = self.open("interrupted", "9", "-", "-")
+        session.expect(b"Enter password: ")
+        session.type(b"ha")
+        for number in signal.SIGPIPE, signal.SIGINT, signal.SIGTSTP, signal.SIGCONT:
+            session.process.send_signal(number)
+            time.sleep(0.02)
+        session.type(b"lf\n")
+        self.assertEqual(session.result(), "result=4 code=0 password=[half] used=0")
+        self.assertEqual(session.shown, b"\r\n")
+
     def test_entropy(self):
         for options, events in ("0", 64), ("1", 128):
             session = self.open("bytes", "1000", "More, please", options)
@@ -142,8 +153,19 @@ class TerminalTest(unittest.TestCase):
                 self.assertFalse(session.echoes())
                 session.type(b"abcd"[count % 4:][:1])
                 session.expect(b"\r%d%%" % (100 * (count + 1) // events))
+            session.expect(b"\r\n\aPress Return to go on.")
+            session.type(b"efgh")
+            time.sleep(0.3)
+            self.assertFalse(session.echoes())
+            end = time.monotonic() + 0.1
+            session.type(b"\rrm *\r")
+            time.sleep(0.03)
+            session.type(b"ls\r")
+            inTime = time.monotonic() < end
             result = session.result()
-            self.assertEqual(session.shown, b"\r\n\a")
+            if inTime:
+                self.assertEqual(session.shown, b"\r\n")
+                self.assertEqual(select.select([session.slave], [], [], 0)[0], [])
             self.assertEqual(termios.tcgetattr(session.slave), session.mode)
             self.assertRegex(result, "^result=0 code=0 .* used=")
             self.assertGreater(int(result.split("used=")[1]), 960)
@@ -153,7 +175,7 @@ class TerminalTest(unittest.TestCase):
             path = pathlib.Path(folder, "seed")
             session = self.open("seed", str(path), "-", "0")
             session.expect(b"is reached.\r\n")
-            session.type(b"0123456789abcdef" * 4)
+            session.type(b"0123456789abcdef" * 4 + b"\r")
             self.assertEqual(session.result(), "result=0 code=0 password=[untouched] used=0 initialize=0")
             self.assertEqual((path.stat().st_size, stat.S_IMODE(path.stat().st_mode)), (64, 0o600))
 

@@ -19,27 +19,23 @@ static constexpr uint32_t bit(int number) {
     return uint32_t{1} << number;
 }
 
+// What stands for a stop that this process was not told of, because a handler of the application has the
+// signal that continues it.
+static constexpr uint32_t kModeLost = bit(0);
+
 static void note_signal(int number) {
     if (number == SIGCONT)
         arrived &= ~bit(SIGTSTP); // as the system forgets a stop that has not come about
     arrived |= bit(number);
 }
 
-// send_again lets a signal do what it would have done before. To this thread, for which it is then over as
-// soon as the function returns. If it blocks the signal another thread has received it, and is the one that
-// the application's handler expects; a stop or an end is the same from every thread.
+// send_again lets a signal stop or end the process. To this thread, for which it is then over as soon as the
+// function returns, also if the thread blocks the signal.
 static void send_again(int number) {
-    struct sigaction action {};
     sigset_t mask, own;
-    sigaction(number, nullptr, &action);
-    pthread_sigmask(SIG_BLOCK, nullptr, &mask);
-    if (action.sa_handler != SIG_DFL && sigismember(&mask, number) == 1) {
-        kill(getpid(), number);
-        return;
-    }
     sigemptyset(&own);
     sigaddset(&own, number);
-    pthread_sigmask(SIG_UNBLOCK, &own, nullptr);
+    pthread_sigmask(SIG_UNBLOCK, &own, &mask);
     raise(number);
     pthread_sigmask(SIG_SETMASK, &mask, nullptr);
 }
@@ -54,7 +50,7 @@ static void send_again_all(uint32_t signals) {
 void end_prompt(std::atomic<bool>& isTaken) {
     const uint32_t signals = arrived.exchange(0);
     isTaken = false;
-    send_again_all(signals); // a handler need not return
+    send_again_all(signals);
 }
 
 // Without blocking: a signal discards what has been typed, and one that arrived between a poll and its read
@@ -74,8 +70,9 @@ Terminal::~Terminal() {
     pthread_setcancelstate(cancelState_, nullptr);
 }
 
-// A signal that the process ignores stays ignored. SIGTTIN and SIGTTOU are not among them: they stop a
-// process whose terminal is another's already.
+// A signal that the application ignores or handles stays so: its timers and broken pipes are no end of the
+// prompt. SIGTTIN and SIGTTOU are not among the signals: they stop a process whose terminal is another's
+// already.
 void Terminal::catch_signals() {
     struct sigaction action {};
     action.sa_handler = note_signal;
@@ -83,13 +80,15 @@ void Terminal::catch_signals() {
     sigfillset(&action.sa_mask);
     for (size_t i = 0; i < kSignalCount; i++) {
         isCaught_[i] = sigaction(kSignals[i], nullptr, &handlers_[i]) == 0 &&
-                       handlers_[i].sa_handler != SIG_IGN && sigaction(kSignals[i], &action, nullptr) == 0;
+                       (handlers_[i].sa_flags & SA_SIGINFO) == 0 && handlers_[i].sa_handler == SIG_DFL &&
+                       sigaction(kSignals[i], &action, nullptr) == 0;
     }
 }
 
 void Terminal::restore_signals() {
     for (size_t i = 0; i < kSignalCount; i++) {
-        if (isCaught_[i])
+        struct sigaction now {};
+        if (isCaught_[i] && sigaction(kSignals[i], nullptr, &now) == 0 && now.sa_handler == note_signal)
             sigaction(kSignals[i], &handlers_[i], nullptr);
     }
 }
@@ -101,6 +100,11 @@ bool Terminal::set_mode(const termios& mode) {
         result = tcsetattr(fd_, TCSANOW, &mode);
     while (result != 0 && errno == EINTR);
     return result == 0;
+}
+
+bool Terminal::echoes() const {
+    termios mode{};
+    return tcgetattr(fd_, &mode) == 0 && (mode.c_lflag & ECHO) != 0;
 }
 
 bool Terminal::is_ours() const {
@@ -132,7 +136,7 @@ bool Terminal::enter(Reading reading) {
     }
     catch_signals();
     entered_ = true;
-    return set_mode(mode);
+    return set_mode(mode) && !echoes();
 }
 
 void Terminal::leave(bool keepInput) {
@@ -148,16 +152,17 @@ void Terminal::leave(bool keepInput) {
 
 bool Terminal::pause() {
     const uint32_t signals = arrived;
-    if (signals == 0 || (signals & ~(bit(SIGTSTP) | bit(SIGCONT))) != 0)
+    if (signals == 0 || (signals & ~(bit(SIGTSTP) | bit(SIGCONT) | kModeLost)) != 0)
         return false;
     send_again_all(arrived.exchange(0));
     return true;
 }
 
+static constexpr int kPiece = 100; // milliseconds
+
 // wait_for waits for the terminal to be ready, a while at most: a signal that another thread receives does
 // not interrupt the wait. False if it cannot be waited for.
 static bool wait_for(int fd, short what) {
-    constexpr int kPiece = 100; // milliseconds
     pollfd ready{fd, what, 0};
     return poll(&ready, 1, kPiece) >= 0 || errno == EINTR;
 }
@@ -171,7 +176,11 @@ Terminal::Input Terminal::read(uint8_t* byte) {
         if (!wait_for(fd_, POLLIN))
             return Input::failed;
         if (arrived != 0)
-            break; // before the read: it would stop a process that has lost the terminal
+            break;      // before the read: it would stop a process that has lost the terminal
+        if (echoes()) { // the process was stopped, and the shell has put the terminal right
+            arrived |= kModeLost;
+            break;
+        }
         const ssize_t got = ::read(fd_, byte, 1);
         if (is_to_be_repeated(got))
             continue;
@@ -180,6 +189,13 @@ Terminal::Input Terminal::read(uint8_t* byte) {
         return got == 0 ? Input::end : Input::byte;
     }
     return Input::signalled;
+}
+
+void Terminal::drain() {
+    uint8_t byte;
+    pollfd ready{fd_, POLLIN, 0};
+    while (arrived == 0 && poll(&ready, 1, kPiece) > 0 && read(&byte) == Input::byte)
+        continue;
 }
 
 void Terminal::write(const char* text, size_t size) {

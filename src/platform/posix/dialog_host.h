@@ -11,9 +11,10 @@ constexpr size_t kSignalCount = sizeof kSignals / sizeof kSignals[0];
 
 // Terminal is the process's controlling terminal while the user is being asked, whatever standard input is.
 //
-// Between enter and leave the terminal's mode is changed, and the signals that would end or stop the process
-// are caught and held back, until pause or end_prompt sends them again: by then the terminal is right again.
-// A thread is not cancelled while it has one.
+// Between enter and leave the terminal's mode is changed, and the signals whose default would end or stop the
+// process are caught and held back, until pause or end_prompt sends them again: by then the terminal is right
+// again. Signals that the application handles or ignores are its own: a handler runs at once, and has to
+// return. A thread is not cancelled while it has one.
 class Terminal {
   public:
     enum class Reading { lines, bytes };
@@ -37,6 +38,8 @@ class Terminal {
 
     // read waits for one byte; signalled: leave is due.
     Input read(uint8_t* byte);
+    // drain reads and drops what is still being typed, until nothing comes for a tenth of a second.
+    void drain();
     // write stops at what cannot be written; write_text shows a text of others: control characters but line
     // ends become "?".
     void write(const char* text, size_t size);
@@ -46,6 +49,7 @@ class Terminal {
   private:
     void catch_signals();
     void restore_signals();
+    bool echoes() const;
     bool is_ours() const;
     bool set_mode(const termios& mode);
 

@@ -20,9 +20,23 @@ static Terminal::Input collect(Terminal& terminal, EntropyEvents& events, int* p
     return input;
 }
 
+// confirm has the user press Return, and drops what else is typed: a user who is still typing at random would
+// type the rest into the shell.
+static bool confirm(Terminal& terminal, EntropyEvents& events) {
+    terminal.write("\n\aPress Return to go on.");
+    uint8_t byte = 0;
+    while (byte != '\n') {
+        if (terminal.read(&byte) != Terminal::Input::byte)
+            return false;
+        events.key(byte);
+    }
+    terminal.drain();
+    return true;
+}
+
 PromptEnd entropy_dialog(const char* prompt, EntropyEvents& events) {
     Terminal terminal;
-    bool again = terminal.is_open();
+    bool again = terminal.is_open(), isConfirmed = false;
     int percentage = 0;
     while (again) {
         if (!terminal.enter(Terminal::Reading::bytes))
@@ -32,12 +46,13 @@ PromptEnd entropy_dialog(const char* prompt, EntropyEvents& events) {
             terminal.write("\n");
         }
         terminal.write(kMessage);
-        const bool complete = collect(terminal, events, &percentage) == Terminal::Input::byte;
-        terminal.write(complete ? "\n\a" : "\n");
+        isConfirmed =
+            collect(terminal, events, &percentage) == Terminal::Input::byte && confirm(terminal, events);
+        terminal.write("\n");
         terminal.leave(false);
-        again = !complete && terminal.pause();
+        again = !isConfirmed && terminal.pause();
     }
-    return percentage >= 100 ? PromptEnd::accepted : PromptEnd::unavailable;
+    return isConfirmed ? PromptEnd::accepted : PromptEnd::unavailable;
 }
 
 } // namespace zul::platform
