@@ -110,7 +110,7 @@ uint64_t system_time(); // 100-nanosecond units since 1601-01-01 UTC
 // nothing done, if the system cannot.
 bool local_time_normalise(tm* time);
 uint32_t tick_count();               // milliseconds since start-up, wrapping
-uint64_t precise_ticks();            // of the finest clock that there is, from any beginning, in any unit
+uint64_t precise_ticks();            // of the finest clock; its origin and unit are not specified
 bool free_clusters(uint32_t* count); // of the current disk
 
 // A system structure as raw bytes, for condensation. The length used, 0 if the reading failed.
@@ -150,7 +150,7 @@ void console_close();
 enum class PromptEnd {
     accepted,
     cancelled,
-    unavailable, // nobody can be asked, or the dialog has come to its end by force
+    unavailable, // nobody can be asked, or the dialog was destroyed
 };
 
 // password_dialog asks for a text that does not show: at most size-1 characters and a NUL. An empty caption

@@ -12,13 +12,13 @@ namespace zul {
 
 namespace {
 
-// Everything in here is touched under the lock only, and nothing is called under it that takes long.
+// Used under the process lock only. Nothing slow is called while it is held.
 struct Accumulator {
     EntropyPools pools;
     bool ready;
     bool personalised;
     uint32_t personalisation;
-    uint32_t personalisedGeneration; // of forked processes, each of which starts its own count
+    uint32_t personalisedGeneration; // each forked process starts its own count
 } accumulator;
 
 EntropyPools& pools() {
@@ -60,7 +60,8 @@ void stage_readings(RngState& state) {
         enter_staged(state);
     }
     const uint32_t ticks = platform::tick_count();
-    // The memory status can be a system call, far dearer than the clocks; within one tick it says little new.
+    // The memory status can be a system call, which costs far more than the clocks. It changes little within
+    // one tick.
     if (ticks != state.memoryTicks) {
         state.memory = condensed_memory();
         state.memoryTicks = ticks;
@@ -93,7 +94,7 @@ void digest_piece(void* context, const void* data, size_t size) {
     sha1_update(*static_cast<Sha1Context*>(context), data, size);
 }
 
-// read_slowly takes the readings that cost files and system calls; within one tick they say little new.
+// read_slowly takes the readings that need files and system calls. They change little within one tick.
 void read_slowly(SlowReadings& slow) {
     const uint32_t ticks = platform::tick_count();
     if (slow.taken && slow.ticks == ticks)
@@ -128,7 +129,7 @@ void read_fully(SlowReadings& slow, EventList& list) {
     if (platform::system_random(random.data(), random.size()))
         list.add(EntropySource::system, random.data(), random.size());
 
-    // The time that all this took is itself worth a reading.
+    // The time that these readings took varies, so it is an event too.
     uint32_t value = static_cast<uint32_t>(platform::system_time());
     list.add(EntropySource::time, &value, sizeof value);
     value = platform::tick_count();

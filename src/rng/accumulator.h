@@ -8,15 +8,15 @@
 
 // The process's entropy pools behind the process-wide lock, and the readings that feed them (rng_stir).
 //
-// Every call into the library stirs, so a stir takes no lock: the thread keeps the readings of its last 256
-// calls in its own state and enters them together when that room is full, before it gathers, with a fuller
-// stir and at its end. Entering them visits every pool, whose memory another processor may have had last: in
-// batches that costs a call a few nanoseconds, one by one it would make two threads slower than one. What a
-// thread holds back is never missing from its own seed, for which it is entered first.
+// Every call into the library stirs, so a cheap stir takes no lock. The thread stages the readings of its
+// last 256 calls in its own state. It enters them together: when the state is full, before it gathers, with a
+// fuller stir and at its end. Entering visits every pool, whose memory may be in another processor's cache: a
+// batch costs a few nanoseconds per call, single entries would make two threads slower than one. A thread's
+// own readings are always entered before it is seeded.
 namespace zul {
 
-// OwnGenerator is the calling thread's generator while it is in use: where memory ran out it is shared, and
-// locked for so long.
+// OwnGenerator gives the calling thread's generator. The one that threads share after memory ran out stays
+// locked until the object's end.
 class OwnGenerator {
   public:
     OwnGenerator() : state_(*rng_state()), isShared_(is_shared(&state_)) {
@@ -36,14 +36,14 @@ class OwnGenerator {
     const bool isShared_;
 };
 
-// accumulator_stir is rng_stir for a generator that the caller has already.
+// accumulator_stir is rng_stir for a caller that holds the OwnGenerator.
 void accumulator_stir(RngState& state, int option);
 
-// accumulator_gather enters what the thread holds back and drains the pools if a reseed is due or forced; the
-// bytes written, 0 if it is not due.
+// accumulator_gather enters the staged readings and drains the pools if a reseed is due or forced. It returns
+// the number of bytes written, 0 if no reseed is due.
 size_t accumulator_gather(RngState& state, bool force, uint8_t out[EntropyPools::kMaxYield]);
 
-// next_personalisation gives a number that no other instantiation of this process has.
+// next_personalisation returns a different number for each instantiation in this process.
 uint32_t next_personalisation();
 
 } // namespace zul

@@ -11,7 +11,7 @@ namespace zul {
 
 namespace {
 
-// Report writes lines to a file; what went wrong shows in FileWriter::finish.
+// Report writes lines to a file. FileWriter::finish reports a failed write.
 class Report {
   public:
     explicit Report(FileWriter& file) : file_(file) {}
@@ -42,7 +42,7 @@ class Report {
     FileWriter& file_;
 };
 
-// In whole numbers, since the decimal point of printf is the application's choice.
+// Whole numbers: printf takes its decimal point from the application's locale.
 struct Hundredths {
     explicit Hundredths(int tenThousandths)
         : whole((tenThousandths + 50) / 10000), part((tenThousandths + 50) / 100 % 100) {}

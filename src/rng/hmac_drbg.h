@@ -6,13 +6,13 @@
 #include "frame/rng_state.h"
 
 // HMAC_DRBG with SHA-1 (NIST SP 800-90A, 10.1.2), as operations on a plain state: no clock, no pools, no
-// tests. The callers see to it that the state is seeded and not overused.
+// tests. The caller seeds and reseeds the state in time.
 namespace zul {
 
 using Bytes = std::span<const uint8_t>;
 
-// AdditionalInput is what a caller adds to a request. Only its first 20 bytes count, in every use of it; a
-// null pointer is none.
+// AdditionalInput is what a caller adds to a request. Only its first 20 bytes count. A null pointer
+// stands for no input.
 class AdditionalInput {
   public:
     static constexpr size_t kMaxSize = 20;

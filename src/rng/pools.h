@@ -6,7 +6,7 @@
 
 namespace zul {
 
-// Where an event comes from; the number is part of what the pools take in.
+// The source of an event. Its number is part of the event.
 enum class EntropySource : uint8_t {
     time = 0,
     ticks = 1,
@@ -20,7 +20,7 @@ enum class EntropySource : uint8_t {
 
 // EntropyPools collects events in 32 running SHA-1 digests and hands them out on Fortuna's schedule: pool i
 // at every 2^i-th reseed, so that some pools gather long enough to recover from a state that became known.
-// Not safe for threads: the accumulator guards the one that the process has.
+// Not safe for threads: the accumulator guards the process's pools with a lock.
 class EntropyPools {
   public:
     static constexpr unsigned kPools = 32;
@@ -59,8 +59,8 @@ class EntropyPools {
 // differ count as 10 seconds apart, negative if the clock went back.
 int64_t elapsed_milliseconds(uint64_t from, uint64_t to);
 
-// reseed_is_due is the rule for a reseed that nobody forces. A clock that was set back counts as one that has
-// moved on, so that it cannot hold off reseeds until it has caught up.
+// reseed_is_due is the rule for a reseed that is not forced. A clock that was set back counts as one that
+// moved forward, so that it cannot delay reseeds.
 bool reseed_is_due(uint32_t reseedCount, uint64_t poolZeroBytes, uint64_t lastReseed, uint64_t now);
 
 } // namespace zul

@@ -40,7 +40,7 @@ int rng_bytes(uint8_t* out, size_t len, const uint8_t* addl, size_t addlLen) {
 int rng_number(int lower, int upper) {
     if (upper <= lower)
         return lower;
-    // Wraps to 0 for the full range, which like every range of 32 bits has the mask 0.
+    // The full range wraps to 0. A range of 32 bits has the mask 0.
     const uint32_t range = static_cast<uint32_t>(upper) - static_cast<uint32_t>(lower) + 1;
     const uint32_t mask = (uint32_t{1} << std::bit_width(range) % 32) - 1;
     if (mask == 0)

@@ -9,7 +9,7 @@
 namespace zul {
 
 constexpr size_t kMaxRandomRequest = 65536;
-constexpr size_t kSystemRandom = 32; // bytes of the operating system's own, whenever they are mixed in
+constexpr size_t kSystemRandom = 32; // bytes of the operating system's generator for each seed
 
 // rng_bytes fills out with len random bytes of the calling thread's generator. addl is additional input, of
 // which the first 20 bytes count; it may be null. 0, PRNG_ERR_TOOBIG (above 65,536 bytes) or
@@ -21,8 +21,7 @@ constexpr size_t kSystemRandom = 32; // bytes of the operating system's own, whe
 // all 32 bits. A generator that fails ends the process (rng_fail).
 int rng_number(int lower, int upper);
 
-// rng_fail is for those who cannot go on without random bytes: the fatal report, then the end of the process
-// with status 1.
+// rng_fail reports a generator that failed and ends the process with status 1.
 [[noreturn]] void rng_fail();
 
 // rng_add_event adds an event, cut to 32 bytes, to the process's entropy pools.
@@ -31,7 +30,7 @@ void rng_add_event(EntropySource source, const void* data, size_t size);
 // rng_health_check runs the generator's known-answer test: 0 or PRNG_ERR_CATASTROPHIC.
 [[nodiscard]] int rng_health_check();
 
-// rng_release_thread enters what the thread still holds back into the pools and wipes its state.
+// rng_release_thread enters the thread's staged readings into the pools and wipes its state.
 void rng_release_thread(RngState& state);
 
 // rng_reset_pools wipes the process's pools, for unloading; a later event starts new ones.

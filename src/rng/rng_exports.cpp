@@ -6,7 +6,7 @@
 
 using namespace zul;
 
-// A refused request shows in the result alone, as callers that try a size expect; nothing is recorded.
+// A refused request is not recorded: callers that try a size look at the result alone.
 int RNG_Bytes(unsigned char* lpOutput, int nBytes, const void* lpSeed, int nSeedLen) {
     const CallFrame frame;
     if (lpOutput == nullptr || nBytes < 0 || nSeedLen < 0)
@@ -34,7 +34,7 @@ int RNG_Initialize(const char* szSeedFile, int) {
     return frame.length(szSeedFile == nullptr ? -PRNG_ERR_BADPARAM : -seed_file_update(szSeedFile));
 }
 
-// A missing name is not recorded here: a program without a seed file may call all the same.
+// A missing name is not recorded: programs without a seed file call this function too.
 int RNG_UpdateSeedFile(const char* szSeedFile, int) {
     CallFrame frame(1);
     if (szSeedFile == nullptr || szSeedFile[0] == '\0')

@@ -39,7 +39,7 @@ int renew(RngState& state, platform::FileHandle file) {
         return PRNG_ERR_FILE_LOCK;
 
     Secret<kSeedSize> seed;
-    // A pipe, which has no length, would be waited for; a device gives the same bytes to everybody.
+    // Reading a pipe could block, and a device gives everybody the same bytes; neither has a length.
     if (platform::file_length(file) < 0 || platform::file_read(file, seed.data(), kSeedSize) != kSeedSize)
         return PRNG_ERR_FILE_READ;
 
@@ -79,9 +79,9 @@ int seed_file_make(const char* path, const uint8_t* additional, size_t size) {
     bool written = false;
     {
         const SeedLock lock(file.handle());
-        if (!lock.held()) // it is another's, who is about to fill it again
+        if (!lock.held()) // another process is about to write it
             return PRNG_ERR_FILE_LOCK;
-        platform::file_make_private(file.handle()); // one that was there has other rights
+        platform::file_make_private(file.handle()); // an existing file may have other rights
         written = write_seed(file.handle(), seed);
     }
     if (file.close() && written)

@@ -13,8 +13,8 @@ constexpr size_t kSeedSize = 64;
 [[nodiscard]] int seed_file_update(const char* path);
 
 // seed_file_make writes a new seed file, of bytes generated with additional input (of which 20 bytes count);
-// the file is its owner's alone, also one that was there before. 0, PRNG_ERR_FILE_CREATE, _LOCK,
-// _WRITE (the file is then removed) or PRNG_ERR_CATASTROPHIC.
+// an existing one is overwritten. Only the file's owner may read it afterwards. 0, PRNG_ERR_FILE_CREATE,
+// _LOCK, _WRITE (the file is then removed) or PRNG_ERR_CATASTROPHIC.
 [[nodiscard]] int seed_file_make(const char* path, const uint8_t* additional, size_t size);
 
 } // namespace zul

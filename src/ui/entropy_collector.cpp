@@ -6,7 +6,7 @@
 namespace zul {
 
 static constexpr uint32_t kMinMoveInterval = 100; // milliseconds
-static constexpr uint32_t kMoveCode = 0xFFFFFFFF; // which is no key's
+static constexpr uint32_t kMoveCode = 0xFFFFFFFF; // no key has this code
 
 EntropyCollector::~EntropyCollector() {
     wipe_bytes(&all_, sizeof all_);
@@ -34,7 +34,7 @@ int EntropyCollector::key(uint32_t code) {
 
 int EntropyCollector::mouse(int32_t x, int32_t y, uint32_t tick) {
     const bool moved = hasPlace_ && (x != x_ || y != y_);
-    if (!hasPlace_) { // where it is, not yet that it has moved
+    if (!hasPlace_) { // the first position is no move
         hasPlace_ = true;
         x_ = x;
         y_ = y;

@@ -10,10 +10,10 @@ namespace zul {
 
 static constexpr unsigned kEvents = 64;
 static constexpr unsigned kMoreEvents = 128;
-static constexpr uint32_t kDelay = 500; // milliseconds, in which the keys that led here are let go
+static constexpr uint32_t kDelay = 500; // milliseconds, for the user to release the keys that led here
 
 int rng_bytes_with_prompt(uint8_t* out, size_t size, const char* prompt, int options) {
-    platform::thread_sleep(kDelay); // before the claim: a thread may come to its end here
+    platform::thread_sleep(kDelay); // before the claim, since a thread can be cancelled here
     const PromptClaim claim;
     if (!claim.held())
         return PRNG_ERR_NOTAVAIL;
@@ -21,7 +21,7 @@ int rng_bytes_with_prompt(uint8_t* out, size_t size, const char* prompt, int opt
     if (platform::entropy_dialog(prompt != nullptr ? prompt : "", events) != platform::PromptEnd::accepted)
         return PRNG_ERR_NOTAVAIL;
 
-    // The schedule of the pools keeps most of the events for later reseeds; these bytes have all of them.
+    // The pools keep most events for later reseeds, so the digest of all events is an additional input.
     Secret<kSha1Size> all;
     events.digest(all.data());
     if (rng_bytes(out, size, all.data(), all.size()) != 0)

@@ -14,7 +14,7 @@ namespace {
 constexpr int kTextSize = 128;
 constexpr int kPasswordSize = 512;
 
-// The module's own buffers, for the one prompt at a time.
+// The buffers of the one open prompt.
 struct PromptBuffers {
     char caption[kTextSize];
     char label[kTextSize];

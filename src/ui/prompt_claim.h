@@ -4,8 +4,8 @@
 namespace zul {
 
 // PromptClaim is the right to ask the user, which one thread has at a time: two prompts would share a
-// terminal and the module's buffers. A second one, of another thread or out of messages that the first one
-// dispatches, is refused.
+// terminal and the module's buffers. A second claim is refused: of another thread, or made by a message
+// that the first prompt dispatches.
 class PromptClaim {
   public:
     PromptClaim() : held_(!taken_.exchange(true)) {}

@@ -4,7 +4,7 @@
 
 using namespace zul;
 
-// No call frame: a program may ask for a password on its way to reporting the error of the call before.
+// No call frame: the error state of the call before stays, which a program may report after the prompt.
 int PWD_PromptEx(char* szPassword, int nPwdLen, const char* szCaption, const char* szPrompt) {
     const ClearedVectors cleared;
     rng_stir(1);

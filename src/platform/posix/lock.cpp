@@ -7,13 +7,13 @@
 
 namespace zul::platform {
 
-// Adaptive: the locks guard a few dozen nanoseconds of work, for which a short spin beats a sleep.
+// Adaptive: a short spin costs less than a sleep, because the locks are held for some dozen nanoseconds.
 static pthread_mutex_t mutexes[] = {PTHREAD_ADAPTIVE_MUTEX_INITIALIZER_NP,
                                     PTHREAD_ADAPTIVE_MUTEX_INITIALIZER_NP};
 static std::atomic<uint32_t> generation{0};
 
-// The thread that is forking and holds all locks, 0 if there is none: the same in parent and child. Handlers
-// of a fork that were registered before this library's run while it holds them, and may call the library.
+// The thread that is forking and holds all locks, or 0; it has the same number in parent and child. Handlers
+// that were registered before this library's run while it holds the locks, and they may call the library.
 static std::atomic<pthread_t> forker{0};
 static pid_t forkerProcess;
 
@@ -21,8 +21,8 @@ static bool is_forker() {
     return forker.load(std::memory_order_relaxed) == pthread_self();
 }
 
-// In a page that the system hands zeroed to every child, also where no handler is called (_Fork, clone); null
-// if it cannot.
+// In a page that is zero in every child, also where no handler is called (_Fork, clone). Null if the system
+// has no such pages.
 static std::atomic<uint32_t>* isKnownProcess;
 
 static std::atomic<uint32_t>* make_mark() {

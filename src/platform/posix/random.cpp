@@ -25,7 +25,7 @@ static bool read_all(uint8_t* out, size_t size, Reader reader) {
     return true;
 }
 
-// In a changed root directory the name may be another file's.
+// Under another root directory the name may belong to another file.
 static bool is_random_device(int fd) {
     struct stat status {};
     return fstat(fd, &status) == 0 && S_ISCHR(status.st_mode) && status.st_rdev == makedev(1, 9);

@@ -29,7 +29,7 @@ bool option_text(const char* name, char* out, size_t size) {
         return false;
     bool found = false;
     char line[1024];
-    bool isBegin = true; // of a line; what does not fit is none
+    bool isBegin = true; // of a line; the rest of a line that is too long is not one
     while (fgets(line, sizeof line, file) != nullptr) {
         const bool wasBegin = isBegin;
         isBegin = strchr(line, '\n') != nullptr;
@@ -42,7 +42,7 @@ bool option_text(const char* name, char* out, size_t size) {
         if (strcasecmp(trim(line), name) != 0)
             continue;
         const char* value = trim(equals + 1);
-        found = strlen(value) < size; // one that does not fit is unreadable: half a path names another place
+        found = strlen(value) < size; // a cut path would name another place
         if (found)
             snprintf(out, size, "%s", value);
         break;

@@ -13,8 +13,8 @@ namespace {
 constexpr DWORD kQuiet = 500; // milliseconds without a key, after which keys may press OK
 constexpr uint32_t kReleased = 0x10000;
 
-// load_progress_bar loads the system's library of such controls, which as an import of the module would make
-// every process start later that never shows a dialog. Null if it cannot.
+// load_progress_bar loads the system's library of common controls. It is not imported, because that would
+// delay the start of every process that uses the module. Null if it cannot be loaded.
 HMODULE load_progress_bar() {
     using Start = BOOL(WINAPI*)(const INITCOMMONCONTROLSEX*);
     const HMODULE controls = LoadLibraryExA("comctl32.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
@@ -94,7 +94,7 @@ INT_PTR CALLBACK EntropyWindow::on_message(HWND dialog, UINT message, WPARAM par
         self->closed_ = true;
     if (message == WM_DESTROY)
         self->dialog_ = nullptr;
-    if (self->closed_ || self->dialog_ == nullptr) // somebody else may have sent this: the loop has to notice
+    if (self->closed_ || self->dialog_ == nullptr) // another thread may have sent this: wake the loop
         PostThreadMessageA(GetCurrentThreadId(), WM_NULL, 0, 0);
     return closes;
 }

@@ -16,7 +16,7 @@ static HANDLE system_handle(FileHandle file) {
     return reinterpret_cast<HANDLE>(_get_osfhandle(descriptor(file)));
 }
 
-// The mark is asked for by itself: an emulated system whose user may write everything would not heed it.
+// Asked for explicitly: an emulated system whose user may write everything ignores the mark.
 static bool is_marked_read_only(const char* path) {
     const DWORD attributes = GetFileAttributesA(path);
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;

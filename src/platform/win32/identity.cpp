@@ -9,7 +9,7 @@
 namespace zul::platform {
 
 static HMODULE moduleHandle_;
-static wchar_t modulePath_[32768]; // the longest that there is; too long for the stack of a thread
+static wchar_t modulePath_[32768]; // the longest possible path; too long for a thread's stack
 
 uint32_t process_id() {
     return GetCurrentProcessId();
@@ -59,7 +59,7 @@ size_t module_path(char* out, size_t size) {
     return file_of(moduleHandle_, out, size);
 }
 
-// In wide characters, because the code page need not have those of the path.
+// Wide characters: the path may have characters that the code page lacks.
 FileHandle module_file() {
     const int fd = _wopen(modulePath_, _O_RDONLY | _O_BINARY | _O_NOINHERIT);
     return fd < 0 ? kNoFile : fd;

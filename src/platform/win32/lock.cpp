@@ -11,7 +11,7 @@ static CRITICAL_SECTION* section(Lock lock) {
 }
 
 void lock_create() {
-    // The locks guard a few dozen nanoseconds of work, for which a short spin beats a sleep.
+    // A short spin costs less than a sleep, because the locks are held for some dozen nanoseconds.
     for (CRITICAL_SECTION& each : sections)
         InitializeCriticalSectionAndSpinCount(&each, 1000);
 }

@@ -15,7 +15,7 @@ struct PasswordRequest {
     const char* label;
     char* password;
     size_t size;
-    PromptEnd end; // what the dialog gives back need not be what its user did
+    PromptEnd end; // DialogBoxParam's own result may differ from what the user did
 };
 
 // fill_and_clear overwrites an edit field's memory, its text's and that with which a deletion is undone, with
@@ -53,7 +53,7 @@ INT_PTR CALLBACK on_message(HWND dialog, UINT message, WPARAM parameter, LPARAM 
     auto* to = reinterpret_cast<PasswordRequest*>(GetWindowLongPtrA(dialog, DWLP_USER));
     if (message == WM_DESTROY) {
         fill_and_clear(GetDlgItem(dialog, ZUL_PASSWORD_EDIT));
-        // It may be somebody else's doing, which the dialog's loop has to notice.
+        // Another thread or program may have sent this, so the dialog's loop has to be woken.
         PostThreadMessageA(GetCurrentThreadId(), WM_NULL, 0, 0);
     }
     const WORD control = LOWORD(parameter);
@@ -77,7 +77,7 @@ PromptEnd password_dialog(const char* caption, const char* label, char* password
     const bool wasEnabled = owner != nullptr && IsWindowEnabled(owner);
     DialogBoxParamA(module_handle(), "PWDDIALOG", owner, on_message, reinterpret_cast<LPARAM>(&request));
     if (wasEnabled && IsWindow(owner))
-        EnableWindow(owner, TRUE); // which a dialog that WM_QUIT has ended may leave out
+        EnableWindow(owner, TRUE); // a dialog that WM_QUIT ended may not have done it
     return request.end;
 }
 

@@ -7,7 +7,7 @@ namespace zul::platform {
 
 static std::atomic<DWORD> slotIndex{TLS_OUT_OF_INDEXES};
 
-// The loader itself tells of the end of a thread (load.cpp), so the slot needs no callback.
+// The loader reports the end of a thread (load.cpp), so the slot needs no callback.
 bool slot_create(void (*)(void* value)) {
     if (slotIndex == TLS_OUT_OF_INDEXES)
         slotIndex = TlsAlloc();
