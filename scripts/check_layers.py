@@ -96,15 +96,17 @@ def main():
         count += 1
     for path in sorted((root / "tools").rglob("*")):
         if path.suffix in (".h", ".cpp"):
-            if path.parent.name == "zul":
+            if "zul" in path.parts:
                 check_tool(path)
-            basenames[path.name].append(path.relative_to(root))
+            if path.parent.name not in ("posix", "win32"):
+                basenames[path.name].append(path.relative_to(root))
     for name, places in basenames.items():
         if len(places) > 1:
             failures.append(f"{name} is the name of {len(places)} files: {', '.join(map(str, places))}")
-    mirror = [{p.name for p in (root / "src/platform" / system).glob("*.cpp")} for system in ("posix", "win32")]
-    for name in sorted(mirror[0] ^ mirror[1]):
-        failures.append(f"src/platform: {name} is not in both posix and win32")
+    for folder in ("src/platform", "tools/zul"):
+        mirror = [{p.name for p in (root / folder / system).glob("*.cpp")} for system in ("posix", "win32")]
+        for name in sorted(mirror[0] ^ mirror[1]):
+            failures.append(f"{folder}: {name} is not in both posix and win32")
 
     for failure in failures:
         print(failure)

@@ -1,6 +1,8 @@
+#include "algorithms.h"
+
 #include <cctype>
 
-#include "zul_tool.h"
+#include "failures.h"
 
 namespace tool {
 

@@ -1,8 +1,11 @@
+#include "armour.h"
+
 #include <algorithm>
 #include <cctype>
 #include <utility>
 
-#include "zul_tool.h"
+#include "failures.h"
+#include "secret_bytes.h"
 
 namespace tool {
 
@@ -25,11 +28,25 @@ void pem_body(SecretBytes& text, const std::string& name) {
                              "No text between -----BEGIN ...----- and -----END ...----- found.");
 }
 
+// take_url_alphabet turns base64url (RFC 4648, 5) into base64, with the padding that it may lack.
+static void take_url_alphabet(SecretBytes& text, const std::string& name) {
+    const std::string_view all(as_text(text), text.size());
+    if (all.find_first_of("-_") == all.npos)
+        return;
+    if (all.find_first_of("+/") != all.npos)
+        throw Refused::by_system(BAD_FORMAT_ERROR, name,
+                                 "It mixes base64 (+ and /) with base64url (- and _).");
+    std::replace(text.begin(), text.end(), '-', '+');
+    std::replace(text.begin(), text.end(), '_', '/');
+}
+
 SecretBytes decode_text(SecretBytes text, bool isHex, const std::string& name) {
     if (std::find(text.begin(), text.end(), 0) != text.end())
         throw Refused::by_system(BAD_FORMAT_ERROR, name, "The input holds zero bytes: it is not text.");
     SecretBytes bytes(text.size() / 4 * 3 + 4); // enough for hex too
     text.push_back('\0');
+    if (!isHex)
+        take_url_alphabet(text, name);
     const auto decoder = isHex ? CNV_BytesFromHexStr : CNV_BytesFromB64Str;
     const int length = decoder(bytes.data(), int_length(bytes), reinterpret_cast<const char*>(text.data()));
     bytes.resize(static_cast<size_t>(accept_length(length, name)));
@@ -55,7 +72,8 @@ SecretBytes binary_content(SecretBytes content, const std::string& name) {
         return decode_text(std::move(content), false, name);
     }
     const bool isText = !content.empty() && std::all_of(content.begin(), content.end(), [](unsigned char c) {
-        return std::isalnum(c) != 0 || std::isspace(c) != 0 || c == '+' || c == '/' || c == '=';
+        return std::isalnum(c) != 0 || std::isspace(c) != 0 ||
+               std::string_view("+/=-_").find(static_cast<char>(c)) != std::string_view::npos;
     });
     return isText ? decode_text(std::move(content), false, name) : content;
 }

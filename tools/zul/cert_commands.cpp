@@ -3,6 +3,8 @@
 #include <memory>
 
 #include "certificates.h"
+#include "commands.h"
+#include "streams.h"
 
 namespace tool {
 
@@ -97,7 +99,7 @@ struct ThumbCommand {
         char hash[129] = "";
         accept_length(X509_CertThumb(certificate.text(), hash, sizeof hash - 1, algorithm.option),
                       certificate.name());
-        Output("-").write(std::string(hash) + "  " + file + "\n");
+        Output("-").write(digest_line(hash, file));
     }
 };
 

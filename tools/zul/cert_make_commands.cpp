@@ -3,6 +3,9 @@
 #include <memory>
 
 #include "certificates.h"
+#include "commands.h"
+#include "hex_text.h"
+#include "streams.h"
 
 namespace tool {
 
@@ -76,13 +79,11 @@ struct Contents {
     std::string key_id(const RsaKey& certified) const {
         if (version1 || noKeyIds)
             return {};
-        char hash[41] = "";
         std::string id;
         if (subjectKeyId.empty()) {
             const ScratchFile saved;
             accept_status(RSA_SavePublicKey(saved.path(), certified.text(), 0), "key");
-            accept_length(HASH_HexFromFile(hash, sizeof hash - 1, saved.path(), ZUL_HASH_SHA1), "key");
-            id = hash;
+            id = file_digest(saved.path(), ZUL_HASH_SHA1);
         } else {
             const SecretBytes hex = hex_line(decode_hex(subjectKeyId, "--subject-key-id"));
             id.assign(hex.begin(), hex.end() - 1);

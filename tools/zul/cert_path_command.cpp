@@ -3,6 +3,8 @@
 #include <memory>
 
 #include "certificate_path.h"
+#include "commands.h"
+#include "streams.h"
 
 namespace tool {
 

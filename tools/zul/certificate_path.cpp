@@ -2,7 +2,9 @@
 
 #include <algorithm>
 
+#include "armour.h"
 #include "der.h"
+#include "streams.h"
 
 namespace tool {
 

@@ -5,6 +5,10 @@
 #include <memory>
 #include <system_error>
 
+#include "armour.h"
+#include "operating_system.h"
+#include "streams.h"
+
 namespace tool {
 
 namespace {
@@ -37,8 +41,7 @@ SecretBytes der_of(const std::string& file) {
 }
 
 ObjectArgument::ObjectArgument(const std::string& file) : name_(shown_name(file)) {
-    std::error_code ignored;
-    if (is_standard_stream(file) || !std::filesystem::is_regular_file(path_of(file), ignored)) {
+    if (!is_on_disk(file)) {
         text_ = pem_text(der_of(file));
     } else {
         const Input readable(file); // or refused under its own name, which the library does not tell
@@ -62,7 +65,7 @@ ScratchFile::ScratchFile(bool isSecret) : isSecret_(isSecret) {
     if (!std::filesystem::create_directory(path_of(folder_), error))
         throw Refused::by_system(CREATE_ERROR, folder_,
                                  "What is made goes to a folder for temporary files first; " +
-                                     std::string(kTemporaryVariable) + " says which.");
+                                     std::string(temporary_variable()) + " says which.");
     std::filesystem::permissions(path_of(folder_), std::filesystem::perms::owner_all, error);
     path_ = folder_ + "/made";
     remove_on_signal(folder_, path_);
@@ -83,18 +86,13 @@ void ScratchFile::remove() const {
 void ScratchFile::deliver(const std::string& out) const {
     Input made(path_);
     Output output(out);
-    SecretBytes chunk(kChunk);
-    while (const size_t count = made.read(chunk.data(), chunk.size()))
-        output.write(chunk.data(), count);
-    output.finish();
+    copy_all(made, output);
 }
 
 void ScratchFile::deliver_der(const std::string& out) const {
     const SecretBytes der = der_of(path_);
     remove();
-    Output output(out);
-    output.write(der);
-    output.finish();
+    write_file(out, der);
 }
 
 // The folder goes before anything is written, where the system lets go of an open file.
@@ -149,10 +147,6 @@ std::string query(const ObjectArgument& certificate, const char* name) {
         accept_length(X509_QueryCert(text.data(), room, certificate.text(), name, options),
                       certificate.name());
     return readable(text);
-}
-
-void warn(const std::string& text) {
-    print_error(("warning: " + text).c_str());
 }
 
 RsaKey signing_key(const RsaKeyOption& key, const std::string& in) {

@@ -1,4 +1,5 @@
 #pragma once
+#include "failures.h"
 #include "rsa_keys.h"
 
 // Certificates, requests and revocation lists as arguments and results of commands.
@@ -52,9 +53,6 @@ std::string readable(std::string_view latin1, bool keepLineFeeds = false);
 
 // query asks X509_QueryCert for a text.
 std::string query(const ObjectArgument& certificate, const char* name);
-
-// warn prints a line on standard error; the command goes on.
-void warn(const std::string& text);
 
 // signing_key reads a private key and tries it: one whose values contradict each other gives itself away in
 // its signatures. in: the command's other input.

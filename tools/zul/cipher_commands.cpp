@@ -1,7 +1,12 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 
-#include "zul_tool.h"
+#include "algorithms.h"
+#include "commands.h"
+#include "failures.h"
+#include "hex_text.h"
+#include "key_option.h"
+#include "streams.h"
 
 namespace tool {
 
@@ -70,9 +75,7 @@ struct CipherCommand {
                 PAD_UnpadBytes(data.data(), int_length(data), data.data(), int_length(data), block, 0);
             data.resize(static_cast<size_t>(accept_length(plain, in, hint(plain))));
         }
-        Output output(out);
-        output.write(data);
-        output.finish();
+        write_file(out, data);
     }
 
     void run() const {

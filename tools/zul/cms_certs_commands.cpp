@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "cms_message.h"
+#include "streams.h"
 
 namespace tool {
 
@@ -37,11 +38,7 @@ struct ExtractCertsCommand {
 
     static SecretBytes pem(const Certificate& certificate) {
         const ScratchFile one, armoured;
-        {
-            Output output(one.path());
-            output.write(certificate.der);
-            output.finish();
-        }
+        write_file(one.path(), certificate.der);
         accept_length(PEM_FileFromBinFile(armoured.path(), one.path(), "CERTIFICATE", 64),
                       certificate.name());
         return Input(armoured.path()).read_all();

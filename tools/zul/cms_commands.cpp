@@ -1,6 +1,7 @@
 #include <CLI/CLI.hpp>
 
 #include "cms_message.h"
+#include "commands.h"
 
 namespace tool {
 

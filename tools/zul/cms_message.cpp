@@ -3,6 +3,9 @@
 #include <CLI/CLI.hpp>
 #include <system_error>
 
+#include "operating_system.h"
+#include "streams.h"
+
 namespace tool {
 
 namespace {
@@ -11,20 +14,10 @@ constexpr size_t kMaxList = 10; // of which the library knows
 
 } // namespace
 
-bool is_on_disk(const std::string& file) {
-    std::error_code ignored;
-    return !is_standard_stream(file) && std::filesystem::is_regular_file(path_of(file), ignored);
-}
-
 Message::Message(const std::string& file) : name_(shown_name(file)), copy_(!is_on_disk(file)) {
     Input message(file);
     Output copy(copy_.path(), true);
-    SecretBytes chunk(kChunk);
-    while (const size_t count = message.read(chunk.data(), chunk.size())) {
-        copy.write(chunk.data(), count);
-        size_ += count;
-    }
-    copy.finish();
+    size_ = copy_all(message, copy);
     if (size_ == 0)
         throw Refused::by_system(NO_DATA_ERROR, name_);
 }
@@ -61,10 +54,7 @@ ContentFile::ContentFile(const std::string& file) : name_(shown_name(file)), pat
         return;
     path_ = scratch_.emplace(true).path();
     Output copy(path_, true);
-    SecretBytes chunk(kChunk);
-    while (const size_t count = content.read(chunk.data(), chunk.size()))
-        copy.write(chunk.data(), count);
-    copy.finish();
+    copy_all(content, copy);
 }
 
 void MessageOutput::add_to(CLI::App& command) {

@@ -10,9 +10,6 @@ class App;
 // Messages (CMS, PKCS #7) as arguments and results of commands.
 namespace tool {
 
-// is_on_disk is false for standard input and pipes: what comes from there is for nobody to find later.
-bool is_on_disk(const std::string& file);
-
 // Message was read once: what is verified is what is then written, whatever becomes of its file. A copy of
 // what was not on disk is wiped.
 class Message {

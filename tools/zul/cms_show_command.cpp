@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "cms_message.h"
+#include "streams.h"
 
 namespace tool {
 

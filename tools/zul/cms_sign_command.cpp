@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "cms_message.h"
+#include "streams.h"
 
 namespace tool {
 
@@ -34,18 +35,7 @@ struct CmsSignCommand {
     }
 
     // What is signed detached is digested here: it may be of any size.
-    std::string content_digest() const {
-        char hash[129] = "";
-        const int option = signing.algorithm_option();
-        if (is_standard_stream(file)) {
-            const SecretBytes content = Input(file).read_all();
-            accept_length(
-                HASH_HexFromBytes(hash, sizeof hash - 1, content.data(), int_length(content), option), file);
-        } else {
-            accept_length(HASH_HexFromFile(hash, sizeof hash - 1, file.c_str(), option), file);
-        }
-        return hash;
-    }
+    std::string content_digest() const { return file_digest(file, signing.algorithm_option()); }
 
     void make(const char* path, const std::string& list, const RsaKey& privateKey, int choice) const {
         if (detached) {

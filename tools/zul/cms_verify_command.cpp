@@ -3,6 +3,8 @@
 #include <memory>
 
 #include "cms_message.h"
+#include "hex_text.h"
+#include "streams.h"
 
 namespace tool {
 
@@ -36,8 +38,7 @@ struct CmsVerifyCommand {
         }
         if (contentFile.empty())
             return {""};
-        const bool isStream = !is_on_disk(contentFile); // which is read but once
-        const SecretBytes streamed = isStream ? Input(contentFile).read_all() : SecretBytes{};
+        const ContentFile content(contentFile); // a stream can be read only once
         std::vector<std::string> results;
         for (const std::string& name : algorithms) {
             int option = 0;
@@ -46,12 +47,7 @@ struct CmsVerifyCommand {
             } catch (const UsageError&) { // the library will refuse it
                 continue;
             }
-            char hash[129] = "";
-            accept_length(isStream ? HASH_HexFromBytes(hash, sizeof hash - 1, streamed.data(),
-                                                       int_length(streamed), option)
-                                   : HASH_HexFromFile(hash, sizeof hash - 1, contentFile.c_str(), option),
-                          contentFile);
-            results.emplace_back(hash);
+            results.push_back(file_digest(content.path(), option));
         }
         return results.empty() ? std::vector<std::string>{""} : results;
     }

@@ -2,7 +2,10 @@
 #include <memory>
 
 #include "certificates.h"
+#include "commands.h"
 #include "der.h"
+#include "operating_system.h"
+#include "streams.h"
 
 namespace tool {
 

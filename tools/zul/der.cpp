@@ -1,5 +1,7 @@
 #include "der.h"
 
+#include "failures.h"
+
 namespace tool {
 
 namespace {

@@ -1,5 +1,9 @@
 #pragma once
-#include "zul_tool.h"
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "secret_bytes.h"
 
 namespace tool {
 

@@ -2,7 +2,11 @@
 #include <algorithm>
 #include <memory>
 
+#include "armour.h"
+#include "commands.h"
 #include "der.h"
+#include "failures.h"
+#include "streams.h"
 
 namespace tool {
 

@@ -1,7 +1,11 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 
-#include "zul_tool.h"
+#include "algorithms.h"
+#include "commands.h"
+#include "failures.h"
+#include "key_option.h"
+#include "streams.h"
 
 namespace tool {
 
@@ -9,33 +13,10 @@ namespace {
 
 constexpr int kMaxHex = 128; // 64 bytes, the longest digest
 
-// drop_carriage_returns does to standard input what the library's text mode does to a file.
-void drop_carriage_returns(SecretBytes& text) {
-    size_t kept = 0;
-    for (size_t i = 0; i < text.size(); ++i)
-        if (text[i] != '\r' || i + 1 == text.size() || text[i + 1] != '\n')
-            text[kept++] = text[i];
-    text.resize(kept);
-}
-
 struct HashCommand {
     std::string algorithm;
     std::vector<std::string> files;
     bool text = false;
-
-    std::string digest_of(const std::string& file, int options) const {
-        char hex[kMaxHex + 1] = {};
-        if (is_standard_stream(file)) {
-            SecretBytes message = Input(file).read_all();
-            if (text)
-                drop_carriage_returns(message);
-            accept_length(HASH_HexFromBytes(hex, kMaxHex, message.data(), int_length(message), options),
-                          file);
-        } else {
-            accept_length(HASH_HexFromFile(hex, kMaxHex, file.c_str(), options), file);
-        }
-        return hex;
-    }
 
     void run() const {
         const int options = find_digest(algorithm).option | (text ? ZUL_HASH_MODE_TEXT : 0);
@@ -43,7 +24,7 @@ struct HashCommand {
         Output out("-");
         for (const std::string& file : files.empty() ? std::vector<std::string>{"-"} : files) {
             try {
-                out.write(digest_of(file, options) + "  " + file + "\n");
+                out.write(digest_line(file_digest(file, options), file));
             } catch (const Refused& refused) { // the other files still count
                 print_error(refused.what());
                 failed = true;
@@ -70,7 +51,7 @@ struct HmacCommand {
         accept_length(HMAC_HexFromBytes(hex, kMaxHex, message.data(), int_length(message), keyBytes.data(),
                                         int_length(keyBytes), digest.option),
                       file);
-        Output("-").write(std::string(hex) + "  " + file + "\n");
+        Output("-").write(digest_line(hex, file));
     }
 };
 
@@ -82,7 +63,10 @@ void add_digest_commands(CLI::App& app) {
     command->add_option("ALG", hash->algorithm, digest_names())->required()->option_text(" ");
     command->add_option("FILE", hash->files, "Files; - or none for standard input")->option_text(" ");
     command->add_flag("--text", hash->text, "Count each CR LF as LF");
-    command->footer("Example:\n  zul hash sha256 report.pdf notes.txt");
+    command->footer(
+        "A line begins with a backslash if the file's name is escaped in it, as with sha256sum: a\n"
+        "backslash is \\\\, a line feed is \\n, a carriage return is \\r.\n\n"
+        "Example:\n  zul hash sha256 report.pdf notes.txt");
     command->callback([hash] { hash->run(); });
 
     auto hmac = std::make_shared<HmacCommand>();

@@ -3,7 +3,10 @@
 #include <memory>
 #include <utility>
 
-#include "zul_tool.h"
+#include "armour.h"
+#include "commands.h"
+#include "failures.h"
+#include "streams.h"
 
 namespace tool {
 
@@ -66,51 +69,37 @@ class LineWriter {
 // encode_body streams the input through one of the library's encoders, a multiple of three bytes at a time.
 void encode_body(Input& input, LineWriter& lines, Format format) {
     static_assert(kChunk % 3 == 0);
-    SecretBytes bytes(kChunk), text(2 * kChunk + 1);
+    SecretBytes text(2 * kChunk + 1);
     auto* characters = reinterpret_cast<char*>(text.data());
     const auto encoder = format == Format::hex ? CNV_HexStrFromBytes : CNV_B64StrFromBytes;
-    for (size_t count = kChunk; count == kChunk;) {
-        count = input.read(bytes.data(), kChunk);
-        const int length = encoder(characters, int_length(text) - 1, bytes.data(), static_cast<int>(count));
+    input.each_piece([&](const unsigned char* piece, size_t size) {
+        const int length = encoder(characters, int_length(text) - 1, piece, static_cast<int>(size));
         lines.write({characters, static_cast<size_t>(accept_length(length, "encode"))});
-    }
+        return true;
+    });
 }
 
 struct EncodeCommand {
     std::string format, in, out, label = "DATA";
     unsigned lineLength = 0;
 
-    void encode_pem_stream() const {
-        const size_t width = lineLength < 4 ? 64 : lineLength / 4 * 4;
-        Input input(in);
-        Output output(out);
-        if (!label.empty())
-            output.write("-----BEGIN " + label + "-----\r\n");
-        LineWriter lines(output, width, "\r\n");
-        encode_body(input, lines, Format::pem);
-        lines.finish();
-        if (!label.empty())
-            output.write("-----END " + label + "-----\r\n");
-        output.finish();
-    }
-
     void run() const {
         const Format kind = find_format(format);
         refuse_same_file(in, out);
-        if (kind != Format::pem) {
-            Input input(in);
-            Output output(out);
-            LineWriter lines(output, lineLength == 0 ? ~size_t{0} : lineLength, "\n");
-            encode_body(input, lines, kind);
-            lines.finish();
-            output.finish();
-        } else if (is_standard_stream(in) || is_standard_stream(out)) {
-            encode_pem_stream();
-        } else {
-            const int result =
-                PEM_FileFromBinFile(out.c_str(), in.c_str(), label.c_str(), static_cast<int>(lineLength));
-            accept_length(result, result == -OPEN_ERROR ? in : out);
-        }
+        const bool isPem = kind == Format::pem, hasLabel = isPem && !label.empty();
+        size_t width = lineLength == 0 ? ~size_t{0} : lineLength;
+        if (isPem)
+            width = lineLength < 4 ? 64 : lineLength / 4 * 4;
+        Input input(in);
+        Output output(out);
+        if (hasLabel)
+            output.write("-----BEGIN " + label + "-----\r\n");
+        LineWriter lines(output, width, isPem ? "\r\n" : "\n");
+        encode_body(input, lines, kind);
+        lines.finish();
+        if (hasLabel)
+            output.write("-----END " + label + "-----\r\n");
+        output.finish();
     }
 };
 
@@ -124,9 +113,7 @@ struct DecodeCommand {
         if (kind == Format::pem)
             pem_body(text, in);
         const SecretBytes bytes = decode_text(std::move(text), kind == Format::hex, in);
-        Output output(out);
-        output.write(bytes);
-        output.finish();
+        write_file(out, bytes);
     }
 };
 
@@ -160,8 +147,10 @@ void add_encode_commands(CLI::App& app) {
     command->add_option("OUT", decode->out, "Output file; - for standard output")
         ->required()
         ->option_text(" ");
-    command->footer("Characters that are no digits are skipped. Of several PEM blocks the first counts.\n\n"
-                    "Example:\n  zul decode base64 mail.txt picture.png");
+    command->footer(
+        "base64 may be base64url (RFC 4648: - and _ for + and /). Other characters are skipped. Of several\n"
+        "PEM blocks the first counts.\n\n"
+        "Example:\n  zul decode base64 mail.txt picture.png");
     command->callback([decode] { decode->run(); });
 }
 

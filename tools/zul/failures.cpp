@@ -1,6 +1,8 @@
+#include "failures.h"
+
 #include <cstdlib>
 
-#include "zul_tool.h"
+#include "file_names.h"
 
 namespace tool {
 
@@ -8,9 +10,12 @@ namespace {
 
 std::string describe(int code, const std::string& subject, const std::string& added,
                      const std::string& hint) {
-    std::string text = shown_name(subject) + ": error " + std::to_string(code) + ": " + error_text(code);
-    if (!added.empty())
-        text += "; " + added;
+    const std::string meaning = error_text(code);
+    std::string text = shown_name(subject) + ": error " + std::to_string(code) + ": ";
+    if (added.starts_with(meaning)) // the library repeats it at times
+        text += added;
+    else
+        text += meaning + (added.empty() ? "" : "; " + added);
     if (!hint.empty())
         text += "\n     " + hint;
     return text;
@@ -64,6 +69,10 @@ void accept_status(int result, const std::string& subject, const std::string& hi
 
 void print_error(const char* text) {
     std::fprintf(stderr, "zul: %s\n", text);
+}
+
+void warn(const std::string& text) {
+    print_error(("warning: " + text).c_str());
 }
 
 std::string in_quotes(std::string_view text) {

@@ -1,7 +1,9 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 
-#include "zul_tool.h"
+#include "commands.h"
+#include "failures.h"
+#include "streams.h"
 
 namespace tool {
 
@@ -72,6 +74,13 @@ void add_general_commands(CLI::App& app) {
     command->footer("Example:\n  zul error 15");
     command->callback([code] { explain_error(*code); });
 
+    app.add_flag_callback(
+        "--version",
+        [] {
+            print_version();
+            throw CLI::Success();
+        },
+        "The same as 'zul version'");
     command = app.add_subcommand("version", "Print version, build time and place of the library");
     command->footer("Example:\n  zul version");
     command->callback(print_version);

@@ -2,7 +2,10 @@
 #include <algorithm>
 #include <memory>
 
+#include "commands.h"
+#include "failures.h"
 #include "rsa_keys.h"
+#include "streams.h"
 
 namespace tool {
 
@@ -14,6 +17,7 @@ struct KeyMakeCommand {
     bool progress = false;
     KeyEncryption encryption{.scheme = "aes-256", .prf = {}};
     PasswordOption password;
+    ReplaceOption replace;
 
     int exponent_index() const {
         static constexpr int kExponents[] = {3, 5, 17, 257, 65537};
@@ -32,6 +36,10 @@ struct KeyMakeCommand {
         refuse_same_file(privateFile, publicFile, "PUBLIC and PRIVATE are the same file.");
         for (const std::string& out : {publicFile, privateFile})
             password.refuse_output(out);
+        replace.for_private(privateFile);
+        replace.for_public(publicFile);
+        if (bits < 2048)
+            warn("a key of fewer than 2048 bits is too short to be secure");
         const SecretBytes secret = password.read_new(in_quotes(privateFile));
 
         // The bit that shows progress is also one of AES-192's: with either, Triple DES at first.
@@ -154,6 +162,7 @@ void add_make_command(CLI::App& group) {
         ->option_text("FORMAT");
     make->encryption.add_to(*command, "Encryption of the private key (aes-256)");
     make->password.add_to(*command, "password", "Password for the private key");
+    make->replace.add_to(*command);
     command->add_flag("--progress", make->progress, "Show the search for primes");
     command->footer(std::string(KeyEncryption::kSchemes) +
                     "Example:\n  zul key make --bits 3072 --progress public.pem private.pem");

@@ -1,7 +1,10 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 
+#include "commands.h"
+#include "failures.h"
 #include "rsa_keys.h"
+#include "streams.h"
 
 namespace tool {
 
@@ -12,6 +15,7 @@ struct ConvertCommand {
     bool onlyPublic = false, unencrypted = false, hexValues = false, keyValueRoot = false;
     KeyEncryption encryption;
     PasswordOption password, newPassword;
+    ReplaceOption replace;
 
     void check_arguments() const {
         const bool encrypts = !encryption.scheme.empty();
@@ -38,9 +42,7 @@ struct ConvertCommand {
             key.xml((onlyPublic ? ZUL_XML_PUBLIC_ONLY : 0) | (hexValues ? ZUL_XML_HEXBINARY : 0) |
                     (keyValueRoot ? ZUL_XML_RSAKEYVALUE : 0));
         xml.back() = '\n';
-        Output output(out, key.is_private() && !onlyPublic);
-        output.write(xml);
-        output.finish();
+        write_file(out, xml, key.is_private() && !onlyPublic);
     }
 
     void run() const {
@@ -52,6 +54,10 @@ struct ConvertCommand {
             throw UsageError("IN holds a private key; say --public, --encrypt SCHEME or --unencrypted");
         if (!key.is_private() && !encryption.scheme.empty())
             throw UsageError("IN holds a public key, which is not encrypted");
+        if (key.is_private() && !onlyPublic)
+            replace.for_private(out);
+        else
+            replace.for_public(out);
         if (is_xml()) {
             write_xml(key);
         } else if (!key.is_private() || onlyPublic) {
@@ -79,6 +85,7 @@ void add_key_convert_command(CLI::App& group) {
         ->option_text("FORMAT");
     command->add_flag("--public", state->onlyPublic, "Write the public part of a private key");
     command->add_flag("--unencrypted", state->unencrypted, "Write a private key without a password");
+    state->replace.add_to(*command);
     state->encryption.add_to(*command, "Encrypt a private key");
     state->password.add_to(*command, "password", "Password of IN");
     state->newPassword.add_to(*command, "new-password", "Password of OUT");

@@ -1,7 +1,10 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 
+#include "armour.h"
 #include "cms_message.h"
+#include "commands.h"
+#include "streams.h"
 
 namespace tool {
 

@@ -1,7 +1,10 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 
-#include "rsa_keys.h"
+#include "arguments.h"
+#include "failures.h"
+#include "key_option.h"
+#include "streams.h"
 
 namespace tool {
 
@@ -58,6 +61,11 @@ SecretBytes PasswordOption::read(const std::string& subject, bool isNew) const {
         throw UsageError("a password holds no zero bytes");
     password.push_back('\0');
     return password;
+}
+
+void refuse_shared_input(std::initializer_list<bool> areStandardInput) {
+    if (std::count(areStandardInput.begin(), areStandardInput.end(), true) > 1)
+        throw UsageError("only one thing can come from standard input");
 }
 
 } // namespace tool

@@ -2,7 +2,11 @@
 #include <algorithm>
 #include <memory>
 
+#include "arguments.h"
 #include "certificates.h"
+#include "commands.h"
+#include "operating_system.h"
+#include "streams.h"
 
 namespace tool {
 
@@ -49,6 +53,7 @@ struct PfxMakeCommand {
     std::string certificate, key, name, out = "-";
     bool pem = false;
     PfxPassword password;
+    ReplaceOption replace;
 
     void check() const {
         password.check({certificate, key});
@@ -60,6 +65,10 @@ struct PfxMakeCommand {
         if (!key.empty())
             refuse_same_file(key, out, "The output would replace the key.");
         password.option.refuse_output(out);
+        if (key.empty())
+            replace.for_public(out);
+        else
+            replace.for_private(out);
     }
 
     // The library does not compare them, and a key without its certificate is of no use to others.
@@ -93,10 +102,7 @@ struct PfxMakeCommand {
                                    latin1.c_str(),
                                    (key.empty() ? ZUL_PFX_NO_PRIVKEY : 0) | (pem ? ZUL_KEY_FORMAT_PEM : 0)),
                       "PFX file");
-        const SecretBytes content = Input(made.path()).read_all();
-        Output output(out, !key.empty());
-        output.write(content);
-        output.finish();
+        write_file(out, Input(made.path()).read_all(), !key.empty());
     }
 };
 
@@ -116,6 +122,7 @@ struct VerifyPfxCommand {
 struct ExtractCommand {
     std::string file, certificate, keyMark;
     bool der = false;
+    ReplaceOption replace;
 
     // Values of --key are kept aside everywhere, since elsewhere they are keys.
     std::string key_file() const {
@@ -143,22 +150,20 @@ struct ExtractCommand {
                 refuse_same_file(file, out, "The output would replace the input.");
         if (!certificate.empty() && !key.empty() && (certificate == key || is_same_file(certificate, key)))
             throw UsageError("--cert and --key are two files");
+        if (!certificate.empty())
+            replace.for_public(certificate);
+        if (!key.empty())
+            replace.for_private(key);
         const ObjectArgument pfx(file);
         SecretBytes certificateBytes, keyBytes;
         if (!certificate.empty())
             certificateBytes = taken(pfx, X509_GetCertFromPFX, "CERTIFICATE");
         if (!key.empty())
             keyBytes = taken(pfx, RSA_GetPrivateKeyFromPFX, "ENCRYPTED PRIVATE KEY");
-        if (!key.empty()) {
-            Output output(key, true);
-            output.write(keyBytes);
-            output.finish();
-        }
-        if (!certificate.empty()) {
-            Output output(certificate);
-            output.write(certificateBytes);
-            output.finish();
-        }
+        if (!key.empty())
+            write_file(key, keyBytes, true);
+        if (!certificate.empty())
+            write_file(certificate, certificateBytes);
     }
 };
 
@@ -182,6 +187,7 @@ void add_pfx_commands(CLI::App& app) {
         ->option_text("NAME");
     make->password.add_to(*command, "Password of KEY and of the file");
     command->add_flag("--pem", make->pem, "Write PEM (PKCS12) instead of DER");
+    make->replace.add_to(*command);
     command->footer("The key stays encrypted as it is, under the same password; the certificate is not\n"
                     "encrypted. A MAC (HMAC-SHA-1) protects both against changes.\n\n"
                     "Example:\n  zul pfx make alice.pem alice.key -o alice.p12 --name Alice");
@@ -207,6 +213,7 @@ void add_pfx_commands(CLI::App& app) {
     command->add_option("--key", extract->keyMark, "Output file of the first key, which stays encrypted")
         ->option_text("FILE");
     command->add_flag("--der", extract->der, "Write DER instead of PEM");
+    extract->replace.add_to(*command);
     command->footer(
         "Nothing is checked: 'zul pfx verify' does that. What a file holds encrypted as a whole, as\n"
         "others write certificates, cannot be taken out.\n\n"

@@ -3,7 +3,11 @@
 #include <cstdint>
 #include <memory>
 
-#include "zul_tool.h"
+#include "commands.h"
+#include "failures.h"
+#include "hex_text.h"
+#include "operating_system.h"
+#include "streams.h"
 
 namespace tool {
 

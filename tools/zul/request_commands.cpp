@@ -2,6 +2,8 @@
 #include <memory>
 
 #include "certificates.h"
+#include "commands.h"
+#include "streams.h"
 
 namespace tool {
 

@@ -2,31 +2,18 @@
 #include <algorithm>
 #include <memory>
 
+#include "commands.h"
+#include "failures.h"
+#include "hex_text.h"
 #include "rsa_keys.h"
+#include "streams.h"
 
 namespace tool {
 
 namespace {
 
-constexpr int kMaxDigest = 64;
-
 SecretBytes digest_of(const std::string& file, const Digest& digest) {
-    SecretBytes bytes(kMaxDigest);
-    int length = 0;
-    if (is_standard_stream(file)) {
-        const SecretBytes message = Input(file).read_all();
-        length = HASH_Bytes(bytes.data(), kMaxDigest, message.data(), int_length(message), digest.option);
-    } else {
-        length = HASH_File(bytes.data(), kMaxDigest, file.c_str(), digest.option);
-    }
-    bytes.resize(static_cast<size_t>(accept_length(length, file)));
-    return bytes;
-}
-
-void write_all(const std::string& file, const SecretBytes& bytes) {
-    Output output(file);
-    output.write(bytes);
-    output.finish();
+    return decode_hex(file_digest(file, digest.option), file);
 }
 
 struct RsaSignCommand {
@@ -45,7 +32,7 @@ struct RsaSignCommand {
                                     ZUL_EMSIG_PKCSV1_5 | ZUL_EMSIG_DIGESTONLY | algorithm.option),
                       "signature", std::string("The key is too short to sign with ") + algorithm.name + ".");
         accept_status(RSA_RawPrivate(block.data(), int_length(block), privateKey.text(), 0), "signature");
-        write_all(out, block);
+        write_file(out, block);
     }
 };
 
@@ -77,7 +64,7 @@ struct RsaVerifyCommand {
                 SIGNATURE_ERROR, in,
                 "The file or the signature was changed, or the key or the digest is not the "
                 "signer's.");
-        Output("-").write(in + ": good signature\n");
+        Output("-").write(shown_name(in) + ": good signature\n");
     }
 };
 
@@ -107,7 +94,7 @@ struct RsaCipherCommand {
         accept_length(result, in,
                       "With this key and padding it must be shorter; 'zul encrypt' takes files of any size.");
         accept_status(RSA_RawPublic(block.data(), int_length(block), publicKey.text(), 0), in);
-        write_all(out, block);
+        write_file(out, block);
     }
 
     // Whatever is wrong with the block, the words are the same: they must not help to find a message out.
@@ -128,7 +115,7 @@ struct RsaCipherCommand {
                 "The key, the padding or the digest is not the right one, or the data was "
                 "damaged.");
         message.resize(static_cast<size_t>(length));
-        write_all(out, message);
+        write_file(out, message);
     }
 
     void run() const { encrypt ? run_encrypt() : run_decrypt(); }

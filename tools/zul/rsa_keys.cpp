@@ -2,8 +2,14 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 
+#include "armour.h"
 #include "der.h"
+#include "failures.h"
+#include "operating_system.h"
+#include "streams.h"
 
 namespace tool {
 
@@ -64,6 +70,18 @@ SecretBytes filled(const std::string& name, Call call) {
     const int length = accept_length(result, name, result < 0 ? decryption_hint() : "");
     text.resize(static_cast<size_t>(length) + 1);
     return text;
+}
+
+// holds_private_key looks for the outline of one, encrypted or not, or of a PKCS #12 file.
+bool holds_private_key(const SecretBytes& content, const std::string& name) try {
+    const std::string_view all(as_text(content), content.size());
+    if (all.find("PRIVATE KEY-----") != all.npos || all.find("<RSAKeyPair") != all.npos ||
+        all.find("<D>") != all.npos)
+        return true;
+    const std::string letters = outline(binary_content(content, name), name);
+    return letters == "so" || letters.starts_with("iso") || letters.starts_with("iiii") || letters == "iss";
+} catch (const Refused&) {
+    return false;
 }
 
 } // namespace
@@ -181,11 +199,6 @@ RsaKey RsaKeyOption::read_public(const std::string& in) const {
     return read(in).without_private();
 }
 
-void refuse_shared_input(std::initializer_list<bool> areStandardInput) {
-    if (std::count(areStandardInput.begin(), areStandardInput.end(), true) > 1)
-        throw UsageError("only one thing can come from standard input");
-}
-
 void KeyEncryption::add_to(CLI::App& command, const std::string& schemeText) {
     command.add_option("--encrypt", scheme, schemeText)->option_text("SCHEME");
     command
@@ -195,6 +208,21 @@ void KeyEncryption::add_to(CLI::App& command, const std::string& schemeText) {
     command.add_option("--count", count, "Iterations of the key derivation (100000)")
         ->check(CLI::Range(1, std::numeric_limits<int>::max()))
         ->option_text("N");
+}
+
+void ReplaceOption::add_to(CLI::App& command) {
+    command.add_flag("--force", force, "Replace an output file that exists, a private key too");
+}
+
+void ReplaceOption::for_private(const std::string& out) const {
+    std::error_code ignored;
+    if (!force && is_on_disk(out) && std::filesystem::file_size(path_of(out), ignored) > 0)
+        throw Refused::by_system(CREATE_ERROR, out, "The file exists already; --force replaces it.");
+}
+
+void ReplaceOption::for_public(const std::string& out) const {
+    if (!force && is_on_disk(out) && holds_private_key(Input(out).read_all(), out))
+        throw Refused::by_system(CREATE_ERROR, out, "The file holds a private key; --force replaces it.");
 }
 
 int find_key_format(const std::string& name) {

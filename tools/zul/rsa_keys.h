@@ -1,33 +1,12 @@
 #pragma once
-#include <initializer_list>
+#include <string>
+#include <string_view>
 
-#include "zul_tool.h"
+#include "algorithms.h"
+#include "key_option.h"
 
 // RSA keys and their passwords as arguments of commands.
 namespace tool {
-
-// PasswordOption is the pair of options --NAME TEXT and --NAME-file FILE. Without either the user is asked at
-// the terminal, once it turns out that a password is needed.
-class PasswordOption {
-  public:
-    void add_to(CLI::App& command, const std::string& name, const std::string& what);
-
-    bool is_given() const { return !mark_.empty() || !file_.empty(); }
-    bool is_standard_input() const { return is_standard_stream(file_); }
-    void refuse_output(const std::string& out) const;
-    // The password with its NUL; it is never empty. A new one is asked for twice.
-    SecretBytes read(const std::string& subject) const { return read(subject, false); }
-    SecretBytes read_new(const std::string& subject) const { return read(subject, true); }
-
-  private:
-    SecretBytes read(const std::string& subject, bool isNew) const;
-
-    std::string name_, mark_, file_;
-};
-
-inline const char* as_text(const SecretBytes& text) {
-    return reinterpret_cast<const char*>(text.data());
-}
 
 // RsaKey is a key as a key string of the library.
 class RsaKey {
@@ -71,9 +50,6 @@ class RsaKeyOption {
     PasswordOption password_;
 };
 
-// refuse_shared_input: of all that a command reads one thing at most can come from standard input.
-void refuse_shared_input(std::initializer_list<bool> areStandardInput);
-
 // KeyEncryption is the choice of a password-based encryption.
 struct KeyEncryption {
     static constexpr const char* kSchemes =
@@ -85,6 +61,17 @@ struct KeyEncryption {
 
     void add_to(CLI::App& command, const std::string& schemeText);
     int options() const { return find_key_encryption(scheme, prf); }
+};
+
+// ReplaceOption is --force, without which a writer of keys replaces no private key.
+struct ReplaceOption {
+    bool force = false;
+
+    void add_to(CLI::App& command);
+    // for_private refuses a file that exists and is not empty, whatever it holds; for_public one that holds a
+    // private key.
+    void for_private(const std::string& out) const;
+    void for_public(const std::string& out) const;
 };
 
 // find_key_format gives the option of a format of key files: der, pem or pem-alt.

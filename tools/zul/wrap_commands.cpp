@@ -1,7 +1,13 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 
-#include "zul_tool.h"
+#include "algorithms.h"
+#include "arguments.h"
+#include "commands.h"
+#include "failures.h"
+#include "hex_text.h"
+#include "key_option.h"
+#include "streams.h"
 
 namespace tool {
 
@@ -32,8 +38,7 @@ struct WrapCommand {
                         : "A key wrapped with AES has 24 bytes or more, a multiple of 8.";
         if (code == OPEN_ERROR && !wrap) // the library's code for a failed integrity check
             return "The check of the wrapped key failed: it was damaged, or the key-encryption key is not "
-                   "the right "
-                   "one.";
+                   "the right one.";
         return {};
     }
 
@@ -53,9 +58,7 @@ struct WrapCommand {
         accept_length(length, subject, hint(std::abs(length), cipher));
         result.resize(static_cast<size_t>(length));
 
-        Output output(out);
-        output.write(is_standard_stream(out) ? hex_line(result) : result);
-        output.finish();
+        write_file(out, is_standard_stream(out) ? hex_line(result) : result);
     }
 };
 

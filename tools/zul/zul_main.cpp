@@ -1,7 +1,11 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 
-#include "zul_tool.h"
+#include "arguments.h"
+#include "commands.h"
+#include "failures.h"
+#include "operating_system.h"
+#include "streams.h"
 
 namespace {
 
@@ -67,6 +71,8 @@ int run(CLI::App& app, int argc, char** argv) {
     } catch (const CLI::CallForHelp&) {
         tool::Output("-").write(app.help());
         return 0;
+    } catch (const CLI::Success&) {
+        return 0;
     } catch (const CLI::ParseError& error) {
         return report_usage(app, explain(app, error));
     } catch (const tool::UsageError& error) {
@@ -78,7 +84,7 @@ int run(CLI::App& app, int argc, char** argv) {
 
 } // namespace
 
-int main(int argc, char** argv) {
+int tool::run_tool(int argc, char** argv) {
     try {
         tool::prepare_streams();
         CLI::App app(

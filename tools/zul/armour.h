@@ -1,0 +1,17 @@
+#pragma once
+#include <string>
+
+#include "secret_bytes.h"
+
+// Text around bytes.
+namespace tool {
+
+// pem_body cuts a text down to the body of its first armour, as the library's own reader finds it; that
+// reader's file form appends zeros, which whoever decodes a file does not expect.
+void pem_body(SecretBytes& text, const std::string& name);
+// decode_text decodes hex or base64 with the library's decoder; base64 may be base64url (RFC 4648, 5).
+SecretBytes decode_text(SecretBytes text, bool isHex, const std::string& name);
+// binary_content takes the armour off PEM, decodes base64 and leaves anything else as it is.
+SecretBytes binary_content(SecretBytes content, const std::string& name);
+
+} // namespace tool

@@ -1,0 +1,72 @@
+#pragma once
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+
+// What the standard library has no words for. posix/ and win32/ keep this contract, file for file; nothing
+// else in the tool knows which system it runs on.
+namespace tool {
+
+// prepare_streams makes standard input and output binary, so that bytes and line ends are the same
+// everywhere.
+void prepare_streams();
+bool output_is_terminal();
+
+// remove_on_signal makes a signal that ends the tool remove a file and its folder; keep_on_signal undoes
+// that. Windows has no such signals.
+void remove_on_signal(const std::string& folder, const std::string& file);
+void keep_on_signal(const std::string& folder);
+
+// path_of gives the path of a name as the library takes it.
+std::filesystem::path path_of(const std::string& name);
+// comparable gives a path as a text that is equal for two spellings of the same path.
+std::filesystem::path::string_type comparable(const std::filesystem::path& path);
+// create_for_owner creates a file, or empties it, for writing. A new one is for its owner alone from the
+// start (on Windows it gets what its folder gives). Null if that fails.
+std::FILE* create_for_owner(const std::string& name);
+
+// temporary_folder gives a name that ends with a separator; temporary_variable names the environment variable
+// that chooses the folder.
+std::string temporary_folder();
+const char* temporary_variable();
+
+// Pipe has a name under which the library can open it once as a file.
+class Pipe {
+  public:
+    Pipe(); // Refused if the system gives none
+    Pipe(const Pipe&) = delete;
+    Pipe& operator=(const Pipe&) = delete;
+    ~Pipe();
+
+    const char* name() const;
+    // write waits until there is room; false once nobody reads any more. One thread writes.
+    bool write(const unsigned char* data, size_t size);
+    void close_writer(); // the reader finds the end
+    void close_reader(); // the writer finds that nobody reads, whether the pipe was opened or not
+
+  private:
+    struct State;
+    std::unique_ptr<State> state_;
+};
+
+// Terminal is the one that the process belongs to. While it exists keys arrive one by one and unseen, the one
+// that would interrupt among them, so that the user never finds it left silent.
+class Terminal {
+  public:
+    Terminal();
+    Terminal(const Terminal&) = delete;
+    Terminal& operator=(const Terminal&) = delete;
+    ~Terminal();
+
+    bool is_usable() const;
+    void show(std::string_view text) const;
+    int next_key() const; // a byte, or negative at the end
+
+  private:
+    struct State;
+    std::unique_ptr<State> state_;
+};
+
+} // namespace tool

@@ -1,0 +1,103 @@
+#include "../operating_system.h"
+
+#include <algorithm>
+#include <csignal>
+#include <cstring>
+#include <fcntl.h>
+#include <iterator>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <zulcore.h>
+
+#include "../commands.h"
+#include "../failures.h"
+
+namespace tool {
+
+namespace {
+
+struct Doomed {
+    volatile std::sig_atomic_t isThere;
+    char folder[4096], file[4096];
+};
+Doomed doomed[8];
+
+extern "C" void remove_and_end(int signal) {
+    for (Doomed& each : doomed)
+        if (each.isThere != 0) {
+            unlink(each.file);
+            rmdir(each.folder);
+        }
+    raise(signal); // with its default action now, once this returns
+}
+
+void take_signals() {
+    for (const int signal : {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGPIPE}) {
+        struct sigaction before {
+        }, ending{};
+        ending.sa_handler = remove_and_end;
+        ending.sa_flags = static_cast<int>(SA_RESETHAND);
+        if (sigaction(signal, nullptr, &before) == 0 && before.sa_handler == SIG_DFL)
+            sigaction(signal, &ending, nullptr);
+    }
+}
+
+} // namespace
+
+void remove_on_signal(const std::string& folder, const std::string& file) {
+    auto* free =
+        std::find_if(std::begin(doomed), std::end(doomed), [](Doomed& each) { return !each.isThere; });
+    if (free == std::end(doomed) || file.size() >= sizeof free->file)
+        return;
+    take_signals();
+    std::strcpy(free->folder, folder.c_str());
+    std::strcpy(free->file, file.c_str());
+    free->isThere = 1;
+}
+
+void keep_on_signal(const std::string& folder) {
+    for (Doomed& each : doomed)
+        if (each.isThere != 0 && folder == each.folder)
+            each.isThere = 0;
+}
+
+void prepare_streams() {
+    std::setvbuf(stdin, nullptr, _IONBF, 0);
+    std::setvbuf(stdout, nullptr, _IONBF, 0);
+}
+
+bool output_is_terminal() {
+    return isatty(STDOUT_FILENO) != 0;
+}
+
+std::filesystem::path path_of(const std::string& name) {
+    return name;
+}
+
+std::filesystem::path::string_type comparable(const std::filesystem::path& path) {
+    return path.native();
+}
+
+std::FILE* create_for_owner(const std::string& name) {
+    const int file = open(name.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    return file < 0 ? nullptr : fdopen(file, "wb");
+}
+
+std::string temporary_folder() {
+    std::error_code error;
+    const std::filesystem::path folder = std::filesystem::temp_directory_path(error);
+    if (error)
+        throw Refused::by_system(CREATE_ERROR, "folder for temporary files",
+                                 "What is made goes there first; TMPDIR does not name a folder.");
+    return folder.string() + "/";
+}
+
+const char* temporary_variable() {
+    return "TMPDIR";
+}
+
+} // namespace tool
+
+int main(int argc, char** argv) {
+    return tool::run_tool(argc, argv);
+}

@@ -1,0 +1,142 @@
+#include "../operating_system.h"
+
+#include <windows.h>
+#include <cwctype>
+#include <fcntl.h>
+#include <io.h>
+#include <vector>
+#include <zulcore.h>
+
+#include "../commands.h"
+#include "../failures.h"
+
+// The manifest makes UTF-8 the code page of narrow names. A system older than Windows 10, version 1903,
+// ignores it: there a name with characters that the system's page lacks is refused, where the C runtime would
+// replace them by look-alikes.
+
+// The C runtime expands * and ? in arguments that were not quoted.
+extern "C" {
+int _dowildcard = -1;
+}
+
+namespace tool {
+
+namespace {
+
+// narrow_text converts a text if nothing is lost.
+bool narrow_text(const std::wstring& wide, unsigned page, std::string& text) {
+    text.clear();
+    if (wide.empty())
+        return true;
+    const int length = static_cast<int>(wide.size());
+    const bool isUtf8 = page == CP_UTF8;
+    const DWORD flags = isUtf8 ? WC_ERR_INVALID_CHARS : WC_NO_BEST_FIT_CHARS;
+    BOOL isLossy = FALSE;
+    BOOL* lossy = isUtf8 ? nullptr : &isLossy;
+    const int room = WideCharToMultiByte(page, flags, wide.data(), length, nullptr, 0, nullptr, lossy);
+    text.resize(room > 0 ? static_cast<size_t>(room) : 0);
+    return room > 0 && isLossy == FALSE &&
+           WideCharToMultiByte(page, flags, wide.data(), length, text.data(), room, nullptr, nullptr) == room;
+}
+
+unsigned narrow_page() {
+    return GetACP() == CP_UTF8 ? CP_UTF8 : CP_ACP;
+}
+
+// subject_value tells where in an argument a name's text begins, if there is one. That text is UTF-8 on every
+// system.
+bool subject_value(const std::wstring& before, const std::wstring& argument, size_t& begin) {
+    constexpr std::wstring_view kLong = L"--subject=";
+    begin = 0;
+    if (before == L"-s" || before == L"--subject")
+        return true;
+    begin = argument.starts_with(kLong) ? kLong.size() : 2;
+    return argument.starts_with(kLong) || (argument.size() > 2 && argument.starts_with(L"-s"));
+}
+
+std::string narrow_argument(const std::wstring& before, const std::wstring& argument, int number) {
+    size_t begin = 0;
+    std::string text;
+    if (subject_value(before, argument, begin) && narrow_text(argument.substr(begin), CP_UTF8, text))
+        return (begin == 2 ? "-s" : begin > 2 ? "--subject=" : "") + text;
+    if (!narrow_text(argument, narrow_page(), text))
+        throw UsageError("argument " + std::to_string(number) +
+                         " holds characters that this system's code page lacks");
+    return text;
+}
+
+// Messages show names of files in the page that the names have.
+UINT pageBefore = 0;
+void restore_page() {
+    SetConsoleOutputCP(pageBefore);
+}
+
+} // namespace
+
+void remove_on_signal(const std::string&, const std::string&) {}
+void keep_on_signal(const std::string&) {}
+
+void prepare_streams() {
+    _setmode(_fileno(stdin), _O_BINARY);
+    _setmode(_fileno(stdout), _O_BINARY);
+    std::setvbuf(stdin, nullptr, _IONBF, 0);
+    std::setvbuf(stdout, nullptr, _IONBF, 0);
+    pageBefore = GetConsoleOutputCP();
+    if (pageBefore != 0 && pageBefore != GetACP() && SetConsoleOutputCP(GetACP()) != 0)
+        std::atexit(restore_page);
+}
+
+bool output_is_terminal() {
+    return _isatty(_fileno(stdout)) != 0;
+}
+
+std::filesystem::path path_of(const std::string& name) {
+    std::wstring wide(name.size(), L'\0');
+    wide.resize(static_cast<size_t>(MultiByteToWideChar(CP_ACP, 0, name.data(), static_cast<int>(name.size()),
+                                                        wide.data(), static_cast<int>(wide.size()))));
+    return wide;
+}
+
+std::filesystem::path::string_type comparable(const std::filesystem::path& path) {
+    std::wstring text = path.native();
+    for (wchar_t& c : text)
+        c = static_cast<wchar_t>(std::towlower(c));
+    return text;
+}
+
+std::FILE* create_for_owner(const std::string& name) {
+    return std::fopen(name.c_str(), "wb");
+}
+
+std::string temporary_folder() {
+    wchar_t wide[MAX_PATH + 2] = L"", small[MAX_PATH + 2] = L"";
+    std::string text;
+    if (GetTempPathW(MAX_PATH + 1, wide) > 0 && narrow_text(wide, narrow_page(), text))
+        return text;
+    if (GetShortPathNameW(wide, small, MAX_PATH + 1) > 0 && narrow_text(small, narrow_page(), text))
+        return text;
+    throw Refused::by_system(CREATE_ERROR, "folder for temporary files",
+                             "TMP names one with characters that this system's code page lacks.");
+}
+
+const char* temporary_variable() {
+    return "TMP";
+}
+
+} // namespace tool
+
+extern "C" int wmain(int argc, wchar_t** argv) {
+    std::vector<std::string> texts;
+    try {
+        for (int i = 0; i < argc; ++i)
+            texts.push_back(i == 0 ? "zul" : tool::narrow_argument(argv[i - 1], argv[i], i));
+    } catch (const tool::UsageError& error) {
+        tool::print_error(error.what());
+        return 2;
+    }
+    std::vector<char*> narrow;
+    for (std::string& text : texts)
+        narrow.push_back(text.data());
+    narrow.push_back(nullptr);
+    return tool::run_tool(argc, narrow.data());
+}
