@@ -1,0 +1,108 @@
+"""What the tests of the command-line tool share: SUBJECT_test.py TOOL [LAUNCHER...] runs the tool, if need be
+through a launcher (Wine), and compares what it does with Python's hashlib, with openssl and with published vectors."""
+import os
+import pathlib
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest
+
+TOOL = []  # launcher and tool
+CONTENT = bytes(range(256)) * 300 + b"the end"  # 76,807 bytes: no whole number of blocks
+KEY = bytes(range(0x40, 0x60))
+IV = bytes(range(0xE0, 0xF0))
+
+
+def zul(*arguments, stdin=b"", **options):
+    # in a session without a terminal, so that nothing is asked
+    return subprocess.run(TOOL + list(arguments), input=stdin, capture_output=True, timeout=120, start_new_session=True,
+                          **options)
+
+
+def openssl(*arguments, stdin=b""):
+    return subprocess.run(["openssl", *arguments], input=stdin, capture_output=True, check=True).stdout
+
+
+def rsa_key(bits=1024):
+    return openssl("genpkey", "-algorithm", "RSA", "-pkeyopt", f"rsa_keygen_bits:{bits}")
+
+
+def read(name):
+    return pathlib.Path(name).read_bytes()
+
+
+def write(name, content):
+    pathlib.Path(name).write_bytes(content)
+    return name
+
+
+class ToolTest(unittest.TestCase):
+    """Each test runs in a folder of its own with in.bin and a copy of what the class's prepare() makes."""
+    maxDiff = None
+
+    def prepare(self):
+        pass
+
+    @classmethod
+    def setUpClass(cls):
+        cls.start = os.getcwd()
+        cls.folder = tempfile.TemporaryDirectory()
+        cls.addClassCleanup(cls.folder.cleanup)
+        os.mkdir(cls.folder.name + "/prepared")
+        os.chdir(cls.folder.name + "/prepared")
+        cls.addClassCleanup(os.chdir, cls.start)
+        write("in.bin", CONTENT)
+        cls("prepare").prepare()
+
+    def setUp(self):
+        work = shutil.copytree(self.folder.name + "/prepared", f"{self.folder.name}/{self._testMethodName}")
+        os.chdir(work)
+
+    def done(self, *arguments, stdin=b"", warns=b""):
+        result = zul(*arguments, stdin=stdin)
+        self.assertEqual(result.returncode, 0, (arguments, result.stderr))
+        self.assertTrue(warns in result.stderr if warns else not result.stderr, (arguments, result.stderr))
+        return result.stdout
+
+    def refused(self, code, *arguments, stdin=b"", says=""):
+        result = zul(*arguments, stdin=stdin)
+        message = result.stderr.decode()
+        self.assertEqual(result.returncode, 1, (arguments, message))
+        self.assertRegex(message, rf"(?m)^zul: .*: error {code}: \w")
+        self.assertIn(says, message)
+        return result
+
+    def wrong_usage(self, says, *arguments):
+        result = zul(*arguments)
+        message = result.stderr.decode()
+        self.assertEqual((result.returncode, result.stdout), (2, b""), (arguments, message))
+        self.assertIn(says, message)
+        return message
+
+    def leaves_nothing(self, *commands):
+        """A command whose reader is gone leaves no temporary file behind."""
+        reader, writer = os.pipe()
+        os.close(reader)
+        for command in commands:
+            subprocess.run([*TOOL, *command], stdout=writer, stderr=subprocess.DEVNULL,
+                           env={**os.environ, "TMPDIR": os.getcwd(), "TMP": os.getcwd()})
+        os.close(writer)
+        self.assertEqual([name for name in os.listdir() if name.startswith("zul-")], [])
+
+
+def main():
+    if len(sys.argv) < 2:
+        sys.exit(__doc__)
+    TOOL[:] = [os.path.abspath(part) if os.path.exists(part) else part for part in sys.argv[2:] + [sys.argv[1]]]
+    # Under Wine the first program starts a whole session and the last one ends it: one that waits for its input
+    # keeps a single session through all the tests. Two that start the session together can wait for each other for
+    # ever, so the tests begin when this one has printed something.
+    session = [subprocess.Popen(TOOL + ["hash", "sha1", os.path.abspath(__file__), "-"], stdin=subprocess.PIPE,
+                                stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)] if sys.argv[2:] else []
+    for process in session:
+        process.stdout.readline()
+    outcome = unittest.main(argv=sys.argv[:1], exit=False).result
+    for process in session:
+        process.communicate()
+    sys.exit(0 if outcome.wasSuccessful() else 1)
