@@ -568,7 +568,7 @@ ZUL_API int RSA_SavePublicKey(const char* szFileOut, const char* szKeyString, in
 
 /* RSA_SavePrivateKeyInfo writes a private key to a file, unencrypted: PrivateKeyInfo as PEM "PRIVATE KEY"
  * (ZUL_KEY_FORMAT_PEM), else RSAPrivateKey as PEM "RSA PRIVATE KEY" (ZUL_KEY_FORMAT_PEM_ALT), else
- * PrivateKeyInfo as DER. A new file is readable by its owner only. Status as RSA_SavePublicKey. */
+ * PrivateKeyInfo as DER. The file is for its owner only. Status as RSA_SavePublicKey. */
 ZUL_API int RSA_SavePrivateKeyInfo(const char* szFileOut, const char* szKeyString, int nOptions);
 
 /* RSA_SaveEncPrivateKey writes a private key to a file as EncryptedPrivateKeyInfo: PEM "ENCRYPTED PRIVATE
@@ -850,8 +850,9 @@ ZUL_API int RSA_GetPrivateKeyFromPFX(const char* szFileOut, const char* szPfxFil
  * A message argument (szFileIn) is the name of a file of DER or BER, PEM or base64, or the message as text,
  * as certificate arguments are. szCertList: certificate arguments joined by ";", of which the first 10 count.
  * Content that a message carries has at most 16 MiB (with its padding, when it is encrypted):
- * MSG_TOO_LONG_ERROR above; content that others have cut into segments may have more. An output that is there
- * is replaced; a call that fails while it writes leaves none, one that fails before leaves it as it was.
+ * MSG_TOO_LONG_ERROR above; content that others have cut into segments may have more. An existing
+ * output file is overwritten. A call that fails before it writes leaves it as it was. One that fails while it
+ * writes leaves what it has written of a signed message or its content, and removes any other file.
  * szPrivateKey: a private key string.
  *
  * Codes of all: BAD_PARAM_ERROR: an argument that may not be null or empty; OPEN_ERROR: a file cannot be
@@ -982,7 +983,7 @@ ZUL_API int CMS_QueryEnvData(char* szOutput, int nOutChars, const char* szFileIn
 /* PFX_MakeFile writes a certificate, not encrypted, and an encrypted private key, as it stands in its file,
  * to a PFX file with a MAC (HMAC-SHA-1). The key is left out if szKeyFile or szPassword is null or empty.
  * That they belong together is not checked. szPassword: of the key, which is tested, and of the MAC; for
- * other programs to agree beyond ASCII it has to be Latin-1. szFriendlyName: null, or a name in Latin-1.
+ * other programs to agree beyond ASCII it has to be Latin-1. szFriendlyName: in Latin-1; null is empty.
  * nOptions: ZUL_PFX_NO_PRIVKEY leaves the key out in any case; ZUL_KEY_FORMAT_PEM makes PEM "PKCS12" of the
  * file. Status, positive. BAD_PARAM_ERROR; INVALID_DATA_ERROR: the certificate cannot be read; the codes of
  * RSA_ReadEncPrivateKey for the key (DECRYPT_ERROR: wrong password); CREATE_ERROR, also if the new file is

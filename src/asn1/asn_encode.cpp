@@ -6,7 +6,7 @@
 #include "asn1/asn_build.h"
 #include "asn1/asn_header.h"
 #include "encode/base64.h"
-#include "frame/file_stream.h"
+#include "frame/file_writer.h"
 
 namespace zul {
 

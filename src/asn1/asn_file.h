@@ -1,13 +1,13 @@
 #pragma once
 #include "asn1/asn_node.h"
-#include "platform/platform.h"
+#include "frame/file_writer.h"
 
 namespace zul {
 
-// asn_write_file writes a list to a file as DER, or as PEM with lines of lineLen characters if label is not
-// null: 0, INVALID_DATA_ERROR (no encoding, and the file untouched) or CREATE_ERROR without a text, which the
-// caller knows best, or WRITE_ERROR with one. A file that failed is removed.
+// asn_write_file writes a list to a file as output_write does its encoding; INVALID_DATA_ERROR, without a
+// text and with the file untouched, if it has none.
+constexpr int kPemLineLen = 64; // of PEM, where nothing else is asked for
 [[nodiscard]] int asn_write_file(const char* path, const asn_Node* list, const char* label, int lineLen,
-                                 platform::OpenMode mode = platform::OpenMode::create);
+                                 const WriteRules& rules = {});
 
 } // namespace zul

@@ -5,7 +5,7 @@
 
 #include "cipher/padding.h"
 #include "frame/err.h"
-#include "frame/file_stream.h"
+#include "frame/file_writer.h"
 #include "frame/text.h"
 #include "zulcore.h"
 

@@ -1,6 +1,5 @@
 #include <cstring>
 
-#include "cms/content/content_file.h"
 #include "cms/content/content_output.h"
 #include "cms/enveloped/enveloped_data_make.h"
 #include "cms/enveloped/enveloped_data_open.h"
@@ -45,7 +44,7 @@ int CMS_ReadEnvData(const char* szFileOut, const char* szFileIn, const char* szX
     SecretBuffer content;
     if (const int error = open_enveloped_data(szFileIn, szX509File, szPrivateKey, content))
         return frame.length(-error);
-    return frame.length(-content_write(szFileOut, content.data(), content.size()));
+    return frame.length(-bytes_to_file(content, szFileOut));
 }
 
 int CMS_ReadEnvDataToString(char* szDataOut, int nDataOutLen, const char* szFileIn, const char* szX509File,

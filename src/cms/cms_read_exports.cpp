@@ -2,8 +2,8 @@
 #include "asn1/asn_encode.h"
 #include "cms/content/content_output.h"
 #include "cms/signed/signed_data.h"
+#include "encode/output_file.h"
 #include "frame/call_frame.h"
-#include "frame/file_stream.h"
 #include "frame/text.h"
 #include "x509/input/certificate_bundle.h"
 #include "zulcore.h"
@@ -32,13 +32,9 @@ int open_content(SignedData& message, const char* fileOrText) {
 }
 
 int read_to_file(const char* fileOut, const char* fileOrText) {
-    constexpr const char* kNoFile = "Cannot create output file";
-    // The input is read as the output is written.
-    if (is_same_file(fileOrText, fileOut))
-        return fail(CREATE_ERROR, kNoFile);
     SignedData message;
     const int error = open_content(message, fileOrText);
-    return error != 0 ? error : content_to_file(message.content(), fileOut, kNoFile);
+    return error != 0 ? error : content_to_file(message.content(), fileOut, fileOrText);
 }
 
 int read_to_room(char* out, int room, const char* fileOrText) {
@@ -69,15 +65,8 @@ int read_certificate(const char* fileOrText, int index, SecretBuffer& der) {
 }
 
 int write_certificate(const char* path, const SecretBuffer& der) {
-    FileWriter out(path);
-    if (!out.is_open()) {
-        err_add_text("Cannot create %s", shown_name(path));
-        return -CREATE_ERROR;
-    }
-    if (out.write(der.data(), der.size()) && out.finish())
-        return 0;
-    err_add_text("Cannot write %s", shown_name(path));
-    return -WRITE_ERROR;
+    const int error = output_write(path, der, nullptr, 0, {.keepsPart = true});
+    return -(error == CREATE_ERROR ? err_fail(error, "Cannot create %s", shown_name(path)) : error);
 }
 
 } // namespace

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "encode/base64.h"
-#include "frame/file_stream.h"
+#include "frame/file_writer.h"
 
 namespace zul {
 namespace {

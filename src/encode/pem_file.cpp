@@ -2,7 +2,7 @@
 #include "encode/pem.h"
 #include "encode/whole_file.h"
 #include "frame/err.h"
-#include "frame/file_stream.h"
+#include "frame/file_writer.h"
 #include "frame/text.h"
 #include "zulcore.h"
 

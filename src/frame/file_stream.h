@@ -1,4 +1,6 @@
 #pragma once
+#include <utility>
+
 #include "frame/memory.h"
 #include "platform/platform.h"
 
@@ -10,8 +12,11 @@ class File {
     File() = default;
     File(const char* path, platform::OpenMode mode) : handle_(platform::file_open(path, mode)) {}
     explicit File(platform::FileHandle handle) : handle_(handle) {}
-    File(const File&) = delete;
-    File& operator=(const File&) = delete;
+    File(File&& other) noexcept : handle_(std::exchange(other.handle_, platform::kNoFile)) {}
+    File& operator=(File&& other) noexcept {
+        std::swap(handle_, other.handle_);
+        return *this;
+    }
     ~File() { close(); }
 
     bool is_open() const { return handle_ != platform::kNoFile; }
@@ -47,27 +52,6 @@ class FileReader {
     size_t next_ = 1, filled_ = 1; // the first byte of the buffer is kept free for a CR held back
     bool atEnd_ = false, failed_ = false;
     bool folds_ = false, heldCr_ = false; // text: a CR at the end of what was read waits for what follows
-};
-
-// FileWriter writes a file through one wiped buffer. Until finish has returned true the file is not whole:
-// a writer destroyed before that removes what it has made.
-class FileWriter {
-  public:
-    explicit FileWriter(const char* path, platform::OpenMode mode = platform::OpenMode::create);
-    ~FileWriter();
-
-    bool is_open() const { return file_.is_open(); }
-    bool write(const void* data, size_t size); // false once anything could not be written
-    bool finish();                             // flushes and closes
-
-  private:
-    bool flush();
-
-    const char* path_; // the caller's, which outlives the writer
-    File file_;
-    SecretBuffer buffer_;
-    size_t filled_ = 0;
-    bool failed_ = false, finished_ = false;
 };
 
 } // namespace zul

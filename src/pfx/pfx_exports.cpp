@@ -1,11 +1,11 @@
 #include <algorithm>
 #include <climits>
 
+#include "encode/output_file.h"
 #include "frame/call_frame.h"
 #include "frame/text.h"
 #include "pfx/pfx_mac.h"
 #include "pfx/pfx_make.h"
-#include "pfx/pfx_output.h"
 #include "pfx/pfx_reader.h"
 #include "zulcore.h"
 
@@ -39,7 +39,7 @@ int verify(const char* pfxFile, const char* password) {
 }
 
 int extract(const char* out, const char* pfxFile, int (*find)(const SecretBuffer&, SecretBuffer&),
-            platform::OpenMode mode) {
+            bool secret) {
     PfxReader pfx;
     if (const int error = pfx.open(pfxFile))
         return error;
@@ -53,7 +53,8 @@ int extract(const char* out, const char* pfxFile, int (*find)(const SecretBuffer
         return error;
     if (const int error = find(safe, content))
         return error;
-    const int error = pfx_write(out, content, nullptr, mode, pfxFile);
+    const int error =
+        output_write(out, content, nullptr, 0, {.secret = secret, .replaces = secret, .input = pfxFile});
     if (error == CREATE_ERROR)
         err_add_text("Cannot create %s", shown_name(out));
     return error;
@@ -81,12 +82,12 @@ int X509_GetCertFromPFX(const char* szFileOut, const char* szPfxFile, int /*nOpt
     CallFrame frame;
     if (is_missing(szFileOut) || is_missing(szPfxFile))
         return frame.status(BAD_PARAM_ERROR);
-    return frame.status(extract(szFileOut, szPfxFile, pfx_find_certificate, platform::OpenMode::create));
+    return frame.status(extract(szFileOut, szPfxFile, pfx_find_certificate, false));
 }
 
 int RSA_GetPrivateKeyFromPFX(const char* szFileOut, const char* szPfxFile, int /*nOptions*/) {
     CallFrame frame(1);
     if (is_missing(szFileOut) || is_missing(szPfxFile))
         return frame.status(BAD_PARAM_ERROR);
-    return frame.status(extract(szFileOut, szPfxFile, pfx_find_key, platform::OpenMode::createSecret));
+    return frame.status(extract(szFileOut, szPfxFile, pfx_find_key, true));
 }

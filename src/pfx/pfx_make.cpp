@@ -4,13 +4,13 @@
 #include "asn1/asn_build.h"
 #include "asn1/asn_element.h"
 #include "asn1/asn_encode.h"
+#include "asn1/asn_file.h"
 #include "asn1/asn_input.h"
 #include "asn1/asn_parse.h"
 #include "frame/err.h"
 #include "frame/text.h"
 #include "pbe/pbe.h"
 #include "pfx/pfx_mac.h"
-#include "pfx/pfx_output.h"
 #include "pfx/pfx_reader.h"
 #include "rsa/rsa_der.h"
 #include "x509/input/x509_input.h"
@@ -55,8 +55,6 @@ AsnList attribute(const char* name, AsnList value) {
 AsnList bag_attributes(const char* friendlyName) {
     constexpr uint8_t kLocalKeyId[] = {1, 0, 0, 0};
     AsnList keyId = attribute("localKeyID", asn_NewOctetString(kLocalKeyId, sizeof kLocalKeyId));
-    if (*friendlyName == '\0')
-        return asn_NewSet(std::move(keyId));
     return asn_NewSet(
         asn_LinkList(std::move(keyId), attribute("friendlyName", asn_NewBMPString(friendlyName))));
 }
@@ -107,12 +105,13 @@ int pfx_make(const PfxOrder& order) {
         err_add_text("Too long for a PFX file");
         return MSG_TOO_LONG_ERROR;
     }
-    const SecretBuffer pfx = asn_Encode(asn_NewSequence(
-        asn_LinkList(asn_NewInteger(kPfxVersion), data_content_info(std::move(authenticatedSafe)),
-                     pfx_mac_data(safe, order.password))));
-    const int error =
-        pfx_write(order.newFile, pfx, (order.options & ZUL_KEY_FORMAT_PEM) != 0 ? "PKCS12" : nullptr,
-                  withKey ? platform::OpenMode::createSecret : platform::OpenMode::create, order.keyFile);
+    const AsnList pfx = asn_NewSequence(asn_LinkList(asn_NewInteger(kPfxVersion),
+                                                     data_content_info(std::move(authenticatedSafe)),
+                                                     pfx_mac_data(safe, order.password)));
+    // There may be no other copy of the key.
+    const int error = asn_write_file(
+        order.newFile, pfx.head(), (order.options & ZUL_KEY_FORMAT_PEM) != 0 ? "PKCS12" : nullptr,
+        kPemLineLen, {.secret = withKey, .replaces = true, .input = order.keyFile});
     if (error == CREATE_ERROR)
         err_add_text("Cannot create file %s", shown_name(order.newFile));
     return error;

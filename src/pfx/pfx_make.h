@@ -7,7 +7,7 @@ struct PfxOrder {
     const char* certFile;
     const char* keyFile;      // an encrypted private key; empty: none
     const char* password;     // of the key and of the MAC; empty: no key either
-    const char* friendlyName; // empty: none
+    const char* friendlyName; // may be empty
     int options;
 };
 

@@ -70,7 +70,7 @@ enum class OpenMode {
     readText,     // "rt": CR LF becomes LF as it is read, where file_folds_line_ends
     update,       // "r+b": the file must exist; fails on one that is marked read-only
     create,       // "wb": made or emptied; fails on an existing one that is marked read-only
-    createSecret, // as create, and a new file is readable and writable by its owner only
+    createSecret, // as create, and the file is readable and writable by its owner only
 };
 
 // file_folds_line_ends tells whether the system itself reads CR LF as LF; otherwise the reader has to.
@@ -102,6 +102,18 @@ bool file_seek(FileHandle file, int64_t offset);
 bool file_is(FileHandle file, const char* path);
 // file_is_regular tells whether path names an ordinary file (not a device or a pipe).
 bool file_is_regular(const char* path);
+
+// --- replacing files (file_replace.cpp) ----------------------------------------------------------------
+
+// file_create_beside makes an empty file, to be put in the place of the one at path: in the same folder, with
+// the same owner, and with the same permissions or, if secret, those of its owner alone. Its name goes to
+// newPath, which has room for path and kBesideSuffix more. kNoFile if it cannot be made, or the file at path
+// may not be written. *inPlace then tells that the file at path has to be written itself: there is none, it
+// is not a regular file, it has several names, or its folder or owner does not allow another file.
+constexpr size_t kBesideSuffix = 16;
+FileHandle file_create_beside(const char* path, bool secret, char* newPath, bool* inPlace);
+// file_replace puts one file in the place of another in one step. If it fails, the new file is as it was.
+bool file_replace(const char* newPath, const char* path);
 
 // --- clocks and other readings (readings.cpp) ----------------------------------------------------------
 

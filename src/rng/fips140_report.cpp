@@ -3,7 +3,7 @@
 #include <cstdarg>
 #include <cstdio>
 
-#include "frame/file_stream.h"
+#include "frame/file_writer.h"
 #include "rng/rng.h"
 #include "zulcore.h"
 

@@ -12,15 +12,16 @@ namespace zul {
 namespace {
 
 constexpr int kLineLen = 60;
+constexpr WriteRules kPublic = {.replaces = true}, kPrivate = {.secret = true, .replaces = true};
 
-int write_list(const char* path, const asn_Node* list, const char* label, platform::OpenMode mode) {
+int write_list(const char* path, const asn_Node* list, const char* label, const WriteRules& rules) {
     if (debugOutput.structures != 0)
         asn_Dump(list);
-    return asn_write_file(path, list, label, kLineLen, mode);
+    return asn_write_file(path, list, label, kLineLen, rules);
 }
 
-int write_key_list(const char* path, const AsnList& list, const char* label, platform::OpenMode mode) {
-    const int error = write_list(path, list.head(), label, mode);
+int write_key_list(const char* path, const AsnList& list, const char* label, const WriteRules& rules) {
+    const int error = write_list(path, list.head(), label, rules);
     if (error == CREATE_ERROR)
         err_add_text("Unable to create key file %s", shown_name(path));
     return error;
@@ -31,27 +32,24 @@ int write_key_list(const char* path, const AsnList& list, const char* label, pla
 // The two bits choose differently for public and for private keys: callers have files of both kinds.
 
 int rsa_write_public_key(const char* path, const RsaKey& key, int options) {
-    constexpr auto mode = platform::OpenMode::create;
     if ((options & ZUL_KEY_FORMAT_PEM) != 0)
-        return write_key_list(path, rsa_public_key_list(key), "RSA PUBLIC KEY", mode);
+        return write_key_list(path, rsa_public_key_list(key), "RSA PUBLIC KEY", kPublic);
     if ((options & ZUL_KEY_FORMAT_PEM_ALT) != 0)
-        return write_key_list(path, rsa_subject_public_key_info(key), "PUBLIC KEY", mode);
-    return write_key_list(path, rsa_public_key_list(key), nullptr, mode);
+        return write_key_list(path, rsa_subject_public_key_info(key), "PUBLIC KEY", kPublic);
+    return write_key_list(path, rsa_public_key_list(key), nullptr, kPublic);
 }
 
 int rsa_write_private_key_info(const char* path, const RsaKey& key, int options) {
-    constexpr auto mode = platform::OpenMode::createSecret;
     if ((options & ZUL_KEY_FORMAT_PEM) != 0)
-        return write_key_list(path, rsa_private_key_info(key), "PRIVATE KEY", mode);
+        return write_key_list(path, rsa_private_key_info(key), "PRIVATE KEY", kPrivate);
     if ((options & ZUL_KEY_FORMAT_PEM_ALT) != 0)
-        return write_key_list(path, rsa_private_key_list(key), "RSA PRIVATE KEY", mode);
-    return write_key_list(path, rsa_private_key_info(key), nullptr, mode);
+        return write_key_list(path, rsa_private_key_list(key), "RSA PRIVATE KEY", kPrivate);
+    return write_key_list(path, rsa_private_key_info(key), nullptr, kPrivate);
 }
 
 int rsa_write_encrypted_key(const char* path, const asn_Node* encryptedPrivateKeyInfo, int options) {
     const bool pem = (options & (ZUL_KEY_FORMAT_PEM | ZUL_KEY_FORMAT_PEM_ALT)) != 0;
-    return write_list(path, encryptedPrivateKeyInfo, pem ? "ENCRYPTED PRIVATE KEY" : nullptr,
-                      platform::OpenMode::createSecret);
+    return write_list(path, encryptedPrivateKeyInfo, pem ? "ENCRYPTED PRIVATE KEY" : nullptr, kPrivate);
 }
 
 } // namespace zul

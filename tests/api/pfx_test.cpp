@@ -128,6 +128,7 @@ TEST_F(Pfx, MakesTheStructure) {
     };
     const Bytes keyId = hex("3013 06092a864886f70d010915 3106040401000000");
     const Bytes name = hex("3019 06092a864886f70d010914 310c 1e0a 0041 00fc 0062 0020 0031");
+    const Bytes noName = hex("300f 06092a864886f70d010914 3102 1e00");
     const struct {
         const char* name;
         Bytes attributes;
@@ -136,8 +137,8 @@ TEST_F(Pfx, MakesTheStructure) {
         bool hasKey;
     } cases[] = {
         {"A\xfc\x62 1", tlv(0x31, {keyId, name}), 0, "simple", true},
-        {"", tlv(0x31, {keyId}), 0, "simple", true},
-        {nullptr, tlv(0x31, {keyId}), ZUL_PFX_NO_PRIVKEY, "other", false},
+        {"", tlv(0x31, {keyId, noName}), 0, "simple", true},
+        {nullptr, tlv(0x31, {keyId, noName}), ZUL_PFX_NO_PRIVKEY, "other", false},
         {"x", tlv(0x31, {keyId, hex("3011 06092a864886f70d010914 3104 1e02 0078")}), 0, "", false},
     };
     for (const auto& c : cases) {

@@ -8,7 +8,7 @@
 #include "asn1/asn_parse.h"
 #include "asn1/asn_value.h"
 #include "frame/err.h"
-#include "frame/file_stream.h"
+#include "frame/file_writer.h"
 #include "frame/memory_hooks.h"
 #include "support/temp_dir.h"
 #include "support/vectors.h"

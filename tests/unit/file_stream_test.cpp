@@ -1,11 +1,13 @@
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
 
-#include "frame/file_stream.h"
+#include "frame/file_writer.h"
 #include "support/temp_dir.h"
 
 using namespace zul;
+namespace fs = std::filesystem;
 
 static std::string read_by(const std::string& path, size_t piece, bool text) {
     FileReader reader(path.c_str(), text);
@@ -38,19 +40,66 @@ TEST(FileReader, FoldsLineEndsWhereverItsBufferEnds) {
     }
 }
 
-TEST(FileWriter, LeavesAFileOnlyWhenFinished) {
+// write_by gives what a file holds after a writer that is finished or destroyed before.
+static std::string write_by(const std::string& path, const WriteRules& rules, bool finishes) {
+    {
+        FileWriter writer(path.c_str(), rules);
+        EXPECT_TRUE(writer.is_open());
+        EXPECT_TRUE(writer.write("new ", 4) && writer.write(std::string(100000, 'c').data(), 100000));
+        EXPECT_TRUE(!finishes || writer.finish());
+    }
+    return test::file_exists(path) ? test::read_text(path) : "none";
+}
+
+TEST(FileWriter, LeavesAFileAsItsRulesSay) {
+    const std::string whole = "new " + std::string(100000, 'c');
+    const struct {
+        WriteRules rules;
+        const char* old; // null: no file was there
+        std::string unfinished;
+    } rows[] = {{{}, nullptr, "none"},
+                {{}, "old", "none"},
+                {{.replaces = true}, nullptr, "none"},
+                {{.replaces = true}, "old", "old"},
+                {{.keepsPart = true}, "old", whole}};
+    for (const auto& row : rows) {
+        for (const bool finishes : {false, true}) {
+            const test::TempDir dir;
+            const std::string path = row.old == nullptr ? dir.file("out") : dir.write("out", row.old);
+            // Not EXPECT_EQ, which would print it all.
+            EXPECT_TRUE(write_by(path, row.rules, finishes) == (finishes ? whole : row.unfinished));
+            const auto files = std::distance(fs::directory_iterator(dir.path()), {});
+            EXPECT_EQ(files, test::file_exists(path) ? 1 : 0);
+        }
+    }
+}
+
+TEST(FileWriter, ReplacesOnlyPlainFilesThatMayBeWritten) {
     const test::TempDir dir;
-    const std::string path = dir.file("out"), content(100000, 'c');
-    {
-        FileWriter writer(path.c_str());
-        ASSERT_TRUE(writer.is_open());
-        EXPECT_TRUE(writer.write(content.data(), content.size()));
+    const std::string path = dir.write("out", "old"), link = dir.file("link"), name = dir.file("name");
+    EXPECT_FALSE(FileWriter(path.c_str(), {.replaces = true, .input = path.c_str()}).is_open());
+    fs::permissions(path, fs::perms(0440));
+    EXPECT_FALSE(FileWriter(path.c_str(), {.replaces = true}).is_open());
+    EXPECT_EQ(test::read_text(path), "old");
+    fs::permissions(path, fs::perms(0640));
+    std::error_code noLinks;
+    fs::create_hard_link(path, name);
+    fs::create_symlink(path, link, noLinks);
+    for (const std::string& other : noLinks ? std::vector{name} : std::vector{name, link}) {
+        const std::string written = write_by(other, {.replaces = true}, true);
+        EXPECT_TRUE(written == test::read_text(path) && written.size() > 3) << other;
+        dir.write("out", "old");
     }
-    EXPECT_FALSE(test::file_exists(path));
-    {
-        FileWriter writer(path.c_str());
-        EXPECT_TRUE(writer.write(content.data(), content.size()));
-        EXPECT_TRUE(writer.finish());
+#ifndef _WIN32
+    EXPECT_TRUE(fs::is_symlink(link));
+    fs::remove(name);
+    for (const WriteRules& rules : {WriteRules{.replaces = true}, {.secret = true, .replaces = true}}) {
+        fs::permissions(path, fs::perms(0640));
+        write_by(path, rules, true);
+        EXPECT_EQ(fs::status(path).permissions(), fs::perms(rules.secret ? 0600 : 0640));
     }
-    EXPECT_TRUE(test::read_text(path) == content);
+    fs::permissions(path, fs::perms(0640));
+    write_by(path, {.secret = true}, true);
+    EXPECT_EQ(fs::status(path).permissions(), fs::perms(0600));
+#endif
 }

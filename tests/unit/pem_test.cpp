@@ -6,7 +6,7 @@
 #include "encode/pem.h"
 #include "encode/whole_file.h"
 #include "frame/err.h"
-#include "frame/file_stream.h"
+#include "frame/file_writer.h"
 #include "support/temp_dir.h"
 #include "zulcore.h"
 

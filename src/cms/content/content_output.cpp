@@ -6,7 +6,8 @@
 
 #include "cms/content/octet_content.h"
 #include "frame/err.h"
-#include "frame/file_stream.h"
+#include "frame/file_writer.h"
+#include "frame/text.h"
 #include "zulcore.h"
 
 namespace zul {
@@ -14,40 +15,45 @@ namespace {
 
 constexpr size_t kPart = 64 * 1024;
 
-int fail(int code, const char* text) {
-    err_add_text("%s", text);
-    return -code;
-}
-
 // A result is an int.
 int too_long() {
-    return fail(MSG_TOO_LONG_ERROR, "Content is too long");
+    return -err_fail(MSG_TOO_LONG_ERROR, "Content is too long");
 }
 
 int changed() {
-    return fail(INVALID_DATA_ERROR, "Cannot read content");
+    return -err_fail(INVALID_DATA_ERROR, "Cannot read content");
 }
 
 } // namespace
 
-int content_to_file(OctetContent& content, const char* path, const char* noFile) {
+int content_to_file(OctetContent& content, const char* path, const char* input) {
+    constexpr const char* kNotWritten = "Cannot write output file";
     if (content.size() > INT_MAX)
         return too_long();
     if (!content.rewind())
         return changed();
-    FileWriter out(path);
+    FileWriter out(path, {.keepsPart = true, .input = input});
     if (!out.is_open())
-        return fail(CREATE_ERROR, noFile);
+        return -err_fail(CREATE_ERROR, "Cannot create output file");
     SecretBuffer part(kPart);
     size_t done = 0;
     while (const size_t got = content.read(part.data(), kPart)) {
         done += got;
         if (!out.write(part.data(), got))
-            return fail(WRITE_ERROR, "Cannot write output file");
+            return -err_fail(WRITE_ERROR, kNotWritten);
     }
     if (done != content.size())
         return changed();
-    return out.finish() ? static_cast<int>(done) : fail(WRITE_ERROR, "Cannot write output file");
+    return out.finish() ? static_cast<int>(done) : -err_fail(WRITE_ERROR, kNotWritten);
+}
+
+int bytes_to_file(const SecretBuffer& bytes, const char* path) {
+    FileWriter out(path);
+    if (!out.is_open())
+        return err_fail(CREATE_ERROR, "Cannot create file '%s'", shown_name(path));
+    if (out.write(bytes.data(), bytes.size()) && out.finish())
+        return 0;
+    return err_fail(out.close_failed() ? IO_ERROR : WRITE_ERROR, "Cannot write file '%s'", shown_name(path));
 }
 
 int content_to_room(OctetContent& content, char* out, int room) {

@@ -105,7 +105,9 @@ int make_enveloped(const char* path, AsnList content, ContentCipher& cipher, con
         "envelopedData",
         asn_NewSequence(asn_LinkList(asn_NewInteger(0), std::move(recipients), std::move(encrypted))));
     const int fileOptions = count > 0 ? options : options & ~ZUL_CMS_FORMAT_BASE64;
-    const int error = message_write(path, message.head(), fileOptions, nullptr, "Cannot create file '%s'");
+    const int error = message_write(path, message.head(), fileOptions, nullptr, {});
+    if (error == CREATE_ERROR)
+        err_add_text("Cannot create file '%s'", shown_name(path));
     return error != 0 ? -error : count;
 }
 

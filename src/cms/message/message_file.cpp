@@ -8,7 +8,7 @@
 #include "asn1/asn_header.h"
 #include "encode/pem.h"
 #include "frame/err.h"
-#include "frame/file_stream.h"
+#include "frame/file_writer.h"
 #include "frame/text.h"
 #include "zulcore.h"
 
@@ -66,16 +66,13 @@ void write_armoured(FileWriter& out, const asn_Node* message, const char* label)
 } // namespace
 
 int message_write(const char* path, const asn_Node* message, int options, const char* label,
-                  const char* noFile) {
+                  const WriteRules& rules) {
     // Before the file is opened, so that one that exists is not lost to what cannot be written.
     if (message == nullptr || asn_Length(message) == 0)
         return INVALID_DATA_ERROR;
-    FileWriter out(path);
-    if (!out.is_open()) {
-        const char* place = strstr(noFile, "%s");
-        err_add_text("%.*s%s%s", static_cast<int>(place - noFile), noFile, shown_name(path), place + 2);
+    FileWriter out(path, rules);
+    if (!out.is_open())
         return CREATE_ERROR;
-    }
     const bool asBase64 = (options & ZUL_CMS_FORMAT_BASE64) != 0;
     if (!asBase64)
         static_cast<void>(asn_WriteFile(message, out)); // finish tells of a failure

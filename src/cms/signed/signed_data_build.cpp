@@ -3,6 +3,7 @@
 #include "asn1/asn_build.h"
 #include "cms/message/message_file.h"
 #include "frame/err.h"
+#include "frame/text.h"
 #include "zulcore.h"
 
 namespace zul {
@@ -22,7 +23,8 @@ int write_signed_data(const char* path, SignedDataParts parts, int options, cons
     AsnList message = signed_data(std::move(parts));
     if ((options & ZUL_CMS_BARE_SIGNEDDATA) == 0)
         message = content_info("signedData", std::move(message));
-    return message_write(path, message.head(), options, label, "Cannot create file %s");
+    const int error = message_write(path, message.head(), options, label, {.keepsPart = true});
+    return error == CREATE_ERROR ? err_fail(error, "Cannot create file %s", shown_name(path)) : error;
 }
 
 } // namespace zul

@@ -39,6 +39,8 @@ FileHandle file_open(const char* path, OpenMode mode) {
         close(fd);
         return kNoFile;
     }
+    if (mode == OpenMode::createSecret && S_ISREG(status.st_mode))
+        fchmod(fd, 0600); // of a file that was there before; only its owner can change that
     return fd;
 }
 

@@ -1,14 +1,15 @@
 #pragma once
 #include <string_view>
 
-#include "frame/file_stream.h"
+#include "frame/file_writer.h"
 
 namespace zul {
 
-// DumpOutput writes a text file. What is written to it so far stays in the file.
+// DumpOutput writes a text file, but never the one that the argument input names. What is written to it so
+// far stays in the file.
 class DumpOutput {
   public:
-    explicit DumpOutput(const char* path) : file_(path) {}
+    DumpOutput(const char* path, const char* input) : file_(path, {.input = input}) {}
     bool is_open() const { return file_.is_open(); }
 
     // put writes texts one after the other, each "\n" as the platform's line end.

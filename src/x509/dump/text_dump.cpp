@@ -1,7 +1,6 @@
 #include "x509/dump/text_dump.h"
 
 #include "frame/err.h"
-#include "frame/file_stream.h"
 #include "frame/text.h"
 #include "x509/dump/dump_layouts.h"
 #include "x509/fields/certificate.h"
@@ -37,11 +36,7 @@ int dump(DumpOutput& out, const char* fileOrText) {
 } // namespace
 
 int text_dump(const char* fileOut, const char* fileOrText) {
-    if (is_same_file(fileOrText, fileOut)) {
-        err_add_text("Cannot create file '%s'", shown_name(fileOut));
-        return -CREATE_ERROR;
-    }
-    DumpOutput out(fileOut);
+    DumpOutput out(fileOut, fileOrText);
     if (!out.is_open()) {
         err_add_text("Cannot create file '%s'", shown_name(fileOut));
         return -CREATE_ERROR;

@@ -2,6 +2,7 @@
 #include <cstring>
 
 #include "asn1/asn_build.h"
+#include "asn1/asn_file.h"
 #include "frame/err.h"
 #include "frame/text.h"
 #include "rsa/rsa_der.h"
@@ -191,8 +192,9 @@ int CertificateMaker::make() {
     error = x509_sign(to_be_signed(notBefore, notAfter), algorithm_, issuerKey_, certificate);
     if (error != 0)
         return fail(error, "Error creating signature");
-    error = x509_write(order_.newFile, certificate.head(), has(ZUL_X509_FORMAT_PEM) ? "CERTIFICATE" : nullptr,
-                       order_.issuerKey);
+    error =
+        asn_write_file(order_.newFile, certificate.head(), has(ZUL_X509_FORMAT_PEM) ? "CERTIFICATE" : nullptr,
+                       kPemLineLen, {.input = order_.issuerKey});
     if (error == CREATE_ERROR)
         err_add_text("Cannot create file '%s'", shown_name(order_.newFile));
     return error;

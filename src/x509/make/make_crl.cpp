@@ -1,5 +1,6 @@
 // Revocation lists of version 1 (RFC 5280, 5.1).
 #include "asn1/asn_build.h"
+#include "asn1/asn_file.h"
 #include "frame/err.h"
 #include "frame/text.h"
 #include "x509/fields/certificate.h"
@@ -87,7 +88,8 @@ int make_crl(const char* crlFile, const char* issuerCert, const char* issuerKey,
         return error;
     }
     const bool pem = (options & ZUL_X509_FORMAT_PEM) != 0;
-    const int error = x509_write(crlFile, crl.head(), pem ? "X509 CRL" : nullptr, issuerKey);
+    const int error =
+        asn_write_file(crlFile, crl.head(), pem ? "X509 CRL" : nullptr, kPemLineLen, {.input = issuerKey});
     if (error == CREATE_ERROR)
         err_add_text("Cannot create file %s", shown_name(crlFile));
     return error;

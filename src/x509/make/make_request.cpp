@@ -1,5 +1,6 @@
 // Certification requests: PKCS #10 (RFC 2986).
 #include "asn1/asn_build.h"
+#include "asn1/asn_file.h"
 #include "frame/err.h"
 #include "frame/text.h"
 #include "rsa/rsa_der.h"
@@ -38,8 +39,8 @@ int make_request(const char* reqFile, const char* privateKey, const char* distNa
         return error;
     }
     const bool pem = (options & ZUL_X509_REQ_DER) == 0;
-    const int error =
-        x509_write(reqFile, request.head(), pem ? "NEW CERTIFICATE REQUEST" : nullptr, privateKey);
+    const int error = asn_write_file(reqFile, request.head(), pem ? "NEW CERTIFICATE REQUEST" : nullptr,
+                                     kPemLineLen, {.replaces = true, .input = privateKey});
     if (error == CREATE_ERROR)
         err_add_text("Cannot create file %s", shown_name(reqFile));
     return error;

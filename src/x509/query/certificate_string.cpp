@@ -5,6 +5,7 @@
 
 #include "asn1/asn_element.h"
 #include "asn1/asn_encode.h"
+#include "asn1/asn_file.h"
 #include "asn1/asn_input.h"
 #include "encode/base64.h"
 #include "frame/err.h"
@@ -52,7 +53,7 @@ int save_certificate_string(const char* path, const char* text, int options) {
         return INVALID_DATA_ERROR;
     }
     const bool pem = (options & ZUL_X509_FORMAT_PEM) != 0;
-    const int error = x509_write(path, certificate.head(), pem ? "CERTIFICATE" : nullptr, nullptr);
+    const int error = asn_write_file(path, certificate.head(), pem ? "CERTIFICATE" : nullptr, kPemLineLen);
     if (error == CREATE_ERROR)
         err_add_text("Cannot create file '%s'", shown_name(path));
     return error;

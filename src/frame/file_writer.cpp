@@ -1,0 +1,121 @@
+#include "frame/file_writer.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace zul {
+
+// As large as the reader's, for the same reasons.
+static constexpr size_t kStreamBuffer = 64 * 1024;
+
+FileWriter::FileWriter(const char* path, const WriteRules& rules) : path_(path), rules_(rules) {
+    if (rules.input != nullptr && is_same_file(rules.input, path))
+        return;
+    if (rules.replaces)
+        open_to_replace();
+    else
+        file_ = File(path, rules.secret ? platform::OpenMode::createSecret : platform::OpenMode::create);
+    if (file_.is_open())
+        buffer_ = SecretBuffer(kStreamBuffer);
+}
+
+void FileWriter::open_to_replace() {
+    newPath_ = SecretBuffer(strlen(path_) + platform::kBesideSuffix);
+    bool inPlace = false;
+    file_ = File(platform::file_create_beside(path_, rules_.secret, newPath_.text(), &inPlace));
+    if (file_.is_open())
+        return;
+    newPath_ = SecretBuffer();
+    if (inPlace)
+        file_ = File(path_, rules_.secret ? platform::OpenMode::createSecret : platform::OpenMode::create);
+}
+
+FileWriter::~FileWriter() {
+    if (!file_.is_open() || finished_)
+        return;
+    if (rules_.keepsPart && newPath_.empty())
+        flush();
+    else
+        discard();
+}
+
+void FileWriter::discard() {
+    if (!newPath_.empty()) {
+        file_.close();
+        platform::file_remove(newPath_.text());
+        return;
+    }
+    const bool removable = platform::file_is_regular(path_) && platform::file_is(file_.handle(), path_);
+    if (removable)
+        platform::file_empty(file_.handle()); // another name of the file, a link, must not keep a part
+    file_.close();
+    if (removable)
+        platform::file_remove(path_);
+}
+
+bool FileWriter::put(const uint8_t* bytes, size_t size) {
+    failed_ = failed_ || !platform::file_write(file_.handle(), bytes, size);
+    return !failed_;
+}
+
+bool FileWriter::flush() {
+    const size_t size = std::exchange(filled_, 0);
+    return put(buffer_.data(), size);
+}
+
+bool FileWriter::write(const void* data, size_t size) {
+    const auto* bytes = static_cast<const uint8_t*>(data);
+    if (!failed_ && size >= buffer_.size() - filled_) {
+        // What would fill the buffer goes past it, without a copy.
+        flush();
+        if (size >= buffer_.size())
+            return put(bytes, size);
+    }
+    if (failed_)
+        return false;
+    if (size > 0)
+        memcpy(buffer_.data() + filled_, bytes, size);
+    filled_ += size;
+    return true;
+}
+
+bool FileWriter::finish() {
+    if (!file_.is_open() || !flush())
+        return false;
+    finished_ = newPath_.empty() ? close() : replace();
+    return finished_;
+}
+
+bool FileWriter::close() {
+    closeFailed_ = !file_.close();
+    // What close reports as lost cannot be removed by handle any more, but by name.
+    if (closeFailed_ && !rules_.keepsPart && platform::file_is_regular(path_))
+        platform::file_remove(path_);
+    return !closeFailed_;
+}
+
+// The new file is on the disk before it takes the place of the old one: a full disk shows until then.
+bool FileWriter::replace() {
+    const bool committed = platform::file_commit(file_.handle());
+    const bool whole = file_.close() && committed;
+    if (whole && platform::file_replace(newPath_.text(), path_))
+        return true;
+    const bool copied = whole && copy_in_place();
+    platform::file_remove(newPath_.text());
+    return copied;
+}
+
+// A file may turn out not to be replaceable (a mount point, a file of others in a shared folder).
+bool FileWriter::copy_in_place() const {
+    FileReader reader(newPath_.text());
+    FileWriter writer(path_, {.secret = rules_.secret});
+    if (!reader.is_open() || !writer.is_open())
+        return false;
+    SecretBuffer part(kStreamBuffer);
+    while (const size_t got = reader.read(part.data(), part.size()))
+        if (!writer.write(part.data(), got))
+            return false;
+    return !reader.failed() && writer.finish();
+}
+
+} // namespace zul
