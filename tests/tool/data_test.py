@@ -17,20 +17,19 @@ class Digests(ToolTest):
             self.assertEqual(self.done("hash", name, "in.bin", "-", stdin=CONTENT).decode(),
                              f"{expected}  in.bin\n{expected}  -\n")
         # RFC 1319, A.5
-        self.assertEqual(self.done("hash", "MD2", stdin=b"abc"), b"da853b0d3f88d99b30283a69e6ded6bb  -\n")
-        self.assertEqual(self.done("hash", "SHA-256"), hashlib.sha256().hexdigest().encode() + b"  -\n")
+        self.assertEqual(self.done("hash MD2", stdin=b"abc"), b"da853b0d3f88d99b30283a69e6ded6bb  -\n")
+        self.assertEqual(self.done("hash SHA-256"), hashlib.sha256().hexdigest().encode() + b"  -\n")
         large = CONTENT * 30  # more than a pipe holds
-        self.assertIn(hashlib.sha512(large).hexdigest().encode(), self.done("hash", "sha512", stdin=large))
+        self.assertIn(hashlib.sha512(large).hexdigest().encode(), self.done("hash sha512", stdin=large))
 
     def test_text_mode(self):
         write("dos.txt", b"one\r\ntwo\rthree\r\r\n")
         expected = hashlib.sha1(b"one\ntwo\rthree\r\n").hexdigest()
-        for result in (self.done("hash", "sha1", "--text", "dos.txt"),
-                       self.done("hash", "sha1", "--text", "-", stdin=read("dos.txt"))):
+        for result in (self.done("hash sha1 --text dos.txt"), self.done("hash sha1 --text -", stdin=read("dos.txt"))):
             self.assertEqual(result.split()[0].decode(), expected)
 
     def test_one_file_of_several_is_missing(self):
-        result = self.refused(1, "hash", "md5", "missing", "in.bin", says="zul: missing: error 1: Cannot open input file")
+        result = self.refused(1, "hash md5 missing in.bin", says="zul: missing: error 1: Cannot open input file")
         self.assertEqual(result.stdout.split()[0].decode(), hashlib.md5(CONTENT).hexdigest())
 
     def test_hmac(self):
@@ -45,26 +44,26 @@ class Digests(ToolTest):
         if len(TOOL) > 1:  # a backslash separates folders there
             os.mkdir("a")
             write("a/b", b"")
-            self.assertEqual(self.done("hash", "md5", "a\\b"), b"\\" + hashlib.md5().hexdigest().encode() + b"  a\\\\b\n")
+            self.assertEqual(self.done("hash md5", "a\\b"), b"\\" + hashlib.md5().hexdigest().encode() + b"  a\\\\b\n")
             write("\u0142\u20ac\u65e5.x", CONTENT)
             digest = hashlib.md5(CONTENT).hexdigest()
             for name in ("\u0142\u20ac\u65e5.x", "*.x", "?\u20ac\u65e5.*"):
-                self.assertEqual(self.done("hash", "md5", name).decode(), f"{digest}  \u0142\u20ac\u65e5.x\n")
+                self.assertEqual(self.done("hash md5", name).decode(), f"{digest}  \u0142\u20ac\u65e5.x\n")
             return
         names = ["a\nb", "c\rd", "e\\nf"]
         for name in names:
             write(name, b"")
         digest = hashlib.md5().hexdigest()
-        self.assertEqual(self.done("hash", "md5", *names).decode(), "".join(
+        self.assertEqual(self.done("hash md5", *names).decode(), "".join(
             f"\\{digest}  {shown}\n" for shown in (r"a\nb", r"c\rd", r"e\\nf")))
-        self.assertIn(rb"  a\nb", self.done("hmac", "md5", "--key=00", "a\nb"))
+        self.assertIn(rb"  a\nb", self.done("hmac md5 --key=00", "a\nb"))
 
     @unittest.skipUnless(os.path.exists("/proc/self/mem"), "a file whose reading fails")
     def test_a_failed_read_is_not_the_end(self):
         if len(TOOL) > 1:
             self.skipTest("no such file under Wine")
         write("sign.key", rsa_key())
-        self.done("cert", "self", "-k", "sign.key", "-s", "CN=a", "a.pem")
+        self.done("cert self -k sign.key -s CN=a a.pem")
         bad, signer = "/proc/self/mem", ["-k", "sign.key"]
         for command in (["hash", "md5", bad], ["hash", "md5", "--text", bad], ["hmac", "md5", "--key=00", bad],
                         ["encrypt", "-a", "aes-128-ecb", "--key", KEY[:16].hex(), bad, "never"], ["der", bad],
@@ -72,8 +71,7 @@ class Digests(ToolTest):
                         ["verify", *signer, bad, "in.bin"], ["rsa-encrypt", *signer, bad, "never"], ["key", "show", bad],
                         ["cms", "sign", *signer, "--cert=a.pem", "--detached", bad, "-o", "never"],
                         ["cms", "verify", bad]):
-            with self.subTest(command):
-                self.assertEqual(self.refused(3, *command).stdout, b"")
+            self.assertEqual(self.refused(3, *command).stdout, b"")
         self.assertFalse(os.path.exists("never"))
         # Memory up to the heap's end: 64 KiB are read, and the next read fails.
         end = int(re.search(r"-(\w+) rw.*\[heap\]", read("/proc/self/maps").decode())[1], 16)
@@ -95,24 +93,21 @@ class Ciphers(ToolTest):
         for ours, theirs, key_bytes, block in self.CHOICES:
             key, iv = KEY[:key_bytes].hex(), IV[:block].hex()
             choice = ["-a", ours, "--key", key, *(["--iv", iv] if iv else [])]
-            with self.subTest(ours):
-                expected = openssl("enc", "-" + theirs, "-K", key, *(["-iv", iv] if iv else []), stdin=CONTENT)
-                self.done("encrypt", *choice, "in.bin", "out.bin")
-                self.assertEqual(read("out.bin"), expected)
-                self.assertEqual(self.done("encrypt", *choice, "-", "-", stdin=CONTENT), expected)
-                self.done("decrypt", *choice, "out.bin", "back.bin")
-                self.assertEqual(read("back.bin"), CONTENT)
-                self.assertEqual(self.done("decrypt", *choice, "out.bin", "-"), CONTENT)
+            expected = openssl("enc", "-" + theirs, "-K", key, *(["-iv", iv] if iv else []), stdin=CONTENT)
+            self.done("encrypt", *choice, "in.bin", "out.bin")
+            self.assertEqual(read("out.bin"), expected)
+            self.assertEqual(self.done("encrypt", *choice, "-", "-", stdin=CONTENT), expected)
+            self.done("decrypt", *choice, "out.bin", "back.bin")
+            self.assertEqual(read("back.bin"), CONTENT)
+            self.assertEqual(self.done("decrypt", *choice, "out.bin", "-"), CONTENT)
 
     def test_names_and_key_forms(self):
-        expected = openssl("enc", "-des-ede3-cbc", "-K", KEY[:24].hex(), "-iv", IV[:8].hex(), stdin=b"x")
+        expected = openssl("enc -des-ede3-cbc -K", KEY[:24].hex(), "-iv", IV[:8].hex(), stdin=b"x")
         write("raw.key", KEY[:24])
         write("hex.key", KEY[:24].hex(":").encode().replace(b":", b" ") + b"\r\n")
         keys = ["--key-file", "raw.key"], ["--key-file=hex.key"], [f"--key={KEY[:24].hex(':')}"]
         for name, key in zip(("3DES-CBC", "tdea/cbc", "des-ede3-cbc", "DESede CBC", "des3cbc", "triple-des-cbc"), keys * 2):
-            with self.subTest(name, key=key):
-                self.assertEqual(self.done("encrypt", "-a", name, *key, "--iv", IV[:8].hex(), "-", "-", stdin=b"x"),
-                                 expected)
+            self.assertEqual(self.done("encrypt -a", name, *key, "--iv", IV[:8].hex(), "-", "-", stdin=b"x"), expected)
 
     def test_empty_input(self):
         write("empty.bin", b"")
@@ -125,17 +120,16 @@ class Ciphers(ToolTest):
 
     def test_damage_is_refused_in_both_forms(self):
         choice = ["-a", "aes-256-cbc", "--key", KEY.hex(), "--iv", IV.hex()]
-        good = openssl("enc", "-aes-256-cbc", "-K", KEY.hex(), "-iv", IV.hex(), stdin=CONTENT)
+        good = openssl("enc -aes-256-cbc -K", KEY.hex(), "-iv", IV.hex(), stdin=CONTENT)
         flipped = good[:-17] + bytes([good[-17] ^ 0x80]) + good[-16:]  # the pad's last byte becomes 0x80 or more
         cases = [(flipped, 15, "not the right one, or the data was damaged"), (good[:-1], 26, "some of it is missing"),
                  (b"", 26, "Data not a valid length")]
         for content, code, says in cases:
-            with self.subTest(code):
-                write("damaged.bin", content)
-                self.refused(code, "decrypt", *choice, "damaged.bin", "never.bin", says=says)
-                result = self.refused(code, "decrypt", *choice, "damaged.bin", "-", says=says)
-                self.assertEqual(result.stdout, b"")
-                self.assertFalse(os.path.exists("never.bin"))
+            write("damaged.bin", content)
+            self.refused(code, "decrypt", *choice, "damaged.bin", "never.bin", says=says)
+            result = self.refused(code, "decrypt", *choice, "damaged.bin", "-", says=says)
+            self.assertEqual(result.stdout, b"")
+            self.assertFalse(os.path.exists("never.bin"))
 
     def test_files_that_cannot_be_used(self):
         choice = ["-a", "aes-256-ctr", "--key", KEY.hex(), "--iv", IV.hex()]
@@ -150,53 +144,43 @@ class Ciphers(ToolTest):
 
 
 class KeyWrap(ToolTest):
-    # RFC 3394, 4.1, 4.4 and 4.6; RFC 3217, 3.4 (its IV is random, so for unwrapping alone)
+    # RFC 3394, 4.4; RFC 3217, 3.4 (its IV is random, so for unwrapping alone)
     VECTORS = [
-        ("aes-128", KEY_ := "000102030405060708090A0B0C0D0E0F", "00112233445566778899AABBCCDDEEFF",
-         "1FA68B0A8112B447AEF34BD8FB5A7B829D3E862371D2CFE5"),
-        ("aes192", KEY_ + "1011121314151617", "00112233445566778899AABBCCDDEEFF0001020304050607",
+        ("aes192", "000102030405060708090A0B0C0D0E0F1011121314151617", "00112233445566778899AABBCCDDEEFF0001020304050607",
          "031D33264E15D33268F24EC260743EDCE1C6C7DDEE725A936BA814915C6762D2"),
-        ("AES-256", KEY_ + "101112131415161718191A1B1C1D1E1F",
-         "00112233445566778899AABBCCDDEEFF000102030405060708090A0B0C0D0E0F",
-         "28C9F404C4B810F4CBCCB35CFB87F8263F5786E2D80ED326CBC7F0E71A99F43BFB988B9B7A02DD21"),
-        ("3des", "255E0D1C07B646DFB3134CC843BA8AA71F025B7C0838251F",
-         "2923BF85E06DD6AE529149F1F1BAE9EAB3A7DA3D860D3E98",
-         "690107618EF092B3B48CA1796B234AE9FA33EBB4159604037DB5D6A84EB3AAC2768C632775A467D4"),
-    ]
+        ("3des", "255E0D1C07B646DFB3134CC843BA8AA71F025B7C0838251F", "2923BF85E06DD6AE529149F1F1BAE9EAB3A7DA3D860D3E98",
+         "690107618EF092B3B48CA1796B234AE9FA33EBB4159604037DB5D6A84EB3AAC2768C632775A467D4"), ]
 
     def test_vectors(self):
         for name, kek, data, wrapped in self.VECTORS:
-            with self.subTest(name):
-                choice = ["-a", name, "--kek", kek]
-                made = self.done("wrap", *choice, "--data", data).decode().strip()
-                if name != "3des":
-                    self.assertEqual(made, wrapped)
-                self.assertEqual(self.done("unwrap", *choice, "--data", made).decode(), data + "\n")
-                self.assertEqual(self.done("unwrap", *choice, "--data", wrapped).decode(), data + "\n")
+            choice = ["-a", name, "--kek", kek]
+            made = self.done("wrap", *choice, "--data", data).decode().strip()
+            if name != "3des":
+                self.assertEqual(made, wrapped)
+            self.assertEqual(self.done("unwrap", *choice, "--data", made).decode(), data + "\n")
+            self.assertEqual(self.done("unwrap", *choice, "--data", wrapped).decode(), data + "\n")
 
     def test_files(self):
-        _, kek, data, wrapped = self.VECTORS[2]
+        _, kek, data, wrapped = self.VECTORS[0]
         write("kek", kek.encode())
         write("key", bytes.fromhex(data))
-        self.done("wrap", "-a", "aes-256", "--kek-file", "kek", "-o", "wrapped", "key")
+        self.done("wrap -a aes-192 --kek-file kek -o wrapped key")
         self.assertEqual(read("wrapped").hex().upper(), wrapped)
-        self.done("unwrap", "-a", "aes-256", "--kek-file", "kek", "--out", "again", "wrapped")
+        self.done("unwrap -a aes-192 --kek-file kek --out again wrapped")
         self.assertEqual(read("again"), read("key"))
-        self.assertEqual(self.done("unwrap", "-a", "aes-256", "--kek-file", "kek", "-", stdin=wrapped.encode()).decode(),
-                         data + "\n")
+        self.assertEqual(self.done("unwrap -a aes-192 --kek-file kek -", stdin=wrapped.encode()).decode(), data + "\n")
 
     def test_refusals(self):
         for name, kek, data, wrapped in self.VECTORS:
-            with self.subTest(name):
-                other = f"{int(kek[:2], 16) ^ 0x80:02x}" + kek[2:]
-                damaged = wrapped[:-2] + f"{int(wrapped[-2:], 16) ^ 1:02x}"
-                for k, d in ((other, wrapped), (kek, damaged)):
-                    result = self.refused(1, "unwrap", "-a", name, "--kek", k, "--data", d, "-o", "never",
-                                          says="the key-encryption key is not the right one")
-                    self.assertFalse(os.path.exists("never"))
-                    self.assertEqual(result.stdout, b"")
-                self.refused(26, "wrap", "-a", name, "--kek", kek, "--data", data[:-2], says="wraps a key of")
-                self.refused(26, "unwrap", "-a", name, "--kek", kek, "--data", wrapped[:-2], says="wrapped with")
+            other = f"{int(kek[:2], 16) ^ 0x80:02x}" + kek[2:]
+            damaged = wrapped[:-2] + f"{int(wrapped[-2:], 16) ^ 1:02x}"
+            for k, d in ((other, wrapped), (kek, damaged)):
+                result = self.refused(1, "unwrap -a", name, "--kek", k, "--data", d, "-o", "never",
+                                      says="the key-encryption key is not the right one")
+                self.assertFalse(os.path.exists("never"))
+                self.assertEqual(result.stdout, b"")
+            self.refused(26, "wrap -a", name, "--kek", kek, "--data", data[:-2], says="wraps a key of")
+            self.refused(26, "unwrap -a", name, "--kek", kek, "--data", wrapped[:-2], says="wrapped with")
 
 
 class Encodings(ToolTest):
@@ -212,16 +196,16 @@ class Encodings(ToolTest):
 
     def test_hex(self):
         self.assertEqual(self.encode("hex"), CONTENT.hex().upper().encode() + b"\n")
-        self.assertEqual(self.done("encode", "hex", "--line-length", "4", "-", "-", stdin=b"abc"), b"6162\n63\n")
-        self.assertEqual(self.done("decode", "hex", "-", "-", stdin=b"DE:AD be-ef"), bytes.fromhex("deadbeef"))
+        self.assertEqual(self.done("encode hex --line-length 4 - -", stdin=b"abc"), b"6162\n63\n")
+        self.assertEqual(self.done("decode hex - -", stdin=b"DE:AD be-ef"), bytes.fromhex("deadbeef"))
 
     def test_base64(self):
         self.assertEqual(self.encode("base64"), base64.b64encode(CONTENT) + b"\n")
         self.assertEqual(self.encode("base64", "--line-length", "76"), base64.encodebytes(CONTENT))
         for size in (766, 767, 768):  # base64url, without its padding
             text = base64.urlsafe_b64encode(CONTENT[:size]).rstrip(b"=")
-            self.assertEqual(self.done("decode", "base64", "-", "-", stdin=text), CONTENT[:size])
-        self.refused(7, "decode", "base64", "-", "-", stdin=b"+-__", says="mixes")
+            self.assertEqual(self.done("decode base64 - -", stdin=text), CONTENT[:size])
+        self.refused(7, "decode base64 - -", stdin=b"+-__", says="mixes")
 
     def test_pem(self):
         lines = base64.b64encode(CONTENT)
@@ -230,28 +214,20 @@ class Encodings(ToolTest):
             body = [lines[i:i + width] for i in range(0, len(lines), width)]
             expected = [b"-----BEGIN " + label + b"-----", *body, b"-----END " + label + b"-----", b""]
             self.assertEqual(self.encode("pem", *options), b"\r\n".join(expected))
-
-    def test_pem_by_openssl(self):
-        pem = openssl("genpkey", "-algorithm", "ED25519")
-        write("key.pem", b"a word before\n" + pem)
-        self.done("decode", "pem", "key.pem", "key.der")
-        self.assertEqual(read("key.der"), openssl("pkey", "-outform", "DER", stdin=pem))
-        self.done("encode", "pem", "--label", "PRIVATE KEY", "key.der", "again.pem")
-        self.assertEqual(openssl("pkey", stdin=read("again.pem")), pem)
+        self.assertEqual(self.done("decode pem - -", stdin=b"a word before\n" + read("out.txt")), CONTENT)
 
     def test_sizes_about_a_chunk(self):
         chunk = 96 * 1024
         for size in (0, 1, 2, chunk - 1, chunk, chunk + 1, 2 * chunk):
             data = (CONTENT * 3)[:size]
-            with self.subTest(size):
-                self.assertEqual(self.done("encode", "base64", "-", "-", stdin=data).strip(), base64.b64encode(data))
+            self.assertEqual(self.done("encode base64 - -", stdin=data).strip(), base64.b64encode(data))
 
     def test_refusals(self):
         write("plain.pem", b"-----BEGIN X-----\nQUJD\n" + b" " * 40)
-        self.refused(7, "decode", "pem", "plain.pem", "never.bin")
-        self.refused(7, "decode", "base64", "in.bin", "never.bin", says="zero bytes")
-        self.refused(1, "encode", "pem", "missing", "never.bin", says="missing")
-        self.refused(6, "encode", "base64", "in.bin", "./in.bin", says="the same file")
+        self.refused(7, "decode pem plain.pem never.bin")
+        self.refused(7, "decode base64 in.bin never.bin", says="zero bytes")
+        self.refused(1, "encode pem missing never.bin", says="missing")
+        self.refused(6, "encode base64 in.bin ./in.bin", says="the same file")
         self.assertEqual(read("in.bin"), CONTENT)
         self.assertFalse(os.path.exists("never.bin"))
 

@@ -1,7 +1,8 @@
 """Random numbers, wiping, help and wrong arguments of the command-line tool."""
 import os
+import shlex
 
-from tool_harness import IV, KEY, TOOL, ToolTest, main, read, write, zul
+from tool_harness import KEY, ToolTest, main, read, write, zul
 
 
 class Others(ToolTest):
@@ -13,32 +14,32 @@ class Others(ToolTest):
                 line = self.done("random", str(size), "--hex").decode()
                 self.assertRegex(line, r"\A[0-9A-F]*\n?\Z")
                 self.assertEqual(len(line.strip()), 2 * size)
-        one, other = self.done("random", "70000"), self.done("random", "70000")
+        one, other = self.done("random 70000"), self.done("random 70000")
         self.assertEqual((len(one), len(other)), (70000, 70000))
         self.assertNotEqual(one[:32], other[:32])
         self.assertNotEqual(one[:4000], one[65536:65536 + 4000])
 
     def test_random_number(self):
-        seen = {int(self.done("random", "--number", "-1", "1")) for _ in range(12)}
+        seen = {int(self.done("random --number -1 1")) for _ in range(12)}
         self.assertLessEqual(seen, {-1, 0, 1})
         self.assertGreater(len(seen), 1)  # all twelve alike: once in 177,147
 
     def test_generator_test(self):
-        self.assertIn(b"passed", self.done("random", "--test", "--report", "report.txt"))
+        self.assertIn(b"passed", self.done("random --test --report report.txt"))
         self.assertIn(b"FIPS140-2 test for 20000 bits", read("report.txt"))
-        self.refused(202, "random", "--test", "--report", "no/such/report.txt")
+        self.refused(202, "random --test --report no/such/report.txt")
 
     def test_wipe(self):
         write("one", b"x" * 5000)
         write("two", b"")
-        self.refused(1, "wipe", "one", "missing", "two", says="zul: missing: error 1")
+        self.refused(1, "wipe one missing two", says="zul: missing: error 1")
         self.assertEqual(os.listdir(), ["in.bin"])
-        self.assertEqual(self.done("wipe", "in.bin"), b"")
+        self.assertEqual(self.done("wipe in.bin"), b"")
         self.assertEqual(os.listdir(), [])
 
     def test_error(self):
-        self.assertEqual(self.done("error", "15"), b"  15  Decryption error\n")
-        self.assertEqual(self.done("error", "-6"), b"   6  Parameter is wrong or missing\n")
+        self.assertEqual(self.done("error 15"), b"  15  Decryption error\n")
+        self.assertEqual(self.done("error -6"), b"   6  Parameter is wrong or missing\n")
         every = self.done("error").decode().splitlines()
         self.assertEqual((len(every), every[-1]), (47, "9999  Miscellaneous error"))
 
@@ -68,73 +69,56 @@ class Others(ToolTest):
 
 
 class Usage(ToolTest):
+    # the beginning of a command: {its rest: what the message says}
+    FILES, KEYED = "in.bin out.bin", f"--key {KEY.hex()} in.bin out.bin"
+    ROWS = {
+        "": {"": "commands: hash, hmac, encrypt", "hsah": "unknown command 'hsah'; commands: hash, hmac",
+             "key": "needed; commands: make", "key mkae": "commands: make, show, convert, match, check",
+             "hash sha3 in.bin": "digests: sha1, sha224, sha256, sha384, sha512, md5, md2", "error 10": "alone lists all",
+             "encode hex in.bin": "OUT is required", "encode base32 " + FILES: "formats: hex, base64, pem",
+             "sign -k - - out.bin": "standard input", "rsa-encrypt -p pss -k in.bin " + FILES: "paddings: oaep, v1.5",
+             "verify " + FILES: "--key-file is required", "crl check - --crl -": "standard input",
+             "cert query in.bin serial": "queries: version, serialNumber, ", "cert path --trusted '' in.bin": "4 is empty",
+             "cert path" + " in.bin" * 21: "at most 20 certificates"},
+        "hmac": {"md2 --key 00 in.bin": "not offered with md2", "md5 in.bin": "--key HEX or --key-file FILE",
+                 "md5 --key 00 --key-file in.bin in.bin": "not both", "md5 --key-file - -": "standard input"},
+        "encrypt -a": {"rot13-cbc " + KEYED: "ciphers: aes-128, aes-192, aes-256, 3des", "aes-256 " + KEYED: "modes: ecb, cbc",
+                       "aes-256-gcm " + KEYED: "modes: ecb, cbc, cfb, ofb, ctr", "aes-256-cbc " + KEYED: "IV of 16 bytes",
+                       "aes-256-cbc --iv 0011 " + KEYED: "needs 16 (32 hex digits)", "aes-256-ecb --iv 00 " + KEYED: "takes no IV",
+                       "aes-128-ecb " + KEYED: "aes-128-ecb needs 16 bytes (32 hex digits)",
+                       "aes-128-ecb --key-file in.bin " + FILES: "needs 16 bytes (raw, or as 32 hex digits)",
+                       "aes-256-ecb in.bin out.bin --key": "--key: 1 required HEX missing",
+                       "aes-256-ecb --keey 00 " + FILES: "unknown option --keey", f"aes-256-ecb {KEYED} more": "too many arguments"},
+        "wrap -a": {"aes192 --data 00 --kek 00": "aes-192 key wrap needs 24 bytes", "aes-256-cbc --kek 00": "ciphers: aes-128",
+                    f"aes256 --kek {KEY.hex()}": "--data HEX or as the file IN"},
+        "random": {"": "how many bytes?", "-5": "N is a number of bytes", "--number 6 1": "LOWER UPPER", "16 --test": "exclude",
+                   "--number -2147483648 2147483647": "at most 2147483647 numbers"},
+        "key make": {"pub": "PRIVATE is required", "--exponent 7 " + FILES: "--exponent is 3, 5, 17, 257 or 65537",
+                     "--encrypt rot13 " + FILES: "encryptions: aes-128", "--prf md5 " + FILES: "--prf is sha1",
+                     "--encrypt md5-des --prf sha1 " + FILES: "leave out --prf", "-f xml " + FILES: "formats: der, pem, pem-alt",
+                     "--password a --password-file b " + FILES: "not both", "--password-file - " + FILES: "password is empty"},
+        "key convert": {"--public --encrypt 3des " + FILES: "exclude each other", "--prf sha1 " + FILES: "go with --encrypt",
+                        "--encrypt 3des -f xml " + FILES: "cannot be encrypted", "in.bin -": "only xml goes to standard output"},
+        "cert self -k in.bin out.pem": {"": "--subject is required"}, "cert self -k in.bin out.pem -s": {
+            "'C=AU;CN='": "no value", "'C=AU, CN=Bob'": "separated by ';'", "'CN =Bob'": "unknown keyword 'CN ' in the name",
+            "'C=AU;Bob'": "'Bob' in the name has no keyword", r"""CN=\'Bob'\'\'""": "has no end", r"CN=\'Bob\'\ S": "stands more",
+            "CN=#xyz": "is not hex", "CN=#x123": "odd number", r"CN=\'\'\;C=AU": "CN has no value", r"C=\'A1\'": "two letters"},
+        "cert self -k in.bin out.pem -s CN=a": {
+            "--from 2026-02-29": "not '2026-02-29'", "--until 2026-01-01T24:00": "not '2026-01-01T24:00'", "--from=": "is empty",
+            "--from 2026-01-02 --until 2026-01-01": "lies before", "--from 2026-01-02 --until 2026-01-02T00:00": "lies before",
+            "--years=1 --until 2026-01-01": "exclude each other", "--serial 0a3f": "hex after 0x", "--serial 0": "at least 1",
+            "--serial 0x1" + "0" * 40: "at most 20 bytes", "--serial 0x80" + "0" * 38: "below 0x80", "--email alice": "ASCII",
+            "--usage keyCertSign,signing": "usages: digitalSignature, ", "--version1 --email a@b": "version 1 has no"},
+        "cert issue --issuer=a -k": {FILES: "--request FILE or --public-key FILE", "b --public-key=b c": "--subject"},
+        "crl make --issuer=a -k in.bin out.crl": {"--issued=2026-01-02T1:00 --next=2026-01-02": "lies before",
+                                                  "--revoke 1,June": "--revoke SERIAL,DATE takes"}, }
+
     def test_a_wrong_argument_names_what_would_be_right(self):
-        key, iv = KEY.hex(), IV.hex()
-        files = ["in.bin", "out.bin"]
-        cases = [
-            ("commands: hash, hmac, encrypt", []),
-            ("unknown command 'hsah'; commands: hash, hmac", ["hsah"]),
-            ("not offered with md2", ["hmac", "md2", "--key", key, "in.bin"]),
-            ("ciphers: aes-128, aes-192, aes-256, 3des", ["encrypt", "-a", "rot13-cbc", "--key", key, *files]),
-            ("modes: ecb, cbc, cfb, ofb, ctr", ["encrypt", "-a", "aes-256-gcm", "--key", key, *files]),
-            ("needs an IV of 16 bytes", ["encrypt", "-a", "aes-256-cbc", "--key", key, *files]),
-            ("takes no IV", ["encrypt", "-a", "aes-256-ecb", "--key", key, "--iv", iv, *files]),
-            ("aes-256-cbc needs 32 bytes (64 hex digits)",
-             ["encrypt", "-a", "aes-256-cbc", "--key", key[:32], "--iv", iv, *files]),
-            ("aes-128-ecb needs 16 bytes (raw, or as 32 hex digits)",
-             ["decrypt", "-a", "aes-128-ecb", "--key-file", "in.bin", *files]),
-            ("--key: 1 required HEX missing", ["encrypt", "-a", "aes-256-ecb", *files, "--key"]),
-            ("unknown option --keey", ["encrypt", "-a", "aes-256-ecb", "--keey", key, *files]),
-            ("OUT is required", ["encode", "hex", "in.bin"]),
-            ("aes-192 key wrap needs 24 bytes", ["wrap", "-a", "aes192", "--kek", key, "--data", key]),
-            ("--data HEX or as the file IN", ["unwrap", "-a", "aes256", "--kek", key]),
-            ("how many bytes?", ["random"]),
-            ("LOWER UPPER", ["random", "--number", "6", "1"]),
-            ("at most 2147483647 numbers", ["random", "--number", "-2147483648", "2147483647"]),
-            ("'zul error' alone lists all", ["error", "10"]),
-            ("unknown command 'mkae'; commands: make, show, convert, match, check", ["key", "mkae"]),
-            ("PRIVATE is required", ["key", "make", "pub"]),
-            ("--exponent is 3, 5, 17, 257 or 65537", ["key", "make", "--exponent", "7", *files]),
-            ("encryptions: aes-128", ["key", "make", "--encrypt", "rot13", *files]),
-            ("--prf is sha1", ["key", "make", "--prf", "md5", *files]),
-            ("exclude each other", ["key", "convert", "--public", "--encrypt", "3des", *files]),
-            ("go with --encrypt", ["key", "convert", "--prf", "sha1", *files]),
-            ("cannot be encrypted", ["key", "convert", "--encrypt", "3des", "-f", "xml", *files]),
-            ("only xml goes to standard output", ["key", "convert", "in.bin", "-"]),
-            ("not both", ["key", "make", "--password", "a", "--password-file", "b", *files]),
-            ("the password is empty", ["key", "make", "--password-file", "-", *files]),
-            ("standard input", ["sign", "-k", "-", "-", "out.bin"]),
-            ("no value", [*(selfmade := ["cert", "self", "-k", "in.bin", "out.pem", "-s"]), "C=AU;CN="]),
-            ("separated by ';'", [*selfmade, "C=AU, CN=Bob"]),
-            ("unknown keyword 'CN ' in the name; keywords: CN, C,", [*selfmade, "CN =Bob"]),
-            ("'Bob' in the name has no keyword", [*selfmade, "C=AU;Bob"]),
-            ("has no end", [*selfmade, r"CN='Bob\'"]),
-            ("stands more", [*selfmade, "CN='Bob' Smith"]),
-            ("is not hex", [*selfmade, "CN=#xyz"]),
-            ("odd number", [*selfmade, "CN=#x123"]),
-            ("two letters", [*selfmade, "C='A1';CN=a"]),
-            ("not '2026-02-29'", [*selfmade, "CN=a", "--from", "2026-02-29"]),
-            ("not '2026-01-01T24:00'", [*selfmade, "CN=a", "--until", "2026-01-01T24:00"]),
-            ("lies before", [*selfmade, "CN=a", "--from", "2026-01-02", "--until", "2026-01-01"]),
-            ("hex after 0x", [*selfmade, "CN=a", "--serial", "0a3f"]),
-            ("at most 20 bytes", [*selfmade, "CN=a", "--serial", "0x1" + "0" * 40]),
-            ("below 0x80", [*selfmade, "CN=a", "--serial", "0x80" + "0" * 38]),
-            ("usages: digitalSignature, ", [*selfmade, "CN=a", "--usage", "keyCertSign,signing"]),
-            ("ASCII address", [*selfmade, "CN=a", "--email", "alice"]),
-            ("version 1 has no", [*selfmade, "CN=a", "--version1", "--email", "a@b"]),
-            ("--request FILE or --public-key FILE", ["cert", "issue", "--issuer=a", "-k", *files]),
-            ("brings its own name", ["cert", "issue", "--issuer=a", "--public-key=b", "-k", *files]),
-            ("queries: version, serialNumber, ", ["cert", "query", "in.bin", "serial"]),
-            ("argument 4 is empty", ["cert", "path", "--trusted", "", "in.bin"]),
-            ("the value of --from is empty", [*selfmade, "CN=a", "--from="]),
-            ("at most 20 certificates", ["cert", "path", *["in.bin"] * 21]),
-            ("--revoke SERIAL,DATE takes", ["crl", "make", "--issuer=a", "-k", *files, "--revoke", "1,June"]),
-        ]
-        for says, arguments in cases:
-            with self.subTest(" ".join(arguments)):
-                message = self.wrong_usage(says, *arguments)
-                self.assertIn("Usage: zul", message)
-                self.assertIn("--help' tells more", message)
+        for begin, rests in self.ROWS.items():
+            for rest, says in rests.items():
+                with self.subTest(f"{begin} {rest}"):
+                    message = self.wrong_usage(says, *shlex.split(f"{begin} {rest}"))
+                    self.assertRegex(message, r"(?s)Usage: zul.*--help' tells more")
         self.assertEqual(os.listdir(), ["in.bin"])
 
     def test_no_message_shows_a_key(self):

@@ -14,14 +14,19 @@ KEY = bytes(range(0x40, 0x60))
 IV = bytes(range(0xE0, 0xF0))
 
 
+def words(command, *arguments):
+    """A command's plain words may stand in one string; what follows is taken as it is."""
+    return [*command.split(" "), *arguments]
+
+
 def zul(*arguments, stdin=b"", **options):
     # in a session without a terminal, so that nothing is asked
-    return subprocess.run(TOOL + list(arguments), input=stdin, capture_output=True, timeout=120, start_new_session=True,
+    return subprocess.run(TOOL + (words(*arguments) if arguments else []), input=stdin, capture_output=True, timeout=120, start_new_session=True,
                           **options)
 
 
 def openssl(*arguments, stdin=b""):
-    return subprocess.run(["openssl", *arguments], input=stdin, capture_output=True, check=True).stdout
+    return subprocess.run(["openssl", *words(*arguments)], input=stdin, capture_output=True, check=True).stdout
 
 
 def rsa_key(bits=1024):

@@ -20,16 +20,17 @@ struct Certificate {
     const std::string& name() const { return argument.name(); }
 };
 
-// read_certificate takes the first object of a file and refuses what is no certificate.
+// read_certificate takes the first object of a file and refuses anything but a certificate.
 Certificate read_certificate(const std::string& file);
 // add_certificates takes a file's blocks of PEM, or else the file as one; of a bundle (PKCS #7) all.
 void add_certificates(std::vector<Certificate>& certificates, const std::string& file);
 // certificate_list gives a list of certificate arguments.
 std::string certificate_list(const std::vector<Certificate>& certificates);
 
-constexpr size_t kLongestPath = 20; // of which the library knows
+constexpr size_t kLongestPath = 20; // the longest path that the library checks
 
-// check_path refuses what is no valid path. trusted: what it begins with, or null; hint: for the reader.
+// check_path refuses an invalid path. trusted is the certificate that the path begins with, or null; hint is
+// a sentence for the reader.
 void check_path(const std::vector<Certificate>& certificates, const Certificate* trusted, bool ignoreDates,
                 const std::string& hint = {});
 // path_to_trusted chooses, of certificates in any number, those that lead from one to a trusted one; where

@@ -95,7 +95,7 @@ void ScratchFile::deliver_der(const std::string& out) const {
     write_file(out, der);
 }
 
-// The folder goes before anything is written, where the system lets go of an open file.
+// The folder is removed before anything is written, on systems that can remove an open file.
 void ScratchFile::show() const {
     Input made(path_);
     remove();

@@ -20,7 +20,7 @@ class ObjectArgument {
     SecretBytes text_; // with its NUL
 };
 
-// certificate_object refuses what is no certificate, under its own name.
+// certificate_object refuses anything but a certificate; the message names the file.
 ObjectArgument certificate_object(const std::string& file);
 
 // der_of gives the DER of the first object in a file or of standard input.
@@ -54,8 +54,8 @@ std::string readable(std::string_view latin1, bool keepLineFeeds = false);
 // query asks X509_QueryCert for a text.
 std::string query(const ObjectArgument& certificate, const char* name);
 
-// signing_key reads a private key and tries it: one whose values contradict each other gives itself away in
-// its signatures. in: the command's other input.
+// signing_key reads a private key and tries it: one whose values contradict each other would reveal its
+// factors in its signatures. in: the command's other input.
 RsaKey signing_key(const RsaKeyOption& key, const std::string& in);
 // The library asks for a password also where a key string needs none.
 constexpr const char* kNoPassword = "none";

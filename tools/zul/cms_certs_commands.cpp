@@ -46,7 +46,7 @@ struct ExtractCertsCommand {
 
     void run() const {
         if (der && index == 0)
-            throw UsageError("--der is for one certificate: which is it? --index N");
+            throw UsageError("--der writes one certificate; choose it with --index N");
         refuse_same_file(file, out, "The output would replace the input.");
         const Message message(file);
         const int count = message.certificate_count();

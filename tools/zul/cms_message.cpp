@@ -10,7 +10,7 @@ namespace tool {
 
 namespace {
 
-constexpr size_t kMaxList = 10; // of which the library knows
+constexpr size_t kMaxList = 10; // the longest list that the library reads
 
 } // namespace
 

@@ -15,7 +15,7 @@ struct CmsSignCommand {
     bool detached = false, noCerts = false, attributes = false, time = false, capabilities = false;
     bool bare = false;
     RsaKeyOption key;
-    SigningOptions signing; // of which the digest alone is an option
+    SigningOptions signing; // the command offers its digest alone
     MessageOutput output;
 
     int options() const {
@@ -71,7 +71,7 @@ struct CmsSignCommand {
         std::vector<Certificate> further;
         for (const std::string& other : others)
             add_certificates(further, other);
-        for (Certificate& each : further) // a chain that begins with the signer's is welcome
+        for (Certificate& each : further) // a chain may begin with the signer's
             if (std::find(certificates.begin(), certificates.end(), each) == certificates.end())
                 certificates.push_back(std::move(each));
         check_list(certificates.size());
@@ -99,7 +99,7 @@ void add_cms_sign_command(CLI::App& group) {
         ->allow_extra_args(false)
         ->option_text("FILE");
     sign->output.add_to(*command);
-    command->add_flag("--detached", sign->detached, "Leave the content out: it goes its own way");
+    command->add_flag("--detached", sign->detached, "Leave the content out; send it separately");
     command->add_flag("--no-certs", sign->noCerts, "Leave the certificates out");
     command->add_option("-d,--digest", sign->signing.digest, "Digest of the signature (sha256)")
         ->option_text("DIGEST");

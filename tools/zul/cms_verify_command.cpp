@@ -256,8 +256,9 @@ void add_cms_verify_command(CLI::App& group) {
                      "File for the content, once all is good; with - the report goes to standard error")
         ->option_text("FILE");
     command->footer(
-        "Without --trusted or --cert a good signature says that somebody has signed, and the name is what\n"
-        "that somebody likes: the certificate comes with the message. A signing time is the signer's word.\n"
+        "Without --trusted or --cert a good signature says only that somebody has signed: the certificate\n"
+        "comes with the message, and anybody can make one in any name. The signing time is the signer's\n"
+        "claim.\n"
         "Of a message with several signers all whose certificates are there must be good, of several\n"
         "signatures of one signer the first. Exit status 1 for a signature, or a path, that is not good.\n\n"
         "Example:\n  zul cms verify report.p7m --trusted root.pem -o report.pdf");

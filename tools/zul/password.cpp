@@ -31,7 +31,8 @@ SecretBytes first_line(const std::string& file) {
 
 void PasswordOption::add_to(CLI::App& command, const std::string& name, const std::string& what) {
     name_ = "--" + name;
-    command.add_option(name_, mark_, what + ", for all to see; without it you are asked")->type_name("TEXT");
+    command.add_option(name_, mark_, what + ", visible to all users; without it you are asked")
+        ->type_name("TEXT");
     command.add_option(name_ + "-file", file_, what + ": first line of a file; - for standard input")
         ->type_name("FILE");
 }

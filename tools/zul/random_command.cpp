@@ -43,8 +43,9 @@ struct RandomCommand {
             throw UsageError("N is a number of bytes, such as 32, not " + in_quotes(count));
         left = std::stoull(count);
         if (is_standard_stream(out) && !hex && output_is_terminal())
-            throw UsageError("random bytes would upset the terminal; use --hex, or name a file: zul random " +
-                             count + " FILE");
+            throw UsageError(
+                "random bytes would disturb the terminal; use --hex, or name a file: zul random " + count +
+                " FILE");
         Output output(out);
         SecretBytes bytes;
         while (left > 0) {

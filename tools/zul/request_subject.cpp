@@ -50,7 +50,7 @@ void add_utf8(std::string& text, uint32_t c) {
     add(0x80 | (c & 0x3F));
 }
 
-// utf8_of converts characters of width bytes each; empty for what is no such text.
+// utf8_of converts characters of width bytes each; empty for an invalid text.
 std::string utf8_of(std::string_view bytes, size_t width) {
     std::string text;
     if (bytes.size() % width != 0)

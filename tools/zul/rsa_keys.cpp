@@ -18,7 +18,7 @@ namespace {
 constexpr int kRoom = 90000; // more than the longest key string
 
 // outline gives a letter for each element at level 1 and one for the first element at level 2: what tells the
-// structures of keys apart. Empty for what is no DER.
+// structures of keys apart. Empty if the bytes are not DER.
 std::string outline(const SecretBytes& bytes, const std::string& name) try {
     std::string letters;
     DerWalk walk(bytes, name);
