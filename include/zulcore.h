@@ -248,7 +248,8 @@ ZUL_API int CNV_HexStrFromBytes(char* szOutput, int nOutChars, const unsigned ch
 ZUL_API int CNV_BytesFromHexStr(unsigned char* lpOutput, int nOutBytes, const char* szInput);
 
 /* CNV_HexFilter copies the hex digits among the first nStrLen characters. szOutput holds nStrLen + 1 bytes
- * and may be szInput itself. Length kept. BAD_PARAM_ERROR: null pointer or negative length. */
+ * and may be szInput itself. Length kept. Query (null output). BAD_PARAM_ERROR: null input or negative
+ * length. */
 ZUL_API int CNV_HexFilter(char* szOutput, const char* szInput, int nStrLen);
 
 /* CNV_B64StrFromBytes writes base64 (RFC 4648) in one line.
@@ -371,7 +372,8 @@ ZUL_API int CIPHER_Bytes(int fEncrypt, unsigned char* lpOutput, const unsigned c
                          int nOptions);
 
 /* CIPHER_Hex is CIPHER_Bytes over hex texts; the output is upper case and nOutChars must cover all of it
- * (SHORT_BUF_ERROR). BAD_PARAM_ERROR: empty input or key; BAD_KEY_LEN_ERROR; BAD_IV_ERROR: not one block. */
+ * (SHORT_BUF_ERROR). BAD_PARAM_ERROR: empty input or key text; BAD_KEY_LEN_ERROR; BAD_IV_ERROR: not one
+ * block. */
 ZUL_API int CIPHER_Hex(int fEncrypt, char* szOutput, int nOutChars, const char* szInputHex,
                        const char* szKeyHex, const char* szIVHex, const char* szAlgAndMode, int nOptions);
 
@@ -437,7 +439,8 @@ ZUL_API int PAD_UnpadBytes(unsigned char* lpOutput, int nOutputLen, const unsign
 ZUL_API int PAD_HexBlock(char* szOutput, int nOutChars, const char* szInputHex, int nBlkLen, int nOptions);
 
 /* PAD_UnpadHex is PAD_UnpadBytes over hex text.
- * Length in characters; no query. -BAD_FORMAT_ERROR: empty, odd length, or a pad that is not hex. */
+ * Length in characters; no query. -BAD_FORMAT_ERROR: empty or odd length; -DECRYPT_ERROR: bad padding, also
+ * a pad that is not hex. */
 ZUL_API int PAD_UnpadHex(char* szOutput, int nOutChars, const char* szInputHex, int nBlkLen, int nOptions);
 
 /* --- RNG_: random numbers (HMAC_DRBG of SP 800-90A, one generator per thread) --------------------------- */

@@ -28,9 +28,9 @@ int CIPHER_Hex(int fEncrypt, char* szOutput, int nOutChars, const char* szInputH
     CipherChoice choice{};
     if (const int code = cipher_choose(&choice, szAlgAndMode, nOptions))
         return frame.status(code);
-    const size_t room = nOutChars > 0 ? static_cast<size_t>(nOutChars) : 0;
+    const size_t outSize = nOutChars < 0 ? 0 : static_cast<size_t>(nOutChars) + 1;
     return frame.status(
-        cipher_text(choice, fEncrypt != 0, TextEncoding::hex, szOutput, room, szInputHex, szKeyHex, szIVHex));
+        cipher_text(choice, fEncrypt != 0, TextEncoding::hex, szOutput, outSize, szInputHex, szKeyHex, szIVHex));
 }
 
 int CIPHER_File(int fEncrypt, const char* szFileOut, const char* szFileIn, const unsigned char* lpKey,

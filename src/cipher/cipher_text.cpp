@@ -42,13 +42,13 @@ int cipher_bytes(const CipherChoice& choice, bool encrypt, uint8_t* out, const u
     return context.update(out, in, length);
 }
 
-int cipher_text(const CipherChoice& choice, bool encrypt, TextEncoding encoding, char* out, size_t outChars,
+int cipher_text(const CipherChoice& choice, bool encrypt, TextEncoding encoding, char* out, size_t outSize,
                 const char* in, const char* key, const char* iv) {
     if (out == nullptr || in == nullptr || key == nullptr)
         return NULL_ERROR;
-    const size_t length = decoded_length(encoding, in);
-    if (length == 0 || key[0] == '\0')
+    if (in[0] == '\0' || key[0] == '\0')
         return BAD_PARAM_ERROR;
+    const size_t length = decoded_length(encoding, in);
     if (length > kMaxAllocation)
         return BAD_LENGTH_ERROR;
 
@@ -66,7 +66,7 @@ int cipher_text(const CipherChoice& choice, bool encrypt, TextEncoding encoding,
         return BAD_IV_ERROR;
     }
     const size_t needed = encoding == TextEncoding::hex ? 2 * length : b64_encoded_length(length);
-    if (outChars < needed)
+    if (outSize <= needed)
         return SHORT_BUF_ERROR;
 
     SecretBuffer data(length);

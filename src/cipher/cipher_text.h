@@ -14,10 +14,10 @@ enum class TextEncoding { hex, base64 };
 constexpr size_t kAmpleRoom = SIZE_MAX;
 
 // cipher_text enciphers the bytes that the text in stands for and encodes the result. Key and IV are texts of
-// the same encoding; the IV is not looked at in ECB. out receives at most outChars characters and a NUL, and
-// may be in. Returns 0 or a positive code, which leaves out untouched: as cipher_bytes, or BAD_PARAM_ERROR
-// for an input or key without content, BAD_KEY_LEN_ERROR, SHORT_BUF_ERROR.
-int cipher_text(const CipherChoice& choice, bool encrypt, TextEncoding encoding, char* out, size_t outChars,
+// the same encoding; the IV is not looked at in ECB. out holds outSize bytes, the NUL included, and may be
+// in. Returns 0 or a positive code, which leaves out untouched: as cipher_bytes, or BAD_PARAM_ERROR for an
+// empty input or key text, BAD_KEY_LEN_ERROR, SHORT_BUF_ERROR.
+int cipher_text(const CipherChoice& choice, bool encrypt, TextEncoding encoding, char* out, size_t outSize,
                 const char* in, const char* key, const char* iv);
 
 } // namespace zul

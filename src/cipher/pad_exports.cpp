@@ -99,10 +99,10 @@ int PAD_UnpadHex(char* szOutput, int nOutChars, const char* szInputHex, int nBlk
         return -BAD_FORMAT_ERROR;
     if (chars / 2 % block != 0 || chars > INT_MAX)
         return -BAD_LENGTH_ERROR;
-    const int pad = pad_hex_count(szInputHex + chars - 2 * block, block);
-    if (pad < 0)
-        return pad;
-    const int length = static_cast<int>(chars) - 2 * pad;
+    const size_t pad = pad_hex_count(szInputHex + chars - 2 * block, block);
+    if (pad == 0)
+        return -DECRYPT_ERROR;
+    const int length = static_cast<int>(chars - 2 * pad);
     if (nOutChars < length)
         return -SHORT_BUF_ERROR;
     memmove(szOutput, szInputHex, static_cast<size_t>(length));

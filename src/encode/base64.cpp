@@ -144,10 +144,14 @@ bool b64_is_char(char c) {
 size_t b64_filter(char* out, const char* text, size_t len) {
     size_t kept = 0;
     for (size_t i = 0; i < len && text[i] != '\0'; i++) {
-        if (b64_is_char(text[i]))
-            out[kept++] = text[i];
+        if (!b64_is_char(text[i]))
+            continue;
+        if (out != nullptr)
+            out[kept] = text[i];
+        kept++;
     }
-    out[kept] = '\0';
+    if (out != nullptr)
+        out[kept] = '\0';
     return kept;
 }
 

@@ -27,8 +27,8 @@ size_t b64_decoded_length(const char* text, size_t textLen);
 bool b64_is_char(char c);
 
 // b64_filter copies the characters of the alphabet and "=" among the first len characters, or up to the NUL
-// if that comes first, and ends the text. out holds len + 1 bytes and may be text itself. Returns the
-// characters kept.
+// if that comes first, and ends the text. out holds len + 1 bytes and may be text itself, or null to count
+// only. Returns the characters kept.
 size_t b64_filter(char* out, const char* text, size_t len);
 
 } // namespace zul

@@ -80,7 +80,7 @@ int CNV_BytesFromHexStr(unsigned char* lpOutput, int nOutBytes, const char* szIn
 
 int CNV_HexFilter(char* szOutput, const char* szInput, int nStrLen) {
     CallFrame frame;
-    if (szOutput == nullptr || szInput == nullptr || nStrLen < 0)
+    if (szInput == nullptr || nStrLen < 0)
         return frame.length(-BAD_PARAM_ERROR);
     return to_length(hex_filter(szOutput, szInput, static_cast<size_t>(nStrLen)));
 }
@@ -106,7 +106,7 @@ int CNV_BytesFromB64Str(unsigned char* lpOutput, int nOutBytes, const char* szIn
 
 int CNV_B64Filter(char* szOutput, const char* szInput, int nStrLen) {
     CallFrame frame;
-    if (szOutput == nullptr || szInput == nullptr || nStrLen < 0)
+    if (szInput == nullptr || nStrLen < 0)
         return frame.length(-BAD_PARAM_ERROR);
     return to_length(b64_filter(szOutput, szInput, static_cast<size_t>(nStrLen)));
 }

@@ -126,10 +126,14 @@ bool hex_decode_strict(uint8_t* out, size_t* outLen, const char* text, size_t te
 size_t hex_filter(char* out, const char* text, size_t len) {
     size_t kept = 0;
     for (size_t i = 0; i < len && text[i] != '\0'; i++) {
-        if (digit_value(text[i]) != kNotDigit)
-            out[kept++] = text[i];
+        if (digit_value(text[i]) == kNotDigit)
+            continue;
+        if (out != nullptr)
+            out[kept] = text[i];
+        kept++;
     }
-    out[kept] = '\0';
+    if (out != nullptr)
+        out[kept] = '\0';
     return kept;
 }
 

@@ -21,7 +21,8 @@ size_t hex_decoded_length(const char* text);
 bool hex_decode_strict(uint8_t* out, size_t* outLen, const char* text, size_t textLen);
 
 // hex_filter copies the digits among the first len characters, or up to the NUL if that comes first, and ends
-// the text. out holds len + 1 bytes and may be text itself. Returns the characters kept.
+// the text. out holds len + 1 bytes and may be text itself, or null to count only. Returns the characters
+// kept.
 size_t hex_filter(char* out, const char* text, size_t len);
 
 } // namespace zul

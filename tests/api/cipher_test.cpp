@@ -186,7 +186,7 @@ TEST(CipherHex, RefusesMisuse) {
         {o, 64, nullptr, k.c_str(), v.c_str(), 0x120, NULL_ERROR},
         {o, 64, in.c_str(), nullptr, v.c_str(), 0x120, NULL_ERROR},
         {o, 64, "", k.c_str(), v.c_str(), 0x120, BAD_PARAM_ERROR},
-        {o, 64, "no 8", k.c_str(), v.c_str(), 0x420, BAD_PARAM_ERROR},
+        {o, -1, "no 8", k.c_str(), v.c_str(), 0x420, SHORT_BUF_ERROR}, // no room even for the NUL
         {o, 64, in.c_str(), "", v.c_str(), 0x120, BAD_PARAM_ERROR},
         {o, 64, in.c_str(), shortKey.c_str(), v.c_str(), 0x120, BAD_KEY_LEN_ERROR},
         {o, 64, in.c_str(), kv.c_str(), v.c_str(), 0x120, BAD_KEY_LEN_ERROR},
@@ -213,6 +213,9 @@ TEST(CipherHex, RefusesMisuse) {
                              "2b7e1516 28aed2a6 abf71588 09cf4f3c", "none", "aes128", 0),
                   0);
     EXPECT_STREQ(o, "3AD77BB40D7A3660A89ECAF32466EF97");
+    // A text that is not empty may stand for no bytes.
+    EXPECT_RESULT(CIPHER_Hex(1, o, 0, "no 8", k.c_str(), v.c_str(), "aes128cbc", 0), 0);
+    EXPECT_STREQ(o, "");
 }
 
 // A file's content is what the byte form makes of the padded data.
