@@ -7,6 +7,7 @@
 #include "asn1/oid.h"
 #include "encode/utf8.h"
 #include "frame/err.h"
+#include "hash/digest.h"
 
 namespace zul {
 
@@ -175,10 +176,9 @@ AsnList asn_NewGeneralizedTime(const tm& time) {
 }
 
 AsnList asn_NewHashAlgId(int hashAlg) {
-    static const char* const kNames[] = {"sha1", "md5", "md2", "sha256", "sha384", "sha512", "sha224"};
-    constexpr unsigned kCount = sizeof kNames / sizeof kNames[0];
-    const unsigned number = static_cast<unsigned>(hashAlg) & 0xF;
-    return asn_NewSequence(asn_LinkList(asn_NewOid(kNames[number < kCount ? number : 0]), asn_NewNull()));
+    const DigestDescriptor* digest = digest_find(hashAlg & kDigestAlgorithmMask);
+    const char* name = digest == nullptr || digest->name == nullptr ? "sha1" : digest->name;
+    return asn_NewSequence(asn_LinkList(asn_NewOid(name), asn_NewNull()));
 }
 
 } // namespace zul

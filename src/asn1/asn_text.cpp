@@ -2,6 +2,7 @@
 #include <cstring>
 
 #include "asn1/asn_value.h"
+#include "encode/hex.h"
 #include "encode/utf8.h"
 
 namespace zul {
@@ -55,12 +56,11 @@ bool to_latin1(SecretBuffer& text, uint32_t tag, const uint8_t* bytes, size_t n)
 }
 
 SecretBuffer hex_text(const uint8_t* bytes, size_t n) {
-    static const char kDigits[] = "0123456789ABCDEF";
     SecretBuffer text(3 * n + 1);
     char* end = text.text();
     for (size_t i = 0; i < n; i++) {
-        *end++ = kDigits[bytes[i] >> 4];
-        *end++ = kDigits[bytes[i] & 0xF];
+        *end++ = kHexDigits[bytes[i] >> 4];
+        *end++ = kHexDigits[bytes[i] & 0xF];
         *end++ = ' ';
     }
     if (n != 0)

@@ -1,6 +1,7 @@
 #include "cipher/cipher_choice.h"
 
 #include <cstring>
+#include <iterator>
 
 #include "frame/err.h"
 #include "frame/text.h"
@@ -84,32 +85,25 @@ int choose_by_name(CipherChoice* choice, const char* text) {
             return 0;
         break;
     }
-    err_add_text("Unknown cipher '%s': give aes128, aes192, aes256 or tdea with ecb, cbc, cfb, ofb or ctr",
-                 shown_name(text, kLongestAlgorithmName));
-    return -BAD_PARAM_ERROR;
+    return err_fail(BAD_PARAM_ERROR,
+                    "Unknown cipher '%s': give aes128, aes192, aes256 or tdea with ecb, cbc, cfb, ofb or ctr",
+                    shown_name(text, kLongestAlgorithmName));
 }
 
+// The order of the option bits differs from that of CipherMode.
+constexpr CipherMode kModeOptions[] = {CipherMode::ecb, CipherMode::cbc, CipherMode::ofb, CipherMode::cfb,
+                                       CipherMode::ctr};
+static_assert(ZUL_MODE_OFB == 0x200 && ZUL_MODE_CFB == 0x300 && ZUL_MODE_CTR == 0x400);
+
 int choose_by_options(CipherChoice* choice, int options) {
-    switch (options & kModeBits) {
-    case ZUL_MODE_ECB:
-        choice->mode = CipherMode::ecb;
-        break;
-    case ZUL_MODE_CBC:
-        choice->mode = CipherMode::cbc;
-        break;
-    case ZUL_MODE_OFB:
-        choice->mode = CipherMode::ofb;
-        break;
-    case ZUL_MODE_CFB:
-        choice->mode = CipherMode::cfb;
-        break;
-    case ZUL_MODE_CTR:
-        choice->mode = CipherMode::ctr;
-        break;
-    default:
-        return -BAD_MODE_ERROR;
-    }
-    return cipher_algorithm_option(&choice->algorithm, options) ? 0 : -BAD_FLAG_ERROR;
+    const auto mode = static_cast<size_t>((options & kModeBits) >> 8);
+    if (mode >= std::size(kModeOptions))
+        return BAD_MODE_ERROR;
+    const BlockCipher* cipher = block_cipher_option(options);
+    if (cipher == nullptr)
+        return BAD_FLAG_ERROR;
+    *choice = {cipher->algorithm, kModeOptions[mode]};
+    return 0;
 }
 
 } // namespace
@@ -117,30 +111,10 @@ int choose_by_options(CipherChoice* choice, int options) {
 int cipher_choose(CipherChoice* choice, const char* algAndMode, int options) {
     const bool byName = algAndMode != nullptr && algAndMode[0] != '\0';
     const bool byOptions = (options & (kAlgorithmBits | kModeBits)) != 0;
-    if (byName == byOptions) {
-        err_add_text(byName ? "Cipher given both by name and by options" : "No cipher given");
-        return -BAD_PARAM_ERROR;
-    }
+    if (byName == byOptions)
+        return err_fail(BAD_PARAM_ERROR, "%s",
+                        byName ? "Cipher given both by name and by options" : "No cipher given");
     return byName ? choose_by_name(choice, algAndMode) : choose_by_options(choice, options);
-}
-
-bool cipher_algorithm_option(CipherAlgorithm* algorithm, int options) {
-    switch (options & kAlgorithmBits) {
-    case ZUL_CIPHER_TDEA:
-        *algorithm = CipherAlgorithm::tdea;
-        return true;
-    case ZUL_CIPHER_AES128:
-        *algorithm = CipherAlgorithm::aes128;
-        return true;
-    case ZUL_CIPHER_AES192:
-        *algorithm = CipherAlgorithm::aes192;
-        return true;
-    case ZUL_CIPHER_AES256:
-        *algorithm = CipherAlgorithm::aes256;
-        return true;
-    default:
-        return false;
-    }
 }
 
 int cipher_mode_from_text(CipherMode* mode, const char* text) {
@@ -152,9 +126,8 @@ int cipher_mode_from_text(CipherMode* mode, const char* text) {
         name[length] = to_lower(text[length]);
     if (length == 3 && text[3] == '\0' && mode_named(mode, name))
         return 0;
-    err_add_text("Unknown mode '%s': give ECB, CBC, CFB, OFB or CTR",
-                 shown_name(text, kLongestAlgorithmName));
-    return BAD_MODE_ERROR;
+    return err_fail(BAD_MODE_ERROR, "Unknown mode '%s': give ECB, CBC, CFB, OFB or CTR",
+                    shown_name(text, kLongestAlgorithmName));
 }
 
 } // namespace zul

@@ -11,15 +11,12 @@ struct CipherChoice {
 
 // cipher_choose reads the choice either from a name such as "aes-128/CBC" (case and everything that is no
 // letter or digit do not count; no mode means ECB) or from bits 0xFF0 of options, never from both. Returns 0,
-// or a negated code: -BAD_PARAM_ERROR, -BAD_MODE_ERROR or -BAD_FLAG_ERROR.
-int cipher_choose(CipherChoice* choice, const char* algAndMode, int options);
-
-// cipher_algorithm_option reads the algorithm from bits 0xF0 of options; false if they name none.
-bool cipher_algorithm_option(CipherAlgorithm* algorithm, int options);
+// BAD_PARAM_ERROR, BAD_MODE_ERROR or BAD_FLAG_ERROR.
+[[nodiscard]] int cipher_choose(CipherChoice* choice, const char* algAndMode, int options);
 
 // cipher_mode_from_text reads a mode of exactly three letters, in any case: "ECB", "CBC", "CFB", "OFB",
 // "CTR". Returns 0, BAD_PARAM_ERROR for null or BAD_MODE_ERROR.
-int cipher_mode_from_text(CipherMode* mode, const char* text);
+[[nodiscard]] int cipher_mode_from_text(CipherMode* mode, const char* text);
 
 // cipher_mode_pads tells whether the mode works on whole blocks only, so that files are padded for it.
 constexpr bool cipher_mode_pads(CipherMode mode) {

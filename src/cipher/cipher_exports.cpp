@@ -1,13 +1,46 @@
 #include "cipher/cipher_choice.h"
 #include "cipher/cipher_file.h"
 #include "cipher/cipher_text.h"
+#include "cipher/key_wrap.h"
 #include "frame/call_frame.h"
+#include "frame/err.h"
 #include "zulcore.h"
+
+namespace zul {
+
+// rng_bytes belongs to the random generator, a floor above this one, which defines it. It returns 0 or an
+// error code.
+[[nodiscard]] int rng_bytes(unsigned char* out, size_t len, const unsigned char* addl, size_t addlLen);
+
+} // namespace zul
 
 // A bad choice of cipher comes back negated, every other failure positive; callers test for nonzero. The
 // frame records both alike.
 
 using namespace zul;
+
+namespace {
+
+int generator_bytes(uint8_t* out, size_t length) {
+    return rng_bytes(out, length, nullptr, 0);
+}
+
+// The checks that wrapping and unwrapping share.
+int check_wrap_arguments(CipherAlgorithm* algorithm, const unsigned char* data, const unsigned char* kek,
+                         int kekLen, int options) {
+    if (data == nullptr || kek == nullptr)
+        return BAD_PARAM_ERROR;
+    const BlockCipher* cipher = block_cipher_option(options);
+    if (cipher == nullptr)
+        return BAD_FLAG_ERROR;
+    *algorithm = cipher->algorithm;
+    const int needed = static_cast<int>(cipher->keyLength);
+    if (kekLen != needed)
+        return err_fail(BAD_KEY_LEN_ERROR, "The key-encryption key must be of %d bytes", needed);
+    return 0;
+}
+
+} // namespace
 
 int CIPHER_Bytes(int fEncrypt, unsigned char* lpOutput, const unsigned char* lpInput, int nBytes,
                  const unsigned char* lpKey, const unsigned char* lpIV, const char* szAlgAndMode,
@@ -15,7 +48,7 @@ int CIPHER_Bytes(int fEncrypt, unsigned char* lpOutput, const unsigned char* lpI
     CallFrame frame;
     CipherChoice choice{};
     if (const int code = cipher_choose(&choice, szAlgAndMode, nOptions))
-        return frame.status(code);
+        return frame.status(-code);
     if (nBytes < 0)
         return frame.status(BAD_PARAM_ERROR);
     return frame.status(
@@ -27,10 +60,10 @@ int CIPHER_Hex(int fEncrypt, char* szOutput, int nOutChars, const char* szInputH
     CallFrame frame;
     CipherChoice choice{};
     if (const int code = cipher_choose(&choice, szAlgAndMode, nOptions))
-        return frame.status(code);
+        return frame.status(-code);
     const size_t outSize = nOutChars < 0 ? 0 : static_cast<size_t>(nOutChars) + 1;
-    return frame.status(
-        cipher_text(choice, fEncrypt != 0, TextEncoding::hex, szOutput, outSize, szInputHex, szKeyHex, szIVHex));
+    return frame.status(cipher_text(choice, fEncrypt != 0, TextEncoding::hex, szOutput, outSize, szInputHex,
+                                    szKeyHex, szIVHex));
 }
 
 int CIPHER_File(int fEncrypt, const char* szFileOut, const char* szFileIn, const unsigned char* lpKey,
@@ -38,6 +71,42 @@ int CIPHER_File(int fEncrypt, const char* szFileOut, const char* szFileIn, const
     CallFrame frame;
     CipherChoice choice{};
     if (const int code = cipher_choose(&choice, szAlgAndMode, nOptions))
-        return frame.status(code);
+        return frame.status(-code);
     return frame.status(cipher_file(choice, fEncrypt != 0, szFileOut, szFileIn, lpKey, lpIV));
+}
+
+int CIPHER_KeyWrap(unsigned char* lpOutput, int nOutBytes, const unsigned char* lpData, int nDataLen,
+                   const unsigned char* lpKEK, int nKekLen, int nOptions) {
+    CallFrame frame;
+    CipherAlgorithm algorithm{};
+    if (const int code = check_wrap_arguments(&algorithm, lpData, lpKEK, nKekLen, nOptions))
+        return frame.length(-code);
+    const int length = wrapped_key_length(algorithm, nDataLen);
+    if (length < 0 || lpOutput == nullptr || nOutBytes <= 0)
+        return frame.length(length);
+    if (nOutBytes < length)
+        return frame.length(-SHORT_BUF_ERROR);
+    const int code = algorithm == CipherAlgorithm::tdea
+                         ? tdes_key_wrap(lpOutput, lpData, lpKEK, generator_bytes)
+                         : aes_key_wrap(lpOutput, lpData, static_cast<size_t>(nDataLen), lpKEK,
+                                        static_cast<size_t>(nKekLen));
+    return frame.length(code != 0 ? -code : length);
+}
+
+int CIPHER_KeyUnwrap(unsigned char* lpOutput, int nOutBytes, const unsigned char* lpData, int nDataLen,
+                     const unsigned char* lpKEK, int nKekLen, int nOptions) {
+    CallFrame frame;
+    CipherAlgorithm algorithm{};
+    if (const int code = check_wrap_arguments(&algorithm, lpData, lpKEK, nKekLen, nOptions))
+        return frame.length(-code);
+    const int length = unwrapped_key_length(algorithm, nDataLen);
+    if (length < 0 || lpOutput == nullptr || nOutBytes <= 0)
+        return frame.length(length);
+    if (nOutBytes < length)
+        return frame.length(-SHORT_BUF_ERROR);
+    const int code = algorithm == CipherAlgorithm::tdea
+                         ? tdes_key_unwrap(lpOutput, lpData, lpKEK)
+                         : aes_key_unwrap(lpOutput, lpData, static_cast<size_t>(nDataLen), lpKEK,
+                                          static_cast<size_t>(nKekLen));
+    return frame.length(code != 0 ? -code : length);
 }

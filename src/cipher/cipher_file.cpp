@@ -73,10 +73,8 @@ int stream_unpadding(CipherContext& context, FileWriter& writer, FileReader& rea
     if (reader.failed())
         return READ_ERROR;
     const size_t pad = pad_count(chunk->data() + size - block, block);
-    if (pad == 0) {
-        err_add_text("Wrong padding: wrong key or damaged file");
-        return DECRYPT_ERROR;
-    }
+    if (pad == 0)
+        return err_fail(DECRYPT_ERROR, "Wrong padding: wrong key or damaged file");
     return writer.write(chunk->data(), size - pad) ? 0 : WRITE_ERROR;
 }
 
@@ -91,28 +89,20 @@ int cipher_file(const CipherChoice& choice, bool encrypt, const char* pathOut, c
         return code;
 
     FileReader reader(pathIn);
-    if (!reader.is_open()) {
-        err_add_text("Cannot open file '%s'", shown_name(pathIn));
-        return OPEN_ERROR;
-    }
+    if (!reader.is_open())
+        return err_fail(OPEN_ERROR, "Cannot open file '%s'", shown_name(pathIn));
     const size_t block = cipher_block_length(choice.algorithm);
     const bool pads = cipher_mode_pads(choice.mode);
     const int64_t length = platform::file_length(reader.handle()); // negative if not known beforehand
-    if (pads && !encrypt && (length == 0 || (length > 0 && length % static_cast<int64_t>(block) != 0))) {
-        err_add_text("File '%s' is not whole blocks of %d bytes", shown_name(pathIn),
-                     static_cast<int>(block));
-        return BAD_LENGTH_ERROR;
-    }
+    if (pads && !encrypt && (length == 0 || (length > 0 && length % static_cast<int64_t>(block) != 0)))
+        return err_fail(BAD_LENGTH_ERROR, "File '%s' is not whole blocks of %d bytes", shown_name(pathIn),
+                        static_cast<int>(block));
     // A device named twice has no content to lose; its length is not known.
-    if (length >= 0 && platform::file_is(reader.handle(), pathOut)) {
-        err_add_text("Output is the input file '%s'", shown_name(pathIn));
-        return BAD_PARAM_ERROR;
-    }
+    if (length >= 0 && platform::file_is(reader.handle(), pathOut))
+        return err_fail(BAD_PARAM_ERROR, "Output is the input file '%s'", shown_name(pathIn));
     FileWriter writer(pathOut);
-    if (!writer.is_open()) {
-        err_add_text("Cannot create file '%s'", shown_name(pathOut));
-        return CREATE_ERROR;
-    }
+    if (!writer.is_open())
+        return err_fail(CREATE_ERROR, "Cannot create file '%s'", shown_name(pathOut));
     int code = !pads     ? stream_plain(context, writer, reader)
                : encrypt ? stream_padding(context, writer, reader, block)
                          : stream_unpadding(context, writer, reader, block);

@@ -10,8 +10,6 @@ namespace zul {
 
 namespace {
 
-constexpr size_t kMaxKey = 32, kMaxBlock = 16;
-
 size_t decode(TextEncoding encoding, uint8_t* out, size_t outMax, const char* text) {
     return encoding == TextEncoding::hex ? hex_decode(out, outMax, text) : b64_decode(out, outMax, text);
 }
@@ -35,10 +33,9 @@ int cipher_bytes(const CipherChoice& choice, bool encrypt, uint8_t* out, const u
     if (const int code = context.init(choice.algorithm, choice.mode, encrypt, key, iv))
         return code;
     const size_t block = cipher_block_length(choice.algorithm);
-    if (cipher_mode_pads(choice.mode) && length % block != 0) {
-        err_add_text("Data in ECB and CBC must be whole blocks of %d bytes", static_cast<int>(block));
-        return BAD_LENGTH_ERROR;
-    }
+    if (cipher_mode_pads(choice.mode) && length % block != 0)
+        return err_fail(BAD_LENGTH_ERROR, "Data in ECB and CBC must be whole blocks of %d bytes",
+                        static_cast<int>(block));
     return context.update(out, in, length);
 }
 
@@ -52,19 +49,16 @@ int cipher_text(const CipherChoice& choice, bool encrypt, TextEncoding encoding,
     if (length > kMaxAllocation)
         return BAD_LENGTH_ERROR;
 
-    Secret<kMaxKey> keyBytes;
+    Secret<kMaxCipherKey> keyBytes;
     const size_t keyLength = cipher_key_length(choice.algorithm);
-    if (!decode_exactly(encoding, keyBytes.data(), keyLength, key)) {
-        err_add_text("The key must be of %d bytes", static_cast<int>(keyLength));
-        return BAD_KEY_LEN_ERROR;
-    }
-    Secret<kMaxBlock> ivBytes;
+    if (!decode_exactly(encoding, keyBytes.data(), keyLength, key))
+        return err_fail(BAD_KEY_LEN_ERROR, "The key must be of %d bytes", static_cast<int>(keyLength));
+    Secret<kMaxCipherBlock> ivBytes;
     const size_t block = cipher_block_length(choice.algorithm);
     if (choice.mode != CipherMode::ecb &&
-        (iv == nullptr || !decode_exactly(encoding, ivBytes.data(), block, iv))) {
-        err_add_text("The initialization vector must be of %d bytes", static_cast<int>(block));
-        return BAD_IV_ERROR;
-    }
+        (iv == nullptr || !decode_exactly(encoding, ivBytes.data(), block, iv)))
+        return err_fail(BAD_IV_ERROR, "The initialization vector must be of %d bytes",
+                        static_cast<int>(block));
     const size_t needed = encoding == TextEncoding::hex ? 2 * length : b64_encoded_length(length);
     if (outSize <= needed)
         return SHORT_BUF_ERROR;

@@ -5,8 +5,8 @@ namespace zul {
 
 // cipher_bytes enciphers length bytes; out may be in. Returns 0 or a positive code: NULL_ERROR, BAD_IV_ERROR
 // or BAD_LENGTH_ERROR, each of which leaves out untouched.
-int cipher_bytes(const CipherChoice& choice, bool encrypt, uint8_t* out, const uint8_t* in, size_t length,
-                 const uint8_t* key, const uint8_t* iv);
+[[nodiscard]] int cipher_bytes(const CipherChoice& choice, bool encrypt, uint8_t* out, const uint8_t* in,
+                               size_t length, const uint8_t* key, const uint8_t* iv);
 
 enum class TextEncoding { hex, base64 };
 
@@ -17,7 +17,7 @@ constexpr size_t kAmpleRoom = SIZE_MAX;
 // the same encoding; the IV is not looked at in ECB. out holds outSize bytes, the NUL included, and may be
 // in. Returns 0 or a positive code, which leaves out untouched: as cipher_bytes, or BAD_PARAM_ERROR for an
 // empty input or key text, BAD_KEY_LEN_ERROR, SHORT_BUF_ERROR.
-int cipher_text(const CipherChoice& choice, bool encrypt, TextEncoding encoding, char* out, size_t outSize,
-                const char* in, const char* key, const char* iv);
+[[nodiscard]] int cipher_text(const CipherChoice& choice, bool encrypt, TextEncoding encoding, char* out,
+                              size_t outSize, const char* in, const char* key, const char* iv);
 
 } // namespace zul

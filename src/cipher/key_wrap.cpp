@@ -2,6 +2,7 @@
 #include "cipher/key_wrap.h"
 
 #include <algorithm>
+#include <climits>
 #include <cstring>
 
 #include "cipher/aes.h"
@@ -45,10 +46,25 @@ void tdes_checksum(uint8_t out[kHalf], const uint8_t* key) {
 
 } // namespace
 
+int wrapped_key_length(CipherAlgorithm algorithm, int keyLength) {
+    constexpr int overhead = static_cast<int>(kAesWrapOverhead);
+    if (algorithm == CipherAlgorithm::tdea)
+        return keyLength == int{kTdesWrapKey} ? int{kTdesWrappedKey} : -BAD_LENGTH_ERROR;
+    return keyLength >= 16 && keyLength % 8 == 0 && keyLength <= INT_MAX - overhead ? keyLength + overhead
+                                                                                    : -BAD_LENGTH_ERROR;
+}
+
+int unwrapped_key_length(CipherAlgorithm algorithm, int wrappedLength) {
+    if (algorithm == CipherAlgorithm::tdea)
+        return wrappedLength == int{kTdesWrappedKey} ? int{kTdesWrapKey} : -BAD_LENGTH_ERROR;
+    return wrappedLength >= 24 && wrappedLength % 8 == 0 ? wrappedLength - int{kAesWrapOverhead}
+                                                         : -BAD_LENGTH_ERROR;
+}
+
 int aes_key_wrap(uint8_t* out, const uint8_t* data, size_t length, const uint8_t* kek, size_t kekLength) {
     Wiped<AesKey> key;
     if (!aes_set_encrypt_key(*key, kek, kekLength))
-        return -BAD_KEY_LEN_ERROR;
+        return BAD_KEY_LEN_ERROR;
     memmove(out + kHalf, data, length);
     Secret<2 * kHalf> block; // the integrity register A, then one semiblock R[i]
     memcpy(block.data(), kAesCheck, kHalf);
@@ -68,7 +84,7 @@ int aes_key_wrap(uint8_t* out, const uint8_t* data, size_t length, const uint8_t
 int aes_key_unwrap(uint8_t* out, const uint8_t* data, size_t length, const uint8_t* kek, size_t kekLength) {
     Wiped<AesKey> key;
     if (!aes_set_key(*key, kek, kekLength))
-        return -BAD_KEY_LEN_ERROR;
+        return BAD_KEY_LEN_ERROR;
     const size_t keyLength = length - kAesWrapOverhead;
     Secret<2 * kHalf> block;
     memcpy(block.data(), data, kHalf);

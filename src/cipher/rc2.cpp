@@ -115,16 +115,6 @@ bool rc2_set_key(Rc2Key& key, const uint8_t* bytes, size_t length, unsigned effe
     return true;
 }
 
-void rc2_ecb_encrypt(const Rc2Key& key, uint8_t* out, const uint8_t* in, size_t blocks) {
-    for (size_t at = 0; at < blocks * kBlock; at += kBlock)
-        store(out + at, encrypt(key, load(in + at)));
-}
-
-void rc2_ecb_decrypt(const Rc2Key& key, uint8_t* out, const uint8_t* in, size_t blocks) {
-    for (size_t at = 0; at < blocks * kBlock; at += kBlock)
-        store(out + at, decrypt(key, load(in + at)));
-}
-
 void rc2_cbc_encrypt(const Rc2Key& key, uint8_t* iv, uint8_t* out, const uint8_t* in, size_t blocks) {
     Words chain = load(iv);
     for (size_t at = 0; at < blocks * kBlock; at += kBlock) {

@@ -13,10 +13,8 @@ struct Rc2Key {
 // length, which leaves the structure as it was.
 bool rc2_set_key(Rc2Key& key, const uint8_t* bytes, size_t length, unsigned effectiveBits);
 
-// The modes over whole blocks of 8 bytes. out may be in itself, but may not overlap it otherwise; iv is left
+// CBC over whole blocks of 8 bytes. out may be in itself, but may not overlap it otherwise; iv is left
 // as the next call needs it to go on.
-void rc2_ecb_encrypt(const Rc2Key& key, uint8_t* out, const uint8_t* in, size_t blocks);
-void rc2_ecb_decrypt(const Rc2Key& key, uint8_t* out, const uint8_t* in, size_t blocks);
 void rc2_cbc_encrypt(const Rc2Key& key, uint8_t iv[8], uint8_t* out, const uint8_t* in, size_t blocks);
 void rc2_cbc_decrypt(const Rc2Key& key, uint8_t iv[8], uint8_t* out, const uint8_t* in, size_t blocks);
 

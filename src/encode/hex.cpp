@@ -22,7 +22,7 @@ constexpr DigitPairs make_pairs(const char* digits) {
     return pairs;
 }
 
-constexpr DigitPairs kUpper = make_pairs("0123456789ABCDEF");
+constexpr DigitPairs kUpper = make_pairs(kHexDigits);
 constexpr DigitPairs kLower = make_pairs("0123456789abcdef");
 
 // The value of each character as a digit; kNotDigit has bits outside a digit's four, so that the values of

@@ -4,6 +4,9 @@
 
 namespace zul {
 
+// The digits that output uses.
+inline constexpr char kHexDigits[] = "0123456789ABCDEF";
+
 // hex_encode writes two upper-case digits for each byte into out, which holds outSize bytes, the NUL
 // included. Only whole pairs that fit are written; the text is always ended. Returns the characters written.
 size_t hex_encode(char* out, size_t outSize, const uint8_t* data, size_t len);

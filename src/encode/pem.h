@@ -24,11 +24,11 @@ bool is_b64_der_text(const char* text);
 
 // pem_file_from_file writes the content of one file into another as pem_write does; they may be the same
 // file. 0, OPEN_ERROR, CREATE_ERROR or WRITE_ERROR, with a text.
-int pem_file_from_file(const char* outPath, const char* inPath, const char* label, int lineLen);
+[[nodiscard]] int pem_file_from_file(const char* outPath, const char* inPath, const char* label, int lineLen);
 
 // pem_file_to_file decodes the armoured body of one file into another, which may be the same. The output has
 // (body characters + 3) / 4 * 3 + 1 bytes, zeros after the data. Codes as above, and BAD_FORMAT_ERROR if
 // there is no body.
-int pem_file_to_file(const char* outPath, const char* inPath);
+[[nodiscard]] int pem_file_to_file(const char* outPath, const char* inPath);
 
 } // namespace zul

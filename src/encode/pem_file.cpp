@@ -9,16 +9,8 @@
 namespace zul {
 namespace {
 
-int create_failed(const char* path) {
-    err_add_text("Cannot create file '%s'", shown_name(path));
-    return CREATE_ERROR;
-}
-
 int finish_writing(FileWriter& out, const char* path) {
-    if (out.finish())
-        return 0;
-    err_add_text("Cannot write file '%s'", shown_name(path));
-    return WRITE_ERROR;
+    return out.finish() ? 0 : err_fail(WRITE_ERROR, "Cannot write file '%s'", shown_name(path));
 }
 
 } // namespace
@@ -29,7 +21,7 @@ int pem_file_from_file(const char* outPath, const char* inPath, const char* labe
         return error;
     FileWriter out(outPath);
     if (!out.is_open())
-        return create_failed(outPath);
+        return err_fail(CREATE_ERROR, "Cannot create file '%s'", shown_name(outPath));
     pem_write(out, content.data(), content.size(), label, lineLen);
     return finish_writing(out, outPath);
 }
@@ -40,16 +32,14 @@ int pem_file_to_file(const char* outPath, const char* inPath) {
         return error;
     size_t bodyLen = 0;
     const char* body = pem_find_body(content.text(), content.size(), &bodyLen);
-    if (bodyLen == 0) {
-        err_add_text("No armoured data in file '%s'", shown_name(inPath));
-        return BAD_FORMAT_ERROR;
-    }
+    if (bodyLen == 0)
+        return err_fail(BAD_FORMAT_ERROR, "No armoured data in file '%s'", shown_name(inPath));
     // Readers of these files count on this size, which leaves zeros after the data.
     SecretBuffer decoded((bodyLen + 3) / 4 * 3 + 1);
     b64_decode(decoded.data(), decoded.size(), body, bodyLen);
     FileWriter out(outPath);
     if (!out.is_open())
-        return create_failed(outPath);
+        return err_fail(CREATE_ERROR, "Cannot create file '%s'", shown_name(outPath));
     out.write(decoded.data(), decoded.size());
     return finish_writing(out, outPath);
 }

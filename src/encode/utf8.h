@@ -29,6 +29,7 @@ Conversion utf8_from_latin1(uint8_t* out, size_t room, const uint8_t* in, size_t
 // latin1_from_utf8 does likewise in the other direction. It looks at the whole input whatever the room.
 // 0, INVALID_DATA_ERROR (not UTF-8) or OUT_OF_RANGE_ERROR (a character above U+00FF, or a byte that begins
 // none); after an error the content of out is of no use.
-int latin1_from_utf8(uint8_t* out, size_t room, const uint8_t* in, size_t len, Conversion* result);
+[[nodiscard]] int latin1_from_utf8(uint8_t* out, size_t room, const uint8_t* in, size_t len,
+                                   Conversion* result);
 
 } // namespace zul

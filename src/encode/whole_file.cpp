@@ -11,16 +11,12 @@ namespace zul {
 
 int read_whole_file(const char* path, SecretBuffer& content, size_t maxSize) {
     File file(path, platform::OpenMode::read);
-    if (!file.is_open()) {
-        err_add_text("Cannot open file '%s'", shown_name(path));
-        return OPEN_ERROR;
-    }
+    if (!file.is_open())
+        return err_fail(OPEN_ERROR, "Cannot open file '%s'", shown_name(path));
     int64_t length = platform::file_length(file.handle());
     // A block that is too big would end the process; a big file is only bad input.
-    if (length > static_cast<int64_t>(maxSize)) {
-        err_add_text("File '%s' is too large", shown_name(path));
-        return OPEN_ERROR;
-    }
+    if (length > static_cast<int64_t>(maxSize))
+        return err_fail(OPEN_ERROR, "File '%s' is too large", shown_name(path));
     if (length >= 0) {
         auto size = static_cast<size_t>(length);
         SecretBuffer whole(size + 1);
@@ -30,8 +26,7 @@ int read_whole_file(const char* path, SecretBuffer& content, size_t maxSize) {
             return 0;
         }
     }
-    err_add_text("Cannot read file '%s'", shown_name(path));
-    return OPEN_ERROR;
+    return err_fail(OPEN_ERROR, "Cannot read file '%s'", shown_name(path));
 }
 
 int read_pem_or_b64_file(const char* path, SecretBuffer& decoded) {

@@ -1,115 +1,116 @@
 #include "hash/digest.h"
 
+#include <cstring>
+#include <iterator>
+
 #include "frame/file_stream.h"
 #include "hash/digest_output.h"
 
 namespace zul {
 
+namespace {
+
+// The functions of one algorithm over its own member of the context.
+template<auto Member, auto Init>
+void init_member(DigestContext& context) {
+    Init(context.*Member);
+}
+
+template<auto Member, auto Update>
+void update_member(DigestContext& context, const void* data, size_t size) {
+    Update(context.*Member, data, size);
+}
+
+template<auto Member, auto Final>
+void final_member(DigestContext& context, uint8_t* digest) {
+    Final(context.*Member, digest);
+}
+
+template<auto Member, auto Init, auto Update, auto Final>
+constexpr DigestDescriptor describe(int algorithm, const char* name, const char* rsaSignature, size_t size,
+                                    size_t blockSize, bool hasHmac = true) {
+    return {algorithm,
+            name,
+            rsaSignature,
+            size,
+            blockSize,
+            hasHmac,
+            init_member<Member, Init>,
+            update_member<Member, Update>,
+            final_member<Member, Final>};
+}
+
+constexpr auto kSha1 = &DigestContext::sha1;
+constexpr auto kMd5 = &DigestContext::md5;
+constexpr auto kMd2 = &DigestContext::md2;
+constexpr auto kSha256 = &DigestContext::sha256;
+constexpr auto kSha512 = &DigestContext::sha512;
+
+// A digest stands at the place of its number.
+constexpr DigestDescriptor kDigests[] = {
+    describe<kSha1, sha1_init, sha1_update, sha1_final>(kDigestSha1, "sha1", "sha1WithRSAEncryption",
+                                                        kSha1Size, Sha1Context::kBlockSize),
+    describe<kMd5, md5_init, md5_update, md5_final>(kDigestMd5, "md5", "md5WithRSAEncryption", kMd5Size,
+                                                    Md5Context::kBlockSize),
+    describe<kMd2, md2_init, md2_update, md2_final>(kDigestMd2, "md2", "md2WithRSAEncryption", kMd2Size,
+                                                    kMd2BlockSize, false),
+    describe<kSha256, sha256_init, sha256_update, sha256_final>(
+        kDigestSha256, "sha256", "sha256WithRSAEncryption", kSha256Size, Sha256Context::kBlockSize),
+    describe<kSha512, sha384_init, sha512_update, sha512_final>(
+        kDigestSha384, "sha384", "sha384WithRSAEncryption", kSha384Size, Sha512Context::kBlockSize),
+    describe<kSha512, sha512_init, sha512_update, sha512_final>(
+        kDigestSha512, "sha512", "sha512WithRSAEncryption", kSha512Size, Sha512Context::kBlockSize),
+    describe<kSha256, sha224_init, sha256_update, sha256_final>(
+        kDigestSha224, "sha224", "sha224WithRSAEncryption", kSha224Size, Sha256Context::kBlockSize),
+    describe<kSha1, sha1_init, sha1_update, sha1_final>(kDigestSha1Rng, nullptr, nullptr, kSha1Size,
+                                                        Sha1Context::kBlockSize),
+};
+
+constexpr bool in_order() {
+    int number = 0;
+    for (const DigestDescriptor& digest : kDigests)
+        if (digest.algorithm != number++)
+            return false;
+    return true;
+}
+static_assert(in_order());
+
+} // namespace
+
+const DigestDescriptor* digest_find(int algorithm) {
+    return static_cast<size_t>(algorithm) < std::size(kDigests) ? &kDigests[algorithm] : nullptr;
+}
+
+const DigestDescriptor* digest_named(const char* name) {
+    for (const DigestDescriptor& digest : kDigests)
+        if (digest.name != nullptr && strcmp(digest.name, name) == 0)
+            return &digest;
+    return nullptr;
+}
+
 int digest_length(int algorithm) {
-    switch (algorithm) {
-    case kDigestSha1:
-    case kDigestSha1Rng:
-        return kSha1Size;
-    case kDigestMd5:
-        return kMd5Size;
-    case kDigestMd2:
-        return kMd2Size;
-    case kDigestSha224:
-        return kSha224Size;
-    case kDigestSha256:
-        return kSha256Size;
-    case kDigestSha384:
-        return kSha384Size;
-    case kDigestSha512:
-        return kSha512Size;
-    default:
-        return -BAD_FLAG_ERROR;
-    }
+    const DigestDescriptor* digest = digest_find(algorithm);
+    return digest == nullptr ? -BAD_FLAG_ERROR : static_cast<int>(digest->size);
 }
 
 int digest_block_size(int algorithm) {
-    switch (algorithm) {
-    case kDigestMd2:
-        return 16;
-    case kDigestSha384:
-    case kDigestSha512:
-        return Sha512Context::kBlockSize;
-    default:
-        return digest_length(algorithm) < 0 ? -BAD_FLAG_ERROR : int{Sha256Context::kBlockSize};
-    }
+    const DigestDescriptor* digest = digest_find(algorithm);
+    return digest == nullptr ? -BAD_FLAG_ERROR : static_cast<int>(digest->blockSize);
 }
 
-int digest_init(DigestContext& context, int algorithm) {
+void digest_init(DigestContext& context, int algorithm) {
     context.algorithm = algorithm;
-    switch (algorithm) {
-    case kDigestSha1:
-    case kDigestSha1Rng:
-        sha1_init(context.sha1);
-        return 0;
-    case kDigestMd5:
-        md5_init(context.md5);
-        return 0;
-    case kDigestMd2:
-        md2_init(context.md2);
-        return 0;
-    case kDigestSha224:
-        sha224_init(context.sha256);
-        return 0;
-    case kDigestSha256:
-        sha256_init(context.sha256);
-        return 0;
-    case kDigestSha384:
-        sha384_init(context.sha512);
-        return 0;
-    case kDigestSha512:
-        sha512_init(context.sha512);
-        return 0;
-    default:
-        return -BAD_FLAG_ERROR;
-    }
+    digest_find(algorithm)->init(context);
 }
 
 void digest_update(DigestContext& context, const void* data, size_t size) {
-    switch (context.algorithm) {
-    case kDigestSha1:
-    case kDigestSha1Rng:
-        return sha1_update(context.sha1, data, size);
-    case kDigestMd5:
-        return md5_update(context.md5, data, size);
-    case kDigestMd2:
-        return md2_update(context.md2, data, size);
-    case kDigestSha224:
-    case kDigestSha256:
-        return sha256_update(context.sha256, data, size);
-    case kDigestSha384:
-    case kDigestSha512:
-        return sha512_update(context.sha512, data, size);
-    }
+    digest_find(context.algorithm)->update(context, data, size);
 }
 
 int digest_final(DigestContext& context, uint8_t* digest) {
-    const int length = digest_length(context.algorithm);
-    switch (context.algorithm) {
-    case kDigestSha1:
-    case kDigestSha1Rng:
-        sha1_final(context.sha1, digest);
-        break;
-    case kDigestMd5:
-        md5_final(context.md5, digest);
-        break;
-    case kDigestMd2:
-        md2_final(context.md2, digest);
-        break;
-    case kDigestSha224:
-    case kDigestSha256:
-        sha256_final(context.sha256, digest);
-        break;
-    case kDigestSha384:
-    case kDigestSha512:
-        sha512_final(context.sha512, digest);
-        break;
-    }
-    return length;
+    const DigestDescriptor* algorithm = digest_find(context.algorithm);
+    algorithm->final(context, digest);
+    return static_cast<int>(algorithm->size);
 }
 
 int hash_bytes(uint8_t* out, int outMax, const void* data, int64_t length, int algorithm) {

@@ -6,7 +6,7 @@
 #include "hash/sha512.h"
 #include "zulcore.h"
 
-// The seven digests behind their algorithm numbers.
+// The digests behind their algorithm numbers.
 namespace zul {
 
 enum DigestAlgorithm : int {
@@ -24,12 +24,7 @@ constexpr int kDigestAlgorithmMask = 0xF; // in an options word
 constexpr size_t kMaxDigestSize = 64;
 constexpr size_t kMaxDigestBlockSize = 128;
 
-// digest_length is the size of a digest in bytes, or -BAD_FLAG_ERROR for a number that names none.
-int digest_length(int algorithm);
-// digest_block_size is the size of the blocks that a digest absorbs, in bytes, or -BAD_FLAG_ERROR.
-int digest_block_size(int algorithm);
-
-// A digest of any algorithm in progress; a plain structure that may be copied.
+// A digest of any algorithm in progress: a plain structure without pointers that may be copied.
 struct DigestContext {
     int algorithm;
     union {
@@ -41,8 +36,30 @@ struct DigestContext {
     };
 };
 
-// digest_init gives 0 or -BAD_FLAG_ERROR; only a context that it has accepted may be used further.
-int digest_init(DigestContext& context, int algorithm);
+// DigestDescriptor describes one algorithm. The names are those of the table of object identifiers, null
+// where the algorithm has none.
+struct DigestDescriptor {
+    int algorithm;
+    const char* name;
+    const char* rsaSignature; // the signature algorithm of RSA (PKCS #1 v1.5) with this digest
+    size_t size, blockSize;   // of the digest and of the blocks that it absorbs, in bytes
+    bool hasHmac;
+    void (*init)(DigestContext& context);
+    void (*update)(DigestContext& context, const void* data, size_t size);
+    void (*final)(DigestContext& context, uint8_t* digest);
+};
+
+// digest_find gives the digest of a number, digest_named the one of a name; null for any other.
+const DigestDescriptor* digest_find(int algorithm);
+const DigestDescriptor* digest_named(const char* name);
+
+// digest_length and digest_block_size are the sizes of an algorithm, or -BAD_FLAG_ERROR for a number without
+// one.
+int digest_length(int algorithm);
+int digest_block_size(int algorithm);
+
+// digest_init begins a digest with an algorithm that digest_find knows.
+void digest_init(DigestContext& context, int algorithm);
 void digest_update(DigestContext& context, const void* data, size_t size);
 // digest_final writes the digest, wipes the context and returns the length written.
 int digest_final(DigestContext& context, uint8_t* digest);

@@ -58,8 +58,7 @@ int HASH_HexFromHex(char* szOutput, int nOutChars, const char* szMsgHex, int nOp
     if (szMsgHex == nullptr)
         return -BAD_PARAM_ERROR;
     SecretBuffer message;
-    int result = decode_hex_message(message, szMsgHex);
-    if (result == 0)
-        result = hex_of_bytes(szOutput, nOutChars, message.data(), message.size(), nOptions);
-    return frame.length(result);
+    if (const int error = decode_hex_message(message, szMsgHex))
+        return frame.length(-error);
+    return frame.length(hex_of_bytes(szOutput, nOutChars, message.data(), message.size(), nOptions));
 }

@@ -19,9 +19,9 @@ static bool decode(SecretBuffer& bytes, const char* text, size_t textLen) {
 int decode_hex_message(SecretBuffer& message, const char* text) {
     const size_t textLen = strlen(text);
     if (textLen % 2 != 0)
-        return -INVALID_DATA_ERROR;
+        return INVALID_DATA_ERROR;
     if (textLen / 2 > kMaxAllocation)
-        return -BAD_LENGTH_ERROR;
+        return BAD_LENGTH_ERROR;
     if (textLen != 0)
         decode(message, text, textLen);
     return 0;
@@ -30,10 +30,10 @@ int decode_hex_message(SecretBuffer& message, const char* text) {
 int decode_hex_key(SecretBuffer& key, const char* text) {
     const size_t textLen = strlen(text);
     if (textLen < 2)
-        return -BAD_KEY_LEN_ERROR;
+        return BAD_KEY_LEN_ERROR;
     if (textLen / 2 > kMaxAllocation)
-        return -BAD_LENGTH_ERROR;
-    return decode(key, text, textLen) ? 0 : -BAD_FORMAT_ERROR;
+        return BAD_LENGTH_ERROR;
+    return decode(key, text, textLen) ? 0 : BAD_FORMAT_ERROR;
 }
 
 } // namespace zul

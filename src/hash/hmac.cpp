@@ -6,12 +6,11 @@
 namespace zul {
 
 int hmac_length(int algorithm) {
-    return algorithm == kDigestMd2 ? -BAD_FLAG_ERROR : digest_length(algorithm);
+    const DigestDescriptor* digest = digest_find(algorithm);
+    return digest == nullptr || !digest->hasHmac ? -BAD_FLAG_ERROR : static_cast<int>(digest->size);
 }
 
-int hmac_init(HmacContext& context, int algorithm, const void* key, size_t keyLen) {
-    if (hmac_length(algorithm) < 0)
-        return -BAD_FLAG_ERROR;
+void hmac_init(HmacContext& context, int algorithm, const void* key, size_t keyLen) {
     const auto blockSize = static_cast<size_t>(digest_block_size(algorithm));
     Secret<kMaxDigestBlockSize> block;
     digest_init(context.inner, algorithm);
@@ -31,7 +30,6 @@ int hmac_init(HmacContext& context, int algorithm, const void* key, size_t keyLe
     for (size_t i = 0; i < blockSize; i++)
         block[i] ^= kInnerPad ^ kOuterPad;
     digest_update(context.outer, block.data(), blockSize);
-    return 0;
 }
 
 void hmac_update(HmacContext& context, const void* data, size_t size) {
@@ -45,47 +43,16 @@ int hmac_final(HmacContext& context, uint8_t* mac) {
     return digest_final(context.outer, mac);
 }
 
-static int hmac(uint8_t* mac, int algorithm, const void* data, size_t dataLen, const void* key,
-                size_t keyLen) {
-    HmacContext context; // hmac_final wipes it
-    const int result = hmac_init(context, algorithm, key, keyLen);
-    if (result < 0)
-        return result;
-    hmac_update(context, data, dataLen);
-    return hmac_final(context, mac);
-}
-
-void hmac_sha1(uint8_t mac[kSha1Size], const void* data, size_t dataLen, const void* key, size_t keyLen) {
-    hmac(mac, kDigestSha1, data, dataLen, key, keyLen);
-}
-
-void hmac_sha224(uint8_t mac[kSha224Size], const void* data, size_t dataLen, const void* key, size_t keyLen) {
-    hmac(mac, kDigestSha224, data, dataLen, key, keyLen);
-}
-
-void hmac_sha256(uint8_t mac[kSha256Size], const void* data, size_t dataLen, const void* key, size_t keyLen) {
-    hmac(mac, kDigestSha256, data, dataLen, key, keyLen);
-}
-
-void hmac_sha384(uint8_t mac[kSha384Size], const void* data, size_t dataLen, const void* key, size_t keyLen) {
-    hmac(mac, kDigestSha384, data, dataLen, key, keyLen);
-}
-
-void hmac_sha512(uint8_t mac[kSha512Size], const void* data, size_t dataLen, const void* key, size_t keyLen) {
-    hmac(mac, kDigestSha512, data, dataLen, key, keyLen);
-}
-
-void hmac_md5(uint8_t mac[kMd5Size], const void* data, size_t dataLen, const void* key, size_t keyLen) {
-    hmac(mac, kDigestMd5, data, dataLen, key, keyLen);
-}
-
 int hmac_bytes(uint8_t* out, int outMax, const void* data, size_t dataLen, const void* key, size_t keyLen,
                int algorithm) {
     const int length = hmac_length(algorithm);
     if (length < 0 || out == nullptr || outMax < 1)
         return length;
+    HmacContext context; // hmac_final wipes it
+    hmac_init(context, algorithm, key, keyLen);
+    hmac_update(context, data, dataLen);
     Secret<kMaxDigestSize> mac;
-    return digest_result(out, outMax, mac.data(), hmac(mac.data(), algorithm, data, dataLen, key, keyLen));
+    return digest_result(out, outMax, mac.data(), hmac_final(context, mac.data()));
 }
 
 } // namespace zul

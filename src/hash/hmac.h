@@ -10,19 +10,11 @@ struct HmacContext {
     DigestContext inner, outer;
 };
 
-// hmac_init absorbs a key of any length: 0 or -BAD_FLAG_ERROR; only a context that it has accepted may be
-// used further.
-int hmac_init(HmacContext& context, int algorithm, const void* key, size_t keyLen);
+// hmac_init absorbs a key of any length. The algorithm is one that hmac_length knows.
+void hmac_init(HmacContext& context, int algorithm, const void* key, size_t keyLen);
 void hmac_update(HmacContext& context, const void* data, size_t size);
 // hmac_final writes the MAC, wipes the context and returns the length written.
 int hmac_final(HmacContext& context, uint8_t* mac);
-
-void hmac_sha1(uint8_t mac[kSha1Size], const void* data, size_t dataLen, const void* key, size_t keyLen);
-void hmac_sha224(uint8_t mac[kSha224Size], const void* data, size_t dataLen, const void* key, size_t keyLen);
-void hmac_sha256(uint8_t mac[kSha256Size], const void* data, size_t dataLen, const void* key, size_t keyLen);
-void hmac_sha384(uint8_t mac[kSha384Size], const void* data, size_t dataLen, const void* key, size_t keyLen);
-void hmac_sha512(uint8_t mac[kSha512Size], const void* data, size_t dataLen, const void* key, size_t keyLen);
-void hmac_md5(uint8_t mac[kMd5Size], const void* data, size_t dataLen, const void* key, size_t keyLen);
 
 // hmac_length is the size of a MAC in bytes, or -BAD_FLAG_ERROR for an algorithm without one.
 int hmac_length(int algorithm);

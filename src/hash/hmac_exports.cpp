@@ -50,11 +50,11 @@ int HMAC_HexFromHex(char* szOutput, int nOutChars, const char* szMsgHex, const c
     if (szMsgHex == nullptr || szKeyHex == nullptr)
         return -BAD_PARAM_ERROR;
     SecretBuffer key, message;
-    int result = decode_hex_key(key, szKeyHex);
-    if (result == 0)
-        result = decode_hex_message(message, szMsgHex);
-    if (result == 0)
-        result =
-            hex_mac(szOutput, nOutChars, message.data(), message.size(), key.data(), key.size(), nOptions);
-    return frame.length(result);
+    int error = decode_hex_key(key, szKeyHex);
+    if (error == 0)
+        error = decode_hex_message(message, szMsgHex);
+    if (error != 0)
+        return frame.length(-error);
+    return frame.length(
+        hex_mac(szOutput, nOutChars, message.data(), message.size(), key.data(), key.size(), nOptions));
 }

@@ -5,12 +5,12 @@
 // MD2 (RFC 1319).
 namespace zul {
 
-constexpr size_t kMd2Size = 16;
+constexpr size_t kMd2Size = 16, kMd2BlockSize = 16;
 
 struct Md2Context {
     uint8_t state[48]; // the first 16 bytes live on, the rest is work space
     uint8_t checksum[16];
-    uint8_t block[16];
+    uint8_t block[kMd2BlockSize];
     size_t filled; // bytes waiting in block
 };
 

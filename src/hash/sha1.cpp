@@ -10,7 +10,7 @@ void sha1_compress_portable(uint32_t state[5], const uint8_t* data, size_t block
     sha1_compress_scalar(state, data, blocks);
 }
 
-void sha1_compress(uint32_t state[5], const uint8_t* data, size_t blocks) {
+static void compress(uint32_t state[5], const uint8_t* data, size_t blocks) {
 #if ZUL_X86_64
     if (sha1_has_shani())
         return sha1_compress_shani(state, data, blocks);
@@ -37,11 +37,11 @@ void sha1_init(Sha1Context& context) {
 }
 
 void sha1_update(Sha1Context& context, const void* data, size_t size) {
-    block_digest_update(context, data, size, sha1_compress);
+    block_digest_update(context, data, size, compress);
 }
 
 void sha1_final(Sha1Context& context, uint8_t digest[kSha1Size]) {
-    block_digest_pad<std::endian::big>(context, sha1_compress);
+    block_digest_pad<std::endian::big>(context, compress);
     for (size_t i = 0; i < 5; i++)
         store_word<std::endian::big>(digest + 4 * i, context.state[i]);
     wipe_bytes(&context, sizeof context);

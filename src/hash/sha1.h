@@ -12,9 +12,6 @@ void sha1_init(Sha1Context& context);
 void sha1_update(Sha1Context& context, const void* data, size_t size);
 void sha1_final(Sha1Context& context, uint8_t digest[kSha1Size]); // wipes the context
 
-// sha1_compress is the bare compression function over whole blocks of 64 bytes, without padding.
-void sha1_compress(uint32_t state[5], const uint8_t* data, size_t blocks);
-
 // sha1_kernel names the implementation that would run now: "sha-ni", "avx2" or "portable".
 const char* sha1_kernel();
 

@@ -30,41 +30,20 @@ void trace(const char* line) {
         std::fputs(line, stdout);
 }
 
-const char* pbes2_cipher(int options) {
-    switch (options & 0xF0) {
-    case ZUL_PBE_CIPHER_AES128:
-        return "aes128-CBC";
-    case ZUL_PBE_CIPHER_AES192:
-        return "aes192-CBC";
-    case ZUL_PBE_CIPHER_AES256:
-        return "aes256-CBC";
-    default:
-        return "des-EDE3-CBC";
-    }
-}
+static_assert(ZUL_PBE_CIPHER_AES128 == ZUL_CIPHER_AES128 && ZUL_PBE_CIPHER_AES192 == ZUL_CIPHER_AES192 &&
+              ZUL_PBE_CIPHER_AES256 == ZUL_CIPHER_AES256);
 
-const char* pbes2_prf(int options) {
-    switch (options & 0xF) {
-    case ZUL_HASH_SHA256:
-        return "hmacWithSHA256";
-    case ZUL_HASH_SHA384:
-        return "hmacWithSHA384";
-    case ZUL_HASH_SHA512:
-        return "hmacWithSHA512";
-    default:
-        return "hmacWithSHA1";
-    }
-}
-
-void choose_pbes2(PbeParams& params, const char* cipher, const char* prf) {
+// choose_pbes2 takes the cipher (Triple DES if there is no such one) and the PRF of options.
+void choose_pbes2(PbeParams& params, int options) {
     pbe_take_scheme(params, pbe_scheme("pkcs5PBES2"));
-    pbe_take_cipher(params, *pbe_cipher(cipher));
-    params.prf = pbe_prf(prf);
+    const BlockCipher* cipher = block_cipher_option(options);
+    pbe_take_cipher(params, cipher != nullptr ? *cipher : block_cipher(CipherAlgorithm::tdea));
+    params.prf = pbe_prf_of(options & 0xF);
 }
 
 void choose_scheme(PbeParams& params, int options) {
     if ((options & ZUL_PBE_PBES2) != 0)
-        return choose_pbes2(params, pbes2_cipher(options), pbes2_prf(options));
+        return choose_pbes2(params, options);
     switch (options & 0xF) {
     case ZUL_PBE_MD5_DES:
         return pbe_take_scheme(params, pbe_scheme("pbeWithMD5AndDES-CBC"));
@@ -73,7 +52,7 @@ void choose_scheme(PbeParams& params, int options) {
     case ZUL_PBE_SHA1_DES:
         return pbe_take_scheme(params, pbe_scheme("pbeWithSHA1AndDES-CBC"));
     case ZUL_PBE_PBES2_DEFAULT:
-        return choose_pbes2(params, "des-EDE3-CBC", "hmacWithSHA1");
+        return choose_pbes2(params, 0);
     default:
         return pbe_take_scheme(params, pbe_scheme("pbeWithSHAAnd3-KeyTripleDES-CBC"));
     }

@@ -3,10 +3,7 @@
 
 #include <cstring>
 
-#include "cipher/aes.h"
-#include "cipher/des.h"
-#include "cipher/rc2.h"
-#include "cipher/tdes.h"
+#include "cipher/cipher_context.h"
 #include "frame/err.h"
 #include "pbe/kdf.h"
 #include "pbe/pbe.h"
@@ -17,40 +14,12 @@ namespace zul {
 namespace {
 
 int cbc(const PbeParams& params, const uint8_t* key, bool encrypt, uint8_t* data, size_t blocks) {
-    Secret<kPbeMaxIv> iv;
-    std::memcpy(iv.data(), params.iv.data(), params.ivLength);
-    switch (params.cipher) {
-    case PbeCipher::desEde3: {
-        Wiped<TdesKey> schedule;
-        tdes_set_key(*schedule, key);
-        (encrypt ? tdes_cbc_encrypt : tdes_cbc_decrypt)(*schedule, iv.data(), data, data, blocks);
-        return 0;
-    }
-    case PbeCipher::des: {
-        Wiped<DesKey> schedule;
-        des_set_key(*schedule, key);
-        (encrypt ? des_cbc_encrypt : des_cbc_decrypt)(*schedule, iv.data(), data, data, blocks);
-        return 0;
-    }
-    case PbeCipher::rc2: {
-        Wiped<Rc2Key> schedule;
-        if (!rc2_set_key(*schedule, key, params.keyLength, params.rc2Bits))
-            break;
-        (encrypt ? rc2_cbc_encrypt : rc2_cbc_decrypt)(*schedule, iv.data(), data, data, blocks);
-        return 0;
-    }
-    case PbeCipher::aes128:
-    case PbeCipher::aes192:
-    case PbeCipher::aes256: {
-        Wiped<AesKey> schedule;
-        if (!aes_set_key(*schedule, key, params.keyLength))
-            break;
-        (encrypt ? aes_cbc_encrypt : aes_cbc_decrypt)(*schedule, iv.data(), data, data, blocks);
-        return 0;
-    }
-    }
-    err_add_text("Encryption scheme (%d) not supported", static_cast<int>(params.cipher));
-    return NOT_SUPPORTED_ERROR;
+    CipherContext context;
+    const CipherKey cipherKey = {key, params.keyLength, params.rc2Bits};
+    if (context.init(params.cipher, CipherMode::cbc, encrypt, cipherKey, params.iv.data()) != 0)
+        return err_fail(NOT_SUPPORTED_ERROR, "Encryption scheme (%d) not supported",
+                        static_cast<int>(params.cipher));
+    return context.update(data, data, blocks * params.ivLength);
 }
 
 void to_bmp(PbeParams& params) {

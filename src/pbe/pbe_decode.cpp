@@ -131,14 +131,14 @@ int read_cipher(PbeParams& params, const asn_Node* algorithm, uint32_t keyLength
     if (oid == nullptr)
         return no_cipher_params();
     const OidName name(oid);
-    const PbeCipherInfo* info = pbe_cipher(name.text());
-    if (info == nullptr) {
+    const BlockCipher* cipher = block_cipher_named(name.text());
+    if (cipher == nullptr) {
         err_add_text("'%s' not supported", name.text());
         return NOT_SUPPORTED_ERROR;
     }
-    pbe_take_cipher(params, *info);
+    pbe_take_cipher(params, *cipher);
     SecretBuffer iv;
-    if (params.cipher == PbeCipher::rc2) {
+    if (params.cipher == CipherAlgorithm::rc2) {
         AsnChildren fields(children.take_sequence());
         if (const int error = read_rc2(params, fields); error != 0)
             return error;

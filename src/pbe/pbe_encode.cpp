@@ -21,7 +21,7 @@ AsnList pbkdf2_algorithm(const PbeParams& params) {
 }
 
 AsnList cipher_algorithm(const PbeParams& params) {
-    return asn_NewSequence(asn_LinkList(asn_NewOid(pbe_cipher_info(params.cipher).name),
+    return asn_NewSequence(asn_LinkList(asn_NewOid(block_cipher(params.cipher).cbcName),
                                         asn_NewOctetString(params.iv.data(), params.ivLength)));
 }
 

@@ -10,25 +10,16 @@ namespace zul {
 namespace {
 
 constexpr PbeScheme kSchemes[] = {
-    {"pbeWithSHAAnd3-KeyTripleDES-CBC", PbeKind::pkcs12, kDigestSha1, PbeCipher::desEde3, 0, 24},
-    {"pbeWithSHAAnd128BitRC2-CBC", PbeKind::pkcs12, kDigestSha1, PbeCipher::rc2, 128, 16},
-    {"pbeWithSHAAnd40BitRC2-CBC", PbeKind::pkcs12, kDigestSha1, PbeCipher::rc2, 40, 5},
-    {"pbeWithMD5AndDES-CBC", PbeKind::pbes1, kDigestMd5, PbeCipher::des, 0},
-    {"pbeWithMD2AndDES-CBC", PbeKind::pbes1, kDigestMd2, PbeCipher::des, 0},
-    {"pbeWithSHA1AndDES-CBC", PbeKind::pbes1, kDigestSha1, PbeCipher::des, 0},
-    {"pbeWithMD5AndRC2-CBC", PbeKind::pbes1, kDigestMd5, PbeCipher::rc2, 64},
-    {"pbeWithMD2AndRC2-CBC", PbeKind::pbes1, kDigestMd2, PbeCipher::rc2, 64},
-    {"pbeWithSHA1AndRC2-CBC", PbeKind::pbes1, kDigestSha1, PbeCipher::rc2, 64},
-    {"pkcs5PBES2", PbeKind::pbes2, 0, PbeCipher::desEde3, 0},
-};
-
-constexpr PbeCipherInfo kCiphers[] = {
-    {"des-EDE3-CBC", PbeCipher::desEde3, 24, 8},
-    {"desCBC", PbeCipher::des, 8, 8},
-    {"rc2CBC", PbeCipher::rc2, 0, 8},
-    {"aes128-CBC", PbeCipher::aes128, 16, 16},
-    {"aes192-CBC", PbeCipher::aes192, 24, 16},
-    {"aes256-CBC", PbeCipher::aes256, 32, 16},
+    {"pbeWithSHAAnd3-KeyTripleDES-CBC", PbeKind::pkcs12, kDigestSha1, CipherAlgorithm::tdea, 0, 24},
+    {"pbeWithSHAAnd128BitRC2-CBC", PbeKind::pkcs12, kDigestSha1, CipherAlgorithm::rc2, 128, 16},
+    {"pbeWithSHAAnd40BitRC2-CBC", PbeKind::pkcs12, kDigestSha1, CipherAlgorithm::rc2, 40, 5},
+    {"pbeWithMD5AndDES-CBC", PbeKind::pbes1, kDigestMd5, CipherAlgorithm::des, 0},
+    {"pbeWithMD2AndDES-CBC", PbeKind::pbes1, kDigestMd2, CipherAlgorithm::des, 0},
+    {"pbeWithSHA1AndDES-CBC", PbeKind::pbes1, kDigestSha1, CipherAlgorithm::des, 0},
+    {"pbeWithMD5AndRC2-CBC", PbeKind::pbes1, kDigestMd5, CipherAlgorithm::rc2, 64},
+    {"pbeWithMD2AndRC2-CBC", PbeKind::pbes1, kDigestMd2, CipherAlgorithm::rc2, 64},
+    {"pbeWithSHA1AndRC2-CBC", PbeKind::pbes1, kDigestSha1, CipherAlgorithm::rc2, 64},
+    {"pkcs5PBES2", PbeKind::pbes2, 0, CipherAlgorithm::tdea, 0},
 };
 
 constexpr PbePrf kPrfs[] = {
@@ -53,20 +44,15 @@ const PbeScheme* pbe_scheme(const char* name) {
     return find(kSchemes, name);
 }
 
-const PbeCipherInfo* pbe_cipher(const char* name) {
-    return find(kCiphers, name);
-}
-
 const PbePrf* pbe_prf(const char* name) {
     return find(kPrfs, name);
 }
 
-const PbeCipherInfo& pbe_cipher_info(PbeCipher cipher) {
-    for (const PbeCipherInfo& info : kCiphers) {
-        if (info.cipher == cipher)
-            return info;
-    }
-    return kCiphers[0];
+const PbePrf* pbe_prf_of(int hashAlg) {
+    for (const PbePrf& prf : kPrfs)
+        if (prf.hashAlg == hashAlg)
+            return &prf;
+    return &kPrfs[0];
 }
 
 void pbe_take_scheme(PbeParams& params, const PbeScheme* scheme) {
@@ -77,10 +63,10 @@ void pbe_take_scheme(PbeParams& params, const PbeScheme* scheme) {
     params.ivLength = 8;
 }
 
-void pbe_take_cipher(PbeParams& params, const PbeCipherInfo& info) {
-    params.cipher = info.cipher;
-    params.keyLength = info.keyLength;
-    params.ivLength = info.ivLength;
+void pbe_take_cipher(PbeParams& params, const BlockCipher& cipher) {
+    params.cipher = cipher.algorithm;
+    params.keyLength = cipher.keyLength;
+    params.ivLength = cipher.blockLength;
 }
 
 int pbe_take_password(PbeParams& params, const char* password) {

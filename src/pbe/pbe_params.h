@@ -1,5 +1,6 @@
 #pragma once
 #include "asn1/asn_node.h"
+#include "cipher/block_cipher.h"
 #include "frame/memory.h"
 
 // What an operation of password-based encryption goes by, and the tables of schemes, ciphers and PRFs. Names
@@ -8,26 +9,16 @@ namespace zul {
 
 enum class PbeKind : uint8_t { pbes1, pkcs12, pbes2 };
 
-// Codes of the block ciphers, all in CBC mode.
-enum class PbeCipher : int { desEde3 = 0, des = 1, rc2 = 2, aes128 = 3, aes192 = 4, aes256 = 5 };
-
 constexpr size_t kPbeMaxKey = 128; // that of RC2
 constexpr size_t kPbeMaxIv = 16;
 
 struct PbeScheme {
     const char* name;
     PbeKind kind;
-    int hashAlg;           // of the key derivation; unused in PBES2
-    PbeCipher cipher;      // unused in PBES2
-    unsigned rc2Bits;      // effective key bits, for RC2
-    uint8_t keyLength = 8; // unused in PBES2
-};
-
-struct PbeCipherInfo {
-    const char* name;
-    PbeCipher cipher;
-    uint8_t keyLength; // 0: not fixed
-    uint8_t ivLength;
+    int hashAlg;            // of the key derivation; unused in PBES2
+    CipherAlgorithm cipher; // in CBC mode; unused in PBES2
+    unsigned rc2Bits;       // effective key bits, for RC2
+    uint8_t keyLength = 8;  // unused in PBES2
 };
 
 struct PbePrf {
@@ -37,10 +28,9 @@ struct PbePrf {
 
 // The tables' entries, null for a name that is not among them.
 const PbeScheme* pbe_scheme(const char* name);
-const PbeCipherInfo* pbe_cipher(const char* name);
 const PbePrf* pbe_prf(const char* name);
-// pbe_cipher_info is the entry of a cipher; that of the first code if there is no such cipher.
-const PbeCipherInfo& pbe_cipher_info(PbeCipher cipher);
+// pbe_prf_of is the PRF with a digest, HMAC-SHA-1 for a digest without one.
+const PbePrf* pbe_prf_of(int hashAlg);
 
 struct PbeParams {
     const PbeScheme* scheme = nullptr;
@@ -48,7 +38,7 @@ struct PbeParams {
     bool bmp = false;      // the password has been converted
     SecretBuffer salt;
     uint32_t iterations = 1;
-    PbeCipher cipher = PbeCipher::desEde3;
+    CipherAlgorithm cipher = CipherAlgorithm::tdea;
     const PbePrf* prf = nullptr; // in PBES2
     unsigned rc2Bits = 0;
     size_t keyLength = 0;
@@ -58,7 +48,7 @@ struct PbeParams {
 
 // pbe_take_scheme and pbe_take_cipher set what follows from a scheme, or in PBES2 from its cipher.
 void pbe_take_scheme(PbeParams& params, const PbeScheme* scheme);
-void pbe_take_cipher(PbeParams& params, const PbeCipherInfo& info);
+void pbe_take_cipher(PbeParams& params, const BlockCipher& cipher);
 
 // pbe_take_password copies a password: 0, BAD_PARAM_ERROR for null or BAD_LENGTH_ERROR.
 int pbe_take_password(PbeParams& params, const char* password);

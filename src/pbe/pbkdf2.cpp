@@ -84,8 +84,7 @@ PbkdfSum* sum_for(int hashAlg) {
 void pbkdf2(uint8_t* out, size_t outLen, int hashAlg, const void* password, size_t passwordLen,
             const uint8_t* salt, size_t saltLen, uint32_t iterations) {
     Wiped<HmacContext> key, mac;
-    if (hmac_init(*key, hashAlg, password, passwordLen) < 0)
-        return;
+    hmac_init(*key, hashAlg, password, passwordLen);
     PbkdfSum* const sumRounds = sum_for(hashAlg);
     Secret<kMaxDigestSize> u, sum;
     for (uint32_t index = 1; outLen != 0; index++) {

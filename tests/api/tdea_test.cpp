@@ -78,69 +78,41 @@ TEST(Tdea, EnciphersBytesTextsAndFiles) {
     EXPECT_STREQ(text, "A9");
 }
 
+// What the family adds to the checks that it shares with CIPHER_: the mode, base64, and the order of the
+// arguments.
 TEST(Tdea, RefusesMisuse) {
     const Bytes key = test::from_hex(kKeyHex), iv = test::from_hex(kIvHex);
     const uint8_t *k = key.data(), *v = iv.data();
-    Bytes out(16, 0x5A);
-    uint8_t* o = out.data();
-    const struct {
-        uint8_t* out;
-        const uint8_t* in;
-        int length;
-        const uint8_t* key;
-        const char* mode;
-        const uint8_t* iv;
-        int code;
-    } bytes[] = {
-        {o, k, 16, k, nullptr, v, BAD_PARAM_ERROR},  {o, k, 16, k, "", v, BAD_MODE_ERROR},
-        {o, k, 16, k, "CBCC", v, BAD_MODE_ERROR},    {o, k, 16, k, "XYZ", v, BAD_MODE_ERROR},
-        {o, k, -1, k, "CBC", v, BAD_PARAM_ERROR},    {nullptr, k, 16, k, "CBC", v, NULL_ERROR},
-        {o, nullptr, 16, k, "CBC", v, NULL_ERROR},   {o, k, 16, nullptr, "CBC", v, NULL_ERROR},
-        {o, k, 16, k, "CBC", nullptr, BAD_IV_ERROR}, {o, k, 15, k, "CBC", v, BAD_LENGTH_ERROR},
-        {o, k, 12, k, "ECB", v, BAD_LENGTH_ERROR},
-    };
-    for (const auto& c : bytes) {
-        SCOPED_TRACE(testing::Message() << "case " << &c - bytes);
-        EXPECT_STATUS(TDEA_BytesMode(c.out, c.in, c.length, c.key, 1, c.mode, c.iv), c.code);
-    }
-    EXPECT_EQ(out, Bytes(16, 0x5A));
-
-    const std::string longKey = std::string(kKeyHex) + "00", longKeyB64 = std::string(kKeyB64) + "AA==";
-    char text[64] = "untouched";
-    const struct {
-        const char *in, *key, *mode, *iv, *inB64, *keyB64, *ivB64;
-        int code;
-    } texts[] = {
-        {kPlainHex, kKeyHex, nullptr, kIvHex, kPlainB64, kKeyB64, kIvB64, BAD_PARAM_ERROR},
-        {kPlainHex, kKeyHex, "EBC", kIvHex, kPlainB64, kKeyB64, kIvB64, BAD_MODE_ERROR},
-        {nullptr, kKeyHex, "CBC", kIvHex, nullptr, kKeyB64, kIvB64, NULL_ERROR},
-        {kPlainHex, nullptr, "CBC", kIvHex, kPlainB64, nullptr, kIvB64, NULL_ERROR},
-        {"", kKeyHex, "CBC", kIvHex, "", kKeyB64, kIvB64, BAD_PARAM_ERROR},
-        {kPlainHex, "", "CBC", kIvHex, kPlainB64, "", kIvB64, BAD_PARAM_ERROR},
-        {kPlainHex, kKeyHex + 2, "CBC", kIvHex, kPlainB64, kKeyB64 + 4, kIvB64, BAD_KEY_LEN_ERROR},
-        {kPlainHex, longKey.c_str(), "CBC", kIvHex, kPlainB64, longKeyB64.c_str(), kIvB64, BAD_KEY_LEN_ERROR},
-        {kPlainHex, kKeyHex, "CBC", nullptr, kPlainB64, kKeyB64, nullptr, BAD_IV_ERROR},
-        {kPlainHex, kKeyHex, "CTR", kKeyHex, kPlainB64, kKeyB64, kKeyB64, BAD_IV_ERROR},
-        {kPlainHex, kKeyHex, "CTR", "FFFFFFFFFFFFFF", kPlainB64, kKeyB64, "/////////w==", BAD_IV_ERROR},
-        {kPlainHex + 2, kKeyHex, "ECB", nullptr, kPlainB64 + 4, kKeyB64, nullptr, BAD_LENGTH_ERROR},
-    };
-    for (const auto& c : texts) {
-        SCOPED_TRACE(testing::Message() << "case " << &c - texts);
-        EXPECT_STATUS(TDEA_HexMode(text, c.in, c.key, 1, c.mode, c.iv), c.code);
-        EXPECT_STATUS(TDEA_B64Mode(text, c.inB64, c.keyB64, 0, c.mode, c.ivB64), c.code);
-    }
-    EXPECT_STREQ(text, "untouched");
-    EXPECT_STATUS(TDEA_HexMode(nullptr, kPlainHex, kKeyHex, 1, "CBC", kIvHex), NULL_ERROR);
-    EXPECT_STATUS(TDEA_B64Mode(nullptr, kPlainB64, kKeyB64, 1, "CBC", kIvB64), NULL_ERROR);
-
     const test::TempDir dir;
     const std::string in = dir.write("in", "12345678"), made = dir.file("made");
-    EXPECT_STATUS(TDEA_File(made.c_str(), in.c_str(), k, 1, nullptr, v), BAD_PARAM_ERROR);
-    EXPECT_STATUS(TDEA_File(made.c_str(), in.c_str(), k, 1, "CBC128", v), BAD_MODE_ERROR);
+    Bytes out(16, 0x5A);
+    char text[64] = "untouched";
+    const struct {
+        const char* mode;
+        int code;
+    } modes[] = {{nullptr, BAD_PARAM_ERROR}, {"", BAD_MODE_ERROR}, {"CBCC", BAD_MODE_ERROR}};
+    for (const auto& c : modes) {
+        EXPECT_STATUS(TDEA_BytesMode(out.data(), k, 16, k, 1, c.mode, v), c.code);
+        EXPECT_STATUS(TDEA_HexMode(text, kPlainHex, kKeyHex, 1, c.mode, kIvHex), c.code);
+        EXPECT_STATUS(TDEA_B64Mode(text, kPlainB64, kKeyB64, 1, c.mode, kIvB64), c.code);
+        EXPECT_STATUS(TDEA_File(made.c_str(), in.c_str(), k, 1, c.mode, v), c.code);
+    }
+    EXPECT_STATUS(TDEA_BytesMode(out.data(), k, -1, k, 1, "CBC", v), BAD_PARAM_ERROR);
+    EXPECT_STATUS(TDEA_BytesMode(out.data(), k, 16, nullptr, 1, "CBC", v), NULL_ERROR);
+    EXPECT_STATUS(TDEA_BytesMode(out.data(), k, 16, k, 1, "CBC", nullptr), BAD_IV_ERROR);
+    EXPECT_EQ(out, Bytes(16, 0x5A));
+
+    const std::string longKey = std::string(kKeyB64) + "AA==";
+    EXPECT_STATUS(TDEA_HexMode(text, kPlainHex, "", 1, "CBC", kIvHex), BAD_PARAM_ERROR);
+    EXPECT_STATUS(TDEA_B64Mode(text, "", kKeyB64, 1, "CBC", kIvB64), BAD_PARAM_ERROR);
+    EXPECT_STATUS(TDEA_B64Mode(text, kPlainB64, kKeyB64 + 4, 1, "CBC", kIvB64), BAD_KEY_LEN_ERROR);
+    EXPECT_STATUS(TDEA_B64Mode(text, kPlainB64, longKey.c_str(), 1, "CBC", kIvB64), BAD_KEY_LEN_ERROR);
+    EXPECT_STATUS(TDEA_B64Mode(text, kPlainB64, kKeyB64, 1, "CTR", kKeyB64), BAD_IV_ERROR);
+    EXPECT_STATUS(TDEA_B64Mode(text, kPlainB64, kKeyB64, 1, "CTR", "/////////w=="), BAD_IV_ERROR);
+    EXPECT_STATUS(TDEA_B64Mode(text, kPlainB64 + 4, kKeyB64, 1, "ECB", nullptr), BAD_LENGTH_ERROR);
+    EXPECT_STREQ(text, "untouched");
+
     EXPECT_STATUS(TDEA_File(made.c_str(), in.c_str(), k, 1, "CBC", nullptr), BAD_IV_ERROR);
-    EXPECT_STATUS(TDEA_File(in.c_str(), in.c_str(), k, 1, "CBC", v), BAD_PARAM_ERROR);
-    EXPECT_STATUS(TDEA_File(made.c_str(), made.c_str(), k, 1, "CBC", v), OPEN_ERROR);
     EXPECT_STATUS(TDEA_File(made.c_str(), in.c_str(), k, 0, "ECB", v), DECRYPT_ERROR);
     EXPECT_FALSE(test::file_exists(made));
-    EXPECT_EQ(test::read_text(in), "12345678");
 }

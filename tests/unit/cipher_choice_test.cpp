@@ -39,7 +39,7 @@ TEST(CipherChoice, ReadsNames) {
           "\xE1"
           "es128"}) {
         CipherChoice choice{};
-        EXPECT_EQ(cipher_choose(&choice, name, 0), -BAD_PARAM_ERROR) << name;
+        EXPECT_EQ(cipher_choose(&choice, name, 0), BAD_PARAM_ERROR) << name;
     }
 }
 
@@ -53,11 +53,11 @@ TEST(CipherChoice, ReadsOptions) {
             for (const int others : {0, 0x10000, ~0xFF0}) {
                 const int options = mode << 8 | algorithm << 4 | others;
                 SCOPED_TRACE(options);
-                int expected = mode > 4                         ? -BAD_MODE_ERROR
-                               : algorithm < 1 || algorithm > 4 ? -BAD_FLAG_ERROR
+                int expected = mode > 4                         ? BAD_MODE_ERROR
+                               : algorithm < 1 || algorithm > 4 ? BAD_FLAG_ERROR
                                                                 : 0;
                 if (mode == 0 && algorithm == 0)
-                    expected = -BAD_PARAM_ERROR;
+                    expected = BAD_PARAM_ERROR;
                 CipherChoice choice{};
                 for (const char* name : {static_cast<const char*>(nullptr), ""}) {
                     EXPECT_EQ(cipher_choose(&choice, name, options), expected);
@@ -67,7 +67,7 @@ TEST(CipherChoice, ReadsOptions) {
                     EXPECT_EQ(choice.mode, modes[mode]);
                 }
                 const bool nameAlone = mode == 0 && algorithm == 0;
-                EXPECT_EQ(cipher_choose(&choice, "aes128cbc", options), nameAlone ? 0 : -BAD_PARAM_ERROR);
+                EXPECT_EQ(cipher_choose(&choice, "aes128cbc", options), nameAlone ? 0 : BAD_PARAM_ERROR);
             }
         }
     }

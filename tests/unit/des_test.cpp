@@ -1,53 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "cipher/des.h"
 #include "cipher/des_tables.h"
-#include "frame/wipe.h"
-#include "support/vectors.h"
 
 namespace zul {
-
-using Bytes = std::vector<uint8_t>;
-
-TEST(Des, VectorsBothWays) {
-    for (const auto& v : test::read_vectors("cipher/des.txt")) {
-        SCOPED_TRACE(v.where());
-        const Bytes plain = v.hex("Plaintext"), coded = v.hex("Ciphertext");
-        ASSERT_EQ(plain.size(), coded.size());
-        const size_t blocks = plain.size() / 8;
-        Bytes out(plain.size()), back(plain.size());
-        Wiped<DesKey> key;
-        des_set_key(*key, v.hex("Key").data());
-        if (v.text("Mode") == "ECB") {
-            des_ecb_encrypt(*key, out.data(), plain.data(), blocks);
-            des_ecb_decrypt(*key, back.data(), coded.data(), blocks);
-        } else {
-            Bytes iv = v.hex("IV");
-            des_cbc_encrypt(*key, iv.data(), out.data(), plain.data(), blocks);
-            const Bytes last(coded.end() - 8, coded.end());
-            EXPECT_EQ(iv, last);
-            iv = v.hex("IV");
-            back = coded;
-            des_cbc_decrypt(*key, iv.data(), back.data(), back.data(), blocks);
-            EXPECT_EQ(iv, last);
-        }
-        EXPECT_EQ(out, coded);
-        EXPECT_EQ(back, plain);
-    }
-}
-
-TEST(Des, ParityBitsDoNotCount) {
-    const Bytes odd = test::from_hex("0123456789abcdef"), even = test::from_hex("0022446688aaccee");
-    const Bytes plain = test::from_hex("4e6f772069732074");
-    Bytes first(8), second(8);
-    Wiped<DesKey> key;
-    des_set_key(*key, odd.data());
-    des_ecb_encrypt(*key, first.data(), plain.data(), 1);
-    des_set_key(*key, even.data());
-    des_ecb_encrypt(*key, second.data(), plain.data(), 1);
-    EXPECT_EQ(first, test::from_hex("3fa40e8a984d4815")); // FIPS 81, table B1
-    EXPECT_EQ(second, first);
-}
 
 // The circuits of the bit-sliced kernels, over words in which bit x stands for the input x.
 namespace {

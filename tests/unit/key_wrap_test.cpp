@@ -21,7 +21,7 @@ int give_fixed(uint8_t* out, size_t length) {
 }
 
 int give_failure(uint8_t*, size_t) {
-    return -PRNG_ERR_FAILURE;
+    return PRNG_ERR_FAILURE;
 }
 
 // Every wrapped form with one bit changed must be refused and leave only zeros.
@@ -50,7 +50,8 @@ TEST(AesKeyWrap, MeetsItsStandardInPlaceToo) {
         for (const size_t offset : {0u, 3u, 8u}) {
             Bytes buffer(wrapped.size() + offset);
             std::copy(key.begin(), key.end(), buffer.begin() + static_cast<long>(offset));
-            aes_key_wrap(buffer.data(), buffer.data() + offset, key.size(), kek.data(), kek.size());
+            EXPECT_EQ(aes_key_wrap(buffer.data(), buffer.data() + offset, key.size(), kek.data(), kek.size()),
+                      0);
             EXPECT_TRUE(std::equal(wrapped.begin(), wrapped.end(), buffer.begin())) << offset;
 
             buffer.assign(wrapped.size() + offset, 0);
@@ -64,9 +65,9 @@ TEST(AesKeyWrap, MeetsItsStandardInPlaceToo) {
         expect_damage_refused(wrapped, key.size(), [&](uint8_t* to, const uint8_t* from) {
             return aes_key_unwrap(to, from, wrapped.size(), kek.data(), kek.size());
         });
-        EXPECT_EQ(aes_key_wrap(out.data(), key.data(), key.size(), kek.data(), 15), -BAD_KEY_LEN_ERROR);
+        EXPECT_EQ(aes_key_wrap(out.data(), key.data(), key.size(), kek.data(), 15), BAD_KEY_LEN_ERROR);
         EXPECT_EQ(aes_key_unwrap(out.data(), wrapped.data(), wrapped.size(), kek.data(), 15),
-                  -BAD_KEY_LEN_ERROR);
+                  BAD_KEY_LEN_ERROR);
     }
 }
 
@@ -89,7 +90,7 @@ TEST(TdesKeyWrap, MeetsItsStandardInPlaceToo) {
         Bytes wrongParity = key, out(kTdesWrappedKey, 0x5A);
         for (uint8_t& byte : wrongParity)
             byte ^= 1;
-        EXPECT_EQ(tdes_key_wrap(out.data(), wrongParity.data(), kek.data(), give_failure), -PRNG_ERR_FAILURE);
+        EXPECT_EQ(tdes_key_wrap(out.data(), wrongParity.data(), kek.data(), give_failure), PRNG_ERR_FAILURE);
         EXPECT_EQ(out, Bytes(kTdesWrappedKey, 0x5A));
         EXPECT_EQ(tdes_key_wrap(out.data(), wrongParity.data(), kek.data(), give_fixed), 0);
         EXPECT_EQ(tdes_key_unwrap(buffer.data(), out.data(), kek.data()), 0);

@@ -6,34 +6,16 @@
 #include "asn1/asn_build.h"
 #include "asn1/asn_children.h"
 #include "asn1/asn_value.h"
+#include "cipher/cipher_context.h"
 #include "frame/err.h"
 #include "x509/fields/subject_public_key.h"
 #include "zulcore.h"
 
 namespace zul {
 
-struct ContentCipherRow {
-    const char* name;
-    ContentCipher::Kind kind;
-    size_t keyLength, blockLength;
-    int option; // that chooses it, 0 for none
-};
-
 namespace {
 
-using Kind = ContentCipher::Kind;
-
-constexpr int kCipherMask = 0xF0;
-constexpr ContentCipherRow kCiphers[] = {
-    {"des-EDE3-CBC", Kind::tdes, 24, 8, ZUL_CMS_CIPHER_TDEA},
-    {"aes128-CBC", Kind::aes, 16, 16, ZUL_CMS_CIPHER_AES128},
-    {"aes192-CBC", Kind::aes, 24, 16, ZUL_CMS_CIPHER_AES192},
-    {"aes256-CBC", Kind::aes, 32, 16, ZUL_CMS_CIPHER_AES256},
-    {"des_3CBC_pad", Kind::tdes, 24, 8, 0},
-    {"rc2CBC", Kind::rc2, 0, 8, 0},
-};
-constexpr const ContentCipherRow& kTripleDes = kCiphers[0];
-constexpr const ContentCipherRow& kPaddedTripleDes = kCiphers[4];
+constexpr char kPaddedTripleDes[] = "des_3CBC_pad"; // another name of Triple DES, which old messages have
 
 int invalid(const char* text) {
     err_add_text("%s", text);
@@ -56,18 +38,21 @@ unsigned rc2_bits(int64_t version) {
 
 } // namespace
 
-void ContentCipher::take(const ContentCipherRow& row) {
-    name_ = row.name;
-    kind_ = row.kind;
-    keyLength_ = row.keyLength;
-    blockLength_ = row.blockLength;
+void ContentCipher::take(const BlockCipher& cipher) {
+    algorithm_ = cipher.algorithm;
+    name_ = cipher.cbcName;
+    keyLength_ = cipher.keyLength;
+    blockLength_ = cipher.blockLength;
 }
 
+static_assert(ZUL_CMS_CIPHER_AES128 == ZUL_CIPHER_AES128 && ZUL_CMS_CIPHER_AES192 == ZUL_CIPHER_AES192 &&
+              ZUL_CMS_CIPHER_AES256 == ZUL_CIPHER_AES256);
+
 void ContentCipher::choose(int options) {
-    take((options & ZUL_CMS_NAMED_SIGALG) != 0 ? kPaddedTripleDes : kTripleDes);
-    for (const ContentCipherRow& row : kCiphers)
-        if (row.kind == Kind::aes && row.option == (options & kCipherMask))
-            take(row);
+    const BlockCipher* cipher = block_cipher_option(options);
+    take(cipher != nullptr ? *cipher : block_cipher(CipherAlgorithm::tdea));
+    if (algorithm_ == CipherAlgorithm::tdea && (options & ZUL_CMS_NAMED_SIGALG) != 0)
+        name_ = kPaddedTripleDes;
 }
 
 bool ContentCipher::read_iv(const asn_Node* node) {
@@ -97,23 +82,19 @@ int ContentCipher::read_rc2_parameter(const asn_Node* parameter) {
 int ContentCipher::read(const asn_Node* algorithm) {
     char name[kAlgorithmName];
     algorithm_name(algorithm, name);
-    const ContentCipherRow* found = nullptr;
-    for (const ContentCipherRow& row : kCiphers)
-        if (strcmp(row.name, name) == 0)
-            found = &row;
-    if (found == nullptr) {
-        err_add_text("Unsupported content encryption algorithm '%s'", name);
-        return NOT_SUPPORTED_ERROR;
-    }
-    take(*found);
+    const BlockCipher* cipher =
+        strcmp(name, kPaddedTripleDes) == 0 ? &block_cipher(CipherAlgorithm::tdea) : block_cipher_named(name);
+    if (cipher == nullptr || cipher->algorithm == CipherAlgorithm::des)
+        return err_fail(NOT_SUPPORTED_ERROR, "Unsupported content encryption algorithm '%s'", name);
+    take(*cipher);
     AsnChildren fields(algorithm);
     fields.take_oid();
-    if (kind_ == Kind::rc2)
+    if (algorithm_ == CipherAlgorithm::rc2)
         return read_rc2_parameter(fields.peek());
     if (read_iv(fields.peek()))
         return 0;
-    return invalid(kind_ == Kind::aes ? "Invalid IV for AES encryption"
-                                      : "Invalid IV for Triple DES encryption");
+    return invalid(algorithm_ == CipherAlgorithm::tdea ? "Invalid IV for Triple DES encryption"
+                                                       : "Invalid IV for AES encryption");
 }
 
 AsnList ContentCipher::algorithm_identifier() const {
@@ -121,7 +102,7 @@ AsnList ContentCipher::algorithm_identifier() const {
 }
 
 void ContentCipher::finish_key(uint8_t* key) const {
-    if (kind_ != Kind::tdes)
+    if (algorithm_ != CipherAlgorithm::tdea)
         return;
     for (size_t i = 0; i < keyLength_; i++) { // odd parity (FIPS 46-3), which tokens check
         unsigned sum = key[i] >> 1;
@@ -132,36 +113,11 @@ void ContentCipher::finish_key(uint8_t* key) const {
     }
 }
 
-void ContentCipher::encrypt(const uint8_t* key, uint8_t* iv, uint8_t* data, size_t blocks) const {
-    if (kind_ == Kind::aes) {
-        Wiped<AesKey> aes;
-        aes_set_encrypt_key(*aes, key, keyLength_);
-        aes_cbc_encrypt(*aes, iv, data, data, blocks);
-    } else if (kind_ == Kind::tdes) {
-        Wiped<TdesKey> tdes;
-        tdes_set_key(*tdes, key);
-        tdes_cbc_encrypt(*tdes, iv, data, data, blocks);
-    } else {
-        Wiped<Rc2Key> rc2;
-        rc2_set_key(*rc2, key, keyLength_, rc2Bits_);
-        rc2_cbc_encrypt(*rc2, iv, data, data, blocks);
-    }
-}
-
-void ContentCipher::decrypt(const uint8_t* key, uint8_t* iv, uint8_t* data, size_t blocks) const {
-    if (kind_ == Kind::aes) {
-        Wiped<AesKey> aes;
-        aes_set_key(*aes, key, keyLength_);
-        aes_cbc_decrypt(*aes, iv, data, data, blocks);
-    } else if (kind_ == Kind::tdes) {
-        Wiped<TdesKey> tdes;
-        tdes_set_key(*tdes, key);
-        tdes_cbc_decrypt(*tdes, iv, data, data, blocks);
-    } else {
-        Wiped<Rc2Key> rc2;
-        rc2_set_key(*rc2, key, keyLength_, rc2Bits_);
-        rc2_cbc_decrypt(*rc2, iv, data, data, blocks);
-    }
+void ContentCipher::run(bool encrypt, const uint8_t* key, const uint8_t* iv, uint8_t* data,
+                        size_t blocks) const {
+    CipherContext context;
+    if (context.init(algorithm_, CipherMode::cbc, encrypt, {key, keyLength_, rc2Bits_}, iv) == 0)
+        (void)context.update(data, data, blocks * blockLength_);
 }
 
 } // namespace zul

@@ -1,19 +1,14 @@
 #pragma once
 #include "asn1/asn_node.h"
-#include "cipher/aes.h"
-#include "cipher/rc2.h"
-#include "cipher/tdes.h"
+#include "cipher/block_cipher.h"
 #include "frame/memory.h"
 
 namespace zul {
 
-struct ContentCipherRow;
-
 // ContentCipher is a content encryption algorithm with its parameters (RFC 3565, RFC 3370, 5), all CBC.
 class ContentCipher {
   public:
-    static constexpr size_t kMaxKey = 32, kMaxBlock = 16;
-    enum class Kind { tdes, aes, rc2 };
+    static constexpr size_t kMaxKey = kMaxCipherKey, kMaxBlock = kMaxCipherBlock;
 
     void choose(int options);             // for a new message; the IV is to be set
     int read(const asn_Node* algorithm);  // AlgorithmIdentifier: 0 or a positive code with a text
@@ -26,16 +21,21 @@ class ContentCipher {
     void finish_key(uint8_t* key) const; // makes a key of key_length() random bytes one of the cipher
 
     // encrypt and decrypt work in place on whole blocks, with a key of key_length() bytes, from the IV given
-    // (block_length() bytes), which is left as the next call needs it to go on.
-    void encrypt(const uint8_t* key, uint8_t* iv, uint8_t* data, size_t blocks) const;
-    void decrypt(const uint8_t* key, uint8_t* iv, uint8_t* data, size_t blocks) const;
+    // (block_length() bytes).
+    void encrypt(const uint8_t* key, const uint8_t* iv, uint8_t* data, size_t blocks) const {
+        run(true, key, iv, data, blocks);
+    }
+    void decrypt(const uint8_t* key, const uint8_t* iv, uint8_t* data, size_t blocks) const {
+        run(false, key, iv, data, blocks);
+    }
 
   private:
-    void take(const ContentCipherRow& row);
+    void take(const BlockCipher& cipher);
+    void run(bool encrypt, const uint8_t* key, const uint8_t* iv, uint8_t* data, size_t blocks) const;
     bool read_iv(const asn_Node* node);
     int read_rc2_parameter(const asn_Node* parameter);
 
-    Kind kind_ = Kind::tdes;
+    CipherAlgorithm algorithm_ = CipherAlgorithm::tdea;
     const char* name_ = nullptr; // of the OID table
     size_t keyLength_ = 0, blockLength_ = 0;
     unsigned rc2Bits_ = 0;

@@ -40,10 +40,9 @@ bool recover_content_key(const RsaKey& key, const uint8_t* encryptedKey, size_t 
     for (size_t i = 0; i < keyLength; i++)
         contentKey[i] = static_cast<uint8_t>((contentKey[i] & ~good) | (block[start + i] & good));
 
-    Secret<ContentCipher::kMaxBlock> chain, plain;
-    memcpy(chain.data(), last.chain, blockLength);
+    Secret<ContentCipher::kMaxBlock> plain;
     memcpy(plain.data(), last.block, blockLength);
-    cipher.decrypt(contentKey.data(), chain.data(), plain.data(), 1);
+    cipher.decrypt(contentKey.data(), last.chain, plain.data(), 1);
     *pad = pad_count(plain.data(), blockLength);
     return (good & ~mask_zero(static_cast<uint32_t>(*pad))) != 0;
 }

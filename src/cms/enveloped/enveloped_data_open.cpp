@@ -116,9 +116,7 @@ int decrypt(const RsaKey& key, const Candidates& candidates, const ContentCipher
         size_t pad = 0;
         if (recover_content_key(key, encryptedKey.data(), encryptedKey.size(), cipher, last, contentKey,
                                 &pad)) {
-            Secret<ContentCipher::kMaxBlock> chain;
-            memcpy(chain.data(), cipher.iv(), blockLength);
-            cipher.decrypt(contentKey.data(), chain.data(), content.data(), end / blockLength);
+            cipher.decrypt(contentKey.data(), cipher.iv(), content.data(), end / blockLength);
             content.shrink(end - pad);
             return 0;
         }

@@ -1,7 +1,6 @@
 #include "cms/signed/signer_info.h"
 
 #include <algorithm>
-#include <cstring>
 
 #include "asn1/asn_build.h"
 #include "asn1/asn_children.h"
@@ -114,21 +113,11 @@ SecretBuffer signed_attributes_set(const asn_Node* signedAttributes, bool der) {
 }
 
 int digest_algorithm_of(const asn_Node* algorithmIdentifier) {
-    static constexpr struct {
-        const char* name;
-        int algorithm;
-    } kDigests[] = {
-        {"sha1", kDigestSha1},     {"md5", kDigestMd5},       {"md2", kDigestMd2},
-        {"sha256", kDigestSha256}, {"sha384", kDigestSha384}, {"sha512", kDigestSha512},
-        {"sha224", kDigestSha224},
-    };
     OidInfo type;
     if (asn_GetOid(AsnChildren(algorithmIdentifier).peek(), &type) != 0)
         return -1;
-    for (const auto& digest : kDigests)
-        if (strcmp(digest.name, type.name) == 0)
-            return digest.algorithm;
-    return -1;
+    const DigestDescriptor* digest = digest_named(type.name);
+    return digest == nullptr ? -1 : digest->algorithm;
 }
 
 } // namespace zul

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "encode/hex.h"
+
 namespace zul {
 
 void DumpOutput::write(std::string_view text) {
@@ -24,9 +26,8 @@ void DumpOutput::put_number(long value) {
 }
 
 void DumpOutput::put_hex(const uint8_t* bytes, size_t n) {
-    constexpr char kDigits[] = "0123456789ABCDEF";
     for (size_t i = 0; i < n; i++) {
-        const char text[3] = {kDigits[bytes[i] >> 4], kDigits[bytes[i] & 15], ' '};
+        const char text[3] = {kHexDigits[bytes[i] >> 4], kHexDigits[bytes[i] & 15], ' '};
         file_.write(text, sizeof text);
     }
 }

@@ -6,27 +6,16 @@
 #include "hash/digest.h"
 
 namespace zul {
-namespace {
-
-// By digest algorithm.
-constexpr const char* kNames[] = {
-    "sha1WithRSAEncryption",   "md5WithRSAEncryption",    "md2WithRSAEncryption",
-    "sha256WithRSAEncryption", "sha384WithRSAEncryption", "sha512WithRSAEncryption",
-    "sha224WithRSAEncryption",
-};
-constexpr int kCount = sizeof kNames / sizeof kNames[0];
-
-} // namespace
 
 const char* rsa_signature_algorithm(int options) {
-    const int digest = options & kDigestAlgorithmMask;
-    return digest < kCount ? kNames[digest] : nullptr;
+    const DigestDescriptor* digest = digest_find(options & kDigestAlgorithmMask);
+    return digest == nullptr ? nullptr : digest->rsaSignature;
 }
 
 int rsa_signature_digest(const char* name) {
-    for (int digest = 0; digest < kCount; digest++)
-        if (strcmp(name, kNames[digest]) == 0)
-            return digest;
+    for (int number = 0; const DigestDescriptor* digest = digest_find(number); number++)
+        if (digest->rsaSignature != nullptr && strcmp(name, digest->rsaSignature) == 0)
+            return number;
     return -1;
 }
 

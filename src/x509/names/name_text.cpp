@@ -7,6 +7,7 @@
 #include "asn1/asn_element.h"
 #include "asn1/asn_value.h"
 #include "asn1/oid.h"
+#include "encode/hex.h"
 #include "frame/err.h"
 #include "frame/text.h"
 #include "x509/names/distinguished_name.h"
@@ -75,11 +76,10 @@ class NameWriter {
     }
 
     bool put_hex(const uint8_t* bytes, size_t n, bool isFirst) {
-        static const char kDigits[] = "0123456789ABCDEF";
         if (n > (kMaxNameText - text_.size()) / 3)
             return false;
         for (size_t i = 0; i < n; i++) {
-            const char digits[] = {' ', kDigits[bytes[i] >> 4], kDigits[bytes[i] & 0xF]};
+            const char digits[] = {' ', kHexDigits[bytes[i] >> 4], kHexDigits[bytes[i] & 0xF]};
             const size_t skipped = isFirst && i == 0;
             text_.append(digits + skipped, sizeof digits - skipped);
         }
