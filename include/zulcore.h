@@ -263,8 +263,12 @@ ZUL_API int CNV_BytesFromB64Str(unsigned char* lpOutput, int nOutBytes, const ch
 /* CNV_B64Filter is CNV_HexFilter for the base64 alphabet and "=". */
 ZUL_API int CNV_B64Filter(char* szOutput, const char* szInput, int nStrLen);
 
-/* CNV_CheckUTF8 classifies a text: 0 not UTF-8; 1 all bytes below 0x80 (or empty); 2 UTF-8 whose characters
- * are all at most U+00FF; 3 UTF-8 with characters above. Negative: BAD_PARAM_ERROR for null. */
+/* CNV_CheckUTF8 classifies a text:
+ *  - 0: not UTF-8;
+ *  - 1: all bytes are below 0x80, or the text is empty;
+ *  - 2: UTF-8, all characters up to U+00FF;
+ *  - 3: UTF-8, some characters above U+00FF.
+ * -BAD_PARAM_ERROR: null input. */
 ZUL_API int CNV_CheckUTF8(const char* szInput);
 
 /* CNV_CheckUTF8Bytes is CNV_CheckUTF8 over nBytes bytes. -BAD_PARAM_ERROR also for a negative length. */
@@ -286,7 +290,9 @@ ZUL_API int CNV_UTF8BytesFromLatin1(unsigned char* lpOutput, int nOutBytes, cons
  * first byte of 0. A successful query leaves the length as the thread's error code. */
 ZUL_API int CNV_Latin1FromUTF8Bytes(char* szOutput, int nOutChars, const unsigned char* lpInput, int nBytes);
 
-/* CNV_ByteEncoding converts bytes as nOptions says (ZUL_CNV_...; only the low four bits count).
+/* CNV_ByteEncoding converts bytes. nOptions (only the low four bits count):
+ *  - ZUL_CNV_UTF8_FROM_LATIN1;
+ *  - ZUL_CNV_LATIN1_FROM_UTF8.
  * Length. Query; a successful one leaves the length as the thread's error code. BAD_PARAM_ERROR: null input
  * or negative length; BAD_FLAG_ERROR: no such conversion; INVALID_DATA_ERROR, OUT_OF_RANGE_ERROR: as above.
  */
@@ -317,8 +323,9 @@ ZUL_API int PEM_FileToBinFile(const char* szFileOut, const char* szFileIn);
 ZUL_API int HASH_Bytes(unsigned char* lpDigest, int nDigLen, const void* lpMessage, int nMsgLen,
                        int nOptions);
 
-/* HASH_File writes the digest of a file of any size; with ZUL_HASH_MODE_TEXT each CR LF counts as LF
- * (and on Windows Ctrl-Z ends the file).
+/* HASH_File writes the digest of a file of any size. With ZUL_HASH_MODE_TEXT each CR LF counts as LF, and on
+ * Windows Ctrl-Z ends the file. A read error in the middle ends the message there: the result is the digest
+ * of the bytes before it.
  * Length in bytes. Query (the file must exist all the same). -OPEN_ERROR. */
 ZUL_API int HASH_File(unsigned char* lpDigest, int nDigLen, const char* szFileName, int nOptions);
 
@@ -353,17 +360,26 @@ ZUL_API int HMAC_HexFromHex(char* szOutput, int nOutChars, const char* szMsgHex,
                             int nOptions);
 
 /* --- CIPHER_ and TDEA_: block ciphers ------------------------------------------------------------------
- * Keys: Triple DES 24 bytes, AES 16, 24 or 32. Blocks and IVs: Triple DES 8 bytes, AES 16. Every mode but ECB
- * needs an IV. Byte and text forms add no padding: ECB and CBC take whole blocks, CFB (full-block segments),
- * OFB and CTR (big-endian counter over the block) any length. fEncrypt: nonzero encrypts, 0 decrypts.
+ * Lengths in bytes:
+ *  - Triple DES: key 24, block and IV 8;
+ *  - AES: key 16, 24 or 32, block and IV 16.
  *
- * The algorithm and mode are given either by szAlgAndMode, such as "aes-128/CBC", "Aes256Ctr", "tdea-cbc",
- * "3des" or "des-ede3-cbc" (no mode means ECB), with no cipher or mode bits in nOptions; or by nOptions,
- * ZUL_CIPHER_... | ZUL_MODE_..., with szAlgAndMode null or empty.
+ * Modes (every one but ECB needs an IV):
+ *  - ECB and CBC take whole blocks; the byte and text forms add no padding;
+ *  - CFB (segments of a whole block), OFB and CTR (the block is a big-endian counter) take any length.
  *
- * All return 0 on success. A bad choice of algorithm is negated in the CIPHER_ functions (-BAD_PARAM_ERROR,
- * -BAD_FLAG_ERROR, -BAD_MODE_ERROR); every other failure is positive: NULL_ERROR: null output, input or key;
- * BAD_IV_ERROR; BAD_LENGTH_ERROR: not whole blocks. Nothing is promised about the output after a failure. */
+ * CIPHER_ functions take the algorithm and mode in one of two ways, never both:
+ *  - szAlgAndMode, such as "aes-128/CBC", "Aes256Ctr", "tdea-cbc", "3des" or "des-ede3-cbc" (no mode means
+ *    ECB), with no cipher or mode bits in nOptions;
+ *  - nOptions: ZUL_CIPHER_... | ZUL_MODE_..., with szAlgAndMode null or empty.
+ *
+ * fEncrypt: nonzero encrypts, 0 decrypts.
+ *
+ * All return 0 on success. Nothing is promised about the output after a failure. Failures:
+ *  - a bad choice of algorithm is negated in the CIPHER_ functions: -BAD_PARAM_ERROR, -BAD_FLAG_ERROR,
+ *    -BAD_MODE_ERROR;
+ *  - every other code is positive: NULL_ERROR (null output, input or key), BAD_IV_ERROR, BAD_LENGTH_ERROR (not
+ *    whole blocks). */
 
 /* CIPHER_Bytes enciphers nBytes bytes; lpOutput has the same length and may be lpInput.
  * BAD_PARAM_ERROR: nBytes negative. */
@@ -378,8 +394,8 @@ ZUL_API int CIPHER_Hex(int fEncrypt, char* szOutput, int nOutChars, const char* 
                        const char* szKeyHex, const char* szIVHex, const char* szAlgAndMode, int nOptions);
 
 /* CIPHER_File enciphers a file of any size into another. ECB and CBC pad on encryption (1 to a full block of
- * bytes that hold their count) and remove the pad on decryption. OPEN_ERROR, CREATE_ERROR, READ_ERROR,
- * WRITE_ERROR; BAD_PARAM_ERROR: the output is the input file; BAD_LENGTH_ERROR: input to decrypt is not whole
+ * bytes that hold their count) and remove the pad on decryption.
+ * OPEN_ERROR, CREATE_ERROR, READ_ERROR, WRITE_ERROR; BAD_PARAM_ERROR: the output is the input file; BAD_LENGTH_ERROR: input to decrypt is not whole
  * blocks; DECRYPT_ERROR: bad pad (wrong key, or damaged). After a failure no output file remains. */
 ZUL_API int CIPHER_File(int fEncrypt, const char* szFileOut, const char* szFileIn, const unsigned char* lpKey,
                         const unsigned char* lpIV, const char* szAlgAndMode, int nOptions);
@@ -403,9 +419,10 @@ ZUL_API int TDEA_B64Mode(char* szOutput, const char* szInputB64, const char* szK
 ZUL_API int TDEA_File(const char* szFileOut, const char* szFileIn, const unsigned char* lpKey, int fEncrypt,
                       const char* szMode, const unsigned char* lpIV);
 
-/* CIPHER_KeyWrap wraps a key of nDataLen bytes under a key-encryption key. nOptions: ZUL_CIPHER_AES128,
- * AES192 or AES256 (RFC 3394; 16 bytes or more, a multiple of 8; output nDataLen + 8) or ZUL_CIPHER_TDEA
- * (RFC 3217; 24 bytes; output 40).
+/* CIPHER_KeyWrap wraps a key of nDataLen bytes under a key-encryption key. nOptions:
+ *  - ZUL_CIPHER_AES128, ZUL_CIPHER_AES192 or ZUL_CIPHER_AES256 (RFC 3394): a key of 16 bytes or more, a
+ *    multiple of 8; the output has nDataLen + 8 bytes;
+ *  - ZUL_CIPHER_TDEA (RFC 3217): a key of 24 bytes; the output has 40.
  * The parity bits of a Triple DES key are wrapped as they are; set them first for a receiver that checks
  * them.
  * Length. Query. -BAD_PARAM_ERROR: null data or key; -BAD_FLAG_ERROR; -BAD_KEY_LEN_ERROR: nKekLen;

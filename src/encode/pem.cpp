@@ -17,7 +17,7 @@ constexpr std::string_view kEnd = "-----END";
 constexpr size_t kShortestArmour = 31; // in characters
 constexpr size_t kDefaultLine = 64;
 
-// The C locale's classes: the application's own locale has no say in what an armoured text is.
+// The classes of the C locale, whatever locale the application has set.
 bool is_blank(char c) {
     return c == ' ' || c == '\t';
 }

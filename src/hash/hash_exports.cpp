@@ -24,7 +24,7 @@ int HASH_File(unsigned char* lpDigest, int nDigLen, const char* szFileName, int 
     return frame.length(hash_file(lpDigest, nDigLen, szFileName, nOptions));
 }
 
-// The room for the digest behind a hex text: none for a query, which so computes no digest.
+// The room for the digest of a hex text. A query has none, so that no digest is computed for it.
 static int digest_room(const char* szOutput, int nOutChars) {
     return szOutput != nullptr && nOutChars > 0 ? int{kMaxDigestSize} : 0;
 }
