@@ -10,8 +10,8 @@ size_t pad_count(const uint8_t* lastBlock, size_t blockLength) {
     const size_t count = lastBlock[blockLength - 1];
     uint32_t damaged = mask_less(blockLength, count);
     for (size_t fromEnd = 0; fromEnd < blockLength; fromEnd++)
-        damaged |= (lastBlock[blockLength - 1 - fromEnd] ^ static_cast<uint32_t>(count)) &
-                   mask_less(fromEnd, count);
+        damaged |=
+            (lastBlock[blockLength - 1 - fromEnd] ^ static_cast<uint32_t>(count)) & mask_less(fromEnd, count);
     return damaged != 0 ? 0 : count; // a count of 0 is itself a damaged pad
 }
 

@@ -17,8 +17,8 @@ constexpr size_t pad_bytes_needed(size_t length, size_t blockLength) {
 // are damaged. Its time does not depend on the bytes.
 size_t pad_count(const uint8_t* lastBlock, size_t blockLength);
 
-// pad_hex_count is pad_count over the 2 * blockLength characters of a last block in hex. A pad that is not hex
-// is damaged; characters before the pad are not looked at.
+// pad_hex_count is pad_count over the 2 * blockLength characters of a last block in hex. A pad that is not
+// hex is damaged; characters before the pad are not looked at.
 size_t pad_hex_count(const char* lastBlock, size_t blockLength);
 
 } // namespace zul

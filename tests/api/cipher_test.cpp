@@ -136,14 +136,9 @@ TEST(CipherBytes, RefusesMisuse) {
         int options, code;
     } cases[] = {
         {o, i, 32, k, v, nullptr, 0, -BAD_PARAM_ERROR},
-        {o, i, 32, k, v, "", 0x10000, -BAD_PARAM_ERROR},
         {o, i, 32, k, v, "aes128/CBC", 0x100, -BAD_PARAM_ERROR},
-        {o, i, 32, k, v, "aes128/CBC", 0x20, -BAD_PARAM_ERROR},
-        {o, i, 32, k, v, "blowfish", 0, -BAD_PARAM_ERROR},
         {o, i, 32, k, v, nullptr, 0x520, -BAD_MODE_ERROR},
-        {o, i, 32, k, v, nullptr, 0x500, -BAD_MODE_ERROR},
         {o, i, 32, k, v, nullptr, 0x150, -BAD_FLAG_ERROR},
-        {o, i, 32, k, v, nullptr, 0x100, -BAD_FLAG_ERROR},
         {nullptr, nullptr, -1, nullptr, nullptr, nullptr, 0xF0, -BAD_FLAG_ERROR},
         {o, i, -1, k, v, nullptr, 0x420, BAD_PARAM_ERROR},
         {o, i, INT_MIN, k, v, nullptr, 0x420, BAD_PARAM_ERROR},
@@ -299,6 +294,7 @@ TEST(CipherFile, RefusesMisuseBeforeItTouchesAFile) {
     const std::string in = dir.write("in", some_bytes(64)), kept = dir.write("kept", "kept");
     const std::string missing = dir.file("missing"), nowhere = dir.file("no folder/out"), folder = dir.path();
     const std::string other = dir.file("./in"), link = dir.file("link"), endless(10000, 'x');
+    const std::string made = dir.file("made");
     std::filesystem::create_hard_link(in, link);
     const char *i = in.c_str(), *o = kept.c_str();
     const uint8_t *k = key.data(), *v = iv.data();
@@ -329,6 +325,9 @@ TEST(CipherFile, RefusesMisuseBeforeItTouchesAFile) {
 #ifndef _WIN32
         {"/dev/full", i, k, v, 0x120, WRITE_ERROR},
 #endif
+#ifdef __linux__
+        {made.c_str(), "/proc/self/mem", k, v, 0x420, READ_ERROR}, // opens, and fails at the first read
+#endif
     };
     for (const auto& c : cases) {
         for (const int encrypt : {0, 1}) {
@@ -340,7 +339,7 @@ TEST(CipherFile, RefusesMisuseBeforeItTouchesAFile) {
     }
     EXPECT_EQ(test::read_text(kept), "kept");
     EXPECT_EQ(test::read_file(in), some_bytes(64));
-    EXPECT_FALSE(test::file_exists(missing));
+    EXPECT_FALSE(test::file_exists(missing) || test::file_exists(made));
     char text[512];
     CIPHER_File(1, nowhere.c_str(), i, k, v, "tdea-ctr", 0);
     ZUL_LastError(text, 511);

@@ -27,24 +27,3 @@ TEST(Utf8, Vectors) {
         EXPECT_EQ(back, utf8) << v.where();
     }
 }
-
-TEST(Utf8, StoresWholeCharactersOnly) {
-    const Bytes latin1 = {'a', 0xE9, 'z', 0xFC};
-    const Bytes utf8 = {'a', 0xC3, 0xA9, 'z', 0xC3, 0xBC};
-    const size_t storedUtf8[] = {0, 1, 1, 3, 4, 4, 6, 6};
-    for (size_t room = 0; room < std::size(storedUtf8); room++) {
-        Bytes out(room);
-        const Conversion result = utf8_from_latin1(out.data(), room, latin1.data(), latin1.size());
-        EXPECT_EQ(result.length, utf8.size());
-        ASSERT_EQ(result.stored, storedUtf8[room]) << room;
-        EXPECT_TRUE(std::equal(utf8.begin(), utf8.begin() + static_cast<long>(result.stored), out.begin()));
-    }
-    for (size_t room = 0; room < 6; room++) {
-        Bytes out(room);
-        Conversion result;
-        ASSERT_EQ(latin1_from_utf8(out.data(), room, utf8.data(), utf8.size(), &result), 0);
-        EXPECT_EQ(result.length, latin1.size());
-        ASSERT_EQ(result.stored, std::min<size_t>(room, latin1.size()));
-        EXPECT_TRUE(std::equal(out.begin(), out.begin() + static_cast<long>(result.stored), latin1.begin()));
-    }
-}
