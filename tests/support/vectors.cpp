@@ -1,5 +1,6 @@
 #include "support/vectors.h"
 
+#include <charconv>
 #include <cstdlib>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -20,33 +21,22 @@ std::string trim(const std::string& text) {
     return text.substr(first, text.find_last_not_of(" \t\r") - first + 1);
 }
 
-int hex_value(char c) {
-    if (c >= '0' && c <= '9')
-        return c - '0';
-    if (c >= 'a' && c <= 'f')
-        return c - 'a' + 10;
-    if (c >= 'A' && c <= 'F')
-        return c - 'A' + 10;
-    return -1;
-}
-
 // False if a character is neither a hex digit nor a blank, or a digit is left over.
 bool decode_hex(const std::string& text, std::vector<uint8_t>& out) {
-    int high = -1;
-    for (const char c : text) {
+    bool half = false;
+    for (const char& c : text) {
         if (c == ' ' || c == '\t')
             continue;
-        const int digit = hex_value(c);
-        if (digit < 0)
+        uint8_t digit = 0;
+        if (std::from_chars(&c, &c + 1, digit, 16).ec != std::errc())
             return false;
-        if (high < 0) {
-            high = digit;
-        } else {
-            out.push_back(static_cast<uint8_t>(high * 16 + digit));
-            high = -1;
-        }
+        if (half)
+            out.back() = static_cast<uint8_t>(out.back() << 4 | digit);
+        else
+            out.push_back(digit);
+        half = !half;
     }
-    return high < 0;
+    return !half;
 }
 
 } // namespace

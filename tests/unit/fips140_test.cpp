@@ -55,18 +55,16 @@ TEST(Fips140, CountsHandMadeSamples) {
     };
     for (const Case& c : cases) {
         const Fips140Result result = fips140_test(repeated(c.pattern));
-        const std::string name = test::to_hex(c.pattern);
-        EXPECT_EQ(result.ones, c.ones) << name;
-        EXPECT_EQ(result.poker, c.poker) << name;
+        SCOPED_TRACE(test::to_hex(c.pattern));
+        EXPECT_EQ(result.ones, c.ones);
+        EXPECT_EQ(result.poker, c.poker);
         if (c.longestGap == 0 && c.longestBlock == 0)
             continue;
-        for (size_t i = 0; i < 6; i++) {
-            EXPECT_EQ(result.runs[0][i], c.gaps[i]) << name << " gaps of " << i + 1;
-            EXPECT_EQ(result.runs[1][i], c.blocks[i]) << name << " blocks of " << i + 1;
-        }
-        EXPECT_EQ(result.longest[0], c.longestGap) << name;
-        EXPECT_EQ(result.longest[1], c.longestBlock) << name;
-        EXPECT_FALSE(result.passed()) << name;
+        EXPECT_EQ(std::to_array(result.runs[0]), c.gaps);
+        EXPECT_EQ(std::to_array(result.runs[1]), c.blocks);
+        EXPECT_EQ(result.longest[0], c.longestGap);
+        EXPECT_EQ(result.longest[1], c.longestBlock);
+        EXPECT_FALSE(result.passed());
     }
 }
 

@@ -15,6 +15,7 @@
 #include "frame/thread_record.h"
 #include "frame/wipe.h"
 #include "platform/platform.h"
+#include "support/death.h"
 
 using namespace zul;
 
@@ -124,7 +125,7 @@ TEST_F(Freed, OwnersWipeWhatTheyRelease) {
     }
     void* block = emalloc(sizeof kPlanted);
     memcpy(block, kPlanted, sizeof kPlanted);
-    EXPECT_EQ(egrow(block, 8, sizeof kPlanted), block);
+    EXPECT_EQ(egrow(block, sizeof kPlanted, sizeof kPlanted), block);
     block = egrow(block, 4096, sizeof kPlanted);
     EXPECT_EQ(memcmp(block, kPlanted, sizeof kPlanted), 0);
     EXPECT_EQ(freedBlocks, 2);
@@ -164,21 +165,13 @@ TEST(Memory, RequestsOfNothingAreServedAndCounted) {
 
 TEST(MemoryDeathTest, ReportsAndEndsTheProcessWhenItCannotServe) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
-    const auto ends = testing::ExitedWithCode(1);
-#ifdef _WIN32
-    const auto said = [](const char*) { return ""; }; // in a message box
-#else
-    const auto said = [](const char* text) { return text; };
-#endif
-    EXPECT_EXIT(emalloc(kMaxAllocation + 1), ends, said("malloc request is too big\\."));
-    EXPECT_EXIT(ecalloc(1, kMaxAllocation + 1), ends, said("calloc request is too big\\."));
-    EXPECT_EXIT(ecalloc(kMaxAllocation + 1, 1), ends, said("calloc request is too big\\."));
-    const MemoryHooks refuseAll{[](size_t) { return true; }, nullptr};
-    EXPECT_EXIT((memory_set_hooks(refuseAll), emalloc(1)), ends, said("malloc failed to allocate memory\\."));
-    EXPECT_EXIT((memory_set_hooks(refuseAll), ecalloc(1, 1)), ends,
-                said("calloc failed to allocate memory\\."));
-    EXPECT_EXIT((memory_set_hooks(refuseAll), estrdup("a")), ends,
-                said("estrdup failed to allocate memory\\."));
+    EXPECT_REPORTED_END(emalloc(kMaxAllocation + 1), "malloc request is too big\\.");
+    EXPECT_REPORTED_END(ecalloc(1, kMaxAllocation + 1), "calloc request is too big\\.");
+    EXPECT_REPORTED_END(ecalloc(kMaxAllocation + 1, 1), "calloc request is too big\\.");
+    const MemoryHooks none{[](size_t) { return true; }, nullptr};
+    EXPECT_REPORTED_END((memory_set_hooks(none), emalloc(1)), "malloc failed to allocate memory\\.");
+    EXPECT_REPORTED_END((memory_set_hooks(none), ecalloc(1, 1)), "calloc failed to allocate memory\\.");
+    EXPECT_REPORTED_END((memory_set_hooks(none), estrdup("a")), "estrdup failed to allocate memory\\.");
 }
 
 TEST(ThreadRecord, IsEnteredAndLeftWithItsThread) {

@@ -72,8 +72,7 @@ TEST(EntropyPools, TakeReadingsInBatchesAsOneByOne) {
     batches.reset();
     single.reset();
     size_t start = 0;
-    for (const size_t count :
-         {size_t{1}, size_t{0}, size_t{31}, size_t{32}, size_t{33}, size_t{256}, size_t{257}}) {
+    for (const size_t count : {1u, 0u, 31u, 32u, 33u, 256u, 257u}) {
         batches.add_readings(EntropySource::ticks, &readings[start], count);
         for (size_t i = 0; i < count; i++)
             single.add(EntropySource::ticks, &readings[start + i], 4);
