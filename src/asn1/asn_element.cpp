@@ -1,8 +1,11 @@
 #include "asn1/asn_element.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "asn1/asn_header.h"
+#include "asn1/asn_levels.h"
+#include "asn1/byte_stream.h"
 
 namespace zul {
 namespace {
@@ -113,7 +116,7 @@ bool set_headers(const AsnList& list) {
         if (node->level > kAsnMaxDepth)
             return false;
         uint64_t length = node->length;
-        if ((node->cls & kAsnConstructed) != 0) {
+        if ((node->cls & kAsnConstructed) != 0 && node->data == nullptr) {
             length = inside[node->level + 1];
             inside[node->level + 1] = 0;
         }
@@ -161,34 +164,102 @@ SecretBuffer asn_EncodeElement(const asn_Node* element) {
     return out;
 }
 
+namespace {
+
+// Pieces gives the encoding of an element piece by piece: each node's header and then its content.
+class Pieces {
+  public:
+    explicit Pieces(const asn_Node* element) : node_(element), end_(asn_ElementEnd(element)) {}
+
+    // next gives a piece that is not empty, or n = 0 at the end; false for a node that has no header.
+    bool next(const uint8_t*& piece, size_t& n) {
+        if (atContent_) {
+            piece = node_->data;
+            n = node_->length;
+        } else if (node_ != end_) {
+            piece = hdr_;
+            if (!has_encoding(node_, hdr_, n))
+                return false;
+        } else {
+            n = 0;
+            return true;
+        }
+        atContent_ = !atContent_ && content_size(node_) != 0;
+        if (!atContent_)
+            node_ = node_->next;
+        return true;
+    }
+
+  private:
+    const asn_Node *node_, *end_;
+    bool atContent_ = false;
+    uint8_t hdr_[8];
+};
+
+bool is_der_node(const asn_Node* node) {
+    if (node->ndef != 0 || asn_is_eoc(node) || node->length == kAsnLengthUnset || is_segmented(node))
+        return false;
+    uint8_t hdr[8];
+    const size_t size = der_header(node, node->length, hdr);
+    return size != 0 && (node->hdrsize == 0 || (node->hdrsize == size && memcmp(node->hdr, hdr, size) == 0));
+}
+
+} // namespace
+
+// Bytes are compared, not nodes: an element may be packed in one of the lists.
 bool asn_SameElement(const asn_Node* a, const asn_Node* b) {
     if (a == nullptr || b == nullptr)
         return false;
-    const asn_Node *endA = asn_ElementEnd(a), *endB = asn_ElementEnd(b);
-    // Encodings are the same if their nodes are, one by one.
-    for (; a != endA && b != endB; a = a->next, b = b->next) {
-        uint8_t hdrA[8], hdrB[8];
-        size_t sizeA, sizeB;
-        if (!has_encoding(a, hdrA, sizeA) || !has_encoding(b, hdrB, sizeB) || sizeA != sizeB ||
-            memcmp(hdrA, hdrB, sizeA) != 0)
+    Pieces left(a), right(b);
+    const uint8_t *l = nullptr, *r = nullptr;
+    size_t leftSize = 0, rightSize = 0;
+    for (;;) {
+        if ((leftSize == 0 && !left.next(l, leftSize)) || (rightSize == 0 && !right.next(r, rightSize)))
             return false;
-        const size_t n = content_size(a);
-        if (n != content_size(b) || (n != 0 && memcmp(a->data, b->data, n) != 0))
+        if (leftSize == 0 || rightSize == 0)
+            return leftSize == rightSize;
+        const size_t n = std::min(leftSize, rightSize);
+        if (memcmp(l, r, n) != 0)
             return false;
+        l += n;
+        r += n;
+        leftSize -= n;
+        rightSize -= n;
     }
-    return a == endA && b == endB;
 }
 
-bool asn_IsDer(const asn_Node* list) {
-    for (const asn_Node* node = list; node != nullptr; node = node->next) {
-        if (node->ndef != 0 || asn_is_eoc(node) || node->length == kAsnLengthUnset || is_segmented(node))
+bool asn_IsDer(const asn_Node* list, const asn_Node* end) {
+    for (const asn_Node* node = list; node != end; node = node->next)
+        if (!is_der_node(node))
             return false;
-        uint8_t hdr[8];
-        const size_t size = der_header(node, node->length, hdr);
-        if (size == 0 || (node->hdrsize != 0 && (node->hdrsize != size || memcmp(node->hdr, hdr, size) != 0)))
+    return true;
+}
+
+bool asn_IsDerContent(const uint8_t* bytes, size_t n, uint32_t level) {
+    ByteStream stream(bytes, n);
+    AsnLevels levels;
+    for (uint32_t i = 0; i < level; i++)
+        if (!levels.enter(static_cast<int64_t>(n)))
+            return false;
+    AsnHeader header;
+    while (!stream.at_end()) {
+        if (asn_read_header(stream, header) != 1 || header.length > stream.remaining())
+            return false;
+        asn_Node node = {};
+        node.cls = header.cls;
+        node.tag = header.tag;
+        node.length = header.length;
+        node.ndef = header.ndef;
+        node.hdrsize = header.hdrsize;
+        memcpy(node.hdr, header.hdr, sizeof node.hdr);
+        const auto end = static_cast<int64_t>(stream.offset() + header.length);
+        const bool isConstructed = (header.cls & kAsnConstructed) != 0;
+        if (!is_der_node(&node) || !levels.holds(end) ||
+            !(isConstructed ? levels.enter(end) : stream.skip(header.length)) ||
+            levels.leave(static_cast<int64_t>(stream.offset()), false) != AsnLevels::Step::good)
             return false;
     }
-    return true;
+    return levels.depth() == 0;
 }
 
 AsnList asn_ToDer(AsnList list) {

@@ -55,27 +55,23 @@ bool parse_der(const uint8_t* bytes, size_t size, AsnList& list) {
     return static_cast<bool>(list);
 }
 
-int invalid_data(const char* what) {
-    err_add_text("%s", what);
-    return INVALID_DATA_ERROR;
-}
-
 int parse_b64(std::string_view text, AsnList& list) {
     SecretBuffer decoded(b64_decoded_length(text.data(), text.size()));
     b64_decode(decoded.data(), decoded.size(), text.data(), text.size());
-    return parse_der(decoded.data(), decoded.size(), list) ? 0 : invalid_data("Not a valid DER structure");
+    return parse_der(decoded.data(), decoded.size(), list)
+               ? 0
+               : err_fail(INVALID_DATA_ERROR, "Not a valid DER structure");
 }
 
 int parse_pem(std::string_view text, AsnList& list) {
     size_t bodyLen = 0;
     const char* body = pem_find_body(text.data(), text.size(), &bodyLen);
     if (bodyLen == 0)
-        return invalid_data("PEM block is empty or has no end");
+        return err_fail(INVALID_DATA_ERROR, "PEM block is empty or has no end");
     const std::string_view content(body, bodyLen);
-    if (content.find(':') != std::string_view::npos) {
-        err_add_text("PEM block with header lines (Proc-Type, DEK-Info) is not supported");
-        return NOT_SUPPORTED_ERROR;
-    }
+    if (content.find(':') != std::string_view::npos)
+        return err_fail(NOT_SUPPORTED_ERROR,
+                        "PEM block with header lines (Proc-Type, DEK-Info) is not supported");
     return parse_b64(content, list);
 }
 
@@ -99,21 +95,19 @@ int asn_read_content(const uint8_t* bytes, size_t size, AsnList& list) {
         return parse_pem(text, list);
     if (is_b64_sequence(text))
         return parse_b64(trimmed(text), list);
-    return invalid_data("Not a DER, PEM or base64 file");
+    return err_fail(INVALID_DATA_ERROR, "Not a DER, PEM or base64 file");
 }
 
 int asn_read_input(const char* fileOrText, AsnList& list, size_t maxSize) {
     const std::string_view text(fileOrText);
     if (text.size() > maxSize)
-        return invalid_data("Text is too long");
+        return err_fail(INVALID_DATA_ERROR, "Text is too long");
     if (text.find(kPemBegin) != std::string_view::npos)
         return parse_pem(text, list);
     if (is_b64_sequence(text) && !can_open(fileOrText))
         return parse_b64(trimmed(text), list);
-    if (!may_be_name(text) && !can_open(fileOrText)) {
-        err_add_text("Neither a key nor a file that can be opened");
-        return OPEN_ERROR;
-    }
+    if (!may_be_name(text) && !can_open(fileOrText))
+        return err_fail(OPEN_ERROR, "Neither a key nor a file that can be opened");
     return parse_file(fileOrText, list, maxSize);
 }
 

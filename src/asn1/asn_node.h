@@ -48,7 +48,9 @@ struct asn_Node {
     uint8_t hdr[8];   // identifier and length octets
     asn_Node* next;
     asn_Node* prev;
-    uint8_t* data; // content of a primitive element, null if it has none; a NUL stands behind it
+    // Content of a primitive element, null if it has none; a NUL stands behind it. A constructed element that
+    // has data is packed: its content stands here in DER instead of in nodes of their own.
+    uint8_t* data;
 };
 
 // asn_make_node gives a node without a list, whose content of n bytes (0: none, data null) is zero and lies

@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "asn1/asn_element.h"
 #include "asn1/asn_header.h"
 #include "asn1/asn_levels.h"
 #include "asn1/byte_stream.h"
@@ -40,9 +41,28 @@ asn_Node* read_content(ByteStream& stream, const AsnHeader& header, bool quiet) 
     return node;
 }
 
+// read_packed gives a node that holds the whole content of a constructed element, null if that is not a DER
+// name; the stream stays where it was then.
+asn_Node* read_packed(ByteStream& stream, const AsnHeader& header, uint32_t level) {
+    constexpr int kSetOctet = kAsnConstructed | kAsnSet;
+    if (header.cls != kAsnConstructed || header.tag != kAsnSequence || header.ndef != 0 ||
+        header.length == 0 || header.length > kAsnMaxContent || header.length > stream.remaining() ||
+        stream.peek() != kSetOctet)
+        return nullptr;
+    const size_t start = stream.offset();
+    asn_Node* node = asn_make_node(header.cls, header.tag, header.length);
+    if (stream.read(node->data, header.length) == header.length &&
+        asn_IsDerContent(node->data, header.length, level + 1))
+        return node;
+    node->length = header.length;
+    asn_Free(&node);
+    static_cast<void>(stream.seek(start)); // what cannot go back fails at its next header
+    return nullptr;
+}
+
 } // namespace
 
-AsnList asn_Parse(ByteStream& stream, bool all, bool quiet) {
+AsnList asn_Parse(ByteStream& stream, bool all, bool quiet, int packLevel) {
     AsnList list;
     AsnLevels levels;
     AsnHeader header;
@@ -55,8 +75,12 @@ AsnList asn_Parse(ByteStream& stream, bool all, bool quiet) {
         if (header.length <= kAsnMaxContent && header.length <= stream.remaining() &&
             !levels.holds(consumed + header.length))
             return {};
-        asn_Node* node;
-        if ((header.cls & kAsnConstructed) != 0) {
+        asn_Node* node = nullptr;
+        if (static_cast<int>(level) == packLevel && levels.holds(consumed + header.length))
+            node = read_packed(stream, header, level);
+        if (node != nullptr) {
+            consumed += header.length;
+        } else if ((header.cls & kAsnConstructed) != 0) {
             if (header.length == kAsnLengthUnset || !levels.holds(consumed + header.length))
                 return {};
             if (!levels.enter(header.ndef != 0 ? AsnLevels::kOpen : consumed + header.length)) {

@@ -11,8 +11,11 @@ AsnList asn_ParseBytes(const void* bytes, size_t n); // one outermost element; w
 AsnList asn_ParseAll(const void* bytes, size_t n);   // successive elements up to the end
 AsnList asn_ParseFile(const char* path);             // one outermost element
 AsnList asn_ParseBase64(const char* text);
-// asn_Parse is behind them all; quiet sets no text, for data that may well be something else.
-AsnList asn_Parse(ByteStream& stream, bool all, bool quiet = false);
+// asn_Parse is behind them all; quiet sets no text, for data that may well be something else. With a
+// packLevel, a SEQUENCE of that level that begins with a SET (a Name) becomes one packed node, if it is DER:
+// the nodes of a name take up to forty times its own size.
+constexpr int kAsnPackNone = -1;
+AsnList asn_Parse(ByteStream& stream, bool all, bool quiet = false, int packLevel = kAsnPackNone);
 
 // asn_ReadElement parses one complete element and leaves the stream where it was.
 AsnList asn_ReadElement(ByteStream& stream);

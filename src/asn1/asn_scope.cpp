@@ -1,7 +1,5 @@
 #include "asn1/asn_scope.h"
 
-#include "asn1/asn_parse.h"
-
 namespace zul {
 namespace {
 
@@ -11,7 +9,7 @@ bool is_type(const AsnHeader& header, uint32_t cls, uint32_t tag) {
 
 } // namespace
 
-bool asn_enter(ByteStream& stream, AsnScope& scope, uint32_t cls, uint32_t tag) {
+bool asn_enter_any(ByteStream& stream, AsnScope& scope, uint32_t cls, uint32_t tag) {
     AsnHeader header;
     if (asn_read_header(stream, header) != 1 || !is_type(header, cls, tag))
         return false;
@@ -67,16 +65,32 @@ bool asn_skip_optional(ByteStream& stream, const AsnScope& scope, uint32_t cls, 
     return !asn_next_is(stream, scope, cls, tag) || asn_skip_type(stream, scope.end, cls, tag);
 }
 
+bool asn_skip_rest(ByteStream& stream, const AsnScope& scope) {
+    if (!scope.isOpen)
+        return stream.seek(scope.end);
+    AsnHeader header;
+    while (!asn_at_scope_end(stream, scope))
+        if (!asn_skip_element(stream, scope.end, header))
+            return false;
+    return asn_leave(stream, scope);
+}
+
 bool asn_read_element(ByteStream& stream, const AsnScope& scope, uint32_t cls, uint32_t tag, size_t maxSize,
-                      AsnList& element) {
+                      AsnList& element, int packLevel) {
     const size_t start = stream.offset();
-    if (!asn_next_is(stream, scope, cls, tag) || !asn_skip_type(stream, scope.end, cls, tag))
+    AsnScope inner = scope;
+    if (!asn_enter(stream, inner, cls, tag))
         return false;
-    const size_t end = stream.offset();
+    size_t end = inner.end;
+    if (inner.isOpen) { // how long it is, only its end tells
+        if (!stream.seek(start) || !asn_skip_type(stream, scope.end, cls, tag))
+            return false;
+        end = stream.offset();
+    }
     if (end - start > maxSize || !stream.seek(start))
         return false;
-    element = asn_Parse(stream, false, true);
-    return element && stream.seek(end);
+    element = asn_Parse(stream, false, true, packLevel);
+    return element && stream.offset() == end;
 }
 
 bool asn_at_scope_end(ByteStream& stream, const AsnScope& scope) {
@@ -85,14 +99,6 @@ bool asn_at_scope_end(ByteStream& stream, const AsnScope& scope) {
         return start >= scope.end;
     const int first = stream.get(), second = stream.get();
     return !stream.seek(start) || (first == 0 && second == 0);
-}
-
-bool asn_next_is(ByteStream& stream, const AsnScope& scope, uint32_t cls, uint32_t tag) {
-    const size_t start = stream.offset();
-    if (start >= scope.end)
-        return false;
-    const int octet = stream.get();
-    return stream.seek(start) && octet >= 0 && static_cast<uint32_t>(octet) == (cls | tag);
 }
 
 } // namespace zul

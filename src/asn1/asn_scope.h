@@ -3,7 +3,7 @@
 #include <cstdint>
 
 #include "asn1/asn_header.h"
-#include "asn1/asn_node.h"
+#include "asn1/asn_parse.h"
 #include "asn1/byte_stream.h"
 
 // A walk over elements where they stand in a stream, for objects that are too large to be parsed: headers are
@@ -20,25 +20,38 @@ struct AsnScope {
 
 // asn_enter steps into an element of one type inside a scope, which becomes that of its content. An open
 // scope inside another is to be left by asn_leave before the outer one is used again.
-bool asn_enter(ByteStream& stream, AsnScope& scope, uint32_t cls, uint32_t tag);
+[[nodiscard]] bool asn_enter_any(ByteStream& stream, AsnScope& scope, uint32_t cls, uint32_t tag);
+[[nodiscard]] inline bool asn_enter(ByteStream& stream, AsnScope& scope, uint32_t cls, uint32_t tag) {
+    size_t length; // the short form is nearly all of a long list
+    if (!stream.take_short_header(static_cast<uint8_t>(cls | tag), length))
+        return asn_enter_any(stream, scope, cls, tag);
+    const size_t end = stream.offset() + length;
+    const bool fits = end <= scope.end;
+    scope = {end, false};
+    return fits;
+}
 // asn_leave steps from the end of a scope's last element behind the end-of-contents marker that an open one
 // has to have: false if elements are left.
-bool asn_leave(ByteStream& stream, const AsnScope& inner);
+[[nodiscard]] bool asn_leave(ByteStream& stream, const AsnScope& inner);
 
 // asn_skip_element goes behind an element that has to end by the limit. Inside one of indefinite length only
 // the depth is counted, so no nesting is too deep. An end-of-contents marker is no element.
-bool asn_skip_element(ByteStream& stream, size_t limit, AsnHeader& first);
-bool asn_skip_type(ByteStream& stream, size_t limit, uint32_t cls, uint32_t tag);
+[[nodiscard]] bool asn_skip_element(ByteStream& stream, size_t limit, AsnHeader& first);
+[[nodiscard]] bool asn_skip_type(ByteStream& stream, size_t limit, uint32_t cls, uint32_t tag);
+// asn_skip_rest goes to the end of a scope, from the beginning of an element in it, and leaves it.
+[[nodiscard]] bool asn_skip_rest(ByteStream& stream, const AsnScope& scope);
 // asn_skip_optional is true, too, if another element or none follows.
-bool asn_skip_optional(ByteStream& stream, const AsnScope& scope, uint32_t cls, uint32_t tag);
+[[nodiscard]] bool asn_skip_optional(ByteStream& stream, const AsnScope& scope, uint32_t cls, uint32_t tag);
 // asn_read_element parses an element of one type and goes behind it. How long it is, at most maxSize bytes,
-// is known before it costs memory.
-bool asn_read_element(ByteStream& stream, const AsnScope& scope, uint32_t cls, uint32_t tag, size_t maxSize,
-                      AsnList& element);
+// is known before it costs memory. packLevel: see asn_Parse.
+[[nodiscard]] bool asn_read_element(ByteStream& stream, const AsnScope& scope, uint32_t cls, uint32_t tag,
+                                    size_t maxSize, AsnList& element, int packLevel = kAsnPackNone);
 
 // asn_at_scope_end tells whether no element follows; the stream stays where it is.
 bool asn_at_scope_end(ByteStream& stream, const AsnScope& scope);
 // asn_next_is tells whether the next element inside a scope has an identifier octet.
-bool asn_next_is(ByteStream& stream, const AsnScope& scope, uint32_t cls, uint32_t tag);
+inline bool asn_next_is(ByteStream& stream, const AsnScope& scope, uint32_t cls, uint32_t tag) {
+    return stream.offset() < scope.end && stream.peek() == static_cast<int>(cls | tag);
+}
 
 } // namespace zul

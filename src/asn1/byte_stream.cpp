@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "hash/digest.h"
+
 namespace zul {
 
 static constexpr size_t kWindow = 16 * 1024;
@@ -15,19 +17,26 @@ ByteStream::ByteStream(const char* path) : file_(path, platform::OpenMode::read)
     if (!file_.is_open())
         return;
     fileLength_ = platform::file_length(file_.handle());
-    buffer_ = SecretBuffer(kWindow);
+    buffer_ = SecretBuffer(kKept + kWindow);
     window_ = next_ = end_ = buffer_.data();
 }
 
 bool ByteStream::fill() {
     if (isMemory_ || !file_.is_open())
         return false;
-    const size_t got = platform::file_read(file_.handle(), buffer_.data(), buffer_.size());
+    uint8_t last[kKept];
+    const size_t kept = std::min(kKept, static_cast<size_t>(end_ - window_));
+    memcpy(last, end_ - kept, kept);
+    uint8_t* bytes = buffer_.data() + kKept;
+    const size_t got = platform::file_read(file_.handle(), bytes, kWindow);
     if (got == 0) // the window stays, so that a pipe can still go back in it
         return false;
-    windowOffset_ += static_cast<size_t>(end_ - window_);
-    next_ = window_;
-    end_ = window_ + got;
+    windowOffset_ += static_cast<size_t>(end_ - window_) - kept;
+    memcpy(bytes - kept, last, kept);
+    window_ = bytes - kept;
+    next_ = bytes;
+    end_ = bytes + got;
+    digest_piece(windowOffset_ + kept, bytes, got);
     return true;
 }
 
@@ -48,6 +57,7 @@ size_t ByteStream::read(void* out, size_t n) {
     while (done < n) {
         if (next_ == end_ && n - done >= kWindow && !isMemory_ && file_.is_open()) {
             const size_t got = platform::file_read(file_.handle(), bytes + done, n - done);
+            digest_piece(offset(), bytes + done, got);
             windowOffset_ = offset() + got;
             next_ = end_ = window_;
             return done + got;
@@ -78,7 +88,7 @@ bool ByteStream::seek(size_t offset) {
     }
     if (isMemory_ || !file_.is_open())
         return false;
-    if (fileLength_ < 0)
+    if (fileLength_ < 0 || digest_ != nullptr)
         return skip_by_reading(offset);
     if (offset > static_cast<size_t>(fileLength_) ||
         !platform::file_seek(file_.handle(), static_cast<int64_t>(offset)))
@@ -98,6 +108,33 @@ bool ByteStream::skip_by_reading(size_t offset) {
         }
     next_ = window_ + (offset - windowOffset_);
     return true;
+}
+
+void ByteStream::begin_digest(DigestContext& context, size_t offset, size_t n) {
+    digest_ = &context;
+    digestNext_ = offset;
+    digestEnd_ = offset + n;
+    digest_piece(windowOffset_, window_, static_cast<size_t>(end_ - window_));
+}
+
+bool ByteStream::end_digest() {
+    constexpr size_t kChunk = 64 * 1024;
+    SecretBuffer chunk(std::min(kChunk, digestEnd_ - digestNext_));
+    next_ = end_;
+    while (digestNext_ < digestEnd_ &&
+           read(chunk.data(), std::min(chunk.size(), digestEnd_ - digestNext_)) != 0) {
+    }
+    digest_ = nullptr;
+    return digestNext_ == digestEnd_;
+}
+
+// digest_piece takes bytes that have come into memory. They follow those that came before.
+void ByteStream::digest_piece(size_t offset, const uint8_t* bytes, size_t n) {
+    const size_t end = std::min(offset + n, digestEnd_);
+    if (digest_ == nullptr || offset > digestNext_ || digestNext_ >= end)
+        return;
+    digest_update(*digest_, bytes + (digestNext_ - offset), end - digestNext_);
+    digestNext_ = end;
 }
 
 } // namespace zul

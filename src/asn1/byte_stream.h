@@ -3,6 +3,8 @@
 
 namespace zul {
 
+struct DigestContext;
+
 // ByteStream reads bytes of a file or of memory, which stays the caller's, forwards and back. Of a file it
 // holds one buffer at a time; a source that has no length (a pipe) goes back no further than that.
 class ByteStream {
@@ -14,16 +16,38 @@ class ByteStream {
     int get() { // the next byte, -1 at the end
         return next_ != end_ || fill() ? *next_++ : -1;
     }
+    int peek() { // the next byte, which is not taken
+        return next_ != end_ || fill() ? *next_ : -1;
+    }
     bool at_end() { return next_ == end_ && !fill(); }
+    // take_short_header takes the header of an element with an identifier octet and less than 128 bytes, if
+    // the whole element is in memory: false leaves the stream where it was.
+    bool take_short_header(uint8_t identifier, size_t& length) {
+        if (end_ - next_ < 2 || next_[0] != identifier || next_[1] > 0x7F || next_[1] > end_ - next_ - 2)
+            return false;
+        length = next_[1];
+        next_ += 2;
+        return true;
+    }
     size_t offset() const { return windowOffset_ + static_cast<size_t>(next_ - window_); }
     bool skip(int64_t count); // forward or back; false beyond either end, and not moved (a pipe: at its end)
     bool seek(size_t offset);
     size_t read(void* out, size_t n); // fewer than n only at the end
     size_t remaining() const;         // bytes up to the end, SIZE_MAX if the source does not tell
 
+    // begin_digest passes n bytes from an offset at or after the present one through a digest, as they are
+    // read. Until end_digest, which reads what is left of them, a file is read forward only (back by kKept
+    // bytes at most): what is digested is what the readers have seen. end_digest gives false if the bytes end
+    // early.
+    void begin_digest(DigestContext& context, size_t offset, size_t n);
+    [[nodiscard]] bool end_digest();
+
   private:
+    static constexpr size_t kKept = 16; // bytes before the window that stay in memory
+
     bool fill();
     bool skip_by_reading(size_t offset);
+    void digest_piece(size_t offset, const uint8_t* bytes, size_t n);
 
     // The window is the part in memory: everything, or what the buffer holds of a file.
     const uint8_t* window_ = nullptr;
@@ -34,6 +58,8 @@ class ByteStream {
     SecretBuffer buffer_;
     int64_t fileLength_ = -1;
     bool isMemory_;
+    DigestContext* digest_ = nullptr;
+    size_t digestNext_ = 0, digestEnd_ = 0;
 };
 
 } // namespace zul

@@ -14,10 +14,8 @@ int public_key_string(char* out, int outChars, const char* certFile) {
     if (const int error = x509_read_certificate(certFile, certificate); error != 0)
         return -error;
     RsaKey key;
-    if (!rsa_public_key_of(certificate_fields(certificate.head()).subjectPublicKeyInfo, key)) {
-        err_add_text("Could not read public key");
-        return -BAD_FORMAT_ERROR;
-    }
+    if (!rsa_public_key_of(certificate_fields(certificate.head()).subjectPublicKeyInfo, key))
+        return -err_fail(BAD_FORMAT_ERROR, "Could not read public key");
     return rsa_public_key_string(out, outChars, key);
 }
 

@@ -6,6 +6,9 @@
 #include "support/temp_dir.h"
 #include "support/vectors.h"
 #include "x509/crl/crl_reader.h"
+#include "x509/fields/certificate.h"
+#include "x509/input/x509_input.h"
+#include "x509/verify/verify.h"
 #include "zulcore.h"
 
 namespace zul {
@@ -66,7 +69,8 @@ std::string file_of(const Bytes& content) {
 
 class List {
   public:
-    explicit List(const Bytes& content) : opened_(reader_.open(file_of(content).c_str())) {}
+    explicit List(const Bytes& content)
+        : opened_(source_.open(file_of(content).c_str()) == 0 ? reader_.open(source_) : BAD_FORMAT_ERROR) {}
 
     int opened() const { return opened_; }
     CrlReader& reader() { return reader_; }
@@ -90,6 +94,7 @@ class List {
     }
 
   private:
+    DerSource source_;
     CrlReader reader_;
     int opened_;
 };
@@ -194,6 +199,43 @@ TEST(CrlReader, FindsSerialNumbersByValue) {
                  {{0xFF}, 1}, {{0, 0xFF}, 0}, {{2, 0x81}, 0},    {{0, 0x81}, 0}};
     for (const auto& c : cases)
         EXPECT_EQ(List(content).look_up(c.serial), c.found) << test::to_hex(c.serial);
+}
+
+// A list that is changed while it is read is found out, or the answer is that of the list that was signed.
+TEST(CrlReader, WhatIsVerifiedIsWhatWasRead) {
+    const std::string issuer = test::data_path("x509_make/issuer.pem");
+    std::string list;
+    for (int i = 1; i <= 5000; i++)
+        list += std::to_string(i) + ",2020-01-01;";
+    const test::TempDir dir;
+    const std::string path = dir.file("crl");
+    ASSERT_EQ(X509_MakeCRL(path.c_str(), issuer.c_str(), test::data_path("rsa/enc_aes256.pem").c_str(),
+                           "password", list.c_str(), "", 3),
+              0);
+    const Bytes content = test::read_file(path), serial = {0x0F, 0xA0}, entryBytes = entry(serial, {});
+    AsnList certificate;
+    ASSERT_EQ(x509_read_certificate(issuer.c_str(), certificate), 0);
+    const asn_Node* key = certificate_fields(certificate.head()).subjectPublicKeyInfo;
+    for (const bool isChanged : {false, true}) {
+        dir.write("crl", content);
+        DerSource source;
+        SignedPass pass;
+        ASSERT_EQ(source.open(path.c_str()), 0);
+        ASSERT_EQ(pass.begin(key, source), 0);
+        if (isChanged) {
+            Bytes changed = content;
+            const Bytes element = {2, 2, 0x0F, 0xA0};
+            const auto at = std::search(changed.begin(), changed.end(), element.begin(), element.end());
+            ASSERT_GT(at - changed.begin(), 50000);
+            at[3] = 0xA1;
+            dir.write("crl", changed);
+        }
+        CrlReader reader;
+        CrlEntry found;
+        ASSERT_EQ(reader.open(source), 0);
+        EXPECT_EQ(reader.find(serial.data(), serial.size(), found), isChanged ? 0 : 1);
+        EXPECT_EQ(pass.end(), isChanged ? -1 : 0);
+    }
 }
 
 // Whatever happens to a list, a certificate on it is never said to be free, unless its number itself is

@@ -2,12 +2,11 @@
 
 #include <cstring>
 
-#include "asn1/asn_element.h"
 #include "frame/err.h"
+#include "frame/text.h"
 #include "x509/crl/crl_reader.h"
 #include "x509/fields/certificate.h"
 #include "x509/fields/x509_time.h"
-#include "x509/input/der_source.h"
 #include "x509/input/x509_input.h"
 #include "x509/verify/verify.h"
 #include "zulcore.h"
@@ -16,74 +15,118 @@ namespace zul {
 
 namespace {
 
-bool is_given(const char* text) {
-    return text != nullptr && *text != '\0';
+class Lookup {
+  public:
+    Lookup(const char* certFile, const char* crlFile) : certFile_(certFile), crlFile_(crlFile) {}
+
+    int read_date(const char* date);
+    int run(bool& revoked);
+    int run_signed(const char* issuerCert, bool& revoked);
+
+  private:
+    int read_certificate();
+    int search(DerSource& list, bool& revoked) const;
+    int find(CrlReader& crl, bool& revoked) const;
+
+    const char *certFile_, *crlFile_;
+    char date_[kAsnTimeText] = "";
+    AsnList object_;
+    CertificateFields certificate_;
+};
+
+int Lookup::read_date(const char* date) {
+    tm time;
+    if (is_missing(date))
+        return 0;
+    if (!read_date_text(date, "00:00:00", &time))
+        return err_fail(BAD_PARAM_ERROR, "Date format is invalid");
+    asn_format_time(time, date_);
+    return 0;
 }
 
-int fails(int error, const char* text) {
-    err_add_text("%s", text);
-    return -error;
+int Lookup::read_certificate() {
+    if (const int error = x509_read_certificate(certFile_, object_))
+        return error;
+    certificate_ = certificate_fields(object_.head());
+    const bool hasSerial = certificate_.serialNumber != nullptr && certificate_.serialNumber->data != nullptr;
+    return hasSerial ? 0 : err_fail(BAD_FORMAT_ERROR, "No Serial Number found in cert");
 }
 
-// open_signed opens a list only if its signature verifies.
-bool open_signed(DerSource& list, const char* crlFile, const char* issuerCert) {
-    AsnList issuer;
-    return x509_read_certificate(issuerCert, issuer) == 0 && list.open(crlFile) == 0 &&
-           verify_source(certificate_fields(issuer.head()).subjectPublicKeyInfo, list, crlFile) == 0;
-}
-
-// find_entry looks up a certificate's entry: 1, 0 or a negated code. What stands behind an entry found is not
-// looked at.
-int find_entry(const CertificateFields& certificate, CrlReader& crl, CrlEntry& entry) {
-    const asn_Node* serial = certificate.serialNumber;
+// find does not look at what stands behind an entry found.
+int Lookup::find(CrlReader& crl, bool& revoked) const {
+    const asn_Node* serial = certificate_.serialNumber;
+    CrlEntry entry;
     const int found = crl.find(serial->data, serial->length, entry);
-    if (found < 0)
-        return fails(-found, "Invalid CRL");
-    if (found == 0 && crl.finish() != 0)
-        return fails(INVALID_DATA_ERROR, "Invalid CRL");
-    return found;
+    if (found < 0 || (found == 0 && crl.finish() != 0))
+        return err_fail(INVALID_DATA_ERROR, "Invalid CRL");
+    revoked = found == 1;
+    if (!revoked || *date_ == '\0')
+        return 0;
+    if (*entry.revocationDate == '\0')
+        return err_fail(INVALID_DATA_ERROR, "Invalid revocation date in CRL");
+    revoked = strcmp(entry.revocationDate, date_) <= 0;
+    return 0;
+}
+
+int Lookup::search(DerSource& list, bool& revoked) const {
+    CrlReader crl;
+    if (const int error = crl.open(list))
+        return err_fail(error, "Invalid CRL");
+    if (!same_name(certificate_.issuer, crl.issuer()))
+        return err_fail(ISSUER_ERROR, "Cert issuer is not the same as CRL issuer");
+    return find(crl, revoked);
+}
+
+int Lookup::run(bool& revoked) {
+    DerSource list;
+    if (const int error = read_certificate())
+        return error;
+    if (const int error = list.open(crlFile_))
+        return err_fail(error, "Invalid CRL");
+    return search(list, revoked);
+}
+
+// The list is verified and searched in one pass over it, so the certificate is read first. Its faults and
+// those of the list count after the signature.
+int Lookup::run_signed(const char* issuerCert, bool& revoked) {
+    AsnList issuer;
+    DerSource list;
+    if (x509_read_certificate(issuerCert, issuer) != 0 || list.open(crlFile_) != 0)
+        return SIGNATURE_ERROR;
+    const asn_Node* key = certificate_fields(issuer.head()).subjectPublicKeyInfo;
+    SignedPass pass;
+    int state = pass.begin(key, list);
+    int error = 0;
+    if (state == 0) {
+        error = read_certificate();
+        if (error == 0)
+            error = search(list, revoked);
+        state = pass.end();
+        if (state == 0 && (error == 0 || !list.load(kMaxX509Object)))
+            return error;
+        err_clear();
+    } else if (state != SignedPass::kOtherForm) {
+        return SIGNATURE_ERROR;
+    }
+    // What one pass cannot read (BER, which may also be signed in its DER form) is read again in memory.
+    list.load(kMaxX509Object);
+    if (!list.is_in_memory())
+        return err_fail(SIGNATURE_ERROR, "Signature did not verify");
+    if (verify_source(key, list, crlFile_) != 0)
+        return SIGNATURE_ERROR;
+    error = read_certificate();
+    return error != 0 ? error : search(list, revoked);
 }
 
 } // namespace
 
-int crl_lookup(const char* certFile, const char* crlFile, const char* issuerCert, const char* date) {
-    char dateText[kAsnTimeText] = "";
-    if (is_given(date)) {
-        tm time;
-        if (!read_date_text(date, "00:00:00", &time))
-            return fails(BAD_PARAM_ERROR, "Date format is invalid");
-        asn_format_time(time, dateText);
-    }
-    DerSource list; // opened once: what is looked at is what was signed
-    const bool isSigned = is_given(issuerCert);
-    if (isSigned && !open_signed(list, crlFile, issuerCert))
-        return -SIGNATURE_ERROR;
-
-    AsnList object;
-    int error = x509_read_certificate(certFile, object);
-    if (error != 0)
-        return -error;
-    const CertificateFields certificate = certificate_fields(object.head());
-    if (certificate.serialNumber == nullptr || certificate.serialNumber->data == nullptr)
-        return fails(BAD_FORMAT_ERROR, "No Serial Number found in cert");
-
-    CrlReader crl;
-    if (!isSigned)
-        error = list.open(crlFile);
-    if (error == 0)
-        error = crl.open(list);
-    if (error != 0)
-        return fails(error, "Invalid CRL");
-    if (!same_name(certificate.issuer, crl.issuer()))
-        return fails(ISSUER_ERROR, "Cert issuer is not the same as CRL issuer");
-
-    CrlEntry entry;
-    const int found = find_entry(certificate, crl, entry);
-    if (found != 1 || *dateText == '\0')
-        return found;
-    if (*entry.revocationDate == '\0')
-        return fails(INVALID_DATA_ERROR, "Invalid revocation date in CRL");
-    return strcmp(entry.revocationDate, dateText) > 0 ? 0 : 1;
+int crl_lookup(const char* certFile, const char* crlFile, const char* issuerCert, const char* date,
+               bool& revoked) {
+    Lookup lookup(certFile, crlFile);
+    revoked = false;
+    if (const int error = lookup.read_date(date))
+        return error;
+    return is_missing(issuerCert) ? lookup.run(revoked) : lookup.run_signed(issuerCert, revoked);
 }
 
 } // namespace zul

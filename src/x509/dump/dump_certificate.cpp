@@ -11,7 +11,7 @@ namespace {
 int put_serial_number(DumpOutput& out, const asn_Node* serialNumber) {
     SecretBuffer bytes;
     if (!asn_GetPrimitiveData(serialNumber, bytes))
-        return dump_bad_format("No Serial Number found in cert");
+        return err_fail(BAD_FORMAT_ERROR, "No Serial Number found in cert");
     out.put("Serial Number:\n  ");
     out.put_hex(bytes.data(), bytes.size());
     out.put("\n");
@@ -22,7 +22,7 @@ int put_time(DumpOutput& out, const char* label, const asn_Node* time) {
     char buffer[kAsnTimeText];
     const char* text = asn_time_text(time, buffer);
     if (*text == '\0')
-        return dump_bad_format("Missing time field in cert");
+        return err_fail(BAD_FORMAT_ERROR, "Missing time field in cert");
     out.put(label, text, "\n");
     return 0;
 }

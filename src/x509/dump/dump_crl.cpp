@@ -1,3 +1,4 @@
+#include "frame/err.h"
 #include "x509/dump/dump_layouts.h"
 #include "zulcore.h"
 
@@ -6,7 +7,7 @@ namespace {
 
 int put_time(DumpOutput& out, const char* label, const char* time) {
     if (*time == '\0')
-        return dump_bad_format("Missing time field in CRL");
+        return err_fail(BAD_FORMAT_ERROR, "Missing time field in CRL");
     out.put(label, time, "\n");
     return 0;
 }
@@ -46,7 +47,7 @@ int dump_crl(DumpOutput& out, CrlReader& crl) {
     if (const int error = put_entries(out, crl))
         return error;
     if (crl.finish() != 0)
-        return dump_bad_format("Invalid Signature");
+        return err_fail(BAD_FORMAT_ERROR, "Invalid Signature");
     return dump_signature(out, crl.signatureAlgorithm(), crl.signatureValue(), "Invalid Signature");
 }
 

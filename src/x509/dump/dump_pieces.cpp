@@ -23,7 +23,7 @@ void put_key_length(DumpOutput& out, const char* type, size_t bits) {
 int dump_rsa_key(DumpOutput& out, const asn_Node* info) {
     RsaKey key;
     if (!rsa_public_key_of(info, key))
-        return dump_bad_format("Unable to convert public key");
+        return err_fail(BAD_FORMAT_ERROR, "Unable to convert public key");
     put_key_length(out, "RSA", key.bits);
     put_integer(out, "Modulus", key.n);
     put_integer(out, "Exponent", key.e);
@@ -34,9 +34,9 @@ int dump_dsa_key(DumpOutput& out, const asn_Node* info) {
     DsaPublicKey key;
     const DsaKeyState state = dsa_public_key_of(info, key);
     if (state == DsaKeyState::noParameters)
-        return dump_bad_format("No public key parameters: inherited DSS-Params not supported");
+        return err_fail(BAD_FORMAT_ERROR, "No public key parameters: inherited DSS-Params not supported");
     if (state != DsaKeyState::good)
-        return dump_bad_format("Unable to convert public key");
+        return err_fail(BAD_FORMAT_ERROR, "Unable to convert public key");
     put_key_length(out, "DSA", key.bits);
     put_integer(out, "P", key.p);
     put_integer(out, "Q", key.q);
@@ -47,14 +47,9 @@ int dump_dsa_key(DumpOutput& out, const asn_Node* info) {
 
 } // namespace
 
-int dump_bad_format(const char* text) {
-    err_add_text("%s", text);
-    return BAD_FORMAT_ERROR;
-}
-
 int dump_name(DumpOutput& out, const char* label, const asn_Node* name, const char* ifMissing) {
     if (name == nullptr)
-        return dump_bad_format(ifMissing);
+        return err_fail(BAD_FORMAT_ERROR, "%s", ifMissing);
     SecretBuffer text;
     if (const int error = name_text(name, nullptr, ZUL_X509_LATIN1, text))
         return error;
@@ -73,7 +68,7 @@ int dump_public_key(DumpOutput& out, const asn_Node* subjectPublicKeyInfo) {
     case PublicKeyType::other:
         break;
     }
-    return dump_bad_format("Invalid public key type");
+    return err_fail(BAD_FORMAT_ERROR, "Invalid public key type");
 }
 
 int dump_signature(DumpOutput& out, const asn_Node* algorithm, const asn_Node* value, const char* ifMissing) {
@@ -81,7 +76,7 @@ int dump_signature(DumpOutput& out, const asn_Node* algorithm, const asn_Node* v
     out.put("Signature Algorithm: ", algorithm_name(algorithm, name), "\n");
     SecretBuffer bytes;
     if (!asn_GetBitString(value, bytes))
-        return dump_bad_format(ifMissing);
+        return err_fail(BAD_FORMAT_ERROR, "%s", ifMissing);
     out.put_hex_block("  ", bytes.data(), bytes.size());
     return 0;
 }

@@ -30,23 +30,19 @@ int dump(DumpOutput& out, const char* fileOrText) {
         return dump_certificate(out, object.head());
     if (x509_is_request(object.head()))
         return dump_request(out, object.head());
-    return dump_bad_format("Not a certificate, request or CRL");
+    return err_fail(BAD_FORMAT_ERROR, "Not a certificate, request or CRL");
 }
 
 } // namespace
 
 int text_dump(const char* fileOut, const char* fileOrText) {
     DumpOutput out(fileOut, fileOrText);
-    if (!out.is_open()) {
-        err_add_text("Cannot create file '%s'", shown_name(fileOut));
-        return -CREATE_ERROR;
-    }
+    if (!out.is_open())
+        return err_fail(CREATE_ERROR, "Cannot create file '%s'", shown_name(fileOut));
     const int error = dump(out, fileOrText);
-    if (!out.finish() && error == 0) {
-        err_add_text("Cannot write file '%s'", shown_name(fileOut));
-        return -WRITE_ERROR;
-    }
-    return -error;
+    if (!out.finish() && error == 0)
+        return err_fail(WRITE_ERROR, "Cannot write file '%s'", shown_name(fileOut));
+    return error;
 }
 
 } // namespace zul

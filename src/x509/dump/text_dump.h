@@ -2,8 +2,8 @@
 
 namespace zul {
 
-// text_dump writes what a certificate, request or CRL says to a text file: 0 or a negated code with a text.
+// text_dump writes what a certificate, request or CRL says to a text file: 0 or a positive code with a text.
 // After a failure the file holds what was written so far.
-int text_dump(const char* fileOut, const char* fileOrText);
+[[nodiscard]] int text_dump(const char* fileOut, const char* fileOrText);
 
 } // namespace zul

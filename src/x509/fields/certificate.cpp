@@ -44,9 +44,8 @@ const asn_Node* nth_sequence(const asn_Node* parent, int n) {
     return nullptr;
 }
 
-int bad_format(const char* text) {
-    err_add_text("%s", text);
-    return BAD_FORMAT_ERROR;
+bool element_is_der(const asn_Node* element) {
+    return asn_IsDer(element, asn_ElementEnd(element));
 }
 
 } // namespace
@@ -78,16 +77,6 @@ bool x509_is_request(const asn_Node* object) {
     const asn_Node* version = AsnChildren(fields.toBeSigned).take_integer();
     // A certificate of version 1 may have the serial number 0.
     return is_signed_object(fields) && asn_GetInt(version) == 0 && !x509_is_certificate(object);
-}
-
-bool x509_is_crl(const asn_Node* object) {
-    const SignedFields fields = signed_fields(object);
-    if (!is_signed_object(fields))
-        return false;
-    for (AsnChildren children(fields.toBeSigned); !children.at_end();)
-        if (is_time(children.take()))
-            return true;
-    return false;
 }
 
 CertificateFields certificate_fields(const asn_Node* certificate) {
@@ -141,6 +130,8 @@ bool same_name(const asn_Node* a, const asn_Node* b) {
         return false;
     if (asn_SameElement(a, b))
         return true;
+    if (element_is_der(a) && element_is_der(b))
+        return false;
     const AsnList derA = asn_ToDer(asn_CopyElement(a)), derB = asn_ToDer(asn_CopyElement(b));
     return asn_SameElement(derA.head(), derB.head());
 }
@@ -151,8 +142,7 @@ int certificate_version(const CertificateFields& certificate) {
     const int64_t number = asn_GetInt(certificate.version);
     if (number >= 0 && number < INT_MAX)
         return static_cast<int>(number) + 1;
-    err_add_text("Invalid version in cert");
-    return -BAD_FORMAT_ERROR;
+    return -err_fail(BAD_FORMAT_ERROR, "Invalid version in cert");
 }
 
 AsnList issuer_and_serial_number(const CertificateFields& certificate) {
@@ -165,13 +155,13 @@ AsnList issuer_and_serial_number(const CertificateFields& certificate) {
 
 int validity_state(const CertificateFields& certificate) {
     if (certificate.validity == nullptr)
-        return bad_format("Cannot find Validity field in cert");
+        return err_fail(BAD_FORMAT_ERROR, "Cannot find Validity field in cert");
     char now[kAsnTimeText], notBefore[kAsnTimeText], notAfter[kAsnTimeText];
     asn_format_time(utc_now(), now);
     asn_time_text(certificate.notBefore, notBefore);
     asn_time_text(certificate.notAfter, notAfter);
     if (notBefore[0] == '\0' || notAfter[0] == '\0')
-        return bad_format("Missing time field in cert");
+        return err_fail(BAD_FORMAT_ERROR, "Missing time field in cert");
     return strcmp(now, notBefore) >= 0 && strcmp(now, notAfter) <= 0 ? 0 : -1;
 }
 

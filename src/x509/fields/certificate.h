@@ -7,7 +7,6 @@ namespace zul {
 
 bool x509_is_certificate(const asn_Node* object);
 bool x509_is_request(const asn_Node* object);
-bool x509_is_crl(const asn_Node* object);
 
 struct SignedFields {
     const asn_Node* toBeSigned = nullptr;         // the first SEQUENCE of the object

@@ -34,8 +34,7 @@ int name_of(const asn_Node* node, SecretBuffer& text) {
     if (memchr(text.data(), 0, text.size()) == nullptr)
         return 0;
     text = empty_text();
-    err_add_text("Name holds a zero byte");
-    return INVALID_DATA_ERROR;
+    return err_fail(INVALID_DATA_ERROR, "Name holds a zero byte");
 }
 
 int first_uri(const CertificateFields& certificate, const char* extension, SecretBuffer& text) {
@@ -112,8 +111,7 @@ int extended_key_usage_text(const CertificateFields& certificate, SecretBuffer& 
         if (asn_GetOid(purpose, &info) != 0) {
             if (oid_ToDotted(purpose, dotted, kMaxDotted) <= 0) {
                 text = empty_text();
-                err_add_text("Invalid purpose in extended key usage");
-                return INVALID_DATA_ERROR;
+                return err_fail(INVALID_DATA_ERROR, "Invalid purpose in extended key usage");
             }
             name = dotted;
         }

@@ -12,10 +12,8 @@ namespace zul {
 
 int der_digest(uint8_t out[kMaxDigestSize], AsnList object, int algorithm) {
     const SecretBuffer der = asn_Encode(asn_ToDer(std::move(object)));
-    if (der.empty()) {
-        err_add_text("Invalid ASN.1 data");
-        return -INVALID_DATA_ERROR;
-    }
+    if (der.empty())
+        return -err_fail(INVALID_DATA_ERROR, "Invalid ASN.1 data");
     return hash_bytes(out, kMaxDigestSize, der.data(), static_cast<int64_t>(der.size()), algorithm);
 }
 

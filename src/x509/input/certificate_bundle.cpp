@@ -135,7 +135,7 @@ AsnList CertificateBundle::certificate(int n) const {
     Place place;
     if (!find(n, place) || place.size > kMaxX509Object || !stream_->seek(place.offset))
         return {};
-    return asn_Parse(*stream_, false, true);
+    return asn_Parse(*stream_, false, true, kX509NameLevel);
 }
 
 } // namespace zul

@@ -75,8 +75,7 @@ bool read_all(ByteStream& stream, SecretBuffer& content) {
 }
 
 int invalid_data() {
-    err_add_text("Invalid ASN.1 data");
-    return INVALID_DATA_ERROR;
+    return err_fail(INVALID_DATA_ERROR, "Invalid ASN.1 data");
 }
 
 } // namespace
@@ -111,10 +110,8 @@ int DerSource::open_file(const char* path) {
     isText_ = false;
     decoded_ = SecretBuffer();
     stream_.emplace(path);
-    if (!stream_->is_open()) {
-        err_add_text("Unable to open file '%s'", shown_name(path));
-        return OPEN_ERROR;
-    }
+    if (!stream_->is_open())
+        return err_fail(OPEN_ERROR, "Unable to open file '%s'", shown_name(path));
     SecretBuffer content;
     const bool isPipe = stream_->remaining() == SIZE_MAX;
     if (isPipe) {
@@ -132,6 +129,15 @@ int DerSource::open_file(const char* path) {
                             ? open_pem(content.text(), content.size())
                             : open_b64(content.text(), content.size());
     return opened ? 0 : invalid_data();
+}
+
+bool DerSource::load(size_t max) {
+    SecretBuffer content;
+    if (is_in_memory() || !stream_->seek(0) || stream_->remaining() > max || !read_all(*stream_, content))
+        return false;
+    decoded_ = std::move(content);
+    stream_.emplace(decoded_.data(), decoded_.size());
+    return true;
 }
 
 int DerSource::open(const char* fileOrText) {

@@ -20,6 +20,11 @@ class DerSource {
     // open_file takes the argument for the name of a file, as open does if it is no such text.
     int open_file(const char* path);
 
+    // load reads a file of at most max bytes into memory, where it can be read twice: false if it is longer,
+    // or in memory already.
+    bool load(size_t max);
+    bool is_in_memory() const { return !decoded_.empty(); }
+
     bool is_text() const { return isText_; }  // the argument itself, rather than a file
     ByteStream& stream() { return *stream_; } // at its beginning, where the object is, after open
 

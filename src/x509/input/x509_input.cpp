@@ -13,8 +13,7 @@ namespace {
 constexpr char kNoCertificate[] = "Not a valid X.509 certificate";
 
 int invalid_data() {
-    err_add_text("Invalid ASN.1 data");
-    return INVALID_DATA_ERROR;
+    return err_fail(INVALID_DATA_ERROR, "Invalid ASN.1 data");
 }
 
 // keep_kind drops an object of another kind.
@@ -22,8 +21,7 @@ int keep_kind(AsnList& object, bool (*isKind)(const asn_Node*), const char* fail
     if (isKind(object.head()))
         return 0;
     object = AsnList();
-    err_add_text("%s", failure);
-    return BAD_FORMAT_ERROR;
+    return err_fail(BAD_FORMAT_ERROR, "%s", failure);
 }
 
 } // namespace
@@ -36,11 +34,11 @@ bool x509_parse_source(DerSource& source, AsnList& object) {
         !stream.seek(0))
         return false;
     if (header.ndef == 0 || stream.remaining() <= kMaxX509Object) {
-        object = asn_Parse(stream, false, true);
+        object = asn_Parse(stream, false, true, kX509NameLevel);
     } else {
         SecretBuffer head(kMaxX509Object);
         ByteStream bounded(head.data(), stream.read(head.data(), head.size()));
-        object = asn_Parse(bounded, false, true);
+        object = asn_Parse(bounded, false, true, kX509NameLevel);
     }
     return static_cast<bool>(object);
 }
@@ -81,19 +79,15 @@ int x509_read_request(const char* fileOrText, AsnList& request) {
                       : keep_kind(request, x509_is_request, "Not a valid certificate signing request");
 }
 
-bool x509_read_signature(ByteStream& stream, size_t offset, size_t end, AsnList& algorithm, AsnList& value) {
-    constexpr size_t kMaxSignature = 1 << 20; // bytes of both
-    if (end < offset || end - offset > kMaxSignature || !stream.seek(offset))
+bool x509_read_signature(ByteStream& stream, const AsnScope& object, AsnList& algorithm, AsnList& value) {
+    constexpr size_t kMaxSize = 1 << 20; // bytes of each
+    const bool segmented =
+        !asn_read_element(stream, object, kAsnConstructed, kAsnSequence, kMaxSize, algorithm) ||
+        asn_next_is(stream, object, kAsnConstructed, kAsnBitString);
+    if (!algorithm || !asn_read_element(stream, object, segmented ? kAsnConstructed : kAsnUniversal,
+                                        kAsnBitString, kMaxSize, value))
         return false;
-    // A copy of that part, so that neither element costs more memory than its end allows.
-    SecretBuffer part(end - offset);
-    if (stream.read(part.data(), part.size()) != part.size())
-        return false;
-    ByteStream bounded(part.data(), part.size());
-    algorithm = asn_Parse(bounded, false, true);
-    value = asn_Parse(bounded, false, true);
-    return asn_is(algorithm.head(), kAsnConstructed, kAsnSequence) &&
-           asn_is(value.head(), kAsnUniversal, kAsnBitString) && bounded.at_end();
+    return asn_leave(stream, object);
 }
 
 } // namespace zul

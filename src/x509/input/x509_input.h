@@ -1,5 +1,6 @@
 #pragma once
 #include "asn1/asn_node.h"
+#include "asn1/asn_scope.h"
 
 // The objects that a certificate argument holds or names: base64 of more than 256 characters that begins with
 // "M", text with a PEM block, or the name of a file of DER, PEM or base64. All read afresh.
@@ -9,6 +10,7 @@ class ByteStream;
 class DerSource;
 
 constexpr size_t kMaxX509Object = 1 << 23; // bytes of one object that is read whole
+constexpr int kX509NameLevel = 2;          // of the Names in certificates and requests, which are packed
 
 // x509_read_object gives 0 or a positive code with a text: OPEN_ERROR, INVALID_DATA_ERROR.
 int x509_read_object(const char* fileOrText, AsnList& object);
@@ -24,8 +26,9 @@ int x509_read_certificate(const char* fileOrText, AsnList& certificate);
 int x509_read_certificate(DerSource& source, AsnList& certificate);
 int x509_read_request(const char* fileOrText, AsnList& request);
 
-// x509_read_signature reads the algorithm and the signature of an object, which fill a part of a stream:
-// false if something else does, or it is longer than any signature.
-bool x509_read_signature(ByteStream& stream, size_t offset, size_t end, AsnList& algorithm, AsnList& value);
+// x509_read_signature reads the algorithm and the signature (perhaps in segments) behind what is signed, and
+// leaves the object: false for anything else, and for more bytes than any signature has.
+[[nodiscard]] bool x509_read_signature(ByteStream& stream, const AsnScope& object, AsnList& algorithm,
+                                       AsnList& value);
 
 } // namespace zul

@@ -12,11 +12,6 @@ namespace {
 constexpr int kTmYear = 1900, kLastYear = 9999;
 constexpr int kFebruary = 1;
 
-int bad_param(const char* text) {
-    err_add_text("%s", text);
-    return BAD_PARAM_ERROR;
-}
-
 bool read_date(const SecretBuffer& text, const char* defaultTime, tm* time) {
     return read_date_text(text.empty() ? "" : text.text(), defaultTime, time);
 }
@@ -53,14 +48,16 @@ int certificate_validity(const CertificateText& text, int yearsValid, tm* notBef
     if (!text.notBefore)
         *notBefore = a_minute_ago();
     else if (!read_date(*text.notBefore, "00:00:01", notBefore))
-        return bad_param("notBefore time is invalid");
+        return err_fail(BAD_PARAM_ERROR, "notBefore time is invalid");
 
     if (text.notAfter)
-        return read_date(*text.notAfter, "23:59:59", notAfter) ? 0 : bad_param("notAfter time is invalid");
+        return read_date(*text.notAfter, "23:59:59", notAfter)
+                   ? 0
+                   : err_fail(BAD_PARAM_ERROR, "notAfter time is invalid");
     if (yearsValid < 1)
-        return bad_param("Invalid yearsValid value");
+        return err_fail(BAD_PARAM_ERROR, "Invalid yearsValid value");
     *notAfter = *notBefore;
-    return add_years(notAfter, yearsValid) ? 0 : bad_param("notAfter time is invalid");
+    return add_years(notAfter, yearsValid) ? 0 : err_fail(BAD_PARAM_ERROR, "notAfter time is invalid");
 }
 
 } // namespace zul

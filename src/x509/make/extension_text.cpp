@@ -15,8 +15,7 @@ std::string_view view(const SecretBuffer& text) {
 }
 
 int bad_value(const char* keyword) {
-    err_add_text("Invalid value of %s in extension", keyword);
-    return BAD_PARAM_ERROR;
+    return err_fail(BAD_PARAM_ERROR, "Invalid value of %s in extension", keyword);
 }
 
 int take_hex(const char* keyword, const SecretBuffer& value, SecretBuffer& bytes) {
@@ -47,8 +46,7 @@ int take_pair(std::string_view keyword, SecretBuffer value, CertificateText& res
         result.notAfter = std::move(value);
         return 0;
     }
-    err_add_text("Invalid attribute name in extension");
-    return BAD_PARAM_ERROR;
+    return err_fail(BAD_PARAM_ERROR, "Invalid attribute name in extension");
 }
 
 } // namespace

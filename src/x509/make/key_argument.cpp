@@ -26,8 +26,7 @@ bool is_key_string(std::string_view text) {
 }
 
 int faulty_key_string() {
-    err_add_text("Internal key data is faulty");
-    return INVALID_DATA_ERROR;
+    return err_fail(INVALID_DATA_ERROR, "Internal key data is faulty");
 }
 
 } // namespace

@@ -45,18 +45,13 @@ class CertificateMaker {
 
     const CertificateOrder& order_;
     const char* algorithm_;
-    ParsedName subject_;
+    AsnList subject_;
     CertificateText text_;
     RsaKey issuerKey_, subjectKey_; // a self-signed certificate has the first alone
     AsnList issuer_;
     SecretBuffer issuerKeyIdentifier_;
     bool fromRequest_ = false;
 };
-
-int fail(int code, const char* text) {
-    err_add_text("%s", text);
-    return code;
-}
 
 // A text that is no likely name of a file is not repeated: it may be a damaged private key.
 int cannot_open(const char* what, const char* name) {
@@ -85,17 +80,16 @@ int CertificateMaker::read_request(SecretBuffer& name) {
     const RequestFields fields = request_fields(request.head());
     if (public_key_type(fields.subjectPublicKeyInfo) != PublicKeyType::rsa) {
         char algorithm[kAlgorithmName];
-        err_add_text("Unsupported key algorithm '%s': require `rsaEncryption'",
-                     public_key_algorithm(fields.subjectPublicKeyInfo, algorithm));
-        return NOT_SUPPORTED_ERROR;
+        return err_fail(NOT_SUPPORTED_ERROR, "Unsupported key algorithm '%s': require `rsaEncryption'",
+                        public_key_algorithm(fields.subjectPublicKeyInfo, algorithm));
     }
     const int state = verify_object(fields.subjectPublicKeyInfo, request.head(), order_.subjectKey);
     if (state != 0)
-        return fail(state > 0 ? state : SIGNATURE_ERROR, "Signature is invalid");
+        return err_fail(state > 0 ? state : SIGNATURE_ERROR, "Signature is invalid");
     if (name_text(fields.subject, nullptr, 0, name) != 0)
-        return fail(INVALID_DATA_ERROR, "Invalid distinguished name");
+        return err_fail(INVALID_DATA_ERROR, "Invalid distinguished name");
     if (!rsa_public_key_of(fields.subjectPublicKeyInfo, subjectKey_))
-        return fail(INVALID_DATA_ERROR, "Error with subject public key info");
+        return err_fail(INVALID_DATA_ERROR, "Error with subject public key info");
     fromRequest_ = true;
     return 0;
 }
@@ -108,15 +102,15 @@ int CertificateMaker::read_names() {
             return error;
         name = requested.empty() ? "" : requested.text();
     }
-    if (name_parse(name, subject_) == 0)
-        return fail(BAD_PARAM_ERROR, "Invalid distinguished name string");
+    if (name_encode(name, order_.options, subject_) == 0)
+        return err_fail(BAD_PARAM_ERROR, "Invalid distinguished name string");
     return read_certificate_text(order_.extensions, text_);
 }
 
 int CertificateMaker::read_issuer_key() {
     if (read_signing_key(order_.issuerKey, order_.password, issuerKey_) == 0)
         return 0;
-    return fail(DECRYPT_ERROR, "Unable to read private key data");
+    return err_fail(DECRYPT_ERROR, "Unable to read private key data");
 }
 
 int CertificateMaker::read_issuer() {
@@ -130,13 +124,13 @@ int CertificateMaker::read_issuer() {
         if (has(ZUL_X509_AUTHKEYID))
             issuerKeyIdentifier_ = subject_key_identifier(fields);
     }
-    return issuer_ ? 0 : fail(INVALID_DATA_ERROR, "Invalid DN in issuer certificate");
+    return issuer_ ? 0 : err_fail(INVALID_DATA_ERROR, "Invalid DN in issuer certificate");
 }
 
 int CertificateMaker::read_subject_key() {
     const int error = fromRequest_ ? 0 : read_public_key(order_.subjectKey, subjectKey_);
     if (error != 0)
-        err_add_text("Unable to read public key file '%s'", shown_name(order_.subjectKey));
+        return err_fail(error, "Unable to read public key file '%s'", shown_name(order_.subjectKey));
     return error;
 }
 
@@ -159,20 +153,19 @@ AsnList CertificateMaker::extensions() const {
 
 AsnList CertificateMaker::to_be_signed(const tm& notBefore, const tm& notAfter) {
     const bool version1 = has(ZUL_X509_VERSION1);
-    AsnList subject = name_encode(subject_, order_.options);
     if (is_self_signed())
-        issuer_ = asn_CopyList(subject.head());
+        issuer_ = asn_CopyList(subject_.head());
     return asn_NewSequence(asn_LinkList(
         version1 ? AsnList() : asn_NewExplicit(0, asn_NewInteger(2)), serial_number(),
         rsa_signature_algorithm_identifier(algorithm_), std::move(issuer_),
-        asn_NewSequence(asn_LinkList(asn_NewTime(notBefore), asn_NewTime(notAfter))), std::move(subject),
+        asn_NewSequence(asn_LinkList(asn_NewTime(notBefore), asn_NewTime(notAfter))), std::move(subject_),
         rsa_subject_public_key_info(is_self_signed() ? issuerKey_ : subjectKey_),
         version1 ? AsnList() : extensions()));
 }
 
 int CertificateMaker::make() {
     if (algorithm_ == nullptr)
-        return fail(BAD_FLAG_ERROR, "Invalid signature option");
+        return err_fail(BAD_FLAG_ERROR, "Invalid signature option");
     int error = check_inputs();
     if (error == 0)
         error = read_names();
@@ -191,12 +184,12 @@ int CertificateMaker::make() {
     AsnList certificate;
     error = x509_sign(to_be_signed(notBefore, notAfter), algorithm_, issuerKey_, certificate);
     if (error != 0)
-        return fail(error, "Error creating signature");
+        return err_fail(error, "Error creating signature");
     error =
         asn_write_file(order_.newFile, certificate.head(), has(ZUL_X509_FORMAT_PEM) ? "CERTIFICATE" : nullptr,
                        kPemLineLen, {.input = order_.issuerKey});
     if (error == CREATE_ERROR)
-        err_add_text("Cannot create file '%s'", shown_name(order_.newFile));
+        return err_fail(error, "Cannot create file '%s'", shown_name(order_.newFile));
     return error;
 }
 

@@ -25,8 +25,7 @@ struct UpdateTimes {
 int read_date(const std::optional<SecretBuffer>& text, const char* what, tm* time) {
     if (read_date_text(text->empty() ? "" : text->text(), "00:00:00", time))
         return 0;
-    err_add_text("%s time is invalid", what);
-    return BAD_PARAM_ERROR;
+    return err_fail(BAD_PARAM_ERROR, "%s time is invalid", what);
 }
 
 int update_times(const char* extensions, UpdateTimes& times) {
@@ -49,8 +48,7 @@ int read_issuer(const char* issuerCert, AsnList& name) {
     name = asn_CopyElement(certificate_fields(certificate.head()).subject);
     if (name)
         return 0;
-    err_add_text("No Distinguished Name found in cert");
-    return BAD_FORMAT_ERROR;
+    return err_fail(BAD_FORMAT_ERROR, "No Distinguished Name found in cert");
 }
 
 } // namespace
@@ -58,10 +56,8 @@ int read_issuer(const char* issuerCert, AsnList& name) {
 int make_crl(const char* crlFile, const char* issuerCert, const char* issuerKey, const char* password,
              const char* certList, const char* extensions, int options) {
     const char* const algorithm = rsa_signature_algorithm(options);
-    if (algorithm == nullptr) {
-        err_add_text("Invalid signature option");
-        return BAD_FLAG_ERROR;
-    }
+    if (algorithm == nullptr)
+        return err_fail(BAD_FLAG_ERROR, "Invalid signature option");
     UpdateTimes times;
     if (const int error = update_times(extensions, times))
         return error;
@@ -69,10 +65,8 @@ int make_crl(const char* crlFile, const char* issuerCert, const char* issuerKey,
     if (const int error = read_issuer(issuerCert, issuer))
         return error;
     RsaKey key;
-    if (read_signing_key(issuerKey, password, key) != 0) {
-        err_add_text("Unable to read private key file\n");
-        return READ_ERROR;
-    }
+    if (read_signing_key(issuerKey, password, key) != 0)
+        return err_fail(READ_ERROR, "Unable to read private key file\n");
     AsnList entries;
     if (const int error = read_revoked_list(certList, entries))
         return error;
@@ -83,15 +77,13 @@ int make_crl(const char* crlFile, const char* issuerCert, const char* issuerKey,
                                                 times.hasNext ? asn_NewTime(times.nextUpdate) : AsnList(),
                                                 anyEntry ? asn_NewSequence(std::move(entries)) : AsnList()));
     AsnList crl;
-    if (const int error = x509_sign(std::move(list), algorithm, key, crl)) {
-        err_add_text("Unable to sign CRL");
-        return error;
-    }
+    if (const int error = x509_sign(std::move(list), algorithm, key, crl))
+        return err_fail(error, "Unable to sign CRL");
     const bool pem = (options & ZUL_X509_FORMAT_PEM) != 0;
     const int error =
         asn_write_file(crlFile, crl.head(), pem ? "X509 CRL" : nullptr, kPemLineLen, {.input = issuerKey});
     if (error == CREATE_ERROR)
-        err_add_text("Cannot create file %s", shown_name(crlFile));
+        return err_fail(error, "Cannot create file %s", shown_name(crlFile));
     return error;
 }
 

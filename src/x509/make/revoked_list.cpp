@@ -64,10 +64,8 @@ int read_revoked_list(const char* text, AsnList& entries) {
         AsnList serial = serial_number(take_item(rest));
         AsnList date = revocation_date(take_item(rest));
         AsnList entry = asn_NewSequence(asn_LinkList(std::move(serial), std::move(date)));
-        if (entry.failed()) {
-            err_add_text("Invalid certlist string\n");
-            return BAD_FORMAT_ERROR;
-        }
+        if (entry.failed())
+            return err_fail(BAD_FORMAT_ERROR, "Invalid certlist string\n");
         entries = asn_Link(std::move(entries), std::move(entry));
     }
     return 0;

@@ -5,9 +5,10 @@
 #include <cstdio>
 #include <cstring>
 #include <iterator>
-#include <new>
 
 #include "asn1/asn_build.h"
+#include "asn1/asn_header.h"
+#include "asn1/oid.h"
 #include "encode/hex.h"
 #include "encode/utf8.h"
 #include "frame/debug_output.h"
@@ -17,22 +18,6 @@
 #include "zulcore.h"
 
 namespace zul {
-
-ParsedName::~ParsedName() {
-    while (first_ != nullptr) {
-        NameAttribute* gone = first_;
-        first_ = gone->next;
-        gone->~NameAttribute();
-        efree(gone);
-    }
-}
-
-void ParsedName::append(const char* type, SecretBuffer value) {
-    auto* added = new (emalloc(sizeof(NameAttribute))) NameAttribute{type, std::move(value)};
-    (last_ == nullptr ? first_ : last_->next) = added;
-    last_ = added;
-    count_++;
-}
 
 namespace {
 
@@ -75,23 +60,6 @@ void trace(const PairReader& pair, int word) {
     printf("idn=%d\n", word);
 }
 
-} // namespace
-
-int name_parse(const char* text, ParsedName& name) {
-    const int before = name.count();
-    PairReader pair(text == nullptr ? "" : text);
-    while (pair.next()) {
-        const int word = find_word(pair.keyword());
-        if (debugOutput.structures != 0)
-            trace(pair, word);
-        if (SecretBuffer value; word >= 0 && read_value(pair, value))
-            name.append(kNameWords[word].type, std::move(value));
-    }
-    return name.count() - before;
-}
-
-namespace {
-
 bool is_ia5(uint8_t c) {
     return c >= 0x20 && c <= 0x7E;
 }
@@ -102,33 +70,106 @@ bool is_printable(uint8_t c) {
     return c != 0 && strchr(" '()+,-./:=?", c) != nullptr;
 }
 
-AsnList utf8_value(const uint8_t* bytes, size_t n) {
-    if (utf8_classify(bytes, n) != Utf8Class::invalid)
-        return asn_NewString(kAsnUtf8String, bytes, n);
-    SecretBuffer converted(2 * n);
-    const size_t length = utf8_from_latin1(converted.data(), converted.size(), bytes, n).stored;
-    return asn_NewString(kAsnUtf8String, converted.data(), length);
-}
-
-AsnList encode_value(const SecretBuffer& value, int options) {
+// choose_type gives the tag of a value's string type. A value that is not UTF-8 but has to be is converted.
+uint8_t choose_type(SecretBuffer& value, int options) {
     const uint8_t* bytes = value.data();
     const size_t n = value.size();
-    if ((options & ZUL_X509_UTF8) != 0)
-        return utf8_value(bytes, n);
-    if (std::all_of(bytes, bytes + n, is_printable))
-        return asn_NewString(kAsnPrintableString, bytes, n);
-    return asn_NewString(std::all_of(bytes, bytes + n, is_ia5) ? kAsnIa5String : kAsnTeletexString, bytes, n);
+    if ((options & ZUL_X509_UTF8) == 0) {
+        if (std::all_of(bytes, bytes + n, is_printable))
+            return kAsnPrintableString;
+        return std::all_of(bytes, bytes + n, is_ia5) ? kAsnIa5String : kAsnTeletexString;
+    }
+    if (utf8_classify(bytes, n) == Utf8Class::invalid) {
+        SecretBuffer converted(2 * n);
+        converted.shrink(utf8_from_latin1(converted.data(), converted.size(), bytes, n).stored);
+        value = std::move(converted);
+    }
+    return kAsnUtf8String;
 }
+
+// NameEncoder goes over a text twice, to measure and then to write: the elements of a name take many times
+// the memory of their encoding.
+class NameEncoder {
+  public:
+    NameEncoder(const char* text, int options) : text_(text == nullptr ? "" : text), options_(options) {}
+
+    // go gives the size of all relative names; out, unless it is null, receives them.
+    size_t go(uint8_t* out) {
+        size_ = 0;
+        count_ = 0;
+        PairReader pair(text_);
+        while (pair.next()) {
+            const int word = find_word(pair.keyword());
+            if (out == nullptr && debugOutput.structures != 0)
+                trace(pair, word);
+            if (SecretBuffer value; word >= 0 && read_value(pair, value))
+                put_pair(out, type_of(word), value);
+        }
+        return size_;
+    }
+    int count() const { return count_; }
+
+  private:
+    const OidInfo& type_of(int word) { // looked up once
+        if (types_[word].length == 0)
+            oid_FromName(&types_[word], kNameWords[word].type);
+        return types_[word];
+    }
+    // header makes the header octets of an element: their number.
+    static size_t header(uint32_t octet, size_t content, uint8_t hdr[8]) {
+        asn_Node node = {};
+        node.cls = octet;
+        node.length = static_cast<uint32_t>(content);
+        return asn_header_octets(&node, hdr);
+    }
+    static size_t size_of(size_t content) {
+        uint8_t hdr[8];
+        return header(0, content, hdr) + content;
+    }
+    void put_header(uint8_t* out, uint32_t octet, size_t content) {
+        uint8_t hdr[8];
+        put(out, hdr, header(octet, content, hdr));
+    }
+    void put(uint8_t* out, const void* bytes, size_t n) {
+        if (out != nullptr && n != 0)
+            memcpy(out + size_, bytes, n);
+        size_ += n;
+    }
+    void put_pair(uint8_t* out, const OidInfo& type, SecretBuffer& value) {
+        const uint8_t tag = choose_type(value, options_);
+        const auto typeSize = static_cast<size_t>(type.length);
+        const size_t inPair = size_of(typeSize) + size_of(value.size());
+        put_header(out, kAsnConstructed | kAsnSet, size_of(inPair));
+        put_header(out, kAsnConstructed | kAsnSequence, inPair);
+        put_header(out, kAsnOid, typeSize);
+        put(out, type.bytes, typeSize);
+        put_header(out, tag, value.size());
+        put(out, value.data(), value.size());
+        count_++;
+    }
+
+    std::string_view text_;
+    int options_;
+    OidInfo types_[std::size(kNameWords)] = {};
+    size_t size_ = 0;
+    int count_ = 0;
+};
 
 } // namespace
 
-AsnList name_encode(const ParsedName& name, int options) {
-    AsnList relativeNames;
-    for (const NameAttribute* at = name.first(); at != nullptr; at = at->next) {
-        AsnList pair = asn_LinkList(asn_NewOid(at->type), encode_value(at->value, options));
-        relativeNames = asn_Link(std::move(relativeNames), asn_NewSet(asn_NewSequence(std::move(pair))));
+int name_encode(const char* text, int options, AsnList& name) {
+    NameEncoder encoder(text, options);
+    const size_t size = encoder.go(nullptr);
+    if (size > kAsnMaxMade) {
+        name = AsnList::failure();
+        return encoder.count();
     }
-    return asn_NewSequence(std::move(relativeNames));
+    name = AsnList(asn_make_node(kAsnConstructed, kAsnSequence, size));
+    name.head()->length = static_cast<uint32_t>(size);
+    if (size != 0)
+        encoder.go(name.head()->data);
+    asn_SetHeader(name.head());
+    return encoder.count();
 }
 
 } // namespace zul

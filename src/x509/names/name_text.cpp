@@ -3,8 +3,8 @@
 #include <cstring>
 #include <iterator>
 
-#include "asn1/asn_children.h"
 #include "asn1/asn_element.h"
+#include "asn1/asn_scope.h"
 #include "asn1/asn_value.h"
 #include "asn1/oid.h"
 #include "encode/hex.h"
@@ -21,15 +21,31 @@ namespace {
 // A hostile name shall not ask for a block that the process does not survive.
 constexpr size_t kMaxNameText = 0x10000000;
 
+// NameWriter walks the encoding of a Name: nodes would take forty times its size.
 class NameWriter {
   public:
     NameWriter(SecretBuffer& text, char delimiter, bool latin1)
         : text_(text), delimiter_(delimiter), latin1_(latin1) {}
 
-    bool pair(const asn_Node* type, const asn_Node* value) {
-        if (!text_.empty() && !put(&delimiter_, 1))
+    // put_all writes the attributes of a Name in memory, and counts those it wrote.
+    bool put_all(const uint8_t* bytes, size_t size, int& count) {
+        bytes_ = bytes;
+        ByteStream stream(bytes, size);
+        AsnScope name;
+        if (!asn_enter(stream, name, kAsnConstructed, kAsnSequence))
             return false;
-        return put_type(type) && put("=", 1) && put_value(value);
+        while (!asn_at_scope_end(stream, name)) {
+            AsnScope relativeName = name;
+            if (!asn_enter(stream, relativeName, kAsnConstructed, kAsnSet) ||
+                asn_at_scope_end(stream, relativeName))
+                return false;
+            for (; !asn_at_scope_end(stream, relativeName); count++)
+                if (!put_attribute(stream, relativeName))
+                    return false;
+            if (!asn_leave(stream, relativeName))
+                return false;
+        }
+        return true;
     }
 
   private:
@@ -41,95 +57,93 @@ class NameWriter {
         return true;
     }
 
-    bool put_type(const asn_Node* type) {
+    bool put_attribute(ByteStream& stream, const AsnScope& relativeName) {
+        AsnScope attribute = relativeName;
+        if (!asn_enter(stream, attribute, kAsnConstructed, kAsnSequence) ||
+            (!text_.empty() && !put(&delimiter_, 1)))
+            return false;
+        AsnScope type = attribute;
+        if (!asn_enter(stream, type, kAsnUniversal, kAsnOid) ||
+            !put_type(element(kAsnUniversal, kAsnOid, stream.offset(), type.end)) || !stream.seek(type.end))
+            return false;
+        return put("=", 1) && put_value(stream, attribute) && asn_leave(stream, attribute);
+    }
+
+    // element gives a node for the content between two offsets, good as long as the encoding.
+    asn_Node element(uint32_t cls, uint32_t tag, size_t start, size_t end) const {
+        asn_Node node = {};
+        node.cls = cls;
+        node.tag = tag;
+        node.length = static_cast<uint32_t>(end - start);
+        node.data = start == end ? nullptr : const_cast<uint8_t*>(bytes_ + start);
+        return node;
+    }
+
+    bool put_type(const asn_Node& type) {
         OidInfo oid;
-        if (asn_GetOid(type, &oid) == 0) {
+        if (asn_GetOid(&type, &oid) == 0) {
             const auto* word = std::find_if(std::begin(kNameWords), std::end(kNameWords),
                                             [&](const NameWord& row) { return !strcmp(row.type, oid.name); });
             return put(word != std::end(kNameWords) ? word->keyword : oid.name);
         }
         char dotted[256];
-        return oid_ToDotted(type, dotted, sizeof dotted - 1) >= 0 && put(dotted);
+        return oid_ToDotted(&type, dotted, sizeof dotted - 1) >= 0 && put(dotted);
     }
 
-    // A reader of the text would not see what follows a zero byte, so that a value with one is not shown as
-    // it is.
-    bool put_value(const asn_Node* value) {
-        if ((value->cls & kAsnConstructed) != 0)
-            return put_content(value);
-        if (value->data != nullptr && value->length > kMaxNameText)
+    bool put_value(ByteStream& stream, const AsnScope& attribute) {
+        const int octet = asn_at_scope_end(stream, attribute) ? -1 : stream.peek();
+        const uint32_t cls = static_cast<uint32_t>(octet) & 0xE0, tag = static_cast<uint32_t>(octet) & 0x1F;
+        AsnScope value = attribute;
+        if (octet < 0 || !asn_enter(stream, value, cls, tag))
             return false;
-        const SecretBuffer shown = asn_GetText(value, latin1_);
+        const size_t start = stream.offset();
+        if ((cls & kAsnConstructed) != 0) {
+            AsnHeader header;
+            while (!asn_at_scope_end(stream, value))
+                if (!asn_skip_element(stream, value.end, header))
+                    return false;
+            return put_hex(bytes_ + start, stream.offset() - start) && asn_leave(stream, value);
+        }
+        return put_primitive(element(cls, tag, start, value.end)) && stream.seek(value.end);
+    }
+
+    // A reader of the text would not see what follows a zero byte, so a value with one is written in hex.
+    bool put_primitive(const asn_Node& value) {
+        if (value.length > kMaxNameText)
+            return false;
+        const SecretBuffer shown = asn_GetText(&value, latin1_);
         if (memchr(shown.data(), 0, shown.size()) != nullptr)
-            return put_hex(value->data, value->length, true);
+            return put_hex(value.data, value.length);
         return put(shown.data(), shown.size());
     }
 
-    bool put_content(const asn_Node* value) {
-        bool isFirst = true;
-        for (AsnChildren parts(value); !parts.at_end(); isFirst = false) {
-            const SecretBuffer part = asn_EncodeElement(parts.take());
-            if (!put_hex(part.data(), part.size(), isFirst))
-                return false;
-        }
-        return true;
-    }
-
-    bool put_hex(const uint8_t* bytes, size_t n, bool isFirst) {
+    bool put_hex(const uint8_t* bytes, size_t n) {
         if (n > (kMaxNameText - text_.size()) / 3)
             return false;
         for (size_t i = 0; i < n; i++) {
             const char digits[] = {' ', kHexDigits[bytes[i] >> 4], kHexDigits[bytes[i] & 0xF]};
-            const size_t skipped = isFirst && i == 0;
-            text_.append(digits + skipped, sizeof digits - skipped);
+            text_.append(digits + (i == 0), sizeof digits - (i == 0));
         }
         return true;
     }
 
+    const uint8_t* bytes_ = nullptr;
     SecretBuffer& text_;
     char delimiter_;
     bool latin1_;
 };
 
-bool put_attribute(const asn_Node* attribute, NameWriter& writer) {
-    if (!asn_is(attribute, kAsnConstructed, kAsnSequence))
-        return false;
-    AsnChildren parts(attribute);
-    const asn_Node* type = parts.take_oid();
-    const asn_Node* value = parts.take();
-    if (type == nullptr || value == nullptr || !parts.at_end())
-        return false;
-    return writer.pair(type, value);
-}
-
-// put_attributes counts those it wrote.
-bool put_attributes(const asn_Node* name, NameWriter& writer, int& count) {
-    if (!asn_is(name, kAsnConstructed, kAsnSequence))
-        return false;
-    for (AsnChildren relativeNames(name); !relativeNames.at_end();) {
-        const asn_Node* relativeName = relativeNames.take();
-        AsnChildren attributes(relativeName);
-        if (!asn_is(relativeName, kAsnConstructed, kAsnSet) || attributes.at_end())
-            return false;
-        for (; !attributes.at_end(); count++)
-            if (!put_attribute(attributes.take(), writer))
-                return false;
-    }
-    return true;
-}
-
 } // namespace
 
 int name_text(const asn_Node* name, const char* delimiter, int options, SecretBuffer& text) {
+    const char between = delimiter == nullptr || *delimiter == '\0' ? ';' : *delimiter;
+    const SecretBuffer encoding = asn_EncodeElement(name);
     SecretBuffer written;
     written.append("", 0);
-    const char between = delimiter == nullptr || *delimiter == '\0' ? ';' : *delimiter;
     NameWriter writer(written, between, (options & ZUL_X509_LATIN1) != 0);
     int count = 0;
-    if (!put_attributes(name, writer, count)) {
-        err_add_text("Invalid AVA in Distinguished Name %d", count + 1);
-        return BAD_FORMAT_ERROR;
-    }
+    if (!writer.put_all(encoding.data(), encoding.size(), count))
+        return err_fail(BAD_FORMAT_ERROR, "Invalid AVA in Distinguished Name %d", count + 1);
     text = std::move(written);
     return 0;
 }

@@ -35,8 +35,7 @@ int issuer_and_serial_digest(char* out, int nChars, const char* certFile, int op
     AsnList pair = issuer_and_serial_number(certificate_fields(certificate.head()));
     if (!pair) {
         err_add_text("Could not find IssuerAndSerialNumber in certificate '%s'\n", shown_name(certFile));
-        err_add_text("No Issuer and Serial Number found in cert");
-        return -BAD_FORMAT_ERROR;
+        return -err_fail(BAD_FORMAT_ERROR, "No Issuer and Serial Number found in cert");
     }
     return object_digest(out, nChars, std::move(pair), options);
 }

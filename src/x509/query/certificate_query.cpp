@@ -150,10 +150,7 @@ struct Evaluation {
     }
 
   private:
-    static int missing(const char* text) {
-        err_add_text("%s", text);
-        return -BAD_FORMAT_ERROR;
-    }
+    static int missing(const char* text) { return -err_fail(BAD_FORMAT_ERROR, "%s", text); }
 };
 
 } // namespace
@@ -176,6 +173,12 @@ int find_query(const char* query) {
 
 int query_type(CertificateQuery query) {
     return kQueries[static_cast<size_t>(query)].type;
+}
+
+int query_validity(const char* certFile) {
+    AsnList certificate;
+    const int error = x509_read_certificate(certFile, certificate);
+    return error != 0 ? error : validity_state(certificate_fields(certificate.head()));
 }
 
 int query_certificate(char* out, int nChars, const char* certFile, CertificateQuery query, int options,

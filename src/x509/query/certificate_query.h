@@ -30,6 +30,9 @@ int find_query(const char* query);
 constexpr int kQueryNumber = 1, kQueryText = 2;
 int query_type(CertificateQuery query);
 
+// query_validity is the validity_state of a certificate argument, or a positive code with a text.
+[[nodiscard]] int query_validity(const char* certFile);
+
 // query_certificate evaluates a query of a certificate argument. A number is the result; a text is written
 // as exports do and its length returned; a failure is a negated code. Names take the delimiter and
 // ZUL_X509_LATIN1 as name_print does.

@@ -39,10 +39,8 @@ int certificate_string(char* out, int nChars, const char* certFile) {
         return -error;
     const AsnList der = asn_ToDer(std::move(certificate));
     const SecretBuffer text = asn_EncodeBase64(der.head());
-    if (text.empty()) {
-        err_add_text("Invalid ASN.1 data");
-        return -INVALID_DATA_ERROR;
-    }
+    if (text.empty())
+        return -err_fail(INVALID_DATA_ERROR, "Invalid ASN.1 data");
     return uncut_text_result(out, nChars, text);
 }
 
@@ -55,7 +53,7 @@ int save_certificate_string(const char* path, const char* text, int options) {
     const bool pem = (options & ZUL_X509_FORMAT_PEM) != 0;
     const int error = asn_write_file(path, certificate.head(), pem ? "CERTIFICATE" : nullptr, kPemLineLen);
     if (error == CREATE_ERROR)
-        err_add_text("Cannot create file '%s'", shown_name(path));
+        return err_fail(error, "Cannot create file '%s'", shown_name(path));
     return error;
 }
 

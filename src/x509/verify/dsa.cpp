@@ -81,17 +81,14 @@ int dsa_verify(const DsaPublicKey& key, const uint8_t* digest, size_t digestLen,
 int DsaCheck::open_key(const asn_Node* subjectPublicKeyInfo) {
     if (public_key_type(subjectPublicKeyInfo) != PublicKeyType::dsa) {
         char name[kAlgorithmName];
-        err_add_text("Unexpected key algorithm %s: require `dsa'",
-                     public_key_algorithm(subjectPublicKeyInfo, name));
-        return NOT_SUPPORTED_ERROR;
+        return err_fail(NOT_SUPPORTED_ERROR, "Unexpected key algorithm %s: require `dsa'",
+                        public_key_algorithm(subjectPublicKeyInfo, name));
     }
     switch (dsa_public_key_of(subjectPublicKeyInfo, key_)) {
     case DsaKeyState::noParameters:
-        err_add_text("No public key parameters: inherited DSS-Params not supported");
-        return NOT_SUPPORTED_ERROR;
+        return err_fail(NOT_SUPPORTED_ERROR, "No public key parameters: inherited DSS-Params not supported");
     case DsaKeyState::unusable:
-        err_add_text("Unable to convert public key");
-        return INVALID_DATA_ERROR;
+        return err_fail(INVALID_DATA_ERROR, "Unable to convert public key");
     case DsaKeyState::good:
         break;
     }

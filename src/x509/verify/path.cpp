@@ -66,11 +66,6 @@ class ItemReader {
     std::string_view rest_;
 };
 
-int fail(int code, const char* text) {
-    err_add_text("%s", text);
-    return -code;
-}
-
 // Path is the certificates of one call.
 class Path {
     static_assert(kMaxPathLength <= CertificateBundle::kMaxKept);
@@ -103,12 +98,12 @@ class Path {
 int Path::read_trusted(const char* trustedCert) {
     AsnList list;
     if (const int error = x509_read_certificate(trustedCert, list))
-        return fail(error, "Trusted certificate is no good");
+        return err_fail(error, "Trusted certificate is no good");
     trusted_.take(std::move(list));
     if (!checksDates_)
         return 0;
     const int state = validity_state(trusted_.fields);
-    return state == -1 ? fail(EXPIRED_ERROR, "Trusted certificate has expired") : -state;
+    return state == -1 ? err_fail(EXPIRED_ERROR, "Trusted certificate has expired") : state;
 }
 
 // add takes the next certificate of the list, which may hold anything or nothing.
@@ -118,25 +113,19 @@ int Path::add(AsnList certificate) {
         bytes_ += asn_Encode(certificate).size();
     else
         bytes_ = kMaxX509Object + 1;
-    if (bytes_ > kMaxX509Object) {
-        err_add_text("Certificate [%d] is invalid", count_ + 1);
-        return -INVALID_DATA_ERROR;
-    }
+    if (bytes_ > kMaxX509Object)
+        return err_fail(INVALID_DATA_ERROR, "Certificate [%d] is invalid", count_ + 1);
     Link& link = links_[count_++];
     link.take(std::move(certificate));
     const int state = checksDates_ ? validity_state(link.fields) : 0;
-    if (state == -1) {
-        err_add_text("Certificate [%d] has expired", count_);
-        return -EXPIRED_ERROR;
-    }
-    return -state;
+    if (state == -1)
+        return err_fail(EXPIRED_ERROR, "Certificate [%d] has expired", count_);
+    return state;
 }
 
 int Path::read_bundle(CertificateBundle& bundle) {
-    if (bundle.count() > kMaxPathLength) {
-        err_add_text("Too many certificates (max=%d)", kMaxPathLength);
-        return -OUT_OF_RANGE_ERROR;
-    }
+    if (bundle.count() > kMaxPathLength)
+        return err_fail(OUT_OF_RANGE_ERROR, "Too many certificates (max=%d)", kMaxPathLength);
     for (int i = 0; i < bundle.count(); i++)
         if (const int error = add(bundle.certificate(i)))
             return error;
@@ -170,7 +159,7 @@ int Path::read_single(const char* fileOrText) {
 
 int Path::read_list(const char* certList) {
     const int error = strchr(certList, ';') != nullptr ? read_items(certList) : read_single(certList);
-    return error == 0 && count_ == 0 ? fail(NO_DATA_ERROR, "No certs found") : error;
+    return error == 0 && count_ == 0 ? err_fail(NO_DATA_ERROR, "No certs found") : error;
 }
 
 // bring swaps the first certificate from a position on that meets a condition into that position.
@@ -188,12 +177,12 @@ bool Path::bring(int position, Condition wanted) {
 
 int Path::choose_first() {
     if (!has_trusted())
-        return bring(0, is_self_signed) ? 0 : fail(ISSUER_ERROR, "Cannot find a self-signed certificate");
+        return bring(0, is_self_signed) ? 0 : err_fail(ISSUER_ERROR, "Cannot find a self-signed certificate");
     if (is_self_signed(trusted_) && bring(0, [this](const Link& link) { return is_same(link, trusted_); }))
         return 0;
     if (bring(0, [this](const Link& link) { return is_issued_by(link, trusted_); }))
         return 0;
-    return fail(NO_MATCH_ERROR, "Trusted certificate does not have a match");
+    return err_fail(NO_MATCH_ERROR, "Trusted certificate does not have a match");
 }
 
 int Path::order() {
@@ -205,8 +194,7 @@ int Path::order() {
             continue;
         char thumbprint[kThumbprintText + 1];
         thumbprint_text(asn_CopyList(issuer.list.head()), kDigestSha1, thumbprint);
-        err_add_text("Certificate [SHA-1=%s] breaks the chain", thumbprint);
-        return -NO_MATCH_ERROR;
+        return err_fail(NO_MATCH_ERROR, "Certificate [SHA-1=%s] breaks the chain", thumbprint);
     }
     return 0;
 }
@@ -218,7 +206,7 @@ int Path::verify() const {
         snprintf(name, sizeof name, "[%d]", i + 1);
         const int result = verify_object(issuer->fields.subjectPublicKeyInfo, links_[i].list.head(), name);
         if (result != 0)
-            return result == -1 ? -SIGNATURE_ERROR : -result;
+            return result == -1 ? SIGNATURE_ERROR : result;
         issuer = &links_[i];
     }
     return 0;

@@ -1,11 +1,9 @@
-// RSASSA-PKCS1-v1_5 (RFC 8017, 8.2.2) and DSA (RFC 3279, 2.2.2) over the bytes of a stream.
+// RSASSA-PKCS1-v1_5 (RFC 8017, 8.2.2) and DSA (RFC 3279, 2.2.2).
 #include "x509/verify/signature_check.h"
 
-#include <algorithm>
 #include <cstring>
 
 #include "asn1/asn_children.h"
-#include "asn1/byte_stream.h"
 #include "frame/err.h"
 #include "hash/digest.h"
 #include "rsa/pkcs1_signature.h"
@@ -28,38 +26,17 @@ bool has_no_parameters(const asn_Node* algorithmIdentifier) {
     return children.at_end() && (null == nullptr || (null->length == 0 && null->ndef == 0));
 }
 
-int digest_stream(ByteStream& stream, size_t offset, size_t size, int algorithm, uint8_t* digest) {
-    constexpr size_t kChunk = 64 * 1024;
-    SecretBuffer chunk(std::min(size, kChunk));
-    DigestContext context;
-    digest_init(context, algorithm);
-    bool whole = stream.seek(offset);
-    while (whole && size > 0) {
-        const size_t part = std::min(size, chunk.size());
-        whole = stream.read(chunk.data(), part) == part;
-        digest_update(context, chunk.data(), part);
-        size -= part;
-    }
-    const int length = digest_final(context, digest);
-    if (whole)
-        return length;
-    err_add_text("Invalid ASN.1 data");
-    return -INVALID_DATA_ERROR;
-}
-
 } // namespace
 
 int rsa_signer_key(const asn_Node* subjectPublicKeyInfo, RsaKey& key) {
     if (public_key_type(subjectPublicKeyInfo) != PublicKeyType::rsa) {
         char name[kAlgorithmName];
-        err_add_text("Unsupported key algorithm '%s': require `rsaEncryption'",
-                     public_key_algorithm(subjectPublicKeyInfo, name));
-        return NOT_SUPPORTED_ERROR;
+        return err_fail(NOT_SUPPORTED_ERROR, "Unsupported key algorithm '%s': require `rsaEncryption'",
+                        public_key_algorithm(subjectPublicKeyInfo, name));
     }
     if (rsa_public_key_of(subjectPublicKeyInfo, key))
         return 0;
-    err_add_text("Unable to convert public key");
-    return INVALID_DATA_ERROR;
+    return err_fail(INVALID_DATA_ERROR, "Unable to convert public key");
 }
 
 int SignatureCheck::prepare(const asn_Node* subjectPublicKeyInfo, const asn_Node* signatureAlgorithm,
@@ -80,10 +57,8 @@ int SignatureCheck::prepare_rsa(const asn_Node* subjectPublicKeyInfo, const char
     if (const int error = rsa_signer_key(subjectPublicKeyInfo, key))
         return error;
     digest_ = rsa_signature_digest(algorithm);
-    if (digest_ < 0) {
-        err_add_text("Unsupported signature algorithm %s", algorithm);
-        return NOT_SUPPORTED_ERROR;
-    }
+    if (digest_ < 0)
+        return err_fail(NOT_SUPPORTED_ERROR, "Unsupported signature algorithm %s", algorithm);
     return open_rsa(key);
 }
 
@@ -108,19 +83,13 @@ int SignatureCheck::prepare_dsa(const asn_Node* subjectPublicKeyInfo) {
     return kNever;
 }
 
-int SignatureCheck::compare(ByteStream& stream, size_t offset, size_t size) const {
-    uint8_t digest[kMaxDigestSize];
-    const int length = digest_stream(stream, offset, size, digest_, digest);
-    if (length < 0)
-        return -length;
-    const auto digestLength = static_cast<size_t>(length);
+bool SignatureCheck::matches(const uint8_t* digest, size_t length) const {
     if (dsa_.is_open())
-        return dsa_.matches(digest, digestLength) ? 0 : -1;
+        return dsa_.matches(digest, length);
     // The whole block is compared: reading the digest out of it would leave room for forgeries.
     SecretBuffer expected(block_.size());
-    if (pkcs1_sign_block(expected.data(), expected.size(), digest, digestLength, digest_, true) != 0)
-        return -1;
-    return memcmp(expected.data(), block_.data(), expected.size()) == 0 ? 0 : -1;
+    return pkcs1_sign_block(expected.data(), expected.size(), digest, length, digest_, true) == 0 &&
+           memcmp(expected.data(), block_.data(), expected.size()) == 0;
 }
 
 } // namespace zul

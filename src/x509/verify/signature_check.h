@@ -5,30 +5,28 @@
 
 namespace zul {
 
-class ByteStream;
-
 // rsa_signer_key takes the RSA key out of a SubjectPublicKeyInfo: 0 or a positive code with a text.
-int rsa_signer_key(const asn_Node* subjectPublicKeyInfo, RsaKey& key);
+[[nodiscard]] int rsa_signer_key(const asn_Node* subjectPublicKeyInfo, RsaKey& key);
 
-// SignatureCheck is a signature made ready to be compared with the bytes that it may belong to: RSA (RFC
-// 8017, 8.2.2) with any digest, or DSA (FIPS 186-4) with SHA-1.
+// SignatureCheck compares a signature with the digest of bytes: RSA (RFC 8017, 8.2.2) with any digest, or DSA
+// (FIPS 186-4) with SHA-1.
 class SignatureCheck {
   public:
     static constexpr int kNever = -2; // the signature belongs to no bytes at all
 
     // prepare takes the key and the two elements, which have to stay: 0, kNever, or a positive code with a
-    // text for a key or algorithm that does not serve.
-    int prepare(const asn_Node* subjectPublicKeyInfo, const asn_Node* signatureAlgorithm,
-                const asn_Node* signatureValue);
+    // text for an unsupported key or algorithm.
+    [[nodiscard]] int prepare(const asn_Node* subjectPublicKeyInfo, const asn_Node* signatureAlgorithm,
+                              const asn_Node* signatureValue);
 
-    // compare gives 0 if the signature belongs to the bytes, -1 if not, INVALID_DATA_ERROR with a text if
-    // they cannot be read.
-    int compare(ByteStream& stream, size_t offset, size_t size) const;
+    // Then digest_algorithm tells how to digest the bytes, and matches whether the signature is theirs.
+    int digest_algorithm() const { return digest_; }
+    bool matches(const uint8_t* digest, size_t length) const;
 
   private:
-    int prepare_rsa(const asn_Node* subjectPublicKeyInfo, const char* algorithm);
-    int prepare_dsa(const asn_Node* subjectPublicKeyInfo);
-    int open_rsa(const RsaKey& key);
+    [[nodiscard]] int prepare_rsa(const asn_Node* subjectPublicKeyInfo, const char* algorithm);
+    [[nodiscard]] int prepare_dsa(const asn_Node* subjectPublicKeyInfo);
+    [[nodiscard]] int open_rsa(const RsaKey& key);
 
     int digest_ = 0;
     const uint8_t* signature_ = nullptr;
