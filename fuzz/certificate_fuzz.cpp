@@ -12,7 +12,7 @@
 #include "x509/names/distinguished_name.h"
 #include "zulcore.h"
 
-// Whatever an object holds, the readers of its fields answer; what becomes DER is what a parser makes of it.
+// The readers of fields return for any object; DER that is made from it parses to the same elements.
 
 using namespace zul;
 

@@ -13,8 +13,8 @@
 #include "hash/digest.h"
 #include "rsa/rsa_key_string.h"
 
-// A message reads the same however often and in whatever pieces; a signature that verifies is one of the
-// content that is read; queries agree with the readers; what decrypts is shorter than what was encrypted.
+// Repeated reads, whole or in pieces, give the same. A signature that verifies is of the content that is
+// read. Queries agree with the readers. Decrypted content is shorter than the encrypted.
 
 using namespace zul;
 

@@ -6,8 +6,8 @@
 #include "encode/base64.h"
 #include "x509/crl/crl_reader.h"
 
-// Every entry that a list shows can be looked up, whatever the list is made of; and what is read after the
-// entries does not depend on whether they were.
+// Every entry that a list shows can be looked up. What follows the entries reads the same whether or not they
+// were read.
 
 using namespace zul;
 

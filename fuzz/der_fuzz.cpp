@@ -10,9 +10,9 @@
 #include "asn1/byte_stream.h"
 #include "asn1/oid.h"
 
-// A list that was parsed encodes to the very bytes that it was read from, of any length form, by itself and
-// under a new header; its elements are where the reader without a list finds them; a template made of it
-// matches; and nothing that looks at its nodes reads beyond them.
+// A parsed list encodes to the bytes that it was read from, by itself and under a new header. The reader
+// without a list finds the same elements at the same places. A template made of the list matches. No reader
+// of nodes reads beyond them.
 
 using namespace zul;
 

@@ -8,7 +8,7 @@
 #include "rsa/rsa_der.h"
 #include "rsa/rsa_key_input.h"
 
-// What a reader takes for a key is written as DER that reads as the same key and is written the same again.
+// A key that is read is written as DER that reads as the same key.
 
 using namespace zul;
 

@@ -8,9 +8,9 @@
 #include "x509/names/distinguished_name.h"
 #include "zulcore.h"
 
-// Bytes as a name's text: what is recognised makes a Name of as many parts, which its encoding reads as again
-// and which prints. Bytes as a Name: it prints whole, as a text in which a reader sees everything, or not at
-// all; and a short room gets the beginning of the same text.
+// The input as a name's text: the parts that are recognised make a Name of as many parts, whose encoding
+// reads back and prints. The input as a Name: it prints whole or not at all, and a short room gets the
+// beginning of the same text.
 
 using namespace zul;
 

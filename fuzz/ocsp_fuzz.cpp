@@ -6,8 +6,8 @@
 #include "ocsp/ocsp_request.h"
 #include "ocsp/ocsp_response.h"
 
-// A report has the lines that programs take apart, whatever is reported; a signature that verifies changes
-// nothing in it. What serves as an issuer has a request made.
+// Every report has the lines that programs parse, and a signature that verifies does not change them. A
+// request is made for any certificate that is accepted as an issuer.
 
 using namespace zul;
 

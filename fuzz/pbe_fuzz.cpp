@@ -17,7 +17,7 @@ static void require(bool claim) {
         std::abort();
 }
 
-// Honest files ask for counts that would take all the time there is.
+// Iteration counts of real files would take all the time of the search.
 static bool asks_for_many_iterations(const AsnList& list) {
     constexpr int64_t kMany = 500;
     for (const asn_Node* node = list.head(); node != nullptr; node = node->next) {

@@ -6,7 +6,7 @@
 #include "encode/pem.h"
 
 // A body found lies within the text, after a BEGIN and before the END or BEGIN that ends it, and does not
-// begin with what the reader skips; a text that counts as PEM has a body that is not empty.
+// begin with what the reader skips. A text that is accepted as PEM has a body that is not empty.
 
 using namespace zul;
 

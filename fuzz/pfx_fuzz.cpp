@@ -10,8 +10,8 @@
 #include "pfx/pfx_reader.h"
 #include "zulcore.h"
 
-// Any input is read or refused with a known code; what is found is one SEQUENCE that stands in the file; and
-// a MAC made of whatever the file holds verifies.
+// Any input is read or refused with a known code. What is found is one SEQUENCE of the file. A MAC made of
+// the file's content verifies.
 
 using namespace zul;
 
@@ -20,7 +20,7 @@ static void require(bool claim) {
         std::abort();
 }
 
-// Honest files ask for counts that would take all the time there is.
+// Iteration counts of real files would take all the time of the search.
 static bool asks_for_many_iterations(const asn_Node* macData) {
     constexpr int64_t kMany = 500;
     for (AsnChildren fields(macData); const asn_Node* field = fields.take();) {
@@ -58,7 +58,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         require(error == 0 || error == SIGNATURE_ERROR || error == NOT_SUPPORTED_ERROR ||
                 error == OUT_OF_RANGE_ERROR || error == INVALID_DATA_ERROR);
     }
-    // Two thousand iterations are not for every input.
+    // Too slow for every input: two thousand iterations.
     if (size % 64 == 0) {
         const AsnList made = pfx_mac_data(safe, "p");
         require(pfx_check_mac(made.head(), safe, "p") == 0 && pfx_check_mac(made.head(), safe, "") != 0);

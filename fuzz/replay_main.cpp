@@ -57,7 +57,7 @@ int main(int argc, char** argv) {
     for (const auto& path : files) {
         std::ifstream stream(path, std::ios::binary);
         const std::vector<uint8_t> seed{std::istreambuf_iterator<char>(stream), {}};
-        // Named before the run, so that a crash says which seed it grew from.
+        // Printed before the run, so that a crash shows its seed.
         std::printf("%s (%zu bytes)\n", path.filename().string().c_str(), seed.size());
         std::fflush(stdout);
         run(seed);

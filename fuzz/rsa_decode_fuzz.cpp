@@ -5,9 +5,9 @@
 
 #include "zulcore.h"
 
-// Four bytes of options, lowest first, and a block. What is decoded fits into the block, comes whole or cut
-// as the room is, and where encodings are unique encodes to the block again; what is refused leaves the
-// output alone.
+// The input is four bytes of options, lowest first, and a block. A decoded message fits into the block and is
+// cut to the room; where encodings are unique it encodes to the block again. A refused block leaves the
+// output untouched.
 
 using Bytes = std::vector<unsigned char>;
 

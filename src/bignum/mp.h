@@ -59,11 +59,12 @@ int mpModExp(DIGIT_T* y, const DIGIT_T* x, const DIGIT_T* e, const DIGIT_T* m, s
                            size_t n);                                // 1 and inv = 0 if there is none
 int mpGcd(DIGIT_T* g, const DIGIT_T* x, const DIGIT_T* y, size_t n); // 0
 // mpRabinMiller: 1 if w passes t rounds with random witnesses of one digit. For odd w above 3 (w = 2 would
-// look for a witness for ever).
+// loop for ever).
 [[nodiscard]] int mpRabinMiller(const DIGIT_T* w, size_t n, size_t t);
 
-// Big-endian bytes. From: high-order bytes that do not fit are ignored; the digits filled. To: exactly nbytes
-// bytes, low-order ones if they do not suffice; the least number of bytes that holds a.
+// Big-endian bytes. mpConvFromOctets ignores high-order bytes that do not fit and returns the digits filled.
+// mpConvToOctets writes exactly nbytes bytes, the low-order ones if a is longer, and returns the least number
+// of bytes that holds a.
 size_t mpConvFromOctets(DIGIT_T* a, size_t n, const uint8_t* bytes, size_t nbytes);
 size_t mpConvToOctets(const DIGIT_T* a, size_t n, uint8_t* bytes, size_t nbytes);
 

@@ -19,7 +19,7 @@ DIGIT_T estimate(DIGIT_T u2, DIGIT_T u1, DIGIT_T u0, DIGIT_T v1, DIGIT_T v0) {
         guess = high / v1;
         rest = high % v1;
     }
-    // Twice at most: a rest of more than a digit ends it.
+    // At most two rounds: a remainder of more than one digit ends the loop.
     while (rest <= kMaxDigit && guess * v0 > (rest << kDigitBits | u0)) {
         guess--;
         rest += v1;
@@ -27,7 +27,7 @@ DIGIT_T estimate(DIGIT_T u2, DIGIT_T u1, DIGIT_T u0, DIGIT_T v1, DIGIT_T v0) {
     return static_cast<DIGIT_T>(guess);
 }
 
-// subtract_product: r -= v * d over n digits; what is left to take from the digit that follows is returned.
+// subtract_product: r -= v * d over n digits; the borrow from the digit that follows is returned.
 // It adds to the complement of r, which makes one chain of carries where a product and a subtraction had two.
 DIGIT_T subtract_product(DIGIT_T* r, const DIGIT_T* v, DIGIT_T d, size_t n) {
     uint64_t carry = 0;

@@ -32,7 +32,7 @@ class IfmaEngine {
   public:
     IfmaEngine(const DIGIT_T* x, const DIGIT_T* m, size_t digits, size_t powers)
         : digits_(digits), n_((digits + 1) / 2), scratch_(2 * scratch_limbs(powers)) {
-        // Vectors want addresses that the allocation does not promise.
+        // Vectors need a stricter alignment than the allocation guarantees.
         uint8_t* start = reinterpret_cast<uint8_t*>(scratch_.take(2 * scratch_limbs(powers)));
         start += -reinterpret_cast<uintptr_t>(start) % 64;
         modulus_ = reinterpret_cast<Modulus*>(start);

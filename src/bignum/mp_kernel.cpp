@@ -15,7 +15,7 @@ bool mp_kernel_usable() {
     return cpu_has(kCpuAvx2 | kCpuAdx);
 }
 
-// An odd number of digits leaves one above the limbs, whose products are added one digit row each.
+// With an odd number of digits the highest is no part of a limb; its products are added digit by digit.
 void mp_kernel_multiply(DIGIT_T* w, const DIGIT_T* u, const DIGIT_T* v, size_t n) {
     const size_t even = n / 2 * 2;
     limb_multiply(limbs_of(w), limbs_of(u), limbs_of(v), n / 2);

@@ -7,7 +7,7 @@
 // memory, so that arrays of digits are read in place.
 namespace zul {
 
-// A typedef, as clang passes over an alignment in an alias.
+// A typedef, since clang ignores the alignment of an alias.
 typedef uint64_t Limb __attribute__((aligned(4), may_alias));
 __extension__ typedef unsigned __int128 WideLimb;
 

@@ -12,8 +12,8 @@ namespace {
 
 constexpr size_t kBinaryBits = 15; // the longest exponent for which a table of powers would not pay
 
-// DigitEngine computes modulo m shifted left until its highest bit is set, which spares the divisions their
-// normalising; only the result is reduced modulo m itself.
+// DigitEngine computes modulo m shifted left until its highest bit is set, so that no division has to
+// normalise its divisor; only the result is reduced modulo m itself.
 class DigitEngine {
   public:
     // x and m have n digits, of which m has size significant ones.
@@ -56,7 +56,7 @@ class DigitEngine {
         mp_divide_steps(nullptr, product_, product_[last], last, shifted_, size_);
         mpSetEqual(w, product_, size_);
     }
-    // The n digits of u are used up.
+    // Overwrites the n digits of u.
     void remainder(DIGIT_T* w, DIGIT_T* u, size_t n, const DIGIT_T* divisor) {
         n = mpSizeof(u, n);
         mp_divide_with(nullptr, u, u, n, divisor, size_, work_);

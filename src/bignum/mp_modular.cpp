@@ -35,8 +35,8 @@ void mpModMult(DIGIT_T* a, const DIGIT_T* x, const DIGIT_T* y, const DIGIT_T* m,
     mpModulo(a, product, 2 * n, m, n);
 }
 
-// The signs of the coefficients alternate from step to step, so their parity stands for them. No coefficient
-// exceeds v.
+// The signs of the coefficients alternate from step to step, so the parity of the step gives them. No
+// coefficient exceeds v.
 int mpModInv(DIGIT_T* inv, const DIGIT_T* u, const DIGIT_T* v, size_t n) {
     MpScratch scratch(6 * n);
     Remainders r{scratch.take(n), scratch.take(n), mpSizeof(u, n), mpSizeof(v, n)};

@@ -58,7 +58,7 @@ using MtFill = int (*)(uint8_t* out, size_t len, const uint8_t* seed, size_t see
 constexpr int kMtPrintLines = 1, kMtPrintNoLeadingZeros = 2;
 void mtPrint(const MtNumber* b, int flags); // standard output
 
-// BigInt owns an MT and stands wherever one is asked for.
+// BigInt owns an MT and converts to one.
 class BigInt {
   public:
     BigInt() : handle_(mtNew()) {}

@@ -30,8 +30,8 @@ size_t short_size(MT u) {
 
 } // namespace
 
-// A result gets its room after the operands have got theirs: it is cut to that length unless it is one of
-// them, and then it is no longer anyway.
+// Operands are widened before the result is resized: a result that is not an operand is cut to that length,
+// and one that is an operand is no longer than that.
 
 DIGIT_T mtShortAdd(MT w, MT u, DIGIT_T d) {
     const size_t n = short_size(u);

@@ -8,8 +8,8 @@ namespace zul {
 // 1 the fuller set.
 void rng_stir(int option);
 
-// ClearedVectors stands first in an export, so that nothing which the call has held stays in the vector
-// registers when it returns. CallFrame has one.
+// ClearedVectors clears the vector registers at its end, where keys and plain text of the call may still be.
+// CallFrame has one; an export without a frame declares its own before everything else.
 struct ClearedVectors {
     ~ClearedVectors() { cpu_clear_vectors(); }
 };

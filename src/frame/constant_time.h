@@ -5,7 +5,7 @@
 // Truth values as masks (all ones or zero), for decisions on secrets that no branch or address may show.
 namespace zul {
 
-// What the optimiser must not see through, lest it makes a branch of a mask.
+// opaque hides a value from the optimiser, which could otherwise turn a mask into a branch.
 inline uint32_t opaque(uint32_t value) {
     __asm__("" : "+r"(value));
     return value;

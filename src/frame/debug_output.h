@@ -3,8 +3,8 @@
 
 namespace zul {
 
-// What the library's own developers may have printed on standard output. No export switches these on, since
-// the output holds secrets.
+// Switches for output of the library's developers on standard output. The output holds secrets, so no export
+// sets them.
 struct DebugOutput {
     std::atomic<int> values{0}; // key generation: 1 sizes, 2 every value
     std::atomic<int> structures{

@@ -18,7 +18,7 @@ bool option_set(const char* name) {
     return platform::option_number(name, &value) && value != 0;
 }
 
-// log_path gives false for a folder whose name would have to be cut: the rest is another folder.
+// log_path gives false if the path does not fit: a path that is cut names another folder.
 bool log_path(char* path, int size) {
     if (!platform::option_text("ErrorLogDir", path, static_cast<size_t>(size)))
         path[0] = '\0';
@@ -44,8 +44,8 @@ void write_log_line(const char* message, uint32_t eventId) {
     char when[27];
     platform::local_time_text(when);
     char line[1024];
-    // The event identifier is a 32-bit signed number in this line, so those with the severity bits set stand
-    // there as negative numbers; log readers know them so.
+    // The line shows the event identifier as a signed 32-bit number: negative where the severity bits are
+    // set. Log readers expect that.
     snprintf(line, sizeof line, "%s%s (%ld) %s\n", when, kSource,
              static_cast<long>(static_cast<int32_t>(eventId)), message);
     platform::append_line(path, line);

@@ -8,17 +8,17 @@ namespace zul {
 // a null pointer or a size of 0 or less it copies nothing and returns 0.
 int str_copy(char* dest, const char* src, int size);
 
-// str_append appends src to the text in dest, of which size counts the whole room; returns the length that
-// the joined text would have had without the cut, 0 as str_copy.
+// str_append appends src to the text in dest. size is the whole room of dest. It returns the length that the
+// joined text would have without the cut, and 0 where str_copy does.
 int str_append(char* dest, const char* src, int size);
 
 constexpr size_t kLongestFileName = 260, kLongestAlgorithmName = 23;
 
-// may_be_name tells whether an argument can be a name: no line break in it, and no longer than names are.
+// may_be_name tells whether a text can be a name: it has no line break and at most longest characters.
 bool may_be_name(std::string_view text, size_t longest = kLongestFileName);
 
-// shown_name gives an argument for an error text: itself if it may be a name, else "...", since it may be a
-// private key. Every text of a caller goes through it on its way into an error text.
+// shown_name gives a caller's text for an error text: the text itself if it may be a name, else "...", since
+// it may be a private key. No caller's text enters an error text without it.
 const char* shown_name(const char* text, size_t longest = kLongestFileName);
 
 // is_missing tells whether a text argument is null or empty.

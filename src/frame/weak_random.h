@@ -6,9 +6,9 @@
 
 namespace zul {
 
-// WeakRandom makes bytes that only have to be different from run to run: fillings, test messages, witnesses.
-// It is seeded anew by the clocks and private to its owner, so that a caller's own sequence of rand() is left
-// alone. Nothing secret may come of it.
+// WeakRandom makes bytes that only have to differ from run to run: fillings, test messages, witnesses. It
+// must not be used for secrets. Each object is seeded from the clocks; rand() would disturb the caller's
+// sequence.
 class WeakRandom {
   public:
     WeakRandom()

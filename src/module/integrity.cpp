@@ -9,7 +9,7 @@
 
 namespace zul {
 
-// volatile: its values are not those that the compiler sees.
+// volatile: the values are filled in after the compiler has seen them.
 extern const volatile ModuleSeal kModuleSeal;
 const volatile ModuleSeal kModuleSeal = {
     {'z', 'u', 'l', 0xB7, 0x1D, 0xE4, 0x52, 0x9A, 0x0F, 0xC8, 0x63, 0x3E, 0xA5, 's', 'l', 0x01},
@@ -41,7 +41,7 @@ struct SignedParts {
     uint64_t certificates = 0, certificatesSize = 0; // as the entry tells
 };
 
-// read_signed_parts reads the head of a PE32+ file; false for one that is none, or not whole.
+// read_signed_parts reads the head of a PE32+ file; false for any other file, or a cut one.
 bool read_signed_parts(const uint8_t* head, size_t size, SignedParts& parts) {
     constexpr size_t kPeAt = 0x3C, kFileHeader = 24; // with the signature before it
     constexpr size_t kChecksum = 64, kDirectoryCount = 108, kEntry = 112 + 4 * 8, kEntryEnd = kEntry + 8;
@@ -62,8 +62,8 @@ bool read_signed_parts(const uint8_t* head, size_t size, SignedParts& parts) {
     return true;
 }
 
-// SealMac is HMAC-SHA-256 on the digest itself: the choice among all digests goes through tables, which may
-// be what is damaged.
+// SealMac is HMAC-SHA-256 on SHA-256 directly. The general HMAC chooses its digest through data, which may be
+// damaged.
 class SealMac {
   public:
     explicit SealMac(const ModuleSeal& seal) : seal_(seal) { begin(0x36); }
@@ -119,7 +119,8 @@ bool file_matches(platform::FileHandle file, const ModuleSeal& seal) {
     SignedParts parts;
     if (size >= 2 && memcmp(portion.data(), "MZ", 2) == 0 && !read_signed_parts(portion.data(), size, parts))
         return false;
-    // What stands behind the sealed file is a table of certificates, and the entry tells of no other.
+    // Only a table of certificates may follow the sealed file, and the entry must describe exactly that
+    // table.
     if (parts.certificatesSize != behind || (behind != 0 && parts.certificates != sealedSize) ||
         (behind == 0 && parts.certificates != 0))
         return false;

@@ -2,7 +2,7 @@
 #include <cstddef>
 #include <cstdint>
 
-// What the algorithms have to give at power-up: the published examples of their standards.
+// The expected results of the tests at power-up: published examples of the standards.
 namespace zul {
 
 struct TdesAnswer {
@@ -33,7 +33,7 @@ struct HmacAnswer {
 constexpr size_t kHmacAnswerCount = 6;
 extern const HmacAnswer kHmacAnswers[kHmacAnswerCount];
 
-// A key that is nobody's, for trying the RSA operations: 1024 bits, e = 65537; the numbers are big-endian.
+// A key used for the RSA test alone: 1024 bits, e = 65537; the numbers are big-endian.
 struct RsaTestKey {
     uint8_t n[128], d[128], p[64], q[64], dP[64], dQ[64], qInv[64];
 };

@@ -29,8 +29,7 @@ bool module_start(void* moduleHandle) {
 bool module_load(void* moduleHandle) {
     if (!module_start(moduleHandle))
         return false;
-    // No thread has a record yet: nothing needs the lock, on whose damaged bytes a thread could wait for
-    // ever.
+    // No thread has a record yet, so nothing needs the lock. Its bytes may be damaged: taking it could hang.
     if (!integrity_holds()) {
         loaded = false;
         platform::slot_destroy();
@@ -44,7 +43,7 @@ bool module_load(void* moduleHandle) {
 }
 
 bool module_thread_attach() {
-    // Not the record itself but its being kept decides: a thread that fell back on the shared one is refused.
+    // The slot decides: a thread without a record of its own uses the shared one, and is refused.
     thread_record(RecordPath::generator);
     if (platform::slot_get() == nullptr)
         return false;
@@ -57,7 +56,7 @@ void module_thread_detach() {
 }
 
 void module_exit() {
-    // Nothing is freed, no lock is taken: memory and lock may be in the hands of other threads.
+    // Nothing is freed and no lock is taken: other threads may be using the memory and hold the lock.
     if (void* own = platform::slot_get())
         wipe_bytes(&static_cast<ThreadRecord*>(own)->rng, sizeof(RngState));
 }

@@ -43,7 +43,7 @@ bool tdes_gives(const TdesKey& key) {
     return memcmp(found, plain, sizeof found) == 0;
 }
 
-// Block after block, and with every lane of the widest kernel for many blocks in use.
+// Tests one block after the other, and every lane of the widest kernel for many blocks.
 bool tdes_holds(int) {
     constexpr size_t kForEveryLane = 171; // 513 blocks
     Wiped<TdesKey> key;
@@ -51,8 +51,8 @@ bool tdes_holds(int) {
     return tdes_gives<1>(*key) && tdes_gives<kForEveryLane>(*key);
 }
 
-// bulk_agrees tells whether many blocks at once, of which some kernels take eight side by side, give what
-// they do one by one.
+// bulk_agrees compares the digest of many blocks given at once with that of the same blocks given one by one:
+// some kernels work on eight blocks side by side.
 bool bulk_agrees(int algorithm, const char* message) {
     const size_t length = strlen(message);
     constexpr size_t kCopies = 11, kLongest = 112;
@@ -103,7 +103,7 @@ bool hmac_holds(int algorithm) {
     return false;
 }
 
-// The generator has not been checked yet, and the pair-wise test needs none.
+// The pair-wise test needs no random numbers: the generator has not been checked yet.
 bool rsa_holds(int) {
     const RsaTestKey& test = kRsaTestKey;
     RsaKey key;

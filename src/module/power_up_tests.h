@@ -1,6 +1,6 @@
 #pragma once
 
-// What decides whether the module may serve anybody (after FIPS 140-2, 4.9.1).
+// The self-tests that decide whether the module loads (after FIPS 140-2, 4.9.1).
 namespace zul {
 
 // integrity_holds is the first of the tests; a failure is reported as fatal.
