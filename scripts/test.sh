@@ -11,7 +11,7 @@ step() {
 step "packages"
 scripts/setup.sh
 
-presets=(native windows asan tsan)
+presets=(native windows asan tsan fuzz)
 mkdir -p build
 for preset in "${presets[@]}"; do
     step "build $preset"
