@@ -80,10 +80,10 @@ inline void bench_fill_key(zul::RsaKey& key, const BenchPrimes& primes) {
     zul::mtMultiply(phi, p1, q1);
     zul::mtMultiply(key.n, key.p, key.q);
     zul::mtSetShort(key.e, kBenchExponent);
-    zul::mtModInv(key.d, key.e, phi);
+    static_cast<void>(zul::mtModInv(key.d, key.e, phi));
     zul::mtModulo(key.dP, key.d, p1);
     zul::mtModulo(key.dQ, key.d, q1);
-    zul::mtModInv(key.qInv, key.q, key.p);
+    static_cast<void>(zul::mtModInv(key.qInv, key.q, key.p));
     key.bits = zul::mtBitLength(key.n);
     key.flags = zul::kRsaPublic | zul::kRsaPrivate | zul::kRsaCrt;
 }

@@ -58,8 +58,10 @@ bool bulk_agrees(int algorithm, const char* message) {
     constexpr size_t kCopies = 11, kLongest = 112;
     uint8_t all[kCopies * kLongest];
     DigestContext parts, whole;
-    if (length > kLongest || digest_init(parts, algorithm) != 0 || digest_init(whole, algorithm) != 0)
+    if (length > kLongest)
         return false;
+    digest_init(parts, algorithm);
+    digest_init(whole, algorithm);
     for (size_t i = 0; i < kCopies; i++) {
         memcpy(all + i * length, message, length);
         digest_update(parts, message, length);
