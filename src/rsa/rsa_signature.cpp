@@ -7,24 +7,12 @@
 #include "rsa/rsa_operation.h"
 
 namespace zul {
-namespace {
-
-bool undoes_to(const RsaKey& key, const uint8_t* signature, size_t signatureLen, const SecretBuffer& block) {
-    SecretBuffer undone(key.bytes());
-    size_t length = 0;
-    return rsaPublic(&key, undone.data(), &length, signature, signatureLen) == 0 &&
-           memcmp(undone.data(), block.data(), block.size()) == 0;
-}
-
-} // namespace
-
 SecretBuffer rsa_make_signature(const RsaKey& key, const uint8_t* message, size_t length, int algorithm,
                                 bool isDigest) {
     SecretBuffer block(key.bytes()), signature(key.bytes());
     size_t signatureLen = 0;
     if (pkcs1_sign_block(block.data(), block.size(), message, length, algorithm, isDigest) != 0 ||
-        rsaPrivate(&key, signature.data(), &signatureLen, block.data(), block.size()) != 0 ||
-        !undoes_to(key, signature.data(), signature.size(), block))
+        rsaPrivate(&key, signature.data(), &signatureLen, block.data(), block.size()) != 0)
         return {};
     return signature;
 }
@@ -32,10 +20,12 @@ SecretBuffer rsa_make_signature(const RsaKey& key, const uint8_t* message, size_
 bool rsa_signature_is(const RsaKey& key, const uint8_t* signature, size_t signatureLen, const uint8_t* digest,
                       size_t digestLen, int algorithm) {
     // The whole block is compared: reading the digest out of it would leave room for forgeries.
-    SecretBuffer block(key.bytes());
+    SecretBuffer block(key.bytes()), undone(key.bytes());
+    size_t length = 0;
     return signatureLen == key.bytes() &&
            pkcs1_sign_block(block.data(), block.size(), digest, digestLen, algorithm, true) == 0 &&
-           undoes_to(key, signature, signatureLen, block);
+           rsaPublic(&key, undone.data(), &length, signature, signatureLen) == 0 &&
+           memcmp(undone.data(), block.data(), block.size()) == 0;
 }
 
 } // namespace zul

@@ -4,9 +4,8 @@
 
 namespace zul {
 
-// rsa_make_signature signs a message, or a digest given as it is, with PKCS #1 v1.5 (RFC 8017, 8.2.1): empty
-// if the key cannot. A signature that the public part of the key does not undo is never given away: one that
-// went wrong in one of the two primes would tell the key, and one of a damaged key serves nobody.
+// rsa_make_signature signs a message, or a digest given as it is, with PKCS #1 v1.5 (RFC 8017, 8.2.1). It is
+// empty if the key is too short or damaged: rsaPrivate verifies what it computes.
 SecretBuffer rsa_make_signature(const RsaKey& key, const uint8_t* message, size_t length, int algorithm,
                                 bool isDigest);
 

@@ -33,7 +33,7 @@ bool recover_content_key(const RsaKey& key, const uint8_t* encryptedKey, size_t 
         rng_fail();
     SecretBuffer block(length); // zero, and so no good one, if the operation fails
     size_t blockLen = 0;
-    rsaPrivate(&key, block.data(), &blockLen, encryptedKey, length);
+    static_cast<void>(rsaPrivate(&key, block.data(), &blockLen, encryptedKey, length));
 
     const size_t start = length - keyLength;
     const uint32_t good = block_is_good(block.data(), start);
