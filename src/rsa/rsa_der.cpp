@@ -15,6 +15,7 @@ namespace {
 
 constexpr char kRsaEncryption[] = "rsaEncryption";
 constexpr size_t kMaxValueBytes = kMaxRsaBits / 8;
+constexpr size_t kMaxShortExponent = 64, kMaxBitsWithLongExponent = 4096;
 
 AsnList integer(const BigInt& value) {
     SecretBuffer bytes(mtConvToOctets(value, nullptr, 0));
@@ -30,9 +31,10 @@ AsnChildren inside(const asn_Node* list) {
     return AsnChildren(asn_is(list, kAsnConstructed, kAsnSequence) ? list : nullptr);
 }
 
-// read_integer takes an INTEGER that is not negative and of a size that can be computed with.
+// read_integer reads an INTEGER of a size that can be computed with, as an unsigned number: old encoders left
+// out the 00 byte before a first byte of 80 or more.
 bool read_integer(const asn_Node* node, BigInt& value) {
-    if (node->data == nullptr || node->length == 0 || (node->data[0] & 0x80) != 0)
+    if (node->data == nullptr || node->length == 0)
         return false;
     const uint8_t* bytes = node->data;
     size_t size = node->length;
@@ -99,9 +101,15 @@ bool rsa_values_usable(const RsaKey& key) {
     if (!is_odd(key.n) || key.bits != mtBitLength(key.n) || key.bits > kMaxRsaBits ||
         !is_in_range(key.e, key.n))
         return false;
-    if ((key.flags & kRsaPrivate) != 0 && !is_in_range(key.d, key.n))
+    if ((key.flags & kRsaPrivate) == 0)
+        return key.bits <= kMaxBitsWithLongExponent || mtBitLength(key.e) <= kMaxShortExponent;
+    if (!is_in_range(key.d, key.n))
         return false;
     return (key.flags & kRsaCrt) == 0 || has_usable_primes(key);
+}
+
+bool rsa_exponent_is_safe(const RsaKey& key) {
+    return is_odd(key.e) && mtShortCmp(key.e, 3) >= 0;
 }
 
 AsnList rsa_public_key_list(const RsaKey& key) {

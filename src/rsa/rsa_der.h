@@ -19,10 +19,18 @@ bool rsa_read_subject_public_key_info(const asn_Node* list, RsaKey& key);
 bool rsa_read_private_key(const asn_Node* list, RsaKey& key); // version 0: two primes
 bool rsa_read_private_key_info(const asn_Node* list, RsaKey& key);
 
-// rsa_values_usable tells whether the values of the parts that flags names can be computed with: an odd
-// modulus from 3 to kMaxRsaBits bits, e and d from 1 to below it, p and q odd and above 1 with the modulus as
-// their product, dP, dQ and qInv in their ranges and qInv * q = 1 mod p. Whether e and d belong together is
-// not asked, nor whether p and q are primes.
+// rsa_values_usable tells whether a key can be computed with:
+// - n is odd, from 3 up, and has at most kMaxRsaBits bits; e is from 1 to n - 1;
+// - in a public key e has at most 64 bits if n has more than 4,096: anybody may send one, and longer
+// exponents
+//   cost seconds;
+// - in a private key d is from 1 to n - 1;
+// - with CRT values p and q are odd and above 1, p * q = n, dP < p, dQ < q, qInv < p and qInv * q = 1 mod p.
+// It does not check that e, d, dP and dQ belong together, nor that p and q are primes.
 bool rsa_values_usable(const RsaKey& key);
+
+// rsa_exponent_is_safe tells whether e can belong to a private key: it is odd and from 3 up. With e = 1
+// anybody makes signatures, and encrypted data stay as they are. Keys of certificates have to pass.
+bool rsa_exponent_is_safe(const RsaKey& key);
 
 } // namespace zul

@@ -176,3 +176,14 @@ TEST(X509CheckCertInCrl, SaysWhatIsWrong) {
     EXPECT_EQ(X509_CheckCertInCRL(nullptr, crl.c_str(), nullptr, nullptr, 0), -BAD_PARAM_ERROR);
     EXPECT_EQ(X509_CheckCertInCRL(leaf.c_str(), nullptr, nullptr, nullptr, 0), -BAD_PARAM_ERROR);
 }
+
+// With the exponent 1 the encoded digest is its own signature, so that anybody could sign.
+TEST(X509Verify, TrustsNoExponentOfOne) {
+    Bytes forged = with_changed(der_of("ca.pem"), "0203010001", 2, 0);
+    const auto length = [&](size_t at) { return forged[at + 2] * 256 + forged[at + 3]; };
+    const int tbs = length(4) + 4, room = 256;
+    unsigned char* const signature = forged.data() + forged.size() - room;
+    ASSERT_EQ(RSA_EncodeMsg(signature, room, forged.data() + 4, tbs, ZUL_EMSIG_PKCSV1_5 | ZUL_HASH_SHA256),
+              0);
+    EXPECT_EQ(X509_VerifyCert(pem(forged).c_str(), pem(forged).c_str()), INVALID_DATA_ERROR);
+}

@@ -11,6 +11,7 @@
 #include "encode/hex.h"
 #include "frame/err.h"
 #include "hash/digest.h"
+#include "rsa/rsa_der.h"
 #include "rsa/rsa_key_string.h"
 #include "rsa/rsa_signature.h"
 #include "x509/fields/signature_algorithm.h"
@@ -208,7 +209,8 @@ int make_signed_with_value(const char* path, const uint8_t* signature, size_t si
     if (const int error = read_certificates(message, list, options))
         return error;
     RsaKey key;
-    if (!rsa_public_key_of(message.certificates.signer().subjectPublicKeyInfo, key))
+    if (!rsa_public_key_of(message.certificates.signer().subjectPublicKeyInfo, key) ||
+        !rsa_exponent_is_safe(key))
         return fail(SIGNATURE_ERROR, "Cannot read RSA public key of first certificate");
     if (!rsa_signature_is(key, signature, signatureLen, message.digest.bytes, message.digest.length,
                           message.digest.algorithm))

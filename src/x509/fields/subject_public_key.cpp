@@ -16,7 +16,6 @@ namespace {
 
 // What costs too much to compute with is refused: a certificate may come from anybody.
 constexpr size_t kMaxDsaBits = 16384;
-constexpr size_t kMaxRsaBitsOfAnyExponent = 16384, kMaxLongExponentBits = 64;
 
 // with_joined_bits gives a SubjectPublicKeyInfo whose BIT STRING is not in segments: info itself, or a copy
 // that joined holds.
@@ -90,8 +89,7 @@ const char* public_key_algorithm(const asn_Node* info, char out[kAlgorithmName])
 bool rsa_public_key_of(const asn_Node* info, RsaKey& key) {
     AsnList joined;
     info = with_joined_bits(info, joined);
-    return public_key_type(info) == PublicKeyType::rsa && rsa_read_subject_public_key_info(info, key) &&
-           (key.bits <= kMaxRsaBitsOfAnyExponent || mtBitLength(key.e) <= kMaxLongExponentBits);
+    return public_key_type(info) == PublicKeyType::rsa && rsa_read_subject_public_key_info(info, key);
 }
 
 DsaKeyState dsa_public_key_of(const asn_Node* info, DsaPublicKey& key) {

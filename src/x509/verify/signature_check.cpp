@@ -7,6 +7,7 @@
 #include "frame/err.h"
 #include "hash/digest.h"
 #include "rsa/pkcs1_signature.h"
+#include "rsa/rsa_der.h"
 #include "rsa/rsa_operation.h"
 #include "x509/fields/signature_algorithm.h"
 
@@ -34,7 +35,7 @@ int rsa_signer_key(const asn_Node* subjectPublicKeyInfo, RsaKey& key) {
         return err_fail(NOT_SUPPORTED_ERROR, "Unsupported key algorithm '%s': require `rsaEncryption'",
                         public_key_algorithm(subjectPublicKeyInfo, name));
     }
-    if (rsa_public_key_of(subjectPublicKeyInfo, key))
+    if (rsa_public_key_of(subjectPublicKeyInfo, key) && rsa_exponent_is_safe(key))
         return 0;
     return err_fail(INVALID_DATA_ERROR, "Unable to convert public key");
 }
