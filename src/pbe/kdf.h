@@ -7,6 +7,10 @@
 // Key derivation from passwords. Iteration counts below 1 count as 1. hashAlg is a ZUL_HASH_ algorithm.
 namespace zul {
 
+// kMaxForeignIterations is the largest iteration count that a file may ask for: some seconds of computing,
+// the best part of a minute with MD2.
+constexpr uint32_t kMaxForeignIterations = 10'000'000;
+
 // pbkdf1 (RFC 8018, 5.1) writes outLen bytes, at most the digest's length.
 void pbkdf1(uint8_t* out, size_t outLen, int hashAlg, const void* password, size_t passwordLen,
             const uint8_t* salt, size_t saltLen, uint32_t iterations);

@@ -89,24 +89,19 @@ bool is_sequence(const SecretBuffer& bytes) {
     return asn_is(list.head(), kAsnConstructed, kAsnSequence) && stream.at_end();
 }
 
-int decryption_error(const char* text) {
-    err_add_text("%s", text);
-    return DECRYPT_ERROR;
-}
-
 int decrypt_in_place(PbeParams& params, SecretBuffer& data) {
     const size_t block = params.ivLength;
     if (data.empty() || data.size() % block != 0)
-        return decryption_error("Decryption error");
+        return err_fail(DECRYPT_ERROR, "Decryption error");
     Secret<kPbeMaxKey> key;
     pbe_derive_key(params, key);
     if (const int error = pbe_decrypt_blocks(params, key, data.data(), data.size() / block); error != 0)
         return error;
     const size_t padding = pad_count(data.data() + data.size() - block, block);
     if (padding == 0)
-        return decryption_error("Decryption error");
+        return err_fail(DECRYPT_ERROR, "Decryption error");
     data.shrink(data.size() - padding);
-    return is_sequence(data) ? 0 : decryption_error("Not valid PrivateKeyInfo data");
+    return is_sequence(data) ? 0 : err_fail(DECRYPT_ERROR, "Not valid PrivateKeyInfo data");
 }
 
 } // namespace
@@ -125,7 +120,7 @@ int pbe_setup(PbeContext& context, const char* password, int iterationCount, int
         return error;
     params.iterations = iterationCount < 1 ? 1 : static_cast<uint32_t>(iterationCount);
     choose_scheme(params, options);
-    return 0;
+    return pbe_check_iterations(params.iterations); // what is written here can be read here
 }
 
 AsnList pbe_encrypt(PbeContext& context, const uint8_t* plain, size_t plainLen) {
@@ -171,8 +166,7 @@ int pbe_decrypt(const asn_Node* encryptedPrivateKeyInfo, const char* password, S
         asn_is(encryptedPrivateKeyInfo, kAsnConstructed, kAsnSequence) ? encryptedPrivateKeyInfo : nullptr);
     const asn_Node* algorithm = children.take_sequence();
     if (algorithm == nullptr || !asn_GetOctets(children.take_octets(), data) || !children.at_end()) {
-        err_add_text("Invalid EncryptedPrivateKeyInfo format");
-        return BAD_FORMAT_ERROR;
+        return err_fail(BAD_FORMAT_ERROR, "Invalid EncryptedPrivateKeyInfo format");
     }
     int error = pbe_read_algorithm(params, algorithm);
     if (error == 0)

@@ -22,14 +22,16 @@ class PbeContext {
     PbeParams* params_;
 };
 
-// pbe_setup chooses the scheme for encryption: 0 or a positive code (BAD_PARAM_ERROR: no password).
-int pbe_setup(PbeContext& context, const char* password, int iterationCount, int options);
+// pbe_setup chooses the scheme for encryption: 0 or a positive code: BAD_PARAM_ERROR (no password),
+// BAD_LENGTH_ERROR, or OUT_OF_RANGE_ERROR with a text (more iterations than pbe_decrypt takes).
+[[nodiscard]] int pbe_setup(PbeContext& context, const char* password, int iterationCount, int options);
 
 // pbe_encrypt gives an EncryptedPrivateKeyInfo for the plain DER; empty, with a text, if it cannot.
 AsnList pbe_encrypt(PbeContext& context, const uint8_t* plain, size_t plainLen);
 
 // pbe_decrypt decrypts an EncryptedPrivateKeyInfo: 0 or a positive code (BAD_FORMAT_ERROR,
-// NOT_SUPPORTED_ERROR, DECRYPT_ERROR), with a text. After an error plain is empty.
-int pbe_decrypt(const asn_Node* encryptedPrivateKeyInfo, const char* password, SecretBuffer& plain);
+// NOT_SUPPORTED_ERROR, OUT_OF_RANGE_ERROR, DECRYPT_ERROR), with a text. After an error plain is empty.
+[[nodiscard]] int pbe_decrypt(const asn_Node* encryptedPrivateKeyInfo, const char* password,
+                              SecretBuffer& plain);
 
 } // namespace zul

@@ -9,7 +9,9 @@ void pbe_derive_key(PbeParams& params, Secret<kPbeMaxKey>& key);
 
 // pbe_encrypt_blocks and pbe_decrypt_blocks work in place on whole blocks of params.ivLength bytes: 0 or
 // NOT_SUPPORTED_ERROR with a text.
-int pbe_encrypt_blocks(const PbeParams& params, const Secret<kPbeMaxKey>& key, uint8_t* data, size_t blocks);
-int pbe_decrypt_blocks(const PbeParams& params, const Secret<kPbeMaxKey>& key, uint8_t* data, size_t blocks);
+[[nodiscard]] int pbe_encrypt_blocks(const PbeParams& params, const Secret<kPbeMaxKey>& key, uint8_t* data,
+                                     size_t blocks);
+[[nodiscard]] int pbe_decrypt_blocks(const PbeParams& params, const Secret<kPbeMaxKey>& key, uint8_t* data,
+                                     size_t blocks);
 
 } // namespace zul

@@ -31,13 +31,11 @@ class OidName {
 };
 
 int no_params() {
-    err_add_text("Failed to extract PBE parameters");
-    return BAD_FORMAT_ERROR;
+    return err_fail(BAD_FORMAT_ERROR, "Failed to extract PBE parameters");
 }
 
 int no_cipher_params() {
-    err_add_text("PBES2 encryption scheme parameters invalid or not supported");
-    return BAD_FORMAT_ERROR;
+    return err_fail(BAD_FORMAT_ERROR, "PBES2 encryption scheme parameters invalid or not supported");
 }
 
 // positive reads an INTEGER from 1 to 2^32-1; 0 for any other.
@@ -52,10 +50,12 @@ uint32_t positive(const asn_Node* node) {
     return value;
 }
 
-bool read_salt_and_iterations(PbeParams& params, AsnChildren& children) {
+int read_salt_and_iterations(PbeParams& params, AsnChildren& children) {
     const asn_Node* salt = children.take_octets();
     params.iterations = positive(children.take_integer());
-    return asn_GetOctets(salt, params.salt) && params.salt.size() <= kAsnMaxContent && params.iterations != 0;
+    if (!asn_GetOctets(salt, params.salt) || params.salt.size() > kAsnMaxContent || params.iterations == 0)
+        return no_params();
+    return pbe_check_iterations(params.iterations);
 }
 
 // read_pbkdf2 reads PBKDF2-params. keyLength becomes 0 if the field is absent.
@@ -65,13 +65,13 @@ int read_pbkdf2(PbeParams& params, const asn_Node* algorithm, uint32_t* keyLengt
     if (oid == nullptr)
         return no_params();
     const OidName name(oid);
-    if (!name.is("pkcs5PBKDF2")) {
-        err_add_text("Key derivation algorithm '%s' not supported", name.text());
-        return NOT_SUPPORTED_ERROR;
-    }
+    if (!name.is("pkcs5PBKDF2"))
+        return err_fail(NOT_SUPPORTED_ERROR, "Key derivation algorithm '%s' not supported", name.text());
     AsnChildren fields(children.take_sequence());
-    if (!children.at_end() || !read_salt_and_iterations(params, fields))
+    if (!children.at_end())
         return no_params();
+    if (const int error = read_salt_and_iterations(params, fields))
+        return error;
     *keyLength = 0;
     if (const asn_Node* field = fields.take_integer(); field != nullptr) {
         *keyLength = positive(field);
@@ -89,10 +89,8 @@ int read_pbkdf2(PbeParams& params, const asn_Node* algorithm, uint32_t* keyLengt
         return no_params();
     const OidName prf(prfOid);
     params.prf = pbe_prf(prf.text());
-    if (params.prf == nullptr) {
-        err_add_text("PRF algorithm '%s' not supported", prf.text());
-        return NOT_SUPPORTED_ERROR;
-    }
+    if (params.prf == nullptr)
+        return err_fail(NOT_SUPPORTED_ERROR, "PRF algorithm '%s' not supported", prf.text());
     return 0;
 }
 
@@ -115,10 +113,8 @@ int read_rc2(PbeParams& params, AsnChildren& fields) {
         params.rc2Bits = 128;
         return 0;
     default:
-        if (version < 256 || version > 1024) {
-            err_add_text("Invalid ParameterVersion (%d)", static_cast<int>(version));
-            return NOT_SUPPORTED_ERROR;
-        }
+        if (version < 256 || version > 1024)
+            return err_fail(NOT_SUPPORTED_ERROR, "Invalid ParameterVersion (%d)", static_cast<int>(version));
         params.rc2Bits = static_cast<unsigned>(version);
         return 0;
     }
@@ -132,10 +128,8 @@ int read_cipher(PbeParams& params, const asn_Node* algorithm, uint32_t keyLength
         return no_cipher_params();
     const OidName name(oid);
     const BlockCipher* cipher = block_cipher_named(name.text());
-    if (cipher == nullptr) {
-        err_add_text("'%s' not supported", name.text());
-        return NOT_SUPPORTED_ERROR;
-    }
+    if (cipher == nullptr)
+        return err_fail(NOT_SUPPORTED_ERROR, "'%s' not supported", name.text());
     pbe_take_cipher(params, *cipher);
     SecretBuffer iv;
     if (params.cipher == CipherAlgorithm::rc2) {
@@ -164,16 +158,16 @@ int pbe_read_algorithm(PbeParams& params, const asn_Node* algorithmIdentifier) {
         return no_params();
     const OidName name(oid);
     const PbeScheme* scheme = pbe_scheme(name.text());
-    if (scheme == nullptr) {
-        err_add_text("Unsupported PBE algorithm: %s", name.text());
-        return NOT_SUPPORTED_ERROR;
-    }
+    if (scheme == nullptr)
+        return err_fail(NOT_SUPPORTED_ERROR, "Unsupported PBE algorithm: %s", name.text());
     pbe_take_scheme(params, scheme);
     AsnChildren fields(children.take_sequence());
     if (!children.at_end())
         return no_params();
-    if (scheme->kind != PbeKind::pbes2)
-        return read_salt_and_iterations(params, fields) && fields.at_end() ? 0 : no_params();
+    if (scheme->kind != PbeKind::pbes2) {
+        const int error = read_salt_and_iterations(params, fields);
+        return error != 0 || fields.at_end() ? error : no_params();
+    }
 
     const asn_Node* derivation = fields.take_sequence();
     const asn_Node* encryption = fields.take_sequence();

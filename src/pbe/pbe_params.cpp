@@ -3,7 +3,10 @@
 
 #include <cstring>
 
+#include "frame/err.h"
 #include "hash/digest.h"
+#include "pbe/kdf.h"
+#include "zulcore.h"
 
 namespace zul {
 
@@ -67,6 +70,12 @@ void pbe_take_cipher(PbeParams& params, const BlockCipher& cipher) {
     params.cipher = cipher.algorithm;
     params.keyLength = cipher.keyLength;
     params.ivLength = cipher.blockLength;
+}
+
+int pbe_check_iterations(uint32_t iterations) {
+    if (iterations <= kMaxForeignIterations)
+        return 0;
+    return err_fail(OUT_OF_RANGE_ERROR, "Iteration count is above %u", kMaxForeignIterations);
 }
 
 int pbe_take_password(PbeParams& params, const char* password) {

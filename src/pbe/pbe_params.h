@@ -51,11 +51,15 @@ void pbe_take_scheme(PbeParams& params, const PbeScheme* scheme);
 void pbe_take_cipher(PbeParams& params, const BlockCipher& cipher);
 
 // pbe_take_password copies a password: 0, BAD_PARAM_ERROR for null or BAD_LENGTH_ERROR.
-int pbe_take_password(PbeParams& params, const char* password);
+[[nodiscard]] int pbe_take_password(PbeParams& params, const char* password);
 
-// pbe_read_algorithm reads the AlgorithmIdentifier of a scheme: 0, BAD_FORMAT_ERROR or NOT_SUPPORTED_ERROR,
-// with a text.
-int pbe_read_algorithm(PbeParams& params, const asn_Node* algorithmIdentifier);
+// pbe_check_iterations compares an iteration count with kMaxForeignIterations: 0, or OUT_OF_RANGE_ERROR with
+// a text.
+[[nodiscard]] int pbe_check_iterations(uint32_t iterations);
+
+// pbe_read_algorithm reads the AlgorithmIdentifier of a scheme: 0, BAD_FORMAT_ERROR, OUT_OF_RANGE_ERROR or
+// NOT_SUPPORTED_ERROR, with a text.
+[[nodiscard]] int pbe_read_algorithm(PbeParams& params, const asn_Node* algorithmIdentifier);
 AsnList pbe_algorithm_list(const PbeParams& params); // the same, written
 
 } // namespace zul

@@ -17,7 +17,6 @@ namespace {
 
 constexpr size_t kSaltLength = 20;
 constexpr uint32_t kIterations = 2000;
-constexpr uint32_t kMaxIterations = 10'000'000;
 
 struct PfxMac {
     int hashAlg = kDigestSha1;
@@ -84,8 +83,8 @@ int read_iterations(const asn_Node* node, uint32_t& iterations) {
     iterations = 0;
     for (int i = 0; i < length; i++)
         iterations = iterations << 8 | bytes[i];
-    if (length < 0 || iterations > kMaxIterations) {
-        err_add_text("Iteration count of the MAC is above %u", kMaxIterations);
+    if (length < 0 || iterations > kMaxForeignIterations) {
+        err_add_text("Iteration count of the MAC is above %u", kMaxForeignIterations);
         return OUT_OF_RANGE_ERROR;
     }
     return iterations == 0 ? invalid() : 0;
