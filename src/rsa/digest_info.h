@@ -14,11 +14,11 @@ struct DigestInfoPrefix {
 
 constexpr size_t kMaxDigestInfo = 19 + 64;
 
-// digest_info_prefix gives the prefix of an algorithm; null for a number that has none.
+// digest_info_prefix gives the prefix of an algorithm; null for an unknown number.
 const DigestInfoPrefix* digest_info_prefix(int algorithm);
 
-// digest_info_match finds the prefix that content is made of, together with a digest and nothing else; null
-// if there is none. Encodings that are not DER, or lack the parameters NULL, are none.
+// digest_info_match gives the prefix of a content that is a prefix and a digest and nothing else, otherwise
+// null. It refuses other encodings: they are not DER, or lack the parameters NULL.
 const DigestInfoPrefix* digest_info_match(const uint8_t* content, size_t length);
 
 } // namespace zul

@@ -1,6 +1,6 @@
-// ISO/IEC 9796-1 (1991), with messages of whole bytes. Bytes are counted from the end of the number: those of
-// even places (0, 2 ...) repeat the message from its last byte on, each odd place has the shadow of the byte
-// before it.
+// ISO/IEC 9796-1 (1991), with messages of whole bytes. Places are counted from the end of the number. The
+// bytes at even places (0, 2 ...) repeat the message, beginning with its last byte. Each odd place holds the
+// shadow of the byte at the place below it.
 #include "rsa/iso9796.h"
 
 #include <algorithm>
@@ -36,7 +36,7 @@ Shape shape_of(size_t bits) {
     return {(bits + 7) / 8, static_cast<uint8_t>(1u << (bits - 1) % 8)};
 }
 
-// What stands at a place counted from the end, but for the trailer and the cut.
+// byte_at gives the byte of a place, before the trailer is set and the first byte cut.
 uint8_t byte_at(size_t place, const uint8_t* message, size_t length) {
     const uint8_t byte = message[length - 1 - place / 2 % length];
     if (place % 2 == 0)
@@ -52,10 +52,10 @@ void fill(uint8_t* out, const Shape& shape, const uint8_t* message, size_t lengt
     out[0] = static_cast<uint8_t>((out[0] & shape.lowerBits()) | shape.topBit);
 }
 
-// Whether a shadow is other than that of the byte before it, which so is the message's first.
+// is_marked tells whether a shadow is changed. That marks the byte below it as the first of the message.
 bool is_marked(const uint8_t* number, size_t size, size_t place) {
     const uint8_t byte = number[size - place], found = number[size - 1 - place];
-    // Of the last byte only one half is left, in its upper half.
+    // The trailer has replaced half of the last byte; the other half is its upper one.
     return place == 1 ? kShadow[byte >> 4] != (found & 0xF) : shadow(byte) != found;
 }
 
@@ -63,29 +63,29 @@ bool is_marked(const uint8_t* number, size_t size, size_t place) {
 
 int iso9796_encode(uint8_t* out, size_t outLen, const uint8_t* message, size_t length, size_t bits) {
     if (message == nullptr || length == 0 || bits < 2)
-        return -BAD_PARAM_ERROR;
+        return BAD_PARAM_ERROR;
     const Shape shape = shape_of(bits);
     if (outLen < shape.size || length > shape.size / 2)
-        return -BAD_PARAM_ERROR;
+        return BAD_PARAM_ERROR;
     memset(out, 0, outLen);
     fill(out + (outLen - shape.size), shape, message, length);
-    return static_cast<int>(shape.size);
+    return 0;
 }
 
 int iso9796_decode(SecretBuffer& message, const uint8_t* block, size_t blockLen, size_t bits) {
     if (bits < 2)
-        return -BAD_PARAM_ERROR;
+        return BAD_PARAM_ERROR;
     const Shape shape = shape_of(bits);
     if (blockLen < shape.size)
-        return -BAD_PARAM_ERROR;
+        return BAD_PARAM_ERROR;
     if (shape.size > kMaxAllocation)
-        return -BAD_LENGTH_ERROR;
+        return BAD_LENGTH_ERROR;
     const uint8_t* const number = block + (blockLen - shape.size);
-    // In fewer than three bytes the cut takes away what would tell the message's upper half.
+    // In fewer than three bytes the cut removes the upper half of the message.
     if (shape.size < 3 || std::any_of(block, number, [](uint8_t byte) { return byte != 0; }))
-        return -DECRYPT_ERROR;
+        return DECRYPT_ERROR;
 
-    // The longest message needs no mark to be told, and the cut may leave it none.
+    // The longest message needs no mark, and the cut may remove it.
     size_t length = 1;
     const size_t longest = shape.size / 2;
     while (length < longest && !is_marked(number, shape.size, 2 * length - 1))
@@ -97,9 +97,9 @@ int iso9796_decode(SecretBuffer& message, const uint8_t* block, size_t blockLen,
     found[length - 1] = static_cast<uint8_t>(upper << 4 | number[shape.size - 1] >> 4);
     fill(expected.data(), shape, found.data(), length);
     if (memcmp(expected.data(), number, shape.size) != 0)
-        return -DECRYPT_ERROR;
+        return DECRYPT_ERROR;
     message = std::move(found);
-    return static_cast<int>(length);
+    return 0;
 }
 
 } // namespace zul

@@ -12,7 +12,8 @@ namespace zul {
 
 namespace {
 
-// The digests that have a place in the option word; SHA-1 under its second number has none.
+// oaep_digest_length gives the length of a digest of the option word, or -BAD_FLAG_ERROR. The second number
+// of SHA-1 is internal.
 int oaep_digest_length(int algorithm) {
     return algorithm == kDigestSha1Rng ? -BAD_FLAG_ERROR : digest_length(algorithm);
 }
@@ -47,11 +48,11 @@ void empty_label_digest(uint8_t* out, int algorithm) {
 int oaep_encode(uint8_t* out, size_t outLen, const uint8_t* message, size_t length, int algorithm) {
     const int digestLength = oaep_digest_length(algorithm);
     if (digestLength < 0)
-        return digestLength;
+        return -digestLength;
     const auto hLen = static_cast<size_t>(digestLength);
     const size_t overhead = 2 * hLen + 2;
     if (outLen < overhead || length > outLen - overhead)
-        return -SHORT_BUF_ERROR;
+        return SHORT_BUF_ERROR;
     uint8_t* const seed = out + 1;
     uint8_t* const db = seed + hLen;
     const size_t dbLen = outLen - hLen - 1;
@@ -72,10 +73,10 @@ int oaep_encode(uint8_t* out, size_t outLen, const uint8_t* message, size_t leng
 int oaep_decode(SecretBuffer& content, size_t* start, const uint8_t* block, size_t length, int algorithm) {
     const int digestLength = oaep_digest_length(algorithm);
     if (digestLength < 0)
-        return digestLength;
+        return -digestLength;
     const auto hLen = static_cast<size_t>(digestLength);
     if (length <= 2 * hLen + 1 || length > kMaxAllocation)
-        return -BAD_LENGTH_ERROR;
+        return BAD_LENGTH_ERROR;
     const size_t dbLen = length - hLen - 1;
     Secret<kMaxDigestSize> seed, label;
     memcpy(seed.data(), block + 1, hLen);
@@ -96,10 +97,10 @@ int oaep_decode(SecretBuffer& content, size_t* start, const uint8_t* block, size
         fault |= db[i] & ~found;
     }
     if ((mask_zero(fault) & found) == 0)
-        return -DECRYPT_ERROR;
+        return DECRYPT_ERROR;
     *start = size_t{end} + 1;
     content = std::move(db);
-    return static_cast<int>(dbLen - *start);
+    return 0;
 }
 
 } // namespace zul

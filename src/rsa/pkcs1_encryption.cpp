@@ -18,7 +18,7 @@ constexpr size_t kHeader = 2, kFirstEnd = 10; // the earliest place of the zero 
 
 constexpr size_t kDraw = 16, kDraws = 64; // octets for one octet of padding, and draws at once
 
-// fill_nonzero takes of every draw the first octet that is not zero.
+// fill_nonzero takes the first octet of every draw that is not zero.
 void fill_nonzero(uint8_t* out, size_t count) {
     Secret<kDraw * kDraws> random;
     while (count > 0) {
@@ -40,7 +40,7 @@ void fill_nonzero(uint8_t* out, size_t count) {
 
 int pkcs1_encrypt_block(uint8_t* out, size_t outLen, const uint8_t* message, size_t length) {
     if (outLen < kPkcs1Overhead || length > outLen - kPkcs1Overhead)
-        return -SHORT_BUF_ERROR;
+        return SHORT_BUF_ERROR;
     const size_t start = outLen - length;
     if (length > 0)
         memmove(out + start, message, length);
@@ -53,7 +53,7 @@ int pkcs1_encrypt_block(uint8_t* out, size_t outLen, const uint8_t* message, siz
 
 int pkcs1_decrypt_block(const uint8_t* block, size_t length, size_t* start) {
     if (length < kPkcs1Overhead)
-        return -DECRYPT_ERROR;
+        return DECRYPT_ERROR;
     uint32_t good = mask_zero(block[0]) & mask_equal(block[1], kBlockType);
     uint32_t found = 0, end = 0;
     for (size_t i = kHeader; i < length; i++) {
@@ -63,9 +63,9 @@ int pkcs1_decrypt_block(const uint8_t* block, size_t length, size_t* start) {
     }
     good &= found & ~mask_less(end, kFirstEnd);
     if (good == 0)
-        return -DECRYPT_ERROR;
+        return DECRYPT_ERROR;
     *start = size_t{end} + 1;
-    return static_cast<int>(length - *start);
+    return 0;
 }
 
 } // namespace zul

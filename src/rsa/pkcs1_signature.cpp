@@ -13,8 +13,8 @@ namespace zul {
 namespace {
 
 constexpr uint8_t kBlockType = 1, kPadding = 0xFF;
-// Reading takes one padding byte less than writing makes and encryption blocks need: signatures that were
-// good once stay good.
+// A reader accepts seven bytes of padding, one fewer than writers make and encryption blocks need, so that
+// old signatures stay valid.
 constexpr size_t kHeader = 2, kFirstEnd = 9;
 
 } // namespace
@@ -23,14 +23,12 @@ int pkcs1_sign_block(uint8_t* out, size_t outLen, const uint8_t* message, size_t
                      bool isDigest) {
     const DigestInfoPrefix* const prefix = digest_info_prefix(algorithm);
     if (prefix == nullptr)
-        return -BAD_FLAG_ERROR;
-    if (isDigest && length != prefix->digestLength) {
-        err_add_text("Digest provided is not the correct length");
-        return -BAD_LENGTH_ERROR;
-    }
+        return BAD_FLAG_ERROR;
+    if (isDigest && length != prefix->digestLength)
+        return err_fail(BAD_LENGTH_ERROR, "Digest provided is not the correct length");
     const size_t infoLength = prefix->length + prefix->digestLength;
     if (outLen < infoLength + kPkcs1Overhead)
-        return -SHORT_BUF_ERROR;
+        return SHORT_BUF_ERROR;
     Secret<kMaxDigestSize> digest;
     if (isDigest)
         memcpy(digest.data(), message, length);
@@ -49,16 +47,15 @@ int pkcs1_sign_block(uint8_t* out, size_t outLen, const uint8_t* message, size_t
 
 int pkcs1_open_block(const uint8_t* block, size_t length, size_t* start, const DigestInfoPrefix** prefix) {
     if (length < kFirstEnd + 1 || block[0] != 0 || block[1] != kBlockType)
-        return -DECRYPT_ERROR;
+        return DECRYPT_ERROR;
     size_t end = kHeader;
     while (end < length && block[end] == kPadding)
         end++;
     if (end == length || block[end] != 0 || end < kFirstEnd)
-        return -DECRYPT_ERROR;
+        return DECRYPT_ERROR;
     *start = end + 1;
-    const size_t infoLength = length - *start;
-    *prefix = digest_info_match(block + *start, infoLength);
-    return *prefix == nullptr ? -DECRYPT_ERROR : static_cast<int>(infoLength);
+    *prefix = digest_info_match(block + *start, length - *start);
+    return *prefix == nullptr ? DECRYPT_ERROR : 0;
 }
 
 } // namespace zul

@@ -8,13 +8,14 @@
 namespace zul {
 
 // pkcs1_sign_block fills out with the DigestInfo of a message, or of the message taken as the digest itself:
-// 0, -BAD_FLAG_ERROR (no such digest), -BAD_LENGTH_ERROR with a text (no digest of that length) or
-// -SHORT_BUF_ERROR.
-int pkcs1_sign_block(uint8_t* out, size_t outLen, const uint8_t* message, size_t length, int algorithm,
-                     bool isDigest);
+// 0, BAD_FLAG_ERROR (no such digest), BAD_LENGTH_ERROR with a text (another length than the digest's) or
+// SHORT_BUF_ERROR.
+[[nodiscard]] int pkcs1_sign_block(uint8_t* out, size_t outLen, const uint8_t* message, size_t length,
+                                   int algorithm, bool isDigest);
 
-// pkcs1_open_block finds the DigestInfo, which ends the block: its length, where it begins and what it is
-// made of, or -DECRYPT_ERROR.
-int pkcs1_open_block(const uint8_t* block, size_t length, size_t* start, const DigestInfoPrefix** prefix);
+// pkcs1_open_block finds where the DigestInfo begins, which ends the block, and its prefix: 0 or
+// DECRYPT_ERROR.
+[[nodiscard]] int pkcs1_open_block(const uint8_t* block, size_t length, size_t* start,
+                                   const DigestInfoPrefix** prefix);
 
 } // namespace zul

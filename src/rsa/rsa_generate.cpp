@@ -19,6 +19,7 @@ namespace {
 
 constexpr DIGIT_T kExponents[] = {3, 5, 17, 257, 65537};
 constexpr unsigned kLastExponent = 4;
+constexpr char kNoInverse[] = "mtModInv failed: problem with multon arithmetic.";
 
 void print_value(const char* label, const MtNumber* value) {
     if (debugOutput.values < 2)
@@ -92,10 +93,8 @@ int rsaGenerate(RsaKey& key, DIGIT_T eValue, const RsaGeneration& generation) {
     mtMultiply(phi, pLess1, qLess1);
     print_value("n=\n", key.n);
     print_value("phi=\n", phi);
-    if (mtModInv(key.d, key.e, phi) != 0) {
-        err_add_text("mtModInv failed: problem with multon arithmetic.");
-        return KEYGEN_FAILED_ERROR;
-    }
+    if (mtModInv(key.d, key.e, phi) != 0)
+        return err_fail(KEYGEN_FAILED_ERROR, kNoInverse);
     print_value("d=\n", key.d);
     if (debugOutput.values >= 2) {
         BigInt product;
@@ -108,10 +107,10 @@ int rsaGenerate(RsaKey& key, DIGIT_T eValue, const RsaGeneration& generation) {
                          mtModInv(key.qInv, key.q, key.p) == 0;
     platform::thread_set_priority(platform::ThreadPriority::normal);
     if (!isWhole)
-        return KEYGEN_FAILED_ERROR;
+        return err_fail(KEYGEN_FAILED_ERROR, kNoInverse);
     print_value("dP=\n", key.dP);
     print_value("dQ=\n", key.dQ);
-    print_value("qInv=\n", key.qInv);
+    print_value("qInv=", key.qInv);
     return 0;
 }
 

@@ -13,7 +13,7 @@
 namespace zul {
 namespace {
 
-// The longest key has some fifty thousand bytes.
+// The longest key has about 50,000 bytes.
 constexpr size_t kMaxInput = 1 << 22;
 
 int read_list(const char* fileOrText, AsnList& list) {
@@ -21,11 +21,6 @@ int read_list(const char* fileOrText, AsnList& list) {
     if (error == 0 && debugOutput.structures != 0)
         asn_Dump(list.head());
     return error;
-}
-
-int bad_format(const char* text) {
-    err_add_text("%s", text);
-    return BAD_FORMAT_ERROR;
 }
 
 int decrypt(const asn_Node* encrypted, const char* password, RsaKey& key) {
@@ -37,8 +32,7 @@ int decrypt(const asn_Node* encrypted, const char* password, RsaKey& key) {
         asn_Dump(list.head());
     if (list && rsa_read_private_key_info(list.head(), key))
         return 0;
-    err_add_text("Not valid PrivateKeyInfo data");
-    return DECRYPT_ERROR;
+    return err_fail(DECRYPT_ERROR, "Not valid PrivateKeyInfo data");
 }
 
 } // namespace
@@ -49,7 +43,7 @@ int rsa_input_public_key(const char* fileOrText, RsaKey& key) {
         return error;
     if (rsa_read_public_key(list.head(), key) || rsa_read_subject_public_key_info(list.head(), key))
         return 0;
-    return bad_format("Not an RSA public key");
+    return err_fail(BAD_FORMAT_ERROR, "Not an RSA public key");
 }
 
 int rsa_input_private_key(const char* fileOrText, RsaKey& key) {
@@ -58,7 +52,7 @@ int rsa_input_private_key(const char* fileOrText, RsaKey& key) {
         return error;
     if (rsa_read_private_key_info(list.head(), key) || rsa_read_private_key(list.head(), key))
         return 0;
-    return bad_format("Not a valid private key info file");
+    return err_fail(BAD_FORMAT_ERROR, "Not a valid private key info file");
 }
 
 int rsa_input_encrypted_key(const char* fileOrText, const char* password, RsaKey& key) {
@@ -66,9 +60,7 @@ int rsa_input_encrypted_key(const char* fileOrText, const char* password, RsaKey
     if (const int error = read_list(fileOrText, list))
         return error;
     const int error = decrypt(list.head(), password, key);
-    if (error != 0)
-        err_add_text("Could not decrypt key");
-    return error;
+    return error == 0 ? 0 : err_fail(error, "Could not decrypt key");
 }
 
 } // namespace zul

@@ -31,7 +31,7 @@ bool is_marked(KeyStringType type) {
     return type >= KeyStringType::rsaPublic && type <= KeyStringType::otherPrivate;
 }
 
-// The check value also covers the type, which stands outside of the encryption.
+// The check value also covers the type, which is not encrypted.
 void check_value(uint8_t out[kBlock], KeyStringType type, const uint8_t* payload, size_t size) {
     Wiped<Sha256Context> context;
     Secret<kSha256Size> digest;
@@ -62,8 +62,8 @@ SecretBuffer base64_text(const uint8_t* data, size_t size) {
     return text;
 }
 
-// Decodes a key string. Of protected bytes it takes only the very text that encoding them gives, so that no
-// character can be altered without a change of the bytes.
+// decode decodes a key string. A protected one has to be exactly the text that encoding its bytes gives, so
+// that every altered character shows.
 bool decode(const char* text, SecretBuffer& bytes) {
     const size_t chars = strlen(text);
     if (chars > 2 * kMaxDer) // line breaks in plain base64 included
@@ -131,7 +131,7 @@ bool unprotect(uint8_t* block, size_t size, KeyStringType type, SecretBuffer& de
     return true;
 }
 
-// open_as opens a key string of the kinds allowed; a plain one counts as what it holds.
+// open_as opens a key string of an allowed kind. A plain one is of the kind that its DER is.
 int open_as(const char* keyString, RsaKey& key, bool allowPublic, bool allowPrivate, bool* isPrivate) {
     key.flags = 0;
     SecretBuffer der;
@@ -152,18 +152,18 @@ int open_as(const char* keyString, RsaKey& key, bool allowPublic, bool allowPriv
     return isPublic || (tryPrivate && rsa_read_private_key(list.head(), key)) ? 0 : INVALID_DATA_ERROR;
 }
 
-int write_key_string(char* out, int outChars, const AsnList& list, KeyStringType type) {
+int write_key_string(char* out, int outChars, const AsnList& list, KeyStringType type, int* length) {
     const SecretBuffer der = asn_Encode(list);
     const SecretBuffer text = key_string_make(der.data(), der.size(), type);
     if (text.empty())
-        return -INVALID_DATA_ERROR;
-    const auto length = static_cast<int>(text.size());
+        return INVALID_DATA_ERROR;
+    *length = static_cast<int>(text.size());
     if (out == nullptr || outChars <= 0)
-        return length;
-    if (outChars < length)
-        return -SHORT_BUF_ERROR;
+        return 0;
+    if (outChars < *length)
+        return SHORT_BUF_ERROR;
     memcpy(out, text.data(), text.size() + 1);
-    return length;
+    return 0;
 }
 
 } // namespace
@@ -213,12 +213,12 @@ int rsa_open_any(const char* keyString, RsaKey& key, bool* isPrivate) {
     return open_as(keyString, key, true, true, isPrivate);
 }
 
-int rsa_public_key_string(char* out, int outChars, const RsaKey& key) {
-    return write_key_string(out, outChars, rsa_public_key_list(key), KeyStringType::rsaPublic);
+int rsa_public_key_string(char* out, int outChars, const RsaKey& key, int* length) {
+    return write_key_string(out, outChars, rsa_public_key_list(key), KeyStringType::rsaPublic, length);
 }
 
-int rsa_private_key_string(char* out, int outChars, const RsaKey& key) {
-    return write_key_string(out, outChars, rsa_private_key_list(key), KeyStringType::rsaPrivate);
+int rsa_private_key_string(char* out, int outChars, const RsaKey& key, int* length) {
+    return write_key_string(out, outChars, rsa_private_key_list(key), KeyStringType::rsaPrivate, length);
 }
 
 } // namespace zul

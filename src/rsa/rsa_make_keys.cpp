@@ -2,13 +2,11 @@
 
 #include <cstdio>
 
-#include "asn1/asn_encode.h"
 #include "frame/debug_output.h"
 #include "frame/err.h"
 #include "frame/fatal_report.h"
-#include "pbe/pbe.h"
 #include "platform/platform.h"
-#include "rsa/rsa_der.h"
+#include "rsa/rsa_encrypted_key.h"
 #include "rsa/rsa_files.h"
 #include "zulcore.h"
 
@@ -18,21 +16,12 @@ namespace {
 
 constexpr uint32_t kEventPairwiseTest = 0xC0001F52;
 
-AsnList encrypt_key(PbeContext& encryption, const RsaKey& key) {
-    const AsnList plain = rsa_private_key_info(key);
-    if (debugOutput.structures != 0)
-        asn_Dump(plain.head());
-    const SecretBuffer der = asn_Encode(plain);
-    return pbe_encrypt(encryption, der.data(), der.size());
-}
-
 int write_private(const char* path, const asn_Node* encrypted, int options) {
     const int code = rsa_write_encrypted_key(path, encrypted, options);
     if (code == 0)
         return 0;
     err_add_text("Unable to create Encrypted Private Key File");
-    // A file that could not be made leaves the public key as the result; one that was lost while it was
-    // written does not.
+    // Only a file that cannot be created leaves the result to the public key file.
     return code == CREATE_ERROR ? 0 : code;
 }
 
@@ -43,16 +32,13 @@ int generate_and_write(const RsaKeyFiles& files, const RsaGeneration& generation
         return code;
     }
     RsaKey key;
-    if (const int code = rsaGenerateKeys(&key, generation)) {
-        err_add_text("rsaGenerateKeys failed");
-        return code;
-    }
-    const AsnList encrypted = encrypt_key(encryption, key);
+    if (const int code = rsaGenerateKeys(&key, generation))
+        return err_fail(code, "rsaGenerateKeys failed");
+    const AsnList encrypted = rsa_encrypt_key(encryption, key);
     if (!encrypted) {
         if (debugOutput.structures != 0)
             printf("Failed to create EncryptedPrivateKeyInfo. %s.\n", err_text());
-        err_add_text("Unable to create EncryptedPrivateKeyInfo ASN");
-        return MISC_ERROR;
+        return err_fail(MISC_ERROR, "Unable to create EncryptedPrivateKeyInfo ASN");
     }
     const int privateCode = write_private(files.privateFile, encrypted.head(), generation.options);
     const int publicCode = rsa_write_public_key(files.publicFile, key, generation.options);

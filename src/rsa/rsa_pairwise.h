@@ -3,8 +3,8 @@
 
 namespace zul {
 
-// rsaPairwiseTest tries whether the two halves of a key undo each other: 0, TEST_FAILED_ERROR,
+// rsaPairwiseTest tests that the two halves of a key undo each other: 0, TEST_FAILED_ERROR,
 // BAD_LENGTH_ERROR (a modulus below two bytes) or the code of an operation that failed.
-int rsaPairwiseTest(const RsaKey* key);
+[[nodiscard]] int rsaPairwiseTest(const RsaKey* key);
 
 } // namespace zul

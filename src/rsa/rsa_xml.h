@@ -9,7 +9,7 @@ namespace zul {
 SecretBuffer rsa_key_to_xml(const RsaKey& key, int options);
 
 // rsa_key_from_xml reads a key from RSAKeyValue or RSAKeyPair: 0 or a positive code, with a text. The key's
-// flags tell whether it is private; missing values of the remainder theorem are then computed.
-int rsa_key_from_xml(const char* xml, RsaKey& key);
+// flags tell whether it is private; missing CRT values are then computed.
+[[nodiscard]] int rsa_key_from_xml(const char* xml, RsaKey& key);
 
 } // namespace zul

@@ -14,7 +14,8 @@ namespace zul {
 
 namespace {
 
-// The characters of one value without white space, as many as the longest key has and some leading zeros.
+// ValueText collects the characters of one value without white space: as many as the longest key has, and
+// some leading zeros.
 class ValueText {
   public:
     void start(bool isHex) {
@@ -73,7 +74,7 @@ class KeyReader {
 
     int read(std::string_view document) {
         XmlReader xml(document);
-        bool isSound = true; // of the values; well-formedness is judged first, to the document's end
+        bool isSound = true; // of the values; a document that is not well-formed is refused first
         for (;;) {
             switch (xml.next()) {
             case XmlReader::Event::start:
@@ -86,21 +87,16 @@ class KeyReader {
                 isSound = end(xml) && isSound;
                 break;
             case XmlReader::Event::malformed:
-                return fail("Invalid XML data");
+                return err_fail(BAD_XML_ERROR, "Invalid XML data");
             case XmlReader::Event::finished:
                 if (!hasRoot_)
-                    return fail("Cannot find valid RSAKeyValue or RSAKeyPair element");
-                return isSound ? complete() : fail("Invalid XML data");
+                    return err_fail(BAD_XML_ERROR, "Cannot find valid RSAKeyValue or RSAKeyPair element");
+                return isSound ? complete() : err_fail(BAD_XML_ERROR, "Invalid XML data");
             }
         }
     }
 
   private:
-    static int fail(const char* text) {
-        err_add_text("%s", text);
-        return BAD_XML_ERROR;
-    }
-
     bool start(const XmlReader& xml) {
         if (xml.depth() == 1)
             hasRoot_ = xml.name() == kXmlPublicRoot || xml.name() == kXmlPairRoot;
@@ -119,7 +115,7 @@ class KeyReader {
         return true;
     }
 
-    // An empty element is one that is missing; of two of a kind nobody knows which holds.
+    // An empty element counts as missing. Two elements of one name are refused.
     bool end(const XmlReader& xml) {
         if (xml.depth() != 1 || current_ == kXmlElementCount)
             return true;
@@ -135,9 +131,9 @@ class KeyReader {
 
     int complete() {
         if (!has_[kXmlModulus])
-            return fail("Missing <Modulus> element");
+            return err_fail(BAD_XML_ERROR, "Missing <Modulus> element");
         if (!has_[kXmlExponent])
-            return fail("Missing <Exponent> element");
+            return err_fail(BAD_XML_ERROR, "Missing <Exponent> element");
         key_.flags = kRsaPublic;
         bool isPrivate = false;
         for (size_t i = kXmlPublicElements; i < kXmlElementCount; i++)
@@ -145,9 +141,9 @@ class KeyReader {
         if (!isPrivate)
             return 0;
         if (!has_[kXmlD] || !has_[kXmlP] || !has_[kXmlQ])
-            return fail("Not all private key elements are present");
+            return err_fail(BAD_XML_ERROR, "Not all private key elements are present");
         key_.flags = kRsaPublic | kRsaPrivate | kRsaCrt;
-        return compute_missing() ? 0 : fail("Failed to compute missing CRT values");
+        return compute_missing() ? 0 : err_fail(BAD_XML_ERROR, "Failed to compute missing CRT values");
     }
 
     bool compute_missing() {
@@ -184,8 +180,8 @@ int rsa_key_from_xml(const char* xml, RsaKey& key) {
     key.bits = mtBitLength(key.n);
     if (rsa_values_usable(key)) // as for keys read from DER
         return 0;
-    err_add_text((key.flags & kRsaPrivate) != 0 ? "Not an RSA private key" : "Not an RSA public key");
-    return INVALID_DATA_ERROR;
+    return err_fail(INVALID_DATA_ERROR, "Not an RSA %s key",
+                    (key.flags & kRsaPrivate) != 0 ? "private" : "public");
 }
 
 } // namespace zul

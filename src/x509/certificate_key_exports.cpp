@@ -16,7 +16,9 @@ int public_key_string(char* out, int outChars, const char* certFile) {
     RsaKey key;
     if (!rsa_public_key_of(certificate_fields(certificate.head()).subjectPublicKeyInfo, key))
         return -err_fail(BAD_FORMAT_ERROR, "Could not read public key");
-    return rsa_public_key_string(out, outChars, key);
+    int length = 0;
+    const int code = rsa_public_key_string(out, outChars, key, &length);
+    return code != 0 ? -code : length;
 }
 
 } // namespace

@@ -84,6 +84,7 @@ TEST(RsaMakeKeys, RefusesMisuseBeforeAnyWork) {
         EXPECT_EQ(last_error(), c.text);
         EXPECT_EQ(ZUL_ErrorCode(), c.code);
     }
+    EXPECT_EQ(RSA_MakeKeys(publicFile, privateFile, 96, 4, -1, 1, "p", nullptr, 0, 0), BAD_PARAM_ERROR);
     EXPECT_FALSE(test::file_exists(first) || test::file_exists(second));
 }
 

@@ -88,6 +88,8 @@ void expect_checks(const test::Vector& v) {
     EXPECT_EQ(last_error(), "Keys do not match");
     const std::string faulty = v.text("FaultyPrivate");
     EXPECT_EQ(RSA_CheckKey(faulty.c_str(), 0), -TEST_FAILED_ERROR);
+    EXPECT_EQ(raw(RSA_RawPrivate, v.hex("C"), faulty), "23 RSA operation failed");
+    EXPECT_EQ(RSA_CheckKey(v.text("WrongD").c_str(), 0), -TEST_FAILED_ERROR);
     EXPECT_EQ(RSA_KeyMatch(faulty.c_str(), pub.c_str()), -INVALID_DATA_ERROR);
     EXPECT_EQ(last_error(), "Not a valid private key");
     EXPECT_LT(RSA_KeyMatch(pub.c_str(), pub.c_str()), 0);

@@ -100,13 +100,26 @@ TEST_F(RsaStore, TakesKeysOfTheRightStructureAndUsableValues) {
             EXPECT_EQ(save(read(reader, dir.file("saved"))), saved);
         }
     }
-    Bytes huge = {0x30, 0x82, 0x20, 0x0A, 0x02, 0x82, 0x20, 0x01, 0x01};
-    huge.resize(huge.size() + 0x1FFF);
-    huge.insert(huge.end(), {0x01, 0x02, 0x03, 0x01, 0x00, 0x01});
-    EXPECT_EQ(RSA_ReadPublicKey(nullptr, 0, dir.write("key", huge).c_str()), -BAD_FORMAT_ERROR);
-    huge.erase(huge.begin() + 9); // 65,529 bits
-    huge[3]--, huge[7]--;
-    EXPECT_EQ(saved_public(read(RSA_ReadPublicKey, dir.write("key", huge))), huge);
+    const auto number = [](size_t bits) {
+        const size_t size = (bits + 7) / 8;
+        Bytes der = {0x02, 0x82, static_cast<uint8_t>(size >> 8), static_cast<uint8_t>(size)};
+        der.resize(4 + size);
+        der[4] = static_cast<uint8_t>(1u << (bits - 1) % 8);
+        der.back() |= 1;
+        return der;
+    };
+    const struct {
+        size_t bits, exponentBits;
+        bool taken;
+    } sizes[] = {
+        {65536, 64, true}, {65537, 2, false}, {4096, 65, true}, {4096, 4095, true}, {4097, 65, false}};
+    for (const auto& c : sizes) {
+        Bytes key = {0x30, 0x80};
+        for (const Bytes& part : {number(c.bits), number(c.exponentBits), Bytes(2)})
+            key.insert(key.end(), part.begin(), part.end());
+        const int result = RSA_ReadPublicKey(nullptr, 0, dir.write("key", key).c_str());
+        EXPECT_TRUE(c.taken ? result > 0 : result == -BAD_FORMAT_ERROR) << c.bits << ' ' << c.exponentBits;
+    }
 }
 
 TEST_F(RsaStore, TakesFilesAndTextsInEveryForm) {
@@ -292,6 +305,30 @@ TEST_F(RsaStore, SaysWhyItDoesNotSave) {
     const Bytes pkcs1 = pem_bytes("private_pkcs1.pem");
     EXPECT_EQ(saved_private(base64(pkcs1)), pem_bytes("private_pkcs8.pem"));
     EXPECT_EQ(saved_public(base64(pkcs1)), data_bytes("public_pkcs1.der"));
+}
+
+// A file that asks for more than 10,000,000 iterations, and so for minutes, is refused at once.
+TEST_F(RsaStore, RefusesHugeIterationCounts) {
+    const std::string path = dir.file("enc"), cert = test::data_path("rsa/cert_v1.der");
+    const std::string key = read(RSA_ReadPrivateKeyInfo, data_text("private_pkcs8.pem"));
+    EXPECT_EQ(RSA_SaveEncPrivateKey(path.c_str(), key.c_str(), 10'000'001, kPassword, 0), OUT_OF_RANGE_ERROR);
+    EXPECT_EQ(last_error(), "Iteration count is above 10000000; Cannot setup PBE");
+    ASSERT_EQ(RSA_SaveEncPrivateKey(path.c_str(), key.c_str(), 0x10000, kPassword, ZUL_PBE_MD5_DES), 0);
+    Bytes der = test::read_file(path);
+    ASSERT_EQ(test::to_hex(der).substr(58, 10), "0203010000");
+    der.insert(der.begin() + 31, 0);
+    for (const size_t length : {3u, 5u, 18u, 30u})
+        der[length]++;
+    for (const uint32_t count : {10'000'001u, 0x7FFFFFFFu}) {
+        for (size_t i = 0; i < 4; i++)
+            der[31 + i] = static_cast<uint8_t>(count >> (24 - 8 * i));
+        dir.write("enc", der);
+        EXPECT_EQ(encrypted_reader(kPassword)(nullptr, 0, path.c_str()), -DECRYPT_ERROR);
+        EXPECT_EQ(last_error(), "Iteration count is above 10000000; Could not decrypt key");
+        EXPECT_EQ(PFX_MakeFile(dir.file("pfx").c_str(), cert.c_str(), path.c_str(), kPassword, "", 0),
+                  DECRYPT_ERROR);
+        EXPECT_EQ(last_error(), "Iteration count is above 10000000; Could not decrypt key");
+    }
 }
 
 // Damage gives an error or another key that can be used, and nothing worse.

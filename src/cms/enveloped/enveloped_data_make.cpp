@@ -10,6 +10,7 @@
 #include "frame/text.h"
 #include "rng/rng.h"
 #include "rsa/pkcs1_encryption.h"
+#include "rsa/rsa_der.h"
 #include "rsa/rsa_operation.h"
 #include "x509/fields/certificate.h"
 #include "x509/fields/subject_public_key.h"
@@ -32,14 +33,7 @@ int encrypt_key(const RsaKey& recipient, const ContentKey& key, size_t keyLength
     block = SecretBuffer(recipient.bytes());
     size_t blockLen = 0;
     const int code = pkcs1_encrypt_block(block.data(), block.size(), key.data(), keyLength);
-    return code != 0 ? -code : rsaPublic(&recipient, block.data(), &blockLen, block.data(), block.size());
-}
-
-// can_encrypt refuses exponents that no key has: with 1 the content key would stand in the message as it is,
-// and of an even one there is no inverse. An even modulus is refused where keys are read.
-bool can_encrypt(const RsaKey& key) {
-    const MtNumber* e = key.e;
-    return mtShortCmp(e, 3) >= 0 && (e->digits[0] & 1) != 0;
+    return code != 0 ? code : rsaPublic(&recipient, block.data(), &blockLen, block.data(), block.size());
 }
 
 // recipient_info makes a KeyTransRecipientInfo (RFC 5652, 6.2.1); an empty list, with a text, for a
@@ -51,7 +45,7 @@ AsnList recipient_info(const char* cert, const ContentKey& key, size_t keyLength
     AsnList identifier = issuer_and_serial_number(fields);
     RsaKey publicKey;
     if (!identifier || !rsa_public_key_of(fields.subjectPublicKeyInfo, publicKey) ||
-        !can_encrypt(publicKey)) {
+        !rsa_exponent_is_safe(publicKey)) {
         err_add_text("Cannot read public key in '%s'", shown_name(cert));
         return {};
     }

@@ -61,7 +61,7 @@ int SignerCheck::prepare_rsa(const asn_Node* subjectPublicKeyInfo, const SecretB
     // No octet of the block is free: padding, algorithm and digest fill it, so nothing can be forged in
     // between.
     const DigestInfoPrefix* info = nullptr;
-    if (pkcs1_open_block(block.data(), length, &start, &info) < 0 || info->algorithm != digest)
+    if (pkcs1_open_block(block.data(), length, &start, &info) != 0 || info->algorithm != digest)
         return not_verified();
     recovered_.append(block.data() + start + info->length, info->digestLength);
     return 0;

@@ -1,20 +1,22 @@
-// Raw RSA, and the forms with a trailer in the last half-byte ("RSA2"), whose results are the smaller one of
-// s and n - s.
+// Raw RSA, and the RSA2 forms: they sign data that end with a trailer in the last half-byte, and give the
+// smaller one of s and n - s.
+#include "rsa/rsa_raw.h"
+
 #include <cstring>
 
-#include "frame/call_frame.h"
+#include "frame/err.h"
 #include "frame/memory.h"
 #include "rsa/rsa_key_string.h"
 #include "rsa/rsa_operation.h"
 #include "zulcore.h"
 
-using namespace zul;
+namespace zul {
 
 namespace {
 
 constexpr unsigned kTrailerMask = 0xF;
 
-// 0 for plain RSA.
+// trailer_option is the trailer asked for, 0 for plain RSA.
 unsigned trailer_option(int options) {
     const unsigned value = static_cast<unsigned>(options) & kTrailerMask;
     return value == ZUL_RSA2_TRAILER6 || value == ZUL_RSA2_TRAILERC ? value : 0;
@@ -26,18 +28,12 @@ using Operation = int (*)(const RsaKey* key, uint8_t* output, size_t* outlen, co
 int run(Operation operation, const RsaKey& key, SecretBuffer& result, const uint8_t* data, size_t length) {
     result = SecretBuffer(key.bytes());
     size_t resultLength = 0;
-    if (const int code = operation(&key, result.data(), &resultLength, data, length)) {
-        err_add_text("RSA operation failed");
-        return code;
-    }
-    if (resultLength > length) {
-        err_add_text("RSA returns too many bytes");
-        return OUT_OF_RANGE_ERROR;
-    }
-    return 0;
+    if (const int code = operation(&key, result.data(), &resultLength, data, length))
+        return err_fail(code, "RSA operation failed");
+    return resultLength <= length ? 0 : err_fail(OUT_OF_RANGE_ERROR, "RSA returns too many bytes");
 }
 
-// value = n - value, of the same length.
+// complement sets value = n - value, of the same length.
 void complement(SecretBuffer& value, const RsaKey& key) {
     BigInt number, difference;
     mtConvFromOctets(number, value.data(), value.size());
@@ -62,17 +58,15 @@ void write_right_aligned(uint8_t* data, size_t length, const SecretBuffer& value
     memcpy(data + (length - value.size()), value.data(), value.size());
 }
 
-int raw_private(uint8_t* data, size_t length, const char* keyString, int options) {
+} // namespace
+
+int rsa_raw_private(uint8_t* data, size_t length, const char* keyString, int options) {
     RsaKey key;
-    if (const int code = rsa_open_private(keyString, key)) {
-        err_add_text("Invalid Private Key");
-        return code;
-    }
-    if (length != key.bytes()) {
-        err_add_text("Data length (%ld) does not match key (%d) bytes", static_cast<long>(length),
-                     static_cast<int>(key.bytes()));
-        return OUT_OF_RANGE_ERROR;
-    }
+    if (const int code = rsa_open_private(keyString, key))
+        return err_fail(code, "Invalid Private Key");
+    if (length != key.bytes())
+        return err_fail(OUT_OF_RANGE_ERROR, "Data length (%ld) does not match key (%d) bytes",
+                        static_cast<long>(length), static_cast<int>(key.bytes()));
     const unsigned trailer = trailer_option(options);
     if (trailer != 0 && (data[length - 1] & kTrailerMask) % trailer != 0)
         return BAD_FORMAT_ERROR;
@@ -85,16 +79,12 @@ int raw_private(uint8_t* data, size_t length, const char* keyString, int options
     return 0;
 }
 
-int raw_public(uint8_t* data, size_t length, const char* keyString, int options) {
+int rsa_raw_public(uint8_t* data, size_t length, const char* keyString, int options) {
     RsaKey key;
-    if (const int code = rsa_open_public(keyString, key)) {
-        err_add_text("Invalid Public Key");
-        return code;
-    }
-    if (length < key.bytes()) {
-        err_add_text("Data length shorter than key");
-        return OUT_OF_RANGE_ERROR;
-    }
+    if (const int code = rsa_open_public(keyString, key))
+        return err_fail(code, "Invalid Public Key");
+    if (length < key.bytes())
+        return err_fail(OUT_OF_RANGE_ERROR, "Data length shorter than key");
     SecretBuffer result;
     if (const int code = run(rsaPublic, key, result, data, length))
         return code;
@@ -111,22 +101,4 @@ int raw_public(uint8_t* data, size_t length, const char* keyString, int options)
     return 0;
 }
 
-bool missing(const unsigned char* data, int length, const char* keyString) {
-    return data == nullptr || length < 1 || keyString == nullptr || keyString[0] == '\0';
-}
-
-} // namespace
-
-int RSA_RawPublic(unsigned char* lpData, int nDataLen, const char* szPublicKey, int nOptions) {
-    CallFrame frame;
-    if (missing(lpData, nDataLen, szPublicKey))
-        return frame.status(BAD_PARAM_ERROR);
-    return frame.status(raw_public(lpData, static_cast<size_t>(nDataLen), szPublicKey, nOptions));
-}
-
-int RSA_RawPrivate(unsigned char* lpData, int nDataLen, const char* szPrivateKey, int nOptions) {
-    CallFrame frame;
-    if (missing(lpData, nDataLen, szPrivateKey))
-        return frame.status(BAD_PARAM_ERROR);
-    return frame.status(raw_private(lpData, static_cast<size_t>(nDataLen), szPrivateKey, nOptions));
-}
+} // namespace zul
