@@ -524,40 +524,53 @@ ZUL_API int PWD_Prompt(char* szPassword, int nPwdLen, const char* szCaption);
  * szKeyString arguments are internal key strings: base64 text that begins with "PUBR" (public) or "PVTR"
  * (private). They are made by the functions that read keys, and only the process that made one can open it:
  * they are handles, not a storage format. A key string with any character altered is refused with
- * INVALID_DATA_ERROR. A plain base64 text of a DER RSAPublicKey or RSAPrivateKey (PKCS #1) is taken as well.
+ * INVALID_DATA_ERROR. A plain base64 text of a DER RSAPublicKey or RSAPrivateKey (PKCS #1) is accepted too.
  *
- * szFileOrText arguments hold a key or name a file. Text with a PEM block (any label, also with text before
- * it) is that block; base64 text that begins with "M" is the key itself, unless a file of that name can be
- * opened; anything else names a file, which holds DER, PEM or base64. Nothing above 4 MiB is read: a file is
- * OPEN_ERROR, a text INVALID_DATA_ERROR. */
+ * szFileOrText arguments hold a key or name a file:
+ *  - text with a PEM block, of any label and perhaps with text before it, is that block;
+ *  - base64 text that begins with "M" is the key itself, unless a file of that name can be opened;
+ *  - anything else names a file of DER, PEM or base64.
+ * At most 4 MiB are read: a larger file is OPEN_ERROR, a larger text INVALID_DATA_ERROR. */
 
-/* RSA_MakeKeys makes a key pair and writes its public key, and its private key encrypted under a password,
- * to two files. nBits: 97 to 65536, of the modulus. nExpIndex: the public exponent, 0 to 4 for 3, 5, 17,
- * 257 and 65537; anything else counts as 4. nTests: Miller-Rabin rounds for each prime; with 0 or less any
- * number that small primes do not divide is taken for one, so that the key mostly fails its test. nCount:
- * iterations of the key derivation. lpSeed, nSeedLen: bytes to mix into the random generator's, or null.
- * nOptions: ZUL_KEY_FORMAT_PEM (labels "RSA PUBLIC KEY", "ENCRYPTED PRIVATE KEY") or ZUL_KEY_FORMAT_PEM_ALT
- * ("PUBLIC KEY", "ENCRYPTED PRIVATE KEY"), else DER (RSAPublicKey, EncryptedPrivateKeyInfo); a ZUL_PBE_
- * scheme as for RSA_SaveEncPrivateKey; ZUL_KEY_SHOW_PROGRESS shows the search in a console (on Linux on
- * standard error). It shares its bit with the ciphers of ZUL_PBE_PBES2: AES192 always shows progress, and
- * progress makes AES192 of AES128 and Triple DES of AES256, so only AES192 goes with it.
- * Status, positive. BAD_PARAM_ERROR: a file name or the password null or empty, or a seed of negative
- * length; OUT_OF_RANGE_ERROR: nBits; BAD_LENGTH_ERROR: a seed or password of a gigabyte;
- * KEYGEN_FAILED_ERROR: no primes found; TEST_FAILED_ERROR: the new key does not undo itself, which is also
- * reported as a fatal failure is, though the process goes on; MISC_ERROR: the key cannot be encrypted;
- * CREATE_ERROR, WRITE_ERROR. A private key file that cannot be created is no failure: the public key is
- * written and its status returned, and ZUL_LastError tells. */
+/* RSA_MakeKeys makes a key pair and writes two files: the public key, and the private key encrypted under a
+ * password.
+ *  - nBits: length of the modulus, 97 to 65536.
+ *  - nExpIndex: the public exponent, 0 to 4 for 3, 5, 17, 257 and 65537; any other value counts as 4.
+ *  - nTests: Miller-Rabin rounds for each prime. With 0 every number that no small prime divides is accepted,
+ *   so that the key mostly fails its test.
+ *  - nCount: iterations of the key derivation, as for RSA_SaveEncPrivateKey.
+ *  - lpSeed, nSeedLen: bytes to mix into those of the random generator, or null.
+ *  - nOptions: ZUL_KEY_FORMAT_PEM (labels "RSA PUBLIC KEY", "ENCRYPTED PRIVATE KEY") or ZUL_KEY_FORMAT_PEM_ALT
+ *   ("PUBLIC KEY", "ENCRYPTED PRIVATE KEY"), else DER (RSAPublicKey, EncryptedPrivateKeyInfo).
+ *  - nOptions: a ZUL_PBE_ scheme as for RSA_SaveEncPrivateKey.
+ *  - nOptions: ZUL_KEY_SHOW_PROGRESS shows the search in a console (on Linux on standard error). It shares its
+ *   bit with the ciphers of ZUL_PBE_PBES2: AES192 always shows progress, and progress turns AES128 into AES192
+ *   and Triple DES into AES256. Use it with AES192 only.
+ * Status, positive:
+ *  - BAD_PARAM_ERROR: a file name or the password null or empty, a negative nTests or seed length;
+ *  - OUT_OF_RANGE_ERROR: nBits, or nCount above 10,000,000;
+ *  - BAD_LENGTH_ERROR: a seed or password of a gigabyte;
+ *  - KEYGEN_FAILED_ERROR: no primes found;
+ *  - TEST_FAILED_ERROR: the two halves of the new key do not undo each other. This is also reported like a
+ *   fatal failure, though the process goes on;
+ *  - MISC_ERROR: the key cannot be encrypted;
+ *  - CREATE_ERROR, WRITE_ERROR.
+ * If the private key file cannot be created, the public key is written and its status returned, and
+ * ZUL_LastError has a text. */
 ZUL_API int RSA_MakeKeys(const char* szPubKeyFile, const char* szPriKeyFile, int nBits, int nExpIndex,
                          int nTests, int nCount, const char* szPassword, const void* lpSeed, int nSeedLen,
                          int nOptions);
 
 /* RSA_ReadPublicKey reads an RSAPublicKey (PKCS #1) or SubjectPublicKeyInfo (X.509) and writes its key
- * string.
- * Length in characters. Query, which reads the key too. This and the next three: -BAD_PARAM_ERROR: null or
- * empty argument; -SHORT_BUF_ERROR: no room for all of it, nothing is written; -OPEN_ERROR;
- * -INVALID_DATA_ERROR: no DER, PEM or base64; -NOT_SUPPORTED_ERROR: a PEM block with header lines
- * (DEK-Info); -BAD_FORMAT_ERROR: no such key, or values that cannot be computed with (moduli have at most
- * 65,536 bits). */
+ * string. Moduli have at most 65,536 bits; an exponent above 64 bits is accepted with moduli up to 4,096 bits
+ * only. An INTEGER without its sign byte is read as an unsigned number.
+ * Length in characters. Query, which reads the key too. Errors of this function and the next three:
+ *  - -BAD_PARAM_ERROR: null or empty argument;
+ *  - -SHORT_BUF_ERROR: too little room; nothing is written;
+ *  - -OPEN_ERROR: the file cannot be opened;
+ *  - -INVALID_DATA_ERROR: not DER, PEM or base64;
+ *  - -NOT_SUPPORTED_ERROR: a PEM block with header lines (DEK-Info);
+ *  - -BAD_FORMAT_ERROR: not such a key, or values that cannot be computed with. */
 ZUL_API int RSA_ReadPublicKey(char* szOutput, int nOutChars, const char* szFileOrText);
 
 /* RSA_ReadPrivateKeyInfo reads an unencrypted PrivateKeyInfo (PKCS #8) or RSAPrivateKey (PKCS #1) of two
@@ -566,11 +579,11 @@ ZUL_API int RSA_ReadPrivateKeyInfo(char* szOutput, int nOutChars, const char* sz
 
 /* RSA_ReadEncPrivateKey reads an EncryptedPrivateKeyInfo (PKCS #8) and writes the private key's key string.
  * szPassword may be empty. nOptions is ignored: the file tells its scheme, one of those that
- * RSA_SaveEncPrivateKey writes or a PKCS #5 or PKCS #12 one with RC2. Its iteration count is honoured, by a
- * query and by the call after it: a million takes about a tenth of a second with SHA-1 or SHA-256 on a
- * processor that has instructions for them, half a second with SHA-512, some five seconds with MD2. A hostile
- * file can ask for 2^32 - 1: minutes with most schemes, hours with MD2.
- * Results as RSA_ReadPublicKey, and -DECRYPT_ERROR: a wrong password, or no encrypted RSA private key. */
+ * RSA_SaveEncPrivateKey writes or a PKCS #5 or PKCS #12 one with RC2. A query decrypts too. A file may ask for
+ * up to 10,000,000 iterations. A million take about a tenth of a second with SHA-1 or SHA-256 on a processor
+ * that has instructions for them, half a second with SHA-512, some five seconds with MD2.
+ * Results as RSA_ReadPublicKey, and -DECRYPT_ERROR: a wrong password, more iterations, or not an encrypted RSA
+ * private key. */
 ZUL_API int RSA_ReadEncPrivateKey(char* szOutput, int nOutChars, const char* szFileOrText,
                                   const char* szPassword, int nOptions);
 
@@ -578,43 +591,52 @@ ZUL_API int RSA_ReadEncPrivateKey(char* szOutput, int nOutChars, const char* szF
  * key. The certificate's signature and dates are not looked at. Results as RSA_ReadPublicKey. */
 ZUL_API int RSA_GetPublicKeyFromCert(char* szOutput, int nOutChars, const char* szFileOrText);
 
-/* RSA_SavePublicKey writes a public key, or the public part of a private key, to a file: RSAPublicKey as
- * PEM "RSA PUBLIC KEY" (ZUL_KEY_FORMAT_PEM), else SubjectPublicKeyInfo as PEM "PUBLIC KEY"
- * (ZUL_KEY_FORMAT_PEM_ALT), else RSAPublicKey as DER. PEM lines have 60 characters and end with CR LF.
- * Status. This and the next two: BAD_PARAM_ERROR: null or empty argument; INVALID_DATA_ERROR: not a key
- * string of this process and kind; CREATE_ERROR; WRITE_ERROR. Nothing is left of a file that could not be
+/* RSA_SavePublicKey writes a public key, or the public part of a private key, to a file. nOptions:
+ *  - ZUL_KEY_FORMAT_PEM: RSAPublicKey as PEM "RSA PUBLIC KEY";
+ *  - ZUL_KEY_FORMAT_PEM_ALT: SubjectPublicKeyInfo as PEM "PUBLIC KEY";
+ *  - neither: RSAPublicKey as DER. Of both the first counts.
+ * PEM lines have 60 characters and end with CR LF.
+ * Status of this function and the next two. BAD_PARAM_ERROR: null or empty argument; INVALID_DATA_ERROR: not a
+ * key string of this process and kind; CREATE_ERROR; WRITE_ERROR. Nothing is left of a file that could not be
  * written whole. */
 ZUL_API int RSA_SavePublicKey(const char* szFileOut, const char* szKeyString, int nOptions);
 
-/* RSA_SavePrivateKeyInfo writes a private key to a file, unencrypted: PrivateKeyInfo as PEM "PRIVATE KEY"
- * (ZUL_KEY_FORMAT_PEM), else RSAPrivateKey as PEM "RSA PRIVATE KEY" (ZUL_KEY_FORMAT_PEM_ALT), else
- * PrivateKeyInfo as DER. The file is for its owner only. Status as RSA_SavePublicKey. */
+/* RSA_SavePrivateKeyInfo writes a private key to a file, unencrypted. nOptions:
+ *  - ZUL_KEY_FORMAT_PEM: PrivateKeyInfo as PEM "PRIVATE KEY";
+ *  - ZUL_KEY_FORMAT_PEM_ALT: RSAPrivateKey as PEM "RSA PRIVATE KEY";
+ *  - neither: PrivateKeyInfo as DER. Of both the first counts.
+ * The file is for its owner only. Status as RSA_SavePublicKey. */
 ZUL_API int RSA_SavePrivateKeyInfo(const char* szFileOut, const char* szKeyString, int nOptions);
 
 /* RSA_SaveEncPrivateKey writes a private key to a file as EncryptedPrivateKeyInfo: PEM "ENCRYPTED PRIVATE
  * KEY" with ZUL_KEY_FORMAT_PEM or _PEM_ALT, else DER. nOptions also names the scheme (ZUL_PBE_...); the
- * default derives a Triple DES key with SHA-1 as PKCS #12 does. nCount: iterations, 1 if below. szPassword
- * may be empty. A new file is readable by its owner only.
- * Status as RSA_SavePublicKey, and BAD_LENGTH_ERROR: a password of a gigabyte. */
+ * default derives a Triple DES key with SHA-1 as PKCS #12 does. nCount: iterations, at most 10,000,000; below 1
+ * counts as 1. szPassword may be empty. A new file is readable by its owner only.
+ * Status as RSA_SavePublicKey. OUT_OF_RANGE_ERROR: nCount; BAD_LENGTH_ERROR: a password of a gigabyte. */
 ZUL_API int RSA_SaveEncPrivateKey(const char* szFileOut, const char* szKeyString, int nCount,
                                   const char* szPassword, int nOptions);
 
 /* RSA_ToXMLString writes a key as XML: RSAKeyValue for a public key, RSAKeyPair for a private one, with
- * values in base64 and nothing between the elements. nOptions: ZUL_XML_RSAKEYVALUE puts a private key under
- * RSAKeyValue too; ZUL_XML_PUBLIC_ONLY writes the public part of a private key; ZUL_XML_HEXBINARY writes
- * hexadecimal.
+ * values in base64 and nothing between the elements. nOptions:
+ *  - ZUL_XML_RSAKEYVALUE puts a private key under RSAKeyValue too;
+ *  - ZUL_XML_PUBLIC_ONLY writes the public part of a private key;
+ *  - ZUL_XML_HEXBINARY writes hexadecimal.
  * Length. Query. With too little room nothing is written and the length needed is returned.
- * -BAD_PARAM_ERROR: null key; -INVALID_DATA_ERROR: no RSA key string. */
+ * -BAD_PARAM_ERROR: null key; -INVALID_DATA_ERROR: not an RSA key string. */
 ZUL_API int RSA_ToXMLString(char* szOutput, int nOutChars, const char* szKeyString, int nOptions);
 
-/* RSA_FromXMLString reads a key from XML whose root is RSAKeyValue or RSAKeyPair (prefixes of names do not
- * count) and gives its internal key string: of a private key if there are D, P and Q. DP, DQ and InverseQ
- * are computed if they are missing; PublicExponent, PrivateExponent and QINV are read for Exponent, D and
- * InverseQ; a value is hexadecimal if its element has EncodingType="hexBinary". Other elements are ignored.
- * A document type, entities and elements nested deeper than 32 are refused. nOptions: none; 0.
- * Length. Query. -BAD_PARAM_ERROR: null text; -BAD_XML_ERROR: no XML, or an element is missing, there twice
- * or no number, or the missing values cannot be computed (see ZUL_LastError); -INVALID_DATA_ERROR: the values
- * are no key; -SHORT_BUF_ERROR. */
+/* RSA_FromXMLString reads a key from XML and gives its internal key string. nOptions is ignored.
+ *  - The root is RSAKeyValue or RSAKeyPair; prefixes of names are ignored, and other elements too.
+ *  - With D, P and Q it is a private key; DP, DQ and InverseQ are computed if they are missing.
+ *  - PublicExponent, PrivateExponent and QINV are read for Exponent, D and InverseQ.
+ *  - A value is base64, or hexadecimal if its element has EncodingType="hexBinary".
+ *  - A document type, entities and elements nested deeper than 32 are refused.
+ * Length. Query. Errors:
+ *  - -BAD_PARAM_ERROR: null text;
+ *  - -BAD_XML_ERROR: not XML; an element is missing, stands twice or is not a number; or the missing values
+ *   cannot be computed (see ZUL_LastError);
+ *  - -INVALID_DATA_ERROR: the values are not a key;
+ *  - -SHORT_BUF_ERROR: too little room. */
 ZUL_API int RSA_FromXMLString(char* szOutput, int nOutChars, const char* szXmlString, int nOptions);
 
 /* RSA_KeyBits returns the length in bits of the modulus of a public or private key.
@@ -624,62 +646,73 @@ ZUL_API int RSA_KeyBits(const char* szKeyString);
 /* RSA_KeyBytes returns it in bytes: the length of data and encoded blocks. Errors as for RSA_KeyBits. */
 ZUL_API int RSA_KeyBytes(const char* szKeyString);
 
-/* RSA_KeyMatch tells whether a private and a public key form a pair, trying the private key too.
- * 0, -NO_MATCH_ERROR: they do not; -INVALID_DATA_ERROR: the private key does not undo its own public part;
- * -BAD_PARAM_ERROR: null; or the code of opening a string. All but -BAD_PARAM_ERROR with a text. */
+/* RSA_KeyMatch tells whether a private and a public key form a pair. It also tries the private key.
+ * 0: they do; -NO_MATCH_ERROR: they do not; -INVALID_DATA_ERROR: the private key does not undo its own public
+ * part; -BAD_PARAM_ERROR: null; or the code of opening a string. All but -BAD_PARAM_ERROR with a text. */
 ZUL_API int RSA_KeyMatch(const char* szPrivateKey, const char* szPublicKey);
 
 /* RSA_KeyHashCode returns a code, which may be negative, of a public key or of the public part of a private
- * one: the first four bytes, the first one highest, of the MD5 of its DER RSAPublicKey. 0 if it fails, with
- * the code recorded and a text. */
+ * one: the first four bytes, the first one highest, of the MD5 of its DER RSAPublicKey. A failure gives 0,
+ * records its code and has a text. */
 ZUL_API int RSA_KeyHashCode(const char* szKeyString);
 
 /* RSA_CheckKey checks a key. nOptions is ignored.
- * 0: a private key whose halves undo each other; 1: a public key, of which nothing more is checked;
- * -TEST_FAILED_ERROR and other codes of trying a private key; -BAD_PARAM_ERROR: null or empty; the code of
- * opening the string, with a text. */
+ *  - 0: a private key whose halves undo each other and whose d belongs to e;
+ *  - 1: a public key, of which nothing more is checked;
+ *  - -TEST_FAILED_ERROR: a private key whose values contradict each other;
+ *  - -BAD_PARAM_ERROR: null or empty, or a key that cannot be computed with;
+ *  - -BAD_LENGTH_ERROR: a modulus below two bytes;
+ *  - the negated code of opening the string, with a text. */
 ZUL_API int RSA_CheckKey(const char* szKeyString, int nOptions);
 
 /* RSA_RawPublic transforms data in place with a public key string: data^e mod n, as numbers, the first byte
  * highest. nDataLen is RSA_KeyBytes or more; the result stands at the end of the data, after zeros.
- * nOptions & 0xF: ZUL_RSA2_TRAILER6 or ZUL_RSA2_TRAILERC gives of the result r and n - r the one that ends
- * with that half-byte; anything else gives r.
- * Status. BAD_PARAM_ERROR: null, empty; OUT_OF_RANGE_ERROR: nDataLen below the key's, or the number not below
- * n; SIGNATURE_ERROR: neither ends so, and the data are zeroed; the code of opening the string. */
+ * nOptions & 0xF: ZUL_RSA2_TRAILER6 or ZUL_RSA2_TRAILERC gives r or n - r for the result r, whichever ends with
+ * that half-byte; any other value gives r.
+ * Status. BAD_PARAM_ERROR: null or empty; OUT_OF_RANGE_ERROR: nDataLen below the key's, or the number is not
+ * below n; SIGNATURE_ERROR: neither ends so, and the data are zeroed; or the code of opening the string. */
 ZUL_API int RSA_RawPublic(unsigned char* lpData, int nDataLen, const char* szPublicKey, int nOptions);
 
 /* RSA_RawPrivate transforms data in place with a private key: data^d mod n. nDataLen is RSA_KeyBytes.
- * nOptions & 0xF: ZUL_RSA2_TRAILER6 or ZUL_RSA2_TRAILERC gives the smaller one of the result r and n - r, and
- * takes only data whose last half-byte is a multiple of that number; anything else gives r.
- * Status. BAD_PARAM_ERROR: null, empty; OUT_OF_RANGE_ERROR: another length, or the number not below n;
- * BAD_FORMAT_ERROR: the last half-byte; the code of opening the string. The data are then untouched. */
+ * nOptions & 0xF: ZUL_RSA2_TRAILER6 or ZUL_RSA2_TRAILERC gives the smaller of r and n - r for the result r, and
+ * accepts only data whose last half-byte is a multiple of that number; any other value gives r. The result is
+ * verified with the public exponent before it is given out.
+ * Status. After a failure the data are untouched:
+ *  - BAD_PARAM_ERROR: null or empty;
+ *  - OUT_OF_RANGE_ERROR: another length, or the number is not below n;
+ *  - BAD_FORMAT_ERROR: the last half-byte;
+ *  - TEST_FAILED_ERROR: the result is wrong, because the key is damaged or the computation was disturbed;
+ *  - the code of opening the string. */
 ZUL_API int RSA_RawPrivate(unsigned char* lpData, int nDataLen, const char* szPrivateKey, int nOptions);
 
 /* RSA_EncodeMsg fills the nOutBytes bytes (normally RSA_KeyBytes) of lpOutput with the encoding of a message.
  * nOptions is one of:
- *  ZUL_EME_PKCSV1_5: for encryption, PKCS #1 v1.5; up to nOutBytes - 11 bytes;
- *  ZUL_EME_OAEP plus a ZUL_HASH_ algorithm (0 to 6): up to nOutBytes - 2 - twice the digest's length;
- *  ZUL_EMSIG_PKCSV1_5 plus a ZUL_HASH_ algorithm: for signatures, the DigestInfo of the message's digest;
- *   with ZUL_EMSIG_DIGESTONLY the message is the digest already. nOutBytes is the DigestInfo's + 11 or more;
- *  ZUL_EMSIG_ISO9796 plus a length in bits (17 to 65,535, or 0 for 8 * nOutBytes; for a key of b bits b - 1;
- *   what fewer bits encode cannot be decoded):
- *   ISO/IEC 9796-1, right-aligned after zeros; up to half of the bytes of that length, at least 1. It goes
- *   with ZUL_RSA2_TRAILER6.
+ *  - ZUL_EME_PKCSV1_5: for encryption, PKCS #1 v1.5; up to nOutBytes - 11 bytes;
+ *  - ZUL_EME_OAEP plus a ZUL_HASH_ algorithm (0 to 6): for encryption; up to nOutBytes - 2 - twice the length
+ *   of the digest;
+ *  - ZUL_EMSIG_PKCSV1_5 plus a ZUL_HASH_ algorithm: for signatures, the DigestInfo of the message's digest.
+ *   With ZUL_EMSIG_DIGESTONLY the message is the digest already. nOutBytes is the DigestInfo's + 11 or more;
+ *  - ZUL_EMSIG_ISO9796 plus a length in bits: ISO/IEC 9796-1, right-aligned after zeros; 1 byte up to half of
+ *   the bytes of that length. The length is 0 for 8 * nOutBytes, or 17 to 65,535 (fewer bits cannot be decoded);
+ *   for a key of b bits it is b - 1. Use it with ZUL_RSA2_TRAILER6.
  * lpInput may be null with nInputLen 0: an empty message.
- * 0, or -BAD_PARAM_ERROR: null or negative, or lengths that do not suit ISO/IEC 9796-1; -SHORT_BUF_ERROR: the
- * message is too long for the block; -BAD_FLAG_ERROR: no such encoding or algorithm; -BAD_LENGTH_ERROR: no
- * digest of that length, with a text. */
+ * 0, or -BAD_PARAM_ERROR: null or negative, or lengths that ISO/IEC 9796-1 does not allow; -SHORT_BUF_ERROR:
+ * the message is too long for the block; -BAD_FLAG_ERROR: an unknown encoding or algorithm; -BAD_LENGTH_ERROR:
+ * a digest of a wrong length, with a text. */
 ZUL_API int RSA_EncodeMsg(unsigned char* lpOutput, int nOutBytes, const unsigned char* lpInput, int nInputLen,
                           int nOptions);
 
 /* RSA_DecodeMsg recovers the message from an encoded block, of which at most nOutBytes bytes are copied.
- * nOptions as for RSA_EncodeMsg, but that a signature block tells its algorithm itself and gives its digest,
- * or with ZUL_EMSIG_DIGINFO its whole DigestInfo; with ZUL_EMSIG_GETALG the result is the ZUL_HASH_ number
- * and nothing is copied.
- * Length of the whole, also if less is copied. Query. -BAD_PARAM_ERROR: null block or negative length, or a
- * block shorter than its ISO/IEC 9796-1 length; -DECRYPT_ERROR: not such a block, and nothing is copied;
- * -BAD_LENGTH_ERROR: too short for OAEP, or a gigabyte; -BAD_FLAG_ERROR. An encryption block takes the same
- * time wherever it is wrong. */
+ * nOptions as for RSA_EncodeMsg, but a signature block names its algorithm itself:
+ *  - it gives its digest;
+ *  - with ZUL_EMSIG_DIGINFO it gives its whole DigestInfo;
+ *  - with ZUL_EMSIG_GETALG the result is the ZUL_HASH_ number, and nothing is copied.
+ * Length of the whole message, also if less is copied. Query. A wrong encryption block takes the same time
+ * wherever the fault is. Errors, after which nothing is copied:
+ *  - -BAD_PARAM_ERROR: null block or negative length, or a block shorter than its ISO/IEC 9796-1 length;
+ *  - -DECRYPT_ERROR: not such a block;
+ *  - -BAD_LENGTH_ERROR: too short for OAEP, or a gigabyte;
+ *  - -BAD_FLAG_ERROR: an unknown encoding or algorithm. */
 ZUL_API int RSA_DecodeMsg(unsigned char* lpOutput, int nOutBytes, const unsigned char* lpInput, int nInputLen,
                           int nOptions);
 
