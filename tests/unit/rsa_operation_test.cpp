@@ -101,6 +101,26 @@ void expect_survival(const test::Vector& v) {
     }
 }
 
+// With d and e exchanged the public exponent is as long as the modulus.
+void expect_long_exponents(const test::Vector& v) {
+    RsaKey key;
+    load(key, v);
+    key.e.swap(key.d);
+    const std::pair<MT, MT> residues[] = {{key.dP, key.p}, {key.dQ, key.q}};
+    for (const auto& [exponent, prime] : residues) {
+        BigInt less1;
+        mtShortSub(less1, prime, 1);
+        mtModulo(exponent, key.d, less1);
+    }
+    const Bytes m = v.hex("m5"), c = result(rsaPublic, key, m);
+    EXPECT_EQ(result(rsaPrivate, key, c), m);
+    for (const auto& [exponent, prime] : residues) {
+        mtShortAdd(exponent, exponent, 2);
+        EXPECT_EQ(code(rsaPrivate, &key, c), TEST_FAILED_ERROR);
+        mtShortSub(exponent, exponent, 2);
+    }
+}
+
 } // namespace
 
 TEST(RsaOperation, HoldsForOrdinaryForeignAndContradictoryKeys) {
@@ -111,6 +131,8 @@ TEST(RsaOperation, HoldsForOrdinaryForeignAndContradictoryKeys) {
         expect_ordinary(key, v);
         expect_refusals(key, v.hex("n"));
         expect_survival(v);
+        if (key.bits > 128)
+            expect_long_exponents(v);
     }
 }
 
