@@ -10,8 +10,8 @@ namespace zul {
 
 namespace {
 
-// For the SHA family. The digest stands in a block that is padded already, so that an update by the whole
-// block is nothing but the compression function.
+// rehash_blocks is rehash for the SHA family. The digest stands in a block that is padded already, so that an
+// update by the whole block is just the compression function.
 template<class Context, void (*init)(Context&), void (*update)(Context&, const void*, size_t),
          size_t digestSize>
 void rehash_blocks(uint8_t* digest, uint32_t times) {

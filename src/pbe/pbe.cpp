@@ -63,8 +63,8 @@ uint64_t calendar_seconds() {
     return platform::system_time() / kUnitsPerSecond - kSecondsTo1970;
 }
 
-// make_salt digests the password and the plain text, so that without the clock the same two have the same
-// salt.
+// make_salt digests the password, the plain text and, for PBES2, the time. In the other schemes the same
+// password and key always give the same salt, and so the same file.
 void make_salt(PbeParams& params, const uint8_t* plain, size_t plainLen) {
     Wiped<Sha1Context> context;
     Secret<kSha1Size> digest;

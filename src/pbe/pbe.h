@@ -3,7 +3,7 @@
 #include "frame/memory.h"
 
 // Password-based encryption of plain DER (PKCS #5 and PKCS #12 schemes) as EncryptedPrivateKeyInfo
-// structures. What the DER holds is not looked at, but that what was decrypted is one SEQUENCE.
+// structures. The DER is not interpreted; decrypted bytes have to be one SEQUENCE.
 namespace zul {
 
 // Bits of an options word that choose a scheme are those of RSA_SaveEncPrivateKey.

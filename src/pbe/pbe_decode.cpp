@@ -95,13 +95,13 @@ int read_pbkdf2(PbeParams& params, const asn_Node* algorithm, uint32_t* keyLengt
 }
 
 // read_rc2 reads RC2-CBC-Parameter as far as the IV. A version stands for effective key bits: three small
-// ones by a table of their own, any from 256 up for itself, none for 32.
+// versions by a table, a version from 256 up for itself, a missing one for 32.
 int read_rc2(PbeParams& params, AsnChildren& fields) {
     params.rc2Bits = 32;
     const asn_Node* node = fields.take_integer();
     if (node == nullptr)
         return 0;
-    const int64_t version = positive(node); // 0 for what no version is
+    const int64_t version = positive(node); // 0 for an invalid one
     switch (version) {
     case 160:
         params.rc2Bits = 40;
@@ -120,7 +120,7 @@ int read_rc2(PbeParams& params, AsnChildren& fields) {
     }
 }
 
-// read_cipher reads the encryption scheme of PBES2; keyLength is the one that PBKDF2-params asks for, or 0.
+// read_cipher reads the encryption scheme of PBES2; keyLength is that of PBKDF2-params, or 0.
 int read_cipher(PbeParams& params, const asn_Node* algorithm, uint32_t keyLength) {
     AsnChildren children(algorithm);
     const asn_Node* oid = children.take_oid();

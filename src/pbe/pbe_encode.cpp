@@ -10,7 +10,7 @@ AsnList salt_and_iterations(const PbeParams& params) {
                         asn_NewInteger(params.iterations));
 }
 
-// The PRF is left out where it is the default of RFC 8018, since DER has defaults left out.
+// DER omits default values, so the default PRF of RFC 8018 is omitted.
 AsnList pbkdf2_algorithm(const PbeParams& params) {
     AsnList content = salt_and_iterations(params);
     if (params.prf != pbe_prf("hmacWithSHA1")) {

@@ -82,7 +82,7 @@ int pbe_take_password(PbeParams& params, const char* password) {
     if (password == nullptr)
         return BAD_PARAM_ERROR;
     const size_t length = std::strlen(password);
-    if (length > kMaxAllocation / 4) // its BMP form, and that in whole blocks with a salt, are still blocks
+    if (length > kMaxAllocation / 4) // its BMP form, padded and with a salt, can still be allocated
         return BAD_LENGTH_ERROR;
     params.password = SecretBuffer(length);
     std::memcpy(params.password.data(), password, length);

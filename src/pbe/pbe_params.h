@@ -3,8 +3,8 @@
 #include "cipher/block_cipher.h"
 #include "frame/memory.h"
 
-// What an operation of password-based encryption goes by, and the tables of schemes, ciphers and PRFs. Names
-// are those of the table of object identifiers.
+// The parameters of password-based encryption, and the tables of schemes, ciphers and PRFs. Names are those
+// of the table of object identifiers.
 namespace zul {
 
 enum class PbeKind : uint8_t { pbes1, pkcs12, pbes2 };
@@ -26,7 +26,7 @@ struct PbePrf {
     int hashAlg;
 };
 
-// The tables' entries, null for a name that is not among them.
+// The tables' entries, null for an unknown name.
 const PbeScheme* pbe_scheme(const char* name);
 const PbePrf* pbe_prf(const char* name);
 // pbe_prf_of is the PRF with a digest, HMAC-SHA-1 for a digest without one.
@@ -46,7 +46,7 @@ struct PbeParams {
     Secret<kPbeMaxIv> iv; // in PBES2 set before the key is derived, otherwise derived with it
 };
 
-// pbe_take_scheme and pbe_take_cipher set what follows from a scheme, or in PBES2 from its cipher.
+// pbe_take_scheme and pbe_take_cipher set the values that a scheme determines, or in PBES2 its cipher.
 void pbe_take_scheme(PbeParams& params, const PbeScheme* scheme);
 void pbe_take_cipher(PbeParams& params, const BlockCipher& cipher);
 

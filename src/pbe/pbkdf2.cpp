@@ -10,13 +10,12 @@ namespace zul {
 
 namespace {
 
-// PbkdfSum runs the later rounds of one output block: it adds to sum the MAC of u, the MAC of that and so on,
-// rounds of them. It may change u.
+// PbkdfSum runs the later rounds of one output block: in each it replaces u by its MAC and adds that to sum.
 using PbkdfSum = void(const HmacContext& key, uint8_t* sum, uint8_t* u, uint32_t rounds);
 
-// For the SHA family. The message is one MAC, so that each half of HMAC is one block behind a pad that has
-// been absorbed already: the padding of that block is written once, and an update by a whole block is
-// nothing but the compression function.
+// sum_by_blocks is for the SHA family. The message is one MAC, so that each half of HMAC is one block after a
+// pad that is absorbed already. The padding of that block is written once, and an update by a whole block is
+// just the compression function.
 template<class Context, Context DigestContext::*member, void (*update)(Context&, const void*, size_t),
          size_t digestSize>
 void sum_by_blocks(const HmacContext& key, uint8_t* sum, uint8_t* u, uint32_t rounds) {

@@ -1,4 +1,4 @@
-// DigestInfo: RFC 8017, 9.2 note 1; SHA-224 there too.
+// DigestInfo: RFC 8017, 9.2 note 1.
 #include "rsa/digest_info.h"
 
 #include <cstring>

@@ -11,7 +11,7 @@ namespace {
 
 using KeyBytes = std::array<uint8_t, kProcessKey>;
 
-// What the key is until it is made.
+// The pattern that stands for a key not yet made.
 constexpr KeyBytes kUnmade = [] {
     KeyBytes pattern{};
     pattern.fill(0xA5);

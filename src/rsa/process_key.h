@@ -9,7 +9,7 @@ constexpr size_t kProcessKey = 24;
 // process_key gives a copy; the first call makes the key. A generator that fails ends the process.
 void process_key(Secret<kProcessKey>& key);
 
-// process_key_forget wipes it: no key string made before can be opened any more.
+// process_key_forget wipes it: key strings made before can no longer be opened.
 void process_key_forget();
 
 } // namespace zul

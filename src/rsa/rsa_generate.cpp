@@ -64,7 +64,7 @@ bool make_primes(MT p, MT q, DIGIT_T eValue, const RsaGeneration& generation) {
     return true;
 }
 
-// What the developer sees of p - 1 and q - 1. The prime search has seen to it that both have no factor in
+// print_factors shows p - 1 and q - 1 for debugging. The prime search ensures that neither has a factor in
 // common with e.
 void print_factors(MT pLess1, MT qLess1, MT e) {
     if (debugOutput.values < 2)

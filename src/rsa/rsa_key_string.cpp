@@ -23,7 +23,7 @@ constexpr size_t kLengthField = 2;
 constexpr size_t kMaxDer = 0xFFFE;
 constexpr uint8_t kProtected = 0x3D; // the first byte of every marker
 
-// By type code; the base64 text of three bytes.
+// Indexed by type code: the base64 text of three bytes.
 constexpr const char* kMarkers[] = {nullptr, "PUBR", "PVTR", "PUBD", "PVTD"};
 constexpr uint8_t kOuterIv[kBlock] = {0x4A, 0xDD, 0xA2, 0x2C, 0x79, 0xE8, 0x21, 0x05};
 

@@ -22,8 +22,8 @@ SecretBuffer key_string_make(const uint8_t* der, size_t derLen, KeyStringType ty
 [[nodiscard]] int key_string_open(const char* keyString, SecretBuffer& der, KeyStringType* type);
 
 // rsa_open_public and rsa_open_private open a key string of their own kind into a key: 0 or
-// INVALID_DATA_ERROR. A plain one opens as what it holds, RSAPublicKey or RSAPrivateKey. rsa_open_any takes
-// either kind, a plain one as public first; *isPrivate (may be null) is set if it opens.
+// INVALID_DATA_ERROR. A plain one opens as the RSAPublicKey or RSAPrivateKey that it holds. rsa_open_any
+// takes either kind, a plain one as public first; *isPrivate (may be null) is set on success.
 [[nodiscard]] int rsa_open_public(const char* keyString, RsaKey& key);
 [[nodiscard]] int rsa_open_private(const char* keyString, RsaKey& key);
 [[nodiscard]] int rsa_open_any(const char* keyString, RsaKey& key, bool* isPrivate);

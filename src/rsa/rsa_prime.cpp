@@ -28,7 +28,7 @@ constexpr auto kSmallPrime = [] {
 }();
 static_assert(kSmallPrime.back() == 997);
 
-// The residues of the candidate, kept up to date as it steps: an addition each instead of a division.
+// Sieve keeps the residues of the candidate. A step costs an addition for each prime instead of a division.
 class Sieve {
   public:
     void start(const MtNumber* p) {
@@ -78,8 +78,8 @@ class Progress {
     bool opened_ = false;
 };
 
-// The search leaves the processor to whoever else wants it. Afterwards the priority is normal, whatever it
-// was before.
+// LowPriority keeps the search from slowing down other threads. Afterwards the priority is normal, whatever
+// it was before.
 class LowPriority {
   public:
     LowPriority() { platform::thread_set_priority(platform::ThreadPriority::lowest); }
@@ -88,7 +88,7 @@ class LowPriority {
     ~LowPriority() { platform::thread_set_priority(platform::ThreadPriority::normal); }
 };
 
-// One search from the start value p: true if p is now a probable prime.
+// search looks for a prime from p upwards and leaves it in p; false if it finds none.
 bool search(MT p, size_t steps, DIGIT_T eValue, size_t nTests, const Progress& progress, int* examined) {
     Wiped<Sieve> sieve;
     sieve->start(p);

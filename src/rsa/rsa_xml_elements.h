@@ -11,7 +11,7 @@ constexpr std::string_view kXmlPublicRoot = "RSAKeyValue", kXmlPairRoot = "RSAKe
 constexpr std::string_view kXmlEncodingName = "EncodingType", kXmlHexEncoding = "hexBinary",
                            kXmlBase64Encoding = "base64Binary"; // the default, so never written
 
-// The elements in the order of writing, and by what other name each is read.
+// The elements in the order of writing, each with the other name that readers accept.
 struct XmlElement {
     std::string_view name, alias;
     BigInt RsaKey::*value;

@@ -20,7 +20,7 @@ class ValueText {
   public:
     void start(bool isHex) {
         isHex_ = isHex;
-        length_ = 1; // before the text stands a "0", for hexadecimal of an odd number of digits
+        length_ = 1; // a "0" stands before the text, for an odd number of hex digits
         buffer_[0] = '0';
     }
     bool add(std::string_view piece) {

@@ -25,7 +25,7 @@ std::string_view without_prefix(std::string_view name) {
     return slice(name, name.rfind(':') + 1); // npos + 1 is 0
 }
 
-// The number of a character reference ("#65", "#x41"), or 0 if it is none.
+// The number of a character reference ("#65", "#x41"), or 0 for anything else.
 uint32_t referred_number(std::string_view reference) {
     const bool isHex = slice(reference, 0, 2) == "#x";
     reference.remove_prefix(isHex ? 2 : 1);

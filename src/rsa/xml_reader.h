@@ -7,8 +7,7 @@ namespace zul {
 
 // XmlReader steps through an XML 1.0 document in memory, which it neither changes nor copies. It checks that
 // tags pair up and that there is one root, skips declarations, comments and processing instructions, and
-// leaves prefixes of names out of account. A document type is refused, so no entity but the predefined ones
-// can be referred to.
+// ignores prefixes of names. A document type is refused, so that only the predefined entities exist.
 class XmlReader {
   public:
     enum class Event {
