@@ -6,7 +6,6 @@
 
 #include "bench_pair.h"
 #include "bench_peer.h"
-#include "rsa/rsa_key_string.h"
 #include "rsa_bench_keys.h"
 #include "zulcore.h"
 
@@ -44,8 +43,7 @@ struct User {
         certificate.reset(peer_certificate(peer.get(), "Bench CA", 1));
         chain.reset(sk_X509_new_null());
         sk_X509_push(chain.get(), certificate.get());
-        key.resize(static_cast<size_t>(zul::rsa_private_key_string(nullptr, 0, rsa)));
-        zul::rsa_private_key_string(key.data(), static_cast<int>(key.size()), rsa);
+        key = bench_key_string(rsa);
         check(i2d_X509_bio(file_to(cert).get(), certificate.get()) == 1);
         check(RSA_SaveEncPrivateKey(keyFile.c_str(), key.c_str(), 1, password, ZUL_PBE_SHA_3DES) == 0);
         check(PFX_MakeFile(pfx.c_str(), cert.c_str(), keyFile.c_str(), password, "bench", 0) == 0);

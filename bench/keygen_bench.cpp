@@ -1,3 +1,4 @@
+#include <cstdlib>
 #include <openssl/evp.h>
 #include <openssl/rsa.h>
 
@@ -16,9 +17,14 @@ int fill(uint8_t* out, size_t length, const uint8_t* seed, size_t seedLength) {
 
 void our_key(size_t bits) {
     zul::RsaKey key;
-    zul::rsaGenerateKeys(
-        &key,
-        {.bits = bits, .expIndex = 4, .tests = 5, .seed = nullptr, .seedLen = 0, .fill = fill, .options = 0});
+    if (zul::rsaGenerateKeys(&key, {.bits = bits,
+                                    .expIndex = 4,
+                                    .tests = 5,
+                                    .seed = nullptr,
+                                    .seedLen = 0,
+                                    .fill = fill,
+                                    .options = 0}) != 0)
+        std::abort();
 }
 
 } // namespace

@@ -1,10 +1,11 @@
 // The primes of the benchmark's keys, made by OpenSSL; e is 65537. They protect nothing.
 #pragma once
 #include <cstdlib>
+#include <string>
 #include <vector>
 
 #include "encode/hex.h"
-#include "rsa/rsa_key.h"
+#include "rsa/rsa_key_string.h"
 
 struct BenchPrimes {
     int bits;
@@ -87,4 +88,14 @@ inline void bench_fill_key(zul::RsaKey& key, const BenchPrimes& primes) {
     zul::mtModulo(key.dQ, key.d, q1);
     key.bits = zul::mtBitLength(key.n);
     key.flags = zul::kRsaPublic | zul::kRsaPrivate | zul::kRsaCrt;
+}
+
+inline std::string bench_key_string(const zul::RsaKey& key) {
+    int length = 0;
+    if (zul::rsa_private_key_string(nullptr, 0, key, &length) != 0)
+        std::abort();
+    std::string text(static_cast<size_t>(length), '\0');
+    if (zul::rsa_private_key_string(text.data(), length, key, &length) != 0)
+        std::abort();
+    return text;
 }

@@ -9,7 +9,6 @@
 #include "bench_peer.h"
 #include "hash/sha256.h"
 #include "rsa/pkcs1_signature.h"
-#include "rsa/rsa_key_string.h"
 #include "rsa/rsa_operation.h"
 #include "rsa_bench_keys.h"
 #include "zulcore.h"
@@ -142,8 +141,7 @@ void signature_alone(const zul::RsaKey& key) {
 struct MakingKey {
     explicit MakingKey(const BenchPrimes& primes) {
         bench_fill_key(key, primes);
-        std::string text(static_cast<size_t>(zul::rsa_private_key_string(nullptr, 0, key)), '\0');
-        zul::rsa_private_key_string(text.data(), static_cast<int>(text.size()), key);
+        const std::string text = bench_key_string(key);
         file = scratch().file(("key" + std::to_string(primes.bits)).c_str());
         check(RSA_SaveEncPrivateKey(file.c_str(), text.c_str(), 1, "bench",
                                     ZUL_PBE_PBES2 | ZUL_PBE_CIPHER_AES256) == 0);

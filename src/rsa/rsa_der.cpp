@@ -101,9 +101,9 @@ bool rsa_values_usable(const RsaKey& key) {
     if (!is_odd(key.n) || key.bits != mtBitLength(key.n) || key.bits > kMaxRsaBits ||
         !is_in_range(key.e, key.n))
         return false;
-    if ((key.flags & kRsaPrivate) == 0)
-        return key.bits <= kMaxBitsWithLongExponent || mtBitLength(key.e) <= kMaxShortExponent;
-    if (!is_in_range(key.d, key.n))
+    if (key.bits > kMaxBitsWithLongExponent && mtBitLength(key.e) > kMaxShortExponent)
+        return false;
+    if ((key.flags & kRsaPrivate) != 0 && !is_in_range(key.d, key.n))
         return false;
     return (key.flags & kRsaCrt) == 0 || has_usable_primes(key);
 }
