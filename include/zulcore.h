@@ -891,10 +891,10 @@ ZUL_API int X509_GetCertFromP7Chain(const char* szNewCertFile, const char* szP7c
 
 /* X509_GetCertFromPFX and RSA_GetPrivateKeyFromPFX write the first certificate of a PKCS #12 file, as DER,
  * and its first encrypted private key, as RSA_ReadEncPrivateKey reads it, to a file. The key stays encrypted
- * as it is, so no password is asked for and the MAC is not checked. nOptions is ignored.
- * Status, positive. BAD_PARAM_ERROR; OPEN_ERROR; INVALID_DATA_ERROR: no PFX, one with a signature instead of
- * a MAC, or bags nested more than 8 deep; NOT_SUPPORTED_ERROR: of another version than 3, or what is wanted
- * is inside an encrypted part of the file; NO_DATA_ERROR: there is none; CREATE_ERROR, also if the new file
+ * as it is, so no password is needed and the MAC is not checked. nOptions is ignored.
+ * Status, positive. BAD_PARAM_ERROR; OPEN_ERROR; INVALID_DATA_ERROR: not a PFX file, a signature instead of a
+ * MAC, or bags nested more than 8 deep; NOT_SUPPORTED_ERROR: another version than 3, or the certificate or
+ * key is inside an encrypted part of the file; NO_DATA_ERROR: the file has none; CREATE_ERROR, also if the new file
  * is the PFX file itself; WRITE_ERROR. */
 ZUL_API int X509_GetCertFromPFX(const char* szFileOut, const char* szPfxFile, int nOptions);
 ZUL_API int RSA_GetPrivateKeyFromPFX(const char* szFileOut, const char* szPfxFile, int nOptions);
@@ -909,26 +909,25 @@ ZUL_API int RSA_GetPrivateKeyFromPFX(const char* szFileOut, const char* szPfxFil
  * szPrivateKey: a private key string.
  *
  * Codes of all: BAD_PARAM_ERROR: an argument that may not be null or empty; OPEN_ERROR: a file cannot be
- * read; CREATE_ERROR and WRITE_ERROR: the output; INVALID_DATA_ERROR: a message that is malformed or of
- * another type, a key string that cannot be opened. */
+ * opened; READ_ERROR: reading it fails; CREATE_ERROR and WRITE_ERROR: the output; INVALID_DATA_ERROR: a
+ * message that is malformed or of another type, a key string that cannot be opened. */
 
-/* CMS_MakeSigData signs a file: the RSA signature (PKCS #1 v1.5) of one signer, the first of szCertList,
- * whose key szPrivateKey is (that they belong together is not checked). nOptions: a ZUL_HASH_ algorithm (0 to
- * 6), and any of
+/* CMS_MakeSigData signs a file with RSA (PKCS #1 v1.5). The first certificate of szCertList is the signer's.
+ * That szPrivateKey is its key is not checked. nOptions: a ZUL_HASH_ algorithm (0 to 6), and any of
  *  ZUL_CMS_EXCLUDE_CERTS: the certificates are not carried;
  *  ZUL_CMS_EXCLUDE_DATA: the content is not carried (a detached signature), and may have any length;
  *  ZUL_CMS_INCLUDE_ATTRS: signed attributes contentType and messageDigest, with ZUL_CMS_ADD_SIGNTIME also
  *   signingTime, with ZUL_CMS_ADD_SMIMECAPS sMIMECapabilities;
- *  ZUL_CMS_NAMED_SIGALG: the signature algorithm is called sha1WithRSAEncryption for SHA-1,
- *   md5WithRSAEncryption for MD5, SHA-256 and SHA-512, md2WithRSAEncryption for MD2 and SHA-224, and
- *   sha384WithRSAEncryption for SHA-384, instead of rsaEncryption for all; what is signed is the same, but
- *   readers that believe these names refuse some of them;
+ *  ZUL_CMS_NAMED_SIGALG: the signature algorithm is not called rsaEncryption but sha1WithRSAEncryption for
+ *   SHA-1, md5WithRSAEncryption for MD5, SHA-256 and SHA-512, md2WithRSAEncryption for MD2 and SHA-224, and
+ *   sha384WithRSAEncryption for SHA-384; the signature is the same, but readers that rely on these names
+ *   refuse some of them;
  *  ZUL_CMS_BARE_SIGNEDDATA: SignedData without ContentInfo;
  *  ZUL_CMS_FORMAT_BASE64: base64 text in lines of 64 characters instead of DER;
- *  ZUL_CMS_CERTS_ONLY: instead of all that a message of the certificates alone, in base64 as PEM "PKCS7";
- *   only szFileOut and szCertList are looked at.
- * Status, positive. BAD_FLAG_ERROR: no such digest; NO_DATA_ERROR: an empty file, or no certificate to carry;
- * OPEN_ERROR also for a certificate that cannot be read (INVALID_DATA_ERROR with ZUL_CMS_EXCLUDE_CERTS, where
+ *  ZUL_CMS_CERTS_ONLY: a message of certificates alone, in base64 as PEM "PKCS7"; only szFileOut and
+ *   szCertList are used.
+ * Status, positive. BAD_FLAG_ERROR: an unknown digest; NO_DATA_ERROR: an empty file, or no certificate to
+ * carry; OPEN_ERROR also for a certificate that cannot be read (INVALID_DATA_ERROR with ZUL_CMS_EXCLUDE_CERTS, where
  * only the first is read); SIGNATURE_ERROR: the key cannot sign. */
 ZUL_API int CMS_MakeSigData(const char* szFileOut, const char* szFileIn, const char* szCertList,
                             const char* szPrivateKey, int nOptions);
@@ -937,16 +936,16 @@ ZUL_API int CMS_MakeSigData(const char* szFileOut, const char* szFileIn, const c
 ZUL_API int CMS_MakeSigDataFromString(const char* szFileOut, const char* szDataIn, const char* szCertList,
                                       const char* szPrivateKey, int nOptions);
 
-/* CMS_MakeDetachedSig signs content of which only the digest is given, in hex; it is not carried.
- * INVALID_DATA_ERROR also for a text without hex; BAD_LENGTH_ERROR: a digest of another length than the
- * algorithm's. Otherwise as CMS_MakeSigData. */
+/* CMS_MakeDetachedSig signs content whose digest is given in hex; the content is not carried.
+ * INVALID_DATA_ERROR also for a text without hex; BAD_LENGTH_ERROR: the digest does not have the length of the
+ * algorithm. Otherwise as CMS_MakeSigData. */
 ZUL_API int CMS_MakeDetachedSig(const char* szFileOut, const char* szHexDigest, const char* szCertList,
                                 const char* szPrivateKey, int nOptions);
 
-/* CMS_MakeSigDataFromSigValue makes a message of a finished signature (made by a smart card, say) of nDataLen
- * bytes of content, which is checked with the key of the first certificate. Signed attributes are never
- * added: the signature is not of those. SIGNATURE_ERROR: it does not verify, or that certificate has no RSA
- * key. Otherwise as CMS_MakeSigData. */
+/* CMS_MakeSigDataFromSigValue makes a message from nDataLen bytes of content and their finished signature,
+ * made by a smart card, for example. The signature is verified with the key of the first certificate. Signed
+ * attributes are never added, since the signature does not cover them. SIGNATURE_ERROR: the signature does not
+ * verify, or that certificate has no RSA key. Otherwise as CMS_MakeSigData. */
 ZUL_API int CMS_MakeSigDataFromSigValue(const char* szFileOut, const unsigned char* lpSigValue, int nSigLen,
                                         const unsigned char* lpData, int nDataLen, const char* szCertList,
                                         int nOptions);
@@ -954,51 +953,57 @@ ZUL_API int CMS_MakeSigDataFromSigValue(const char* szFileOut, const unsigned ch
 /* CMS_ReadSigData writes the content of a signed message to a file, CMS_ReadSigDataToString to nDataOutLen
  * bytes of room and a NUL. The signature is not checked: call CMS_VerifySigData. nOptions is ignored.
  * Length of the content. Query (CMS_ReadSigDataToString). -CREATE_ERROR: also if szFileOut is the input file
- * itself; -NO_DATA_ERROR: no content in it (a detached signature); -NOT_SUPPORTED_ERROR: SignedData of
- * another version than 1. */
+ * itself; -NO_DATA_ERROR: the message has no content (a detached signature); -NOT_SUPPORTED_ERROR: SignedData
+ * of another version than 1. */
 ZUL_API int CMS_ReadSigData(const char* szFileOut, const char* szFileIn, int nOptions);
 ZUL_API int CMS_ReadSigDataToString(char* szDataOut, int nDataOutLen, const char* szFileIn, int nOptions);
 
 /* CMS_VerifySigData verifies the signature of a signed message, RSA (PKCS #1 v1.5) with any digest or DSA
- * with SHA-1, and the digest of its content. szCertFile: the signer's certificate; null or empty: it is
- * looked for in the message, and of several signers the first whose certificate is there counts. Then anybody
- * can have signed: look at that certificate, and validate it (X509_ValidatePath). szHexDigest: the content's
- * digest, if the message does not carry it, else null or empty; if it does, both have to agree. nOptions is
- * ignored.
- * Status, positive. SIGNATURE_ERROR: it does not verify, the digests differ, or the content of a message
- * without signed attributes is itself a set of them; NO_MATCH_ERROR: no signer with such a certificate;
+ * with SHA-1, and the digest of its content. 
+ *  szCertFile: the signer's certificate. Null or empty: the certificates in the message are used, and the first
+ *   signer with one of them is verified. Then anybody can have signed: validate that certificate
+ *   (X509_ValidatePath).
+ *  szHexDigest: the digest of the content, or null or empty. It is required if the message has no content, and
+ *   has to agree with the content otherwise.
+ * nOptions is ignored.
+ * Status, positive. SIGNATURE_ERROR: the signature does not verify, the digests differ, or the content of a
+ * message without signed attributes is itself a set of them; NO_MATCH_ERROR: no signer has such a certificate;
  * NO_DATA_ERROR: neither content nor digest; INVALID_DATA_ERROR also for szHexDigest, and for a messageDigest
  * that is missing or doubled; NOT_SUPPORTED_ERROR: another version than 1, unknown algorithms. */
 ZUL_API int CMS_VerifySigData(const char* szFileIn, const char* szCertFile, const char* szHexDigest,
                               int nOptions);
 
-/* CMS_GetSigDataDigest writes the content's digest that was signed, in lower-case hex: that inside the
- * signature, or that of the signed attributes, once their signature has been verified. szCertFile as in
+/* CMS_GetSigDataDigest writes the digest of the content that was signed, in lower-case hex. It comes from the
+ * signature, or from the signed attributes after their signature has been verified. szCertFile as in
  * CMS_VerifySigData. nOptions is ignored.
  * Length in characters. Query. Codes as CMS_VerifySigData, negated; -NOT_SUPPORTED_ERROR also for DSA without
  * signed attributes. */
 ZUL_API int CMS_GetSigDataDigest(char* szHexDigestOut, int nDigestLen, const char* szFileIn,
                                  const char* szCertFile, int nOptions);
 
-/* CMS_QuerySigData answers a query about a signed message of any version, verified or not. szQuery, in any
- * case: "Version", "HASeContent", "CountOfCerts" ("CountOfCertificates"), "CountOfSigners"
- * ("CountOfSignerInfos"), and of the first signer, or of the n-th if "/n" follows, "signerInfoVersion" and
- * "HASsignedAttrs" ("HASsignedAttributes") are numbers, which are the result; "eContentType", and of a signer
- * "SigningTime" ("yyyy-mm-dd hh:nn:ss", UTC), "digestAlgorithm", "signatureAlgorithm" and "messageDigest"
- * (hex) are texts. What is not there is 0 or empty. A message may have signers that nobody verified, and
- * the first need not be the one that CMS_VerifySigData found: believe these answers if "CountOfSigners" is 1.
- * nOptions: ZUL_QUERY_GETTYPE as in X509_QueryCert.
+/* CMS_QuerySigData answers a query about a signed message of any version, verified or not. szQuery is one
+ * of these names, in exactly this form:
+ *  numbers, which are the result: "Version", "HASeContent", "CountOfCerts" ("CountOfCertificates"),
+ *   "CountOfSigners" ("CountOfSignerInfos");
+ *  a text: "eContentType";
+ *  numbers about the first signer: "signerInfoVersion", "HASsignedAttrs" ("HASsignedAttributes");
+ *  texts about the first signer: "SigningTime" ("yyyy-mm-dd hh:nn:ss", UTC), "digestAlgorithm",
+ *   "signatureAlgorithm", "messageDigest" (hex).
+ * A missing part is 0 or an empty text. The first signer need not be the one that CMS_VerifySigData verified:
+ * rely on these answers only if "CountOfSigners" is 1. nOptions: ZUL_QUERY_GETTYPE as in X509_QueryCert.
  * Length (or the number). Query. -BAD_QUERY_ERROR: no such query. */
 ZUL_API int CMS_QuerySigData(char* szOutput, int nOutChars, const char* szFileIn, const char* szQuery,
                              int nOptions);
 
 /* CMS_MakeEnvData encrypts a file for the RSA keys (PKCS #1 v1.5) of up to 10 certificates. lpSeed, nSeedLen:
- * bytes that go into the making of the key, of which 20 count, or null and 0. nOptions: one of
- * ZUL_CMS_CIPHER_AES128, _AES192 and _AES256, or Triple DES for anything else, all CBC; ZUL_CMS_NAMED_SIGALG
- * names Triple DES "des_3CBC_pad" (an OID that few readers know); ZUL_CMS_FORMAT_BASE64 as in
- * CMS_MakeSigData, if there is a recipient.
- * The number of recipients served, which may be fewer than the certificates: one whose key cannot be used is
- * left out, with a text (ZUL_LastError); with 0 nobody can read the message. Or a negated code. */
+ * additional input for the generator that makes the content key (20 bytes are used), or null and 0. nOptions:
+ *  ZUL_CMS_CIPHER_AES128, ZUL_CMS_CIPHER_AES192 or ZUL_CMS_CIPHER_AES256: the cipher, in CBC mode; Triple DES
+ *   without one of these;
+ *  ZUL_CMS_NAMED_SIGALG: names Triple DES "des_3CBC_pad" (an OID that few readers know);
+ *  ZUL_CMS_FORMAT_BASE64: as in CMS_MakeSigData, if there is a recipient.
+ * The number of recipients, or a negated code. A certificate whose key cannot be used is left out, with a text
+ * (ZUL_LastError), so that the number may be smaller than that of the certificates. With 0 nobody can read the
+ * message. */
 ZUL_API int CMS_MakeEnvData(const char* szFileOut, const char* szFileIn, const char* szCertList,
                             const unsigned char* lpSeed, int nSeedLen, int nOptions);
 
@@ -1008,13 +1013,13 @@ ZUL_API int CMS_MakeEnvDataFromString(const char* szFileOut, const char* szDataI
 
 /* CMS_ReadEnvData decrypts an enveloped message (Triple DES, AES or RC2, CBC) into a file,
  * CMS_ReadEnvDataToString into nDataOutLen bytes of room and a NUL. szX509File: the recipient's certificate,
- * of whose entries in the message at most 4 are tried; null or empty: every recipient with a key of the right
+ * of whose entries in the message at most 4 are tried. Null or empty: every recipient with a key of the right
  * length is tried, at most 100. nOptions is ignored.
- * The content is not authenticated: anybody can change it or make it. And whoever can have any number of
- * messages of his own opened, and learns which calls succeed, learns about the key, whatever the codes say:
- * do not open messages for strangers automatically; sign before encrypting, and verify after.
- * 0 (CMS_ReadEnvDataToString: length; Query), or a negated code. -DECRYPT_ERROR: no recipient, or not one
- * whose key this is, or damaged data, which all look the same; -NOT_SUPPORTED_ERROR: another cipher;
+ * The content is not authenticated: anybody can change or make it. An attacker who can have many messages
+ * opened, and learns which calls succeed, learns about the key, whatever the codes say. So do not open messages
+ * of strangers automatically; sign before encrypting, and verify after decrypting.
+ * 0 (CMS_ReadEnvDataToString: length; Query), or a negated code. -DECRYPT_ERROR: no recipient, another
+ * key, or damaged data, which cannot be told apart; -NOT_SUPPORTED_ERROR: another cipher;
  * -MSG_TOO_LONG_ERROR: content in one piece above 16 MiB, or above 256 MiB in all; -IO_ERROR: the output
  * cannot be closed. */
 ZUL_API int CMS_ReadEnvData(const char* szFileOut, const char* szFileIn, const char* szX509File,
@@ -1022,23 +1027,29 @@ ZUL_API int CMS_ReadEnvData(const char* szFileOut, const char* szFileIn, const c
 ZUL_API int CMS_ReadEnvDataToString(char* szDataOut, int nDataOutLen, const char* szFileIn,
                                     const char* szX509File, const char* szPrivateKey, int nOptions);
 
-/* CMS_QueryEnvData answers a query about an enveloped message. szQuery, in any case: "Version",
- * "CountOfRecipients" ("CountOfRecipientInfos"), "sizeofEncryptedContent" (bytes), and of the first
- * recipient, or of the n-th if "/n" follows, "recipientInfoVersion", "keyEncryptionFlags" (0 for
- * rsaEncryption) and "sizeofEncryptedKey" (bytes) are numbers; "contentEncryptionAlgorithm", and of a
- * recipient "keyEncryptionAlgorithm", "recipientIssuerName" (as X509_CertIssuerName with ZUL_X509_LATIN1) and
- * "recipientSerialNumber" (hex) are texts. Otherwise as CMS_QuerySigData. */
+/* CMS_QueryEnvData answers a query about an enveloped message. szQuery is one of these names, in exactly this
+ * form:
+ *  numbers: "Version", "CountOfRecipients" ("CountOfRecipientInfos"), "sizeofEncryptedContent" (bytes);
+ *  a text: "contentEncryptionAlgorithm";
+ *  numbers about the first recipient: "recipientInfoVersion", "keyEncryptionFlags" (0 for rsaEncryption),
+ *   "sizeofEncryptedKey" (bytes);
+ *  texts about the first recipient: "keyEncryptionAlgorithm", "recipientIssuerName" (as X509_CertIssuerName
+ *   with ZUL_X509_LATIN1), "recipientSerialNumber" (hex).
+ * Otherwise as CMS_QuerySigData. */
 ZUL_API int CMS_QueryEnvData(char* szOutput, int nOutChars, const char* szFileIn, const char* szQuery,
                              int nOptions);
 
 /* --- PFX_: PKCS #12 files (RFC 7292) ------------------------------------------------------------------ */
 
-/* PFX_MakeFile writes a certificate, not encrypted, and an encrypted private key, as it stands in its file,
- * to a PFX file with a MAC (HMAC-SHA-1). The key is left out if szKeyFile or szPassword is null or empty.
- * That they belong together is not checked. szPassword: of the key, which is tested, and of the MAC; for
- * other programs to agree beyond ASCII it has to be Latin-1. szFriendlyName: in Latin-1; null is empty.
- * nOptions: ZUL_PFX_NO_PRIVKEY leaves the key out in any case; ZUL_KEY_FORMAT_PEM makes PEM "PKCS12" of the
- * file. Status, positive. BAD_PARAM_ERROR; INVALID_DATA_ERROR: the certificate cannot be read; the codes of
+/* PFX_MakeFile writes a PFX file: a certificate, not encrypted, an encrypted private key as it stands in its
+ * file, and a MAC (HMAC-SHA-1). The key is left out if szKeyFile or szPassword is null or empty. That key and
+ * certificate belong together is not checked.
+ *  szPassword: of the key, which is tested, and of the MAC. Beyond ASCII other programs need it in Latin-1.
+ *  szFriendlyName: in Latin-1; null is empty.
+ * nOptions:
+ *  ZUL_PFX_NO_PRIVKEY: the key is left out in any case;
+ *  ZUL_KEY_FORMAT_PEM: the file is PEM "PKCS12".
+ * Status, positive. BAD_PARAM_ERROR; INVALID_DATA_ERROR: the certificate cannot be read; the codes of
  * RSA_ReadEncPrivateKey for the key (DECRYPT_ERROR: wrong password); CREATE_ERROR, also if the new file is
  * the key's; WRITE_ERROR; MSG_TOO_LONG_ERROR: more than 8 MiB. */
 ZUL_API int PFX_MakeFile(const char* szFileOut, const char* szCertFile, const char* szKeyFile,
@@ -1046,35 +1057,38 @@ ZUL_API int PFX_MakeFile(const char* szFileOut, const char* szCertFile, const ch
 
 /* PFX_VerifySig checks the MAC of a PFX file (HMAC with SHA-1, SHA-256, SHA-384 or SHA-512) with a password
  * (null or empty: the empty one, as two zero bytes or none). nOptions is ignored.
- * Status, positive. SIGNATURE_ERROR: a wrong password or changed data; OPEN_ERROR; INVALID_DATA_ERROR: no
- * PFX, or a malformed MAC; NOT_SUPPORTED_ERROR: of another version than 3, or another MAC; NO_DATA_ERROR: no
+ * Status, positive. SIGNATURE_ERROR: a wrong password or changed data; OPEN_ERROR; INVALID_DATA_ERROR: not a
+ * PFX file, or a malformed MAC; NOT_SUPPORTED_ERROR: another version than 3, or another MAC; NO_DATA_ERROR: no
  * MAC; OUT_OF_RANGE_ERROR: an iteration count above 10,000,000. */
 ZUL_API int PFX_VerifySig(const char* szPfxFile, const char* szPassword, int nOptions);
 
 /* --- OCSP_: asking for the status of a certificate (RFC 6960) ---------------------------------------- */
 
-/* OCSP_MakeRequest writes an unsigned request about one certificate as base64 in one line; decode it and POST
- * it as application/ocsp-request. szCertFileOrSerialNum: the certificate, or its serial number in hex after
- * "#x". szExtensions is ignored. nOptions: the ZUL_HASH_ algorithm that the issuer is named with (responders
- * know SHA-1 best).
- * Length. Query. Codes negated: -SHORT_BUF_ERROR: it does not fit; -NO_MATCH_ERROR: the certificate was not
- * issued by szIssuerCert; -BAD_FLAG_ERROR: no such digest; -INVALID_DATA_ERROR: also "#x" and no hex. But
- * BAD_PARAM_ERROR, for null or empty certificates, is returned as 6. */
+/* OCSP_MakeRequest writes an unsigned request about one certificate as base64 in one line. To send it, decode
+ * it and POST it as application/ocsp-request. szExtensions is ignored.
+ *  szCertFileOrSerialNum: the certificate, or "#x" and its serial number in hex;
+ *  nOptions: the ZUL_HASH_ algorithm for the hashes of the issuer's name and key. Most responders expect SHA-1.
+ * Length. Query. Codes negated: -SHORT_BUF_ERROR: the request does not fit; -NO_MATCH_ERROR: the certificate
+ * was not issued by szIssuerCert; -BAD_FLAG_ERROR: an unknown digest; -INVALID_DATA_ERROR: also for "#x"
+ * without hex. But BAD_PARAM_ERROR, for null or empty certificates, is returned as 6. */
 ZUL_API int OCSP_MakeRequest(char* szOutput, int nChars, const char* szIssuerCert,
                              const char* szCertFileOrSerialNum, const char* szExtensions, int nOptions);
 
-/* OCSP_ReadResponse writes a report of a response, which is a file of DER, PEM or base64, or text, in lines
- * of at most 1,023 characters in all: "Successful response:", " Produced at " and a time, then for each
- * certificate " CertStatus=" with good, revoked (" at " and a time) or unknown, and " SerialNumber=" in hex;
- * or the status of an unsuccessful one and a full stop, which is no error. szIssuerCert: null, or the
- * certificate whose key has to verify the signature: the issuer's, or a delegated responder's that you have
- * validated. Whether the response belongs to a request, and how old it is, is for the caller to see.
+/* OCSP_ReadResponse writes a report of a response, which is a file of DER, PEM or base64, or text. The report
+ * has at most 1,023 characters, in these lines:
+ *  "Successful response:";
+ *  " Produced at " and a time;
+ *  for each certificate " CertStatus=" and good, revoked (with " at " and a time) or unknown;
+ *  for each certificate " SerialNumber=" and hex.
+ * For an unsuccessful response it is the status and a full stop, which is not an error. szIssuerCert: null, or
+ * the certificate whose key has to verify the signature: that of the issuer, or of a delegated responder that
+ * the caller has validated. The caller has to check that the response belongs to the request, and its age.
  * szExtensions and nOptions are ignored.
  * The report's length without output or room; with them the report is cut to nChars and the result is nChars.
- * Or a negated code: -OPEN_ERROR: no such file, or above 1 MiB; -INVALID_DATA_ERROR: no response;
- * -OUT_OF_RANGE_ERROR: no such status; -NOT_SUPPORTED_ERROR: not of type ocspBasic, or a signature of another
- * kind; -BAD_FORMAT_ERROR: a time is missing or none; -SIGNATURE_ERROR; or the code of an issuer's
- * certificate that cannot be read. */
+ * Or a negated code: -OPEN_ERROR: no such file, or above 1 MiB; -INVALID_DATA_ERROR: not a
+ * response; -OUT_OF_RANGE_ERROR: an unknown status; -NOT_SUPPORTED_ERROR: not of type ocspBasic, or an
+ * unsupported signature algorithm; -BAD_FORMAT_ERROR: a time is missing or invalid; -SIGNATURE_ERROR; or the
+ * code of an issuer's certificate that cannot be read. */
 ZUL_API int OCSP_ReadResponse(char* szOutput, int nChars, const char* szResponseFile,
                               const char* szIssuerCert, const char* szExtensions, int nOptions);
 

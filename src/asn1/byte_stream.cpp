@@ -28,7 +28,7 @@ bool ByteStream::fill() {
     const size_t kept = std::min(kKept, static_cast<size_t>(end_ - window_));
     memcpy(last, end_ - kept, kept);
     uint8_t* bytes = buffer_.data() + kKept;
-    const size_t got = platform::file_read(file_.handle(), bytes, kWindow);
+    const size_t got = platform::file_read(file_.handle(), bytes, kWindow, &failed_);
     if (got == 0) // the window stays, so that a pipe can still go back in it
         return false;
     windowOffset_ += static_cast<size_t>(end_ - window_) - kept;
@@ -56,7 +56,7 @@ size_t ByteStream::read(void* out, size_t n) {
     size_t done = 0;
     while (done < n) {
         if (next_ == end_ && n - done >= kWindow && !isMemory_ && file_.is_open()) {
-            const size_t got = platform::file_read(file_.handle(), bytes + done, n - done);
+            const size_t got = platform::file_read(file_.handle(), bytes + done, n - done, &failed_);
             digest_piece(offset(), bytes + done, got);
             windowOffset_ = offset() + got;
             next_ = end_ = window_;

@@ -32,8 +32,9 @@ class ByteStream {
     size_t offset() const { return windowOffset_ + static_cast<size_t>(next_ - window_); }
     bool skip(int64_t count); // forward or back; false beyond either end, and not moved (a pipe: at its end)
     bool seek(size_t offset);
-    size_t read(void* out, size_t n); // fewer than n only at the end
-    size_t remaining() const;         // bytes up to the end, SIZE_MAX if the source does not tell
+    size_t read(void* out, size_t n);       // fewer than n only at the end
+    size_t remaining() const;               // bytes up to the end, SIZE_MAX if the source does not tell
+    bool failed() const { return failed_; } // a read error, which is otherwise taken for the end
 
     // begin_digest passes n bytes from an offset at or after the present one through a digest, as they are
     // read. Until end_digest, which reads what is left of them, a file is read forward only (back by kKept
@@ -57,7 +58,7 @@ class ByteStream {
     File file_;
     SecretBuffer buffer_;
     int64_t fileLength_ = -1;
-    bool isMemory_;
+    bool isMemory_, failed_ = false;
     DigestContext* digest_ = nullptr;
     size_t digestNext_ = 0, digestEnd_ = 0;
 };

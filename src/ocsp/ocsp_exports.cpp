@@ -3,6 +3,7 @@
 #include "hash/digest.h"
 #include "ocsp/ocsp_request.h"
 #include "ocsp/ocsp_response.h"
+#include "x509/query/uncut_text.h"
 #include "zulcore.h"
 
 using namespace zul;
@@ -10,11 +11,14 @@ using namespace zul;
 int OCSP_MakeRequest(char* szOutput, int nChars, const char* szIssuerCert, const char* szCertFileOrSerialNum,
                      const char* /*szExtensions*/, int nOptions) {
     CallFrame frame;
-    // Positive, other than all else here: programs know it so.
+    // The code is positive here, unlike all others: programs rely on it.
     if (is_missing(szIssuerCert) || is_missing(szCertFileOrSerialNum))
         return frame.status(BAD_PARAM_ERROR);
-    return frame.length(
-        ocsp_request(szOutput, nChars, szIssuerCert, szCertFileOrSerialNum, nOptions & kDigestAlgorithmMask));
+    SecretBuffer text;
+    if (const int error =
+            ocsp_request(szIssuerCert, szCertFileOrSerialNum, nOptions & kDigestAlgorithmMask, text))
+        return frame.length(-error);
+    return frame.length(uncut_text_result(szOutput, nChars, text));
 }
 
 int OCSP_ReadResponse(char* szOutput, int nChars, const char* szResponseFile, const char* szIssuerCert,

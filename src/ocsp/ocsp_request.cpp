@@ -15,17 +15,11 @@
 #include "x509/fields/hex_value.h"
 #include "x509/fields/thumbprint.h"
 #include "x509/input/x509_input.h"
-#include "x509/query/uncut_text.h"
 #include "zulcore.h"
 
 namespace zul {
 
 namespace {
-
-int fails(int error, const char* text) {
-    err_add_text("%s", text);
-    return error;
-}
 
 // subject_public_key gives the bits of the key itself, without its algorithm.
 bool subject_public_key(const asn_Node* subjectPublicKeyInfo, SecretBuffer& key) {
@@ -39,7 +33,7 @@ bool subject_public_key(const asn_Node* subjectPublicKeyInfo, SecretBuffer& key)
 int issuer_hashes(const CertificateFields& issuer, int algorithm, AsnList& hashes) {
     SecretBuffer key;
     if (issuer.subject == nullptr || !subject_public_key(issuer.subjectPublicKeyInfo, key))
-        return fails(BAD_FORMAT_ERROR, "No subject or public key in issuer certificate");
+        return err_fail(BAD_FORMAT_ERROR, "No subject or public key in issuer certificate");
     uint8_t digest[kMaxDigestSize];
     int length = der_digest(digest, asn_CopyElement(issuer.subject), algorithm);
     if (length < 0)
@@ -59,10 +53,10 @@ bool is_serial_text(std::string_view text) {
 // The bytes are taken as they are given: a sign octet is the caller's business.
 int serial_from_text(std::string_view text, AsnList& serial) {
     if (text.size() / 2 > kAsnMaxContent)
-        return fails(BAD_LENGTH_ERROR, "Serial number is too long");
+        return err_fail(BAD_LENGTH_ERROR, "Serial number is too long");
     SecretBuffer bytes;
     if (!hex_value(text, bytes))
-        return fails(INVALID_DATA_ERROR, "Serial number is not hexadecimal");
+        return err_fail(INVALID_DATA_ERROR, "Serial number is not hexadecimal");
     serial = asn_NewString(kAsnInteger, bytes.data(), bytes.size());
     return 0;
 }
@@ -74,38 +68,36 @@ int serial_of_certificate(const char* certFile, const CertificateFields& issuer,
     const CertificateFields certificate = certificate_fields(object.head());
     const asn_Node* number = certificate.serialNumber;
     if (number == nullptr || number->data == nullptr)
-        return fails(BAD_FORMAT_ERROR, "No Serial Number found in cert");
+        return err_fail(BAD_FORMAT_ERROR, "No Serial Number found in cert");
     if (!same_name(certificate.issuer, issuer.subject))
-        return fails(NO_MATCH_ERROR, "Certificate not issued by given issuer certificate");
+        return err_fail(NO_MATCH_ERROR, "Certificate not issued by given issuer certificate");
     serial = asn_NewString(kAsnInteger, number->data, number->length);
     return 0;
 }
 
 } // namespace
 
-int ocsp_request(char* out, int nChars, const char* issuerCert, const char* certOrSerial, int hashAlgorithm) {
+int ocsp_request(const char* issuerCert, const char* certOrSerial, int hashAlgorithm, SecretBuffer& text) {
     if (hashAlgorithm < kDigestSha1 || hashAlgorithm > kDigestSha224)
-        return -fails(BAD_FLAG_ERROR, "Invalid digest algorithm");
+        return err_fail(BAD_FLAG_ERROR, "Invalid digest algorithm");
     AsnList object, hashes, serial;
     int error = x509_read_certificate(issuerCert, object);
     if (error != 0)
-        return -error;
+        return error;
     const CertificateFields issuer = certificate_fields(object.head());
     error = issuer_hashes(issuer, hashAlgorithm, hashes);
     if (error == 0)
         error = is_serial_text(certOrSerial) ? serial_from_text(certOrSerial, serial)
                                              : serial_of_certificate(certOrSerial, issuer, serial);
     if (error != 0)
-        return -error;
+        return error;
 
     AsnList certId =
         asn_NewSequence(asn_LinkList(asn_NewHashAlgId(hashAlgorithm), std::move(hashes), std::move(serial)));
     AsnList requestList = asn_NewSequence(asn_NewSequence(std::move(certId)));
     const AsnList request = asn_NewSequence(asn_NewSequence(std::move(requestList)));
-    const SecretBuffer text = asn_EncodeBase64(request.head());
-    if (text.empty())
-        return -fails(INVALID_DATA_ERROR, "Invalid ASN.1 data");
-    return uncut_text_result(out, nChars, text);
+    text = asn_EncodeBase64(request.head());
+    return text.empty() ? err_fail(INVALID_DATA_ERROR, "Invalid ASN.1 data") : 0;
 }
 
 } // namespace zul

@@ -1,11 +1,12 @@
 #pragma once
+#include "frame/memory.h"
 
 namespace zul {
 
-// ocsp_request makes an unsigned OCSPRequest without extensions about one certificate and writes it as base64
-// text in one line: its length, also without output or room, or a negated code (-SHORT_BUF_ERROR for a text
-// that does not fit). certOrSerial is a certificate argument, or "#x" and a serial number in hex;
-// hashAlgorithm names the issuer: SHA-1 to SHA-224.
-int ocsp_request(char* out, int nChars, const char* issuerCert, const char* certOrSerial, int hashAlgorithm);
+// ocsp_request makes an unsigned OCSPRequest without extensions about one certificate, as base64 text in one
+// line: 0 or a positive code with a text. certOrSerial is a certificate argument, or "#x" and a serial number
+// in hex. The digest of hashAlgorithm (SHA-1 to SHA-224) identifies the issuer.
+[[nodiscard]] int ocsp_request(const char* issuerCert, const char* certOrSerial, int hashAlgorithm,
+                               SecretBuffer& text);
 
 } // namespace zul

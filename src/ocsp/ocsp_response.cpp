@@ -34,11 +34,6 @@ constexpr const char* kResponseStatus[] = {"successful",  "malformedRequest",   
 constexpr const char* kCertStatus[] = {"good", "revoked", "unknown"};
 constexpr uint32_t kRevoked = 1;
 
-int fails(int error, const char* text) {
-    err_add_text("%s", text);
-    return error;
-}
-
 template<class... Texts>
 void add(char report[kOcspReport], Texts... texts) {
     (str_append(report, texts, static_cast<int>(kOcspReport)), ...);
@@ -64,7 +59,7 @@ struct BasicResponse {
             der = asn_ToDer(asn_CopyList(asItStands.head()));
         return sequence_or_null(der.head()) != nullptr
                    ? 0
-                   : fails(INVALID_DATA_ERROR, "Not a valid BasicOCSPResponse");
+                   : err_fail(INVALID_DATA_ERROR, "Not a valid BasicOCSPResponse");
     }
 
     // verify leaves the certificates out that may follow the signature.
@@ -90,9 +85,9 @@ int find_basic_response(AsnChildren& fields, SecretBuffer& content) {
     OidInfo basic;
     oid_FromName(&basic, "ocspBasic");
     if (asn_OidEquals(responseBytes.take_oid(), &basic) != 0)
-        return fails(NOT_SUPPORTED_ERROR, "Require responseType to be ocspBasic");
+        return err_fail(NOT_SUPPORTED_ERROR, "Require responseType to be ocspBasic");
     if (!asn_GetOctets(responseBytes.take(), content))
-        return fails(INVALID_DATA_ERROR, "Cannot find response data");
+        return err_fail(INVALID_DATA_ERROR, "Cannot find response data");
     return 0;
 }
 
@@ -101,7 +96,7 @@ int add_produced_at(char report[kOcspReport], AsnChildren& responseData) {
         responseData.take();
     char time[kAsnTimeText];
     if (*asn_time_text(responseData.take_if(kAsnUniversal, kAsnGeneralizedTime), time) == '\0')
-        return fails(BAD_FORMAT_ERROR, "Cannot find time producedAt");
+        return err_fail(BAD_FORMAT_ERROR, "Cannot find time producedAt");
     add(report, "\n Produced at ", time);
     return 0;
 }
@@ -112,13 +107,13 @@ int add_single(char report[kOcspReport], const asn_Node* single) {
     const asn_Node* certId = fields.take_sequence();
     const asn_Node* status = certId == nullptr ? nullptr : fields.take();
     if (!is_context(status))
-        return fails(INVALID_DATA_ERROR, "Invalid SingleResponse");
+        return err_fail(INVALID_DATA_ERROR, "Invalid SingleResponse");
     add(report, "\n CertStatus=", status->tag < std::size(kCertStatus) ? kCertStatus[status->tag] : "ERROR!");
 
     if (status->tag == kRevoked) {
         char time[kAsnTimeText];
         if (*asn_time_text(AsnChildren(status).take_if(kAsnUniversal, kAsnGeneralizedTime), time) == '\0')
-            return fails(BAD_FORMAT_ERROR, "Cannot find revocationTime");
+            return err_fail(BAD_FORMAT_ERROR, "Cannot find revocationTime");
         add(report, " at ", time);
     }
 
@@ -140,10 +135,10 @@ int add_basic_response(char report[kOcspReport], const BasicResponse& basic, con
         return error;
     if (issuerCert != nullptr && *issuerCert != '\0')
         if (const int error = basic.verify(issuerCert, responseFile))
-            return fails(error, "Signature is invalid");
+            return err_fail(error, "Signature is invalid");
     const asn_Node* responses = responseData.take_sequence();
     if (responses == nullptr)
-        return fails(INVALID_DATA_ERROR, "Cannot find responses");
+        return err_fail(INVALID_DATA_ERROR, "Cannot find responses");
     for (AsnChildren singles(responses); !singles.at_end();)
         if (const int error = add_single(report, singles.take()))
             return error;
@@ -167,10 +162,10 @@ int make_report(char report[kOcspReport], const char* responseFile, const char* 
     AsnChildren fields(object.head());
     const asn_Node* status = fields.take_if(kAsnUniversal, kAsnEnumerated);
     if (status == nullptr)
-        return fails(INVALID_DATA_ERROR, "Not a valid OCSPResponse object");
+        return err_fail(INVALID_DATA_ERROR, "Not a valid OCSPResponse object");
     const int64_t number = asn_GetInt(status);
     if (number < 0 || number >= static_cast<int64_t>(std::size(kResponseStatus)))
-        return fails(OUT_OF_RANGE_ERROR, "OCSPResponseStatus out of range");
+        return err_fail(OUT_OF_RANGE_ERROR, "OCSPResponseStatus out of range");
     if (number != 0) {
         add(report, kResponseStatus[number], ".");
         return 0;

@@ -8,6 +8,6 @@ namespace zul {
 // issuerCert: null or empty, or the certificate argument whose key has to verify the signature.
 // 0, or a positive code with a text; then the report is empty.
 constexpr size_t kOcspReport = 1024; // with its NUL
-int ocsp_report(char report[kOcspReport], const char* responseFile, const char* issuerCert);
+[[nodiscard]] int ocsp_report(char report[kOcspReport], const char* responseFile, const char* issuerCert);
 
 } // namespace zul

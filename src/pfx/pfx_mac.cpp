@@ -66,13 +66,11 @@ int read_algorithm(const asn_Node* algorithmIdentifier, int& hashAlg) {
             return 0;
         }
     }
-    err_add_text("MAC algorithm '%s' not supported", name);
-    return NOT_SUPPORTED_ERROR;
+    return err_fail(NOT_SUPPORTED_ERROR, "MAC algorithm '%s' not supported", name);
 }
 
 int invalid() {
-    err_add_text("Invalid MacData");
-    return INVALID_DATA_ERROR;
+    return err_fail(INVALID_DATA_ERROR, "Invalid MacData");
 }
 
 int read_iterations(const asn_Node* node, uint32_t& iterations) {
@@ -83,10 +81,8 @@ int read_iterations(const asn_Node* node, uint32_t& iterations) {
     iterations = 0;
     for (int i = 0; i < length; i++)
         iterations = iterations << 8 | bytes[i];
-    if (length < 0 || iterations > kMaxForeignIterations) {
-        err_add_text("Iteration count of the MAC is above %u", kMaxForeignIterations);
-        return OUT_OF_RANGE_ERROR;
-    }
+    if (length < 0 || iterations > kMaxForeignIterations)
+        return err_fail(OUT_OF_RANGE_ERROR, "Iteration count of the MAC is above %u", kMaxForeignIterations);
     return iterations == 0 ? invalid() : 0;
 }
 
@@ -138,8 +134,7 @@ int pfx_check_mac(const asn_Node* macData, const SecretBuffer& safe, const char*
     // Some programs take an empty password for no bytes at all, others for the two of its NUL.
     if (*password == '\0' && agrees(value, compute(mac, safe, SecretBuffer(), value), expected))
         return 0;
-    err_add_text("MAC does not match: wrong password, or the data were changed");
-    return SIGNATURE_ERROR;
+    return err_fail(SIGNATURE_ERROR, "MAC does not match: wrong password, or the data were changed");
 }
 
 } // namespace zul

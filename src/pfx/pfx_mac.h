@@ -14,6 +14,6 @@ AsnList pfx_mac_data(const SecretBuffer& safe, const char* password);
 
 // pfx_check_mac: 0 or a positive code, with a text: INVALID_DATA_ERROR, NOT_SUPPORTED_ERROR,
 // OUT_OF_RANGE_ERROR for an iteration count that would take too long, SIGNATURE_ERROR for a mismatch.
-int pfx_check_mac(const asn_Node* macData, const SecretBuffer& safe, const char* password);
+[[nodiscard]] int pfx_check_mac(const asn_Node* macData, const SecretBuffer& safe, const char* password);
 
 } // namespace zul

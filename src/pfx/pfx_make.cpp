@@ -28,8 +28,7 @@ int read_certificate(const char* fileOrText, AsnList& certificate) {
         certificate = asn_ToDer(std::move(object));
     if (certificate)
         return 0;
-    err_add_text("Invalid ASN.1 data in %s", shown_name(fileOrText));
-    return INVALID_DATA_ERROR;
+    return err_fail(INVALID_DATA_ERROR, "Invalid ASN.1 data in %s", shown_name(fileOrText));
 }
 
 // test_key tells whether a password gives an RSA key, as RSA_ReadEncPrivateKey would.
@@ -42,8 +41,7 @@ int test_key(const asn_Node* encrypted, const char* password) {
             return 0;
         err_add_text("Not valid PrivateKeyInfo data");
     }
-    err_add_text("Could not decrypt key");
-    return DECRYPT_ERROR;
+    return err_fail(DECRYPT_ERROR, "Could not decrypt key");
 }
 
 AsnList attribute(const char* name, AsnList value) {
@@ -101,10 +99,8 @@ int pfx_make(const PfxOrder& order) {
                                                                 std::move(key), order.friendlyName));
     AsnList authenticatedSafe = asn_NewSequence(std::move(infos));
     const SecretBuffer safe = asn_Encode(authenticatedSafe);
-    if (safe.empty() || safe.size() > kMaxSafe) {
-        err_add_text("Too long for a PFX file");
-        return MSG_TOO_LONG_ERROR;
-    }
+    if (safe.empty() || safe.size() > kMaxSafe)
+        return err_fail(MSG_TOO_LONG_ERROR, "Too long for a PFX file");
     const AsnList pfx = asn_NewSequence(asn_LinkList(asn_NewInteger(kPfxVersion),
                                                      data_content_info(std::move(authenticatedSafe)),
                                                      pfx_mac_data(safe, order.password)));
@@ -112,9 +108,8 @@ int pfx_make(const PfxOrder& order) {
     const int error = asn_write_file(
         order.newFile, pfx.head(), (order.options & ZUL_KEY_FORMAT_PEM) != 0 ? "PKCS12" : nullptr,
         kPemLineLen, {.secret = withKey, .replaces = true, .input = order.keyFile});
-    if (error == CREATE_ERROR)
-        err_add_text("Cannot create file %s", shown_name(order.newFile));
-    return error;
+    return error == CREATE_ERROR ? err_fail(error, "Cannot create file %s", shown_name(order.newFile))
+                                 : error;
 }
 
 } // namespace zul

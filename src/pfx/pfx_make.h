@@ -12,6 +12,6 @@ struct PfxOrder {
 };
 
 // pfx_make makes a PFX file of a certificate and perhaps its key: 0 or a positive code with a text.
-int pfx_make(const PfxOrder& order);
+[[nodiscard]] int pfx_make(const PfxOrder& order);
 
 } // namespace zul

@@ -15,13 +15,8 @@
 namespace zul {
 namespace {
 
-int fail(int code, const char* text) {
-    err_add_text("%s", text);
-    return code;
-}
-
 int malformed() {
-    return fail(INVALID_DATA_ERROR, "Invalid PFX structure");
+    return err_fail(INVALID_DATA_ERROR, "Invalid PFX structure");
 }
 
 bool is_named(const asn_Node* oid, const char* name) {
@@ -120,16 +115,13 @@ int find(const SecretBuffer& safe, Finder* finder, SecretBuffer& content, const 
             return malformed();
         const Found found = look_into(safeContents.head(), finder, content);
         if (found == Found::tooDeep)
-            return fail(INVALID_DATA_ERROR, "Bags of the PFX are nested too deeply");
+            return err_fail(INVALID_DATA_ERROR, "Bags of the PFX are nested too deeply");
         if (found != Found::no)
             return found == Found::yes ? 0 : malformed();
     }
-    if (hasEncrypted) {
-        err_add_text("No %s outside the encrypted data, which cannot be read", what);
-        return NOT_SUPPORTED_ERROR;
-    }
-    err_add_text("No %s in the PFX", what);
-    return NO_DATA_ERROR;
+    if (hasEncrypted)
+        return err_fail(NOT_SUPPORTED_ERROR, "No %s outside the encrypted data, which cannot be read", what);
+    return err_fail(NO_DATA_ERROR, "No %s in the PFX", what);
 }
 
 } // namespace
@@ -138,7 +130,7 @@ int PfxReader::open(const char* fileOrText) {
     if (const int error = asn_read_input(fileOrText, list_, kMaxPfxFile))
         return error;
     version_ = asn_GetInt(AsnChildren(list_.head()).take_integer());
-    return version_ < 0 ? fail(INVALID_DATA_ERROR, "Not a valid PFX file") : 0;
+    return version_ < 0 ? err_fail(INVALID_DATA_ERROR, "Not a valid PFX file") : 0;
 }
 
 const asn_Node* PfxReader::mac_data() const {
@@ -155,7 +147,7 @@ int PfxReader::read_safe(SecretBuffer& safe) const {
     if (is_named(authSafe.take_oid(), "data") &&
         asn_GetOctets(explicit_content(authSafe).take_octets(), safe))
         return 0;
-    return fail(INVALID_DATA_ERROR, "Cannot find ContentInfo data");
+    return err_fail(INVALID_DATA_ERROR, "Cannot find ContentInfo data");
 }
 
 int pfx_find_certificate(const SecretBuffer& safe, SecretBuffer& certificate) {

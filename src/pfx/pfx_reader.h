@@ -12,15 +12,15 @@ constexpr uint32_t kMaxNestedBags = 8;  // bags in a bag that holds bags, and so
 // PfxReader is a PFX as far as it can be read without a password.
 class PfxReader {
   public:
-    // open gives 0 or a positive code with a text: that of the reading, INVALID_DATA_ERROR for what is no
-    // PFX. Of any version; other fields than that are first looked at when they are asked for.
-    int open(const char* fileOrText);
+    // open gives 0 or a positive code with a text: that of the reader, or INVALID_DATA_ERROR if it
+    // is not a PFX. The version may be any; the other fields are checked when they are asked for.
+    [[nodiscard]] int open(const char* fileOrText);
     int64_t version() const { return version_; }
 
     const asn_Node* mac_data() const; // null if there is none
-    // read_safe gives the encoding of the AuthenticatedSafe, which is what the MAC is of: 0, or
-    // INVALID_DATA_ERROR with a text if the PFX holds no plain data (but signed data, say).
-    int read_safe(SecretBuffer& safe) const;
+    // read_safe gives the encoding of the AuthenticatedSafe, which the MAC covers: 0, or
+    // INVALID_DATA_ERROR with a text if the PFX holds no plain data (but signed data, for example).
+    [[nodiscard]] int read_safe(SecretBuffer& safe) const;
 
   private:
     AsnList list_;
@@ -29,9 +29,9 @@ class PfxReader {
 
 // pfx_find_certificate and pfx_find_key give the first X.509 certificate, and the first
 // EncryptedPrivateKeyInfo, of an AuthenticatedSafe as they stand in it: 0 or a positive code with a text.
-// NO_DATA_ERROR: there is none; NOT_SUPPORTED_ERROR: none, but encrypted data that may hold it;
-// INVALID_DATA_ERROR: what comes before it is malformed, or nested deeper than kMaxNestedBags.
-int pfx_find_certificate(const SecretBuffer& safe, SecretBuffer& certificate);
-int pfx_find_key(const SecretBuffer& safe, SecretBuffer& encryptedPrivateKeyInfo);
+// NO_DATA_ERROR: there is none; NOT_SUPPORTED_ERROR: only encrypted data may hold one;
+// INVALID_DATA_ERROR: the data before it are malformed, or nested deeper than kMaxNestedBags.
+[[nodiscard]] int pfx_find_certificate(const SecretBuffer& safe, SecretBuffer& certificate);
+[[nodiscard]] int pfx_find_key(const SecretBuffer& safe, SecretBuffer& encryptedPrivateKeyInfo);
 
 } // namespace zul

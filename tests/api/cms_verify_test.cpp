@@ -168,9 +168,9 @@ TEST(CmsQuerySigData, Answers) {
         Answer answer;
     } cases[] = {
         {md5, "Version", {1, ""}},
-        {byKey, "version", {3, ""}},
+        {byKey, "Version", {3, ""}},
         {md5, "eContentType", {4, "data"}},
-        {"other type", "ECONTENTTYPE", {7, "1.2.3.4"}},
+        {"other type", "eContentType", {7, "1.2.3.4"}},
         {md5, "HASeContent", {1, ""}},
         {"detached", "HASeContent", {0, ""}},
         {"empty content", "HASeContent", {1, ""}},
@@ -182,12 +182,9 @@ TEST(CmsQuerySigData, Answers) {
         {byKey, "signerInfoVersion", {3, ""}},
         {"no signers", "signerInfoVersion", {0, ""}},
         {md5, "HASsignedAttrs", {1, ""}},
-        {two, "HASsignedAttributes/2", {0, ""}},
-        {two, "digestAlgorithm/2", {6, "sha256"}},
-        {two, "digestAlgorithm/3", {0, ""}},
-        {two, "digestAlgorithm/99999999999999999999", {0, ""}},
+        {two, "HASsignedAttributes", {0, ""}},
         {"unknown digest", "digestAlgorithm", {5, "1.2.3"}},
-        {md5, "digestAlgorithm/1", {3, "md5"}},
+        {md5, "digestAlgorithm", {3, "md5"}},
         {"odd label", "signatureAlgorithm", {20, "md5WithRSAEncryption"}},
         {md5, "signatureAlgorithm", {13, "rsaEncryption"}},
         {md5, "messageDigest", {32, "900150983cd24fb0d6963f7d28e17f72"}},
@@ -196,11 +193,8 @@ TEST(CmsQuerySigData, Answers) {
         {md5, "", {-BAD_PARAM_ERROR, ""}},
         {md5, "Versio", {-BAD_QUERY_ERROR, ""}},
         {md5, "Version ", {-BAD_QUERY_ERROR, ""}},
-        {md5, "Version/1", {-BAD_QUERY_ERROR, ""}},
-        {md5, "digestAlgorithm/", {-BAD_QUERY_ERROR, ""}},
-        {md5, "digestAlgorithm/0", {-BAD_QUERY_ERROR, ""}},
-        {md5, "digestAlgorithm/1x", {-BAD_QUERY_ERROR, ""}},
-        {md5, "digestAlgorithm/1/1", {-BAD_QUERY_ERROR, ""}},
+        {md5, "version", {-BAD_QUERY_ERROR, ""}},
+        {md5, "digestAlgorithm/1", {-BAD_QUERY_ERROR, ""}},
         {md5, "CountOfRecipients", {-BAD_QUERY_ERROR, ""}},
     };
     std::map<std::string, std::string> messages;
@@ -226,7 +220,6 @@ TEST(CmsQuerySigData, TypesAndMissingMessages) {
         return CMS_QuerySigData(nullptr, 0, nullptr, words, ZUL_QUERY_GETTYPE);
     };
     EXPECT_EQ(type("CountOfCerts"), 1);
-    EXPECT_EQ(type("hasSIGNEDattrs/7"), 1);
     EXPECT_EQ(type("eContentType"), 2);
     EXPECT_EQ(type("SigningTime"), 2);
     EXPECT_EQ(type("recipientIssuerName"), -BAD_QUERY_ERROR);

@@ -101,6 +101,8 @@ TEST(OctetContent, GoesToAFile) {
     ByteStream stream(in.c_str());
     OctetContent content;
     ASSERT_EQ(content.open(stream, AsnScope(), kAsnUniversal, kAsnOctetString), 0);
-    EXPECT_EQ(content_to_file(content, out.c_str(), nullptr), static_cast<int>(kCount));
+    int length = 0;
+    EXPECT_EQ(content_to_file(content, out.c_str(), nullptr, &length), 0);
+    EXPECT_EQ(length, static_cast<int>(kCount));
     EXPECT_EQ(test::read_text(out), repeated("ab", kCount / 2));
 }

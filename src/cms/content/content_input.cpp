@@ -14,13 +14,11 @@ namespace {
 constexpr size_t kChunk = 64 * 1024;
 
 int cannot_open(const char* path) {
-    err_add_text("Cannot open file %s", shown_name(path));
-    return OPEN_ERROR;
+    return err_fail(OPEN_ERROR, "Cannot open file %s", shown_name(path));
 }
 
 int cannot_read(const char* path) {
-    err_add_text("Cannot read file %s", shown_name(path));
-    return OPEN_ERROR;
+    return err_fail(READ_ERROR, "Cannot read file %s", shown_name(path));
 }
 
 size_t pad_length(size_t size, const ContentShape& shape) {
@@ -30,10 +28,8 @@ size_t pad_length(size_t size, const ContentShape& shape) {
 // make_element makes the element for size bytes of content, with its padding behind their room.
 int make_element(size_t size, const ContentShape& shape, AsnList& element) {
     const size_t pad = pad_length(size, shape);
-    if (size > kAsnMaxContent - pad) {
-        err_add_text("Content is too long (max=%u bytes)", kAsnMaxContent);
-        return MSG_TOO_LONG_ERROR;
-    }
+    if (size > kAsnMaxContent - pad)
+        return err_fail(MSG_TOO_LONG_ERROR, "Content is too long (max=%u bytes)", kAsnMaxContent);
     asn_Node* node = asn_make_node(shape.cls, shape.tag, size + pad);
     node->length = static_cast<uint32_t>(size + pad);
     if (pad != 0)

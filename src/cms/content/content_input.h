@@ -10,13 +10,14 @@ struct ContentShape {
     size_t blockLength = 0; // not 0: the content is padded to whole blocks (RFC 5652, 6.3)
 };
 
-// Both give 0 or a positive code with a text: OPEN_ERROR ("Cannot open file %s"), MSG_TOO_LONG_ERROR for more
-// than one element holds (kAsnMaxContent, padding included).
-int content_from_file(const char* path, const ContentShape& shape, AsnList& element);
-int content_from_bytes(const void* bytes, size_t size, const ContentShape& shape, AsnList& element);
+// Both give 0 or a positive code with a text: OPEN_ERROR, READ_ERROR, or MSG_TOO_LONG_ERROR for more than one
+// element holds (kAsnMaxContent, padding included).
+[[nodiscard]] int content_from_file(const char* path, const ContentShape& shape, AsnList& element);
+[[nodiscard]] int content_from_bytes(const void* bytes, size_t size, const ContentShape& shape,
+                                     AsnList& element);
 
-// content_digest_of_file digests content of any size that no message will carry: 0 or OPEN_ERROR with a text.
-// The digest of an algorithm that there is has digest_length(algorithm) bytes.
-int content_digest_of_file(const char* path, int algorithm, uint8_t* digest, bool& isEmpty);
+// content_digest_of_file digests content of any size that no message will carry, with a known algorithm: 0,
+// OPEN_ERROR or READ_ERROR with a text. The digest has digest_length(algorithm) bytes.
+[[nodiscard]] int content_digest_of_file(const char* path, int algorithm, uint8_t* digest, bool& isEmpty);
 
 } // namespace zul

@@ -15,36 +15,39 @@ namespace {
 
 constexpr size_t kPart = 64 * 1024;
 
-// A result is an int.
-int too_long() {
-    return -err_fail(MSG_TOO_LONG_ERROR, "Content is too long");
+// give_length sets the length of a result, which is an int.
+int give_length(size_t size, int* length) {
+    if (size > INT_MAX)
+        return err_fail(MSG_TOO_LONG_ERROR, "Content is too long");
+    *length = static_cast<int>(size);
+    return 0;
 }
 
-int changed() {
-    return -err_fail(INVALID_DATA_ERROR, "Cannot read content");
+// Its length was known before, so what is missing could not be read.
+int cannot_read() {
+    return err_fail(READ_ERROR, "Cannot read content");
 }
 
 } // namespace
 
-int content_to_file(OctetContent& content, const char* path, const char* input) {
-    constexpr const char* kNotWritten = "Cannot write output file";
-    if (content.size() > INT_MAX)
-        return too_long();
+int content_to_file(OctetContent& content, const char* path, const char* input, int* length) {
+    if (const int error = give_length(content.size(), length))
+        return error;
     if (!content.rewind())
-        return changed();
+        return cannot_read();
     FileWriter out(path, {.keepsPart = true, .input = input});
     if (!out.is_open())
-        return -err_fail(CREATE_ERROR, "Cannot create output file");
+        return err_fail(CREATE_ERROR, "Cannot create output file");
     SecretBuffer part(kPart);
     size_t done = 0;
-    while (const size_t got = content.read(part.data(), kPart)) {
+    bool written = true;
+    while (const size_t got = written ? content.read(part.data(), kPart) : 0) {
         done += got;
-        if (!out.write(part.data(), got))
-            return -err_fail(WRITE_ERROR, kNotWritten);
+        written = out.write(part.data(), got);
     }
-    if (done != content.size())
-        return changed();
-    return out.finish() ? static_cast<int>(done) : -err_fail(WRITE_ERROR, kNotWritten);
+    if (written && done != content.size())
+        return cannot_read();
+    return written && out.finish() ? 0 : err_fail(WRITE_ERROR, "Cannot write output file");
 }
 
 int bytes_to_file(const SecretBuffer& bytes, const char* path) {
@@ -56,30 +59,28 @@ int bytes_to_file(const SecretBuffer& bytes, const char* path) {
     return err_fail(out.close_failed() ? IO_ERROR : WRITE_ERROR, "Cannot write file '%s'", shown_name(path));
 }
 
-int content_to_room(OctetContent& content, char* out, int room) {
-    if (content.size() > INT_MAX)
-        return too_long();
-    if (out == nullptr || room <= 0)
-        return static_cast<int>(content.size());
-    const size_t length = std::min(content.size(), static_cast<size_t>(room));
-    if (!content.rewind() || content.read(out, length) != length) {
-        wipe_bytes(out, length);
-        return changed();
+int content_to_room(OctetContent& content, char* out, int room, int* length) {
+    const bool isQuery = out == nullptr || room <= 0;
+    const size_t size = isQuery ? content.size() : std::min(content.size(), static_cast<size_t>(room));
+    if (const int error = give_length(content.size(), length); error != 0 || isQuery)
+        return error;
+    if (!content.rewind() || content.read(out, size) != size) {
+        wipe_bytes(out, size);
+        return cannot_read();
     }
-    out[length] = '\0';
-    return static_cast<int>(length);
+    out[size] = '\0';
+    return give_length(size, length);
 }
 
-int bytes_to_room(const uint8_t* bytes, size_t size, char* out, int room) {
-    if (size > INT_MAX)
-        return too_long();
-    if (out == nullptr || room <= 0)
-        return static_cast<int>(size);
-    const size_t length = std::min(size, static_cast<size_t>(room));
-    if (length > 0)
-        memcpy(out, bytes, length);
-    out[length] = '\0';
-    return static_cast<int>(length);
+int bytes_to_room(const SecretBuffer& bytes, char* out, int room, int* length) {
+    const bool isQuery = out == nullptr || room <= 0;
+    const size_t size = isQuery ? bytes.size() : std::min(bytes.size(), static_cast<size_t>(room));
+    if (const int error = give_length(bytes.size(), length); error != 0 || isQuery)
+        return error;
+    if (size > 0)
+        memcpy(out, bytes.data(), size);
+    out[size] = '\0';
+    return give_length(size, length);
 }
 
 } // namespace zul

@@ -42,10 +42,8 @@ int OctetContent::open(ByteStream& stream, const AsnScope& scope, uint32_t cls, 
         } else {
             if (header.ndef != 0)
                 return INVALID_DATA_ERROR;
-            if (header.length > kAsnMaxContent) {
-                err_add_text("Content is too long (max=%u bytes)", kAsnMaxContent);
-                return MSG_TOO_LONG_ERROR;
-            }
+            if (header.length > kAsnMaxContent)
+                return err_fail(MSG_TOO_LONG_ERROR, "Content is too long (max=%u bytes)", kAsnMaxContent);
             if (!stream.skip(header.length))
                 return INVALID_DATA_ERROR;
             size_ += header.length;

@@ -4,19 +4,19 @@
 namespace zul {
 
 // OctetContent is the content of an OCTET STRING where it stands in a stream, in one piece or in segments
-// (X.690, 8.7), nested up to kAsnMaxDepth deep. It is read piece by piece, so that a message costs no memory;
-// the stream stays open as long as it, and may be used by others between two calls.
+// (X.690, 8.7), nested up to kAsnMaxDepth deep. It is read piece by piece, so that a message costs no memory.
+// The stream has to stay open as long; others may use it between two calls.
 class OctetContent {
   public:
     // open takes the element of a type (OCTET STRING, or a tag that replaces it) that the stream is at, sums
     // up its pieces, and leaves the stream behind it: 0, MSG_TOO_LONG_ERROR with a text for a piece above
     // kAsnMaxContent, or INVALID_DATA_ERROR without one.
-    int open(ByteStream& stream, const AsnScope& scope, uint32_t cls, uint32_t tag);
+    [[nodiscard]] int open(ByteStream& stream, const AsnScope& scope, uint32_t cls, uint32_t tag);
 
     bool is_open() const { return stream_ != nullptr; }
     size_t size() const { return size_; } // octets of all pieces
     bool rewind();                        // to the first octet; also before the first read
-    size_t read(void* out, size_t n);     // fewer than n only at the end, or if the source has changed
+    size_t read(void* out, size_t n);     // fewer than n only at the end, or if reading fails
 
   private:
     bool next_piece();

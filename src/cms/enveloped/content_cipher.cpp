@@ -18,11 +18,10 @@ namespace {
 constexpr char kPaddedTripleDes[] = "des_3CBC_pad"; // another name of Triple DES, which old messages have
 
 int invalid(const char* text) {
-    err_add_text("%s", text);
-    return INVALID_DATA_ERROR;
+    return err_fail(INVALID_DATA_ERROR, "%s", text);
 }
 
-// rc2_bits gives the effective key bits for a parameter version, 0 for one that does not serve (RFC 2268, 6).
+// rc2_bits gives the effective key bits for a parameter version, 0 for an unsupported one (RFC 2268, 6).
 unsigned rc2_bits(int64_t version) {
     switch (version) {
     case 160:
@@ -32,8 +31,9 @@ unsigned rc2_bits(int64_t version) {
     case 58:
         return 128;
     }
-    const bool serves = version >= 256 && version <= int64_t{8 * ContentCipher::kMaxKey} && version % 8 == 0;
-    return serves ? static_cast<unsigned>(version) : 0;
+    const bool isSupported =
+        version >= 256 && version <= int64_t{8 * ContentCipher::kMaxKey} && version % 8 == 0;
+    return isSupported ? static_cast<unsigned>(version) : 0;
 }
 
 } // namespace
@@ -71,10 +71,8 @@ int ContentCipher::read_rc2_parameter(const asn_Node* parameter) {
     if (version < 0) // none, or one of more than 4 octets
         return invalid("Missing R.2-CBC-Parameter");
     rc2Bits_ = rc2_bits(version);
-    if (rc2Bits_ == 0) {
-        err_add_text("Invalid ParameterVersion (%d)", static_cast<int>(version));
-        return INVALID_DATA_ERROR;
-    }
+    if (rc2Bits_ == 0)
+        return err_fail(INVALID_DATA_ERROR, "Invalid ParameterVersion (%d)", static_cast<int>(version));
     keyLength_ = rc2Bits_ / 8;
     return read_iv(fields.take_octets()) ? 0 : invalid("Invalid IV for R.2 encryption");
 }

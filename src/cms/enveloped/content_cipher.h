@@ -10,8 +10,9 @@ class ContentCipher {
   public:
     static constexpr size_t kMaxKey = kMaxCipherKey, kMaxBlock = kMaxCipherBlock;
 
-    void choose(int options);             // for a new message; the IV is to be set
-    int read(const asn_Node* algorithm);  // AlgorithmIdentifier: 0 or a positive code with a text
+    void choose(int options); // for a new message; the IV is to be set
+    [[nodiscard]] int
+    read(const asn_Node* algorithm);      // AlgorithmIdentifier: 0 or a positive code with a text
     AsnList algorithm_identifier() const; // of a cipher chosen; empty list: failure
     size_t key_length() const { return keyLength_; }
     size_t block_length() const { return blockLength_; }
@@ -33,7 +34,7 @@ class ContentCipher {
     void take(const BlockCipher& cipher);
     void run(bool encrypt, const uint8_t* key, const uint8_t* iv, uint8_t* data, size_t blocks) const;
     bool read_iv(const asn_Node* node);
-    int read_rc2_parameter(const asn_Node* parameter);
+    [[nodiscard]] int read_rc2_parameter(const asn_Node* parameter);
 
     CipherAlgorithm algorithm_ = CipherAlgorithm::tdea;
     const char* name_ = nullptr; // of the OID table

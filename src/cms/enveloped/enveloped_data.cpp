@@ -13,8 +13,7 @@ namespace {
 constexpr char kMalformed[] = "Invalid Enveloped Data Content";
 
 int invalid(const char* text) {
-    err_add_text("%s", text);
-    return INVALID_DATA_ERROR;
+    return err_fail(INVALID_DATA_ERROR, "%s", text);
 }
 
 bool read_element(ByteStream& stream, const AsnScope& scope, uint32_t cls, uint32_t tag, AsnList& element) {
@@ -61,6 +60,10 @@ int EnvelopedData::open(const char* fileOrText) {
         err_add_text("Unable to read enveloped-data file");
         return error;
     }
+    return source_.read_result(read_message());
+}
+
+int EnvelopedData::read_message() {
     ContentInfoScope scope;
     if (!enter_content_info(source_.stream(), scope, "envelopedData"))
         return invalid("Invalid Content Type - expected enveloped-data");

@@ -19,7 +19,7 @@ RecipientFields recipient_fields(const asn_Node* recipientInfo);
 // DER. The encrypted content is read where it stands; the rest is at most 8 MiB.
 class EnvelopedData {
   public:
-    int open(const char* fileOrText); // 0 or a positive code with a text
+    [[nodiscard]] int open(const char* fileOrText); // 0 or a positive code with a text
 
     int64_t version() const { return version_; }
     const asn_Node* recipients() const { return recipientInfos_.head(); } // SET OF RecipientInfo
@@ -31,8 +31,9 @@ class EnvelopedData {
     OctetContent& content() { return content_; }
 
   private:
-    int read_fields(ByteStream& stream, const AsnScope& scope);
-    int read_encrypted_content_info(ByteStream& stream, const AsnScope& scope);
+    [[nodiscard]] int read_message();
+    [[nodiscard]] int read_fields(ByteStream& stream, const AsnScope& scope);
+    [[nodiscard]] int read_encrypted_content_info(ByteStream& stream, const AsnScope& scope);
 
     DerSource source_;
     int64_t version_ = 0;

@@ -2,6 +2,7 @@
 
 #include "asn1/asn_build.h"
 #include "asn1/asn_encode.h"
+#include "cms/content/content_info.h"
 #include "cms/content/content_input.h"
 #include "cms/enveloped/content_cipher.h"
 #include "cms/message/certificate_arguments.h"
@@ -37,7 +38,7 @@ int encrypt_key(const RsaKey& recipient, const ContentKey& key, size_t keyLength
 }
 
 // recipient_info makes a KeyTransRecipientInfo (RFC 5652, 6.2.1); an empty list, with a text, for a
-// certificate that does not serve.
+// certificate whose key cannot be used.
 AsnList recipient_info(const char* cert, const ContentKey& key, size_t keyLength) {
     AsnList certificate; // empty, and so without fields, if it cannot be read
     x509_read_certificate(cert, certificate);
@@ -59,8 +60,8 @@ AsnList recipient_info(const char* cert, const ContentKey& key, size_t keyLength
                                         asn_NewOctetString(encryptedKey.data(), encryptedKey.size())));
 }
 
-// recipient_infos makes the SET OF those of all certificates that serve, whose number *count is. They stay in
-// the list's order, so that a recipient's number can be told from it: nothing asks for DER's order here.
+// recipient_infos makes the SET OF RecipientInfo, with *count elements. They keep the order of the list,
+// which tells the caller who is who: DER's order is not required here.
 AsnList recipient_infos(const CertificateArguments& certs, const ContentKey& key, size_t keyLength,
                         int* count) {
     AsnList all;
@@ -77,18 +78,15 @@ AsnList recipient_infos(const CertificateArguments& certs, const ContentKey& key
 
 // make_enveloped takes the content padded, in the element that carries it, and encrypts it there.
 int make_enveloped(const char* path, AsnList content, ContentCipher& cipher, const char* certList, Seed seed,
-                   int options) {
+                   int options, int* count) {
     const CertificateArguments certs(certList);
-    if (certs.count() == 0) {
-        err_add_text("Error in certificate list");
-        return -BAD_PARAM_ERROR;
-    }
+    if (certs.count() == 0)
+        return err_fail(BAD_PARAM_ERROR, "Error in certificate list");
     ContentKey key;
     draw(cipher.iv(), cipher.block_length());
     draw(key.data(), cipher.key_length(), seed);
     cipher.finish_key(key.data());
-    int count = 0;
-    AsnList recipients = recipient_infos(certs, key, cipher.key_length(), &count);
+    AsnList recipients = recipient_infos(certs, key, cipher.key_length(), count);
 
     AsnList algorithm = cipher.algorithm_identifier();
     asn_Node* element = content.head();
@@ -98,11 +96,9 @@ int make_enveloped(const char* path, AsnList content, ContentCipher& cipher, con
     const AsnList message = content_info(
         "envelopedData",
         asn_NewSequence(asn_LinkList(asn_NewInteger(0), std::move(recipients), std::move(encrypted))));
-    const int fileOptions = count > 0 ? options : options & ~ZUL_CMS_FORMAT_BASE64;
+    const int fileOptions = *count > 0 ? options : options & ~ZUL_CMS_FORMAT_BASE64;
     const int error = message_write(path, message.head(), fileOptions, nullptr, {});
-    if (error == CREATE_ERROR)
-        err_add_text("Cannot create file '%s'", shown_name(path));
-    return error != 0 ? -error : count;
+    return error == CREATE_ERROR ? err_fail(error, "Cannot create file '%s'", shown_name(path)) : error;
 }
 
 ContentShape shape_for(const ContentCipher& cipher) {
@@ -112,23 +108,23 @@ ContentShape shape_for(const ContentCipher& cipher) {
 } // namespace
 
 int make_enveloped_file(const char* path, const char* contentFile, const char* certList, Seed seed,
-                        int options) {
+                        int options, int* count) {
     ContentCipher cipher;
     cipher.choose(options);
     AsnList content;
     if (const int error = content_from_file(contentFile, shape_for(cipher), content))
-        return -error;
-    return make_enveloped(path, std::move(content), cipher, certList, seed, options);
+        return error;
+    return make_enveloped(path, std::move(content), cipher, certList, seed, options, count);
 }
 
 int make_enveloped_bytes(const char* path, const void* content, size_t size, const char* certList, Seed seed,
-                         int options) {
+                         int options, int* count) {
     ContentCipher cipher;
     cipher.choose(options);
     AsnList element;
     if (const int error = content_from_bytes(content, size, shape_for(cipher), element))
-        return -error;
-    return make_enveloped(path, std::move(element), cipher, certList, seed, options);
+        return error;
+    return make_enveloped(path, std::move(element), cipher, certList, seed, options, count);
 }
 
 } // namespace zul

@@ -20,17 +20,12 @@ namespace {
 
 constexpr size_t kMaxEncryptedKey = kMaxRsaBits / 8;
 
-int fail(int code, const char* text) {
-    err_add_text("%s", text);
-    return code;
-}
-
-// One text and code for every key that does not serve, whatever the reason.
+// The same text and code for every failed key, whatever the reason.
 void cannot_decrypt_key() {
     err_add_text("Unable to decrypt CEK (%02X)\n", static_cast<unsigned>(DECRYPT_ERROR));
 }
 int no_key() {
-    return fail(DECRYPT_ERROR, "Could not find a valid Content Encryption Key");
+    return err_fail(DECRYPT_ERROR, "Could not find a valid Content Encryption Key");
 }
 
 // Candidates are the recipients that a key and perhaps a certificate may be of.
@@ -79,31 +74,29 @@ bool is_data(const asn_Node* type) {
 
 int read_cipher(const EnvelopedData& message, ContentCipher& cipher) {
     if (!is_data(message.content_type()))
-        return fail(INVALID_DATA_ERROR, "Invalid content type");
+        return err_fail(INVALID_DATA_ERROR, "Invalid content type");
     if (message.content_encryption_algorithm() == nullptr)
-        return fail(INVALID_DATA_ERROR, "Cannot find Content Encryption Algorithm");
+        return err_fail(INVALID_DATA_ERROR, "Cannot find Content Encryption Algorithm");
     return cipher.read(message.content_encryption_algorithm());
 }
 
 int read_encrypted(EnvelopedData& message, const ContentCipher& cipher, SecretBuffer& content) {
     if (!message.has_content())
-        return fail(INVALID_DATA_ERROR, "No encrypted content");
+        return err_fail(INVALID_DATA_ERROR, "No encrypted content");
     OctetContent& encrypted = message.content();
     const size_t size = encrypted.size();
-    if (size > kMaxOpenedContent) {
-        err_add_text("Encrypted content is too long (max=%u bytes)",
-                     static_cast<unsigned>(kMaxOpenedContent));
-        return MSG_TOO_LONG_ERROR;
-    }
+    if (size > kMaxOpenedContent)
+        return err_fail(MSG_TOO_LONG_ERROR, "Encrypted content is too long (max=%u bytes)",
+                        static_cast<unsigned>(kMaxOpenedContent));
     if (size == 0 || size % cipher.block_length() != 0)
-        return fail(DECRYPT_ERROR, "Invalid length of encrypted content");
+        return err_fail(DECRYPT_ERROR, "Invalid length of encrypted content");
     content = SecretBuffer(size);
     return encrypted.rewind() && encrypted.read(content.data(), size) == size
                ? 0
-               : fail(INVALID_DATA_ERROR, "Unable to read enveloped-data file");
+               : err_fail(READ_ERROR, "Unable to read enveloped-data file");
 }
 
-// decrypt decrypts the content with the first candidate's key that serves.
+// decrypt decrypts the content with the key of the first candidate that gives one.
 int decrypt(const RsaKey& key, const Candidates& candidates, const ContentCipher& cipher,
             SecretBuffer& content) {
     const size_t blockLength = cipher.block_length(), end = content.size();
@@ -131,7 +124,7 @@ int open_message(const char* fileOrText, const CertificateIdentifiers* certifica
     if (const int error = message.open(fileOrText))
         return error;
     if (message.recipient_count() == 0)
-        return fail(DECRYPT_ERROR, "No RecipientInfos.");
+        return err_fail(DECRYPT_ERROR, "No RecipientInfos.");
     Candidates candidates;
     candidates.find(message.recipients(), certificate, key.bytes());
     if (candidates.count() == 0)
@@ -150,7 +143,7 @@ int open_enveloped_data(const char* fileOrText, const char* cert, const char* pr
                         SecretBuffer& content) {
     RsaKey key;
     if (const int error = rsa_open_private(privateKey, key))
-        return fail(error, "Invalid Private Key");
+        return err_fail(error, "Invalid Private Key");
     if (cert == nullptr || *cert == '\0')
         return open_message(fileOrText, nullptr, key, content);
     AsnList certificate;

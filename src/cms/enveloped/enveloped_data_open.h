@@ -9,7 +9,7 @@ namespace zul {
 // where one is named, who stands in an honest message once, the first kMaxNamedTried.
 constexpr int kMaxRecipientsTried = 100, kMaxNamedTried = 4;
 constexpr size_t kMaxOpenedContent = 0x10000000; // bytes, encrypted: all of it is held in memory
-int open_enveloped_data(const char* fileOrText, const char* cert, const char* privateKey,
-                        SecretBuffer& content);
+[[nodiscard]] int open_enveloped_data(const char* fileOrText, const char* cert, const char* privateKey,
+                                      SecretBuffer& content);
 
 } // namespace zul

@@ -1,36 +1,17 @@
-#include <algorithm>
-#include <climits>
-
 #include "asn1/asn_children.h"
 #include "asn1/asn_value.h"
 #include "cms/enveloped/enveloped_data.h"
 #include "cms/message/message_query.h"
-#include "encode/hex.h"
-#include "frame/text.h"
-#include "x509/fields/subject_public_key.h"
 #include "x509/names/distinguished_name.h"
 #include "zulcore.h"
 
 namespace zul {
 namespace {
 
-int number_result(int64_t number) {
-    return static_cast<int>(std::clamp<int64_t>(number, 0, INT_MAX));
-}
-
-int size_result(size_t size) {
-    return static_cast<int>(std::min<size_t>(size, INT_MAX));
-}
-
-int key_size(const asn_Node* encryptedKey) {
+void answer_key_size(const asn_Node* encryptedKey, QueryAnswer& answer) {
     SecretBuffer key;
     asn_GetOctets(encryptedKey, key);
-    return size_result(key.size());
-}
-
-int algorithm_result(char* out, int room, const asn_Node* algorithm) {
-    char name[kAlgorithmName];
-    return text_result(out, room, algorithm_name(algorithm, name));
+    answer.number(static_cast<int64_t>(key.size()));
 }
 
 // The identifier is an IssuerAndSerialNumber, or a subjectKeyIdentifier, which has neither.
@@ -39,53 +20,66 @@ AsnChildren issuer_and_serial(const RecipientFields& recipient) {
     return AsnChildren(asn_is(identifier, kAsnConstructed, kAsnSequence) ? identifier : nullptr);
 }
 
-int issuer_result(char* out, int room, const RecipientFields& recipient) {
+int answer_issuer(const RecipientFields& recipient, QueryAnswer& answer) {
     const asn_Node* issuer = issuer_and_serial(recipient).take_sequence();
-    return issuer == nullptr ? text_result(out, room, "")
-                             : name_print(issuer, out, room, ";", ZUL_X509_LATIN1);
+    if (issuer == nullptr) {
+        answer.text("");
+        return 0;
+    }
+    const int length = name_print(issuer, answer.out(), answer.room(), ";", ZUL_X509_LATIN1);
+    answer.number(length);
+    return length < 0 ? -length : 0;
 }
 
-int serial_number_result(char* out, int room, const RecipientFields& recipient) {
+void answer_serial_number(const RecipientFields& recipient, QueryAnswer& answer) {
     AsnChildren fields = issuer_and_serial(recipient);
     fields.take_sequence();
     SecretBuffer number;
     asn_GetPrimitiveData(fields.take_integer(), number);
-    SecretBuffer text(2 * number.size() + 1);
-    hex_encode_lower(text.text(), text.size(), number.data(), number.size());
-    return text_result(out, room, text.text());
+    answer.hex(number);
 }
 
 } // namespace
 
-int query_enveloped_data(char* out, int room, const char* fileOrText, MessageQuery query, int index) {
+int query_enveloped_data(const char* fileOrText, MessageQuery query, QueryAnswer& answer) {
     EnvelopedData message;
     if (const int error = message.open(fileOrText))
-        return -error;
-    const RecipientFields recipient = message.recipient(index);
+        return error;
+    const RecipientFields recipient = message.recipient(0);
     switch (query) {
     case MessageQuery::version:
-        return number_result(message.version());
+        answer.number(message.version());
+        break;
     case MessageQuery::countOfRecipients:
-        return message.recipient_count();
+        answer.number(message.recipient_count());
+        break;
     case MessageQuery::recipientInfoVersion:
-        return number_result(asn_GetInt(recipient.version));
+        answer.number(asn_GetInt(recipient.version));
+        break;
     case MessageQuery::contentEncryptionAlgorithm:
-        return algorithm_result(out, room, message.content_encryption_algorithm());
+        answer.algorithm(message.content_encryption_algorithm());
+        break;
     case MessageQuery::keyEncryptionAlgorithm:
-        return algorithm_result(out, room, recipient.keyEncryptionAlgorithm);
-    case MessageQuery::keyEncryptionFlags: // those of the parameters, which rsaEncryption has none of
-        return 0;
+        answer.algorithm(recipient.keyEncryptionAlgorithm);
+        break;
+    case MessageQuery::keyEncryptionFlags: // of the parameters; rsaEncryption has none
+        answer.number(0);
+        break;
     case MessageQuery::sizeofEncryptedKey:
-        return key_size(recipient.encryptedKey);
+        answer_key_size(recipient.encryptedKey, answer);
+        break;
     case MessageQuery::sizeofEncryptedContent:
-        return message.has_content() ? size_result(message.content().size()) : 0;
+        answer.number(message.has_content() ? static_cast<int64_t>(message.content().size()) : 0);
+        break;
     case MessageQuery::recipientIssuerName:
-        return issuer_result(out, room, recipient);
+        return answer_issuer(recipient, answer);
     case MessageQuery::recipientSerialNumber:
-        return serial_number_result(out, room, recipient);
+        answer_serial_number(recipient, answer);
+        break;
     default:
-        return -BAD_QUERY_ERROR;
+        return BAD_QUERY_ERROR;
     }
+    return 0;
 }
 
 } // namespace zul

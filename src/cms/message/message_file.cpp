@@ -83,13 +83,7 @@ int message_write(const char* path, const asn_Node* message, int options, const 
     if (out.finish())
         return 0;
     err_add_text("Cannot write file %s", shown_name(path));
-    if (asBase64)
-        err_add_text("Error converting to base64");
-    return WRITE_ERROR;
-}
-
-AsnList content_info(const char* contentType, AsnList content) {
-    return asn_NewSequence(asn_LinkList(asn_NewOid(contentType), asn_NewExplicit(0, std::move(content))));
+    return asBase64 ? err_fail(WRITE_ERROR, "Error converting to base64") : int{WRITE_ERROR};
 }
 
 } // namespace zul

@@ -10,7 +10,4 @@ namespace zul {
 [[nodiscard]] int message_write(const char* path, const asn_Node* message, int options, const char* label,
                                 const WriteRules& rules);
 
-// content_info wraps a SignedData or EnvelopedData (RFC 5652, 3).
-AsnList content_info(const char* contentType, AsnList content);
-
 } // namespace zul

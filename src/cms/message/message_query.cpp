@@ -1,106 +1,91 @@
 #include "cms/message/message_query.h"
 
+#include <algorithm>
 #include <climits>
 #include <string_view>
 
-#include "frame/slice.h"
-#include "x509/names/pair_reader.h"
+#include "encode/hex.h"
+#include "frame/text.h"
+#include "x509/fields/subject_public_key.h"
 #include "zulcore.h"
 
 namespace zul {
 namespace {
 
-enum class Scope { message, one }; // one signer or recipient
+constexpr int kNumber = 1, kText = 2; // as ZUL_QUERY_GETTYPE gives them
 
 struct Keyword {
     std::string_view word;
     MessageQuery query;
     int type;
-    Scope scope;
 };
 
 constexpr Keyword kKeywords[] = {
-    {"Version", MessageQuery::version, kMessageNumber, Scope::message},
-    {"eContentType", MessageQuery::eContentType, kMessageText, Scope::message},
-    {"HASeContent", MessageQuery::hasEContent, kMessageNumber, Scope::message},
-    {"CountOfCerts", MessageQuery::countOfCerts, kMessageNumber, Scope::message},
-    {"CountOfCertificates", MessageQuery::countOfCerts, kMessageNumber, Scope::message},
-    {"CountOfSigners", MessageQuery::countOfSigners, kMessageNumber, Scope::message},
-    {"CountOfSignerInfos", MessageQuery::countOfSigners, kMessageNumber, Scope::message},
-    {"signerInfoVersion", MessageQuery::signerInfoVersion, kMessageNumber, Scope::one},
-    {"HASsignedAttrs", MessageQuery::hasSignedAttrs, kMessageNumber, Scope::one},
-    {"HASsignedAttributes", MessageQuery::hasSignedAttrs, kMessageNumber, Scope::one},
-    {"SigningTime", MessageQuery::signingTime, kMessageText, Scope::one},
-    {"digestAlgorithm", MessageQuery::digestAlgorithm, kMessageText, Scope::one},
-    {"signatureAlgorithm", MessageQuery::signatureAlgorithm, kMessageText, Scope::one},
-    {"messageDigest", MessageQuery::messageDigest, kMessageText, Scope::one},
-    {"CountOfRecipients", MessageQuery::countOfRecipients, kMessageNumber, Scope::message},
-    {"CountOfRecipientInfos", MessageQuery::countOfRecipients, kMessageNumber, Scope::message},
-    {"recipientInfoVersion", MessageQuery::recipientInfoVersion, kMessageNumber, Scope::one},
-    {"contentEncryptionAlgorithm", MessageQuery::contentEncryptionAlgorithm, kMessageText, Scope::message},
-    {"keyEncryptionAlgorithm", MessageQuery::keyEncryptionAlgorithm, kMessageText, Scope::one},
-    {"keyEncryptionFlags", MessageQuery::keyEncryptionFlags, kMessageNumber, Scope::one},
-    {"sizeofEncryptedKey", MessageQuery::sizeofEncryptedKey, kMessageNumber, Scope::one},
-    {"sizeofEncryptedContent", MessageQuery::sizeofEncryptedContent, kMessageNumber, Scope::message},
-    {"recipientIssuerName", MessageQuery::recipientIssuerName, kMessageText, Scope::one},
-    {"recipientSerialNumber", MessageQuery::recipientSerialNumber, kMessageText, Scope::one},
+    {"Version", MessageQuery::version, kNumber},
+    {"eContentType", MessageQuery::eContentType, kText},
+    {"HASeContent", MessageQuery::hasEContent, kNumber},
+    {"CountOfCerts", MessageQuery::countOfCerts, kNumber},
+    {"CountOfCertificates", MessageQuery::countOfCerts, kNumber},
+    {"CountOfSigners", MessageQuery::countOfSigners, kNumber},
+    {"CountOfSignerInfos", MessageQuery::countOfSigners, kNumber},
+    {"signerInfoVersion", MessageQuery::signerInfoVersion, kNumber},
+    {"HASsignedAttrs", MessageQuery::hasSignedAttrs, kNumber},
+    {"HASsignedAttributes", MessageQuery::hasSignedAttrs, kNumber},
+    {"SigningTime", MessageQuery::signingTime, kText},
+    {"digestAlgorithm", MessageQuery::digestAlgorithm, kText},
+    {"signatureAlgorithm", MessageQuery::signatureAlgorithm, kText},
+    {"messageDigest", MessageQuery::messageDigest, kText},
+    {"CountOfRecipients", MessageQuery::countOfRecipients, kNumber},
+    {"CountOfRecipientInfos", MessageQuery::countOfRecipients, kNumber},
+    {"recipientInfoVersion", MessageQuery::recipientInfoVersion, kNumber},
+    {"contentEncryptionAlgorithm", MessageQuery::contentEncryptionAlgorithm, kText},
+    {"keyEncryptionAlgorithm", MessageQuery::keyEncryptionAlgorithm, kText},
+    {"keyEncryptionFlags", MessageQuery::keyEncryptionFlags, kNumber},
+    {"sizeofEncryptedKey", MessageQuery::sizeofEncryptedKey, kNumber},
+    {"sizeofEncryptedContent", MessageQuery::sizeofEncryptedContent, kNumber},
+    {"recipientIssuerName", MessageQuery::recipientIssuerName, kText},
+    {"recipientSerialNumber", MessageQuery::recipientSerialNumber, kText},
 };
 
-// read_number reads decimal digits and nothing else; what no int can hold is INT_MAX. 0 for what is no
-// number.
-int read_number(std::string_view digits) {
-    int number = 0;
-    for (const char c : digits) {
-        if (c < '0' || c > '9')
-            return 0;
-        const int digit = c - '0';
-        number = number > (INT_MAX - digit) / 10 ? INT_MAX : number * 10 + digit;
-    }
-    return number;
+const Keyword* find_keyword(std::string_view word) {
+    const auto* found = std::find_if(std::begin(kKeywords), std::end(kKeywords),
+                                     [=](const Keyword& keyword) { return keyword.word == word; });
+    return found == std::end(kKeywords) ? nullptr : found;
 }
 
 } // namespace
 
-int find_message_query(const char* query, int* index) {
-    const std::string_view whole(query);
-    const size_t slash = whole.find('/');
-    int number = 1;
-    if (slash != std::string_view::npos)
-        number = read_number(slice(whole, slash + 1));
-    for (const Keyword& keyword : kKeywords) {
-        if (!same_word(slice(whole, 0, slash), keyword.word))
-            continue;
-        const bool mayBeNumbered = keyword.scope == Scope::one;
-        if (number == 0 || (slash != std::string_view::npos && !mayBeNumbered))
-            break;
-        *index = number - 1;
-        return static_cast<int>(keyword.query);
+void QueryAnswer::number(int64_t number) {
+    value_ = static_cast<int>(std::clamp<int64_t>(number, 0, INT_MAX));
+}
+
+void QueryAnswer::text(const char* text) {
+    value_ = text_result(out_, room_, text);
+}
+
+void QueryAnswer::algorithm(const asn_Node* algorithmIdentifier) {
+    char name[kAlgorithmName];
+    text(algorithm_name(algorithmIdentifier, name));
+}
+
+void QueryAnswer::hex(const SecretBuffer& bytes) {
+    SecretBuffer digits(2 * bytes.size() + 1);
+    hex_encode_lower(digits.text(), digits.size(), bytes.data(), bytes.size());
+    text(digits.text());
+}
+
+int query_by_keyword(const MessageKind& kind, const char* fileOrText, const char* keyword, int options,
+                     QueryAnswer& answer) {
+    if (is_missing(keyword))
+        return BAD_PARAM_ERROR;
+    const Keyword* found = find_keyword(keyword);
+    if (found == nullptr || !kind.knows(found->query))
+        return BAD_QUERY_ERROR;
+    if ((options & ZUL_QUERY_GETTYPE) != 0) {
+        answer.number(found->type);
+        return 0;
     }
-    return -BAD_QUERY_ERROR;
-}
-
-int message_query_type(MessageQuery query) {
-    for (const Keyword& keyword : kKeywords)
-        if (keyword.query == query)
-            return keyword.type;
-    return -BAD_QUERY_ERROR;
-}
-
-int query_by_keyword(const MessageKind& kind, char* out, int room, const char* fileOrText,
-                     const char* keyword, int options) {
-    if (keyword == nullptr || *keyword == '\0')
-        return -BAD_PARAM_ERROR;
-    int index;
-    const int found = find_message_query(keyword, &index);
-    if (found < 0)
-        return found;
-    const auto query = static_cast<MessageQuery>(found);
-    if (!kind.knows(query))
-        return -BAD_QUERY_ERROR;
-    if ((options & ZUL_QUERY_GETTYPE) != 0)
-        return message_query_type(query);
-    return fileOrText == nullptr || *fileOrText == '\0' ? -BAD_PARAM_ERROR
-                                                        : kind.answer(out, room, fileOrText, query, index);
+    return is_missing(fileOrText) ? int{BAD_PARAM_ERROR} : kind.answer(fileOrText, found->query, answer);
 }
 
 } // namespace zul

@@ -1,10 +1,11 @@
 #pragma once
+#include "asn1/asn_node.h"
+#include "frame/memory.h"
 
 // What CMS_QuerySigData and CMS_QueryEnvData know.
 namespace zul {
 
-// The first half is about signed messages, from countOfRecipients on about enveloped ones; version is of
-// both.
+// Those before countOfRecipients are for signed messages, the others for enveloped ones; version is for both.
 enum class MessageQuery : int {
     version,
     eContentType,
@@ -35,24 +36,39 @@ inline bool is_enveloped_data_query(MessageQuery query) {
     return query == MessageQuery::version || query >= MessageQuery::countOfRecipients;
 }
 
-// find_message_query matches a keyword, in any case, and "/n" behind one that is about a signer or recipient,
-// whose number from 0 goes to *index (0 if no "/n" is there): the query's number, or -BAD_QUERY_ERROR.
-int find_message_query(const char* query, int* index);
-constexpr int kMessageNumber = 1, kMessageText = 2;
-int message_query_type(MessageQuery query);
+// QueryAnswer takes the answer for a caller: a number, or a text that goes to his room.
+class QueryAnswer {
+  public:
+    QueryAnswer(char* out, int room) : out_(out), room_(room) {}
 
-// Both give a number, or the length of the text written under the common length rule, or a negated code. What
-// the message does not have is 0 or an empty text.
-int query_signed_data(char* out, int room, const char* fileOrText, MessageQuery query, int index);
-int query_enveloped_data(char* out, int room, const char* fileOrText, MessageQuery query, int index);
+    void number(int64_t number); // what no int can hold is 0 or INT_MAX
+    void text(const char* text);
+    void algorithm(const asn_Node* algorithmIdentifier); // its name
+    void hex(const SecretBuffer& bytes);
 
-// query_by_keyword answers a query of one of the two kinds, whose functions it takes: as these do, or what
-// ZUL_QUERY_GETTYPE asks for.
+    char* out() const { return out_; }
+    int room() const { return room_; }
+    int value() const { return value_; } // the number, or the length of the text
+
+  private:
+    char* out_;
+    int room_;
+    int value_ = 0;
+};
+
+// Both give 0 or a positive code. What is about a signer or recipient is answered for the first one. What the
+// message does not have is 0 or an empty text.
+[[nodiscard]] int query_signed_data(const char* fileOrText, MessageQuery query, QueryAnswer& answer);
+[[nodiscard]] int query_enveloped_data(const char* fileOrText, MessageQuery query, QueryAnswer& answer);
+
+// MessageKind has the functions of one of the two kinds of messages.
 struct MessageKind {
     bool (*knows)(MessageQuery query);
-    int (*answer)(char* out, int room, const char* fileOrText, MessageQuery query, int index);
+    int (*answer)(const char* fileOrText, MessageQuery query, QueryAnswer& answer);
 };
-int query_by_keyword(const MessageKind& kind, char* out, int room, const char* fileOrText,
-                     const char* keyword, int options);
+// query_by_keyword answers a query, or what ZUL_QUERY_GETTYPE asks for: 0 or a positive code. The keyword has
+// to be the whole name in its own case.
+[[nodiscard]] int query_by_keyword(const MessageKind& kind, const char* fileOrText, const char* keyword,
+                                   int options, QueryAnswer& answer);
 
 } // namespace zul

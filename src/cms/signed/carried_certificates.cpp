@@ -18,8 +18,7 @@ int read_certificate(const char* argument, AsnList& certificate) {
         if (certificate)
             return 0;
     }
-    err_add_text("Cannot read certificate '%s'", shown_name(argument));
-    return OPEN_ERROR;
+    return err_fail(OPEN_ERROR, "Cannot read certificate '%s'", shown_name(argument));
 }
 
 void append_encoding(SecretBuffer& encodings, const AsnList& certificate) {

@@ -12,14 +12,14 @@ class CarriedCertificates {
   public:
     // Both give 0 or a positive code with a text. read_for_signer reads the signer's certificate, the first,
     // even if none are carried.
-    int read(const CertificateArguments& list, bool carried);
-    int read_for_signer(const CertificateArguments& list, bool carried);
+    [[nodiscard]] int read(const CertificateArguments& list, bool carried);
+    [[nodiscard]] int read_for_signer(const CertificateArguments& list, bool carried);
 
     CertificateFields signer() const { return certificate_fields(signer_.head()); }
     AsnList set() const; // [0] IMPLICIT, or nothing without any
 
   private:
-    int add(const char* argument);
+    [[nodiscard]] int add(const char* argument);
 
     AsnList signer_;
     SecretBuffer encodings_;

@@ -13,10 +13,8 @@ int make_certs_only(const char* path, const char* certList, int options) {
         return error;
     SignedDataParts parts;
     parts.certificates = certificates.set();
-    if (!parts.certificates) {
-        err_add_text("OuterContentInfo would be empty");
-        return NO_DATA_ERROR;
-    }
+    if (!parts.certificates)
+        return err_fail(NO_DATA_ERROR, "OuterContentInfo would be empty");
     return write_signed_data(path, std::move(parts), options, "PKCS7");
 }
 

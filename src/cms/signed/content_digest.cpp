@@ -27,8 +27,7 @@ int content_digest(OctetContent& content, int algorithm, uint8_t* digest) {
     digest_final(context, digest);
     if (whole)
         return 0;
-    err_add_text("Cannot read the content");
-    return INVALID_DATA_ERROR;
+    return err_fail(READ_ERROR, "Cannot read the content");
 }
 
 bool is_attribute_set(OctetContent& content) {

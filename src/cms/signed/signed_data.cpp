@@ -12,11 +12,10 @@ namespace zul {
 namespace {
 
 int invalid(const char* text) {
-    err_add_text("%s", text);
-    return INVALID_DATA_ERROR;
+    return err_fail(INVALID_DATA_ERROR, "%s", text);
 }
 
-// read_version gives -1 for what is no number from 0 to INT_MAX.
+// read_version gives -1 for an invalid version: it is from 0 to INT_MAX.
 int64_t read_version(ByteStream& stream, const AsnScope& scope) {
     AsnList version;
     if (!asn_read_element(stream, scope, kAsnUniversal, kAsnInteger, kMaxX509Object, version))
@@ -33,8 +32,11 @@ bool is_data(const asn_Node* type) {
 } // namespace
 
 int SignedData::open(const char* fileOrText) {
-    if (const int error = source_.open(fileOrText))
-        return error;
+    const int error = source_.open(fileOrText);
+    return error != 0 ? error : source_.read_result(read_message());
+}
+
+int SignedData::read_message() {
     ByteStream& stream = source_.stream();
     ContentInfoScope scope;
     if (!enter_content_info(stream, scope, "signedData"))
@@ -112,11 +114,9 @@ int SignedData::read_signers(ByteStream& stream, const AsnScope& scope) {
 
 int SignedData::require_data() const {
     constexpr long kVersion = 1;
-    if (version_ != kVersion) {
-        err_add_text("SignedData version is %ld: only %ld is supported", static_cast<long>(version_),
-                     kVersion);
-        return NOT_SUPPORTED_ERROR;
-    }
+    if (version_ != kVersion)
+        return err_fail(NOT_SUPPORTED_ERROR, "SignedData version is %ld: only %ld is supported",
+                        static_cast<long>(version_), kVersion);
     return is_data(content_type()) ? 0 : invalid("Invalid SignedData: contentType must be 'data'");
 }
 

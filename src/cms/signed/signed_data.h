@@ -12,10 +12,10 @@ namespace zul {
 class SignedData {
   public:
     // open gives 0 or a positive code with a text.
-    int open(const char* fileOrText);
+    [[nodiscard]] int open(const char* fileOrText);
     // require_data demands version 1 and a content of type "data", there or not: 0 or a positive code with a
     // text.
-    int require_data() const;
+    [[nodiscard]] int require_data() const;
 
     int64_t version() const { return version_; }
     const asn_Node* content_type() const { return contentType_.head(); } // an OBJECT IDENTIFIER
@@ -30,10 +30,11 @@ class SignedData {
     SignerFields signer(int n) const;
 
   private:
-    int read_fields(ByteStream& stream, const AsnScope& scope);
-    int read_content_info(ByteStream& stream, AsnScope scope);
-    int read_content(ByteStream& stream, const AsnScope& scope);
-    int read_signers(ByteStream& stream, const AsnScope& scope);
+    [[nodiscard]] int read_message();
+    [[nodiscard]] int read_fields(ByteStream& stream, const AsnScope& scope);
+    [[nodiscard]] int read_content_info(ByteStream& stream, AsnScope scope);
+    [[nodiscard]] int read_content(ByteStream& stream, const AsnScope& scope);
+    [[nodiscard]] int read_signers(ByteStream& stream, const AsnScope& scope);
 
     DerSource source_;
     int64_t version_ = 0;

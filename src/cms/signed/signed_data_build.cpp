@@ -1,6 +1,7 @@
 #include "cms/signed/signed_data_build.h"
 
 #include "asn1/asn_build.h"
+#include "cms/content/content_info.h"
 #include "cms/message/message_file.h"
 #include "frame/err.h"
 #include "frame/text.h"

@@ -14,6 +14,6 @@ struct SignedDataParts {
 
 // write_signed_data writes the message, with options of the exports: 0 or a positive code with a text.
 // label is that of base64 (null: none).
-int write_signed_data(const char* path, SignedDataParts parts, int options, const char* label);
+[[nodiscard]] int write_signed_data(const char* path, SignedDataParts parts, int options, const char* label);
 
 } // namespace zul

@@ -25,11 +25,6 @@ bool has(int options, int flag) {
     return (options & flag) != 0;
 }
 
-int fail(int code, const char* text) {
-    err_add_text("%s", text);
-    return code;
-}
-
 // Digest is that of a content or of its signed attributes.
 struct Digest {
     int algorithm = 0;
@@ -78,7 +73,7 @@ struct SignedMessage {
 int SignedMessage::sign(const char* privateKey, int options) {
     RsaKey key;
     if (const int error = rsa_open_private(privateKey, key))
-        return fail(error, "Invalid Private Key");
+        return err_fail(error, "Invalid Private Key");
     Digest signedDigest = digest;
     if (has(options, ZUL_CMS_INCLUDE_ATTRS)) {
         attributes = signed_attributes_make(digest.bytes, digest.length, options);
@@ -89,14 +84,14 @@ int SignedMessage::sign(const char* privateKey, int options) {
     }
     signature =
         rsa_make_signature(key, signedDigest.bytes, signedDigest.length, signedDigest.algorithm, true);
-    return signature.empty() ? fail(SIGNATURE_ERROR, "RSA encryption failed") : 0;
+    return signature.empty() ? err_fail(SIGNATURE_ERROR, "RSA encryption failed") : 0;
 }
 
 int SignedMessage::write(const char* path, int options) {
     constexpr uint32_t kVersion = 1;
     AsnList signer = issuer_and_serial_number(certificates.signer());
     if (!signer)
-        return fail(INVALID_DATA_ERROR, "Cannot find issuer and serial number of certificate");
+        return err_fail(INVALID_DATA_ERROR, "Cannot find issuer and serial number of certificate");
     if (attributes) { // [0] IMPLICIT
         asn_Node* const set = attributes.head();
         set->cls = kAsnExplicit;
@@ -140,7 +135,7 @@ int take_file(SignedMessage& message, const char* path, int options) {
         isEmpty = element->length == 0;
         message.digest.take(element->data, element->length);
     }
-    return isEmpty ? fail(NO_DATA_ERROR, "No data to sign") : 0;
+    return isEmpty ? err_fail(NO_DATA_ERROR, "No data to sign") : 0;
 }
 
 int take_hex_digest(Digest& digest, const char* hex, int options) {
@@ -148,9 +143,9 @@ int take_hex_digest(Digest& digest, const char* hex, int options) {
         return error;
     const size_t size = hex_decoded_length(hex);
     if (size == 0 || size > kMaxDigestSize)
-        return fail(INVALID_DATA_ERROR, "Invalid message digest, perhaps invalid hex");
+        return err_fail(INVALID_DATA_ERROR, "Invalid message digest, perhaps invalid hex");
     if (size != digest.length)
-        return fail(BAD_LENGTH_ERROR, "Message digest is not the correct length");
+        return err_fail(BAD_LENGTH_ERROR, "Message digest is not the correct length");
     hex_decode(digest.bytes, digest.length, hex);
     return 0;
 }
@@ -160,7 +155,7 @@ int read_certificates(SignedMessage& message, const CertificateArguments& list, 
 }
 
 int bad_list() {
-    return fail(BAD_PARAM_ERROR, "Error parsing certificate list");
+    return err_fail(BAD_PARAM_ERROR, "Error parsing certificate list");
 }
 
 // make_message makes the message of what has been digested.
@@ -211,10 +206,10 @@ int make_signed_with_value(const char* path, const uint8_t* signature, size_t si
     RsaKey key;
     if (!rsa_public_key_of(message.certificates.signer().subjectPublicKeyInfo, key) ||
         !rsa_exponent_is_safe(key))
-        return fail(SIGNATURE_ERROR, "Cannot read RSA public key of first certificate");
+        return err_fail(SIGNATURE_ERROR, "Cannot read RSA public key of first certificate");
     if (!rsa_signature_is(key, signature, signatureLen, message.digest.bytes, message.digest.length,
                           message.digest.algorithm))
-        return fail(SIGNATURE_ERROR, "Verification of supplied signature value failed");
+        return err_fail(SIGNATURE_ERROR, "Verification of supplied signature value failed");
     message.signature.append(signature, signatureLen);
     return message.write(path, options);
 }

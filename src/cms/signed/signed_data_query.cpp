@@ -1,37 +1,23 @@
-#include <algorithm>
-#include <climits>
-
 #include "asn1/asn_value.h"
 #include "asn1/oid.h"
 #include "cms/message/message_query.h"
 #include "cms/signed/signed_data.h"
-#include "encode/hex.h"
-#include "frame/text.h"
 #include "x509/fields/subject_public_key.h"
 #include "zulcore.h"
 
 namespace zul {
 namespace {
 
-int number_result(int64_t number) {
-    return static_cast<int>(std::clamp<int64_t>(number, 0, INT_MAX));
-}
-
-int oid_result(char* out, int room, const asn_Node* oid) {
+void answer_oid(const asn_Node* oid, QueryAnswer& answer) {
     OidInfo info;
-    if (asn_GetOid(oid, &info) == 0)
-        return text_result(out, room, info.name);
     char dotted[kAlgorithmName] = "";
+    if (asn_GetOid(oid, &info) == 0)
+        return answer.text(info.name);
     oid_ToDotted(oid, dotted, sizeof dotted - 1);
-    return text_result(out, room, dotted);
+    answer.text(dotted);
 }
 
-int algorithm_result(char* out, int room, const asn_Node* algorithm) {
-    char name[kAlgorithmName];
-    return text_result(out, room, algorithm_name(algorithm, name));
-}
-
-int time_result(char* out, int room, const asn_Node* attributes) {
+void answer_signing_time(const asn_Node* attributes, QueryAnswer& answer) {
     const asn_Node* value;
     char text[kAsnTimeText]; // "yyyy-mm-ddThh:nn:ssZ"
     constexpr size_t kDateEnd = 10, kTimeEnd = 19;
@@ -40,52 +26,62 @@ int time_result(char* out, int room, const asn_Node* attributes) {
         text[kDateEnd] = ' ';
         text[kTimeEnd] = '\0';
     }
-    return text_result(out, room, text);
+    answer.text(text);
 }
 
-int digest_result_of(char* out, int room, const asn_Node* attributes) {
+void answer_message_digest(const asn_Node* attributes, QueryAnswer& answer) {
     const asn_Node* value;
     SecretBuffer digest;
     find_attribute(attributes, "messageDigest", &value);
     asn_GetOctets(value, digest);
-    SecretBuffer text(2 * digest.size() + 1);
-    hex_encode_lower(text.text(), text.size(), digest.data(), digest.size());
-    return text_result(out, room, text.text());
+    answer.hex(digest);
 }
 
 } // namespace
 
-int query_signed_data(char* out, int room, const char* fileOrText, MessageQuery query, int index) {
+int query_signed_data(const char* fileOrText, MessageQuery query, QueryAnswer& answer) {
     SignedData message;
     if (const int error = message.open(fileOrText))
-        return -error;
-    const SignerFields signer = message.signer(index);
+        return error;
+    const SignerFields signer = message.signer(0);
     switch (query) {
     case MessageQuery::version:
-        return number_result(message.version());
+        answer.number(message.version());
+        break;
     case MessageQuery::eContentType:
-        return oid_result(out, room, message.content_type());
+        answer_oid(message.content_type(), answer);
+        break;
     case MessageQuery::hasEContent:
-        return message.has_content() ? 1 : 0;
+        answer.number(message.has_content() ? 1 : 0);
+        break;
     case MessageQuery::countOfCerts:
-        return message.certificates().count();
+        answer.number(message.certificates().count());
+        break;
     case MessageQuery::countOfSigners:
-        return message.signer_count();
+        answer.number(message.signer_count());
+        break;
     case MessageQuery::signerInfoVersion:
-        return number_result(asn_GetInt(signer.version));
+        answer.number(asn_GetInt(signer.version));
+        break;
     case MessageQuery::hasSignedAttrs:
-        return signer.signedAttributes != nullptr ? 1 : 0;
+        answer.number(signer.signedAttributes != nullptr ? 1 : 0);
+        break;
     case MessageQuery::signingTime:
-        return time_result(out, room, signer.signedAttributes);
+        answer_signing_time(signer.signedAttributes, answer);
+        break;
     case MessageQuery::digestAlgorithm:
-        return algorithm_result(out, room, signer.digestAlgorithm);
+        answer.algorithm(signer.digestAlgorithm);
+        break;
     case MessageQuery::signatureAlgorithm:
-        return algorithm_result(out, room, signer.signatureAlgorithm);
+        answer.algorithm(signer.signatureAlgorithm);
+        break;
     case MessageQuery::messageDigest:
-        return digest_result_of(out, room, signer.signedAttributes);
+        answer_message_digest(signer.signedAttributes, answer);
+        break;
     default:
-        return -BAD_QUERY_ERROR;
+        return BAD_QUERY_ERROR;
     }
+    return 0;
 }
 
 } // namespace zul

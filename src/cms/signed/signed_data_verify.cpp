@@ -11,7 +11,6 @@
 #include "encode/hex.h"
 #include "frame/err.h"
 #include "hash/digest.h"
-#include "hash/digest_output.h"
 #include "x509/fields/certificate.h"
 #include "zulcore.h"
 
@@ -27,13 +26,8 @@ struct Digest {
     }
 };
 
-int fails(int code, const char* text) {
-    err_add_text("%s", text);
-    return code;
-}
-
 int digests_differ() {
-    return fails(SIGNATURE_ERROR, "Message digests do not match");
+    return err_fail(SIGNATURE_ERROR, "Message digests do not match");
 }
 
 int read_given_digest(const char* hex, Digest& given) {
@@ -41,7 +35,7 @@ int read_given_digest(const char* hex, Digest& given) {
         return 0;
     given.size = hex_decoded_length(hex);
     if (given.size == 0 || given.size > sizeof given.bytes)
-        return fails(INVALID_DATA_ERROR, "Invalid user-supplied digest, perhaps invalid hex");
+        return err_fail(INVALID_DATA_ERROR, "Invalid user-supplied digest, perhaps invalid hex");
     hex_decode(given.bytes, given.size, hex);
     return 0;
 }
@@ -82,7 +76,7 @@ int Verification::open(const char* fileOrText, const char* cert) {
         return error;
     algorithm_ = digest_algorithm_of(match_.signer.digestAlgorithm);
     if (algorithm_ < 0)
-        return fails(NOT_SUPPORTED_ERROR, "Invalid or unsupported digestAlgorithm");
+        return err_fail(NOT_SUPPORTED_ERROR, "Invalid or unsupported digestAlgorithm");
     return has_attributes() ? read_attributes() : 0;
 }
 
@@ -91,18 +85,19 @@ int Verification::read_attributes() {
     const asn_Node *digest, *type;
     const int digests = find_attribute(match_.signer.signedAttributes, "messageDigest", &digest);
     if (digests != 1 || !asn_GetOctets(digest, attributeDigest_))
-        return fails(INVALID_DATA_ERROR, digests == 0 ? "No messageDigest in the signed attributes"
-                                                      : "Invalid messageDigest in the signed attributes");
+        return err_fail(INVALID_DATA_ERROR, "%s",
+                        digests == 0 ? "No messageDigest in the signed attributes"
+                                     : "Invalid messageDigest in the signed attributes");
     if (attributeDigest_.size() != static_cast<size_t>(digest_length(algorithm_)))
         return digests_differ();
     const int types = find_attribute(match_.signer.signedAttributes, "contentType", &type);
     if (types > 1)
-        return fails(INVALID_DATA_ERROR, "Invalid contentType in the signed attributes");
+        return err_fail(INVALID_DATA_ERROR, "Invalid contentType in the signed attributes");
     const asn_Node* expected = message_.content_type();
     const bool same = types == 0 || (asn_is(type, kAsnUniversal, kAsnOid) && type->length != 0 &&
                                      type->length == expected->length &&
                                      memcmp(type->data, expected->data, type->length) == 0);
-    return same ? 0 : fails(SIGNATURE_ERROR, "contentType attribute differs from eContentType");
+    return same ? 0 : err_fail(SIGNATURE_ERROR, "contentType attribute differs from eContentType");
 }
 
 int Verification::check_signature() {
@@ -124,7 +119,7 @@ int Verification::check_attributes() const {
         if (check_.matches(digest, static_cast<size_t>(length)))
             return 0;
     }
-    return fails(SIGNATURE_ERROR, "Signature did not verify");
+    return err_fail(SIGNATURE_ERROR, "Signature did not verify");
 }
 
 bool Verification::is_signed(const Digest& digest) const {
@@ -136,13 +131,13 @@ bool Verification::is_signed(const Digest& digest) const {
 int Verification::check_content(const Digest& given) {
     Digest digest;
     digest.size = static_cast<size_t>(digest_length(algorithm_));
-    // The length tells too: DSA takes no more than the first bits of a digest.
+    // DSA takes a digest as a number, so that one with zeros before it would be the same.
     if (given.size != 0 && (given.size != digest.size || !is_signed(given)))
         return digests_differ();
     if (!has_content())
         return 0;
     if (!has_attributes() && is_attribute_set(message_.content()))
-        return fails(SIGNATURE_ERROR, "The content is a set of signed attributes");
+        return err_fail(SIGNATURE_ERROR, "The content is a set of signed attributes");
     const int error = content_digest(message_.content(), algorithm_, digest.bytes);
     if (error != 0)
         return error;
@@ -158,23 +153,24 @@ int verify_signed_data(const char* fileOrText, const char* cert, const char* hex
     if (error == 0)
         error = verification.open(fileOrText, cert);
     if (error == 0 && given.size == 0 && !verification.has_content())
-        error = fails(NO_DATA_ERROR, "No content found in SignedData object");
+        error = err_fail(NO_DATA_ERROR, "No content found in SignedData object");
     if (error == 0)
         error = verification.check_signature();
     return error != 0 ? error : verification.check_content(given);
 }
 
-int signed_data_digest(char* out, int room, const char* fileOrText, const char* cert) {
+int signed_data_digest(const char* fileOrText, const char* cert, SecretBuffer& digest) {
     Verification verification;
     int error = verification.open(fileOrText, cert);
     if (error == 0)
         error = verification.check_signature();
     if (error != 0)
-        return -error;
-    const SecretBuffer& digest = verification.signed_digest();
-    if (digest.empty())
-        return -fails(NOT_SUPPORTED_ERROR, "Cannot recover digest if signed with DSA and no signedAttrs");
-    return digest_hex_result(out, room, digest.data(), static_cast<int>(digest.size()));
+        return error;
+    const SecretBuffer& found = verification.signed_digest();
+    if (found.empty())
+        return err_fail(NOT_SUPPORTED_ERROR, "Cannot recover digest if signed with DSA and no signedAttrs");
+    digest.append(found.data(), found.size());
+    return 0;
 }
 
 } // namespace zul

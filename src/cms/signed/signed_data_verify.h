@@ -1,14 +1,15 @@
 #pragma once
+#include "frame/memory.h"
 
 namespace zul {
 
-// verify_signed_data gives 0 if the signature of a message verifies, else a positive code with a text. cert
-// and hexDigest may be null or empty.
-int verify_signed_data(const char* fileOrText, const char* cert, const char* hexDigest);
+// Both give 0 or a positive code with a text. cert and hexDigest may be null or empty.
 
-// signed_data_digest writes the digest that was signed, in lower-case hex under the common length rule: its
-// length or a negated code. That of a message with signed attributes is their messageDigest, once their
-// signature has been checked.
-int signed_data_digest(char* out, int room, const char* fileOrText, const char* cert);
+// verify_signed_data checks the signature of a message.
+[[nodiscard]] int verify_signed_data(const char* fileOrText, const char* cert, const char* hexDigest);
+
+// signed_data_digest gives the digest that was signed. That of a message with signed attributes is their
+// messageDigest, once their signature has been checked.
+[[nodiscard]] int signed_data_digest(const char* fileOrText, const char* cert, SecretBuffer& digest);
 
 } // namespace zul

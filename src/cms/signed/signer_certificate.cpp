@@ -49,8 +49,7 @@ class SignerIndex {
 };
 
 int no_match() {
-    err_add_text("No match found between certificate and signer");
-    return NO_MATCH_ERROR;
+    return err_fail(NO_MATCH_ERROR, "No match found between certificate and signer");
 }
 
 int match_given(const SignedData& message, const char* cert, SignerMatch& match) {

@@ -13,6 +13,6 @@ struct SignerMatch {
 
 // find_signer finds the first signer that a certificate names, or, if none is given (null or empty), the
 // first whose certificate is in the message: 0 or a positive code with a text.
-int find_signer(const SignedData& message, const char* cert, SignerMatch& match);
+[[nodiscard]] int find_signer(const SignedData& message, const char* cert, SignerMatch& match);
 
 } // namespace zul

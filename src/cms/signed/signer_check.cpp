@@ -25,8 +25,7 @@ bool is_dsa(std::string_view algorithm) {
 }
 
 int not_verified() {
-    err_add_text("Signature did not verify");
-    return SIGNATURE_ERROR;
+    return err_fail(SIGNATURE_ERROR, "Signature did not verify");
 }
 
 } // namespace
@@ -35,15 +34,11 @@ int SignerCheck::prepare(const asn_Node* subjectPublicKeyInfo, const SignerField
     char name[kAlgorithmName];
     algorithm_name(signer.signatureAlgorithm, name);
     const bool withDsa = is_dsa(name) && digest == kDigestSha1;
-    if (!withDsa && !is_rsa(name)) {
-        err_add_text("Unsupported signature algorithm %s", name);
-        return NOT_SUPPORTED_ERROR;
-    }
+    if (!withDsa && !is_rsa(name))
+        return err_fail(NOT_SUPPORTED_ERROR, "Unsupported signature algorithm %s", name);
     SecretBuffer signature;
-    if (!asn_GetOctets(signer.signature, signature)) {
-        err_add_text("Invalid SignerInfo: no signature");
-        return INVALID_DATA_ERROR;
-    }
+    if (!asn_GetOctets(signer.signature, signature))
+        return err_fail(INVALID_DATA_ERROR, "Invalid SignerInfo: no signature");
     return withDsa ? prepare_dsa(subjectPublicKeyInfo, signature)
                    : prepare_rsa(subjectPublicKeyInfo, signature, digest);
 }

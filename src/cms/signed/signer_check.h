@@ -10,16 +10,17 @@ namespace zul {
 class SignerCheck {
   public:
     // prepare takes the signer's key and digest algorithm: 0 or a positive code with a text, SIGNATURE_ERROR
-    // for what is a signature of no digest of the kind at all.
-    int prepare(const asn_Node* subjectPublicKeyInfo, const SignerFields& signer, int digest);
+    // if it cannot be the signature of any such digest.
+    [[nodiscard]] int prepare(const asn_Node* subjectPublicKeyInfo, const SignerFields& signer, int digest);
 
     bool matches(const uint8_t* digest, size_t length) const;
     // recovered is the digest inside an RSA signature; empty for DSA.
     const SecretBuffer& recovered() const { return recovered_; }
 
   private:
-    int prepare_rsa(const asn_Node* subjectPublicKeyInfo, const SecretBuffer& signature, int digest);
-    int prepare_dsa(const asn_Node* subjectPublicKeyInfo, const SecretBuffer& signature);
+    [[nodiscard]] int prepare_rsa(const asn_Node* subjectPublicKeyInfo, const SecretBuffer& signature,
+                                  int digest);
+    [[nodiscard]] int prepare_dsa(const asn_Node* subjectPublicKeyInfo, const SecretBuffer& signature);
 
     SecretBuffer recovered_;
     DsaCheck dsa_;

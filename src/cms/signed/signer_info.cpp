@@ -14,7 +14,7 @@
 namespace zul {
 namespace {
 
-// More than that nobody has, and what costs time with every one of them must not be asked of us.
+// No message needs more, and each one costs time.
 constexpr size_t kMaxSorted = 128;
 
 // sorted_set makes the SET of lists, in the order of DER.

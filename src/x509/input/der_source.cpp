@@ -107,15 +107,21 @@ bool DerSource::open_text(const char* text) {
 }
 
 int DerSource::open_file(const char* path) {
-    isText_ = false;
+    isText_ = isReadError_ = false;
     decoded_ = SecretBuffer();
     stream_.emplace(path);
     if (!stream_->is_open())
         return err_fail(OPEN_ERROR, "Unable to open file '%s'", shown_name(path));
+    return read_result(parse_file());
+}
+
+int DerSource::parse_file() {
     SecretBuffer content;
     const bool isPipe = stream_->remaining() == SIZE_MAX;
     if (isPipe) {
-        if (!read_all(*stream_, content))
+        const bool isAll = read_all(*stream_, content);
+        isReadError_ = stream_->failed();
+        if (!isAll || isReadError_)
             return invalid_data();
         stream_.emplace(content.data(), content.size());
     }
@@ -123,7 +129,9 @@ int DerSource::open_file(const char* path) {
         decoded_ = std::move(content);
         return 0;
     }
-    if (!isPipe && !read_all(*stream_, content))
+    const bool isAll = isPipe || read_all(*stream_, content);
+    isReadError_ = stream_->failed();
+    if (!isAll || isReadError_)
         return invalid_data();
     const bool opened = has_pem_block(content.text(), content.size())
                             ? open_pem(content.text(), content.size())
@@ -133,11 +141,17 @@ int DerSource::open_file(const char* path) {
 
 bool DerSource::load(size_t max) {
     SecretBuffer content;
-    if (is_in_memory() || !stream_->seek(0) || stream_->remaining() > max || !read_all(*stream_, content))
+    if (is_in_memory() || !stream_->seek(0) || stream_->remaining() > max || !read_all(*stream_, content) ||
+        stream_->failed())
         return false;
     decoded_ = std::move(content);
     stream_.emplace(decoded_.data(), decoded_.size());
     return true;
+}
+
+int DerSource::read_result(int error) const {
+    const bool isReadError = isReadError_ || (stream_ && stream_->failed());
+    return error != 0 && isReadError ? err_fail(READ_ERROR, "Cannot read the file") : error;
 }
 
 int DerSource::open(const char* fileOrText) {

@@ -24,6 +24,8 @@ class DerSource {
     // or in memory already.
     bool load(size_t max);
     bool is_in_memory() const { return !decoded_.empty(); }
+    // read_result gives READ_ERROR with a text in place of an error that a failed read has caused.
+    int read_result(int error) const;
 
     bool is_text() const { return isText_; }  // the argument itself, rather than a file
     ByteStream& stream() { return *stream_; } // at its beginning, where the object is, after open
@@ -32,7 +34,9 @@ class DerSource {
     bool open_b64(const char* text, size_t size);
     bool open_pem(const char* text, size_t size);
 
-    bool isText_ = false;
+    int parse_file();
+
+    bool isText_ = false, isReadError_ = false;
     SecretBuffer decoded_; // or read from a pipe
     std::optional<ByteStream> stream_;
 };

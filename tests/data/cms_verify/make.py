@@ -187,7 +187,7 @@ def openssl_cases(alice, dsa):
     case("openssl DSA, other content", made_by_openssl("-md sha1 -noattr -nocerts", dsa), dsa, SIGNATURE, DIFFERENT,
          given=digest_of(b"abd", "sha1"), digest=None, digest_result=UNSUPPORTED)
     case("openssl DSA, longer digest", made_by_openssl("-md sha1 -noattr -nocerts", dsa), dsa, SIGNATURE, DIFFERENT,
-         given=digest_of(b"abc", "sha1") + bytes(12), digest=None, digest_result=UNSUPPORTED)
+         given=bytes(8) + digest_of(b"abc", "sha1"), digest=None, digest_result=UNSUPPORTED)
     case("openssl DSA with SHA-256", made_by_openssl("-md sha256 -nodetach -nocerts -nosmimecap", dsa), dsa,
          UNSUPPORTED, "Unsupported signature algorithm 2.16.840.1.101.3.4.3.2", digest=None)
 
