@@ -149,22 +149,6 @@ TEST_F(CmsSignedInterop, TheirsEveryDigestAndForm) {
     reads("bare");
 }
 
-TEST_F(CmsSignedInterop, TheirsDsa) {
-    make_data(10);
-    run("openssl genpkey -genparam -algorithm DSA -pkeyopt dsa_paramgen_bits:1024 -pkeyopt "
-        "dsa_paramgen_q_bits:160 -out dsa.par && openssl req -x509 -newkey dsa:dsa.par -nodes -keyout "
-        "dsa.key "
-        "-subj /CN=D -out dsa.pem");
-    for (const char* attributes : {"", "-noattr"}) {
-        run(std::string(
-                "openssl cms -sign -binary -nodetach -md sha1 -in data -signer dsa.pem -inkey dsa.key "
-                "-outform DER -out sig ") +
-            attributes);
-        EXPECT_EQ(check("sig", ""), 0);
-        EXPECT_EQ(signed_digest("sig", ""), *attributes == 0 ? digest_of_data("sha1") : "");
-    }
-}
-
 TEST_F(CmsSignedInterop, Sizes) {
     const std::string theirs = "openssl cms" + kSigner + "-nodetach -outform DER ";
     for (const size_t size : {size_t{0}, size_t{1}, size_t{64}, test::kLargestContent - 1}) {

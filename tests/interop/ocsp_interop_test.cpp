@@ -2,7 +2,7 @@
 
 #include "interop/x509_interop.h"
 
-// openssl reads our requests, makes the same ones, and answers as a responder over an index file.
+// openssl reads our requests, and answers as a responder over an index file.
 
 namespace {
 
@@ -61,28 +61,6 @@ class OcspInterop : public test::X509Interop {
 
 } // namespace
 
-TEST_F(OcspInterop, RequestsAreThoseOfOpenssl) {
-    make_certificates();
-    const struct {
-        int number;
-        const char* name;
-    } digests[] = {{ZUL_HASH_SHA1, "sha1"},     {ZUL_HASH_MD5, "md5"},       {ZUL_HASH_SHA256, "sha256"},
-                   {ZUL_HASH_SHA384, "sha384"}, {ZUL_HASH_SHA512, "sha512"}, {ZUL_HASH_SHA224, "sha224"}};
-    for (const std::string& serial : kSerials) {
-        const std::string cert = "x" + serial + ".pem";
-        for (const auto& digest : digests) {
-            request(cert, digest.number, "ours");
-            run(std::string("openssl ocsp -no_nonce -issuer ca.pem -") + digest.name + " -cert " + cert +
-                " -reqout theirs");
-            EXPECT_EQ(read("ours"), read("theirs")) << serial << " " << digest.name;
-        }
-        request("#x" + query(cert, "serialNumber"), ZUL_HASH_SHA224, "ours");
-        EXPECT_EQ(read("ours"), read("theirs")) << serial;
-        shows("openssl ocsp -reqin ours -req_text", {"Hash Algorithm: sha224", "Serial Number: " + serial},
-              {"Nonce", "Requestor Name"});
-    }
-}
-
 TEST_F(OcspInterop, AnswersToOurRequests) {
     make_certificates();
     for (const std::string signer : {"ca", "responder"}) {
@@ -91,7 +69,7 @@ TEST_F(OcspInterop, AnswersToOurRequests) {
                  {kSerials[0], kSerials[2], kRevoked, kSerials[4], std::string("0BAD")}) {
                 SCOPED_TRACE(signer + " " + options + " " + serial);
                 const std::string number = (serial[0] > '7' ? "00" : "") + serial;
-                request("#x" + number, ZUL_HASH_SHA1, "request");
+                request(serial == "0BAD" ? "#x0BAD" : "x" + serial + ".pem", ZUL_HASH_SHA1, "request");
                 run("openssl ocsp -index index -CA ca.pem -rsigner " + signer + ".pem -rkey " + signer +
                     ".key -ndays 1 -reqin request -respout response " + options);
                 std::string produced =

@@ -45,14 +45,14 @@ static std::string write_by(const std::string& path, const WriteRules& rules, bo
     {
         FileWriter writer(path.c_str(), rules);
         EXPECT_TRUE(writer.is_open());
-        EXPECT_TRUE(writer.write("new ", 4) && writer.write(std::string(100000, 'c').data(), 100000));
+        EXPECT_TRUE(writer.write(std::string(100000, 'c').data(), 100000) && writer.write("new", 3));
         EXPECT_TRUE(!finishes || writer.finish());
     }
     return test::file_exists(path) ? test::read_text(path) : "none";
 }
 
 TEST(FileWriter, LeavesAFileAsItsRulesSay) {
-    const std::string whole = "new " + std::string(100000, 'c');
+    const std::string whole = std::string(100000, 'c') + "new";
     const struct {
         WriteRules rules;
         const char* old; // null: no file was there
