@@ -19,8 +19,14 @@ int read_whole_file(const char* path, SecretBuffer& content, size_t maxSize) {
         return err_fail(OPEN_ERROR, "File '%s' is too large", shown_name(path));
     if (length >= 0) {
         auto size = static_cast<size_t>(length);
+        bool failed = false;
         SecretBuffer whole(size + 1);
-        if (platform::file_read(file.handle(), whole.data(), size) == size) {
+        // One byte more is asked for: a file may say that it is empty, and fail only as it is read.
+        const size_t got = platform::file_read(file.handle(), whole.data(), size + 1, &failed);
+        if (failed)
+            return err_fail(READ_ERROR, "Cannot read file '%s'", shown_name(path));
+        if (got >= size) {
+            whole[size] = 0;
             whole.shrink(size);
             content = std::move(whole);
             return 0;

@@ -4,14 +4,13 @@
 namespace zul {
 
 // read_whole_file reads a file in binary mode into content, which holds a NUL after the last byte; its size()
-// does not count it. 0 or OPEN_ERROR with a text: missing, not a file, of no known length, read short, or
-// above maxSize bytes.
+// does not count it. 0 or a positive code with a text: READ_ERROR if reading fails; OPEN_ERROR if the file is
+// missing, not a file, of no known length, shorter than it says, or above maxSize bytes.
 [[nodiscard]] int read_whole_file(const char* path, SecretBuffer& content,
                                   size_t maxSize = kMaxAllocation - 1);
 
 // read_pem_or_b64_file decodes a file of base64 text into decoded: its armoured body if the first character
-// is
-// "-", otherwise the whole of it. 0, OPEN_ERROR as above, or BAD_FORMAT_ERROR if that holds no bytes.
+// is "-", otherwise the whole of it. 0, a code as above, or BAD_FORMAT_ERROR if that holds no bytes.
 [[nodiscard]] int read_pem_or_b64_file(const char* path, SecretBuffer& decoded);
 
 } // namespace zul

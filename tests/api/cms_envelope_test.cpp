@@ -373,6 +373,8 @@ TEST_F(CmsEnvelope, FilesThatFail) {
     EXPECT_EQ(CMS_ReadSigData(sig.c_str(), bad, 0), -READ_ERROR);
     EXPECT_EQ(CMS_VerifySigData(bad, cert, nullptr, 0), READ_ERROR);
     EXPECT_EQ(CMS_ReadEnvData(env.c_str(), bad, cert, k, 0), -READ_ERROR);
+    EXPECT_EQ(PFX_VerifySig(bad, "x", 0), READ_ERROR);
+    EXPECT_EQ(OCSP_ReadResponse(nullptr, 0, bad, nullptr, nullptr, 0), -READ_ERROR);
 }
 
 #endif
