@@ -548,7 +548,7 @@ ZUL_API int PWD_Prompt(char* szPassword, int nPwdLen, const char* szCaption);
  *   and Triple DES into AES256. Use it with AES192 only.
  * Status, positive:
  *  - BAD_PARAM_ERROR: a file name or the password null or empty, a negative nTests or seed length;
- *  - OUT_OF_RANGE_ERROR: nBits, or nCount above 10,000,000;
+ *  - OUT_OF_RANGE_ERROR: nBits;
  *  - BAD_LENGTH_ERROR: a seed or password of a gigabyte;
  *  - KEYGEN_FAILED_ERROR: no primes found;
  *  - TEST_FAILED_ERROR: the two halves of the new key do not undo each other. This is also reported like a
@@ -610,9 +610,10 @@ ZUL_API int RSA_SavePrivateKeyInfo(const char* szFileOut, const char* szKeyStrin
 
 /* RSA_SaveEncPrivateKey writes a private key to a file as EncryptedPrivateKeyInfo: PEM "ENCRYPTED PRIVATE
  * KEY" with ZUL_KEY_FORMAT_PEM or _PEM_ALT, else DER. nOptions also names the scheme (ZUL_PBE_...); the
- * default derives a Triple DES key with SHA-1 as PKCS #12 does. nCount: iterations, at most 10,000,000; below 1
- * counts as 1. szPassword may be empty. A new file is readable by its owner only.
- * Status as RSA_SavePublicKey. OUT_OF_RANGE_ERROR: nCount; BAD_LENGTH_ERROR: a password of a gigabyte. */
+ * default derives a Triple DES key with SHA-1 as PKCS #12 does. nCount: iterations; below 1
+ * counts as 1, and a key with more than 10,000,000 is not read back here. szPassword may be empty. A new file is
+ * readable by its owner only.
+ * Status as RSA_SavePublicKey. BAD_LENGTH_ERROR: a password of a gigabyte. */
 ZUL_API int RSA_SaveEncPrivateKey(const char* szFileOut, const char* szKeyString, int nCount,
                                   const char* szPassword, int nOptions);
 

@@ -120,7 +120,7 @@ int pbe_setup(PbeContext& context, const char* password, int iterationCount, int
         return error;
     params.iterations = iterationCount < 1 ? 1 : static_cast<uint32_t>(iterationCount);
     choose_scheme(params, options);
-    return pbe_check_iterations(params.iterations); // what is written here can be read here
+    return 0;
 }
 
 AsnList pbe_encrypt(PbeContext& context, const uint8_t* plain, size_t plainLen) {
