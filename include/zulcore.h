@@ -733,13 +733,16 @@ ZUL_API int RSA_DecodeMsg(unsigned char* lpOutput, int nOutBytes, const unsigned
  * OPEN_ERROR, INVALID_DATA_ERROR (not ASN.1) and BAD_FORMAT_ERROR (of another kind, or a field missing). */
 
 /* X509_QueryCert answers a query about a certificate. szQuery, in any case (a longer word finds the name that
- * it begins with): "version", "sigAlgID" (1 RSA with SHA-1, MD5 or MD2, 2 DSA with SHA-1, 0 any other),
- * "keyUsageFlags" and "isCA" (1 or 0) are numbers, which are the result; "serialNumber" (hex),
- * "signatureAlgorithm", "signatureValue" (hex), "keyUsageString", "notBefore", "notAfter", "issuerName",
- * "subjectName", "subjectPublicKeyAlgorithm", "subjectKeyIdentifier", "authorityKeyIdentifier" (hex),
- * "rfc822Name", "extKeyUsageString", "cRLDistributionPointsURI" and "authorityInfoAccessURI" are texts, empty
- * where the certificate has no such thing. nOptions: ZUL_QUERY_GETTYPE returns 1 for a number, 2 for a text,
- * and reads no certificate; ZUL_X509_LATIN1 as in X509_CertSubjectName.
+ * it begins with), is one of
+ *  - numbers, which are the result: "version", "sigAlgID" (1 RSA with SHA-1, MD5 or MD2, 2 DSA with SHA-1, 0
+ *    any other), "keyUsageFlags", "isCA" (1 or 0);
+ *  - texts, empty if the certificate has no such field: "signatureAlgorithm", "keyUsageString", "notBefore",
+ *    "notAfter", "issuerName", "subjectName", "subjectPublicKeyAlgorithm", "rfc822Name", "extKeyUsageString",
+ *    "cRLDistributionPointsURI", "authorityInfoAccessURI";
+ *  - texts in hex: "serialNumber", "signatureValue", "subjectKeyIdentifier", "authorityKeyIdentifier".
+ * nOptions:
+ *  - ZUL_QUERY_GETTYPE returns 1 for a number, 2 for a text, and reads no certificate;
+ *  - ZUL_X509_LATIN1 as in X509_CertSubjectName.
  * Length (or the number). Query. Times, names and algorithms are cut to nChars; -SHORT_BUF_ERROR: any other
  * text that does not fit; -BAD_QUERY_ERROR: no such query; -INVALID_DATA_ERROR also for a zero byte in an
  * address or URI, and for an invalid time. */
@@ -793,29 +796,35 @@ ZUL_API int X509_ReadStringFromFile(char* szOutput, int nChars, const char* szCe
  * -WRITE_ERROR. */
 ZUL_API int X509_SaveFileFromString(const char* szNewCertFile, const char* szCertString, int nOptions);
 
-/* X509_MakeCert makes a certificate (RFC 5280) signed by an issuer. szSubjectPubKeyFile: the subject's RSA
- * public key as a file, PEM or base64, or as a key string; if szDistName is null or empty, a certification
- * request, whose signature is checked and whose name and key are taken: the name in its text form, so that
- * a value with ";" in it becomes several, quotes and "#x" mean what they mean in such a text, a value that
- * prints as hex stays hex and an attribute without a keyword is left out; look at the name of the
- * certificate before you hand it out. szIssuerPriKeyFile: the issuer's encrypted private key, with
- * szPassword, or a private key string (the password may still not be empty); that it belongs to
- * szIssuerCertFile is not checked. nCertNum: the serial number, as an unsigned number. nYearsValid: for
- * that many years from "notBefore" or from a minute ago, which is shifted by the zone of a system that does
- * not run on UTC. nKeyUsageFlags: ZUL_KEYUSAGE_ bits, 0 for no such extension. szExtensions: null, or pairs
- * of "rfc822Name" or "subjectAltNameRfc822Name" (an e-mail address), "serialNumber" (in hex, instead of
- * nCertNum), "subjectKeyIdentifier" (in hex), "notBefore" and "notAfter" ("yyyy-mm-dd", perhaps with
- * "Thh:nn:ss") joined by ";".
- * nOptions: ZUL_HASH_SHA1 (the default) to ZUL_HASH_SHA224 for the signature; ZUL_X509_FORMAT_PEM for PEM
- * "CERTIFICATE" instead of DER; ZUL_X509_UTF8 for UTF8String in the name; ZUL_X509_SET_CA for a certificate
- * that may issue others; ZUL_X509_AUTHKEYID to repeat the issuer's subjectKeyIdentifier; ZUL_X509_NO_BASIC
- * to leave out basicConstraints; ZUL_X509_VERSION1 for version 1, which has no extensions.
- * Status, positive. BAD_PARAM_ERROR also for a name (an empty one of a request too), pair, date or number
- * of years that is none; BAD_FLAG_ERROR: no such digest; OPEN_ERROR; BAD_FORMAT_ERROR: no request, or no
- * RSA public key; DECRYPT_ERROR: the private key cannot be read; SIGNATURE_ERROR: it cannot sign, or the
- * request's signature does not verify; NOT_SUPPORTED_ERROR: a request with a key that is not RSA;
- * INVALID_DATA_ERROR also for an issuer's certificate that is none; CREATE_ERROR, also if the new file is
- * the private key's; WRITE_ERROR. */
+/* X509_MakeCert makes a certificate (RFC 5280) signed by an issuer.
+ *  - szSubjectPubKeyFile: the subject's RSA public key as a file, PEM or base64, or as a key string; if
+ *    szDistName is null or empty, a certification request, whose signature is checked and whose name and key
+ *    are taken. The name goes through its text form: a value with ";" in it becomes several, quotes and "#x"
+ *    mean what they mean in such a text, a value that prints as hex stays hex, and an attribute without a
+ *    keyword is left out. Look at the name of the certificate before you hand it out.
+ *  - szIssuerPriKeyFile: the issuer's encrypted private key, with szPassword, or a private key string (the
+ *    password may still not be empty). Whether it belongs to szIssuerCertFile is not checked.
+ *  - nCertNum: the serial number, as an unsigned number.
+ *  - nYearsValid: years from "notBefore", or from a minute ago, which is shifted by the zone of a system that
+ *    does not run on UTC.
+ *  - nKeyUsageFlags: ZUL_KEYUSAGE_ bits, 0 for no such extension.
+ *  - szExtensions: null, or pairs joined by ";": "rfc822Name" or "subjectAltNameRfc822Name" (an e-mail
+ *    address), "serialNumber" (in hex, instead of nCertNum), "subjectKeyIdentifier" (in hex), "notBefore" and
+ *    "notAfter" ("yyyy-mm-dd", optionally with "Thh:nn:ss").
+ * nOptions:
+ *  - ZUL_HASH_SHA1 (the default) to ZUL_HASH_SHA224 for the signature;
+ *  - ZUL_X509_FORMAT_PEM: PEM "CERTIFICATE" instead of DER;
+ *  - ZUL_X509_UTF8: UTF8String in the name;
+ *  - ZUL_X509_SET_CA: a certificate that may issue others;
+ *  - ZUL_X509_AUTHKEYID: repeats the issuer's subjectKeyIdentifier;
+ *  - ZUL_X509_NO_BASIC: no basicConstraints;
+ *  - ZUL_X509_VERSION1: version 1, which has no extensions.
+ * Status, positive. BAD_PARAM_ERROR also for an invalid name (an empty one of a request too), pair, date or
+ * number of years; BAD_FLAG_ERROR: no such digest; OPEN_ERROR; BAD_FORMAT_ERROR: no request, or no RSA public
+ * key; DECRYPT_ERROR: the private key cannot be read; SIGNATURE_ERROR: it cannot sign, or the request's
+ * signature does not verify; NOT_SUPPORTED_ERROR: a request with a key that is not RSA; INVALID_DATA_ERROR
+ * also for an invalid issuer's certificate; CREATE_ERROR, also if the new file is the private key's;
+ * WRITE_ERROR. */
 ZUL_API int X509_MakeCert(const char* szNewCertFile, const char* szIssuerCertFile,
                           const char* szSubjectPubKeyFile, const char* szIssuerPriKeyFile, int nCertNum,
                           int nYearsValid, const char* szDistName, const char* szExtensions,
@@ -828,18 +837,20 @@ ZUL_API int X509_MakeCertSelf(const char* szNewCertFile, const char* szEPKFile, 
                               const char* szDistName, const char* szExtensions, int nKeyUsageFlags,
                               const char* szPassword, int nOptions);
 
-/* X509_CertRequest makes a certification request (PKCS #10, RFC 2986) from an encrypted private key. It is
- * PEM "NEW CERTIFICATE REQUEST", or DER with ZUL_X509_REQ_DER. nOptions also: a digest and ZUL_X509_UTF8 as
- * in X509_MakeCert; ZUL_X509_REQ_NOATTRS leaves out the empty attributes, which some readers insist on.
- * szExtensions is ignored.
+/* X509_CertRequest makes a certification request (PKCS #10, RFC 2986) from an encrypted private key.
+ * szExtensions is ignored. nOptions:
+ *  - a digest and ZUL_X509_UTF8 as in X509_MakeCert;
+ *  - ZUL_X509_REQ_DER: DER instead of PEM "NEW CERTIFICATE REQUEST";
+ *  - ZUL_X509_REQ_NOATTRS leaves out the empty attributes, which some readers demand.
  * Status as X509_MakeCert; READ_ERROR: the private key cannot be read. */
 ZUL_API int X509_CertRequest(const char* szReqFile, const char* szEPKFile, const char* szDistName,
                              const char* szExtensions, const char* szPassword, int nOptions);
 
-/* X509_MakeCRL makes a revocation list of version 1. szCertList: null, or serial numbers and revocation dates
- * in turn, separated by ";", "," or "=": "1,2010-01-01;#x0a3f,2010-02-03T12:00:00" ("#x": in hex).
- * szExtensions: null, or pairs of "thisUpdate" (default: now) and "nextUpdate" (default: none). nOptions: a
- * digest as in X509_MakeCert; ZUL_X509_FORMAT_PEM for PEM "X509 CRL".
+/* X509_MakeCRL makes a revocation list of version 1.
+ *  - szCertList: null, or serial numbers and revocation dates in turn, separated by ";", "," or "=":
+ *    "1,2010-01-01;#x0a3f,2010-02-03T12:00:00" ("#x": in hex).
+ *  - szExtensions: null, or pairs of "thisUpdate" (default: now) and "nextUpdate" (default: none).
+ *  - nOptions: a digest as in X509_MakeCert; ZUL_X509_FORMAT_PEM for PEM "X509 CRL".
  * Status, positive and not recorded (ZUL_ErrorCode stays 0, the text is there). BAD_PARAM_ERROR also for
  * pairs; BAD_FORMAT_ERROR: szCertList; READ_ERROR: the private key cannot be read; else as X509_MakeCert. */
 ZUL_API int X509_MakeCRL(const char* szCrlFile, const char* szIssuerCertFile, const char* szIssuerKeyFile,
@@ -854,24 +865,26 @@ ZUL_API int X509_MakeCRL(const char* szCrlFile, const char* szIssuerCertFile, co
  * (BAD_FORMAT_ERROR for text). */
 ZUL_API int X509_VerifyCert(const char* szCertToVerify, const char* szIssuerCert);
 
-/* X509_CheckCertInCRL looks a certificate up in its issuer's CRL, whose signature is checked first if
- * szCRLIssuerCert is given (not null or empty). szDate: null, empty, or a date ("yyyy-mm-dd", perhaps
- * "Thh:nn:ss"): a later revocation does not count. A CRL in a file of DER is read as a stream, of any size;
- * one that is not DER may have 8 MiB. Its own dates are not looked at. nOptions is ignored.
+/* X509_CheckCertInCRL looks a certificate up in its issuer's CRL. With szCRLIssuerCert (not null or empty) the
+ * CRL's signature is checked with that certificate's key, in the same pass over the file. szDate: null, empty,
+ * or a date ("yyyy-mm-dd", optionally with "Thh:nn:ss"): a later revocation does not count. A file of DER may
+ * be of any size; one that is signed in another form than it has may have 8 MiB. The CRL's own dates are not
+ * looked at. nOptions is ignored.
  * 1 if revoked, 0 if not, or a negated code: -ISSUER_ERROR: the CRL of another issuer; -SIGNATURE_ERROR: its
- * signature could not be verified with szCRLIssuerCert, for whatever reason (the text tells);
- * -INVALID_DATA_ERROR: also a damaged entry before the one looked for. */
+ * signature could not be verified with szCRLIssuerCert (the text says why); -INVALID_DATA_ERROR: also a
+ * damaged entry before the one looked for. */
 ZUL_API int X509_CheckCertInCRL(const char* szCertFile, const char* szCrlFile, const char* szCRLIssuerCert,
                                 const char* szDate, int nOptions);
 
 /* X509_ValidatePath orders certificates into a path and checks each one's signature, and its dates unless
- * nOptions is not 0. szCertList: certificate arguments joined by ";" in any order, of which the first 20
- * count, or a PKCS #7 bundle of 1 to 20. szTrustedCert: null for a path that begins with a self-signed
- * certificate of the list; else the path begins with that certificate, if it is self-signed, or with one
- * that it issued.
+ * nOptions is not 0.
+ *  - szCertList: certificate arguments joined by ";" in any order, of which the first 20 count, or a PKCS #7
+ *    bundle of 1 to 20, or one certificate.
+ *  - szTrustedCert: null for a path that begins with a self-signed certificate of the list; else the path
+ *    begins with that certificate, if it is self-signed, or with one that it issued.
  * Extensions (basicConstraints, keyUsage) are not looked at. All certificates together have at most 8 MiB.
- * 0 or a negated code: -INVALID_DATA_ERROR: an item is no certificate; -EXPIRED_ERROR, also before its
- * time; -NO_DATA_ERROR: no certificates, or a text without ";" that is neither a bundle nor a certificate;
+ * 0 or a negated code: -INVALID_DATA_ERROR: an item that is not a certificate; -EXPIRED_ERROR, also before
+ * its time; -NO_DATA_ERROR: no certificates, or a text without ";" that is neither a bundle nor a certificate;
  * -OUT_OF_RANGE_ERROR: a bundle of too many; -ISSUER_ERROR: no self-signed one; -NO_MATCH_ERROR: none issued
  * by the one before it; -SIGNATURE_ERROR. */
 ZUL_API int X509_ValidatePath(const char* szCertList, const char* szTrustedCert, int nOptions);

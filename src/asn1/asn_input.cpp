@@ -44,7 +44,7 @@ bool is_b64_sequence(std::string_view text) {
 }
 
 // parse_der parses one SEQUENCE. Zeros and line breaks after it are passed over: decoders of PEM files and
-// transfers of text files leave them. What is no DER by its length is not parsed, and so adds no text.
+// transfers of text files leave them. Data of another length are not parsed, and so add no text.
 bool parse_der(const uint8_t* bytes, size_t size, AsnList& list) {
     size_t offset = 0, end = 0;
     if (size == 0 || bytes[0] != kSequenceOctet || asn_FindElement(&offset, &end, bytes, size, -1, 1, 0) == 0)

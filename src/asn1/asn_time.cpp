@@ -53,7 +53,7 @@ int asn_GetTime(const asn_Node* node, tm* time) {
     time->tm_hour = digits.field(2);
     time->tm_min = digits.field(2);
     time->tm_sec = digits.field(2);
-    // What holds no date is no time; later fields may be missing. The caller judges whether the date exists.
+    // Later fields may be missing.
     return digits.fields() < 3 ? 1 : 0;
 }
 

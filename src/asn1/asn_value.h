@@ -11,12 +11,12 @@ struct OidInfo;
 
 // asn_GetInt reads an INTEGER or ENUMERATED of 1 to 4 bytes as an unsigned number; -1 for anything else.
 int64_t asn_GetInt(const asn_Node* node);
-// asn_GetIntegerBytes copies an INTEGER without its leading zero bytes: its length, or -1 if it is no INTEGER
+// asn_GetIntegerBytes copies an INTEGER without its leading zero bytes: its length, or -1 for another type
 // or longer than max.
 [[nodiscard]] int asn_GetIntegerBytes(const asn_Node* node, uint8_t* buf, size_t max);
-[[nodiscard]] int asn_GetBoolean(const asn_Node* node); // 1, 0, or -1 if it is none
+[[nodiscard]] int asn_GetBoolean(const asn_Node* node); // 1, 0, or -1 for another type
 [[nodiscard]] int asn_GetOid(const asn_Node* node,
-                             OidInfo* rec); // 0, or -1 if it is none or not in the table
+                             OidInfo* rec); // 0, or -1 for another type or an unknown OID
 [[nodiscard]] int asn_OidEquals(const asn_Node* node, const OidInfo* rec); // 0 if equal, else -1
 
 // BIT STRINGs as flags: named bit 0 is 0x1, bit 1 is 0x2 and so on. 0 with a text if there are more than 32.
@@ -35,7 +35,7 @@ bool asn_DataAppend(SecretBuffer& content, const asn_Node* node);
 // UniversalString as Latin-1 if convert is set and they can be; all else as "%02X " bytes.
 SecretBuffer asn_GetText(const asn_Node* node, bool convert);
 
-// asn_GetTime reads a UTCTime or GeneralizedTime: 0; 1 if the node is no time or has no year, month and day;
+// asn_GetTime reads a UTCTime or GeneralizedTime: 0; 1 for another type, or without year, month and day;
 // -1 for null. The digits are taken as they stand: what follows the seconds (a fraction, "Z", an offset) is
 // ignored, fields that are missing at the end are 0, and the date need not exist.
 [[nodiscard]] int asn_GetTime(const asn_Node* node, tm* time);

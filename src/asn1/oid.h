@@ -17,7 +17,7 @@ int oid_FromName(OidInfo* rec, const char* name);
 // oid_FromBytes finds the name of a record's octets: 0, or -1 if the table has none.
 [[nodiscard]] int oid_FromBytes(OidInfo* rec);
 // oid_ToDotted writes at most max characters of the dotted form, and a NUL (buf holds max + 1): its length,
-// or -1 if the node is no OBJECT IDENTIFIER of at most 32 octets, or not one of whole arcs.
+// or -1 for anything but an OBJECT IDENTIFIER of at most 32 octets that ends with a whole arc.
 int oid_ToDotted(const asn_Node* node, char* buf, size_t max);
 
 } // namespace zul

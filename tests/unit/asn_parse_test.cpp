@@ -8,6 +8,7 @@
 #include "asn1/byte_stream.h"
 #include "frame/err.h"
 #include "frame/memory_hooks.h"
+#include "hash/digest.h"
 #include "support/temp_dir.h"
 #include "support/vectors.h"
 
@@ -167,6 +168,19 @@ TEST(AsnParse, StreamsOfFilesAndMemoryAreAlike) {
         EXPECT_EQ(stream->offset(), 10u);
         EXPECT_TRUE(stream->skip(99'990) && stream->skip(-100'000));
         EXPECT_EQ(stream->get(), content[0]);
+
+        // Under a digest a file goes back by a header at most.
+        DigestContext context;
+        uint8_t digest[kMaxDigestSize], expected[kMaxDigestSize];
+        digest_init(context, kDigestSha1);
+        stream->begin_digest(context, 5, 90'000);
+        EXPECT_TRUE(stream->seek(16'385) && stream->seek(16'376));
+        EXPECT_EQ(stream->get(), content[16'376]);
+        EXPECT_EQ(stream->seek(0), stream == &memory);
+        EXPECT_TRUE(stream->end_digest());
+        digest_final(context, digest);
+        hash_bytes(expected, sizeof expected, content.data() + 5, 90'000, kDigestSha1);
+        EXPECT_EQ(memcmp(digest, expected, 20), 0);
     }
 }
 

@@ -49,7 +49,7 @@ bool CrlReader::skip_entry_extensions(const AsnScope& entry) {
            asn_skip_rest(*stream_, list);
 }
 
-// take_entry: 1, 0 at the end, or -1 for what is no entry.
+// take_entry: 1, 0 at the end, or -1 for anything but an entry.
 int CrlReader::take_entry(RawEntry& raw) {
     if (asn_at_scope_end(*stream_, list_))
         return 0;

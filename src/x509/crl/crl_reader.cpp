@@ -58,7 +58,7 @@ int CrlReader::read_times() {
     return error != 0 ? error : enter_list() ? 0 : BAD_FORMAT_ERROR;
 }
 
-// enter_list stands before the first entry then, or at the end of the entries if there is no list.
+// enter_list goes to the first entry, or makes an empty scope if there is no list.
 bool CrlReader::enter_list() {
     list_ = toBeSigned_;
     if (asn_next_is(*stream_, toBeSigned_, kAsnConstructed, kAsnSequence))

@@ -34,7 +34,7 @@ class CrlReader {
     [[nodiscard]] int find(const uint8_t* serial, size_t length, CrlEntry& entry);
 
     // finish reads what follows the entries, any of which are skipped: 0, or INVALID_DATA_ERROR, without a
-    // text, if there is no signature, or something that belongs to no CRL.
+    // text, if the signature is missing or something unknown follows.
     [[nodiscard]] int finish();
     const asn_Node* signatureAlgorithm() const { return signatureAlgorithm_.head(); } // after finish
     const asn_Node* signatureValue() const { return signatureValue_.head(); }

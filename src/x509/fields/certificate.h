@@ -38,8 +38,8 @@ RequestFields request_fields(const asn_Node* request);
 // same_name compares Names by their DER, wherever they stand; null equals nothing.
 bool same_name(const asn_Node* a, const asn_Node* b);
 
-// certificate_version gives 1 if the certificate does not say, -BAD_FORMAT_ERROR with a text if it says
-// what is none.
+// certificate_version gives 1 if the certificate does not say, -BAD_FORMAT_ERROR with a text for an invalid
+// version.
 int certificate_version(const CertificateFields& certificate);
 
 // issuer_and_serial_number makes the SEQUENCE { issuer, serialNumber } of CMS (RFC 5652, 10.2.4); empty if
@@ -47,7 +47,7 @@ int certificate_version(const CertificateFields& certificate);
 AsnList issuer_and_serial_number(const CertificateFields& certificate);
 
 // validity_state tells whether the present time lies within the validity: 0, -1, or BAD_FORMAT_ERROR with a
-// text if there is no validity or a time is missing or none.
-int validity_state(const CertificateFields& certificate);
+// text if the validity or a time in it is missing or invalid.
+[[nodiscard]] int validity_state(const CertificateFields& certificate);
 
 } // namespace zul

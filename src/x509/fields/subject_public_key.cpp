@@ -14,7 +14,7 @@
 namespace zul {
 namespace {
 
-// What costs too much to compute with is refused: a certificate may come from anybody.
+// Keys that cost too much to compute with are refused: a certificate comes from outside.
 constexpr size_t kMaxDsaBits = 16384;
 
 // with_joined_bits gives a SubjectPublicKeyInfo whose BIT STRING is not in segments: info itself, or a copy

@@ -16,7 +16,7 @@ enum class PublicKeyType : int { other, rsa, dsa };
 PublicKeyType public_key_type(const asn_Node* info);
 const char* public_key_algorithm(const asn_Node* info, char out[kAlgorithmName]);
 
-bool rsa_public_key_of(const asn_Node* info, RsaKey& key); // false if it is none that can be computed with
+bool rsa_public_key_of(const asn_Node* info, RsaKey& key); // false for a key that cannot be used
 
 // DsaPublicKey is a key with its parameters (RFC 3279, 2.3.2).
 struct DsaPublicKey {

@@ -8,16 +8,16 @@ namespace zul {
 
 // DerSource is the encoding that a certificate argument (x509_input.h) holds or names, as a stream: a file
 // of DER is read as it is used, never whole; text is decoded into memory, and so is all that has no length (a
-// pipe), which can be read only once. Whoever reads an argument twice reads one source twice: a second
+// pipe), which can be read only once. A function that reads an argument twice uses one source: a second
 // opening may give something else.
 class DerSource {
   public:
-    // open gives 0 or a positive code with a text. What is no SEQUENCE by its first header is refused here;
-    // whether the rest is one, the reader finds out.
+    // open gives 0 or a positive code with a text. The first header must be that of a SEQUENCE; the
+    // rest is left to the reader.
     int open(const char* fileOrText);
     // open_text takes text alone: base64 of more than 256 characters, or a PEM block.
     bool open_text(const char* text);
-    // open_file takes the argument for the name of a file, as open does if it is no such text.
+    // open_file takes the argument as the name of a file.
     int open_file(const char* path);
 
     // load reads a file of at most max bytes into memory, where it can be read twice: false if it is longer,
@@ -41,7 +41,7 @@ class DerSource {
     std::optional<ByteStream> stream_;
 };
 
-// has_pem_block tells whether a text holds a BEGIN marker, and so is no name of a file.
+// has_pem_block tells whether a text holds a BEGIN marker.
 bool has_pem_block(const char* text);
 
 } // namespace zul

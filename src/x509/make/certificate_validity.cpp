@@ -16,8 +16,9 @@ bool read_date(const SecretBuffer& text, const char* defaultTime, tm* time) {
     return read_date_text(text.empty() ? "" : text.text(), defaultTime, time);
 }
 
-// A clock that is a little behind shall accept the certificate at once. UTC is passed through the local zone,
-// so that the time is off by the zone's offset; programs that make certificates have come to rely on it.
+// A reader whose clock is a little behind accepts the certificate at once. UTC is passed through the local
+// zone, so that the time is off by the zone's offset; programs that make certificates have come to rely on
+// it.
 tm a_minute_ago() {
     const tm now = utc_now();
     tm time = now;

@@ -53,7 +53,7 @@ class CertificateMaker {
     bool fromRequest_ = false;
 };
 
-// A text that is no likely name of a file is not repeated: it may be a damaged private key.
+// shown_name: the text may be a damaged private key.
 int cannot_open(const char* what, const char* name) {
     err_set_text("Unable to open %s file '%s'", what, shown_name(name));
     return OPEN_ERROR;

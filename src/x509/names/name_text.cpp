@@ -18,7 +18,7 @@ namespace zul {
 
 namespace {
 
-// A hostile name shall not ask for a block that the process does not survive.
+// The limit of a name in characters: running out of memory would end the process.
 constexpr size_t kMaxNameText = 0x10000000;
 
 // NameWriter walks the encoding of a Name: nodes would take forty times its size.

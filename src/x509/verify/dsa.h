@@ -17,7 +17,7 @@ int dsa_verify(const DsaPublicKey& key, const uint8_t* digest, size_t digestLen,
 class DsaCheck {
   public:
     int open_key(const asn_Node* subjectPublicKeyInfo); // 0 or a positive code with a text
-    // open_signature gives false for what is no Dss-Sig-Value in DER. One signature has one form.
+    // open_signature gives false for anything but a Dss-Sig-Value in DER: a signature has one form.
     bool open_signature(const uint8_t* bytes, size_t size);
     bool is_open() const { return r_ != nullptr; }
     bool matches(const uint8_t* digest, size_t size) const; // needs both opened
