@@ -24,14 +24,14 @@ int PFX_MakeFile(const char* szFileOut, const char* szCertFile, const char* szKe
 }
 
 int PFX_VerifySig(const char* szPfxFile, const char* szPassword, int /*nOptions*/) {
-    CallFrame frame;
+    CallFrame frame(1);
     if (is_missing(szPfxFile))
         return frame.status(BAD_PARAM_ERROR);
     return frame.status(pfx_verify(szPfxFile, or_empty(szPassword)));
 }
 
 int X509_GetCertFromPFX(const char* szFileOut, const char* szPfxFile, int /*nOptions*/) {
-    CallFrame frame;
+    CallFrame frame(1);
     if (is_missing(szFileOut) || is_missing(szPfxFile))
         return frame.status(BAD_PARAM_ERROR);
     return frame.status(pfx_extract(szFileOut, szPfxFile, PfxContent::certificate));

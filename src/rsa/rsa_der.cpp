@@ -101,10 +101,13 @@ bool rsa_values_usable(const RsaKey& key) {
     if (!is_odd(key.n) || key.bits != mtBitLength(key.n) || key.bits > kMaxRsaBits ||
         !is_in_range(key.e, key.n))
         return false;
-    if (key.bits > kMaxBitsWithLongExponent && mtBitLength(key.e) > kMaxShortExponent)
+    const bool isLongExponent = mtBitLength(key.e) > kMaxShortExponent;
+    if ((key.flags & kRsaPrivate) == 0) {
+        if (isLongExponent && key.bits > kMaxBitsWithLongExponent)
+            return false;
+    } else if (!is_in_range(key.d, key.n)) {
         return false;
-    if ((key.flags & kRsaPrivate) != 0 && !is_in_range(key.d, key.n))
-        return false;
+    }
     return (key.flags & kRsaCrt) == 0 || has_usable_primes(key);
 }
 

@@ -21,8 +21,8 @@ bool rsa_read_private_key_info(const asn_Node* list, RsaKey& key);
 
 // rsa_values_usable tells whether a key can be computed with:
 // - n is odd, from 3 up, and has at most kMaxRsaBits bits; e is from 1 to n - 1;
-// - e has at most 64 bits if n has more than 4,096: keys come from anybody, and longer exponents cost
-// seconds;
+// - in a public key e has at most 64 bits if n has more than 4,096: such keys come from strangers, and one
+//   operation with a longer exponent takes seconds;
 // - in a private key d is from 1 to n - 1;
 // - with CRT values p and q are odd and above 1, p * q = n, dP < p, dQ < q, qInv < p and qInv * q = 1 mod p.
 // It does not check that e, d, dP and dQ belong together, nor that p and q are primes.

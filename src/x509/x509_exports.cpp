@@ -173,7 +173,7 @@ int X509_CheckCertInCRL(const char* szCertFile, const char* szCrlFile, const cha
 }
 
 int X509_ValidatePath(const char* szCertList, const char* szTrustedCert, int nOptions) {
-    CallFrame frame;
+    CallFrame frame(1);
     if (is_missing(szCertList))
         return frame.length(-BAD_PARAM_ERROR);
     return frame.length(-validate_path(szCertList, szTrustedCert, nOptions));

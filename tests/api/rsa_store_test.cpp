@@ -120,6 +120,14 @@ TEST_F(RsaStore, TakesKeysOfTheRightStructureAndUsableValues) {
         const int result = RSA_ReadPublicKey(nullptr, 0, dir.write("key", key).c_str());
         EXPECT_TRUE(c.taken ? result > 0 : result == -BAD_FORMAT_ERROR) << c.bits << ' ' << c.exponentBits;
     }
+    // A private key may have any exponent. With p = 2^a + 1 and q = 2^2a + 1 qInv is 2^(a-1) + 1.
+    constexpr size_t a = 1368;
+    Bytes n = number(3 * a + 1), key = {0x30, 0x80, 0x02, 0x01, 0x00};
+    n[n.size() - 1 - a / 8] = n[n.size() - 1 - 2 * a / 8] = 1;
+    for (const Bytes& part : {n, number(65), number(2), number(a + 1), number(2 * a + 1), number(2),
+                              number(2), number(a), Bytes(2)})
+        key.insert(key.end(), part.begin(), part.end());
+    EXPECT_GT(RSA_ReadPrivateKeyInfo(nullptr, 0, dir.write("key", key).c_str()), 0);
 }
 
 TEST_F(RsaStore, TakesFilesAndTextsInEveryForm) {

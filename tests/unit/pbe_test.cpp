@@ -232,7 +232,7 @@ TEST(Pbe, RefusesAKeyThatItsCipherDoesNotTake) {
     (*context).cipher = CipherAlgorithm::rc2; // with no key bits
     err_clear();
     EXPECT_FALSE(pbe_encrypt(context, kPlain.data(), kPlain.size()));
-    EXPECT_STREQ(err_text(), "Encryption scheme (5) not supported");
+    EXPECT_STREQ(err_text(), "Encryption scheme (2) not supported");
 }
 
 TEST(Pbe, TracesItsSteps) {

@@ -111,11 +111,11 @@ void ContentCipher::finish_key(uint8_t* key) const {
     }
 }
 
-void ContentCipher::run(bool encrypt, const uint8_t* key, const uint8_t* iv, uint8_t* data,
-                        size_t blocks) const {
+int ContentCipher::run(bool encrypt, const uint8_t* key, const uint8_t* iv, uint8_t* data,
+                       size_t blocks) const {
     CipherContext context;
-    if (context.init(algorithm_, CipherMode::cbc, encrypt, {key, keyLength_, rc2Bits_}, iv) == 0)
-        (void)context.update(data, data, blocks * blockLength_);
+    const int error = context.init(algorithm_, CipherMode::cbc, encrypt, {key, keyLength_, rc2Bits_}, iv);
+    return error != 0 ? error : context.update(data, data, blocks * blockLength_);
 }
 
 } // namespace zul

@@ -42,7 +42,8 @@ bool recover_content_key(const RsaKey& key, const uint8_t* encryptedKey, size_t 
 
     Secret<ContentCipher::kMaxBlock> plain;
     memcpy(plain.data(), last.block, blockLength);
-    cipher.decrypt(contentKey.data(), last.chain, plain.data(), 1);
+    if (cipher.decrypt(contentKey.data(), last.chain, plain.data(), 1) != 0)
+        return false;
     *pad = pad_count(plain.data(), blockLength);
     return (good & ~mask_zero(static_cast<uint32_t>(*pad))) != 0;
 }

@@ -90,7 +90,9 @@ int make_enveloped(const char* path, AsnList content, ContentCipher& cipher, con
 
     AsnList algorithm = cipher.algorithm_identifier();
     asn_Node* element = content.head();
-    cipher.encrypt(key.data(), cipher.iv(), element->data, element->length / cipher.block_length());
+    const size_t blocks = element->length / cipher.block_length();
+    if (const int error = cipher.encrypt(key.data(), cipher.iv(), element->data, blocks))
+        return error;
     AsnList encrypted =
         asn_NewSequence(asn_LinkList(asn_NewOid("data"), std::move(algorithm), std::move(content)));
     const AsnList message = content_info(

@@ -109,9 +109,10 @@ int decrypt(const RsaKey& key, const Candidates& candidates, const ContentCipher
         size_t pad = 0;
         if (recover_content_key(key, encryptedKey.data(), encryptedKey.size(), cipher, last, contentKey,
                                 &pad)) {
-            cipher.decrypt(contentKey.data(), cipher.iv(), content.data(), end / blockLength);
+            const int error =
+                cipher.decrypt(contentKey.data(), cipher.iv(), content.data(), end / blockLength);
             content.shrink(end - pad);
-            return 0;
+            return error;
         }
         cannot_decrypt_key();
     }

@@ -43,13 +43,13 @@ int carried_certificate(const char* path, const char* fileOrText, int index, int
         return error == INVALID_DATA_ERROR ? err_fail(BAD_FORMAT_ERROR, "%s", kNoMessage) : error;
     CertificateBundle bundle;
     if (bundle.open(source) != 0)
-        return err_fail(BAD_FORMAT_ERROR, "%s", kNoMessage);
+        return source.read_result(err_fail(BAD_FORMAT_ERROR, "%s", kNoMessage));
     *result = index < 1 ? bundle.count() : 0;
     if (index < 1 || index > bundle.count())
         return 0;
     const SecretBuffer der = asn_Encode(asn_ToDer(bundle.certificate(index - 1)));
     if (der.empty())
-        return err_fail(BAD_FORMAT_ERROR, "Certificate [%d] is invalid", index);
+        return source.read_result(err_fail(BAD_FORMAT_ERROR, "Certificate [%d] is invalid", index));
     *result = static_cast<int>(der.size());
     if (is_missing(path))
         return 0;

@@ -83,7 +83,7 @@ int Lookup::run(bool& revoked) {
         return error;
     if (const int error = list.open(crlFile_))
         return err_fail(error, "Invalid CRL");
-    return search(list, revoked);
+    return list.read_result(search(list, revoked));
 }
 
 // The list is verified and searched in one pass over it, so the certificate is read first. Its faults and

@@ -11,13 +11,9 @@
 namespace zul {
 namespace {
 
-int dump(DumpOutput& out, const char* fileOrText) {
-    DerSource source;
-    int error = source.open(fileOrText);
-    if (error != 0)
-        return error;
+int dump_source(DumpOutput& out, DerSource& source) {
     CrlReader crl; // a CRL may be longer than memory
-    error = crl.open(source);
+    int error = crl.open(source);
     if (error == 0)
         return dump_crl(out, crl);
     if (error != BAD_FORMAT_ERROR)
@@ -31,6 +27,12 @@ int dump(DumpOutput& out, const char* fileOrText) {
     if (x509_is_request(object.head()))
         return dump_request(out, object.head());
     return err_fail(BAD_FORMAT_ERROR, "Not a certificate, request or CRL");
+}
+
+int dump(DumpOutput& out, const char* fileOrText) {
+    DerSource source;
+    const int error = source.open(fileOrText);
+    return error != 0 ? error : source.read_result(dump_source(out, source));
 }
 
 } // namespace

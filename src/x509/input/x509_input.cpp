@@ -60,7 +60,7 @@ int x509_read_object(const char* fileOrText, AsnList& object) {
 }
 
 int x509_read_object(DerSource& source, AsnList& object) {
-    return x509_parse_source(source, object) ? 0 : invalid_data();
+    return x509_parse_source(source, object) ? 0 : source.read_result(invalid_data());
 }
 
 int x509_read_certificate(const char* fileOrText, AsnList& certificate) {

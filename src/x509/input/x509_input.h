@@ -12,7 +12,7 @@ class DerSource;
 constexpr size_t kMaxX509Object = 1 << 23; // bytes of one object that is read whole
 constexpr int kX509NameLevel = 2;          // of the Names in certificates and requests, which are packed
 
-// x509_read_object gives 0 or a positive code with a text: OPEN_ERROR, INVALID_DATA_ERROR.
+// x509_read_object gives 0 or a positive code with a text: OPEN_ERROR, READ_ERROR, INVALID_DATA_ERROR.
 int x509_read_object(const char* fileOrText, AsnList& object);
 int x509_read_object(DerSource& source, AsnList& object);
 // x509_object_from_text takes text alone; false, without a text, if it holds no object.

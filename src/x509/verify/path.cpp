@@ -139,22 +139,27 @@ int Path::read_items(const char* certList) {
         if (item.empty())
             break;
         AsnList certificate;
-        x509_read_certificate(item.text(), certificate);
+        static_cast<void>(x509_read_certificate(item.text(), certificate)); // add refuses an empty list
         if (const int error = add(std::move(certificate)))
             return error;
     }
     return 0;
 }
 
-// read_single reads a bundle or one certificate, and nothing of anything else.
+// read_single reads a bundle or one certificate. Of anything else it reads nothing, which is no error unless
+// the read itself fails.
 int Path::read_single(const char* fileOrText) {
     DerSource source;
-    if (source.open(fileOrText) != 0)
-        return 0;
+    int error = source.open(fileOrText);
+    if (error != 0)
+        return error == READ_ERROR ? error : 0;
     if (CertificateBundle bundle; bundle.open(source) == 0)
-        return read_bundle(bundle);
+        return source.read_result(read_bundle(bundle));
     AsnList certificate;
-    return x509_read_certificate(source, certificate) == 0 ? add(std::move(certificate)) : 0;
+    error = x509_read_certificate(source, certificate);
+    if (error != 0)
+        return error == READ_ERROR ? error : 0;
+    return add(std::move(certificate));
 }
 
 int Path::read_list(const char* certList) {

@@ -46,12 +46,13 @@ int find_parts(const asn_Node* object, const char* name, SignedFields& parts) {
     return 0;
 }
 
-// verify_parts checks the bytes as they stand, then their DER form: some programs sign DER and send BER.
+// verify_parts checks the bytes as they stand, then their DER form: some programs sign DER and send BER. -1
+// is without a text.
 int verify_parts(const asn_Node* subjectPublicKeyInfo, const SignedFields& parts, const char* name) {
     SignatureCheck check;
     int result = check.prepare(subjectPublicKeyInfo, parts.signatureAlgorithm, parts.signatureValue);
     if (result != 0)
-        return conclude(result);
+        return result;
     const SecretBuffer asItStands = asn_EncodeElement(parts.toBeSigned);
     if (asItStands.empty())
         return err_fail(BAD_FORMAT_ERROR, "Invalid data to-be-signed in certificate '%s'", shown_name(name));
@@ -64,7 +65,7 @@ int verify_parts(const asn_Node* subjectPublicKeyInfo, const SignedFields& parts
         if (!der.empty())
             result = check_bytes(check, der);
     }
-    return conclude(result);
+    return result;
 }
 
 } // namespace
@@ -72,7 +73,7 @@ int verify_parts(const asn_Node* subjectPublicKeyInfo, const SignedFields& parts
 int verify_object(const asn_Node* subjectPublicKeyInfo, const asn_Node* object, const char* name) {
     SignedFields parts;
     const int error = find_parts(object, name, parts);
-    return error != 0 ? error : verify_parts(subjectPublicKeyInfo, parts, name);
+    return error != 0 ? error : conclude(verify_parts(subjectPublicKeyInfo, parts, name));
 }
 
 // read_parts finds what is signed, and reads the rest.
@@ -110,6 +111,25 @@ int SignedPass::end() {
     return whole && check_.matches(digest, static_cast<size_t>(length)) ? 0 : -1;
 }
 
+namespace {
+
+// verify_parsed checks an object for which one pass gave -1 or kOtherForm. -1 is without a text.
+int verify_parsed(const asn_Node* subjectPublicKeyInfo, DerSource& source, const char* name, int passResult) {
+    AsnList object;
+    if (passResult == SignedPass::kOtherForm) {
+        if (const int error = x509_read_object(source, object))
+            return error;
+    } else if (!x509_parse_source(source, object) || asn_IsDer(object.head())) {
+        return passResult; // it has no other form
+    }
+    SignedFields fields;
+    if (const int error = find_parts(object.head(), name, fields))
+        return source.is_text() ? error : INVALID_DATA_ERROR;
+    return verify_parts(subjectPublicKeyInfo, fields, name);
+}
+
+} // namespace
+
 int verify_source(const asn_Node* subjectPublicKeyInfo, DerSource& source, const char* name) {
     SignedPass pass;
     int result = pass.begin(subjectPublicKeyInfo, source);
@@ -119,17 +139,7 @@ int verify_source(const asn_Node* subjectPublicKeyInfo, DerSource& source, const
         return result;
     if (result == 0)
         return 0;
-    AsnList object;
-    if (result == SignedPass::kOtherForm) {
-        if (const int error = x509_read_object(source, object))
-            return error;
-    } else if (!x509_parse_source(source, object) || asn_IsDer(object.head())) {
-        return conclude(result); // it has no other form
-    }
-    SignedFields fields;
-    if (const int error = find_parts(object.head(), name, fields))
-        return source.is_text() ? error : INVALID_DATA_ERROR;
-    return verify_parts(subjectPublicKeyInfo, fields, name);
+    return conclude(source.read_result(verify_parsed(subjectPublicKeyInfo, source, name, result)));
 }
 
 int verify_input(const char* fileOrText, const char* issuerCert) {
