@@ -25,9 +25,7 @@ bool asn_enter_any(ByteStream& stream, AsnScope& scope, uint32_t cls, uint32_t t
     return true;
 }
 
-bool asn_leave(ByteStream& stream, const AsnScope& inner) {
-    if (!inner.isOpen)
-        return stream.offset() == inner.end;
+bool asn_leave_open(ByteStream& stream, const AsnScope& inner) {
     AsnHeader header;
     return asn_read_header(stream, header) == 1 && header.cls == 0 && header.tag == 0 &&
            !header.is_false_marker() && stream.offset() <= inner.end;
@@ -93,10 +91,8 @@ bool asn_read_element(ByteStream& stream, const AsnScope& scope, uint32_t cls, u
     return element && stream.offset() == end;
 }
 
-bool asn_at_scope_end(ByteStream& stream, const AsnScope& scope) {
+bool asn_at_marker(ByteStream& stream) {
     const size_t start = stream.offset();
-    if (!scope.isOpen || start >= scope.end)
-        return start >= scope.end;
     const int first = stream.get(), second = stream.get();
     return !stream.seek(start) || (first == 0 && second == 0);
 }

@@ -32,7 +32,10 @@ struct AsnScope {
 }
 // asn_leave steps from the end of a scope's last element behind the end-of-contents marker that an open one
 // has to have: false if elements are left.
-[[nodiscard]] bool asn_leave(ByteStream& stream, const AsnScope& inner);
+[[nodiscard]] bool asn_leave_open(ByteStream& stream, const AsnScope& inner);
+[[nodiscard]] inline bool asn_leave(ByteStream& stream, const AsnScope& inner) {
+    return inner.isOpen ? asn_leave_open(stream, inner) : stream.offset() == inner.end;
+}
 
 // asn_skip_element goes behind an element that has to end by the limit. Inside one of indefinite length only
 // the depth is counted, so no nesting is too deep. An end-of-contents marker is no element.
@@ -48,7 +51,10 @@ struct AsnScope {
                                     size_t maxSize, AsnList& element, int packLevel = kAsnPackNone);
 
 // asn_at_scope_end tells whether no element follows; the stream stays where it is.
-bool asn_at_scope_end(ByteStream& stream, const AsnScope& scope);
+bool asn_at_marker(ByteStream& stream);
+inline bool asn_at_scope_end(ByteStream& stream, const AsnScope& scope) {
+    return stream.offset() >= scope.end || (scope.isOpen && asn_at_marker(stream));
+}
 // asn_next_is tells whether the next element inside a scope has an identifier octet.
 inline bool asn_next_is(ByteStream& stream, const AsnScope& scope, uint32_t cls, uint32_t tag) {
     return stream.offset() < scope.end && stream.peek() == static_cast<int>(cls | tag);

@@ -51,8 +51,7 @@ size_t ByteStream::remaining() const {
     return length - std::min(length, offset());
 }
 
-size_t ByteStream::read(void* out, size_t n) {
-    auto* bytes = static_cast<uint8_t*>(out);
+size_t ByteStream::read_on(uint8_t* bytes, size_t n) {
     size_t done = 0;
     while (done < n) {
         if (next_ == end_ && n - done >= kWindow && !isMemory_ && file_.is_open()) {
@@ -81,11 +80,7 @@ bool ByteStream::skip(int64_t count) {
     return static_cast<uint64_t>(count) <= remaining() && seek(from + static_cast<size_t>(count));
 }
 
-bool ByteStream::seek(size_t offset) {
-    if (offset >= windowOffset_ && offset - windowOffset_ <= static_cast<size_t>(end_ - window_)) {
-        next_ = window_ + (offset - windowOffset_);
-        return true;
-    }
+bool ByteStream::seek_beyond(size_t offset) {
     if (isMemory_ || !file_.is_open())
         return false;
     if (fileLength_ < 0 || digest_ != nullptr)

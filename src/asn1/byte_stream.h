@@ -1,4 +1,6 @@
 #pragma once
+#include <cstring>
+
 #include "frame/file_stream.h"
 
 namespace zul {
@@ -29,10 +31,29 @@ class ByteStream {
         next_ += 2;
         return true;
     }
+    // take_view steps over n bytes that are in memory, as all up to an offset are if holds says so: where
+    // they stand, until something is read that is not.
+    bool holds(size_t offset) const { return offset - windowOffset_ <= static_cast<size_t>(end_ - window_); }
+    const uint8_t* take_view(size_t n) {
+        next_ += n;
+        return next_ - n;
+    }
     size_t offset() const { return windowOffset_ + static_cast<size_t>(next_ - window_); }
     bool skip(int64_t count); // forward or back; false beyond either end, and not moved (a pipe: at its end)
-    bool seek(size_t offset);
-    size_t read(void* out, size_t n);       // fewer than n only at the end
+    bool seek(size_t offset) {
+        if (offset - windowOffset_ > static_cast<size_t>(end_ - window_)) // also below the window
+            return seek_beyond(offset);
+        next_ = window_ + (offset - windowOffset_);
+        return true;
+    }
+    size_t read(void* out, size_t n) { // fewer than n only at the end
+        if (n > static_cast<size_t>(end_ - next_))
+            return read_on(static_cast<uint8_t*>(out), n);
+        if (n != 0)
+            memcpy(out, next_, n);
+        next_ += n;
+        return n;
+    }
     size_t remaining() const;               // bytes up to the end, SIZE_MAX if the source does not tell
     bool failed() const { return failed_; } // a read error, which is otherwise taken for the end
 
@@ -47,6 +68,8 @@ class ByteStream {
     static constexpr size_t kKept = 16; // bytes before the window that stay in memory
 
     bool fill();
+    bool seek_beyond(size_t offset);
+    size_t read_on(uint8_t* out, size_t n);
     bool skip_by_reading(size_t offset);
     void digest_piece(size_t offset, const uint8_t* bytes, size_t n);
 

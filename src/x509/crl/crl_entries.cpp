@@ -22,21 +22,26 @@ void without_sign_octets(const uint8_t*& bytes, size_t& length) {
 } // namespace
 
 bool CrlReader::read_serial(const AsnScope& entry, RawEntry& raw) {
-    AsnScope serial = entry;
+    AsnScope serial = {entry.end};
     if (!asn_enter(*stream_, serial, kAsnUniversal, kAsnInteger))
         return false;
     raw.serialLength = serial.end - stream_->offset();
-    return raw.serialLength != 0 && raw.serialLength <= kMaxSerial &&
-           stream_->read(serial_.data(), raw.serialLength) == raw.serialLength;
+    if (raw.serialLength == 0 || raw.serialLength > kMaxSerial)
+        return false;
+    if (!entry.isOpen && stream_->holds(entry.end)) {
+        raw.serial = stream_->take_view(raw.serialLength);
+        return true;
+    }
+    raw.serial = serial_.data();
+    return stream_->read(serial_.data(), raw.serialLength) == raw.serialLength;
 }
 
-bool CrlReader::read_date(const AsnScope& entry, RawEntry& raw) {
-    AsnScope date = entry;
-    raw.dateTag =
-        asn_next_is(*stream_, entry, kAsnUniversal, kAsnUtcTime) ? kAsnUtcTime : kAsnGeneralizedTime;
+bool CrlReader::read_date(const AsnScope& entry, RawEntry& raw, bool isWanted) {
+    AsnScope date = {entry.end};
+    raw.dateTag = stream_->peek() == kAsnGeneralizedTime ? kAsnGeneralizedTime : kAsnUtcTime;
     if (!asn_enter(*stream_, date, kAsnUniversal, raw.dateTag))
         return false;
-    raw.dateLength = std::min(date.end - stream_->offset(), kMaxDate);
+    raw.dateLength = isWanted ? std::min(date.end - stream_->offset(), kMaxDate) : 0;
     return stream_->read(date_, raw.dateLength) == raw.dateLength && stream_->seek(date.end);
 }
 
@@ -49,21 +54,25 @@ bool CrlReader::skip_entry_extensions(const AsnScope& entry) {
            asn_skip_rest(*stream_, list);
 }
 
-// take_entry: 1, 0 at the end, or -1 for anything but an entry.
-int CrlReader::take_entry(RawEntry& raw) {
+// take_entry reads the date only of an entry whose serial number ends with an octet (-1: any), which saves
+// much of a look-up's time: 1, 0 at the end, or -1 for anything but an entry.
+int CrlReader::take_entry(RawEntry& raw, int lastOctet) {
     if (asn_at_scope_end(*stream_, list_))
         return 0;
-    AsnScope entry = list_;
-    return asn_enter(*stream_, entry, kAsnConstructed, kAsnSequence) && read_serial(entry, raw) &&
-                   read_date(entry, raw) &&
+    // Only the end is copied: to load a whole scope right after it was stored in parts stalls the processor.
+    AsnScope entry = {list_.end};
+    if (!asn_enter(*stream_, entry, kAsnConstructed, kAsnSequence) || !read_serial(entry, raw))
+        return -1;
+    const bool isWanted = lastOctet < 0 || raw.serial[raw.serialLength - 1] == lastOctet;
+    return read_date(entry, raw, isWanted) &&
                    (asn_at_scope_end(*stream_, entry) || skip_entry_extensions(entry)) &&
                    asn_leave(*stream_, entry)
                ? 1
                : -1;
 }
 
-int CrlReader::read_entry(RawEntry& raw) {
-    const int got = damaged_ ? -1 : take_entry(raw);
+int CrlReader::read_entry(RawEntry& raw, int lastOctet) {
+    const int got = damaged_ ? -1 : take_entry(raw, lastOctet);
     if (got >= 0)
         return got;
     damaged_ = true;
@@ -71,7 +80,7 @@ int CrlReader::read_entry(RawEntry& raw) {
 }
 
 void CrlReader::show(const RawEntry& raw, CrlEntry& entry) {
-    entry.serialNumber = serial_.data();
+    entry.serialNumber = raw.serial;
     entry.serialLength = raw.serialLength;
     asn_Node date = {};
     date.tag = raw.dateTag;
@@ -82,7 +91,7 @@ void CrlReader::show(const RawEntry& raw, CrlEntry& entry) {
 
 int CrlReader::next(CrlEntry& entry) {
     RawEntry raw;
-    const int got = read_entry(raw);
+    const int got = read_entry(raw, -1);
     if (got == 1)
         show(raw, entry);
     return got;
@@ -95,10 +104,10 @@ int CrlReader::find(const uint8_t* serial, size_t length, CrlEntry& entry) {
     const uint8_t lastOctet = serial[length - 1];
     RawEntry raw;
     int got;
-    while ((got = read_entry(raw)) == 1) {
-        if (serial_[raw.serialLength - 1] != lastOctet)
+    while ((got = read_entry(raw, lastOctet)) == 1) {
+        if (raw.serial[raw.serialLength - 1] != lastOctet)
             continue;
-        const uint8_t* bytes = serial_.data();
+        const uint8_t* bytes = raw.serial;
         size_t size = raw.serialLength;
         without_sign_octets(bytes, size);
         if (size == length && memcmp(bytes, serial, size) == 0) {

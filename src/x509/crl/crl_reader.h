@@ -40,10 +40,11 @@ class CrlReader {
     const asn_Node* signatureValue() const { return signatureValue_.head(); }
 
   private:
-    // An entry in the buffers.
+    // An entry, its serial number in the stream's memory or in the buffer.
     struct RawEntry {
-        size_t serialLength, dateLength;
-        uint32_t dateTag;
+        const uint8_t* serial = nullptr;
+        size_t serialLength = 0, dateLength = 0;
+        uint32_t dateTag = 0;
     };
     static constexpr size_t kMaxSerial = 64 * 1024; // bytes
     static constexpr size_t kMaxDate = 64;          // bytes of a date that are looked at
@@ -56,11 +57,11 @@ class CrlReader {
     [[nodiscard]] bool skip_extensions();
     [[nodiscard]] bool read_end();
 
-    [[nodiscard]] bool read_serial(const AsnScope& entry, RawEntry& raw);
-    [[nodiscard]] bool read_date(const AsnScope& entry, RawEntry& raw);
+    [[nodiscard]] inline bool read_serial(const AsnScope& entry, RawEntry& raw);
+    [[nodiscard]] inline bool read_date(const AsnScope& entry, RawEntry& raw, bool isWanted);
     [[nodiscard]] bool skip_entry_extensions(const AsnScope& entry);
-    [[nodiscard]] int take_entry(RawEntry& raw);
-    [[nodiscard]] int read_entry(RawEntry& raw);
+    [[nodiscard]] inline int take_entry(RawEntry& raw, int lastOctet);
+    [[nodiscard]] inline int read_entry(RawEntry& raw, int lastOctet);
     void show(const RawEntry& raw, CrlEntry& entry);
 
     ByteStream* stream_ = nullptr;
