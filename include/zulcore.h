@@ -395,8 +395,9 @@ ZUL_API int CIPHER_Hex(int fEncrypt, char* szOutput, int nOutChars, const char* 
 
 /* CIPHER_File enciphers a file of any size into another. ECB and CBC pad on encryption (1 to a full block of
  * bytes that hold their count) and remove the pad on decryption.
- * OPEN_ERROR, CREATE_ERROR, READ_ERROR, WRITE_ERROR; BAD_PARAM_ERROR: the output is the input file; BAD_LENGTH_ERROR: input to decrypt is not whole
- * blocks; DECRYPT_ERROR: bad pad (wrong key, or damaged). After a failure no output file remains. */
+ * OPEN_ERROR, CREATE_ERROR, READ_ERROR, WRITE_ERROR; BAD_PARAM_ERROR: the output is the input file;
+ * BAD_LENGTH_ERROR: input to decrypt is not whole blocks; DECRYPT_ERROR: bad pad (wrong key, or damaged).
+ * After a failure no output file remains. */
 ZUL_API int CIPHER_File(int fEncrypt, const char* szFileOut, const char* szFileIn, const unsigned char* lpKey,
                         const unsigned char* lpIV, const char* szAlgAndMode, int nOptions);
 
@@ -465,13 +466,14 @@ ZUL_API int PAD_UnpadHex(char* szOutput, int nOutChars, const char* szInputHex, 
 /* RNG_Bytes fills nBytes (at most 65,536) random bytes. lpSeed, nSeedLen: the caller's additional input, of
  * which 20 bytes count; may be null.
  * 0, or unrecorded -BAD_PARAM_ERROR (null output, negative length) or -PRNG_ERR_TOOBIG. A generator that
- * fails its continuous test ends the process after the fatal report. */
+ * fails a self-test or its continuous test, or gets no random bytes from the system, ends the process after
+ * the fatal report. */
 ZUL_API int RNG_Bytes(unsigned char* lpOutput, int nBytes, const void* lpSeed, int nSeedLen);
 
 /* RNG_BytesWithPrompt shows a dialog in which the user types at random, and moves the mouse, until enough has
  * been collected, and then fills nOutputLen (at most 65,536) random bytes. On Linux it asks in the process's
- * controlling terminal, for keys alone, and then for Return. szPrompt: null, or a text above the dialog's own; what the screen
- * does not hold is not shown.
+ * controlling terminal, for keys alone, and then for Return. szPrompt: null, or a text above the dialog's own;
+ * what the screen does not hold is not shown.
  * nOptions: ZUL_RNG_MORE_EVENTS asks for 128 key presses, releases and moves instead of 64.
  * 0, -BAD_PARAM_ERROR (null output, negative length), -PRNG_ERR_TOOBIG, or -PRNG_ERR_NOTAVAIL: there is
  * nobody to ask (no terminal, no desktop), another prompt is open in this process, or this one was ended by a
@@ -484,20 +486,21 @@ ZUL_API int RNG_Number(int nLower, int nUpper);
 
 /* RNG_Test runs the generator's known-answer test and the four statistical tests of FIPS 140-2 on 20,000
  * fresh bits, and writes a report if szFileName is not null or empty. nOptions is ignored.
- * 0, -TEST_FAILED_ERROR (a statistical test), -PRNG_ERR_CATASTROPHIC (the known answer),
- * -PRNG_ERR_FILE_CREATE or -PRNG_ERR_FILE_WRITE. */
+ * 0, -TEST_FAILED_ERROR (a statistical test), -PRNG_ERR_CATASTROPHIC (the known answer, or the system
+ * gives no random bytes), -PRNG_ERR_FILE_CREATE or -PRNG_ERR_FILE_WRITE. */
 ZUL_API int RNG_Test(const char* szFileName, int nOptions);
 
 /* RNG_Initialize instantiates the thread's generator and takes in a seed file of 64 bytes, which it then
  * overwrites with fresh ones. nOptions is ignored.
- * 0, or -PRNG_ERR_BADPARAM (null name), -PRNG_ERR_FILE_OPEN, _READ, _WRITE or _LOCK. */
+ * 0, or -PRNG_ERR_BADPARAM (null name), -PRNG_ERR_FILE_OPEN, _READ, _WRITE or _LOCK, or
+ * -PRNG_ERR_CATASTROPHIC (a self-test fails, or the system gives no random bytes). */
 ZUL_API int RNG_Initialize(const char* szSeedFile, int nOptions);
 
 /* RNG_MakeSeedFile makes a seed file for RNG_Initialize, or overwrites one, from what the user does in the
  * dialog of RNG_BytesWithPrompt; szPrompt and nOptions as there. The file becomes its owner's alone (on
  * Windows it gets the rights of its folder), and one that cannot be written is removed.
  * 0, or -PRNG_ERR_BADPARAM (null or empty name; no dialog is shown), -PRNG_ERR_NOTAVAIL,
- * -PRNG_ERR_FILE_CREATE, _WRITE or _LOCK. */
+ * -PRNG_ERR_FILE_CREATE, _WRITE or _LOCK, or -PRNG_ERR_CATASTROPHIC as RNG_Initialize. */
 ZUL_API int RNG_MakeSeedFile(const char* szSeedFile, const char* szPrompt, int nOptions);
 
 /* RNG_UpdateSeedFile takes in a seed file and overwrites it, as RNG_Initialize.

@@ -13,7 +13,7 @@ enum class CipherAlgorithm { tdea, aes128, aes192, aes256, des, rc2 };
 enum class CipherMode { ecb = 0, cbc = 1, cfb = 2, ofb = 3, ctr = 4 };
 
 constexpr size_t kCipherModes = 5;
-constexpr size_t kMaxCipherKey = 32, kMaxCipherBlock = 16; // but RC2's keys, which have up to 128 bytes
+constexpr size_t kMaxCipherKey = 32, kMaxCipherBlock = 16; // except RC2 keys (up to 128 bytes)
 
 // An expanded key. Held in a Wiped<CipherSchedule>.
 union CipherSchedule {
@@ -38,8 +38,8 @@ struct BlockCipher {
     const char* cbcName; // CBC in the table of object identifiers
     size_t keyLength;    // in bytes, 0 for RC2, whose keys vary
     size_t blockLength;  // in bytes, and of an IV too
-    // setKey gives false for a key of a wrong length. Decryption is that of ECB and CBC; the other modes
-    // encrypt in both directions.
+    // setKey gives false for a key of a wrong length. forDecryption is true only for decrypting ECB and
+    // CBC; the other modes encrypt in both directions.
     bool (*setKey)(CipherSchedule& schedule, const CipherKey& key, bool forDecryption);
     struct {
         Run *encrypt, *decrypt;

@@ -21,7 +21,7 @@ struct AlgorithmName {
     CipherAlgorithm algorithm;
 };
 
-// A name that begins another one stands after it.
+// Longer names first: desede is a prefix of desede3.
 constexpr AlgorithmName kAlgorithmNames[] = {
     {"aes128", CipherAlgorithm::aes128}, {"aes192", CipherAlgorithm::aes192},
     {"aes256", CipherAlgorithm::aes256}, {"tdea", CipherAlgorithm::tdea},
@@ -72,7 +72,7 @@ bool mode_named(CipherMode* mode, const char* lowerCase) {
     return false;
 }
 
-int choose_by_name(CipherChoice* choice, const char* text) {
+[[nodiscard]] int choose_by_name(CipherChoice* choice, const char* text) {
     char name[kNameLength + 1];
     reduce_name(name, text);
     for (const AlgorithmName& row : kAlgorithmNames) {
@@ -95,7 +95,7 @@ constexpr CipherMode kModeOptions[] = {CipherMode::ecb, CipherMode::cbc, CipherM
                                        CipherMode::ctr};
 static_assert(ZUL_MODE_OFB == 0x200 && ZUL_MODE_CFB == 0x300 && ZUL_MODE_CTR == 0x400);
 
-int choose_by_options(CipherChoice* choice, int options) {
+[[nodiscard]] int choose_by_options(CipherChoice* choice, int options) {
     const auto mode = static_cast<size_t>((options & kModeBits) >> 8);
     if (mode >= std::size(kModeOptions))
         return BAD_MODE_ERROR;
@@ -109,7 +109,7 @@ int choose_by_options(CipherChoice* choice, int options) {
 } // namespace
 
 int cipher_choose(CipherChoice* choice, const char* algAndMode, int options) {
-    const bool byName = algAndMode != nullptr && algAndMode[0] != '\0';
+    const bool byName = !is_missing(algAndMode);
     const bool byOptions = (options & (kAlgorithmBits | kModeBits)) != 0;
     if (byName == byOptions)
         return err_fail(BAD_PARAM_ERROR, "%s",

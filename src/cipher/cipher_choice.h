@@ -9,9 +9,9 @@ struct CipherChoice {
     CipherMode mode;
 };
 
-// cipher_choose reads the choice either from a name such as "aes-128/CBC" (case and everything that is no
-// letter or digit do not count; no mode means ECB) or from bits 0xFF0 of options, never from both. Returns 0,
-// BAD_PARAM_ERROR, BAD_MODE_ERROR or BAD_FLAG_ERROR.
+// cipher_choose reads the choice either from a name such as "aes-128/CBC" (case and characters other
+// than letters and digits are ignored; no mode means ECB) or from bits 0xFF0 of options, never from both.
+// Returns 0, BAD_PARAM_ERROR, BAD_MODE_ERROR or BAD_FLAG_ERROR.
 [[nodiscard]] int cipher_choose(CipherChoice* choice, const char* algAndMode, int options);
 
 // cipher_mode_from_text reads a mode of exactly three letters, in any case: "ECB", "CBC", "CFB", "OFB",

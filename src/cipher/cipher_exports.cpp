@@ -8,7 +8,7 @@
 
 namespace zul {
 
-// rng_bytes belongs to the random generator, a floor above this one, which defines it. It returns 0 or an
+// rng_bytes belongs to the random generator, a higher layer, which defines it. It returns 0 or an
 // error code.
 [[nodiscard]] int rng_bytes(unsigned char* out, size_t len, const unsigned char* addl, size_t addlLen);
 
@@ -21,13 +21,13 @@ using namespace zul;
 
 namespace {
 
-int generator_bytes(uint8_t* out, size_t length) {
+[[nodiscard]] int generator_bytes(uint8_t* out, size_t length) {
     return rng_bytes(out, length, nullptr, 0);
 }
 
 // The checks that wrapping and unwrapping share.
-int check_wrap_arguments(CipherAlgorithm* algorithm, const unsigned char* data, const unsigned char* kek,
-                         int kekLen, int options) {
+[[nodiscard]] int check_wrap_arguments(CipherAlgorithm* algorithm, const unsigned char* data,
+                                       const unsigned char* kek, int kekLen, int options) {
     if (data == nullptr || kek == nullptr)
         return BAD_PARAM_ERROR;
     const BlockCipher* cipher = block_cipher_option(options);

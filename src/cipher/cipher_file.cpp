@@ -18,7 +18,7 @@ constexpr size_t kChunk = 4096; // whole blocks of either cipher
 // A chunk with room for the pad of its last block.
 using Chunk = Secret<kChunk + kMaxPadding>;
 
-int stream_plain(CipherContext& context, FileWriter& writer, FileReader& reader) {
+[[nodiscard]] int stream_plain(CipherContext& context, FileWriter& writer, FileReader& reader) {
     Chunk chunk;
     size_t got;
     do {
@@ -31,7 +31,8 @@ int stream_plain(CipherContext& context, FileWriter& writer, FileReader& reader)
     return 0;
 }
 
-int stream_padding(CipherContext& context, FileWriter& writer, FileReader& reader, size_t block) {
+[[nodiscard]] int stream_padding(CipherContext& context, FileWriter& writer, FileReader& reader,
+                                 size_t block) {
     Chunk chunk;
     size_t got;
     do {
@@ -42,7 +43,7 @@ int stream_padding(CipherContext& context, FileWriter& writer, FileReader& reade
             memset(chunk.data() + got, static_cast<int>(pad), pad);
             size += pad;
         }
-        // After a read error the rest may be no whole block; the caller reports the read error then.
+        // After a read error the rest may be a partial block; the caller reports the read error then.
         if (const int code = context.update(chunk.data(), chunk.data(), size))
             return code;
         if (!writer.write(chunk.data(), size))
@@ -51,9 +52,9 @@ int stream_padding(CipherContext& context, FileWriter& writer, FileReader& reade
     return 0;
 }
 
-// Which chunk is the last, and so holds the pad, shows only when nothing comes after it: one chunk is read
-// ahead.
-int stream_unpadding(CipherContext& context, FileWriter& writer, FileReader& reader, size_t block) {
+// The last chunk, which holds the pad, is known only when nothing follows, so one chunk is read ahead.
+[[nodiscard]] int stream_unpadding(CipherContext& context, FileWriter& writer, FileReader& reader,
+                                   size_t block) {
     Chunk first, second;
     Chunk *chunk = &first, *ahead = &second;
     size_t size = reader.read(chunk->data(), kChunk);
@@ -97,7 +98,9 @@ int cipher_file(const CipherChoice& choice, bool encrypt, const char* pathOut, c
     if (pads && !encrypt && (length == 0 || (length > 0 && length % static_cast<int64_t>(block) != 0)))
         return err_fail(BAD_LENGTH_ERROR, "File '%s' is not whole blocks of %d bytes", shown_name(pathIn),
                         static_cast<int>(block));
-    // A device named twice has no content to lose; its length is not known.
+    // The writer's own guard does not serve: it would answer CREATE_ERROR, and it opens the input's name
+    // again, where this compares the open file. A device named twice has no content to lose; its length is
+    // not known.
     if (length >= 0 && platform::file_is(reader.handle(), pathOut))
         return err_fail(BAD_PARAM_ERROR, "Output is the input file '%s'", shown_name(pathIn));
     FileWriter writer(pathOut);

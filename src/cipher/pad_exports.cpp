@@ -6,8 +6,8 @@
 #include "frame/call_frame.h"
 #include "zulcore.h"
 
-// The padding functions run outside the call frame: callers rely on the error state of the cipher call that
-// they pad for or unpad after, so nothing here clears or records it or adds a text.
+// The padding functions run outside the call frame: callers rely on the error state of the cipher call
+// before, so nothing here clears or records it or adds a text.
 
 using namespace zul;
 

@@ -58,7 +58,7 @@ struct Scratch {
     uint64_t space[kTdesMaxLanes + 8];
 };
 
-// in_batches serves from the front what is worth a kernel and returns how many blocks it served.
+// in_batches runs as many leading blocks as a kernel pays for and returns how many it ran.
 // before(batch, in, n) fills a batch with what the cipher is to read, after(out, in, batch, n) uses the
 // outcome.
 template<class Before, class After>

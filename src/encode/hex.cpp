@@ -73,7 +73,7 @@ size_t hex_encode_lower(char* out, size_t outSize, const uint8_t* data, size_t l
 size_t hex_decode(uint8_t* out, size_t outMax, const char* text) {
     size_t written = 0;
     while (written < outMax) {
-        // Two digits side by side are the usual case. The second character is there: the first is no NUL.
+        // Two digits side by side are the usual case. Reading text[1] is safe: text[0] is not NUL.
         unsigned high = digit_value(text[0]), low;
         if (high != kNotDigit && (low = digit_value(text[1])) != kNotDigit) {
             out[written++] = static_cast<uint8_t>(high << 4 | low);

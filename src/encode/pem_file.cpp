@@ -9,7 +9,7 @@
 namespace zul {
 namespace {
 
-int finish_writing(FileWriter& out, const char* path) {
+[[nodiscard]] int finish_writing(FileWriter& out, const char* path) {
     return out.finish() ? 0 : err_fail(WRITE_ERROR, "Cannot write file '%s'", shown_name(path));
 }
 

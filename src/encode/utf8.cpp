@@ -40,7 +40,7 @@ bool is_overlong(uint8_t lead, uint8_t second) {
            (lead == 0xF8 && second < 0x88) || (lead == 0xFC && second < 0x84);
 }
 
-// is_refused_point picks the three-byte sequences that count as no character. Of the surrogates these are the
+// is_refused_point picks the three-byte sequences that are refused. Of the surrogates these are the
 // first and last points of their blocks, deliberately no more: the others pass.
 bool is_refused_point(const uint8_t* sequence) {
     static constexpr uint8_t kRefused[][3] = {

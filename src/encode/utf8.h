@@ -16,8 +16,8 @@ enum class Utf8Class : int {
 // last points of the surrogate blocks (and no other surrogate), and a sequence cut off by the end.
 Utf8Class utf8_classify(const uint8_t* data, size_t len);
 
-// A Conversion is what came of one: the bytes that the whole result has and those stored, which are fewer
-// when the room was too small; the output then ends with a whole character.
+// The result of a conversion: the bytes that the whole result has and those stored, which are fewer when the
+// room was too small; the output then ends with a whole character.
 struct Conversion {
     size_t length = 0;
     size_t stored = 0;

@@ -9,7 +9,8 @@
 
 namespace zul {
 
-// The whole room is wiped, since a longer text may have stood in it. An empty text has nothing behind it.
+// The whole room is wiped, since a longer text may have stood in it. If the text is
+// empty, the room is already wiped.
 static void clear_text(ThreadRecord& record) {
     if (record.errorText[0] != '\0')
         wipe_bytes(record.errorText, sizeof record.errorText);

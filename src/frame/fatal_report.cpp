@@ -18,7 +18,8 @@ bool option_set(const char* name) {
     return platform::option_number(name, &value) && value != 0;
 }
 
-// log_path gives false if the path does not fit: a path that is cut names another folder.
+// log_path gives false if the executable's folder does not fit: cut, it would name another folder. A path
+// that becomes too long with the option or the file name is cut.
 bool log_path(char* path, int size) {
     if (!platform::option_text("ErrorLogDir", path, static_cast<size_t>(size)))
         path[0] = '\0';
@@ -55,7 +56,7 @@ void write_log_line(const char* message, uint32_t eventId) {
 
 void fatal_report(int type, const char* message, uint32_t eventId) {
     platform::event_log(kSource, type, eventId, message);
-    // Each option is read when it is due, so a change between two reports takes effect.
+    // The options are read at every report, so a change between two reports takes effect.
     const bool noErrorLog = option_set("NoErrorLog");
     const bool noMessageBox = option_set("NoMessageBox");
     if (!noErrorLog)

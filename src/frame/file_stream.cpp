@@ -5,10 +5,6 @@
 
 namespace zul {
 
-// Large enough that system calls cost little beside the work on the bytes, small enough for the second-level
-// cache.
-static constexpr size_t kStreamBuffer = 64 * 1024;
-
 bool File::close() {
     const platform::FileHandle handle = std::exchange(handle_, platform::kNoFile);
     return handle == platform::kNoFile || platform::file_close(handle);

@@ -6,6 +6,10 @@
 
 namespace zul {
 
+// The buffer of a reader or a writer: large enough that system calls cost little beside the work on the
+// bytes, small enough for the second-level cache.
+constexpr size_t kStreamBuffer = 64 * 1024;
+
 // File owns an open file and closes it at its end.
 class File {
   public:
@@ -28,7 +32,7 @@ class File {
     platform::FileHandle handle_ = platform::kNoFile;
 };
 
-// is_same_file tells whether an argument, which may be a text instead, names the very file that a path names.
+// is_same_file tells whether an argument, which may be a text instead, names the same file as a path.
 // A pipe is not opened for that: it would wait for its other end, and can be read only once.
 bool is_same_file(const char* argument, const char* path);
 

@@ -5,9 +5,6 @@
 
 namespace zul {
 
-// As large as the reader's, for the same reasons.
-static constexpr size_t kStreamBuffer = 64 * 1024;
-
 FileWriter::FileWriter(const char* path, const WriteRules& rules) : path_(path), rules_(rules) {
     if (rules.input != nullptr && is_same_file(rules.input, path))
         return;
@@ -66,7 +63,7 @@ bool FileWriter::flush() {
 bool FileWriter::write(const void* data, size_t size) {
     const auto* bytes = static_cast<const uint8_t*>(data);
     if (!failed_ && size >= buffer_.size() - filled_) {
-        // What would fill the buffer goes past it, without a copy.
+        // Large data bypasses the buffer.
         flush();
         if (size >= buffer_.size())
             return put(bytes, size);
@@ -88,29 +85,35 @@ bool FileWriter::finish() {
 
 bool FileWriter::close() {
     closeFailed_ = !file_.close();
-    // What close reports as lost cannot be removed by handle any more, but by name.
+    // The handle is gone, so remove by name.
     if (closeFailed_ && !rules_.keepsPart && platform::file_is_regular(path_))
         platform::file_remove(path_);
     return !closeFailed_;
 }
 
-// The new file is on the disk before it takes the place of the old one: a full disk shows until then.
+// The new file is committed first, so a full disk is noticed before the old file is touched.
 bool FileWriter::replace() {
     const bool committed = platform::file_commit(file_.handle());
     const bool whole = file_.close() && committed;
     if (whole && platform::file_replace(newPath_.text(), path_))
         return true;
-    const bool copied = whole && copy_in_place();
-    platform::file_remove(newPath_.text());
+    bool emptied = false;
+    const bool copied = whole && copy_in_place(emptied);
+    if (copied || !emptied) // else the new file is the only copy left
+        platform::file_remove(newPath_.text());
     return copied;
 }
 
-// A file may turn out not to be replaceable (a mount point, a file of others in a shared folder).
-bool FileWriter::copy_in_place() const {
+// A file may turn out not to be replaceable (a mount point, another user's file in a shared folder). emptied
+// is set once the old content is lost.
+bool FileWriter::copy_in_place(bool& emptied) const {
     FileReader reader(newPath_.text());
-    FileWriter writer(path_, {.secret = rules_.secret});
-    if (!reader.is_open() || !writer.is_open())
+    if (!reader.is_open())
         return false;
+    FileWriter writer(path_, {.secret = rules_.secret});
+    if (!writer.is_open())
+        return false;
+    emptied = true;
     SecretBuffer part(kStreamBuffer);
     while (const size_t got = reader.read(part.data(), part.size()))
         if (!writer.write(part.data(), got))

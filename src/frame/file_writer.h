@@ -13,7 +13,8 @@ struct WriteRules {
 };
 
 // FileWriter writes a file through one wiped buffer. Until finish has returned true the file is not whole:
-// a writer destroyed before that removes what it has made, unless the rules say otherwise.
+// a writer destroyed before that removes what it has made, unless the rules say otherwise. A replacement that
+// empties the old file and then fails leaves the new one beside it, under its temporary name.
 class FileWriter {
   public:
     explicit FileWriter(const char* path, const WriteRules& rules = {});
@@ -33,7 +34,7 @@ class FileWriter {
     bool flush();
     bool close();
     bool replace();
-    bool copy_in_place() const;
+    bool copy_in_place(bool& emptied) const;
     void discard();
 
     const char* path_; // the caller's, which outlives the writer

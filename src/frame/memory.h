@@ -59,7 +59,7 @@ class SecretBuffer {
     // append adds bytes at the end, in a block of its own that grows by doubling; a NUL follows the last one.
     void append(const void* bytes, size_t size);
 
-    // shrink makes the buffer shorter in name; the bytes cut off are still wiped at the end.
+    // shrink reduces size(); the whole block is still wiped.
     void shrink(size_t size) {
         if (size < size_)
             size_ = size;

@@ -12,6 +12,7 @@ int str_copy(char* dest, const char* src, int size);
 // joined text would have without the cut, and 0 where str_copy does.
 int str_append(char* dest, const char* src, int size);
 
+// An algorithm name is shorter than any AES key in hex or base64, which may stand in its place by mistake.
 constexpr size_t kLongestFileName = 260, kLongestAlgorithmName = 23;
 
 // may_be_name tells whether a text can be a name: it has no line break and at most longest characters.

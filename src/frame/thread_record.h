@@ -32,7 +32,7 @@ inline RngState* rng_state() {
 bool is_shared(const RngState* state);
 
 // The records of all threads are kept in a table of this many places, so that unloading can free them. A
-// record that finds the table full is used all the same and lost when its thread outlives the module.
+// record that finds the table full is used but not entered, and leaks if its thread outlives the module.
 constexpr int kRecordTableSize = 1088;
 
 struct RecordTableCounts {

@@ -10,8 +10,8 @@ namespace zul {
 // it. A null buffer is ignored.
 void wipe_bytes(void* buffer, size_t length);
 
-// wipe_dead_stack overwrites the 4 KiB of stack below its caller, where functions that have returned left
-// temporaries that no owner could hold.
+// wipe_dead_stack overwrites the 4 KiB of stack below its caller, where functions that have returned may
+// have left temporaries that no object wipes.
 void wipe_dead_stack();
 
 // Secret<N> is a fixed byte array for key material: zero at the start, wiped at its end.

@@ -69,15 +69,11 @@ bool overwrite(File& file, int64_t length) {
 int wipe_file(const char* path) {
     File file(path, platform::OpenMode::update);
     const int64_t length = file.is_open() ? platform::file_length(file.handle()) : -1;
-    if (length < 0) {
-        err_add_text("Cannot open file '%s'", shown_name(path));
-        return OPEN_ERROR;
-    }
+    if (length < 0)
+        return err_fail(OPEN_ERROR, "Cannot open file '%s'", shown_name(path));
     const bool overwritten = length == 0 || overwrite(file, length);
-    if (!file.close() || !overwritten || !platform::file_remove(path)) {
-        err_add_text("Cannot wipe file '%s'", shown_name(path));
-        return WIPE_ERROR;
-    }
+    if (!file.close() || !overwritten || !platform::file_remove(path))
+        return err_fail(WIPE_ERROR, "Cannot wipe file '%s'", shown_name(path));
     return 0;
 }
 

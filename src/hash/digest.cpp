@@ -126,7 +126,7 @@ int hash_bytes(uint8_t* out, int outMax, const void* data, int64_t length, int a
     return digest_result(out, outMax, digest.data(), digest_final(context, digest.data()));
 }
 
-// Portions that keep the kernels busy which work on groups of blocks.
+// Large enough for kernels that process several blocks at once.
 static constexpr size_t kFileChunk = 16 * 1024;
 
 int hash_file(uint8_t* out, int outMax, const char* path, int options) {

@@ -55,8 +55,8 @@ const DigestDescriptor* digest_named(const char* name);
 
 // digest_length and digest_block_size are the sizes of an algorithm, or -BAD_FLAG_ERROR for a number without
 // one.
-int digest_length(int algorithm);
-int digest_block_size(int algorithm);
+[[nodiscard]] int digest_length(int algorithm);
+[[nodiscard]] int digest_block_size(int algorithm);
 
 // digest_init begins a digest with an algorithm that digest_find knows.
 void digest_init(DigestContext& context, int algorithm);
@@ -67,9 +67,9 @@ int digest_final(DigestContext& context, uint8_t* digest);
 // hash_bytes and hash_file write the first outMax bytes of a digest. Both return the bytes written, or the
 // digest's length if out is null or outMax below 1, or a negated error code.
 // hash_bytes: -BAD_PARAM_ERROR for a negative length, -BAD_FLAG_ERROR for a bad algorithm.
-int hash_bytes(uint8_t* out, int outMax, const void* data, int64_t length, int algorithm);
+[[nodiscard]] int hash_bytes(uint8_t* out, int outMax, const void* data, int64_t length, int algorithm);
 // hash_file: -OPEN_ERROR, which goes before -BAD_FLAG_ERROR. options: the algorithm and ZUL_HASH_MODE_TEXT. A
 // read error ends the message there.
-int hash_file(uint8_t* out, int outMax, const char* path, int options);
+[[nodiscard]] int hash_file(uint8_t* out, int outMax, const char* path, int options);
 
 } // namespace zul

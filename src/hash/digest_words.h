@@ -29,8 +29,8 @@ inline void store_word(uint8_t* bytes, Word x) {
     memcpy(bytes, &x, sizeof x);
 }
 
-// keep_order makes the compiler finish a sum up to here before it adds what follows: it may not put the terms
-// in an order of its own, where one that is late stands before one that is early.
+// keep_order makes the compiler finish a sum up to here before it adds what follows. The compiler must not
+// reorder the sum so that a late term delays early ones.
 template<class Word>
 ZUL_ALWAYS_INLINE void keep_order(Word& sum) {
     __asm__("" : "+r"(sum));

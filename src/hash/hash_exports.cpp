@@ -1,4 +1,5 @@
 #include "frame/call_frame.h"
+#include "frame/text.h"
 #include "hash/digest.h"
 #include "hash/digest_output.h"
 #include "hash/hex_message.h"
@@ -7,8 +8,8 @@
 using namespace zul;
 
 // A missing message or file name, or a negative length, is a mistake of the calling program and not a failure
-// of the call: it is handed back but not recorded, so that ZUL_ErrorCode after a digest tells of data and
-// files alone.
+// of the call: it is handed back but not recorded, so that ZUL_ErrorCode after a digest reports
+// only data and file errors.
 
 int HASH_Bytes(unsigned char* lpDigest, int nDigLen, const void* lpMessage, int nMsgLen, int nOptions) {
     CallFrame frame;
@@ -19,7 +20,7 @@ int HASH_Bytes(unsigned char* lpDigest, int nDigLen, const void* lpMessage, int 
 
 int HASH_File(unsigned char* lpDigest, int nDigLen, const char* szFileName, int nOptions) {
     CallFrame frame;
-    if (szFileName == nullptr || szFileName[0] == '\0')
+    if (is_missing(szFileName))
         return -BAD_PARAM_ERROR;
     return frame.length(hash_file(lpDigest, nDigLen, szFileName, nOptions));
 }
@@ -45,7 +46,7 @@ int HASH_HexFromBytes(char* szOutput, int nOutChars, const void* lpMessage, int 
 
 int HASH_HexFromFile(char* szOutput, int nOutChars, const char* szFileName, int nOptions) {
     CallFrame frame;
-    if (szFileName == nullptr || szFileName[0] == '\0')
+    if (is_missing(szFileName))
         return -BAD_PARAM_ERROR;
     Secret<kMaxDigestSize> digest;
     const int result =

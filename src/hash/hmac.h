@@ -17,11 +17,11 @@ void hmac_update(HmacContext& context, const void* data, size_t size);
 int hmac_final(HmacContext& context, uint8_t* mac);
 
 // hmac_length is the size of a MAC in bytes, or -BAD_FLAG_ERROR for an algorithm without one.
-int hmac_length(int algorithm);
+[[nodiscard]] int hmac_length(int algorithm);
 
 // hmac_bytes writes the first outMax bytes of a MAC. It returns the bytes written, or the MAC's length if out
 // is null or outMax below 1, or -BAD_FLAG_ERROR.
-int hmac_bytes(uint8_t* out, int outMax, const void* data, size_t dataLen, const void* key, size_t keyLen,
-               int algorithm);
+[[nodiscard]] int hmac_bytes(uint8_t* out, int outMax, const void* data, size_t dataLen, const void* key,
+                             size_t keyLen, int algorithm);
 
 } // namespace zul

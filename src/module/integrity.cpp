@@ -90,7 +90,7 @@ class SealMac {
     Sha256Context sha256_{};
 };
 
-// digest_but hashes the next bytes of a file, which begin at a place, without those in the ranges.
+// digest_but hashes the next bytes of a file, which begin at offset at, without those in the ranges.
 void digest_but(SealMac& mac, uint64_t at, const uint8_t* bytes, size_t size, const Range (&ranges)[3]) {
     const uint64_t end = at + size;
     uint64_t next = at;

@@ -27,7 +27,7 @@ void report(const char* message, uint32_t eventId) {
     fatal_report(static_cast<int>(platform::ReportType::error), message, eventId);
 }
 
-// tdes_gives tries the answer, repeated: ECB encrypts every copy alike.
+// tdes_gives checks Copies copies of the known answer: ECB encrypts every copy alike.
 template<size_t Copies>
 bool tdes_gives(const TdesKey& key) {
     constexpr size_t kSize = TdesAnswer::kSize, kBlocks = Copies * kSize / 8;

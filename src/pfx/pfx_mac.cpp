@@ -31,8 +31,8 @@ size_t compute(const PfxMac& mac, const SecretBuffer& safe, const SecretBuffer& 
     const auto length = static_cast<size_t>(hmac_length(mac.hashAlg));
     pkcs12_kdf(key.data(), length, mac.hashAlg, Pkcs12Purpose::mac, password.data(), password.size(),
                mac.salt.data(), mac.salt.size(), mac.iterations);
-    hmac_bytes(out.data(), static_cast<int>(length), safe.data(), safe.size(), key.data(), length,
-               mac.hashAlg);
+    static_cast<void>(hmac_bytes(out.data(), static_cast<int>(length), safe.data(), safe.size(), key.data(),
+                                 length, mac.hashAlg));
     return length;
 }
 

@@ -89,8 +89,6 @@ int64_t file_length(FileHandle file);           // -1 if it has none (a pipe)
 bool file_commit(FileHandle file);              // everything written is on the disk
 bool file_lock(FileHandle file, size_t length); // the first length bytes; waits for nobody
 void file_unlock(FileHandle file, size_t length);
-// file_make_private leaves the file to its owner alone, where files have such rights and may be given them.
-void file_make_private(FileHandle file);
 bool file_remove(const char* path);
 
 const char* line_end(); // of text files: CR LF or LF
@@ -98,7 +96,7 @@ const char* line_end(); // of text files: CR LF or LF
 // file_seek goes to an offset from the beginning; false if the file cannot (a pipe).
 bool file_seek(FileHandle file, int64_t offset);
 
-// file_is tells whether path names the very file that is open, whatever the spelling of its name.
+// file_is tells whether path names the same file as the open one, whatever the spelling of its name.
 bool file_is(FileHandle file, const char* path);
 // file_is_regular tells whether path names an ordinary file (not a device or a pipe).
 bool file_is_regular(const char* path);

@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "frame/file_writer.h"
+#include "frame/text.h"
 #include "rng/rng.h"
 #include "zulcore.h"
 
@@ -105,7 +106,7 @@ int rng_test(const char* path) {
     const std::span<const uint8_t, kFips140Bytes> sample(drawn.data(), kFips140Bytes);
     const Fips140Result statistics = fips140_test(sample);
     int reported = 0;
-    if (path != nullptr && path[0] != '\0')
+    if (!is_missing(path))
         reported = fips140_write_report(path, statistics, sample);
     return statistics.passed() ? reported : TEST_FAILED_ERROR;
 }

@@ -26,7 +26,7 @@ void generator_nonce(const NonceParts& parts, uint8_t nonce[kSha1Size]) {
     sha1_final(*context, nonce);
 }
 
-static int make_nonce(uint8_t nonce[kSha1Size]) {
+[[nodiscard]] static int make_nonce(uint8_t nonce[kSha1Size]) {
     Wiped<NonceParts> parts;
     parts->time = platform::system_time();
     parts->process = platform::process_id();
@@ -41,7 +41,7 @@ static int make_nonce(uint8_t nonce[kSha1Size]) {
     return 0;
 }
 
-static int instantiate(RngState& state) {
+[[nodiscard]] static int instantiate(RngState& state) {
     if (const int error = rng_health_check(); error != 0)
         return error;
 

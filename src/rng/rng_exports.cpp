@@ -1,4 +1,5 @@
 #include "frame/call_frame.h"
+#include "frame/text.h"
 #include "rng/fips140_report.h"
 #include "rng/rng.h"
 #include "rng/seed_file.h"
@@ -37,7 +38,7 @@ int RNG_Initialize(const char* szSeedFile, int) {
 // A missing name is not recorded: programs without a seed file call this function too.
 int RNG_UpdateSeedFile(const char* szSeedFile, int) {
     CallFrame frame(1);
-    if (szSeedFile == nullptr || szSeedFile[0] == '\0')
+    if (is_missing(szSeedFile))
         return -BAD_PARAM_ERROR;
     return frame.length(-seed_file_update(szSeedFile));
 }

@@ -33,7 +33,7 @@ bool write_seed(platform::FileHandle file, const Secret<kSeedSize>& seed) {
            (platform::file_length(file) < 0 || platform::file_commit(file));
 }
 
-int renew(RngState& state, platform::FileHandle file) {
+[[nodiscard]] int renew(RngState& state, platform::FileHandle file) {
     const SeedLock lock(file);
     if (!lock.held())
         return PRNG_ERR_FILE_LOCK;
@@ -81,7 +81,6 @@ int seed_file_make(const char* path, const uint8_t* additional, size_t size) {
         const SeedLock lock(file.handle());
         if (!lock.held()) // another process is about to write it
             return PRNG_ERR_FILE_LOCK;
-        platform::file_make_private(file.handle()); // an existing file may have other rights
         written = write_seed(file.handle(), seed);
     }
     if (file.close() && written)

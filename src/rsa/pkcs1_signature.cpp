@@ -33,7 +33,8 @@ int pkcs1_sign_block(uint8_t* out, size_t outLen, const uint8_t* message, size_t
     if (isDigest)
         memcpy(digest.data(), message, length);
     else
-        hash_bytes(digest.data(), int{kMaxDigestSize}, message, static_cast<int64_t>(length), algorithm);
+        static_cast<void>(
+            hash_bytes(digest.data(), int{kMaxDigestSize}, message, static_cast<int64_t>(length), algorithm));
 
     const size_t start = outLen - infoLength;
     out[0] = 0;

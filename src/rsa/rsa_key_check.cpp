@@ -57,7 +57,8 @@ int rsa_check_private_key(const RsaKey& key) {
 uint32_t rsa_key_hash_code(const RsaKey& key) {
     const SecretBuffer der = public_part(key);
     uint8_t digest[kMd5Size];
-    hash_bytes(digest, int{kMd5Size}, der.data(), static_cast<int64_t>(der.size()), kDigestMd5);
+    static_cast<void>(
+        hash_bytes(digest, int{kMd5Size}, der.data(), static_cast<int64_t>(der.size()), kDigestMd5));
     return uint32_t{digest[0]} << 24 | uint32_t{digest[1]} << 16 | uint32_t{digest[2]} << 8 | digest[3];
 }
 

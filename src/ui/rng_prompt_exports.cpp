@@ -1,4 +1,5 @@
 #include "frame/call_frame.h"
+#include "frame/text.h"
 #include "frame/wipe.h"
 #include "rng/rng.h"
 #include "rng/seed_file.h"
@@ -19,7 +20,7 @@ int RNG_BytesWithPrompt(unsigned char* lpOutput, int nOutputLen, const char* szP
 
 int RNG_MakeSeedFile(const char* szSeedFile, const char* szPrompt, int nOptions) {
     CallFrame frame(1);
-    if (szSeedFile == nullptr || szSeedFile[0] == '\0')
+    if (is_missing(szSeedFile))
         return frame.length(-PRNG_ERR_BADPARAM);
     Secret<20> prompted;
     int error = rng_bytes_with_prompt(prompted.data(), prompted.size(), szPrompt, nOptions);

@@ -98,6 +98,14 @@ TEST(FileWriter, ReplacesOnlyPlainFilesThatMayBeWritten) {
         write_by(path, rules, true);
         EXPECT_EQ(fs::status(path).permissions(), fs::perms(rules.secret ? 0600 : 0640));
     }
+    {
+        FileWriter writer(path.c_str(), {.replaces = true});
+        for (const auto& file : fs::directory_iterator(dir.path()))
+            if (file.path().extension() == ".tmp")
+                fs::remove(file.path());
+        EXPECT_FALSE(writer.finish());
+    }
+    EXPECT_TRUE(test::file_exists(path) && fs::file_size(path) > 3);
     fs::permissions(path, fs::perms(0640));
     write_by(path, {.secret = true}, true);
     EXPECT_EQ(fs::status(path).permissions(), fs::perms(0600));

@@ -50,7 +50,9 @@ TEST(Oid, EveryRowIsReachedBothWays) {
     EXPECT_EQ(names.size(), 96u);
     // SHA-256 of "name|dotted form" lines, from the standards' own dotted forms.
     uint8_t digest[kSha256Size];
-    hash_bytes(digest, sizeof digest, lines.data(), static_cast<int64_t>(lines.size()), kDigestSha256);
+    ASSERT_EQ(
+        hash_bytes(digest, sizeof digest, lines.data(), static_cast<int64_t>(lines.size()), kDigestSha256),
+        int{kSha256Size});
     EXPECT_EQ(test::to_hex(digest, sizeof digest),
               "b848168c3ea4dfb2fce2980270f881ee88da3ec57d3017acdf92a49ac6c41e7b");
     EXPECT_EQ(names.front(), "rsaEncryption");

@@ -38,7 +38,8 @@ struct Digest {
         return size < 0 ? -size : 0;
     }
     void take(const void* data, size_t size) {
-        hash_bytes(bytes, int{kMaxDigestSize}, data, static_cast<int64_t>(size), algorithm);
+        static_cast<void>(
+            hash_bytes(bytes, int{kMaxDigestSize}, data, static_cast<int64_t>(size), algorithm));
     }
 };
 

@@ -19,8 +19,7 @@ static constexpr uint32_t bit(int number) {
     return uint32_t{1} << number;
 }
 
-// What stands for a stop that this process was not told of, because a handler of the application has the
-// signal that continues it.
+// Set when the process was stopped without our seeing SIGCONT (the application handles it).
 static constexpr uint32_t kModeLost = bit(0);
 
 static void note_signal(int number) {
@@ -112,8 +111,8 @@ bool Terminal::is_ours() const {
 }
 
 bool Terminal::enter(Reading reading) {
-    // A process in the background is stopped here, before it reads a mode that is another's and would be put
-    // back later. One that does not let itself be stopped has nobody to ask.
+    // A process in the background is stopped here, before it reads another process's mode, which would be
+    // put back later. One that does not let itself be stopped has nobody to ask.
     int flushed;
     do {
         struct sigaction stop {};
@@ -160,7 +159,7 @@ bool Terminal::pause() {
 
 static constexpr int kPiece = 100; // milliseconds
 
-// wait_for waits for the terminal to be ready, a while at most: a signal that another thread receives does
+// wait_for waits for the terminal to be ready, for at most kPiece: a signal that another thread receives does
 // not interrupt the wait. False if it cannot be waited for.
 static bool wait_for(int fd, short what) {
     pollfd ready{fd, what, 0};

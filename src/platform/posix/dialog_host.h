@@ -12,9 +12,9 @@ constexpr size_t kSignalCount = sizeof kSignals / sizeof kSignals[0];
 // Terminal is the process's controlling terminal while the user is being asked, whatever standard input is.
 //
 // Between enter and leave the terminal's mode is changed, and the signals whose default would end or stop the
-// process are caught and held back, until pause or end_prompt sends them again: by then the terminal is right
-// again. Signals that the application handles or ignores are its own: a handler runs at once, and has to
-// return. A thread is not cancelled while it has one.
+// process are caught and held back, until pause or end_prompt sends them again: by then the terminal mode
+// has been restored. Signals that the application handles or ignores are its own: a handler runs at once, and
+// has to return. A thread is not cancelled while it has one.
 class Terminal {
   public:
     enum class Reading { lines, bytes };

@@ -40,7 +40,9 @@ FileHandle file_open(const char* path, OpenMode mode) {
         return kNoFile;
     }
     if (mode == OpenMode::createSecret && S_ISREG(status.st_mode))
-        fchmod(fd, 0600); // of a file that was there before; only its owner can change that
+        // An existing file may have other rights. Only its owner can change them, and some file systems keep
+        // none.
+        static_cast<void>(fchmod(fd, 0600) == 0);
     return fd;
 }
 
@@ -132,12 +134,6 @@ bool file_lock(FileHandle file, size_t length) {
 
 void file_unlock(FileHandle file, size_t length) {
     set_lock(file, F_UNLCK, length);
-}
-
-void file_make_private(FileHandle file) {
-    struct stat status {};
-    if (fstat(descriptor(file), &status) == 0 && S_ISREG(status.st_mode))
-        static_cast<void>(fchmod(descriptor(file), 0600) == 0); // some file systems keep no rights
 }
 
 bool file_remove(const char* path) {

@@ -9,8 +9,8 @@ bool desktop_is_visible();
 // bring_forward makes a dialog the topmost window, enabled, with the keyboard.
 void bring_forward(HWND dialog);
 
-// fit_label gives a label a text (an empty one: leaves it the short one that it has) and the height that the
-// text needs, as far as the screen allows, moves what is below it and keeps the dialog centred.
+// fit_label gives a label a text (an empty text keeps the label's own) and the height that the text needs,
+// as far as the screen allows, moves what is below it and keeps the dialog centred.
 void fit_label(HWND dialog, int id, const char* text);
 
 } // namespace zul::platform

@@ -116,9 +116,6 @@ void file_unlock(FileHandle file, size_t length) {
     UnlockFile(system_handle(file), 0, 0, static_cast<DWORD>(length), 0);
 }
 
-// The rights of a folder decide.
-void file_make_private(FileHandle) {}
-
 bool file_remove(const char* path) {
     return _unlink(path) == 0;
 }

@@ -18,9 +18,9 @@ struct PasswordRequest {
     PromptEnd end; // DialogBoxParam's own result may differ from what the user did
 };
 
-// fill_and_clear overwrites an edit field's memory, its text's and that with which a deletion is undone, with
-// blanks as long as any password. Done at first too: neither then grows, which would leave the password
-// behind in the old place.
+// fill_and_clear overwrites an edit field's memory, the text and the undo buffer, with blanks as long as any
+// password. Done at first too: neither then grows, which would leave the password behind in the
+// old place.
 void fill_and_clear(HWND edit) {
     char blanks[512];
     memset(blanks, ' ', sizeof blanks - 1);
