@@ -189,6 +189,12 @@ enum zul_error_code {
 /* PFX_ */
 #define ZUL_PFX_NO_PRIVKEY 0x10
 
+/* CIPHER_Begin */
+#define ZUL_CIPHER_NO_PADDING 0x1
+
+/* AEAD_Encrypt, AEAD_Decrypt */
+#define ZUL_AEAD_RANDOM_NONCE 0x1
+
 /* --- ZUL_: errors and the module ----------------------------------------------------------------------
  * These functions leave the thread's error state as it is. */
 
@@ -1108,6 +1114,83 @@ ZUL_API int OCSP_MakeRequest(char* szOutput, int nChars, const char* szIssuerCer
  * code of an issuer's certificate that cannot be read. */
 ZUL_API int OCSP_ReadResponse(char* szOutput, int nChars, const char* szResponseFile,
                               const char* szIssuerCert, const char* szExtensions, int nOptions);
+
+/* --- CONTEXTS for data in pieces: HASH_, HMAC_, CIPHER_ ------------------------------------------------
+ * For data of any length, from anywhere: X_Begin once, X_Add for each piece, X_End once. The context is the
+ * caller's memory, at any address; X_Begin with a null lpContext or an nContextLen of 0 returns the bytes
+ * that it needs. It may be moved as bytes and copied to go on twice, but not be used by two threads at once.
+ * It holds secrets until X_End wipes it. INVALID_DATA_ERROR for one that was not begun, was ended, or does
+ * not have the bytes that it had.
+ * szAlgorithm of a digest, in any case: "sha256", "sha224", "sha384", "sha512", "sha512-256", "sha3-224",
+ * "sha3-256", "sha3-384", "sha3-512", "shake128", "shake256", "sha1", "md5", "md2". */
+
+/* HASH_Begin begins a digest. nOptions is 0.
+ * Length: the bytes of the context. -NOT_SUPPORTED_ERROR: no such digest; -SHORT_BUF_ERROR; -BAD_FLAG_ERROR. */
+ZUL_API int HASH_Begin(void* lpContext, int nContextLen, const char* szAlgorithm, int nOptions);
+/* HASH_Add absorbs nDataLen bytes. Status. INVALID_DATA_ERROR; BAD_PARAM_ERROR. */
+ZUL_API int HASH_Add(void* lpContext, const void* lpData, int nDataLen);
+/* HASH_End writes the digest, cut to nOutBytes, and wipes the context; of "shake128" and "shake256" it writes
+ * nOutBytes bytes. Length in bytes. Query, which leaves the context as it is. -INVALID_DATA_ERROR. */
+ZUL_API int HASH_End(unsigned char* lpOutput, int nOutBytes, void* lpContext);
+
+/* HMAC_Begin begins a MAC with a key of any length and a digest that has an HMAC (not "md2", "shake128" and
+ * "shake256"); the rest as HASH_Begin. */
+ZUL_API int HMAC_Begin(void* lpContext, int nContextLen, const void* lpKey, int nKeyLen,
+                       const char* szAlgorithm, int nOptions);
+/* HMAC_Add absorbs nDataLen bytes, as HASH_Add. */
+ZUL_API int HMAC_Add(void* lpContext, const void* lpData, int nDataLen);
+/* HMAC_End writes the MAC, cut to nOutBytes, and wipes the context, as HASH_End. */
+ZUL_API int HMAC_End(unsigned char* lpOutput, int nOutBytes, void* lpContext);
+
+/* CIPHER_Begin begins to encrypt (fEncrypt not 0) or decrypt. szAlgorithm, in any case: "aes-128", "aes-192",
+ * "aes-256" or "tdea" with "-cbc", "-ctr", "-cfb", "-ofb" or "-ecb" behind it, as in "aes-256-ctr". The IV
+ * has a block (16 bytes, "tdea" 8), and none in ECB. Nothing here shows whether data was changed: prefer
+ * AEAD_Encrypt. nOptions:
+ *  - ZUL_CIPHER_NO_PADDING: CBC and ECB take whole blocks in all, and neither add nor expect a pad
+ * Length: the bytes of the context. -NOT_SUPPORTED_ERROR: no such algorithm; -BAD_KEY_LEN_ERROR;
+ * -BAD_IV_ERROR: the length of the IV; -SHORT_BUF_ERROR; -BAD_PARAM_ERROR; -BAD_FLAG_ERROR. */
+ZUL_API int CIPHER_Begin(void* lpContext, int nContextLen, int fEncrypt, const unsigned char* lpKey,
+                         int nKeyLen, const unsigned char* lpIV, int nIVLen, const char* szAlgorithm,
+                         int nOptions);
+/* CIPHER_Add takes the next piece and writes what is ready, which may be a block less or more than the piece.
+ * lpOutput and lpInput may not overlap. Length in bytes. Query with a null lpOutput alone, which takes nothing;
+ * a room of 0 is one like any other. -SHORT_BUF_ERROR, and the context as before;
+ * -INVALID_DATA_ERROR; -BAD_PARAM_ERROR; -BAD_LENGTH_ERROR: the output would be too long for a result. */
+ZUL_API int CIPHER_Add(unsigned char* lpOutput, int nOutBytes, void* lpContext, const unsigned char* lpInput,
+                       int nInputLen);
+/* CIPHER_End writes the end, at most a block, and wipes the context.
+ * Length in bytes. Query with a null lpOutput alone: the most that it may write. -BAD_LENGTH_ERROR: the data was no whole number of
+ * blocks; -DECRYPT_ERROR: a damaged pad, or a wrong key; -SHORT_BUF_ERROR, and the context as before;
+ * -INVALID_DATA_ERROR. */
+ZUL_API int CIPHER_End(unsigned char* lpOutput, int nOutBytes, void* lpContext);
+
+/* --- AEAD_: authenticated encryption (RFC 5116) ------------------------------------------------------- */
+
+/* AEAD_Encrypt encrypts data and adds a tag of 16 bytes, which also covers lpAad, data that is not encrypted.
+ * szAlgorithm, in any case:
+ *  - "aes-128-gcm", "aes-192-gcm", "aes-256-gcm" (SP 800-38D; a nonce of any length but 0, best 12)
+ *  - "chacha20-poly1305" (RFC 8439; key 32, nonce 12)
+ *  - "aes-256-gcm-siv" (RFC 8452; key 32, nonce 12; a nonce used twice shows no more than equal messages)
+ * A nonce may serve one message of a key only; a second one gives the content of both away. nOptions:
+ *  - ZUL_AEAD_RANDOM_NONCE: 12 random bytes in front of the output are the nonce, and nNonceLen is 0. Up to
+ *    2^32 messages of one key are safe that way.
+ * lpOutput may be lpInput if there is no random nonce. lpAad may be null if nAadLen is 0.
+ * Length: nInputLen + 16, and 12 more with a random nonce. Query. -NOT_SUPPORTED_ERROR: no such algorithm;
+ * -BAD_KEY_LEN_ERROR; -BAD_IV_ERROR: the length of the nonce; -SHORT_BUF_ERROR; -BAD_PARAM_ERROR;
+ * -BAD_FLAG_ERROR: no such option; -BAD_LENGTH_ERROR: the output would be too long for a result. */
+ZUL_API int AEAD_Encrypt(unsigned char* lpOutput, int nOutBytes, const unsigned char* lpInput, int nInputLen,
+                         const unsigned char* lpKey, int nKeyLen, const unsigned char* lpNonce, int nNonceLen,
+                         const unsigned char* lpAad, int nAadLen, const char* szAlgorithm, int nOptions);
+
+/* AEAD_Decrypt undoes AEAD_Encrypt: nInputLen counts the tag, and the random nonce if there is one. Nothing
+ * is written before the tag has been checked ("aes-256-gcm-siv" has to decrypt first, and wipes the output if
+ * the tag is wrong). lpOutput may be lpInput but for "aes-256-gcm-siv" and a random nonce. An empty message
+ * is checked even without output.
+ * Length: that of the data. Query, which does not check the tag. -DECRYPT_ERROR: a wrong key, nonce or tag,
+ * or changed data; the output is wiped. -BAD_LENGTH_ERROR: shorter than a tag. Others as AEAD_Encrypt. */
+ZUL_API int AEAD_Decrypt(unsigned char* lpOutput, int nOutBytes, const unsigned char* lpInput, int nInputLen,
+                         const unsigned char* lpKey, int nKeyLen, const unsigned char* lpNonce, int nNonceLen,
+                         const unsigned char* lpAad, int nAadLen, const char* szAlgorithm, int nOptions);
 
 #ifdef __cplusplus
 }

@@ -22,4 +22,12 @@ inline uint32_t mask_less(size_t a, size_t b) {
     return opaque(0u - ((static_cast<uint32_t>(a) - static_cast<uint32_t>(b)) >> 31));
 }
 
+// bytes_equal compares in a time that depends on the size alone.
+inline bool bytes_equal(const uint8_t* a, const uint8_t* b, size_t size) {
+    uint32_t difference = 0;
+    for (size_t i = 0; i < size; i++)
+        difference |= static_cast<uint32_t>(a[i] ^ b[i]);
+    return mask_zero(difference) != 0;
+}
+
 } // namespace zul

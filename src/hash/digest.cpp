@@ -28,13 +28,14 @@ void final_member(DigestContext& context, uint8_t* digest) {
 
 template<auto Member, auto Init, auto Update, auto Final>
 constexpr DigestDescriptor describe(int algorithm, const char* name, const char* rsaSignature, size_t size,
-                                    size_t blockSize, bool hasHmac = true) {
+                                    size_t blockSize, bool hasHmac = true, bool isExtendable = false) {
     return {algorithm,
             name,
             rsaSignature,
             size,
             blockSize,
             hasHmac,
+            isExtendable,
             init_member<Member, Init>,
             update_member<Member, Update>,
             final_member<Member, Final>};
@@ -45,6 +46,13 @@ constexpr auto kMd5 = &DigestContext::md5;
 constexpr auto kMd2 = &DigestContext::md2;
 constexpr auto kSha256 = &DigestContext::sha256;
 constexpr auto kSha512 = &DigestContext::sha512;
+constexpr auto kSha3 = &DigestContext::sha3;
+
+template<auto Init>
+constexpr DigestDescriptor sha3(int algorithm, size_t strength, size_t size, bool isExtendable = false) {
+    return describe<kSha3, Init, sha3_update, sha3_final>(algorithm, nullptr, nullptr, size,
+                                                          200 - 2 * strength, !isExtendable, isExtendable);
+}
 
 // A digest stands at the place of its number.
 constexpr DigestDescriptor kDigests[] = {
@@ -66,19 +74,34 @@ constexpr DigestDescriptor kDigests[] = {
                                                         Sha1Context::kBlockSize),
 };
 
-constexpr bool in_order() {
-    int number = 0;
-    for (const DigestDescriptor& digest : kDigests)
-        if (digest.algorithm != number++)
+constexpr DigestDescriptor kNamedDigests[] = {
+    describe<kSha512, sha512_256_init, sha512_update, sha512_final>(
+        kDigestSha512_256, nullptr, nullptr, kSha512_256Size, Sha512Context::kBlockSize),
+    sha3<sha3_224_init>(kDigestSha3_224, 28, 28),
+    sha3<sha3_256_init>(kDigestSha3_256, 32, 32),
+    sha3<sha3_384_init>(kDigestSha3_384, 48, 48),
+    sha3<sha3_512_init>(kDigestSha3_512, 64, 64),
+    sha3<shake128_init>(kDigestShake128, 16, 32, true),
+    sha3<shake256_init>(kDigestShake256, 32, 64, true),
+};
+
+constexpr bool in_order(const DigestDescriptor* digests, size_t count, int number) {
+    for (size_t i = 0; i < count; i++)
+        if (digests[i].algorithm != number++)
             return false;
     return true;
 }
-static_assert(in_order());
+static_assert(in_order(kDigests, std::size(kDigests), 0));
+static_assert(in_order(kNamedDigests, std::size(kNamedDigests), kDigestSha512_256));
 
 } // namespace
 
 const DigestDescriptor* digest_find(int algorithm) {
-    return static_cast<size_t>(algorithm) < std::size(kDigests) ? &kDigests[algorithm] : nullptr;
+    const auto number = static_cast<size_t>(algorithm);
+    if (number < std::size(kDigests))
+        return &kDigests[number];
+    return number - kDigestSha512_256 < std::size(kNamedDigests) ? &kNamedDigests[number - kDigestSha512_256]
+                                                                 : nullptr;
 }
 
 const DigestDescriptor* digest_named(const char* name) {

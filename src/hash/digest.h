@@ -3,6 +3,7 @@
 #include "hash/md5.h"
 #include "hash/sha1.h"
 #include "hash/sha256.h"
+#include "hash/sha3.h"
 #include "hash/sha512.h"
 #include "zulcore.h"
 
@@ -18,11 +19,19 @@ enum DigestAlgorithm : int {
     kDigestSha512 = ZUL_HASH_SHA512,
     kDigestSha224 = ZUL_HASH_SHA224,
     kDigestSha1Rng = ZUL_HASH_SHA1_RNG, // SHA-1 under a second number
+    // Above what an options word can hold: these have names alone.
+    kDigestSha512_256 = 16,
+    kDigestSha3_224,
+    kDigestSha3_256,
+    kDigestSha3_384,
+    kDigestSha3_512,
+    kDigestShake128,
+    kDigestShake256,
 };
 
 constexpr int kDigestAlgorithmMask = 0xF; // in an options word
 constexpr size_t kMaxDigestSize = 64;
-constexpr size_t kMaxDigestBlockSize = 128;
+constexpr size_t kMaxDigestBlockSize = 168;
 
 // A digest of any algorithm in progress: a plain structure without pointers that may be copied.
 struct DigestContext {
@@ -31,6 +40,7 @@ struct DigestContext {
         Sha1Context sha1;
         Sha256Context sha256;
         Sha512Context sha512;
+        Sha3Context sha3;
         Md5Context md5;
         Md2Context md2;
     };
@@ -44,6 +54,7 @@ struct DigestDescriptor {
     const char* rsaSignature; // the signature algorithm of RSA (PKCS #1 v1.5) with this digest
     size_t size, blockSize;   // of the digest and of the blocks that it absorbs, in bytes
     bool hasHmac;
+    bool isExtendable; // SHAKE: size is that of the usual output
     void (*init)(DigestContext& context);
     void (*update)(DigestContext& context, const void* data, size_t size);
     void (*final)(DigestContext& context, uint8_t* digest);

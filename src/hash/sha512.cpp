@@ -46,6 +46,13 @@ void sha512_init(Sha512Context& context) {
          kSha512Size);
 }
 
+void sha512_256_init(Sha512Context& context) {
+    init(context,
+         {0x22312194fc2bf72c, 0x9f555fa3c84c64c2, 0x2393b86b6f53b151, 0x963877195940eabd, 0x96283ee2a88effe3,
+          0xbe5e1e2553863992, 0x2b0199fc2c85b8aa, 0x0eb72ddc81c52ca2},
+         kSha512_256Size);
+}
+
 void sha512_update(Sha512Context& context, const void* data, size_t size) {
     block_digest_update(context, data, size, compress);
 }
