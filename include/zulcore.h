@@ -365,6 +365,40 @@ ZUL_API int HMAC_HexFromBytes(char* szOutput, int nOutChars, const void* lpMessa
 ZUL_API int HMAC_HexFromHex(char* szOutput, int nOutChars, const char* szMsgHex, const char* szKeyHex,
                             int nOptions);
 
+/* --- KDF_: keys from passwords and from other keys -------------------------------------------------------
+ * The result is a key of exactly nOutBytes bytes; there is no query. Passwords, salts and infos may be empty
+ * (then null too) unless the function says otherwise. szHash: the name of a digest that has an HMAC, in any
+ * case: md5, sha1, sha224, sha256, sha384, sha512, sha512-256, sha3-224, sha3-256, sha3-384 or sha3-512; null
+ * or empty for sha256.
+ * Length in bytes, which is nOutBytes. Codes negated, and recorded; the output is then left alone:
+ * -BAD_PARAM_ERROR: a null output or input, or a negative length; -OUT_OF_RANGE_ERROR: a length or a cost
+ * outside its bounds; -NOT_SUPPORTED_ERROR: no such digest, or one without an HMAC; -MEMORY_ERROR: the system
+ * cannot give the memory that the cost needs. */
+
+/* KDF_Pbkdf2 is PBKDF2 of RFC 8018 with HMAC. nIterations: 1 at least; for SHA-256 600,000 or more are
+ * usual. */
+ZUL_API int KDF_Pbkdf2(unsigned char* lpOutput, int nOutBytes, const void* lpPassword, int nPwdLen,
+                       const void* lpSalt, int nSaltLen, int nIterations, const char* szHash);
+
+/* KDF_Hkdf is HKDF of RFC 5869, extract and expand. It is for keys that cannot be guessed, not for passwords.
+ * nOutBytes: at most 255 digests. -BAD_KEY_LEN_ERROR: an empty key. */
+ZUL_API int KDF_Hkdf(unsigned char* lpOutput, int nOutBytes, const void* lpKey, int nKeyLen,
+                     const void* lpSalt, int nSaltLen, const void* lpInfo, int nInfoLen, const char* szHash);
+
+/* KDF_Scrypt is scrypt of RFC 7914. nN, the cost: a power of 2, at least 2 and below 2^(16 nR); nR, the size
+ * of a block: 8 is usual; nP, how often: 1 is usual. It takes 128 nN nR bytes of memory. Bounds: 128 nN nR at
+ * most 4 GiB, 128 nR nP at most 1 GiB, 128 nN nR nP at most 64 GiB. */
+ZUL_API int KDF_Scrypt(unsigned char* lpOutput, int nOutBytes, const void* lpPassword, int nPwdLen,
+                       const void* lpSalt, int nSaltLen, int nN, int nR, int nP);
+
+/* KDF_Argon2id is Argon2id of RFC 9106, version 0x13, without secret and associated data. nOutBytes: at least
+ * 4; nSaltLen: at least 8, 16 is usual; nLanes: 1 to 255, filled one after the other by one thread;
+ * nMemoryKiB: at least 8 for each lane, at most 4 GiB, of which multiples of 4 for each lane are used;
+ * nPasses: at least 1, and nMemoryKiB times nPasses at most 64 GiB. RFC 9106 recommends 2 GiB, 1 pass and 4
+ * lanes, or 64 MiB, 3 passes and 4 lanes. */
+ZUL_API int KDF_Argon2id(unsigned char* lpOutput, int nOutBytes, const void* lpPassword, int nPwdLen,
+                         const void* lpSalt, int nSaltLen, int nMemoryKiB, int nPasses, int nLanes);
+
 /* --- CIPHER_ and TDEA_: block ciphers ------------------------------------------------------------------
  * Lengths in bytes:
  *  - Triple DES: key 24, block and IV 8;

@@ -16,8 +16,13 @@ std::atomic<long> liveBlocks{0};
 std::atomic<decltype(MemoryHooks::refuse)> refuseHook{nullptr};
 std::atomic<decltype(MemoryHooks::freed)> freedHook{nullptr};
 
+bool is_refused(size_t size) {
+    const auto refuse = refuseHook.load(std::memory_order_relaxed);
+    return refuse != nullptr && refuse(size);
+}
+
 void* system_calloc(size_t size) {
-    if (const auto refuse = refuseHook.load(std::memory_order_relaxed); refuse != nullptr && refuse(size))
+    if (is_refused(size))
         return nullptr;
     void* block = calloc(size, 1);
     if (block != nullptr)
@@ -61,12 +66,16 @@ char* estrdup(const char* text) {
     return copy;
 }
 
-void efree(void* block) {
-    if (block == nullptr)
-        return;
+static void tell_freed(void* block) {
     if (const auto freed = freedHook.load(std::memory_order_relaxed); freed != nullptr)
         freed(block);
     liveBlocks.fetch_sub(1, std::memory_order_relaxed);
+}
+
+void efree(void* block) {
+    if (block == nullptr)
+        return;
+    tell_freed(block);
     free(block);
 }
 
@@ -110,6 +119,20 @@ void SecretBuffer::append(const void* bytes, size_t size) {
         memcpy(data_ + size_, bytes, size);
     size_ += size;
     data_[size_] = 0;
+}
+
+SecretPages::SecretPages(size_t size)
+    : pages_(is_refused(size) ? nullptr : platform::pages_take(size)), size_(size) {
+    if (pages_ != nullptr)
+        liveBlocks.fetch_add(1, std::memory_order_relaxed);
+}
+
+SecretPages::~SecretPages() {
+    if (pages_ == nullptr)
+        return;
+    wipe_bytes(pages_, size_);
+    tell_freed(pages_);
+    platform::pages_give(pages_, size_);
 }
 
 } // namespace zul

@@ -24,7 +24,7 @@ void* egrow(void* block, size_t newSize, size_t oldSize);
 // try_calloc is ecalloc for the few callers that can go on without memory: null when it cannot be served.
 void* try_calloc(size_t size);
 
-// live_blocks counts the blocks handed out by the functions above and not yet freed.
+// live_blocks counts the blocks handed out by the functions above, and SecretPages, not yet freed.
 long live_blocks();
 
 // SecretBuffer owns a block of bytes and wipes it before it is freed.
@@ -69,6 +69,22 @@ class SecretBuffer {
     uint8_t* data_ = nullptr;
     size_t size_ = 0;
     size_t capacity_ = 0;
+};
+
+// SecretPages owns zero-filled memory of any size, aligned to a page at least, and wipes it before it is
+// given back. Running out is not fatal: data() is then null.
+class SecretPages {
+  public:
+    explicit SecretPages(size_t size);
+    SecretPages(const SecretPages&) = delete;
+    SecretPages& operator=(const SecretPages&) = delete;
+    ~SecretPages();
+
+    void* data() { return pages_; }
+
+  private:
+    void* pages_;
+    size_t size_;
 };
 
 } // namespace zul

@@ -138,6 +138,13 @@ bool activity_report(void (*sink)(void* context, const void* data, size_t size),
 // call is missing. False if neither answers.
 [[nodiscard]] bool system_random(void* out, size_t size);
 
+// --- pages (pages.cpp) ---------------------------------------------------------------------------------
+
+// pages_take gives zero-filled memory of the system's own, for blocks of megabytes and more: null if there is
+// not enough. pages_give takes it back with the size that it was asked for.
+void* pages_take(size_t size);
+void pages_give(void* pages, size_t size);
+
 // --- scheduling (scheduling.cpp) ------------------------------------------------------------------------
 
 // The calling thread's priority, where a thread may lower and raise its own.

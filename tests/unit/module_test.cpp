@@ -34,6 +34,7 @@ TEST(PowerUpTests, UnsealedProgramFailsItsIntegrityAlone) {
     EXPECT_EQ(ZUL_PowerUpTests(0), -TEST_FAILED_ERROR);
     memory_set_hooks({});
     EXPECT_GT(allocationCount, 10);
+    err_clear();
     err_record(BAD_FLAG_ERROR);
     EXPECT_EQ(ZUL_PowerUpTests(0), -TEST_FAILED_ERROR);
     EXPECT_EQ(ZUL_ErrorCode(), BAD_FLAG_ERROR);
