@@ -195,6 +195,13 @@ enum zul_error_code {
 /* AEAD_Encrypt, AEAD_Decrypt */
 #define ZUL_AEAD_RANDOM_NONCE 0x1
 
+/* KEY_Save: beside ZUL_KEY_FORMAT_PEM, the structure that the kind of key has of its own */
+#define ZUL_KEY_FORMAT_OWN 0x40000
+
+/* SIG_ */
+#define ZUL_SIG_RAW 0x1
+#define ZUL_SIG_DETERMINISTIC 0x2
+
 /* --- ZUL_: errors and the module ----------------------------------------------------------------------
  * These functions leave the thread's error state as it is. */
 
@@ -1225,6 +1232,144 @@ ZUL_API int AEAD_Encrypt(unsigned char* lpOutput, int nOutBytes, const unsigned 
 ZUL_API int AEAD_Decrypt(unsigned char* lpOutput, int nOutBytes, const unsigned char* lpInput, int nInputLen,
                          const unsigned char* lpKey, int nKeyLen, const unsigned char* lpNonce, int nNonceLen,
                          const unsigned char* lpAad, int nAadLen, const char* szAlgorithm, int nOptions);
+
+/* --- KEY_: keys of any kind ----------------------------------------------------------------------------
+ * szKey and its like are key strings, as in RSA_: texts that only the process that made them can open. RSA
+ * keys have the same ones here and there; those of other kinds the RSA_ functions refuse. Where a public key
+ * is asked for, a private one stands for its public part.
+ *
+ * Kinds: RSA; RSA-PSS (id-RSASSA-PSS, whose parameters restrict its signatures); EC on P-256, P-384 and
+ * P-521; Ed25519; X25519. Their names are taken in any case.
+ *
+ * Codes of all: BAD_PARAM_ERROR: a missing argument; INVALID_DATA_ERROR: no key string of this process, or a
+ * public key where a private one is needed; BAD_FLAG_ERROR: an unknown option; SHORT_BUF_ERROR: the output
+ * does not fit, and nothing is written. */
+
+/* KEY_Make makes a private key. szAlgorithm: "rsa" (3072 bits), "rsa-N" for N from 1024 to 16384, "p-256"
+ * (also "secp256r1", "prime256v1"), "p-384" ("secp384r1"), "p-521" ("secp521r1"), "ed25519" or "x25519". The
+ * exponent of RSA keys is 65537. nOptions: 0 or ZUL_KEY_SHOW_PROGRESS.
+ * Length in characters. Query: the most that such a key needs, and room that has to be there.
+ * -NOT_SUPPORTED_ERROR: no such algorithm; -OUT_OF_RANGE_ERROR: the bits of an RSA key; -KEYGEN_FAILED_ERROR
+ * and -TEST_FAILED_ERROR as RSA_MakeKeys. */
+ZUL_API int KEY_Make(char* szOutput, int nOutChars, const char* szAlgorithm, int nOptions);
+
+/* KEY_Read reads a key, private or public, as a key string. szFileOrText: the name of a file of DER, PEM or
+ * base64, or such a text. Structures:
+ *  - PrivateKeyInfo (PKCS #8; also version 2 with a public key), EncryptedPrivateKeyInfo (the schemes of
+ *    RSA_ReadEncPrivateKey, and PBES2 with scrypt), RSAPrivateKey and RSAPublicKey (PKCS #1), ECPrivateKey
+ *    (SEC 1), SubjectPublicKeyInfo;
+ *  - a certificate or a certificate request, whose public key is read;
+ *  - PEM of these, also encrypted with header lines (Proc-Type, DEK-Info: AES, Triple DES or DES in CBC mode).
+ *    Of several blocks the first private key is read, or else the first that is no parameters.
+ * Points may be compressed. A curve is known by its name alone. A public key beside a private one has to
+ * belong to it. szPassword: of an encrypted key, else null or ignored. nOptions: 0.
+ * Length in characters. Query. -OPEN_ERROR; -INVALID_DATA_ERROR: not DER; -BAD_FORMAT_ERROR: no such
+ * structure; -NOT_SUPPORTED_ERROR: another algorithm or curve, or scheme of encryption; -BAD_KEY_ERROR: values
+ * that are no key's (a point off the curve or of small order, a number out of range); -BAD_PARAM_ERROR also:
+ * an encrypted key, but no password; -DECRYPT_ERROR: a wrong password or damaged data; -OUT_OF_RANGE_ERROR: a
+ * derivation that costs too much; -MEMORY_ERROR: no memory for scrypt. */
+ZUL_API int KEY_Read(char* szOutput, int nOutChars, const char* szFileOrText, const char* szPassword,
+                     int nOptions);
+
+/* KEY_Save writes a key to a file, which is replaced in one step; with a private key it becomes its owner's
+ * alone. A public key is written as SubjectPublicKeyInfo, a private one as PrivateKeyInfo, or encrypted if
+ * szPassword is not null: PBES2 with a random salt and IV. szParameters, null or name=value parted by ";":
+ *  - "cipher=aes-128-cbc", "aes-192-cbc", "aes-256-cbc" (the default) or "tdea-cbc";
+ *  - "kdf=pbkdf2" (the default) with "iterations=N", 1 to 10,000,000 (600,000), and "hash=sha1", "sha256" (the
+ *    default), "sha384" or "sha512";
+ *  - "kdf=scrypt" with "n=N" (16384; a power of 2), "r=N" (8) and "p=N" (1), bounded as in KDF_Scrypt.
+ * nOptions: ZUL_KEY_FORMAT_PEM, else DER; ZUL_KEY_FORMAT_OWN writes the structure that the kind has of its
+ * own, without a password: RSAPrivateKey or RSAPublicKey, ECPrivateKey.
+ * Status, positive. CREATE_ERROR, WRITE_ERROR; BAD_PARAM_ERROR also: a malformed or foreign parameter,
+ * parameters without a password, an empty password, or one where nothing is encrypted; NOT_SUPPORTED_ERROR: an
+ * unknown cipher, hash or derivation, or a kind without a structure of its own; OUT_OF_RANGE_ERROR: a cost out
+ * of its bounds; MEMORY_ERROR. */
+ZUL_API int KEY_Save(const char* szFileOut, const char* szKey, const char* szPassword,
+                     const char* szParameters, int nOptions);
+
+/* KEY_Public gives the public key of a private one.
+ * Length in characters. Query. */
+ZUL_API int KEY_Public(char* szOutput, int nOutChars, const char* szPrivateKey);
+
+/* KEY_Query answers a query about a key. szQuery, in any case: "bits" (of the modulus; 256, 384, 521; 256 for
+ * Ed25519 and X25519) and "isPrivate" (1 or 0) are numbers: the number is the result, and if there is room it
+ * is written as decimal text too. Texts: "algorithm" ("rsa", "rsa-pss", "ec", "ed25519" or "x25519"), "curve"
+ * ("p-256", "p-384", "p-521", "ed25519", "x25519", empty for RSA), "fingerprint" (SHA-256 of the
+ * SubjectPublicKeyInfo in lower-case hex). nOptions: ZUL_QUERY_GETTYPE returns 1 for a number, 2 for a text,
+ * and opens no key.
+ * Length in characters (or the number). Query. -BAD_QUERY_ERROR: no such query. */
+ZUL_API int KEY_Query(char* szOutput, int nOutChars, const char* szKey, const char* szQuery, int nOptions);
+
+/* KEY_Match tells whether a private key belongs to a public one.
+ * Status, positive. NO_MATCH_ERROR: another key; TEST_FAILED_ERROR and others as KEY_Check. */
+ZUL_API int KEY_Match(const char* szPrivateKey, const char* szPublicKey);
+
+/* KEY_Check tells whether a key's values belong together: a private number in its range, which gives the public
+ * key; a public key on its curve and not of small order; for a private RSA key the test of RSA_CheckKey.
+ * nOptions: 0.
+ * Status, positive: 0 for a good key of either kind. BAD_KEY_ERROR: a bad one; TEST_FAILED_ERROR: the halves of
+ * an RSA key do not undo each other; others of an RSA key as RSA_CheckKey. */
+ZUL_API int KEY_Check(const char* szKey, int nOptions);
+
+/* KEY_Agree computes the secret that the owners of two key pairs share: for EC the x coordinate in the curve's
+ * length (32, 48 or 66 bytes), for X25519 32 bytes. It is not yet a key: derive one from it (KDF_Hkdf).
+ * nOptions: 0.
+ * Length in bytes. Query. -BAD_KEY_ERROR: keys of two kinds, or of one that does not agree on secrets; a public
+ * key of small order, which gives a secret of zeros. */
+ZUL_API int KEY_Agree(unsigned char* lpOutput, int nOutBytes, const char* szPrivateKey,
+                      const char* szPublicKey, int nOptions);
+
+/* --- SIG_: signatures ----------------------------------------------------------------------------------
+ * szAlgorithm, in any case; HASH is sha256 or any other digest:
+ *  - "rsa-HASH" (also "rsa-pkcs1-HASH"): PKCS #1 v1.5;
+ *  - "rsa-pss-HASH", and ";salt=N", ";salt=digest" (as long as the digest; the default) or ";salt=max", and
+ *    ";mgf=HASH" (the same; the default): RSASSA-PSS with MGF1. A verified signature has to have that very salt
+ *    length. An RSA-PSS key with parameters signs as they demand, with that salt or a longer one;
+ *  - "ecdsa-HASH": the secret numbers are those of RFC 6979 with 32 random bytes added;
+ *  - "ed25519", and "ed25519ph", which signs the SHA-512 digest.
+ * Null or empty: "rsa-pss-sha256", for a key with parameters what they demand; "ecdsa-sha256", "ecdsa-sha384"
+ * and "ecdsa-sha512" for P-256, P-384 and P-521; "ed25519". szPrivateKey, szPublicKey: key strings as in KEY_.
+ * nOptions: ZUL_SIG_RAW: an ECDSA signature is r and s in the curve's length, not DER; ZUL_SIG_DETERMINISTIC:
+ * ECDSA adds no random bytes. Neither has a meaning for other algorithms.
+ *
+ * Codes of all: those of KEY_; NOT_SUPPORTED_ERROR: no such algorithm, or one that cannot be had from a digest;
+ * BAD_PARAM_ERROR also: a malformed parameter of an algorithm; BAD_KEY_ERROR: a key of a kind that the
+ * algorithm does not go with, or whose parameters forbid it; BAD_KEY_LEN_ERROR: an RSA key too short for the
+ * algorithm. */
+
+/* SIG_Sign signs data. An RSA signature is checked with the public key before it is given out.
+ * Length in bytes. Query: the most that a signature needs, and room that has to be there: signatures of ECDSA
+ * as DER may be shorter. -BAD_KEY_ERROR also: values of an RSA key that contradict each other. */
+ZUL_API int SIG_Sign(unsigned char* lpOutput, int nOutBytes, const unsigned char* lpData, int nDataLen,
+                     const char* szPrivateKey, const char* szAlgorithm, int nOptions);
+
+/* SIG_Verify verifies a signature of data. ECDSA signatures have to be DER in its one form; Ed25519 follows the
+ * strict rules (S below the order, canonical points).
+ * Status, positive. SIGNATURE_ERROR: it does not verify. */
+ZUL_API int SIG_Verify(const unsigned char* lpSignature, int nSigLen, const unsigned char* lpData,
+                       int nDataLen, const char* szPublicKey, const char* szAlgorithm, int nOptions);
+
+/* SIG_SignFile signs what a file of any size holds. Ed25519 reads it twice: a pipe will not do.
+ * Length and query as SIG_Sign, and its codes; -OPEN_ERROR; -READ_ERROR: the file cannot be read, or has
+ * changed meanwhile. */
+ZUL_API int SIG_SignFile(unsigned char* lpOutput, int nOutBytes, const char* szFileIn,
+                         const char* szPrivateKey, const char* szAlgorithm, int nOptions);
+
+/* SIG_VerifyFile verifies a signature of what a file of any size holds.
+ * Status and codes as SIG_Verify; OPEN_ERROR, READ_ERROR. */
+ZUL_API int SIG_VerifyFile(const unsigned char* lpSignature, int nSigLen, const char* szFileIn,
+                           const char* szPublicKey, const char* szAlgorithm, int nOptions);
+
+/* SIG_SignDigest signs data of which only the digest is given: that of the algorithm, and SHA-512 for
+ * "ed25519ph".
+ * Length and query as SIG_Sign, and its codes; -BAD_LENGTH_ERROR: the digest has another length. */
+ZUL_API int SIG_SignDigest(unsigned char* lpOutput, int nOutBytes, const unsigned char* lpDigest,
+                           int nDigestLen, const char* szPrivateKey, const char* szAlgorithm, int nOptions);
+
+/* SIG_VerifyDigest verifies a signature of data of which only the digest is given.
+ * Status and codes as SIG_Verify; BAD_LENGTH_ERROR. */
+ZUL_API int SIG_VerifyDigest(const unsigned char* lpSignature, int nSigLen, const unsigned char* lpDigest,
+                             int nDigestLen, const char* szPublicKey, const char* szAlgorithm, int nOptions);
 
 #ifdef __cplusplus
 }

@@ -4,6 +4,7 @@
 
 #include "frame/thread_record.h"
 #include "frame/wipe.h"
+#include "key/string_key.h"
 #include "module/power_up_tests.h"
 #include "platform/platform.h"
 #include "rng/rng.h"
@@ -67,6 +68,7 @@ void module_unload() {
     records_destroy();
     rng_reset_pools();
     process_key_forget();
+    string_key_forget();
     platform::lock_destroy();
 }
 

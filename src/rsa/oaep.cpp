@@ -1,4 +1,4 @@
-// RSAES-OAEP: RFC 8017, 7.1; MGF1: B.2.1.
+// RSAES-OAEP: RFC 8017, 7.1.
 #include "rsa/oaep.h"
 
 #include <algorithm>
@@ -7,6 +7,7 @@
 #include "frame/constant_time.h"
 #include "hash/digest.h"
 #include "rng/rng.h"
+#include "rsa/mgf1.h"
 
 namespace zul {
 
@@ -16,25 +17,6 @@ namespace {
 // of SHA-1 is internal.
 int oaep_digest_length(int algorithm) {
     return algorithm == kDigestSha1Rng ? -BAD_FLAG_ERROR : digest_length(algorithm);
-}
-
-void xor_mgf1(uint8_t* target, size_t length, const uint8_t* seed, size_t seedLen, int algorithm) {
-    Wiped<DigestContext> seeded, context;
-    digest_init(*seeded, algorithm);
-    digest_update(*seeded, seed, seedLen);
-    Secret<kMaxDigestSize> digest;
-    const auto step = static_cast<size_t>(digest_length(algorithm));
-    uint32_t counter = 0;
-    for (size_t done = 0; done < length; done += step, counter++) {
-        const uint8_t suffix[4] = {static_cast<uint8_t>(counter >> 24), static_cast<uint8_t>(counter >> 16),
-                                   static_cast<uint8_t>(counter >> 8), static_cast<uint8_t>(counter)};
-        *context = *seeded;
-        digest_update(*context, suffix, sizeof suffix);
-        digest_final(*context, digest.data());
-        const size_t n = std::min(step, length - done);
-        for (size_t i = 0; i < n; i++)
-            target[done + i] ^= digest[i];
-    }
 }
 
 void empty_label_digest(uint8_t* out, int algorithm) {
@@ -65,8 +47,8 @@ int oaep_encode(uint8_t* out, size_t outLen, const uint8_t* message, size_t leng
     empty_label_digest(db, algorithm);
     memset(db + hLen, 0, start - 1 - hLen);
     db[start - 1] = 1;
-    xor_mgf1(db, dbLen, seed, hLen, algorithm);
-    xor_mgf1(seed, hLen, db, dbLen, algorithm);
+    mgf1_xor(db, dbLen, seed, hLen, algorithm);
+    mgf1_xor(seed, hLen, db, dbLen, algorithm);
     return 0;
 }
 
@@ -80,10 +62,10 @@ int oaep_decode(SecretBuffer& content, size_t* start, const uint8_t* block, size
     const size_t dbLen = length - hLen - 1;
     Secret<kMaxDigestSize> seed, label;
     memcpy(seed.data(), block + 1, hLen);
-    xor_mgf1(seed.data(), hLen, block + 1 + hLen, dbLen, algorithm);
+    mgf1_xor(seed.data(), hLen, block + 1 + hLen, dbLen, algorithm);
     SecretBuffer db(dbLen);
     memcpy(db.data(), block + 1 + hLen, dbLen);
-    xor_mgf1(db.data(), dbLen, seed.data(), hLen, algorithm);
+    mgf1_xor(db.data(), dbLen, seed.data(), hLen, algorithm);
 
     uint32_t fault = block[0];
     empty_label_digest(label.data(), algorithm);

@@ -1,0 +1,17 @@
+#pragma once
+#include "key/key.h"
+
+namespace zul {
+
+enum class KeyQuery { algorithm, bits, curve, isPrivate, fingerprint };
+
+// key_query_find gives the query of a word, in any case: 0 or BAD_QUERY_ERROR with a text.
+[[nodiscard]] int key_query_find(KeyQuery& query, const char* word);
+[[nodiscard]] bool key_query_is_number(KeyQuery query);
+
+constexpr size_t kKeyAnswer = 65; // with the NUL
+
+// key_query writes the answer as text and gives a number's value, 0 for a text.
+int key_query(char (&answer)[kKeyAnswer], const Key& key, KeyQuery query);
+
+} // namespace zul

@@ -1,0 +1,96 @@
+#include "key/key_read.h"
+
+#include <cstring>
+
+#include "asn1/asn_input.h"
+#include "encode/base64.h"
+#include "encode/whole_file.h"
+#include "frame/err.h"
+#include "frame/text.h"
+#include "key/key_der.h"
+#include "key/key_encryption.h"
+#include "key/pem_key.h"
+#include "zulcore.h"
+
+namespace zul {
+namespace {
+
+constexpr size_t kMaxInput = 1 << 22;
+constexpr std::string_view kPemBegin = "-----BEGIN ";
+
+int no_password() {
+    return err_fail(BAD_PARAM_ERROR, "The key is encrypted: a password is needed");
+}
+
+// read_decrypted reads what came of a decryption: anything but a key of an unknown kind is the password's
+// fault.
+int read_decrypted(Key& key, const SecretBuffer& plain) {
+    AsnList list;
+    const int error =
+        key_parse(plain.data(), plain.size(), list) ? key_read_structure(list.head(), key) : BAD_FORMAT_ERROR;
+    if (error == 0 && key.isPrivate)
+        return 0;
+    return error == NOT_SUPPORTED_ERROR || error == BAD_KEY_ERROR
+               ? error
+               : err_fail(DECRYPT_ERROR, "Not a private key: a wrong password, or damaged data");
+}
+
+int read_list(Key& key, const asn_Node* list, const char* password) {
+    if (key_shape(list) != KeyShape::encrypted)
+        return key_read_structure(list, key);
+    if (password == nullptr)
+        return no_password();
+    SecretBuffer plain;
+    const int error = key_decrypt(plain, list, password);
+    return error != 0 ? error : read_decrypted(key, plain);
+}
+
+int read_pem(Key& key, std::string_view text, const char* password) {
+    PemBlock block;
+    if (const int error = pem_find_key(text, block))
+        return error;
+    SecretBuffer data(b64_decoded_length(block.body.data(), block.body.size()));
+    b64_decode(data.data(), data.size(), block.body.data(), block.body.size());
+    if (!block.cipher.empty()) {
+        if (password == nullptr)
+            return no_password();
+        const int error = pem_decrypt_body(data, block, password);
+        return error != 0 ? error : read_decrypted(key, data);
+    }
+    AsnList list;
+    if (!key_parse(data.data(), data.size(), list))
+        return err_fail(INVALID_DATA_ERROR, "Not a valid DER structure");
+    return read_list(key, list.head(), password);
+}
+
+// Text with a PEM block, in a file that does not begin as a SEQUENCE or in the argument.
+bool is_pem(std::string_view text) {
+    return !text.starts_with('0') && text.find(kPemBegin) != std::string_view::npos;
+}
+
+} // namespace
+
+int key_read(Key& key, const char* fileOrText, const char* password) {
+    const std::string_view text(fileOrText);
+    if (is_pem(text))
+        return text.size() > kMaxInput ? err_fail(INVALID_DATA_ERROR, "Text is too long")
+                                       : read_pem(key, text, password);
+    AsnList list;
+    if (may_be_name(text)) {
+        SecretBuffer content;
+        // What cannot be read as a file may still be base64: asn_read_input tells.
+        err_clear();
+        if (read_whole_file(fileOrText, content, kMaxInput) == 0) {
+            const std::string_view bytes(content.text(), content.size());
+            if (is_pem(bytes))
+                return read_pem(key, bytes, password);
+            const int error = asn_read_content(content.data(), content.size(), list);
+            return error != 0 ? error : read_list(key, list.head(), password);
+        }
+        err_clear();
+    }
+    const int error = asn_read_input(fileOrText, list, kMaxInput);
+    return error != 0 ? error : read_list(key, list.head(), password);
+}
+
+} // namespace zul
