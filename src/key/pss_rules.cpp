@@ -2,9 +2,9 @@
 
 #include "asn1/asn_children.h"
 #include "asn1/asn_value.h"
-#include "asn1/oid.h"
 #include "frame/err.h"
 #include "hash/digest.h"
+#include "key/digest_oid.h"
 #include "key/key_oids.h"
 #include "zulcore.h"
 
@@ -18,21 +18,6 @@ int bad_format() {
     return err_fail(BAD_FORMAT_ERROR, "Invalid RSASSA-PSS parameters");
 }
 
-// A digest's AlgorithmIdentifier: parameters NULL or absent.
-int read_digest(int& digest, const asn_Node* algorithm) {
-    AsnChildren children(algorithm);
-    const asn_Node* oid = children.take_oid();
-    children.take_if(kAsnUniversal, kAsnNull);
-    if (oid == nullptr || !children.at_end())
-        return bad_format();
-    OidInfo info;
-    const DigestDescriptor* found = asn_GetOid(oid, &info) == 0 ? digest_named(info.name) : nullptr;
-    if (found == nullptr)
-        return err_fail(NOT_SUPPORTED_ERROR, "Digest of the RSASSA-PSS parameters not supported");
-    digest = found->algorithm;
-    return 0;
-}
-
 int read_mask(int& digest, const asn_Node* algorithm) {
     AsnChildren children(algorithm);
     const asn_Node* oid = children.take_oid();
@@ -41,14 +26,14 @@ int read_mask(int& digest, const asn_Node* algorithm) {
         return bad_format();
     if (!oid_is(oid, kOidMgf1))
         return err_fail(NOT_SUPPORTED_ERROR, "Mask function of the RSASSA-PSS parameters not supported");
-    return read_digest(digest, hash);
+    return digest_algorithm_read(&digest, hash);
 }
 
 int read_field(PssRules& rules, uint32_t field, const asn_Node* value) {
     if (field < 2) {
         if (!asn_is(value, kAsnConstructed, kAsnSequence))
             return bad_format();
-        return field == 0 ? read_digest(rules.digest, value) : read_mask(rules.mgfDigest, value);
+        return field == 0 ? digest_algorithm_read(&rules.digest, value) : read_mask(rules.mgfDigest, value);
     }
     const bool isWhole = asn_is(value, kAsnUniversal, kAsnInteger) && value->length > 0 &&
                          (value->data[0] & 0x80) == 0 && value->length <= 4;
@@ -58,10 +43,6 @@ int read_field(PssRules& rules, uint32_t field, const asn_Node* value) {
     if (field == 2)
         rules.leastSalt = static_cast<uint32_t>(number);
     return 0;
-}
-
-AsnList digest_algorithm(int digest) {
-    return asn_NewHashAlgId(digest);
 }
 
 } // namespace
@@ -93,11 +74,12 @@ AsnList pss_rules_list(const PssRules& rules) {
         return {};
     AsnList fields;
     if (rules.digest != kDigestSha1)
-        fields = asn_Link(std::move(fields), asn_NewExplicit(0, digest_algorithm(rules.digest)));
+        fields = asn_Link(std::move(fields), asn_NewExplicit(0, digest_algorithm_list(rules.digest)));
     if (rules.mgfDigest != kDigestSha1)
-        fields = asn_Link(std::move(fields),
-                          asn_NewExplicit(1, asn_NewSequence(asn_LinkList(
-                                                 oid_node(kOidMgf1), digest_algorithm(rules.mgfDigest)))));
+        fields =
+            asn_Link(std::move(fields),
+                     asn_NewExplicit(1, asn_NewSequence(asn_LinkList(
+                                            oid_node(kOidMgf1), digest_algorithm_list(rules.mgfDigest)))));
     if (rules.leastSalt != kDefaultSalt)
         fields = asn_Link(std::move(fields), asn_NewExplicit(2, asn_NewInteger(rules.leastSalt)));
     return asn_NewSequence(std::move(fields));

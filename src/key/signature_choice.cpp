@@ -33,6 +33,13 @@ int unknown(const char* name) {
                     shown_name(name));
 }
 
+int choose_digest(int* digest, const char* name) {
+    if (const int error = digest_choose(digest, name))
+        return error;
+    return digest_find(*digest)->isExtendable ? err_fail(NOT_SUPPORTED_ERROR, "No signatures with '%s'", name)
+                                              : 0;
+}
+
 int read_salt(SignatureAlgorithm& algorithm, const char* value) {
     if (strcmp(value, "digest") == 0 || strcmp(value, "max") == 0) {
         algorithm.salt = *value == 'd' ? PssSalt::digest : PssSalt::most;
@@ -60,7 +67,7 @@ int read_parameters(SignatureAlgorithm& algorithm, char* text) {
             error = read_salt(algorithm, text + 5);
         } else if (strncmp(text, "mgf=", 4) == 0 && !hasMgf) {
             hasMgf = true;
-            error = digest_choose(&algorithm.mgfDigest, text + 4);
+            error = choose_digest(&algorithm.mgfDigest, text + 4);
         } else {
             err_add_text("Parameters are ;salt=N|digest|max and ;mgf=HASH, each once");
         }
@@ -92,7 +99,7 @@ int read_name(SignatureAlgorithm& algorithm, const char* name) {
             *parameters = '\0';
         if (*hash == '\0')
             return unknown(name);
-        if (const int error = digest_choose(&algorithm.digest, hash))
+        if (const int error = choose_digest(&algorithm.digest, hash))
             return error;
         algorithm.mgfDigest = algorithm.digest;
         return parameters == nullptr ? 0 : read_parameters(algorithm, parameters + 1);

@@ -42,9 +42,13 @@ int sign(unsigned char* out, int room, SignatureInput& input, const char* privat
     return static_cast<int>(signature.size());
 }
 
+bool is_bad(const unsigned char* data, int size) {
+    return size < 0 || (data == nullptr && size > 0);
+}
+
 int verify(const unsigned char* signature, int size, SignatureInput& input, const char* publicKey,
            const char* name, int options) {
-    if (signature == nullptr || size < 0)
+    if (is_bad(signature, size))
         return BAD_PARAM_ERROR;
     if (const int error = check_options(options))
         return error;
@@ -55,10 +59,6 @@ int verify(const unsigned char* signature, int size, SignatureInput& input, cons
     if (const int error = signature_choose(algorithm, name, key))
         return error;
     return signature_check(signature, static_cast<size_t>(size), key, algorithm, input, options);
-}
-
-bool is_bad(const unsigned char* data, int size) {
-    return size < 0 || (data == nullptr && size > 0);
 }
 
 } // namespace

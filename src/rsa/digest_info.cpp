@@ -26,12 +26,26 @@ constexpr DigestInfoPrefix kPrefixes[] = {
     {kDigestSha224, kSha224Size, 19, {0x30, 0x2D, 0x30, 0x0D, 0x06, 0x09, 0x60, 0x86, 0x48, 0x01, 0x65, 0x03, 0x04,
                                       0x02, 0x04, 0x05, 0x00, 0x04, 0x1C}},
 };
+
+// Those that only have names. The reader of old blocks does not look for them.
+#define ZUL_NIST_PREFIX(algorithm, size, last)                                                                \
+    {algorithm, size, 19, {0x30, 17 + (size), 0x30, 0x0D, 0x06, 0x09, 0x60, 0x86, 0x48, 0x01, 0x65, 0x03, 0x04, \
+                           0x02, last, 0x05, 0x00, 0x04, size}}
+constexpr DigestInfoPrefix kNamedPrefixes[] = {
+    ZUL_NIST_PREFIX(kDigestSha512_256, 32, 6), ZUL_NIST_PREFIX(kDigestSha3_224, 28, 7),
+    ZUL_NIST_PREFIX(kDigestSha3_256, 32, 8), ZUL_NIST_PREFIX(kDigestSha3_384, 48, 9),
+    ZUL_NIST_PREFIX(kDigestSha3_512, 64, 10),
+};
+#undef ZUL_NIST_PREFIX
 // clang-format on
 
 } // namespace
 
 const DigestInfoPrefix* digest_info_prefix(int algorithm) {
     for (const DigestInfoPrefix& prefix : kPrefixes)
+        if (prefix.algorithm == algorithm)
+            return &prefix;
+    for (const DigestInfoPrefix& prefix : kNamedPrefixes)
         if (prefix.algorithm == algorithm)
             return &prefix;
     return nullptr;

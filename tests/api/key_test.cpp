@@ -1,0 +1,148 @@
+#include <cctype>
+#include <gtest/gtest.h>
+
+#include "support/key_calls.h"
+#include "support/temp_dir.h"
+
+using namespace test;
+
+TEST(Key, KindsTellWhatTheyAre) {
+    const struct {
+        const char *name, *algorithm, *curve;
+        int bits;
+    } rows[] = {{"rsa-1024", "rsa", "", 1024},          {"P-256", "ec", "p-256", 256},
+                {"secp384r1", "ec", "p-384", 384},      {"p-521", "ec", "p-521", 521},
+                {"Ed25519", "ed25519", "ed25519", 256}, {"x25519", "x25519", "x25519", 256}};
+    std::string before;
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        const std::string key = make_key(row.name), publicKey = public_of(key);
+        EXPECT_EQ(ask_key(key, "algorithm"), row.algorithm);
+        EXPECT_EQ(ask_key(publicKey, "CURVE"), row.curve);
+        char text[4];
+        EXPECT_EQ(KEY_Query(text, 4, key.c_str(), "bits", 0), row.bits);
+        EXPECT_EQ(std::to_string(row.bits).substr(0, 4), std::string(text).substr(0, 4));
+        EXPECT_EQ(KEY_Query(nullptr, 0, key.c_str(), "isPrivate", 0), 1);
+        EXPECT_EQ(KEY_Query(nullptr, 0, publicKey.c_str(), "isPrivate", 0), 0);
+        EXPECT_EQ(ask_key(key, "fingerprint"), ask_key(publicKey, "fingerprint"));
+        EXPECT_EQ(KEY_Check(key.c_str(), 0) + KEY_Check(publicKey.c_str(), 0), 0);
+        EXPECT_EQ(KEY_Match(key.c_str(), publicKey.c_str()), 0);
+        EXPECT_EQ(KEY_Match(key.c_str(), public_of(make_key(row.name)).c_str()), NO_MATCH_ERROR);
+        EXPECT_EQ(KEY_Match(publicKey.c_str(), publicKey.c_str()), INVALID_DATA_ERROR);
+        // The older family knows RSA keys alone.
+        const bool isRsa = row.name[0] == 'r';
+        EXPECT_EQ(RSA_KeyBits(key.c_str()), isRsa ? row.bits : -INVALID_DATA_ERROR);
+        EXPECT_EQ(RSA_CheckKey(publicKey.c_str(), 0), isRsa ? 1 : -INVALID_DATA_ERROR);
+        EXPECT_EQ(KEY_Match(key.c_str(), before.c_str()), before.empty() ? BAD_PARAM_ERROR : NO_MATCH_ERROR);
+        before = publicKey;
+    }
+}
+
+TEST(Key, StringsOpenAsTheyWereMadeAlone) {
+    const std::string key = make_key("p-256");
+    for (size_t i = 0; i < key.size(); i++) {
+        std::string other = key;
+        other[i] = other[i] == 'A' ? 'B' : 'A';
+        EXPECT_EQ(KEY_Check(other.c_str(), 0), INVALID_DATA_ERROR) << i;
+        EXPECT_EQ(KEY_Check(key.substr(0, i).c_str(), 0), i == 0 ? BAD_PARAM_ERROR : INVALID_DATA_ERROR);
+    }
+    EXPECT_EQ(KEY_Check(("PUBK" + key.substr(4)).c_str(), 0), INVALID_DATA_ERROR); // not as the other kind
+    EXPECT_EQ(KEY_Check((key + "\n").c_str(), 0), INVALID_DATA_ERROR);
+    EXPECT_EQ(KEY_Check(nullptr, 0), BAD_PARAM_ERROR);
+}
+
+TEST(Key, RefusesWhatIsNoKey) {
+    for (const Vector& v : read_vectors("key/refused.txt")) {
+        int code = 0;
+        EXPECT_EQ(read_der(v.hex("Der"), &code), "") << v.where();
+        EXPECT_EQ(code, v.number("Code")) << v.where() << " " << last_error();
+    }
+}
+
+TEST(Key, ArgumentsAreChecked) {
+    const struct {
+        const char* algorithm;
+        int code;
+    } names[] = {{"", BAD_PARAM_ERROR},
+                 {"p256", NOT_SUPPORTED_ERROR},
+                 {"rsa-", NOT_SUPPORTED_ERROR},
+                 {"rsa-2048x", NOT_SUPPORTED_ERROR},
+                 {"rsa-1023", OUT_OF_RANGE_ERROR},
+                 {"rsa-16385", OUT_OF_RANGE_ERROR},
+                 {"rsa-99999999999999999999", OUT_OF_RANGE_ERROR}};
+    for (const auto& row : names) {
+        int code = 0;
+        make_key(row.algorithm, &code);
+        EXPECT_EQ(code, row.code) << row.algorithm;
+    }
+    char text[8];
+    EXPECT_EQ(KEY_Make(text, 7, "p-256", 0), -SHORT_BUF_ERROR);
+    EXPECT_EQ(KEY_Make(nullptr, 0, "p-256", 1), -BAD_FLAG_ERROR);
+    const std::string key = make_key("p-256");
+    EXPECT_EQ(KEY_Query(text, 7, key.c_str(), "size", 0), -BAD_QUERY_ERROR);
+    EXPECT_EQ(KEY_Query(text, 7, key.c_str(), "fingerprint", 0), -SHORT_BUF_ERROR);
+    EXPECT_EQ(KEY_Query(nullptr, 0, "", "bits", ZUL_QUERY_GETTYPE), 1);
+    EXPECT_EQ(KEY_Query(nullptr, 0, "", "curve", ZUL_QUERY_GETTYPE), 2);
+}
+
+TEST(Key, SavingWeighsItsParameters) {
+    const TempDir dir;
+    const std::string key = make_key("ed25519"), file = dir.file("key");
+    const std::string publicKey = public_of(key);
+    const struct {
+        const std::string& key;
+        const char *password, *parameters;
+        int options, code;
+    } rows[] = {
+        {key, "p", "iterations=1;CIPHER=aes-128-cbc ; hash=SHA-512", 0, 0},
+        {key, "p", "iterations=1;kdf=scrypt", 0, BAD_PARAM_ERROR},
+        {key, "p", "n=2", 0, BAD_PARAM_ERROR},
+        {key, "p", "iterations=0", 0, OUT_OF_RANGE_ERROR},
+        {key, "p", "iterations=10000001", 0, OUT_OF_RANGE_ERROR},
+        {key, "p", "iterations=1x", 0, BAD_PARAM_ERROR},
+        {key, "p", "iterations", 0, BAD_PARAM_ERROR},
+        {key, "p", "rounds=1", 0, BAD_PARAM_ERROR},
+        {key, "p", "cipher=aes-128-gcm", 0, NOT_SUPPORTED_ERROR},
+        {key, "p", "hash=md5", 0, NOT_SUPPORTED_ERROR},
+        {key, "", nullptr, 0, BAD_PARAM_ERROR},
+        {key, nullptr, "iterations=1", 0, BAD_PARAM_ERROR},
+        {key, nullptr, nullptr, ZUL_KEY_FORMAT_OWN, NOT_SUPPORTED_ERROR},
+        {key, nullptr, nullptr, ZUL_KEY_FORMAT_PEM_ALT, BAD_FLAG_ERROR},
+        {publicKey, "p", nullptr, 0, BAD_PARAM_ERROR},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(KEY_Save(file.c_str(), row.key.c_str(), row.password, row.parameters, row.options),
+                  row.code)
+            << (row.parameters == nullptr ? "" : row.parameters);
+    EXPECT_EQ(KEY_Save(dir.file("no/such").c_str(), key.c_str(), nullptr, nullptr, 0), CREATE_ERROR);
+    int code = 0;
+    EXPECT_EQ(KEY_Match(read_key(file, "p").c_str(), publicKey.c_str()), 0);
+    read_key(file, "q", &code);
+    EXPECT_EQ(code, DECRYPT_ERROR);
+    read_key(file, nullptr, &code);
+    EXPECT_EQ(code, BAD_PARAM_ERROR);
+}
+
+TEST(Key, AgreementTakesTwoOfAKind) {
+    for (const char* name : {"p-256", "p-384", "p-521", "x25519"}) {
+        const std::string a = make_key(name), b = make_key(name);
+        Bytes one(66), two(66);
+        const int size = KEY_Agree(nullptr, 0, a.c_str(), public_of(b).c_str(), 0);
+        EXPECT_EQ(KEY_Agree(one.data(), 66, a.c_str(), public_of(b).c_str(), 0), size);
+        EXPECT_EQ(KEY_Agree(two.data(), size, b.c_str(), public_of(a).c_str(), 0), size);
+        EXPECT_EQ(one, two);
+        EXPECT_EQ(KEY_Agree(two.data(), size - 1, b.c_str(), public_of(a).c_str(), 0), -SHORT_BUF_ERROR);
+        EXPECT_EQ(KEY_Agree(two.data(), 66, a.c_str(), make_key("ed25519").c_str(), 0), -BAD_KEY_ERROR);
+    }
+    // Points of small order of Curve25519: 0, 1 and p - 1.
+    const std::string key = make_key("x25519");
+    for (const char* u : {"00", "01", "ecffffffffffffffffffffffffffffffffffffffffffffffffffffffffffff7f"}) {
+        Bytes der = from_hex("302a300506032b656e032100"), out(32);
+        const Bytes point = from_hex(u);
+        der.insert(der.end(), point.begin(), point.end());
+        der.resize(44);
+        const std::string publicKey = read_der(der);
+        EXPECT_EQ(KEY_Agree(out.data(), 32, key.c_str(), publicKey.c_str(), 0), -BAD_KEY_ERROR) << u;
+        EXPECT_EQ(KEY_Check(publicKey.c_str(), 0), BAD_KEY_ERROR);
+    }
+}

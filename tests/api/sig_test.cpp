@@ -1,0 +1,254 @@
+#include <algorithm>
+#include <gtest/gtest.h>
+
+#include "support/key_calls.h"
+#include "support/temp_dir.h"
+
+using namespace test;
+
+namespace {
+
+const Bytes kData = {'d', 'a', 't', 'a'};
+
+Bytes joined(std::initializer_list<Bytes> parts) {
+    Bytes all;
+    for (const Bytes& part : parts)
+        all.insert(all.end(), part.begin(), part.end());
+    return all;
+}
+
+std::string key_of(const Vector& v) {
+    return read_der(joined({v.hex("Prefix"), v.hex("Key"), v.hex("Suffix")}));
+}
+
+} // namespace
+
+TEST(Signature, IsThatOfTheStandards) {
+    const TempDir dir;
+    for (const Vector& v : read_vectors("key/signatures.txt")) {
+        SCOPED_TRACE(v.where());
+        const std::string key = key_of(v), publicKey = public_of(key), algorithm = v.text("Algorithm");
+        const Bytes message = v.hex("Message"), signature = v.hex("Signature");
+        const int options = ZUL_SIG_RAW | ZUL_SIG_DETERMINISTIC;
+        EXPECT_EQ(sign_data(message, key, algorithm, options), signature);
+        EXPECT_EQ(verify_data(signature, message, publicKey, algorithm, ZUL_SIG_RAW), 0);
+        for (size_t i = 0; i < signature.size(); i += 7) {
+            Bytes bad = signature;
+            bad[i] ^= 0x10;
+            EXPECT_EQ(verify_data(bad, message, publicKey, algorithm, ZUL_SIG_RAW), SIGNATURE_ERROR) << i;
+        }
+        Bytes bad = signature;
+        bad.push_back(0);
+        EXPECT_EQ(verify_data(bad, message, publicKey, algorithm, ZUL_SIG_RAW), SIGNATURE_ERROR);
+        const std::string file = dir.write("message", message);
+        Bytes again(signature.size());
+        EXPECT_EQ(SIG_SignFile(again.data(), static_cast<int>(again.size()), file.c_str(), key.c_str(),
+                               algorithm.c_str(), options),
+                  static_cast<int>(again.size()));
+        EXPECT_EQ(again, signature);
+        EXPECT_EQ(SIG_VerifyFile(again.data(), static_cast<int>(again.size()), file.c_str(),
+                                 publicKey.c_str(), algorithm.c_str(), ZUL_SIG_RAW),
+                  0);
+    }
+}
+
+// r and s out of range, and encodings beside the one of DER, of a signature that is good.
+TEST(Signature, OfEcdsaHasOneForm) {
+    const struct {
+        const char *kind, *algorithm, *order;
+    } curves[] = {
+        {"p-256", "ecdsa-sha256", "ffffffff00000000ffffffffffffffffbce6faada7179e84f3b9cac2fc632551"},
+        {"p-384", "ecdsa-sha384",
+         "ffffffffffffffffffffffffffffffffffffffffffffffffc7634d81f4372ddf581a0db248b0a77aecec196accc52973"},
+        {"p-521", "ecdsa-sha512",
+         "01fffffffffffffffffffffffffffffffffffffffffffffffffffffffffffffffffa51868783bf2f966b7fcc0148f709a5d"
+         "03bb5"
+         "c9b8899c47aebb6fb71e91386409"}};
+    for (const auto& curve : curves) {
+        SCOPED_TRACE(curve.kind);
+        const std::string key = make_key(curve.kind);
+        const Bytes good = sign_data(kData, key, curve.algorithm, ZUL_SIG_RAW), order = from_hex(curve.order);
+        const auto half = static_cast<std::ptrdiff_t>(order.size());
+        const Bytes r(good.begin(), good.begin() + half), s(good.begin() + half, good.end()),
+            zero(order.size());
+        ASSERT_EQ(verify_data(good, kData, key, curve.algorithm, ZUL_SIG_RAW), 0);
+        for (const Bytes& bad : {joined({zero, s}), joined({r, zero}), joined({zero, zero}),
+                                 joined({order, s}), joined({r, order}), joined({s, r}), r, Bytes()})
+            EXPECT_EQ(verify_data(bad, kData, key, curve.algorithm, ZUL_SIG_RAW), SIGNATURE_ERROR)
+                << to_hex(bad);
+
+        const auto number = [](Bytes value) {
+            while (value.size() > 1 && value[0] == 0)
+                value.erase(value.begin());
+            if (value[0] >= 0x80)
+                value.insert(value.begin(), 0);
+            return joined({{2, static_cast<uint8_t>(value.size())}, value});
+        };
+        const auto sequence = [](const Bytes& content) {
+            const auto size = static_cast<uint8_t>(content.size());
+            return size < 0x80 ? joined({{0x30, size}, content}) : joined({{0x30, 0x81, size}, content});
+        };
+        const auto check = [&](const Bytes& der) { return verify_data(der, kData, key, curve.algorithm); };
+        const Bytes content = joined({number(r), number(s)}), der = sequence(content);
+        EXPECT_EQ(check(der), 0);
+        Bytes padded = number(r);
+        padded.insert(padded.begin() + 2, 0);
+        padded[1]++;
+        Bytes negative = number(joined({{0x80}, Bytes(r.begin() + 1, r.end())}));
+        negative.erase(negative.begin() + 2);
+        negative[1]--;
+        const Bytes longForm = der[1] == 0x81
+                                   ? joined({{0x30, 0x82, 0x00}, Bytes(der.begin() + 2, der.end())})
+                                   : joined({{0x30, 0x81}, Bytes(der.begin() + 1, der.end())});
+        for (const Bytes& bad :
+             {joined({der, {0}}), sequence(joined({content, {0}})), sequence(joined({content, {5, 0}})),
+              sequence(joined({padded, number(s)})), sequence(joined({negative, number(s)})), longForm,
+              joined({{0x30, 0x80}, content, {0, 0}}), sequence(number(r)),
+              sequence(joined({{2, 0}, number(s)})), Bytes(der.begin(), der.end() - 1),
+              joined({{0x31}, Bytes(der.begin() + 1, der.end())}),
+              sequence(joined({number(zero), number(s)})), sequence(joined({number(r), number(order)})),
+              Bytes()})
+            EXPECT_EQ(check(bad), SIGNATURE_ERROR) << to_hex(bad);
+    }
+}
+
+TEST(Signature, OfEd25519IsStrict) {
+    const Vectors vectors = read_vectors("key/signatures.txt");
+    for (const Vector& v : vectors) {
+        v.hex("Message");
+        if (v.text("Algorithm") != "ed25519")
+            continue;
+        const std::string key = key_of(v);
+        // S plus the order L.
+        const Bytes order = from_hex("edd3f55c1a631258d69cf7a2def9de1400000000000000000000000000000010");
+        Bytes bad = v.hex("Signature");
+        int carry = 0;
+        for (size_t i = 0; i < 32; i++) {
+            carry += bad[32 + i] + order[i];
+            bad[32 + i] = static_cast<uint8_t>(carry);
+            carry >>= 8;
+        }
+        EXPECT_EQ(verify_data(bad, {}, key, "ed25519"), SIGNATURE_ERROR);
+        EXPECT_EQ(verify_data(v.hex("Signature"), {}, key, "ed25519ph"), SIGNATURE_ERROR);
+    }
+    for (const Vector& v : vectors)
+        v.hex("Signature"), key_of(v);
+}
+
+TEST(Signature, OfPssHasTheVeryEncoding) {
+    // 1025 bits: the encoded message is a byte shorter than the modulus.
+    for (const char* kind : {"rsa-1024", "rsa-1025"}) {
+        SCOPED_TRACE(kind);
+        const std::string key = make_key(kind);
+        const char* const names[] = {"rsa-pss-sha256",
+                                     "rsa-pss-sha256;salt=20",
+                                     "rsa-pss-sha256;salt=max",
+                                     "rsa-pss-sha256;salt=0",
+                                     "rsa-pss-sha256;mgf=sha1",
+                                     "rsa-pss-sha384",
+                                     "RSA-PSS-SHA3-256",
+                                     "rsa-sha256",
+                                     "rsa-sha3-256",
+                                     "rsa-md5"};
+        for (const char* made : names) {
+            const Bytes signature = sign_data(kData, key, made);
+            for (const char* checked : names)
+                EXPECT_EQ(verify_data(signature, kData, key, checked), made == checked ? 0 : SIGNATURE_ERROR)
+                    << made << " as " << checked;
+        }
+        EXPECT_EQ(verify_data(sign_data(kData, key, ""), kData, key, "rsa-pss-sha-256;salt=32"), 0);
+
+        // Each damage is signed, so the block arrives as it was damaged.
+        Bytes block = sign_data(kData, key, "rsa-pss-sha256");
+        const auto size = static_cast<int>(block.size());
+        ASSERT_EQ(RSA_RawPublic(block.data(), size, public_of(key).c_str(), 0), 0);
+        const size_t front = kind[7] == '5' ? 1 : 0, separator = block.size() - 32 - 1 - 33;
+        const struct {
+            size_t at;
+            uint8_t change;
+            const char* what;
+        } damages[] = {{block.size() - 1, 0xBC ^ 0xCC, "trailer"},
+                       {front, 0x40, "first byte of the padding"},
+                       {separator - 3, 1, "padding"},
+                       {separator, 3, "separator"},
+                       {separator + 1, 1, "salt"},
+                       {block.size() - 2, 1, "hash"}};
+        for (const auto& damage : damages) {
+            Bytes bad = block;
+            bad[damage.at] ^= damage.change;
+            ASSERT_EQ(RSA_RawPrivate(bad.data(), size, key.c_str(), 0), 0);
+            EXPECT_EQ(verify_data(bad, kData, key, "rsa-pss-sha256"), SIGNATURE_ERROR) << damage.what;
+        }
+        ASSERT_EQ(RSA_RawPrivate(block.data(), size, key.c_str(), 0), 0);
+        EXPECT_EQ(verify_data(block, kData, key, "rsa-pss-sha256"), 0);
+        block.insert(block.begin(), 0);
+        EXPECT_EQ(verify_data(block, kData, key, "rsa-pss-sha256"), SIGNATURE_ERROR);
+    }
+}
+
+TEST(Signature, AlgorithmsAndKeysHaveToFit) {
+    const std::string rsa = make_key("rsa-1024"), ec = make_key("p-256"), ed = make_key("ed25519"),
+                      x = make_key("x25519");
+    const struct {
+        const std::string& key;
+        const char* algorithm;
+        int options, code;
+    } rows[] = {{rsa, "ecdsa-sha256", 0, BAD_KEY_ERROR},
+                {rsa, "rsa-pss-sha512", 0, BAD_KEY_LEN_ERROR},
+                {rsa, "rsa-pss-sha256;salt=95", 0, BAD_KEY_LEN_ERROR},
+                {rsa, "rsa-pss-sha256;salt=", 0, BAD_PARAM_ERROR},
+                {rsa, "rsa-pss-sha256;salt=1;salt=1", 0, BAD_PARAM_ERROR},
+                {rsa, "rsa-pss-sha256;", 0, BAD_PARAM_ERROR},
+                {rsa, "rsa-pss-sha256;mgf=crc", 0, NOT_SUPPORTED_ERROR},
+                {rsa, "rsa-sha256;salt=1", 0, NOT_SUPPORTED_ERROR},
+                {rsa, "rsa-", 0, NOT_SUPPORTED_ERROR},
+                {rsa, "rsa-pss-shake128", 0, NOT_SUPPORTED_ERROR},
+                {ec, "rsa-sha256", 0, BAD_KEY_ERROR},
+                {ec, "ed25519", 0, BAD_KEY_ERROR},
+                {ec, "ecdsa-md2", 0, NOT_SUPPORTED_ERROR},
+                {ec, "ecdsa", 0, NOT_SUPPORTED_ERROR},
+                {ec, "", 4, BAD_FLAG_ERROR},
+                {ed, "ecdsa-sha512", 0, BAD_KEY_ERROR},
+                {x, "", 0, BAD_KEY_ERROR},
+                {x, "ed25519", 0, BAD_KEY_ERROR}};
+    for (const auto& row : rows) {
+        int code = 0;
+        sign_data(kData, row.key, row.algorithm, row.options, &code);
+        EXPECT_EQ(code, row.code) << row.algorithm << " " << last_error();
+    }
+    int code = 0;
+    sign_data(kData, public_of(ec), "", 0, &code);
+    EXPECT_EQ(code, INVALID_DATA_ERROR);
+    EXPECT_EQ(SIG_Sign(nullptr, 0, nullptr, 1, ec.c_str(), "", 0), -BAD_PARAM_ERROR);
+    Bytes room(71);
+    EXPECT_EQ(SIG_Sign(nullptr, 0, nullptr, 0, ec.c_str(), "", 0), 72);
+    EXPECT_EQ(SIG_Sign(room.data(), 71, nullptr, 0, ec.c_str(), "", 0), -SHORT_BUF_ERROR);
+    EXPECT_NE(sign_data(kData, ec, ""), sign_data(kData, ec, "")); // 32 random bytes
+    EXPECT_EQ(sign_data(kData, ec, "", ZUL_SIG_DETERMINISTIC),
+              sign_data(kData, ec, "", ZUL_SIG_DETERMINISTIC));
+}
+
+TEST(Signature, OfADigestIsThatOfTheData) {
+    Bytes digest(64), signature(200);
+    HASH_Bytes(digest.data(), 64, kData.data(), 4, ZUL_HASH_SHA512);
+    for (const char* kind : {"rsa-1024", "p-521", "ed25519"}) {
+        const std::string key = make_key(kind);
+        const char* const name = *kind == 'r' ? "rsa-sha512" : *kind == 'p' ? "ecdsa-sha512" : "ed25519ph";
+        const int length =
+            SIG_SignDigest(signature.data(), 200, digest.data(), 64, key.c_str(), name, ZUL_SIG_RAW);
+        ASSERT_GT(length, 0) << last_error();
+        EXPECT_EQ(SIG_Verify(signature.data(), length, kData.data(), 4, key.c_str(), name, ZUL_SIG_RAW), 0);
+        EXPECT_EQ(
+            SIG_VerifyDigest(signature.data(), length, digest.data(), 64, key.c_str(), name, ZUL_SIG_RAW), 0);
+        EXPECT_EQ(
+            SIG_VerifyDigest(signature.data(), length, digest.data(), 63, key.c_str(), name, ZUL_SIG_RAW),
+            BAD_LENGTH_ERROR);
+    }
+    EXPECT_EQ(SIG_SignDigest(signature.data(), 200, digest.data(), 64, make_key("ed25519").c_str(), "", 0),
+              -NOT_SUPPORTED_ERROR);
+    const TempDir dir;
+    for (const char* kind : {"p-256", "ed25519"})
+        EXPECT_EQ(
+            SIG_SignFile(signature.data(), 200, dir.file("none").c_str(), make_key(kind).c_str(), "", 0),
+            -OPEN_ERROR);
+}
