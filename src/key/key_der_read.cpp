@@ -82,6 +82,14 @@ int read_point(Key& key, const uint8_t* bytes, size_t size) {
     return isGood ? 0 : err_fail(BAD_KEY_ERROR, "Not a valid public key of %s", key_kind_info(key.kind).name);
 }
 
+// finish_rsa refuses exponents with which anybody makes signatures or that no private key has.
+int finish_rsa(const Key& key) {
+    const MtNumber* const e = key.rsa->e;
+    return mtShortCmp(e, 3) >= 0 && (e->digits[0] & 1) != 0
+               ? 0
+               : err_fail(BAD_KEY_ERROR, "The exponent of the RSA key is 1 or even");
+}
+
 // read_public_bits takes the content of the BIT STRING, of whole bytes.
 int read_public_bits(Key& key, const uint8_t* content, size_t size) {
     if (size < 2 || content[0] != 0)
@@ -91,7 +99,7 @@ int read_public_bits(Key& key, const uint8_t* content, size_t size) {
     AsnList list;
     if (!key_parse(content + 1, size - 1, list) || !rsa_read_public_key(list.head(), key.rsa.emplace()))
         return bad_format("RSA public key");
-    return 0;
+    return finish_rsa(key);
 }
 
 int read_bit_string(Key& key, const asn_Node* bits) {
@@ -161,7 +169,7 @@ int read_rsa_private(Key& key, const asn_Node* list) {
     key.isPrivate = true;
     if (!rsa_read_private_key(list, key.rsa.emplace()))
         return err_fail(BAD_FORMAT_ERROR, "Not a valid RSA private key");
-    return 0;
+    return finish_rsa(key);
 }
 
 // The content of the OCTET STRING; *bits those of the public key beside it, or null.
@@ -258,7 +266,7 @@ int key_read_structure(const asn_Node* list, Key& key) {
     case KeyShape::rsaPublic:
         key.kind = KeyKind::rsa;
         key.isPrivate = false;
-        return rsa_read_public_key(list, key.rsa.emplace()) ? 0 : bad_format("RSA public key");
+        return rsa_read_public_key(list, key.rsa.emplace()) ? finish_rsa(key) : bad_format("RSA public key");
     case KeyShape::ecPrivate:
         return read_ec_private(key, list, false);
     case KeyShape::signedObject:

@@ -15,11 +15,9 @@
 #include "pbe/kdf.h"
 #include "pbe/pbe.h"
 #include "pbe/pbe_params.h"
+#include "pbe/scrypt.h"
 #include "rng/rng.h"
 #include "zulcore.h"
-#if __has_include("pbe/scrypt.h")
-#include "pbe/scrypt.h"
-#endif
 
 namespace zul {
 namespace {
@@ -29,18 +27,6 @@ constexpr size_t kSalt = 16;
 int bad_format() {
     return err_fail(BAD_FORMAT_ERROR, "Invalid scrypt parameters");
 }
-
-#if __has_include("pbe/scrypt.h")
-int derive_scrypt(Secret<kMaxCipherKey>& key, size_t size, const char* password, const uint8_t* salt,
-                  size_t saltLen, uint64_t n, uint64_t r, uint64_t p) {
-    return scrypt(key.data(), size, password, strlen(password), salt, saltLen, {n, r, p});
-}
-#else
-int derive_scrypt(Secret<kMaxCipherKey>&, size_t, const char*, const uint8_t*, size_t, uint64_t, uint64_t,
-                  uint64_t) {
-    return err_fail(NOT_SUPPORTED_ERROR, "scrypt not supported");
-}
-#endif
 
 AsnList number(uint64_t value) {
     uint8_t bytes[8];
@@ -125,8 +111,8 @@ int decrypt_scrypt(SecretBuffer& data, const asn_Node* algorithm, const char* pa
     if (const int error = read_scrypt(params, algorithm))
         return error;
     Secret<kMaxCipherKey> key;
-    if (const int error = derive_scrypt(key, params.cipher->keyLength, password, params.salt.data(),
-                                        params.salt.size(), params.n, params.r, params.p))
+    if (const int error = scrypt(key.data(), params.cipher->keyLength, password, strlen(password),
+                                 params.salt.data(), params.salt.size(), {params.n, params.r, params.p}))
         return error;
     const size_t block = params.cipher->blockLength;
     CipherContext context;
@@ -151,8 +137,8 @@ int key_encrypt(AsnList& list, const SecretBuffer& plain, const char* password,
     if (encryption.kdf == KeyKdf::pbkdf2) {
         pbkdf2(key.data(), cipher.keyLength, encryption.digest, password, strlen(password), salt, sizeof salt,
                encryption.iterations);
-    } else if (const int error = derive_scrypt(key, cipher.keyLength, password, salt, sizeof salt,
-                                               encryption.n, encryption.r, encryption.p)) {
+    } else if (const int error = scrypt(key.data(), cipher.keyLength, password, strlen(password), salt,
+                                        sizeof salt, {encryption.n, encryption.r, encryption.p})) {
         return error;
     }
     const size_t padding = pad_bytes_needed(plain.size(), cipher.blockLength);

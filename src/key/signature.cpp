@@ -161,7 +161,7 @@ int sign_ed25519(SecretBuffer& signature, const Key& key, const SignatureAlgorit
     signature = SecretBuffer(kEd25519Signature);
     return ed25519_sign(signature.data(), key.secret.data(), key.point, message.message(), message.form())
                ? 0
-               : READ_ERROR;
+               : input.feed_error();
 }
 
 int check_ed25519(const uint8_t* signature, size_t size, const Key& key, const SignatureAlgorithm& algorithm,
@@ -173,7 +173,7 @@ int check_ed25519(const uint8_t* signature, size_t size, const Key& key, const S
     const bool isGood = size == kEd25519Signature &&
                         ed25519_verify(signature, key.point, message.message(), message.form(), &isUnread);
     if (isUnread)
-        return READ_ERROR;
+        return input.feed_error();
     return isGood ? 0 : no_signature();
 }
 

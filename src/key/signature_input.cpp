@@ -70,13 +70,8 @@ bool SignatureFile::feed(Sha512Context& digest) {
     wasFed_ = true;
     if (error == 0 && !isSame)
         err_add_text("File '%s' has changed while it was read", shown_name(path_));
+    feedError_ = error != 0 ? error : READ_ERROR;
     return error == 0 && isSame;
-}
-
-int SignatureFile::whole_error() {
-    return File(path_, platform::OpenMode::read).is_open()
-               ? 0
-               : err_fail(OPEN_ERROR, "Cannot open file '%s'", shown_name(path_));
 }
 
 } // namespace zul

@@ -5,6 +5,7 @@
 #include "frame/memory.h"
 #include "hash/digest.h"
 #include "hash/sha256.h"
+#include "zulcore.h"
 
 // What is signed: bytes, a file, or a digest.
 namespace zul {
@@ -15,6 +16,8 @@ class SignatureInput : public Ed25519Message {
     [[nodiscard]] virtual int digest(uint8_t* out, int algorithm) = 0;
     // whole_error is a code with a text if there is no whole message to feed, else 0.
     [[nodiscard]] virtual int whole_error() { return 0; }
+    // feed_error is the code of a feed that failed, whose text is there already.
+    [[nodiscard]] virtual int feed_error() const { return READ_ERROR; }
 
   protected:
     ~SignatureInput() = default;
@@ -50,13 +53,14 @@ class SignatureFile final : public SignatureInput {
     explicit SignatureFile(const char* path) : path_(path) {}
     int digest(uint8_t* out, int algorithm) override;
     bool feed(Sha512Context& digest) override;
-    int whole_error() override;
+    int feed_error() const override { return feedError_; }
 
   private:
     template<class Take>
     int read(Take take);
 
     const char* path_;
+    int feedError_ = READ_ERROR;
     bool wasFed_ = false;
     uint8_t fed_[kSha256Size]{};
 };
