@@ -84,8 +84,7 @@ int read_point(Key& key, const uint8_t* bytes, size_t size) {
 
 // finish_rsa refuses exponents with which anybody makes signatures or that no private key has.
 int finish_rsa(const Key& key) {
-    const MtNumber* const e = key.rsa->e;
-    return mtShortCmp(e, 3) >= 0 && (e->digits[0] & 1) != 0
+    return rsa_exponent_is_safe(*key.rsa)
                ? 0
                : err_fail(BAD_KEY_ERROR, "The exponent of the RSA key is 1 or even");
 }
