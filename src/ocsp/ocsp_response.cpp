@@ -133,7 +133,7 @@ int add_basic_response(char report[kOcspReport], const BasicResponse& basic, con
     AsnChildren responseData(AsnChildren(basic.der.head()).take_sequence());
     if (const int error = add_produced_at(report, responseData))
         return error;
-    if (issuerCert != nullptr && *issuerCert != '\0')
+    if (!is_missing(issuerCert))
         if (const int error = basic.verify(issuerCert, responseFile))
             return err_fail(error, "Signature is invalid");
     const asn_Node* responses = responseData.take_sequence();

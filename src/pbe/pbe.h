@@ -6,7 +6,6 @@
 // structures. The DER is not interpreted; decrypted bytes have to be one SEQUENCE.
 namespace zul {
 
-// Bits of an options word that choose a scheme are those of RSA_SaveEncPrivateKey.
 struct PbeParams;
 
 // PbeContext owns the parameters of one operation, password and IV among them, and wipes them.
@@ -22,8 +21,9 @@ class PbeContext {
     PbeParams* params_;
 };
 
-// pbe_setup chooses the scheme for encryption: 0 or a positive code: BAD_PARAM_ERROR (no password),
-// BAD_LENGTH_ERROR, or OUT_OF_RANGE_ERROR with a text (more iterations than pbe_decrypt takes).
+// pbe_setup chooses the scheme for encryption; options are those of RSA_SaveEncPrivateKey. 0 or a positive
+// code: BAD_PARAM_ERROR (no password), BAD_LENGTH_ERROR, or OUT_OF_RANGE_ERROR with a text (more iterations
+// than pbe_decrypt takes).
 [[nodiscard]] int pbe_setup(PbeContext& context, const char* password, int iterationCount, int options);
 
 // pbe_encrypt gives an EncryptedPrivateKeyInfo for the plain DER; empty, with a text, if it cannot.

@@ -15,8 +15,7 @@ struct RsaGeneration {
 };
 
 // rsaGenerateKeys fills a key and tests it: 0, NULL_ERROR, OUT_OF_RANGE_ERROR, KEYGEN_FAILED_ERROR with a
-// text, or the code of rsaPairwiseTest. After KEYGEN_FAILED_ERROR the flags of the key
-// are 0.
+// text, or the code of rsaPairwiseTest. After KEYGEN_FAILED_ERROR the flags of the key are 0.
 [[nodiscard]] int rsaGenerateKeys(RsaKey* key, const RsaGeneration& generation);
 
 } // namespace zul

@@ -10,8 +10,7 @@ namespace zul {
 // - BAD_PARAM_ERROR: the key lacks the part, or cannot be computed with;
 // - OUT_OF_RANGE_ERROR: the number is not below n;
 // - TEST_FAILED_ERROR: the CRT result of rsaPrivate is wrong, because the key's values contradict each other
-// or
-//   the computation was disturbed. No unverified CRT result is given out.
+//   or the computation was disturbed. No unverified CRT result is given out.
 [[nodiscard]] int rsaPublic(const RsaKey* key, uint8_t* output, size_t* outlen, const uint8_t* input,
                             size_t inlen);
 [[nodiscard]] int rsaPrivate(const RsaKey* key, uint8_t* output, size_t* outlen, const uint8_t* input,

@@ -1,4 +1,5 @@
 #include "frame/call_frame.h"
+#include "frame/text.h"
 #include "rsa/rsa_key_string.h"
 #include "x509/fields/certificate.h"
 #include "x509/fields/subject_public_key.h"
@@ -23,10 +24,10 @@ int public_key_string(char* out, int outChars, const char* certFile) {
 
 } // namespace
 
-// It reads a certificate, which the other readers of keys know nothing of.
+// This export stands here because src/rsa does not know certificates.
 int RSA_GetPublicKeyFromCert(char* szOutput, int nOutChars, const char* szFileOrText) {
     CallFrame frame;
-    if (szFileOrText == nullptr || *szFileOrText == '\0')
+    if (is_missing(szFileOrText))
         return frame.length(-BAD_PARAM_ERROR);
     return frame.length(public_key_string(szOutput, nOutChars, szFileOrText));
 }

@@ -41,7 +41,7 @@ int encrypt_key(const RsaKey& recipient, const ContentKey& key, size_t keyLength
 // certificate whose key cannot be used.
 AsnList recipient_info(const char* cert, const ContentKey& key, size_t keyLength) {
     AsnList certificate; // empty, and so without fields, if it cannot be read
-    x509_read_certificate(cert, certificate);
+    static_cast<void>(x509_read_certificate(cert, certificate));
     const CertificateFields fields = certificate_fields(certificate.head());
     AsnList identifier = issuer_and_serial_number(fields);
     RsaKey publicKey;

@@ -9,6 +9,7 @@
 #include "cms/enveloped/enveloped_data.h"
 #include "cms/message/certificate_identifier.h"
 #include "frame/err.h"
+#include "frame/text.h"
 #include "rsa/rsa_der.h"
 #include "rsa/rsa_key_string.h"
 #include "x509/fields/subject_public_key.h"
@@ -145,7 +146,7 @@ int open_enveloped_data(const char* fileOrText, const char* cert, const char* pr
     RsaKey key;
     if (const int error = rsa_open_private(privateKey, key))
         return err_fail(error, "Invalid Private Key");
-    if (cert == nullptr || *cert == '\0')
+    if (is_missing(cert))
         return open_message(fileOrText, nullptr, key, content);
     AsnList certificate;
     if (const int error = x509_read_certificate(cert, certificate))

@@ -3,8 +3,8 @@
 
 namespace zul {
 
-// CertificateArguments takes a list of certificate arguments apart at its ";". Blanks around one are left
-// out, what follows the tenth is too, and so is nothing behind a last ";".
+// CertificateArguments splits a list of certificate arguments at its ";". Blanks around an argument are left
+// out, as are all arguments after the tenth and an empty one after the last ";".
 class CertificateArguments {
   public:
     static constexpr int kMaxCount = 10;

@@ -6,19 +6,19 @@
 
 namespace zul {
 
-// IdentifierDigest stands for a SignerIdentifier or RecipientIdentifier (RFC 5652, 5.3 and 6.2.1): those that
-// say the same, in whatever encoding, have the same. It is compared in no time, however long they are.
+// IdentifierDigest stands for a SignerIdentifier or RecipientIdentifier (RFC 5652, 5.3 and 6.2.1): equal
+// identifiers have equal digests, whatever their encoding. Long identifiers cost no more to compare.
 struct IdentifierDigest {
-    uint8_t octets[32] = {}; // of zeros only: names nothing
+    uint8_t octets[32] = {}; // all zero: no certificate
 
     explicit operator bool() const { return *this != IdentifierDigest(); }
     auto operator<=>(const IdentifierDigest&) const = default;
 };
 
-// identifier_digest takes an IssuerAndSerialNumber or [0] subjectKeyIdentifier; anything else names nothing.
+// identifier_digest takes an IssuerAndSerialNumber or [0] subjectKeyIdentifier; anything else gives zeros.
 IdentifierDigest identifier_digest(const asn_Node* identifier);
 
-// CertificateIdentifiers are the two identifiers of a certificate, those that it has.
+// CertificateIdentifiers are the identifiers of a certificate. One that it lacks is zero.
 struct CertificateIdentifiers {
     explicit CertificateIdentifiers(const CertificateFields& certificate);
 

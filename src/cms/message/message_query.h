@@ -36,7 +36,7 @@ inline bool is_enveloped_data_query(MessageQuery query) {
     return query == MessageQuery::version || query >= MessageQuery::countOfRecipients;
 }
 
-// QueryAnswer takes the answer for a caller: a number, or a text that goes to his room.
+// QueryAnswer takes the answer for a caller: a number, or a text written into the caller's buffer.
 class QueryAnswer {
   public:
     QueryAnswer(char* out, int room) : out_(out), room_(room) {}

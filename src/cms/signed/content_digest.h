@@ -8,9 +8,9 @@ class OctetContent;
 // content_digest digests a content piece by piece: 0, or READ_ERROR with a text.
 [[nodiscard]] int content_digest(OctetContent& content, int algorithm, uint8_t* digest);
 
-// is_attribute_set tells whether a content is the encoding of signed attributes (RFC 5652, 5.3). The
-// signature of such attributes is also one of them as content without signed attributes, which the signer
-// never saw.
+// is_attribute_set tells whether a content is the encoding of signed attributes (RFC 5652, 5.3). A
+// signature over such attributes is also valid for a message that has them as its content and no signed
+// attributes. The signer never signed that message.
 bool is_attribute_set(OctetContent& content);
 
 } // namespace zul

@@ -12,7 +12,7 @@ AsnList attribute(const char* type, AsnList value) {
     return asn_NewSequence(asn_LinkList(asn_NewOid(type), asn_NewSet(std::move(value))));
 }
 
-// What readers have been told since the first version, in this order.
+// The list and its order are those of all versions: readers rely on them.
 AsnList smime_capabilities() {
     static const char* const kNames[] = {"des-EDE3-CBC", "sha1WithRSAEncryption", "sha-1WithRSAEncryption",
                                          "md5WithRSAEncryption", "rsaEncryption"};

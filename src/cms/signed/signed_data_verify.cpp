@@ -10,6 +10,7 @@
 #include "cms/signed/signer_check.h"
 #include "encode/hex.h"
 #include "frame/err.h"
+#include "frame/text.h"
 #include "hash/digest.h"
 #include "x509/fields/certificate.h"
 #include "zulcore.h"
@@ -31,7 +32,7 @@ int digests_differ() {
 }
 
 int read_given_digest(const char* hex, Digest& given) {
-    if (hex == nullptr || *hex == '\0')
+    if (is_missing(hex))
         return 0;
     given.size = hex_decoded_length(hex);
     if (given.size == 0 || given.size > sizeof given.bytes)

@@ -5,6 +5,7 @@
 #include "cms/message/certificate_identifier.h"
 #include "cms/signed/signed_data.h"
 #include "frame/err.h"
+#include "frame/text.h"
 #include "x509/input/x509_input.h"
 #include "zulcore.h"
 
@@ -89,8 +90,7 @@ int match_carried(const SignedData& message, SignerMatch& match) {
 } // namespace
 
 int find_signer(const SignedData& message, const char* cert, SignerMatch& match) {
-    const bool isGiven = cert != nullptr && *cert != '\0';
-    return isGiven ? match_given(message, cert, match) : match_carried(message, match);
+    return is_missing(cert) ? match_carried(message, match) : match_given(message, cert, match);
 }
 
 } // namespace zul

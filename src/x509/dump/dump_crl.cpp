@@ -5,7 +5,7 @@
 namespace zul {
 namespace {
 
-int put_time(DumpOutput& out, const char* label, const char* time) {
+[[nodiscard]] int put_time(DumpOutput& out, const char* label, const char* time) {
     if (*time == '\0')
         return err_fail(BAD_FORMAT_ERROR, "Missing time field in CRL");
     out.put(label, time, "\n");
@@ -43,7 +43,7 @@ int dump_crl(DumpOutput& out, CrlReader& crl) {
     if (const int error = put_time(out, "This Update: ", crl.thisUpdate()))
         return error;
     if (*crl.nextUpdate() != '\0')
-        put_time(out, "Next Update: ", crl.nextUpdate());
+        static_cast<void>(put_time(out, "Next Update: ", crl.nextUpdate()));
     if (const int error = put_entries(out, crl))
         return error;
     if (crl.finish() != 0)

@@ -40,7 +40,7 @@ bool same_name(const asn_Node* a, const asn_Node* b);
 
 // certificate_version gives 1 if the certificate does not say, -BAD_FORMAT_ERROR with a text for an invalid
 // version.
-int certificate_version(const CertificateFields& certificate);
+[[nodiscard]] int certificate_version(const CertificateFields& certificate);
 
 // issuer_and_serial_number makes the SEQUENCE { issuer, serialNumber } of CMS (RFC 5652, 10.2.4); empty if
 // the certificate lacks one of them.

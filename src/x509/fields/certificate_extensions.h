@@ -18,15 +18,15 @@ uint32_t key_usage_flags(const CertificateFields& certificate); // named bit n i
 size_t key_usage_text(uint32_t flags, char out[kKeyUsageText + 1]);
 // extended_key_usage_text joins the names or dotted forms of the purposes by ",": 0, or INVALID_DATA_ERROR
 // with a text if one has neither, since the others alone would say something else.
-int extended_key_usage_text(const CertificateFields& certificate, SecretBuffer& text);
+[[nodiscard]] int extended_key_usage_text(const CertificateFields& certificate, SecretBuffer& text);
 
 SecretBuffer subject_key_identifier(const CertificateFields& certificate); // its octets
 SecretBuffer authority_key_identifier(const CertificateFields& certificate);
 
 // The first entry of its kind as text: 0, or INVALID_DATA_ERROR with a text if it holds a zero byte, which
 // would show a reader another name than the certificate has.
-int rfc822_name(const CertificateFields& certificate, SecretBuffer& text);
-int crl_distribution_point_uri(const CertificateFields& certificate, SecretBuffer& text);
-int authority_info_access_uri(const CertificateFields& certificate, SecretBuffer& text);
+[[nodiscard]] int rfc822_name(const CertificateFields& certificate, SecretBuffer& text);
+[[nodiscard]] int crl_distribution_point_uri(const CertificateFields& certificate, SecretBuffer& text);
+[[nodiscard]] int authority_info_access_uri(const CertificateFields& certificate, SecretBuffer& text);
 
 } // namespace zul

@@ -27,7 +27,7 @@ class CertificateBundle {
 
     // open finds the set in a ContentInfo or a bare SignedData: 0, or BAD_FORMAT_ERROR without a text if the
     // source, which stays open as long as the bundle, holds no SignedData.
-    int open(DerSource& source);
+    [[nodiscard]] int open(DerSource& source);
     // open_set takes the set whose content the stream is at, and leaves the stream at its end: false if it is
     // malformed.
     bool open_set(ByteStream& stream, const AsnScope& scope);

@@ -7,25 +7,25 @@
 namespace zul {
 
 // DerSource is the encoding that a certificate argument (x509_input.h) holds or names, as a stream: a file
-// of DER is read as it is used, never whole; text is decoded into memory, and so is all that has no length (a
-// pipe), which can be read only once. A function that reads an argument twice uses one source: a second
-// opening may give something else.
+// of DER is read piece by piece as it is used; text is decoded into memory. A pipe, which can be read only
+// once, is read into memory too. A function that reads an argument twice uses one source, because the file
+// may be another when it is opened again.
 class DerSource {
   public:
     // open gives 0 or a positive code with a text. The first header must be that of a SEQUENCE; the
     // rest is left to the reader.
-    int open(const char* fileOrText);
+    [[nodiscard]] int open(const char* fileOrText);
     // open_text takes text alone: base64 of more than 256 characters, or a PEM block.
     bool open_text(const char* text);
     // open_file takes the argument as the name of a file.
-    int open_file(const char* path);
+    [[nodiscard]] int open_file(const char* path);
 
     // load reads a file of at most max bytes into memory, where it can be read twice: false if it is longer,
     // or in memory already.
     bool load(size_t max);
     bool is_in_memory() const { return !decoded_.empty(); }
     // read_result gives READ_ERROR with a text in place of an error that a failed read has caused.
-    int read_result(int error) const;
+    [[nodiscard]] int read_result(int error) const;
 
     bool is_text() const { return isText_; }  // the argument itself, rather than a file
     ByteStream& stream() { return *stream_; } // at its beginning, where the object is, after open
@@ -34,7 +34,7 @@ class DerSource {
     bool open_b64(const char* text, size_t size);
     bool open_pem(const char* text, size_t size);
 
-    int parse_file();
+    [[nodiscard]] int parse_file();
 
     bool isText_ = false, isReadError_ = false;
     SecretBuffer decoded_; // or read from a pipe

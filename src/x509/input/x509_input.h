@@ -13,8 +13,8 @@ constexpr size_t kMaxX509Object = 1 << 23; // bytes of one object that is read w
 constexpr int kX509NameLevel = 2;          // of the Names in certificates and requests, which are packed
 
 // x509_read_object gives 0 or a positive code with a text: OPEN_ERROR, READ_ERROR, INVALID_DATA_ERROR.
-int x509_read_object(const char* fileOrText, AsnList& object);
-int x509_read_object(DerSource& source, AsnList& object);
+[[nodiscard]] int x509_read_object(const char* fileOrText, AsnList& object);
+[[nodiscard]] int x509_read_object(DerSource& source, AsnList& object);
 // x509_object_from_text takes text alone; false, without a text, if it holds no object.
 bool x509_object_from_text(const char* text, AsnList& object);
 
@@ -22,9 +22,9 @@ bool x509_object_from_text(const char* text, AsnList& object);
 bool x509_parse_source(DerSource& source, AsnList& object);
 
 // x509_read_certificate and x509_read_request give only an object of that kind, else BAD_FORMAT_ERROR.
-int x509_read_certificate(const char* fileOrText, AsnList& certificate);
-int x509_read_certificate(DerSource& source, AsnList& certificate);
-int x509_read_request(const char* fileOrText, AsnList& request);
+[[nodiscard]] int x509_read_certificate(const char* fileOrText, AsnList& certificate);
+[[nodiscard]] int x509_read_certificate(DerSource& source, AsnList& certificate);
+[[nodiscard]] int x509_read_request(const char* fileOrText, AsnList& request);
 
 // x509_read_signature reads the algorithm and the signature (perhaps in segments) behind what is signed, and
 // leaves the object: false for anything else, and for more bytes than any signature has.

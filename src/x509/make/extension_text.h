@@ -14,11 +14,11 @@ struct CertificateText {
     SecretBuffer subjectKeyIdentifier; // bytes
     std::optional<SecretBuffer> notBefore, notAfter;
 };
-int read_certificate_text(const char* text, CertificateText& result); // text may be null
+[[nodiscard]] int read_certificate_text(const char* text, CertificateText& result); // text may be null
 
 struct CrlText {
     std::optional<SecretBuffer> thisUpdate, nextUpdate;
 };
-int read_crl_text(const char* text, CrlText& result); // text may be null
+[[nodiscard]] int read_crl_text(const char* text, CrlText& result); // text may be null
 
 } // namespace zul

@@ -13,7 +13,7 @@ bool argument_opens(const char* fileOrText, size_t longestName);
 
 // Both give 0 or a positive code with a text. A public key may also be the public part of a private key
 // string; an encrypted private key may also be a private key string, which needs no password.
-int read_public_key(const char* fileOrText, RsaKey& key);
-int read_signing_key(const char* fileOrText, const char* password, RsaKey& key);
+[[nodiscard]] int read_public_key(const char* fileOrText, RsaKey& key);
+[[nodiscard]] int read_signing_key(const char* fileOrText, const char* password, RsaKey& key);
 
 } // namespace zul

@@ -16,12 +16,12 @@ struct CertificateOrder {
     const char* password;
     int options;
 };
-int make_certificate(const CertificateOrder& order);
+[[nodiscard]] int make_certificate(const CertificateOrder& order);
 
-int make_request(const char* reqFile, const char* privateKey, const char* distName, const char* password,
-                 int options);
+[[nodiscard]] int make_request(const char* reqFile, const char* privateKey, const char* distName,
+                               const char* password, int options);
 
-int make_crl(const char* crlFile, const char* issuerCert, const char* issuerKey, const char* password,
-             const char* certList, const char* extensions, int options);
+[[nodiscard]] int make_crl(const char* crlFile, const char* issuerCert, const char* issuerKey,
+                           const char* password, const char* certList, const char* extensions, int options);
 
 } // namespace zul

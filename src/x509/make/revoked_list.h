@@ -5,6 +5,6 @@ namespace zul {
 
 // read_revoked_list makes the entries of a CRL (RFC 5280, 5.1.2.6) of a text: serial numbers and dates in
 // turn, separated by ";", "," or "=". 0, or BAD_FORMAT_ERROR with a text. Null or blank text has no entries.
-int read_revoked_list(const char* text, AsnList& entries);
+[[nodiscard]] int read_revoked_list(const char* text, AsnList& entries);
 
 } // namespace zul

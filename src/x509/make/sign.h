@@ -6,6 +6,6 @@ namespace zul {
 
 // x509_sign makes the SEQUENCE { toBeSigned, AlgorithmIdentifier, BIT STRING } with an RSA key and a name
 // that rsa_signature_algorithm gives: 0 or SIGNATURE_ERROR, without a text.
-int x509_sign(AsnList toBeSigned, const char* algorithm, const RsaKey& key, AsnList& object);
+[[nodiscard]] int x509_sign(AsnList toBeSigned, const char* algorithm, const RsaKey& key, AsnList& object);
 
 } // namespace zul

@@ -15,6 +15,6 @@ int name_encode(const char* text, int options, AsnList& name);
 
 // name_print does so into a caller's room, cutting what does not fit: its length, the whole length without
 // output or room, or a negated code.
-int name_print(const asn_Node* name, char* out, int nChars, const char* delimiter, int options);
+[[nodiscard]] int name_print(const asn_Node* name, char* out, int nChars, const char* delimiter, int options);
 
 } // namespace zul

@@ -26,7 +26,7 @@ enum class CertificateQuery : int {
 };
 
 // find_query matches a query's words: its number, or -BAD_QUERY_ERROR.
-int find_query(const char* query);
+[[nodiscard]] int find_query(const char* query);
 constexpr int kQueryNumber = 1, kQueryText = 2;
 int query_type(CertificateQuery query);
 
@@ -36,7 +36,7 @@ int query_type(CertificateQuery query);
 // query_certificate evaluates a query of a certificate argument. A number is the result; a text is written
 // as exports do and its length returned; a failure is a negated code. Names take the delimiter and
 // ZUL_X509_LATIN1 as name_print does.
-int query_certificate(char* out, int nChars, const char* certFile, CertificateQuery query, int options,
-                      const char* delimiter = nullptr);
+[[nodiscard]] int query_certificate(char* out, int nChars, const char* certFile, CertificateQuery query,
+                                    int options, const char* delimiter = nullptr);
 
 } // namespace zul

@@ -4,10 +4,10 @@ namespace zul {
 
 // certificate_string writes a certificate argument's DER as base64 in one line: its length, also without
 // output or room, or a negated code, SHORT_BUF_ERROR if it does not fit.
-int certificate_string(char* out, int nChars, const char* certFile);
+[[nodiscard]] int certificate_string(char* out, int nChars, const char* certFile);
 
-// save_certificate_string writes a certificate given as base64, in lines or PEM if one likes, to a file: 0 or
+// save_certificate_string writes a certificate given as PEM or base64, which may be in lines, to a file: 0 or
 // a positive code with a text. options: ZUL_X509_FORMAT_PEM.
-int save_certificate_string(const char* path, const char* text, int options);
+[[nodiscard]] int save_certificate_string(const char* path, const char* text, int options);
 
 } // namespace zul

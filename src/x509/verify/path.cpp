@@ -11,6 +11,7 @@
 #include "frame/err.h"
 #include "frame/memory.h"
 #include "frame/slice.h"
+#include "frame/text.h"
 #include "x509/fields/certificate.h"
 #include "x509/fields/thumbprint.h"
 #include "x509/input/certificate_bundle.h"
@@ -43,7 +44,7 @@ bool is_same(const Link& a, const Link& b) {
     return same_name(a.fields.issuer, b.fields.issuer) && same_name(a.fields.subject, b.fields.subject);
 }
 
-// ItemReader takes a text of items apart at its ";". Items that are empty are passed over.
+// ItemReader splits a text at its ";". Empty items are skipped.
 class ItemReader {
   public:
     explicit ItemReader(const char* text) : rest_(text) {}
@@ -222,7 +223,7 @@ int Path::verify() const {
 int validate_path(const char* certList, const char* trustedCert, int options) {
     Path path(options == 0);
     int error = 0;
-    if (trustedCert != nullptr && *trustedCert != '\0')
+    if (!is_missing(trustedCert))
         error = path.read_trusted(trustedCert);
     if (error == 0)
         error = path.read_list(certList);
