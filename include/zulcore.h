@@ -1200,9 +1200,9 @@ ZUL_API int CIPHER_Begin(void* lpContext, int nContextLen, int fEncrypt, const u
 ZUL_API int CIPHER_Add(unsigned char* lpOutput, int nOutBytes, void* lpContext, const unsigned char* lpInput,
                        int nInputLen);
 /* CIPHER_End writes the end, at most a block, and wipes the context.
- * Length in bytes. Query with a null lpOutput alone: the most that it may write. -BAD_LENGTH_ERROR: the data was no whole number of
- * blocks; -DECRYPT_ERROR: a damaged pad, or a wrong key; -SHORT_BUF_ERROR, and the context as before;
- * -INVALID_DATA_ERROR. */
+ * Length in bytes. Query with a null lpOutput alone: the most that it may write. -BAD_LENGTH_ERROR: the data
+ * was no whole number of blocks; -DECRYPT_ERROR: a damaged pad, or a wrong key; -SHORT_BUF_ERROR, and the
+ * context as before; -INVALID_DATA_ERROR. */
 ZUL_API int CIPHER_End(unsigned char* lpOutput, int nOutBytes, void* lpContext);
 
 /* --- AEAD_: authenticated encryption (RFC 5116) ------------------------------------------------------- */
