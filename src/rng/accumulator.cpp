@@ -94,10 +94,12 @@ void digest_piece(void* context, const void* data, size_t size) {
     sha1_update(*static_cast<Sha1Context*>(context), data, size);
 }
 
-// read_slowly takes the readings that need files and system calls. They change little within one tick.
+// read_slowly takes the readings that need files and system calls. They cost as much as a signature, and
+// change little for a while.
 void read_slowly(SlowReadings& slow) {
+    constexpr uint32_t kWhile = 64; // milliseconds
     const uint32_t ticks = platform::tick_count();
-    if (slow.taken && slow.ticks == ticks)
+    if (slow.taken && ticks - slow.ticks < kWhile)
         return;
     slow.taken = true;
     slow.ticks = ticks;

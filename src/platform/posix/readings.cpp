@@ -95,6 +95,8 @@ size_t power_status(uint8_t* reading) {
     if (supplies == nullptr)
         return 0;
     while (const dirent* entry = readdir(supplies)) {
+        if (entry->d_name[0] == '.')
+            continue;
         char path[300];
         for (const char* value : {"online", "capacity", "charge_now", "voltage_now"}) {
             snprintf(path, sizeof path, "%s/%s", entry->d_name, value);
