@@ -19,7 +19,7 @@ TEST(Key, KindsTellWhatTheyAre) {
         const std::string key = make_key(row.name), publicKey = public_of(key);
         EXPECT_EQ(ask_key(key, "algorithm"), row.algorithm);
         EXPECT_EQ(ask_key(publicKey, "CURVE"), row.curve);
-        char text[4];
+        char text[5];
         EXPECT_EQ(KEY_Query(text, 4, key.c_str(), "bits", 0), row.bits);
         EXPECT_EQ(std::to_string(row.bits).substr(0, 4), std::string(text).substr(0, 4));
         EXPECT_EQ(KEY_Query(nullptr, 0, key.c_str(), "isPrivate", 0), 1);

@@ -9,14 +9,13 @@ namespace tool {
 
 namespace {
 
-constexpr int kMostShown =
-    20; // of signers, recipients and certificates: each takes another look at the message
+constexpr int kMostShown = 20; // certificates: each takes another look at the message
 
 struct Kind {
     const char* title;
     Message::Query ask;
     std::vector<const char*> ofMessage;
-    const char *each, *count; // what there may be several of, and how many
+    const char *each, *count; // what there may be several of, and how many: the first is shown
     std::vector<const char*> ofEach;
 };
 
@@ -37,12 +36,11 @@ const Kind kEnveloped = {
     {"recipientInfoVersion", "recipientIssuerName", "recipientSerialNumber", "keyEncryptionAlgorithm",
      "keyEncryptionFlags", "sizeofEncryptedKey"}};
 
-std::string row(const Message& message, const Kind& kind, const std::string& indent, const char* name,
-                const std::string& suffix) {
+std::string row(const Message& message, const Kind& kind, const std::string& indent, const char* name) {
     constexpr int kNumber = 1;
     const bool isNumber = kind.ask(nullptr, 0, message.path(), name, ZUL_QUERY_GETTYPE) == kNumber;
-    const std::string value = isNumber ? std::to_string(message.number(kind.ask, name + suffix))
-                                       : message.query(kind.ask, name + suffix);
+    const std::string value =
+        isNumber ? std::to_string(message.number(kind.ask, name)) : message.query(kind.ask, name);
     std::string line = indent + name + ":";
     if (!value.empty())
         line += std::string(line.size() < 30 ? 30 - line.size() : 1, ' ') + value;
@@ -88,12 +86,12 @@ void show(const std::string& file) {
     const Kind& kind = kind_of(message);
     std::string text = std::string(kind.title) + "\n";
     for (const char* name : kind.ofMessage)
-        text += row(message, kind, "", name, "");
+        text += row(message, kind, "", name);
     const int count = message.number(kind.ask, kind.count);
-    for (int i = 1; i <= std::min(count, kMostShown); ++i) {
-        text += std::string(kind.each) + " " + std::to_string(i) + "\n";
+    if (count > 0) {
+        text += std::string(kind.each) + " 1" + (count > 1 ? " of " + std::to_string(count) : "") + "\n";
         for (const char* name : kind.ofEach)
-            text += row(message, kind, "  ", name, "/" + std::to_string(i));
+            text += row(message, kind, "  ", name);
     }
     if (kind.ask == kSigned.ask)
         text += certificates(message);

@@ -52,17 +52,11 @@ struct CmsVerifyCommand {
         return results.empty() ? std::vector<std::string>{""} : results;
     }
 
+    // The library names the digest of the first signer only.
     static std::vector<std::string> digest_algorithms(const Message& message, int signers) {
-        constexpr int kMost = 10;
-        if (signers > kMost)
-            warn("only the digests of the first " + std::to_string(kMost) + " signers are looked at");
-        std::vector<std::string> names;
-        for (int i = 1; i <= std::min(signers, kMost); ++i) {
-            const std::string name = message.query(CMS_QuerySigData, "digestAlgorithm/" + std::to_string(i));
-            if (std::find(names.begin(), names.end(), name) == names.end())
-                names.push_back(name);
-        }
-        return names;
+        if (signers == 0)
+            return {};
+        return {message.query(CMS_QuerySigData, "digestAlgorithm")};
     }
 
     // candidates gives the certificates that may be a signer's.
