@@ -139,13 +139,13 @@ class CmsMessages(ToolTest):
         serial = self.done("cert query alice.pem serialNumber").decode().strip()
         write("signed", self.done(*self.sign, "--attributes", "--extra-cert=inter.pem"))
         write("bare", self.done(*self.sign, "--bare", "--no-certs", "--detached", "-d", "sha1"))
-        write("env", self.done("cms encrypt in.bin --to=bob.pem --to=alice.pem"))
+        write("env", self.done("cms encrypt in.bin --to=alice.pem --to=bob.pem"))
         for file, rows in (("signed", f"""signed message|HASeContent: 1|CountOfCerts: 2|CountOfSigners: 1|signer 1|
                                           digestAlgorithm: sha256|signatureAlgorithm: rsaEncryption|HASsignedAttrs: 1|
                                           messageDigest: {hashlib.sha256(CONTENT).hexdigest()}|certificate 2|
                                           subjectName: CN=Inter|serialNumber: {serial}"""),
                            ("bare", "signed message|HASeContent: 0|CountOfCerts: 0|HASsignedAttrs: 0|messageDigest:"),
-                           ("env", f"""enveloped message|Version: 0|CountOfRecipients: 2|recipient 2|
+                           ("env", f"""enveloped message|Version: 0|CountOfRecipients: 2|recipient 1 of 2|
                                        contentEncryptionAlgorithm: aes256-CBC|keyEncryptionAlgorithm: rsaEncryption|
                                        sizeofEncryptedContent: {len(CONTENT) // 16 * 16 + 16}|sizeofEncryptedKey: 128|
                                        recipientIssuerName: CN=Inter|recipientSerialNumber: {serial}""")):
