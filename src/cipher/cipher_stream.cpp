@@ -126,6 +126,8 @@ void cipher_stream_add(CipherStream& stream, uint8_t* out, const uint8_t* in, si
         stream.heldBytes = 0;
     }
     run(stream, out, in, left / block);
+    if (size == left)
+        return; // in may be null
     memcpy(stream.held + stream.heldBytes, in + left, size - left);
     stream.heldBytes += static_cast<uint32_t>(size - left);
 }

@@ -107,7 +107,7 @@ TEST_P(AeadKernels, EqualThePortableOnesAtEveryLength) {
             aead_encrypt(algorithm, inPlace.data(), input);
             ASSERT_EQ(inPlace, expected) << static_cast<int>(algorithm) << ": " << size;
             ASSERT_TRUE(decrypts(algorithm, input, expected, plain));
-            ASSERT_EQ(memcmp(plain.data(), data.data(), size), 0)
+            ASSERT_EQ(size == 0 ? 0 : memcmp(plain.data(), data.data(), size), 0)
                 << static_cast<int>(algorithm) << ": " << size;
         }
     }
