@@ -48,7 +48,9 @@ static void read_certificate(const asn_Node* object) {
     const CertificateFields fields = certificate_fields(object);
     read_name_and_key(fields.subject, fields.subjectPublicKeyInfo);
     read_name_and_key(fields.issuer, nullptr);
-    require(certificate_version(fields) != 0 && validity_state(fields) >= -1);
+    int version = 0;
+    require(certificate_version(fields, &version) == (version > 0 ? 0 : int{BAD_FORMAT_ERROR}));
+    require(validity_state(fields) >= -1);
     const AsnList issuerAndSerial = issuer_and_serial_number(fields);
     require(!issuerAndSerial || asn_IsDer(issuerAndSerial.head()));
 

@@ -28,23 +28,25 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     require(reader.version() >= 1 && reader.issuer() != nullptr && *reader.thisUpdate() != '\0');
     std::vector<std::vector<uint8_t>> shown; // serial numbers
     CrlEntry entry;
-    int got;
-    while ((got = reader.next(entry)) == 1) {
+    int error;
+    bool found = false;
+    while ((error = reader.next(entry, found)) == 0 && found) {
         require(entry.serialLength > 0 && strlen(entry.revocationDate) < kAsnTimeText);
         shown.emplace_back(entry.serialNumber, entry.serialNumber + entry.serialLength);
     }
-    if (got < 0)
-        require(reader.next(entry) == got);
+    if (error != 0)
+        require(reader.next(entry, found) == error);
     const int finished = reader.finish();
     require(finished != 0 || reader.signatureValue() != nullptr);
-    if (got == 0) {
+    if (error == 0) {
         CrlReader skipping;
         require(skipping.open(source) == 0 && skipping.finish() == finished);
     }
     constexpr size_t kMaxLookUps = 50;
     for (size_t i = 0; i < shown.size() && i < kMaxLookUps; i++) {
         CrlReader finding;
-        require(finding.open(source) == 0 && finding.find(shown[i].data(), shown[i].size(), entry) == 1);
+        require(finding.open(source) == 0 &&
+                finding.find(shown[i].data(), shown[i].size(), entry, found) == 0 && found);
     }
     return 0;
 }

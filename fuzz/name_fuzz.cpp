@@ -23,12 +23,14 @@ static bool print(const asn_Node* name, int options) {
     SecretBuffer text;
     const int error = name_text(name, "|", options, text);
     require(error == 0 || (error == BAD_FORMAT_ERROR && text.empty()));
-    require(name_print(name, nullptr, 0, "|", options) == (error ? -error : static_cast<int>(text.size())));
+    int length = 0;
+    require(name_print(name, nullptr, 0, "|", options, &length) == error);
     if (error != 0)
         return false;
+    require(length == static_cast<int>(text.size()));
     require(strlen(text.text()) == text.size());
     char start[9];
-    const int length = name_print(name, start, 8, "|", options);
+    require(name_print(name, start, 8, "|", options, &length) == 0);
     require(length == static_cast<int>(text.size() < 8 ? text.size() : 8) && start[length] == '\0');
     require(memcmp(start, text.text(), static_cast<size_t>(length)) == 0);
     return true;

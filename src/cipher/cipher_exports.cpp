@@ -81,16 +81,18 @@ int CIPHER_KeyWrap(unsigned char* lpOutput, int nOutBytes, const unsigned char* 
     CipherAlgorithm algorithm{};
     if (const int code = check_wrap_arguments(&algorithm, lpData, lpKEK, nKekLen, nOptions))
         return frame.length(-code);
-    const int length = wrapped_key_length(algorithm, nDataLen);
-    if (length < 0 || lpOutput == nullptr || nOutBytes <= 0)
-        return frame.length(length);
+    int length = 0;
+    if (const int code = wrapped_key_length(algorithm, nDataLen, &length))
+        return frame.length(-code);
+    if (lpOutput == nullptr || nOutBytes <= 0)
+        return length;
     if (nOutBytes < length)
         return frame.length(-SHORT_BUF_ERROR);
     const int code = algorithm == CipherAlgorithm::tdea
                          ? tdes_key_wrap(lpOutput, lpData, lpKEK, generator_bytes)
                          : aes_key_wrap(lpOutput, lpData, static_cast<size_t>(nDataLen), lpKEK,
                                         static_cast<size_t>(nKekLen));
-    return frame.length(code != 0 ? -code : length);
+    return frame.length(code, length);
 }
 
 int CIPHER_KeyUnwrap(unsigned char* lpOutput, int nOutBytes, const unsigned char* lpData, int nDataLen,
@@ -99,14 +101,16 @@ int CIPHER_KeyUnwrap(unsigned char* lpOutput, int nOutBytes, const unsigned char
     CipherAlgorithm algorithm{};
     if (const int code = check_wrap_arguments(&algorithm, lpData, lpKEK, nKekLen, nOptions))
         return frame.length(-code);
-    const int length = unwrapped_key_length(algorithm, nDataLen);
-    if (length < 0 || lpOutput == nullptr || nOutBytes <= 0)
-        return frame.length(length);
+    int length = 0;
+    if (const int code = unwrapped_key_length(algorithm, nDataLen, &length))
+        return frame.length(-code);
+    if (lpOutput == nullptr || nOutBytes <= 0)
+        return length;
     if (nOutBytes < length)
         return frame.length(-SHORT_BUF_ERROR);
     const int code = algorithm == CipherAlgorithm::tdea
                          ? tdes_key_unwrap(lpOutput, lpData, lpKEK)
                          : aes_key_unwrap(lpOutput, lpData, static_cast<size_t>(nDataLen), lpKEK,
                                           static_cast<size_t>(nKekLen));
-    return frame.length(code != 0 ? -code : length);
+    return frame.length(code, length);
 }

@@ -46,19 +46,27 @@ void tdes_checksum(uint8_t out[kHalf], const uint8_t* key) {
 
 } // namespace
 
-int wrapped_key_length(CipherAlgorithm algorithm, int keyLength) {
-    constexpr int overhead = static_cast<int>(kAesWrapOverhead);
-    if (algorithm == CipherAlgorithm::tdea)
-        return keyLength == int{kTdesWrapKey} ? int{kTdesWrappedKey} : -BAD_LENGTH_ERROR;
-    return keyLength >= 16 && keyLength % 8 == 0 && keyLength <= INT_MAX - overhead ? keyLength + overhead
-                                                                                    : -BAD_LENGTH_ERROR;
+int wrapped_key_length(CipherAlgorithm algorithm, int keyLength, int* length) {
+    constexpr int overhead = int{kAesWrapOverhead};
+    if (algorithm == CipherAlgorithm::tdea) {
+        *length = int{kTdesWrappedKey};
+        return keyLength == int{kTdesWrapKey} ? 0 : BAD_LENGTH_ERROR;
+    }
+    if (keyLength < 16 || keyLength % 8 != 0 || keyLength > INT_MAX - overhead)
+        return BAD_LENGTH_ERROR;
+    *length = keyLength + overhead;
+    return 0;
 }
 
-int unwrapped_key_length(CipherAlgorithm algorithm, int wrappedLength) {
-    if (algorithm == CipherAlgorithm::tdea)
-        return wrappedLength == int{kTdesWrappedKey} ? int{kTdesWrapKey} : -BAD_LENGTH_ERROR;
-    return wrappedLength >= 24 && wrappedLength % 8 == 0 ? wrappedLength - int{kAesWrapOverhead}
-                                                         : -BAD_LENGTH_ERROR;
+int unwrapped_key_length(CipherAlgorithm algorithm, int wrappedLength, int* length) {
+    if (algorithm == CipherAlgorithm::tdea) {
+        *length = int{kTdesWrapKey};
+        return wrappedLength == int{kTdesWrappedKey} ? 0 : BAD_LENGTH_ERROR;
+    }
+    if (wrappedLength < 24 || wrappedLength % 8 != 0)
+        return BAD_LENGTH_ERROR;
+    *length = wrappedLength - int{kAesWrapOverhead};
+    return 0;
 }
 
 int aes_key_wrap(uint8_t* out, const uint8_t* data, size_t length, const uint8_t* kek, size_t kekLength) {

@@ -16,10 +16,10 @@ constexpr size_t kTdesWrapKey = 24, kTdesWrappedKey = 40;
 // Callers know this value as it is.
 constexpr int kUnwrapFailed = 1;
 
-// The length of the wrapped form of a key and that of the key in a wrapped form, or -BAD_LENGTH_ERROR. The
-// algorithm is Triple DES or AES.
-[[nodiscard]] int wrapped_key_length(CipherAlgorithm algorithm, int keyLength);
-[[nodiscard]] int unwrapped_key_length(CipherAlgorithm algorithm, int wrappedLength);
+// wrapped_key_length gives the length of the wrapped form of a key, unwrapped_key_length that of the key in a
+// wrapped form: 0 or BAD_LENGTH_ERROR. The algorithm is Triple DES or AES.
+[[nodiscard]] int wrapped_key_length(CipherAlgorithm algorithm, int keyLength, int* length);
+[[nodiscard]] int unwrapped_key_length(CipherAlgorithm algorithm, int wrappedLength, int* length);
 
 // aes_key_wrap wraps length bytes (16 or more, a multiple of 8) into length + 8 (RFC 3394). Returns 0, or
 // BAD_KEY_LEN_ERROR if the KEK has no length of AES, which leaves out untouched.

@@ -28,11 +28,6 @@ int make(const char* fileOut, const char* certList, bool isRestMissing, int opti
     return frame.status(isRestMissing ? int{BAD_PARAM_ERROR} : maker());
 }
 
-// length leaves an export with a length or number, or with the negated code of an error.
-int length(CallFrame& frame, int error, int value) {
-    return frame.length(error != 0 ? -error : value);
-}
-
 Seed seed_of(const unsigned char* bytes, int size) {
     return {bytes, static_cast<size_t>(size)};
 }
@@ -41,7 +36,7 @@ int query(CallFrame& frame, const MessageKind& kind, char* out, int room, const 
           const char* keyword, int options) {
     QueryAnswer answer(out, room);
     const int error = query_by_keyword(kind, fileOrText, keyword, options, answer);
-    return length(frame, error, answer.value());
+    return frame.length(error, answer.value());
 }
 
 } // namespace
@@ -82,7 +77,7 @@ int CMS_ReadSigData(const char* szFileOut, const char* szFileIn, int /*nOptions*
         return frame.length(-BAD_PARAM_ERROR);
     int size = 0;
     const int error = signed_content_to_file(szFileOut, szFileIn, &size);
-    return length(frame, error, size);
+    return frame.length(error, size);
 }
 
 int CMS_ReadSigDataToString(char* szDataOut, int nDataOutLen, const char* szFileIn, int /*nOptions*/) {
@@ -91,7 +86,7 @@ int CMS_ReadSigDataToString(char* szDataOut, int nDataOutLen, const char* szFile
         return frame.length(-BAD_PARAM_ERROR);
     int size = 0;
     const int error = signed_content_to_room(szDataOut, nDataOutLen, szFileIn, &size);
-    return length(frame, error, size);
+    return frame.length(error, size);
 }
 
 int CMS_VerifySigData(const char* szFileIn, const char* szCertFile, const char* szHexDigest,
@@ -126,7 +121,7 @@ int X509_GetCertFromP7Chain(const char* szNewCertFile, const char* szP7cFile, in
         return frame.length(-BAD_PARAM_ERROR);
     int result = 0;
     const int error = carried_certificate(szNewCertFile, szP7cFile, nIndex, &result);
-    return length(frame, error, result);
+    return frame.length(error, result);
 }
 
 int CMS_MakeEnvData(const char* szFileOut, const char* szFileIn, const char* szCertList,
@@ -137,7 +132,7 @@ int CMS_MakeEnvData(const char* szFileOut, const char* szFileIn, const char* szC
     int count = 0;
     const int error =
         make_enveloped_file(szFileOut, szFileIn, szCertList, seed_of(lpSeed, nSeedLen), nOptions, &count);
-    return length(frame, error, count);
+    return frame.length(error, count);
 }
 
 int CMS_MakeEnvDataFromString(const char* szFileOut, const char* szDataIn, const char* szCertList,
@@ -148,7 +143,7 @@ int CMS_MakeEnvDataFromString(const char* szFileOut, const char* szDataIn, const
     int count = 0;
     const int error = make_enveloped_bytes(szFileOut, szDataIn, strlen(szDataIn), szCertList,
                                            seed_of(lpSeed, nSeedLen), nOptions, &count);
-    return length(frame, error, count);
+    return frame.length(error, count);
 }
 
 int CMS_ReadEnvData(const char* szFileOut, const char* szFileIn, const char* szX509File,
@@ -173,7 +168,7 @@ int CMS_ReadEnvDataToString(char* szDataOut, int nDataOutLen, const char* szFile
     int error = open_enveloped_data(szFileIn, szX509File, szPrivateKey, content);
     if (error == 0)
         error = bytes_to_room(content, szDataOut, nDataOutLen, &size);
-    return length(frame, error, size);
+    return frame.length(error, size);
 }
 
 int CMS_QueryEnvData(char* szOutput, int nOutChars, const char* szFileIn, const char* szQuery, int nOptions) {

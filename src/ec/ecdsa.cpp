@@ -22,11 +22,10 @@ class SecretNumbers {
   public:
     SecretNumbers(const EcOperations& curve, int algorithm) : curve_(curve), algorithm_(algorithm) {}
 
-    int begin(const uint8_t* d, const uint8_t* digest, size_t size, const uint8_t* extra) {
-        const int length = hmac_length(algorithm_);
-        if (length < 0)
-            return -length;
-        length_ = static_cast<size_t>(length);
+    [[nodiscard]] int begin(const uint8_t* d, const uint8_t* digest, size_t size, const uint8_t* extra) {
+        length_ = hmac_length(algorithm_);
+        if (length_ == 0)
+            return BAD_FLAG_ERROR;
         memset(value_.data(), 0x01, length_);
         Secret<kMaxEcBytes> reduced;
         curve_.reduce_digest(reduced.data(), digest, size);

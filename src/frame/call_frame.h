@@ -28,6 +28,8 @@ class CallFrame {
             err_record(result);
         return result;
     }
+    // The second form takes a positive code, or 0 and the length or number.
+    int length(int code, int value) { return length(code != 0 ? -code : value); }
     // status passes on 0 or an error code of either sign.
     int status(int result) { return err_record(result); }
 

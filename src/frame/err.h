@@ -4,8 +4,8 @@
 
 namespace zul {
 
-// Error codes live in include/zulcore.h; inside the library they travel as int, positive or negated as each
-// function's contract says.
+// Error codes live in include/zulcore.h. Inside the library they travel as positive int. A function whose
+// result is a length gives its code negated.
 
 // err_clear empties the calling thread's error text and code.
 void err_clear();

@@ -111,14 +111,14 @@ const DigestDescriptor* digest_named(const char* name) {
     return nullptr;
 }
 
-int digest_length(int algorithm) {
+size_t digest_length(int algorithm) {
     const DigestDescriptor* digest = digest_find(algorithm);
-    return digest == nullptr ? -BAD_FLAG_ERROR : static_cast<int>(digest->size);
+    return digest == nullptr ? 0 : digest->size;
 }
 
-int digest_block_size(int algorithm) {
+size_t digest_block_size(int algorithm) {
     const DigestDescriptor* digest = digest_find(algorithm);
-    return digest == nullptr ? -BAD_FLAG_ERROR : static_cast<int>(digest->blockSize);
+    return digest == nullptr ? 0 : digest->blockSize;
 }
 
 void digest_init(DigestContext& context, int algorithm) {
@@ -139,8 +139,10 @@ int digest_final(DigestContext& context, uint8_t* digest) {
 int hash_bytes(uint8_t* out, int outMax, const void* data, int64_t length, int algorithm) {
     if (length < 0)
         return -BAD_PARAM_ERROR;
-    const int digestLength = digest_length(algorithm);
-    if (digestLength < 0 || out == nullptr || outMax < 1)
+    const auto digestLength = static_cast<int>(digest_length(algorithm));
+    if (digestLength == 0)
+        return -BAD_FLAG_ERROR;
+    if (out == nullptr || outMax < 1)
         return digestLength;
     DigestContext context;
     digest_init(context, algorithm);
@@ -157,8 +159,10 @@ int hash_file(uint8_t* out, int outMax, const char* path, int options) {
     if (!file.is_open())
         return -OPEN_ERROR;
     const int algorithm = options & kDigestAlgorithmMask;
-    const int digestLength = digest_length(algorithm);
-    if (digestLength < 0 || out == nullptr || outMax < 1)
+    const auto digestLength = static_cast<int>(digest_length(algorithm));
+    if (digestLength == 0)
+        return -BAD_FLAG_ERROR;
+    if (out == nullptr || outMax < 1)
         return digestLength;
     DigestContext context;
     digest_init(context, algorithm);

@@ -64,10 +64,9 @@ struct DigestDescriptor {
 const DigestDescriptor* digest_find(int algorithm);
 const DigestDescriptor* digest_named(const char* name);
 
-// digest_length and digest_block_size are the sizes of an algorithm, or -BAD_FLAG_ERROR for a number without
-// one.
-[[nodiscard]] int digest_length(int algorithm);
-[[nodiscard]] int digest_block_size(int algorithm);
+// digest_length and digest_block_size are the sizes of an algorithm in bytes, 0 for a number without one.
+size_t digest_length(int algorithm);
+size_t digest_block_size(int algorithm);
 
 // digest_init begins a digest with an algorithm that digest_find knows.
 void digest_init(DigestContext& context, int algorithm);

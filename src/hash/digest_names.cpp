@@ -38,7 +38,7 @@ int digest_choose(int* algorithm, const char* name) {
 int digest_choose_for_hmac(int* algorithm, const char* name) {
     if (const int code = digest_choose(algorithm, is_missing(name) ? "sha256" : name))
         return code;
-    if (hmac_length(*algorithm) < 0)
+    if (hmac_length(*algorithm) == 0)
         return err_fail(NOT_SUPPORTED_ERROR, "There is no HMAC with '%s'", shown_name(name));
     return 0;
 }

@@ -8,7 +8,7 @@
 namespace zul {
 
 int digest_result(uint8_t* out, int outMax, const uint8_t* digest, int length) {
-    if (length < 0 || out == nullptr || outMax < 1)
+    if (out == nullptr || outMax < 1)
         return length;
     const int written = std::min(outMax, length);
     memcpy(out, digest, static_cast<size_t>(written));

@@ -1,7 +1,7 @@
 #pragma once
 #include <cstdint>
 
-// How a finished digest or MAC, or the negated error code in place of its length, leaves the library.
+// How a finished digest or MAC leaves the library.
 namespace zul {
 
 // digest_result writes the first outMax bytes of a digest and returns how many; its length if out is null or

@@ -70,7 +70,7 @@ int HASH_End(unsigned char* lpOutput, int nOutBytes, void* lpContext) {
     if (const int error = context.load(lpContext))
         return frame.length(-error);
     if (lpOutput == nullptr || nOutBytes <= 0)
-        return digest_length(context->algorithm);
+        return static_cast<int>(digest_length(context->algorithm));
     const int length = finish_digest(lpOutput, nOutBytes, *context);
     HashContext::wipe(lpContext);
     return length;
@@ -114,7 +114,7 @@ int HMAC_End(unsigned char* lpOutput, int nOutBytes, void* lpContext) {
     if (const int error = context.load(lpContext))
         return frame.length(-error);
     if (lpOutput == nullptr || nOutBytes <= 0)
-        return digest_length(context->inner.algorithm);
+        return static_cast<int>(digest_length(context->inner.algorithm));
     Secret<kMaxDigestSize> mac;
     const int length = std::min(nOutBytes, hmac_final(*context, mac.data()));
     memcpy(lpOutput, mac.data(), static_cast<size_t>(length));

@@ -5,13 +5,13 @@
 
 namespace zul {
 
-int hmac_length(int algorithm) {
+size_t hmac_length(int algorithm) {
     const DigestDescriptor* digest = digest_find(algorithm);
-    return digest == nullptr || !digest->hasHmac ? -BAD_FLAG_ERROR : static_cast<int>(digest->size);
+    return digest == nullptr || !digest->hasHmac ? 0 : digest->size;
 }
 
 void hmac_init(HmacContext& context, int algorithm, const void* key, size_t keyLen) {
-    const auto blockSize = static_cast<size_t>(digest_block_size(algorithm));
+    const size_t blockSize = digest_block_size(algorithm);
     Secret<kMaxDigestBlockSize> block;
     digest_init(context.inner, algorithm);
     digest_init(context.outer, algorithm);
@@ -45,8 +45,10 @@ int hmac_final(HmacContext& context, uint8_t* mac) {
 
 int hmac_bytes(uint8_t* out, int outMax, const void* data, size_t dataLen, const void* key, size_t keyLen,
                int algorithm) {
-    const int length = hmac_length(algorithm);
-    if (length < 0 || out == nullptr || outMax < 1)
+    const auto length = static_cast<int>(hmac_length(algorithm));
+    if (length == 0)
+        return -BAD_FLAG_ERROR;
+    if (out == nullptr || outMax < 1)
         return length;
     HmacContext context; // hmac_final wipes it
     hmac_init(context, algorithm, key, keyLen);

@@ -16,8 +16,8 @@ void hmac_update(HmacContext& context, const void* data, size_t size);
 // hmac_final writes the MAC, wipes the context and returns the length written.
 int hmac_final(HmacContext& context, uint8_t* mac);
 
-// hmac_length is the size of a MAC in bytes, or -BAD_FLAG_ERROR for an algorithm without one.
-[[nodiscard]] int hmac_length(int algorithm);
+// hmac_length is the size of a MAC in bytes, 0 for an algorithm without one.
+size_t hmac_length(int algorithm);
 
 // hmac_bytes writes the first outMax bytes of a MAC. It returns the bytes written, or the MAC's length if out
 // is null or outMax below 1, or -BAD_FLAG_ERROR.

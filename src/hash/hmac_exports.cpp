@@ -28,11 +28,12 @@ static int hex_mac(char* szOutput, int nOutChars, const void* message, size_t me
     const int room = wantsOutput ? int{kMaxDigestSize} : 0;
     const int result =
         hmac_bytes(mac.data(), room, message, messageLen, key, keyLen, nOptions & kDigestAlgorithmMask);
-    if (result < 0 && wantsOutput) {
+    if (result < 0) {
+        if (!wantsOutput)
+            return 2 * result; // callers know a bad algorithm in a query as -34, not as -17
         szOutput[0] = '\0';
         return result;
     }
-    // A query doubles whatever comes back: callers know a bad algorithm in a query as -34, not as -17.
     return digest_hex_result(szOutput, nOutChars, mac.data(), result);
 }
 

@@ -37,7 +37,7 @@ int rsa_encoding(PssEncoding& encoding, const Key& key, const SignatureAlgorithm
     if (!pss_salt_room(encoding, &room))
         return too_short();
     if (algorithm.salt == PssSalt::digest)
-        encoding.saltSize = static_cast<size_t>(digest_length(algorithm.digest));
+        encoding.saltSize = digest_length(algorithm.digest);
     else if (algorithm.salt == PssSalt::most)
         encoding.saltSize = room;
     return encoding.saltSize > room || encoding.saltSize < key.pss.leastSalt ? too_short() : 0;
@@ -102,9 +102,8 @@ int sign_ecdsa(SecretBuffer& signature, const Key& key, const SignatureAlgorithm
     const bool isDeterministic = (options & ZUL_SIG_DETERMINISTIC) != 0;
     if (!isDeterministic)
         draw(extra.data(), extra.size());
-    if (ecdsa_sign(rs, key.curve(), key.secret.data(), digest.data(),
-                   static_cast<size_t>(digest_length(algorithm.digest)), algorithm.digest,
-                   isDeterministic ? nullptr : extra.data()) != 0)
+    if (ecdsa_sign(rs, key.curve(), key.secret.data(), digest.data(), digest_length(algorithm.digest),
+                   algorithm.digest, isDeterministic ? nullptr : extra.data()) != 0)
         return err_fail(NOT_SUPPORTED_ERROR, "RFC 6979 needs a digest that has an HMAC");
     signature = SecretBuffer((options & ZUL_SIG_RAW) != 0 ? 2 * bytes : ecdsa_der_most(bytes));
     if ((options & ZUL_SIG_RAW) != 0)
@@ -125,8 +124,7 @@ int check_ecdsa(const uint8_t* signature, size_t size, const Key& key, const Sig
     } else if (!ecdsa_der_read(rs, bytes, signature, size)) {
         return no_signature();
     }
-    return ecdsa_verify(rs, key.curve(), key.point, digest.data(),
-                        static_cast<size_t>(digest_length(algorithm.digest)))
+    return ecdsa_verify(rs, key.curve(), key.point, digest.data(), digest_length(algorithm.digest))
                ? 0
                : no_signature();
 }

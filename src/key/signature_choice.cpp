@@ -118,7 +118,7 @@ int choose_default(SignatureAlgorithm& algorithm, const Key& key) {
         if (key.pss.restricts) {
             algorithm.digest = key.pss.digest;
             algorithm.mgfDigest = key.pss.mgfDigest;
-            if (key.pss.leastSalt > static_cast<uint32_t>(digest_length(key.pss.digest))) {
+            if (key.pss.leastSalt > digest_length(key.pss.digest)) {
                 algorithm.salt = PssSalt::fixed;
                 algorithm.saltSize = key.pss.leastSalt;
             }
@@ -160,9 +160,8 @@ bool fits(const SignatureAlgorithm& algorithm, const Key& key) {
 bool keeps_rules(const SignatureAlgorithm& algorithm, const PssRules& rules) {
     if (!rules.restricts)
         return true;
-    const size_t salt = algorithm.salt == PssSalt::digest
-                            ? static_cast<size_t>(digest_length(algorithm.digest))
-                            : algorithm.saltSize;
+    const size_t salt =
+        algorithm.salt == PssSalt::digest ? digest_length(algorithm.digest) : algorithm.saltSize;
     return algorithm.digest == rules.digest && algorithm.mgfDigest == rules.mgfDigest &&
            (algorithm.salt == PssSalt::most || salt >= rules.leastSalt);
 }

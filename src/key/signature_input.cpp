@@ -23,7 +23,7 @@ bool SignatureBytes::feed(Sha512Context& digest) {
 }
 
 int SignatureDigest::digest(uint8_t* out, int algorithm) {
-    if (size_ != static_cast<size_t>(digest_length(algorithm)))
+    if (size_ != digest_length(algorithm))
         return err_fail(BAD_LENGTH_ERROR, "The digest has not the length of its algorithm");
     memcpy(out, data_, size_);
     return 0;

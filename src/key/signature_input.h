@@ -26,7 +26,7 @@ class SignatureInput : public Ed25519Message {
 class SignatureBytes final : public SignatureInput {
   public:
     SignatureBytes(const uint8_t* data, size_t size) : data_(data), size_(size) {}
-    int digest(uint8_t* out, int algorithm) override;
+    [[nodiscard]] int digest(uint8_t* out, int algorithm) override;
     bool feed(Sha512Context& digest) override;
 
   private:
@@ -37,9 +37,9 @@ class SignatureBytes final : public SignatureInput {
 class SignatureDigest final : public SignatureInput {
   public:
     SignatureDigest(const uint8_t* data, size_t size) : data_(data), size_(size) {}
-    int digest(uint8_t* out, int algorithm) override;
+    [[nodiscard]] int digest(uint8_t* out, int algorithm) override;
     bool feed(Sha512Context&) override { return false; }
-    int whole_error() override;
+    [[nodiscard]] int whole_error() override;
 
   private:
     const uint8_t* data_;
@@ -51,13 +51,13 @@ class SignatureDigest final : public SignatureInput {
 class SignatureFile final : public SignatureInput {
   public:
     explicit SignatureFile(const char* path) : path_(path) {}
-    int digest(uint8_t* out, int algorithm) override;
+    [[nodiscard]] int digest(uint8_t* out, int algorithm) override;
     bool feed(Sha512Context& digest) override;
-    int feed_error() const override { return feedError_; }
+    [[nodiscard]] int feed_error() const override { return feedError_; }
 
   private:
     template<class Take>
-    int read(Take take);
+    [[nodiscard]] int read(Take take);
 
     const char* path_;
     int feedError_ = READ_ERROR;

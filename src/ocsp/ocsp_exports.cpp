@@ -15,10 +15,11 @@ int OCSP_MakeRequest(char* szOutput, int nChars, const char* szIssuerCert, const
     if (is_missing(szIssuerCert) || is_missing(szCertFileOrSerialNum))
         return frame.status(BAD_PARAM_ERROR);
     SecretBuffer text;
-    if (const int error =
-            ocsp_request(szIssuerCert, szCertFileOrSerialNum, nOptions & kDigestAlgorithmMask, text))
-        return frame.length(-error);
-    return frame.length(uncut_text_result(szOutput, nChars, text));
+    int length = 0;
+    int error = ocsp_request(szIssuerCert, szCertFileOrSerialNum, nOptions & kDigestAlgorithmMask, text);
+    if (error == 0)
+        error = uncut_text_result(szOutput, nChars, text, &length);
+    return frame.length(error, length);
 }
 
 int OCSP_ReadResponse(char* szOutput, int nChars, const char* szResponseFile, const char* szIssuerCert,

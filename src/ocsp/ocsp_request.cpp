@@ -30,16 +30,16 @@ bool subject_public_key(const asn_Node* subjectPublicKeyInfo, SecretBuffer& key)
 }
 
 // issuer_hashes makes the CertID's issuerNameHash and issuerKeyHash.
-int issuer_hashes(const CertificateFields& issuer, int algorithm, AsnList& hashes) {
+[[nodiscard]] int issuer_hashes(const CertificateFields& issuer, int algorithm, AsnList& hashes) {
     SecretBuffer key;
     if (issuer.subject == nullptr || !subject_public_key(issuer.subjectPublicKeyInfo, key))
         return err_fail(BAD_FORMAT_ERROR, "No subject or public key in issuer certificate");
     uint8_t digest[kMaxDigestSize];
-    int length = der_digest(digest, asn_CopyElement(issuer.subject), algorithm);
-    if (length < 0)
-        return -length;
-    AsnList nameHash = asn_NewOctetString(digest, static_cast<size_t>(length));
-    length = hash_bytes(digest, sizeof digest, key.data(), static_cast<int64_t>(key.size()), algorithm);
+    if (const int error = der_digest(digest, asn_CopyElement(issuer.subject), algorithm))
+        return error;
+    AsnList nameHash = asn_NewOctetString(digest, digest_length(algorithm));
+    const int length =
+        hash_bytes(digest, sizeof digest, key.data(), static_cast<int64_t>(key.size()), algorithm);
     if (length < 0)
         return -length;
     hashes = asn_Link(std::move(nameHash), asn_NewOctetString(digest, static_cast<size_t>(length)));
@@ -51,7 +51,7 @@ bool is_serial_text(std::string_view text) {
 }
 
 // The bytes are taken as they are given: a sign octet is the caller's business.
-int serial_from_text(std::string_view text, AsnList& serial) {
+[[nodiscard]] int serial_from_text(std::string_view text, AsnList& serial) {
     if (text.size() / 2 > kAsnMaxContent)
         return err_fail(BAD_LENGTH_ERROR, "Serial number is too long");
     SecretBuffer bytes;
@@ -61,7 +61,8 @@ int serial_from_text(std::string_view text, AsnList& serial) {
     return 0;
 }
 
-int serial_of_certificate(const char* certFile, const CertificateFields& issuer, AsnList& serial) {
+[[nodiscard]] int serial_of_certificate(const char* certFile, const CertificateFields& issuer,
+                                        AsnList& serial) {
     AsnList object;
     if (const int error = x509_read_certificate(certFile, object))
         return error;

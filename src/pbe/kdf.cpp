@@ -51,7 +51,7 @@ void rehash(uint8_t* digest, int hashAlg, uint32_t times) {
     default:
         break;
     }
-    const auto length = static_cast<size_t>(digest_length(hashAlg));
+    const size_t length = digest_length(hashAlg);
     DigestContext context; // digest_final wipes it
     for (; times != 0; times--) {
         digest_init(context, hashAlg);
@@ -92,8 +92,8 @@ void pbkdf1(uint8_t* out, size_t outLen, int hashAlg, const void* password, size
 
 void pkcs12_kdf(uint8_t* out, size_t outLen, int hashAlg, Pkcs12Purpose purpose, const void* password,
                 size_t passwordLen, const uint8_t* salt, size_t saltLen, uint32_t iterations) {
-    const auto digestSize = static_cast<size_t>(digest_length(hashAlg)); // u of the standard
-    const auto block = static_cast<size_t>(digest_block_size(hashAlg));  // v
+    const size_t digestSize = digest_length(hashAlg); // u of the standard
+    const size_t block = digest_block_size(hashAlg);  // v
     const size_t saltRoom = (saltLen + block - 1) / block * block;
     const size_t passwordRoom = (passwordLen + block - 1) / block * block;
     SecretBuffer input(saltRoom + passwordRoom);

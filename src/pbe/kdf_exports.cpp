@@ -68,8 +68,9 @@ int KDF_Hkdf(unsigned char* lpOutput, int nOutBytes, const void* lpKey, int nKey
         code = err_fail(BAD_KEY_LEN_ERROR, "The key is empty");
     if (code == 0)
         code = digest_choose_for_hmac(&algorithm, szHash);
-    if (code == 0 && nOutBytes > 255 * hmac_length(algorithm))
-        code = err_fail(OUT_OF_RANGE_ERROR, "Output must be at most %d bytes", 255 * hmac_length(algorithm));
+    const int most = 255 * static_cast<int>(hmac_length(algorithm));
+    if (code == 0 && nOutBytes > most)
+        code = err_fail(OUT_OF_RANGE_ERROR, "Output must be at most %d bytes", most);
     if (code != 0)
         return frame.length(-code);
     hkdf(lpOutput, static_cast<size_t>(nOutBytes), algorithm, key.data, key.size(), salt.data, salt.size(),

@@ -52,7 +52,7 @@ void sum_by_blocks(const HmacContext& key, uint8_t* sum, uint8_t* u, uint32_t ro
 }
 
 void sum_by_messages(const HmacContext& key, uint8_t* sum, uint8_t* u, uint32_t rounds) {
-    const auto length = static_cast<size_t>(digest_length(key.inner.algorithm));
+    const size_t length = digest_length(key.inner.algorithm);
     Wiped<HmacContext> mac;
     for (; rounds != 0; rounds--) {
         *mac = key;

@@ -28,7 +28,7 @@ struct PfxMac {
 size_t compute(const PfxMac& mac, const SecretBuffer& safe, const SecretBuffer& password,
                Secret<kMaxDigestSize>& out) {
     Secret<kMaxDigestSize> key;
-    const auto length = static_cast<size_t>(hmac_length(mac.hashAlg));
+    const size_t length = hmac_length(mac.hashAlg);
     pkcs12_kdf(key.data(), length, mac.hashAlg, Pkcs12Purpose::mac, password.data(), password.size(),
                mac.salt.data(), mac.salt.size(), mac.iterations);
     static_cast<void>(hmac_bytes(out.data(), static_cast<int>(length), safe.data(), safe.size(), key.data(),

@@ -12,7 +12,7 @@ void mgf1_xor(uint8_t* target, size_t length, const uint8_t* seed, size_t seedLe
     digest_init(*seeded, algorithm);
     digest_update(*seeded, seed, seedLen);
     Secret<kMaxDigestSize> digest;
-    const auto step = static_cast<size_t>(digest_length(algorithm));
+    const size_t step = digest_length(algorithm);
     uint32_t counter = 0;
     for (size_t done = 0; done < length; done += step, counter++) {
         const uint8_t suffix[4] = {static_cast<uint8_t>(counter >> 24), static_cast<uint8_t>(counter >> 16),

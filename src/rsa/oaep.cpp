@@ -13,10 +13,10 @@ namespace zul {
 
 namespace {
 
-// oaep_digest_length gives the length of a digest of the option word, or -BAD_FLAG_ERROR. The second number
-// of SHA-1 is internal.
-int oaep_digest_length(int algorithm) {
-    return algorithm == kDigestSha1Rng ? -BAD_FLAG_ERROR : digest_length(algorithm);
+// oaep_digest_length gives the length of a digest, 0 for an algorithm that OAEP does not take. The second
+// number of SHA-1 is internal.
+size_t oaep_digest_length(int algorithm) {
+    return algorithm == kDigestSha1Rng ? 0 : digest_length(algorithm);
 }
 
 void empty_label_digest(uint8_t* out, int algorithm) {
@@ -28,10 +28,9 @@ void empty_label_digest(uint8_t* out, int algorithm) {
 } // namespace
 
 int oaep_encode(uint8_t* out, size_t outLen, const uint8_t* message, size_t length, int algorithm) {
-    const int digestLength = oaep_digest_length(algorithm);
-    if (digestLength < 0)
-        return -digestLength;
-    const auto hLen = static_cast<size_t>(digestLength);
+    const size_t hLen = oaep_digest_length(algorithm);
+    if (hLen == 0)
+        return BAD_FLAG_ERROR;
     const size_t overhead = 2 * hLen + 2;
     if (outLen < overhead || length > outLen - overhead)
         return SHORT_BUF_ERROR;
@@ -53,10 +52,9 @@ int oaep_encode(uint8_t* out, size_t outLen, const uint8_t* message, size_t leng
 }
 
 int oaep_decode(SecretBuffer& content, size_t* start, const uint8_t* block, size_t length, int algorithm) {
-    const int digestLength = oaep_digest_length(algorithm);
-    if (digestLength < 0)
-        return -digestLength;
-    const auto hLen = static_cast<size_t>(digestLength);
+    const size_t hLen = oaep_digest_length(algorithm);
+    if (hLen == 0)
+        return BAD_FLAG_ERROR;
     if (length <= 2 * hLen + 1 || length > kMaxAllocation)
         return BAD_LENGTH_ERROR;
     const size_t dbLen = length - hLen - 1;

@@ -29,23 +29,19 @@ int random_fill(uint8_t* out, size_t length, const uint8_t* seed, size_t seedLen
     return 0;
 }
 
-// length_of joins a code and a length as exports of the length convention return them.
-int length_of(int code, int length) {
-    return code != 0 ? -code : length;
-}
-
-int give_public(int code, char* out, int outChars, const RsaKey& key) {
+// give_public and give_private leave an export with a key string, or with the code of an error before.
+int give_public(CallFrame& frame, int code, char* out, int outChars, const RsaKey& key) {
     int length = 0;
     if (code == 0)
         code = rsa_public_key_string(out, outChars, key, &length);
-    return length_of(code, length);
+    return frame.length(code, length);
 }
 
-int give_private(int code, char* out, int outChars, const RsaKey& key) {
+int give_private(CallFrame& frame, int code, char* out, int outChars, const RsaKey& key) {
     int length = 0;
     if (code == 0)
         code = rsa_private_key_string(out, outChars, key, &length);
-    return length_of(code, length);
+    return frame.length(code, length);
 }
 
 // open_any opens a key string of either kind: 0 or a positive code with a text.
@@ -100,7 +96,7 @@ int RSA_ReadPublicKey(char* szOutput, int nOutChars, const char* szFileOrText) {
         return frame.length(-BAD_PARAM_ERROR);
     RsaKey key;
     const int code = rsa_input_public_key(szFileOrText, key);
-    return frame.length(give_public(code, szOutput, nOutChars, key));
+    return give_public(frame, code, szOutput, nOutChars, key);
 }
 
 int RSA_ReadPrivateKeyInfo(char* szOutput, int nOutChars, const char* szFileOrText) {
@@ -109,7 +105,7 @@ int RSA_ReadPrivateKeyInfo(char* szOutput, int nOutChars, const char* szFileOrTe
         return frame.length(-BAD_PARAM_ERROR);
     RsaKey key;
     const int code = rsa_input_private_key(szFileOrText, key);
-    return frame.length(give_private(code, szOutput, nOutChars, key));
+    return give_private(frame, code, szOutput, nOutChars, key);
 }
 
 int RSA_ReadEncPrivateKey(char* szOutput, int nOutChars, const char* szFileOrText, const char* szPassword,
@@ -120,7 +116,7 @@ int RSA_ReadEncPrivateKey(char* szOutput, int nOutChars, const char* szFileOrTex
         return frame.length(-BAD_PARAM_ERROR);
     RsaKey key;
     const int code = rsa_input_encrypted_key(szFileOrText, szPassword, key);
-    return frame.length(give_private(code, szOutput, nOutChars, key));
+    return give_private(frame, code, szOutput, nOutChars, key);
 }
 
 int RSA_SavePublicKey(const char* szFileOut, const char* szKeyString, int nOptions) {
@@ -169,22 +165,23 @@ int RSA_FromXMLString(char* szOutput, int nOutChars, const char* szXmlString, in
         return frame.length(-BAD_PARAM_ERROR);
     RsaKey key;
     const int code = rsa_key_from_xml(szXmlString, key);
-    return frame.length((key.flags & kRsaPrivate) != 0 ? give_private(code, szOutput, nOutChars, key)
-                                                       : give_public(code, szOutput, nOutChars, key));
+    const bool isPrivate = (key.flags & kRsaPrivate) != 0;
+    return isPrivate ? give_private(frame, code, szOutput, nOutChars, key)
+                     : give_public(frame, code, szOutput, nOutChars, key);
 }
 
 int RSA_KeyBits(const char* szKeyString) {
     CallFrame frame;
     RsaKey key;
     const int code = open_given(szKeyString, key);
-    return frame.length(length_of(code, static_cast<int>(key.bits)));
+    return frame.length(code, static_cast<int>(key.bits));
 }
 
 int RSA_KeyBytes(const char* szKeyString) {
     CallFrame frame;
     RsaKey key;
     const int code = open_given(szKeyString, key);
-    return frame.length(length_of(code, static_cast<int>(key.bytes())));
+    return frame.length(code, static_cast<int>(key.bytes()));
 }
 
 int RSA_KeyMatch(const char* szPrivateKey, const char* szPublicKey) {
@@ -248,5 +245,5 @@ int RSA_DecodeMsg(unsigned char* lpOutput, int nOutBytes, const unsigned char* l
     int result = 0;
     const int code =
         rsa_decode_message(lpOutput, room, lpInput, static_cast<size_t>(nInputLen), nOptions, &result);
-    return frame.length(length_of(code, result));
+    return frame.length(code, result);
 }

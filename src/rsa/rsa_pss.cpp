@@ -13,17 +13,13 @@ namespace {
 
 constexpr uint8_t kTrailer = 0xBC;
 
-size_t digest_size(int algorithm) {
-    return static_cast<size_t>(digest_length(algorithm));
-}
-
 // H of a digest and a salt.
 void hash_salted(uint8_t* out, const PssEncoding& encoding, const uint8_t* digest, const uint8_t* salt) {
     const uint8_t padding[8] = {};
     Wiped<DigestContext> context;
     digest_init(*context, encoding.digest);
     digest_update(*context, padding, sizeof padding);
-    digest_update(*context, digest, digest_size(encoding.digest));
+    digest_update(*context, digest, digest_length(encoding.digest));
     digest_update(*context, salt, encoding.saltSize);
     digest_final(*context, out);
 }
@@ -36,7 +32,7 @@ uint8_t first_byte_mask(const PssEncoding& encoding) {
 } // namespace
 
 bool pss_salt_room(const PssEncoding& encoding, size_t* room) {
-    const size_t fixed = digest_size(encoding.digest) + 2;
+    const size_t fixed = digest_length(encoding.digest) + 2;
     if (encoding.bytes() < fixed)
         return false;
     *room = encoding.bytes() - fixed;
@@ -44,7 +40,7 @@ bool pss_salt_room(const PssEncoding& encoding, size_t* room) {
 }
 
 void pss_encode(uint8_t* out, const PssEncoding& encoding, const uint8_t* digest, const uint8_t* salt) {
-    const size_t size = encoding.bytes(), hLen = digest_size(encoding.digest), dbLen = size - hLen - 1;
+    const size_t size = encoding.bytes(), hLen = digest_length(encoding.digest), dbLen = size - hLen - 1;
     uint8_t* const hash = out + dbLen;
     hash_salted(hash, encoding, digest, salt);
     memset(out, 0, dbLen);
@@ -60,7 +56,7 @@ bool pss_verify(const uint8_t* encoded, const PssEncoding& encoding, const uint8
     size_t room = 0;
     if (!pss_salt_room(encoding, &room) || encoding.saltSize > room)
         return false;
-    const size_t size = encoding.bytes(), hLen = digest_size(encoding.digest), dbLen = size - hLen - 1;
+    const size_t size = encoding.bytes(), hLen = digest_length(encoding.digest), dbLen = size - hLen - 1;
     const uint8_t* const hash = encoded + dbLen;
     if (encoded[size - 1] != kTrailer || (encoded[0] & ~first_byte_mask(encoding)) != 0)
         return false;

@@ -1,7 +1,11 @@
 #include "frame/call_frame.h"
 #include "frame/text.h"
+#include "rsa/rsa_key_string.h"
 #include "x509/crl/crl_lookup.h"
 #include "x509/dump/text_dump.h"
+#include "x509/fields/certificate.h"
+#include "x509/fields/subject_public_key.h"
+#include "x509/input/x509_input.h"
 #include "x509/make/make.h"
 #include "x509/query/certificate_digest.h"
 #include "x509/query/certificate_query.h"
@@ -14,41 +18,41 @@ using namespace zul;
 
 namespace {
 
-int query(char* out, int nChars, const char* certFile, CertificateQuery what, int options = 0,
-          const char* delimiter = nullptr) {
-    return is_missing(certFile) ? -BAD_PARAM_ERROR
-                                : query_certificate(out, nChars, certFile, what, options, delimiter);
-}
-
-int query_by_words(char* out, int nChars, const char* certFile, const char* words, int options) {
-    if (is_missing(words))
-        return -BAD_PARAM_ERROR;
-    const int found = find_query(words);
-    if (found < 0)
-        return found;
-    const auto what = static_cast<CertificateQuery>(found);
-    if ((options & ZUL_QUERY_GETTYPE) != 0)
-        return query_type(what);
-    return query(out, nChars, certFile, what, options);
+int query(CallFrame& frame, char* out, int nChars, const char* certFile, CertificateQuery what,
+          int options = 0, const char* delimiter = nullptr) {
+    if (is_missing(certFile))
+        return frame.length(-BAD_PARAM_ERROR);
+    int result = 0;
+    const int error = query_certificate(out, nChars, certFile, what, options, delimiter, &result);
+    return frame.length(error, result);
 }
 
 } // namespace
 
 int X509_QueryCert(char* szOutput, int nChars, const char* szCertFile, const char* szQuery, int nOptions) {
     CallFrame frame;
-    return frame.length(query_by_words(szOutput, nChars, szCertFile, szQuery, nOptions));
+    if (is_missing(szQuery))
+        return frame.length(-BAD_PARAM_ERROR);
+    CertificateQuery what;
+    if (const int error = find_query(szQuery, what))
+        return frame.length(-error);
+    if ((nOptions & ZUL_QUERY_GETTYPE) != 0)
+        return query_type(what);
+    return query(frame, szOutput, nChars, szCertFile, what, nOptions);
 }
 
 int X509_KeyUsageFlags(const char* szCertFile) {
     CallFrame frame;
-    return frame.length(query(nullptr, 0, szCertFile, CertificateQuery::keyUsageFlags));
+    return query(frame, nullptr, 0, szCertFile, CertificateQuery::keyUsageFlags);
 }
 
 int X509_CertThumb(const char* szCertFile, char* szHash, int nChars, int nOptions) {
     CallFrame frame;
     if (is_missing(szCertFile))
         return frame.length(-BAD_PARAM_ERROR);
-    return frame.length(certificate_thumb(szHash, nChars, szCertFile, nOptions));
+    int length = 0;
+    const int error = certificate_thumb(szHash, nChars, szCertFile, nOptions, &length);
+    return frame.length(error, length);
 }
 
 int X509_CertIsValidNow(const char* szCertFile, int) {
@@ -61,44 +65,47 @@ int X509_CertIsValidNow(const char* szCertFile, int) {
 
 int X509_CertIssuedOn(const char* szCertFile, char* szOutput, int nChars, int) {
     CallFrame frame;
-    return frame.length(query(szOutput, nChars, szCertFile, CertificateQuery::notBefore));
+    return query(frame, szOutput, nChars, szCertFile, CertificateQuery::notBefore);
 }
 
 int X509_CertExpiresOn(const char* szCertFile, char* szOutput, int nChars, int) {
     CallFrame frame;
-    return frame.length(query(szOutput, nChars, szCertFile, CertificateQuery::notAfter));
+    return query(frame, szOutput, nChars, szCertFile, CertificateQuery::notAfter);
 }
 
 int X509_CertSerialNumber(const char* szCertFile, char* szOutput, int nChars, int) {
     CallFrame frame;
-    return frame.length(query(szOutput, nChars, szCertFile, CertificateQuery::serialNumber));
+    return query(frame, szOutput, nChars, szCertFile, CertificateQuery::serialNumber);
 }
 
 int X509_CertSubjectName(const char* szCertFile, char* szOutput, int nChars, const char* szDelim,
                          int nOptions) {
     CallFrame frame;
-    return frame.length(
-        query(szOutput, nChars, szCertFile, CertificateQuery::subjectName, nOptions, szDelim));
+    return query(frame, szOutput, nChars, szCertFile, CertificateQuery::subjectName, nOptions, szDelim);
 }
 
 int X509_CertIssuerName(const char* szCertFile, char* szOutput, int nChars, const char* szDelim,
                         int nOptions) {
     CallFrame frame;
-    return frame.length(query(szOutput, nChars, szCertFile, CertificateQuery::issuerName, nOptions, szDelim));
+    return query(frame, szOutput, nChars, szCertFile, CertificateQuery::issuerName, nOptions, szDelim);
 }
 
 int X509_HashIssuerAndSN(const char* szCertFile, char* szOutput, int nChars, int nOptions) {
     CallFrame frame;
     if (is_missing(szCertFile) || nChars < 0)
         return frame.length(-BAD_PARAM_ERROR);
-    return frame.length(issuer_and_serial_digest(szOutput, nChars, szCertFile, nOptions));
+    int length = 0;
+    const int error = issuer_and_serial_digest(szOutput, nChars, szCertFile, nOptions, &length);
+    return frame.length(error, length);
 }
 
 int X509_ReadStringFromFile(char* szOutput, int nChars, const char* szCertFile, int) {
     CallFrame frame;
     if (is_missing(szCertFile))
         return frame.length(-BAD_PARAM_ERROR);
-    return frame.length(certificate_string(szOutput, nChars, szCertFile));
+    int length = 0;
+    const int error = certificate_string(szOutput, nChars, szCertFile, &length);
+    return frame.length(error, length);
 }
 
 int X509_SaveFileFromString(const char* szNewCertFile, const char* szCertString, int nOptions) {
@@ -167,9 +174,8 @@ int X509_CheckCertInCRL(const char* szCertFile, const char* szCrlFile, const cha
     if (is_missing(szCertFile) || is_missing(szCrlFile))
         return frame.length(-BAD_PARAM_ERROR);
     bool revoked = false;
-    if (const int error = crl_lookup(szCertFile, szCrlFile, szCRLIssuerCert, szDate, revoked))
-        return frame.length(-error);
-    return revoked ? 1 : 0;
+    const int error = crl_lookup(szCertFile, szCrlFile, szCRLIssuerCert, szDate, revoked);
+    return frame.length(error, revoked ? 1 : 0);
 }
 
 int X509_ValidatePath(const char* szCertList, const char* szTrustedCert, int nOptions) {
@@ -184,4 +190,20 @@ int X509_TextDump(const char* szFileOut, const char* szCertFile, int) {
     if (is_missing(szFileOut) || is_missing(szCertFile))
         return frame.length(-BAD_PARAM_ERROR);
     return frame.length(-text_dump(szFileOut, szCertFile));
+}
+
+// This export stands here because src/rsa does not know certificates.
+int RSA_GetPublicKeyFromCert(char* szOutput, int nOutChars, const char* szFileOrText) {
+    CallFrame frame;
+    if (is_missing(szFileOrText))
+        return frame.length(-BAD_PARAM_ERROR);
+    AsnList certificate;
+    if (const int error = x509_read_certificate(szFileOrText, certificate))
+        return frame.length(-error);
+    RsaKey key;
+    if (!rsa_public_key_of(certificate_fields(certificate.head()).subjectPublicKeyInfo, key))
+        return frame.length(-err_fail(BAD_FORMAT_ERROR, "Could not read public key"));
+    int length = 0;
+    const int error = rsa_public_key_string(szOutput, nOutChars, key, &length);
+    return frame.length(error, length);
 }

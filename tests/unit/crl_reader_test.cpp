@@ -79,18 +79,22 @@ class List {
     std::string entries() {
         std::string all;
         CrlEntry e;
-        int got;
-        while ((got = reader_.next(e)) == 1)
+        int error;
+        bool found = false;
+        while ((error = reader_.next(e, found)) == 0 && found)
             all += test::to_hex(e.serialNumber, e.serialLength) + "=" + std::string(e.revocationDate, 0, 4) +
                    " ";
-        return got == 0 ? all : all + "!";
+        return error == 0 ? all : all + "!";
     }
 
     // look_up gives 1, 0, or -1 for any damage on the way.
     int look_up(const Bytes& serial) {
         CrlEntry e;
-        const int found = opened_ == 0 ? reader_.find(serial.data(), serial.size(), e) : -1;
-        return found < 0 || (found == 0 && reader_.finish() != 0) ? -1 : found;
+        bool found = false;
+        if (opened_ != 0 || reader_.find(serial.data(), serial.size(), e, found) != 0 ||
+            (!found && reader_.finish() != 0))
+            return -1;
+        return found ? 1 : 0;
     }
 
   private:
@@ -231,9 +235,11 @@ TEST(CrlReader, WhatIsVerifiedIsWhatWasRead) {
             dir.write("crl", changed);
         }
         CrlReader reader;
-        CrlEntry found;
+        CrlEntry read;
+        bool found = false;
         ASSERT_EQ(reader.open(source), 0);
-        EXPECT_EQ(reader.find(serial.data(), serial.size(), found), isChanged ? 0 : 1);
+        EXPECT_EQ(reader.find(serial.data(), serial.size(), read, found), 0);
+        EXPECT_NE(found, isChanged);
         EXPECT_EQ(pass.end(), isChanged ? -1 : 0);
     }
 }

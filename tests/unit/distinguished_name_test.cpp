@@ -137,12 +137,16 @@ TEST(DistinguishedName, StaysInsideItsElement) {
     EXPECT_EQ(printed(second->next, 0, ", "), "C=B,O=C");
     EXPECT_EQ(printed(second->next, 0, ""), "C=B;O=C");
     char out[9] = "????????";
-    EXPECT_EQ(name_print(second->next, nullptr, 5, nullptr, 0), 7);
-    EXPECT_EQ(name_print(second->next, out, 0, nullptr, 0), 7);
-    EXPECT_EQ(name_print(second->next, out, 5, nullptr, 0), 5);
+    int length = 0;
+    for (char* room : {static_cast<char*>(nullptr), out}) {
+        EXPECT_EQ(name_print(second->next, room, room == nullptr ? 5 : 0, nullptr, 0, &length), 0);
+        EXPECT_EQ(length, 7);
+    }
+    EXPECT_EQ(name_print(second->next, out, 5, nullptr, 0, &length), 0);
+    EXPECT_EQ(length, 5);
     EXPECT_STREQ(out, "C=B;O");
     EXPECT_STREQ(out + 6, "??");
-    EXPECT_EQ(name_print(list.head(), out, 5, nullptr, 0), -BAD_FORMAT_ERROR);
+    EXPECT_EQ(name_print(list.head(), out, 5, nullptr, 0, &length), BAD_FORMAT_ERROR);
 }
 
 TEST(DistinguishedName, RefusesDamage) {

@@ -116,7 +116,7 @@ TEST_P(HashKernels, MeetOpensslAroundBlocksAndGroups) {
 TEST_P(HashKernels, GiveTheSameForEverySplit) {
     const Bytes message = sequence(1500);
     for (int algorithm = 0; algorithm < 8; algorithm++) {
-        const auto block = static_cast<size_t>(digest_block_size(algorithm));
+        const size_t block = digest_block_size(algorithm);
         // Two cuts: every first part to beyond two blocks, second parts below, at and above one and ten
         // blocks.
         for (size_t first = 0; first <= 2 * block + 1; first++) {
@@ -208,8 +208,8 @@ TEST(HexMessages, AreWipedBeforeTheyAreFreed) {
 TEST(HashNumbers, OutsideTheTableAreRefused) {
     uint8_t digest[kMaxDigestSize];
     for (const int algorithm : {-1, 8, 15, 23, 0x10000}) {
-        EXPECT_EQ(digest_length(algorithm), -BAD_FLAG_ERROR);
-        EXPECT_EQ(digest_block_size(algorithm), -BAD_FLAG_ERROR);
+        EXPECT_EQ(digest_length(algorithm), 0U);
+        EXPECT_EQ(digest_block_size(algorithm), 0U);
         EXPECT_EQ(hash_bytes(digest, 64, "", 0, algorithm), -BAD_FLAG_ERROR);
         EXPECT_EQ(hash_bytes(digest, 64, "", -1, algorithm), -BAD_PARAM_ERROR);
     }

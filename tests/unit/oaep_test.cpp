@@ -12,7 +12,7 @@ namespace zul {
 TEST(Oaep, TakesMessagesUpToItsLimitAndSeesDamage) {
     for (int algorithm = 0; algorithm <= 6; algorithm++) {
         SCOPED_TRACE(algorithm);
-        const size_t smallest = 2 * static_cast<size_t>(digest_length(algorithm)) + 2, limit = 200 - smallest;
+        const size_t smallest = 2 * digest_length(algorithm) + 2, limit = 200 - smallest;
         const std::vector<uint8_t> message(limit + 1, 0);
         std::vector<uint8_t> block(200), again(200);
         SecretBuffer content;

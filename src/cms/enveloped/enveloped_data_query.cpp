@@ -20,15 +20,16 @@ AsnChildren issuer_and_serial(const RecipientFields& recipient) {
     return AsnChildren(asn_is(identifier, kAsnConstructed, kAsnSequence) ? identifier : nullptr);
 }
 
-int answer_issuer(const RecipientFields& recipient, QueryAnswer& answer) {
+[[nodiscard]] int answer_issuer(const RecipientFields& recipient, QueryAnswer& answer) {
     const asn_Node* issuer = issuer_and_serial(recipient).take_sequence();
     if (issuer == nullptr) {
         answer.text("");
         return 0;
     }
-    const int length = name_print(issuer, answer.out(), answer.room(), ";", ZUL_X509_LATIN1);
+    int length = 0;
+    const int error = name_print(issuer, answer.out(), answer.room(), ";", ZUL_X509_LATIN1, &length);
     answer.number(length);
-    return length < 0 ? -length : 0;
+    return error;
 }
 
 void answer_serial_number(const RecipientFields& recipient, QueryAnswer& answer) {

@@ -31,11 +31,10 @@ struct Digest {
     size_t length = 0;
     uint8_t bytes[kMaxDigestSize];
 
-    int choose(int options) { // 0 or BAD_FLAG_ERROR
+    [[nodiscard]] int choose(int options) { // 0 or BAD_FLAG_ERROR
         algorithm = options & kDigestAlgorithmMask;
-        const int size = algorithm <= kDigestSha224 ? digest_length(algorithm) : -BAD_FLAG_ERROR;
-        length = size < 0 ? 0 : static_cast<size_t>(size);
-        return size < 0 ? -size : 0;
+        length = algorithm <= kDigestSha224 ? digest_length(algorithm) : 0;
+        return length != 0 ? 0 : BAD_FLAG_ERROR;
     }
     void take(const void* data, size_t size) {
         static_cast<void>(

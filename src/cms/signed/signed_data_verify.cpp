@@ -89,7 +89,7 @@ int Verification::read_attributes() {
         return err_fail(INVALID_DATA_ERROR, "%s",
                         digests == 0 ? "No messageDigest in the signed attributes"
                                      : "Invalid messageDigest in the signed attributes");
-    if (attributeDigest_.size() != static_cast<size_t>(digest_length(algorithm_)))
+    if (attributeDigest_.size() != digest_length(algorithm_))
         return digests_differ();
     const int types = find_attribute(match_.signer.signedAttributes, "contentType", &type);
     if (types > 1)
@@ -131,7 +131,7 @@ bool Verification::is_signed(const Digest& digest) const {
 
 int Verification::check_content(const Digest& given) {
     Digest digest;
-    digest.size = static_cast<size_t>(digest_length(algorithm_));
+    digest.size = digest_length(algorithm_);
     // DSA takes a digest as a number, so that one with zeros before it would be the same.
     if (given.size != 0 && (given.size != digest.size || !is_signed(given)))
         return digests_differ();

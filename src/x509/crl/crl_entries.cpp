@@ -54,29 +54,25 @@ bool CrlReader::skip_entry_extensions(const AsnScope& entry) {
            asn_skip_rest(*stream_, list);
 }
 
-// take_entry reads the date only of an entry whose serial number ends with an octet (-1: any), which saves
-// much of a look-up's time: 1, 0 at the end, or -1 for anything but an entry.
-int CrlReader::take_entry(RawEntry& raw, int lastOctet) {
-    if (asn_at_scope_end(*stream_, list_))
-        return 0;
+// take_entry reads the entry that the stream is at, and gives false for anything else. It reads the date only
+// if the serial number ends with lastOctet (-1: any octet): that saves much of a look-up's time.
+bool CrlReader::take_entry(RawEntry& raw, int lastOctet) {
     // Only the end is copied: to load a whole scope right after it was stored in parts stalls the processor.
     AsnScope entry = {list_.end};
     if (!asn_enter(*stream_, entry, kAsnConstructed, kAsnSequence) || !read_serial(entry, raw))
-        return -1;
+        return false;
     const bool isWanted = lastOctet < 0 || raw.serial[raw.serialLength - 1] == lastOctet;
     return read_date(entry, raw, isWanted) &&
-                   (asn_at_scope_end(*stream_, entry) || skip_entry_extensions(entry)) &&
-                   asn_leave(*stream_, entry)
-               ? 1
-               : -1;
+           (asn_at_scope_end(*stream_, entry) || skip_entry_extensions(entry)) && asn_leave(*stream_, entry);
 }
 
-int CrlReader::read_entry(RawEntry& raw, int lastOctet) {
-    const int got = damaged_ ? -1 : take_entry(raw, lastOctet);
-    if (got >= 0)
-        return got;
-    damaged_ = true;
-    return -err_fail(INVALID_DATA_ERROR, "Invalid entry in CRL");
+int CrlReader::read_entry(RawEntry& raw, int lastOctet, bool& found) {
+    found = false;
+    if (!damaged_ && asn_at_scope_end(*stream_, list_))
+        return 0;
+    found = !damaged_ && take_entry(raw, lastOctet);
+    damaged_ = !found;
+    return found ? 0 : err_fail(INVALID_DATA_ERROR, "Invalid entry in CRL");
 }
 
 void CrlReader::show(const RawEntry& raw, CrlEntry& entry) {
@@ -89,22 +85,23 @@ void CrlReader::show(const RawEntry& raw, CrlEntry& entry) {
     asn_time_text(&date, entry.revocationDate);
 }
 
-int CrlReader::next(CrlEntry& entry) {
+int CrlReader::next(CrlEntry& entry, bool& found) {
     RawEntry raw;
-    const int got = read_entry(raw, -1);
-    if (got == 1)
+    const int error = read_entry(raw, -1, found);
+    if (error == 0 && found)
         show(raw, entry);
-    return got;
+    return error;
 }
 
-int CrlReader::find(const uint8_t* serial, size_t length, CrlEntry& entry) {
+int CrlReader::find(const uint8_t* serial, size_t length, CrlEntry& entry, bool& found) {
     if (length == 0)
-        return -INVALID_DATA_ERROR;
+        return INVALID_DATA_ERROR;
     without_sign_octets(serial, length);
     const uint8_t lastOctet = serial[length - 1];
     RawEntry raw;
-    int got;
-    while ((got = read_entry(raw, lastOctet)) == 1) {
+    for (;;) {
+        if (const int error = read_entry(raw, lastOctet, found); error != 0 || !found)
+            return error;
         if (raw.serial[raw.serialLength - 1] != lastOctet)
             continue;
         const uint8_t* bytes = raw.serial;
@@ -112,10 +109,9 @@ int CrlReader::find(const uint8_t* serial, size_t length, CrlEntry& entry) {
         without_sign_octets(bytes, size);
         if (size == length && memcmp(bytes, serial, size) == 0) {
             show(raw, entry);
-            return 1;
+            return 0;
         }
     }
-    return got;
 }
 
 } // namespace zul

@@ -19,14 +19,14 @@ class Lookup {
   public:
     Lookup(const char* certFile, const char* crlFile) : certFile_(certFile), crlFile_(crlFile) {}
 
-    int read_date(const char* date);
-    int run(bool& revoked);
-    int run_signed(const char* issuerCert, bool& revoked);
+    [[nodiscard]] int read_date(const char* date);
+    [[nodiscard]] int run(bool& revoked);
+    [[nodiscard]] int run_signed(const char* issuerCert, bool& revoked);
 
   private:
-    int read_certificate();
-    int search(DerSource& list, bool& revoked) const;
-    int find(CrlReader& crl, bool& revoked) const;
+    [[nodiscard]] int read_certificate();
+    [[nodiscard]] int search(DerSource& list, bool& revoked) const;
+    [[nodiscard]] int find(CrlReader& crl, bool& revoked) const;
 
     const char *certFile_, *crlFile_;
     char date_[kAsnTimeText] = "";
@@ -52,14 +52,12 @@ int Lookup::read_certificate() {
     return hasSerial ? 0 : err_fail(BAD_FORMAT_ERROR, "No Serial Number found in cert");
 }
 
-// find does not look at what stands behind an entry found.
+// find reads the rest of the list only if the entry is not found.
 int Lookup::find(CrlReader& crl, bool& revoked) const {
     const asn_Node* serial = certificate_.serialNumber;
     CrlEntry entry;
-    const int found = crl.find(serial->data, serial->length, entry);
-    if (found < 0 || (found == 0 && crl.finish() != 0))
+    if (crl.find(serial->data, serial->length, entry, revoked) != 0 || (!revoked && crl.finish() != 0))
         return err_fail(INVALID_DATA_ERROR, "Invalid CRL");
-    revoked = found == 1;
     if (!revoked || *date_ == '\0')
         return 0;
     if (*entry.revocationDate == '\0')

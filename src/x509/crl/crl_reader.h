@@ -27,11 +27,12 @@ class CrlReader {
     const char* thisUpdate() const { return thisUpdate_; } // time texts
     const char* nextUpdate() const { return nextUpdate_; } // empty if there is none
 
-    // next reads one entry: 1; 0 when there are no more; -INVALID_DATA_ERROR with a text.
-    [[nodiscard]] int next(CrlEntry& entry);
-    // find reads on to the entry of a serial number, given as the content octets of an INTEGER, whose value
-    // counts: as next.
-    [[nodiscard]] int find(const uint8_t* serial, size_t length, CrlEntry& entry);
+    // next reads one entry; found is false when there are no more. It gives 0, or INVALID_DATA_ERROR with a
+    // text for a damaged entry.
+    [[nodiscard]] int next(CrlEntry& entry, bool& found);
+    // find reads on, as next does, to the entry of a serial number. The number is given as the content octets
+    // of an INTEGER, and its value is compared.
+    [[nodiscard]] int find(const uint8_t* serial, size_t length, CrlEntry& entry, bool& found);
 
     // finish reads what follows the entries, any of which are skipped: 0, or INVALID_DATA_ERROR, without a
     // text, if the signature is missing or something unknown follows.
@@ -60,8 +61,8 @@ class CrlReader {
     [[nodiscard]] inline bool read_serial(const AsnScope& entry, RawEntry& raw);
     [[nodiscard]] inline bool read_date(const AsnScope& entry, RawEntry& raw, bool isWanted);
     [[nodiscard]] bool skip_entry_extensions(const AsnScope& entry);
-    [[nodiscard]] inline int take_entry(RawEntry& raw, int lastOctet);
-    [[nodiscard]] inline int read_entry(RawEntry& raw, int lastOctet);
+    [[nodiscard]] inline bool take_entry(RawEntry& raw, int lastOctet);
+    [[nodiscard]] inline int read_entry(RawEntry& raw, int lastOctet, bool& found);
     void show(const RawEntry& raw, CrlEntry& entry);
 
     ByteStream* stream_ = nullptr;

@@ -8,7 +8,7 @@
 namespace zul {
 namespace {
 
-int put_serial_number(DumpOutput& out, const asn_Node* serialNumber) {
+[[nodiscard]] int put_serial_number(DumpOutput& out, const asn_Node* serialNumber) {
     SecretBuffer bytes;
     if (!asn_GetPrimitiveData(serialNumber, bytes))
         return err_fail(BAD_FORMAT_ERROR, "No Serial Number found in cert");
@@ -18,7 +18,7 @@ int put_serial_number(DumpOutput& out, const asn_Node* serialNumber) {
     return 0;
 }
 
-int put_time(DumpOutput& out, const char* label, const asn_Node* time) {
+[[nodiscard]] int put_time(DumpOutput& out, const char* label, const asn_Node* time) {
     char buffer[kAsnTimeText];
     const char* text = asn_time_text(time, buffer);
     if (*text == '\0')
@@ -27,7 +27,7 @@ int put_time(DumpOutput& out, const char* label, const asn_Node* time) {
     return 0;
 }
 
-int put_validity(DumpOutput& out, const CertificateFields& certificate) {
+[[nodiscard]] int put_validity(DumpOutput& out, const CertificateFields& certificate) {
     out.put("Validity:\n");
     if (const int error = put_time(out, "  NotBefore: ", certificate.notBefore))
         return error;
@@ -68,8 +68,8 @@ void put_extensions(DumpOutput& out, const CertificateFields& certificate) {
     err_clear(); // the texts of what was left out
 }
 
-int put_thumbprint(DumpOutput& out, const char* label, const asn_Node* certificate,
-                   DigestAlgorithm algorithm) {
+[[nodiscard]] int put_thumbprint(DumpOutput& out, const char* label, const asn_Node* certificate,
+                                 DigestAlgorithm algorithm) {
     char hex[kThumbprintText + 1];
     if (!thumbprint_text(asn_CopyList(certificate), algorithm, hex))
         return INVALID_DATA_ERROR;
@@ -88,9 +88,9 @@ void put_version(DumpOutput& out, int64_t version) {
 int dump_certificate(DumpOutput& out, const asn_Node* certificate) {
     const CertificateFields fields = certificate_fields(certificate);
     out.put("X.509 CERTIFICATE\n");
-    const int version = certificate_version(fields);
-    if (version < 0)
-        return -version;
+    int version = 0;
+    if (const int error = certificate_version(fields, &version))
+        return error;
     put_version(out, version);
     if (const int error = put_serial_number(out, fields.serialNumber))
         return error;

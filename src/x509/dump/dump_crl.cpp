@@ -12,15 +12,14 @@ namespace {
     return 0;
 }
 
-int put_entries(DumpOutput& out, CrlReader& crl) {
+[[nodiscard]] int put_entries(DumpOutput& out, CrlReader& crl) {
     out.put("Revoked Certificates:\n");
     CrlEntry entry;
-    bool none = true;
+    bool none = true, found = false;
     for (;; none = false) {
-        const int got = crl.next(entry);
-        if (got < 0)
-            return -got;
-        if (got == 0)
+        if (const int error = crl.next(entry, found))
+            return error;
+        if (!found)
             break;
         out.put("  Serial Number: ");
         out.put_hex_block("", entry.serialNumber, entry.serialLength);

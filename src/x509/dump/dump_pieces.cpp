@@ -20,7 +20,7 @@ void put_key_length(DumpOutput& out, const char* type, size_t bits) {
     out.put(" bits\n");
 }
 
-int dump_rsa_key(DumpOutput& out, const asn_Node* info) {
+[[nodiscard]] int dump_rsa_key(DumpOutput& out, const asn_Node* info) {
     RsaKey key;
     if (!rsa_public_key_of(info, key))
         return err_fail(BAD_FORMAT_ERROR, "Unable to convert public key");
@@ -30,7 +30,7 @@ int dump_rsa_key(DumpOutput& out, const asn_Node* info) {
     return 0;
 }
 
-int dump_dsa_key(DumpOutput& out, const asn_Node* info) {
+[[nodiscard]] int dump_dsa_key(DumpOutput& out, const asn_Node* info) {
     DsaPublicKey key;
     const DsaKeyState state = dsa_public_key_of(info, key);
     if (state == DsaKeyState::noParameters)

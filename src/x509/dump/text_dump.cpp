@@ -11,7 +11,7 @@
 namespace zul {
 namespace {
 
-int dump_source(DumpOutput& out, DerSource& source) {
+[[nodiscard]] int dump_source(DumpOutput& out, DerSource& source) {
     CrlReader crl; // a CRL may be longer than memory
     int error = crl.open(source);
     if (error == 0)
@@ -29,7 +29,7 @@ int dump_source(DumpOutput& out, DerSource& source) {
     return err_fail(BAD_FORMAT_ERROR, "Not a certificate, request or CRL");
 }
 
-int dump(DumpOutput& out, const char* fileOrText) {
+[[nodiscard]] int dump(DumpOutput& out, const char* fileOrText) {
     DerSource source;
     const int error = source.open(fileOrText);
     return error != 0 ? error : source.read_result(dump_source(out, source));

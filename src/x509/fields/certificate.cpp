@@ -136,13 +136,12 @@ bool same_name(const asn_Node* a, const asn_Node* b) {
     return asn_SameElement(derA.head(), derB.head());
 }
 
-int certificate_version(const CertificateFields& certificate) {
-    if (certificate.version == nullptr)
-        return 1;
-    const int64_t number = asn_GetInt(certificate.version);
-    if (number >= 0 && number < INT_MAX)
-        return static_cast<int>(number) + 1;
-    return -err_fail(BAD_FORMAT_ERROR, "Invalid version in cert");
+int certificate_version(const CertificateFields& certificate, int* version) {
+    const int64_t number = certificate.version == nullptr ? 0 : asn_GetInt(certificate.version);
+    if (number < 0 || number >= INT_MAX)
+        return err_fail(BAD_FORMAT_ERROR, "Invalid version in cert");
+    *version = static_cast<int>(number) + 1;
+    return 0;
 }
 
 AsnList issuer_and_serial_number(const CertificateFields& certificate) {

@@ -38,9 +38,9 @@ RequestFields request_fields(const asn_Node* request);
 // same_name compares Names by their DER, wherever they stand; null equals nothing.
 bool same_name(const asn_Node* a, const asn_Node* b);
 
-// certificate_version gives 1 if the certificate does not say, -BAD_FORMAT_ERROR with a text for an invalid
-// version.
-[[nodiscard]] int certificate_version(const CertificateFields& certificate);
+// certificate_version gives the version, which is 1 if the field is missing: 0, or BAD_FORMAT_ERROR with a
+// text for an invalid version.
+[[nodiscard]] int certificate_version(const CertificateFields& certificate, int* version);
 
 // issuer_and_serial_number makes the SEQUENCE { issuer, serialNumber } of CMS (RFC 5652, 10.2.4); empty if
 // the certificate lacks one of them.

@@ -28,7 +28,7 @@ AsnChildren children_of(const AsnList& value) {
 }
 
 // name_of gives the text of a GeneralName, empty for null.
-int name_of(const asn_Node* node, SecretBuffer& text) {
+[[nodiscard]] int name_of(const asn_Node* node, SecretBuffer& text) {
     if (!asn_GetPrimitiveData(node, text))
         text = empty_text();
     if (memchr(text.data(), 0, text.size()) == nullptr)
@@ -37,7 +37,7 @@ int name_of(const asn_Node* node, SecretBuffer& text) {
     return err_fail(INVALID_DATA_ERROR, "Name holds a zero byte");
 }
 
-int first_uri(const CertificateFields& certificate, const char* extension, SecretBuffer& text) {
+[[nodiscard]] int first_uri(const CertificateFields& certificate, const char* extension, SecretBuffer& text) {
     const AsnList value = find_extension(certificate, extension);
     const asn_Node* node = value.head();
     while (node != nullptr && !asn_is(node, kAsnContext, kUri))

@@ -74,7 +74,7 @@ bool read_all(ByteStream& stream, SecretBuffer& content) {
     return true;
 }
 
-int invalid_data() {
+[[nodiscard]] int invalid_data() {
     return err_fail(INVALID_DATA_ERROR, "Invalid ASN.1 data");
 }
 

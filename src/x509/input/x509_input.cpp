@@ -12,12 +12,12 @@ namespace {
 
 constexpr char kNoCertificate[] = "Not a valid X.509 certificate";
 
-int invalid_data() {
+[[nodiscard]] int invalid_data() {
     return err_fail(INVALID_DATA_ERROR, "Invalid ASN.1 data");
 }
 
 // keep_kind drops an object of another kind.
-int keep_kind(AsnList& object, bool (*isKind)(const asn_Node*), const char* failure) {
+[[nodiscard]] int keep_kind(AsnList& object, bool (*isKind)(const asn_Node*), const char* failure) {
     if (isKind(object.head()))
         return 0;
     object = AsnList();

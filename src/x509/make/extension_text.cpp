@@ -14,16 +14,16 @@ std::string_view view(const SecretBuffer& text) {
     return text.empty() ? std::string_view() : std::string_view(text.text());
 }
 
-int bad_value(const char* keyword) {
+[[nodiscard]] int bad_value(const char* keyword) {
     return err_fail(BAD_PARAM_ERROR, "Invalid value of %s in extension", keyword);
 }
 
-int take_hex(const char* keyword, const SecretBuffer& value, SecretBuffer& bytes) {
+[[nodiscard]] int take_hex(const char* keyword, const SecretBuffer& value, SecretBuffer& bytes) {
     return hex_value(view(value), bytes) ? 0 : bad_value(keyword);
 }
 
 // An address is printable ASCII (RFC 5280, 4.2.1.6): other characters would make a name that no reader knows.
-int take_address(SecretBuffer value, SecretBuffer& address) {
+[[nodiscard]] int take_address(SecretBuffer value, SecretBuffer& address) {
     for (size_t i = 0; i < value.size(); i++)
         if (value[i] < 0x20 || value[i] >= 0x7F)
             return bad_value("rfc822Name");
@@ -31,7 +31,7 @@ int take_address(SecretBuffer value, SecretBuffer& address) {
     return 0;
 }
 
-int take_pair(std::string_view keyword, SecretBuffer value, CertificateText& result) {
+[[nodiscard]] int take_pair(std::string_view keyword, SecretBuffer value, CertificateText& result) {
     if (same_word(keyword, "rfc822Name") || same_word(keyword, "subjectAltNameRfc822Name"))
         return take_address(std::move(value), result.emailAddress);
     if (same_word(keyword, "serialNumber"))

@@ -25,7 +25,7 @@ bool is_key_string(std::string_view text) {
            (text.starts_with(kPublicMark) || text.starts_with(kPrivateMark)) && is_b64_text(text);
 }
 
-int faulty_key_string() {
+[[nodiscard]] int faulty_key_string() {
     return err_fail(INVALID_DATA_ERROR, "Internal key data is faulty");
 }
 

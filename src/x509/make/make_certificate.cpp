@@ -27,18 +27,18 @@ class CertificateMaker {
   public:
     explicit CertificateMaker(const CertificateOrder& order)
         : order_(order), algorithm_(rsa_signature_algorithm(order.options)) {}
-    int make();
+    [[nodiscard]] int make();
 
   private:
     bool is_self_signed() const { return order_.issuerCert == nullptr; }
     bool has(int option) const { return (order_.options & option) != 0; }
 
-    int check_inputs() const;
-    int read_names();
-    int read_request(SecretBuffer& name);
-    int read_issuer_key();
-    int read_issuer();
-    int read_subject_key();
+    [[nodiscard]] int check_inputs() const;
+    [[nodiscard]] int read_names();
+    [[nodiscard]] int read_request(SecretBuffer& name);
+    [[nodiscard]] int read_issuer_key();
+    [[nodiscard]] int read_issuer();
+    [[nodiscard]] int read_subject_key();
     AsnList serial_number() const;
     AsnList extensions() const;
     AsnList to_be_signed(const tm& notBefore, const tm& notAfter);
@@ -54,7 +54,7 @@ class CertificateMaker {
 };
 
 // shown_name: the text may be a damaged private key.
-int cannot_open(const char* what, const char* name) {
+[[nodiscard]] int cannot_open(const char* what, const char* name) {
     err_set_text("Unable to open %s file '%s'", what, shown_name(name));
     return OPEN_ERROR;
 }

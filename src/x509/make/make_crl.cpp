@@ -22,13 +22,13 @@ struct UpdateTimes {
     bool hasNext = false;
 };
 
-int read_date(const std::optional<SecretBuffer>& text, const char* what, tm* time) {
+[[nodiscard]] int read_date(const std::optional<SecretBuffer>& text, const char* what, tm* time) {
     if (read_date_text(text->empty() ? "" : text->text(), "00:00:00", time))
         return 0;
     return err_fail(BAD_PARAM_ERROR, "%s time is invalid", what);
 }
 
-int update_times(const char* extensions, UpdateTimes& times) {
+[[nodiscard]] int update_times(const char* extensions, UpdateTimes& times) {
     CrlText text;
     if (const int error = read_crl_text(extensions, text))
         return error;
@@ -41,7 +41,7 @@ int update_times(const char* extensions, UpdateTimes& times) {
 }
 
 // read_issuer gives the name that the issuer's certificate has as its subject, as it is encoded there.
-int read_issuer(const char* issuerCert, AsnList& name) {
+[[nodiscard]] int read_issuer(const char* issuerCert, AsnList& name) {
     AsnList certificate;
     if (const int error = x509_read_certificate(issuerCert, certificate))
         return error;

@@ -13,8 +13,9 @@ int name_encode(const char* text, int options, AsnList& name);
 // character. options: ZUL_X509_LATIN1. 0, or BAD_FORMAT_ERROR with a text.
 [[nodiscard]] int name_text(const asn_Node* name, const char* delimiter, int options, SecretBuffer& text);
 
-// name_print does so into a caller's room, cutting what does not fit: its length, the whole length without
-// output or room, or a negated code.
-[[nodiscard]] int name_print(const asn_Node* name, char* out, int nChars, const char* delimiter, int options);
+// name_print writes it into a caller's room and cuts what does not fit. *length is that of the text written,
+// or of the whole text if there is no output or room.
+[[nodiscard]] int name_print(const asn_Node* name, char* out, int nChars, const char* delimiter, int options,
+                             int* length);
 
 } // namespace zul

@@ -148,11 +148,12 @@ int name_text(const asn_Node* name, const char* delimiter, int options, SecretBu
     return 0;
 }
 
-int name_print(const asn_Node* name, char* out, int nChars, const char* delimiter, int options) {
+int name_print(const asn_Node* name, char* out, int nChars, const char* delimiter, int options, int* length) {
     SecretBuffer text;
     if (const int error = name_text(name, delimiter, options, text))
-        return -error;
-    return text_result(out, nChars, text.text());
+        return error;
+    *length = text_result(out, nChars, text.text());
+    return 0;
 }
 
 } // namespace zul

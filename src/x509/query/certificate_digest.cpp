@@ -13,31 +13,34 @@
 namespace zul {
 namespace {
 
-int object_digest(char* out, int nChars, AsnList object, int options) {
+[[nodiscard]] int object_digest(char* out, int nChars, AsnList object, int options, int* length) {
     uint8_t digest[kMaxDigestSize];
-    const int length = der_digest(digest, std::move(object), options & kDigestAlgorithmMask);
-    return length < 0 ? length : digest_hex_result(out, nChars, digest, length);
+    const int algorithm = options & kDigestAlgorithmMask;
+    if (const int error = der_digest(digest, std::move(object), algorithm))
+        return error;
+    *length = digest_hex_result(out, nChars, digest, static_cast<int>(digest_length(algorithm)));
+    return 0;
 }
 
 } // namespace
 
-int certificate_thumb(char* out, int nChars, const char* certFile, int options) {
+int certificate_thumb(char* out, int nChars, const char* certFile, int options, int* length) {
     AsnList certificate;
     if (const int error = x509_read_certificate(certFile, certificate))
-        return -error;
-    return object_digest(out, nChars, std::move(certificate), options);
+        return error;
+    return object_digest(out, nChars, std::move(certificate), options, length);
 }
 
-int issuer_and_serial_digest(char* out, int nChars, const char* certFile, int options) {
+int issuer_and_serial_digest(char* out, int nChars, const char* certFile, int options, int* length) {
     AsnList certificate;
     if (const int error = x509_read_certificate(certFile, certificate))
-        return -error;
+        return error;
     AsnList pair = issuer_and_serial_number(certificate_fields(certificate.head()));
     if (!pair) {
         err_add_text("Could not find IssuerAndSerialNumber in certificate '%s'\n", shown_name(certFile));
-        return -err_fail(BAD_FORMAT_ERROR, "No Issuer and Serial Number found in cert");
+        return err_fail(BAD_FORMAT_ERROR, "No Issuer and Serial Number found in cert");
     }
-    return object_digest(out, nChars, std::move(pair), options);
+    return object_digest(out, nChars, std::move(pair), options, length);
 }
 
 } // namespace zul

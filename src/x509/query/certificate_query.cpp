@@ -70,105 +70,117 @@ bool begins_with_positive_number(std::string_view text) {
     return !text.empty() && text.front() >= '1' && text.front() <= '9';
 }
 
-// What the evaluation of one query needs. Its functions give an export's result.
+// Evaluation answers one query. Its functions set *result and give 0 or a positive code.
 struct Evaluation {
     char* out;
     int nChars;
     const char* certFile;
     const CertificateFields& fields;
+    int* result; // the number, or the length of the text
 
-    int hex(const uint8_t* bytes, size_t size) const {
-        SecretBuffer text(2 * size + 1);
-        text.shrink(hex_encode_lower(text.text(), text.size(), bytes, size));
-        return uncut_text_result(out, nChars, text);
+    [[nodiscard]] int number(int value) const {
+        *result = value;
+        return 0;
     }
 
-    int serial_number() const {
+    [[nodiscard]] int text(const char* value) const { return number(text_result(out, nChars, value)); }
+
+    [[nodiscard]] int uncut_text(const SecretBuffer& value) const {
+        return uncut_text_result(out, nChars, value, result);
+    }
+
+    [[nodiscard]] int hex(const SecretBuffer& bytes) const {
+        SecretBuffer digits(2 * bytes.size() + 1);
+        digits.shrink(hex_encode_lower(digits.text(), digits.size(), bytes.data(), bytes.size()));
+        return uncut_text(digits);
+    }
+
+    [[nodiscard]] int serial_number() const {
         SecretBuffer content;
         if (!asn_GetPrimitiveData(fields.serialNumber, content) || content.empty())
             return missing("No Serial Number found in cert");
-        return hex(content.data(), content.size());
+        return hex(content);
     }
 
-    int signature_value() const {
+    [[nodiscard]] int signature_value() const {
         SecretBuffer content;
         if (!asn_GetBitString(fields.signatureValue, content))
             return missing("Cannot find signature value");
-        return hex(content.data(), content.size());
+        return hex(content);
     }
 
-    int time(const asn_Node* node) const {
-        char text[kAsnTimeText];
+    [[nodiscard]] int time(const asn_Node* node) const {
+        char value[kAsnTimeText];
         if (fields.validity == nullptr)
-            err_add_text("No Validity in cert '%s'", shown_name(certFile));
-        else if (*asn_time_text(node, text) == '\0')
-            err_add_text("Cannot find time in cert '%s'", shown_name(certFile));
-        else
-            return text_result(out, nChars, text);
-        return -INVALID_DATA_ERROR;
+            return err_fail(INVALID_DATA_ERROR, "No Validity in cert '%s'", shown_name(certFile));
+        if (*asn_time_text(node, value) == '\0')
+            return err_fail(INVALID_DATA_ERROR, "Cannot find time in cert '%s'", shown_name(certFile));
+        return text(value);
     }
 
-    int name(const asn_Node* node, const char* delimiter, int options) const {
+    [[nodiscard]] int name(const asn_Node* node, const char* delimiter, int options) const {
         if (node == nullptr)
             return missing("No Distinguished Name found in cert");
-        return name_print(node, out, nChars, delimiter, options);
+        return name_print(node, out, nChars, delimiter, options, result);
     }
 
-    int key_algorithm() const {
-        char text[kAlgorithmName];
-        if (*public_key_algorithm(fields.subjectPublicKeyInfo, text) == '\0')
+    [[nodiscard]] int key_algorithm() const {
+        char value[kAlgorithmName];
+        if (*public_key_algorithm(fields.subjectPublicKeyInfo, value) == '\0')
             return missing("No public key algorithm found in cert");
-        return text_result(out, nChars, text);
+        return text(value);
     }
 
-    int signature_algorithm() const {
-        char text[kAlgorithmName];
-        if (*algorithm_name(fields.signatureAlgorithm, text) == '\0')
+    [[nodiscard]] int signature_algorithm() const {
+        char value[kAlgorithmName];
+        if (*algorithm_name(fields.signatureAlgorithm, value) == '\0')
             return missing("No signature algorithm found in cert");
-        return text_result(out, nChars, text);
+        return text(value);
     }
 
-    int signature_algorithm_id() const {
-        char text[kAlgorithmName];
-        const std::string_view algorithm = algorithm_name(fields.signatureAlgorithm, text);
+    [[nodiscard]] int signature_algorithm_id() const {
+        char value[kAlgorithmName];
+        const std::string_view algorithm = algorithm_name(fields.signatureAlgorithm, value);
         if (algorithm == "sha1WithRSAEncryption" || algorithm == "md5WithRSAEncryption" ||
             algorithm == "md2WithRSAEncryption")
-            return 1;
-        return algorithm == "dsaWithSha1" ? 2 : 0;
+            return number(1);
+        return number(algorithm == "dsaWithSha1" ? 2 : 0);
     }
 
-    int key_usage() const {
-        SecretBuffer text(kKeyUsageText + 1);
-        text.shrink(key_usage_text(key_usage_flags(fields), text.text()));
-        return uncut_text_result(out, nChars, text);
+    [[nodiscard]] int key_usage() const {
+        SecretBuffer value(kKeyUsageText + 1);
+        value.shrink(key_usage_text(key_usage_flags(fields), value.text()));
+        return uncut_text(value);
     }
 
-    int entry(int (*read)(const CertificateFields& certificate, SecretBuffer& text)) const {
-        SecretBuffer text;
-        const int error = read(fields, text);
-        return error != 0 ? -error : uncut_text_result(out, nChars, text);
+    [[nodiscard]] int entry(int (*read)(const CertificateFields& certificate, SecretBuffer& text)) const {
+        SecretBuffer value;
+        const int error = read(fields, value);
+        return error != 0 ? error : uncut_text(value);
     }
 
   private:
-    static int missing(const char* text) { return -err_fail(BAD_FORMAT_ERROR, "%s", text); }
+    [[nodiscard]] static int missing(const char* text) { return err_fail(BAD_FORMAT_ERROR, "%s", text); }
 };
 
 } // namespace
 
-int find_query(const char* query) {
+int find_query(const char* text, CertificateQuery& query) {
     constexpr size_t kMaxWords = 32;
-    std::string_view words = slice(without_leading_space(query), 0, kMaxWords);
+    std::string_view words = slice(without_leading_space(text), 0, kMaxWords);
     if (const size_t slash = words.find('/'); slash != std::string_view::npos) {
         if (!begins_with_positive_number(slice(words, slash + 1)))
-            return -BAD_QUERY_ERROR;
+            return BAD_QUERY_ERROR;
         words = slice(words, 0, slash);
     }
     words = slice(words, 0, words.find(' '));
     for (size_t i = 0; i < std::size(kQueries); i++) {
-        if (same_word(slice(words, 0, kQueries[i].name.size()), kQueries[i].name))
-            return static_cast<int>(i);
+        if (same_word(slice(words, 0, kQueries[i].name.size()), kQueries[i].name)) {
+            query = static_cast<CertificateQuery>(i);
+            return 0;
+        }
     }
-    return -BAD_QUERY_ERROR;
+    return BAD_QUERY_ERROR;
 }
 
 int query_type(CertificateQuery query) {
@@ -182,15 +194,15 @@ int query_validity(const char* certFile) {
 }
 
 int query_certificate(char* out, int nChars, const char* certFile, CertificateQuery query, int options,
-                      const char* delimiter) {
+                      const char* delimiter, int* result) {
     AsnList certificate;
     if (const int error = x509_read_certificate(certFile, certificate))
-        return -error;
+        return error;
     const CertificateFields fields = certificate_fields(certificate.head());
-    const Evaluation of{out, nChars, certFile, fields};
+    const Evaluation of{out, nChars, certFile, fields, result};
     switch (query) {
     case CertificateQuery::version:
-        return certificate_version(fields);
+        return certificate_version(fields, result);
     case CertificateQuery::serialNumber:
         return of.serial_number();
     case CertificateQuery::signatureAlgorithm:
@@ -202,7 +214,7 @@ int query_certificate(char* out, int nChars, const char* certFile, CertificateQu
     case CertificateQuery::keyUsageString:
         return of.key_usage();
     case CertificateQuery::keyUsageFlags:
-        return static_cast<int>(key_usage_flags(fields));
+        return of.number(static_cast<int>(key_usage_flags(fields)));
     case CertificateQuery::notBefore:
         return of.time(fields.notBefore);
     case CertificateQuery::notAfter:
@@ -213,18 +225,14 @@ int query_certificate(char* out, int nChars, const char* certFile, CertificateQu
         return of.name(fields.subject, delimiter, options);
     case CertificateQuery::subjectPublicKeyAlgorithm:
         return of.key_algorithm();
-    case CertificateQuery::subjectKeyIdentifier: {
-        const SecretBuffer octets = subject_key_identifier(fields);
-        return of.hex(octets.data(), octets.size());
-    }
-    case CertificateQuery::authorityKeyIdentifier: {
-        const SecretBuffer octets = authority_key_identifier(fields);
-        return of.hex(octets.data(), octets.size());
-    }
+    case CertificateQuery::subjectKeyIdentifier:
+        return of.hex(subject_key_identifier(fields));
+    case CertificateQuery::authorityKeyIdentifier:
+        return of.hex(authority_key_identifier(fields));
     case CertificateQuery::rfc822Name:
         return of.entry(rfc822_name);
     case CertificateQuery::isCA:
-        return is_ca(fields) ? 1 : 0;
+        return of.number(is_ca(fields) ? 1 : 0);
     case CertificateQuery::extKeyUsageString:
         return of.entry(extended_key_usage_text);
     case CertificateQuery::cRLDistributionPointsURI:
@@ -232,7 +240,7 @@ int query_certificate(char* out, int nChars, const char* certFile, CertificateQu
     case CertificateQuery::authorityInfoAccessURI:
         return of.entry(authority_info_access_uri);
     }
-    return -BAD_QUERY_ERROR;
+    return BAD_QUERY_ERROR;
 }
 
 } // namespace zul

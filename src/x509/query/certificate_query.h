@@ -25,18 +25,18 @@ enum class CertificateQuery : int {
     authorityInfoAccessURI,
 };
 
-// find_query matches a query's words: its number, or -BAD_QUERY_ERROR.
-[[nodiscard]] int find_query(const char* query);
+// find_query finds the query that a text names: 0 or BAD_QUERY_ERROR.
+[[nodiscard]] int find_query(const char* text, CertificateQuery& query);
 constexpr int kQueryNumber = 1, kQueryText = 2;
 int query_type(CertificateQuery query);
 
 // query_validity is the validity_state of a certificate argument, or a positive code with a text.
 [[nodiscard]] int query_validity(const char* certFile);
 
-// query_certificate evaluates a query of a certificate argument. A number is the result; a text is written
-// as exports do and its length returned; a failure is a negated code. Names take the delimiter and
-// ZUL_X509_LATIN1 as name_print does.
+// query_certificate answers a query of a certificate argument: 0 or a positive code. *result is the number,
+// or the length of the text, which is written as exports do. Names take the delimiter and ZUL_X509_LATIN1 as
+// name_print does.
 [[nodiscard]] int query_certificate(char* out, int nChars, const char* certFile, CertificateQuery query,
-                                    int options, const char* delimiter = nullptr);
+                                    int options, const char* delimiter, int* result);
 
 } // namespace zul

@@ -33,15 +33,15 @@ AsnList certificate_from_string(const char* text) {
 
 } // namespace
 
-int certificate_string(char* out, int nChars, const char* certFile) {
+int certificate_string(char* out, int nChars, const char* certFile, int* length) {
     AsnList certificate;
     if (const int error = x509_read_certificate(certFile, certificate))
-        return -error;
+        return error;
     const AsnList der = asn_ToDer(std::move(certificate));
     const SecretBuffer text = asn_EncodeBase64(der.head());
     if (text.empty())
-        return -err_fail(INVALID_DATA_ERROR, "Invalid ASN.1 data");
-    return uncut_text_result(out, nChars, text);
+        return err_fail(INVALID_DATA_ERROR, "Invalid ASN.1 data");
+    return uncut_text_result(out, nChars, text, length);
 }
 
 int save_certificate_string(const char* path, const char* text, int options) {

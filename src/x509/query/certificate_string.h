@@ -2,9 +2,9 @@
 
 namespace zul {
 
-// certificate_string writes a certificate argument's DER as base64 in one line: its length, also without
-// output or room, or a negated code, SHORT_BUF_ERROR if it does not fit.
-[[nodiscard]] int certificate_string(char* out, int nChars, const char* certFile);
+// certificate_string writes a certificate argument's DER as base64 in one line, and sets *length to its
+// length, also without output or room: 0 or a positive code, SHORT_BUF_ERROR if it does not fit.
+[[nodiscard]] int certificate_string(char* out, int nChars, const char* certFile, int* length);
 
 // save_certificate_string writes a certificate given as PEM or base64, which may be in lines, to a file: 0 or
 // a positive code with a text. options: ZUL_X509_FORMAT_PEM.

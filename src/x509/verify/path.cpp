@@ -74,17 +74,17 @@ class Path {
   public:
     explicit Path(bool checksDates) : checksDates_(checksDates) {}
 
-    int read_trusted(const char* trustedCert);
-    int read_list(const char* certList);
-    int order();
-    int verify() const;
+    [[nodiscard]] int read_trusted(const char* trustedCert);
+    [[nodiscard]] int read_list(const char* certList);
+    [[nodiscard]] int order();
+    [[nodiscard]] int verify() const;
 
   private:
-    int read_bundle(CertificateBundle& bundle);
-    int read_items(const char* certList);
-    int read_single(const char* fileOrText);
-    int add(AsnList certificate);
-    int choose_first();
+    [[nodiscard]] int read_bundle(CertificateBundle& bundle);
+    [[nodiscard]] int read_items(const char* certList);
+    [[nodiscard]] int read_single(const char* fileOrText);
+    [[nodiscard]] int add(AsnList certificate);
+    [[nodiscard]] int choose_first();
     template<class Condition>
     bool bring(int position, Condition wanted);
     bool has_trusted() const { return static_cast<bool>(trusted_.list); }

@@ -15,7 +15,7 @@ namespace zul {
 
 namespace {
 
-int conclude(int result) {
+[[nodiscard]] int conclude(int result) {
     if (result >= 0)
         return result;
     err_add_text("Signature did not verify");
@@ -23,7 +23,7 @@ int conclude(int result) {
 }
 
 // check_bytes: 0 if the signature is that of the bytes, else -1.
-int check_bytes(const SignatureCheck& check, const SecretBuffer& bytes) {
+[[nodiscard]] int check_bytes(const SignatureCheck& check, const SecretBuffer& bytes) {
     uint8_t digest[kMaxDigestSize];
     const int length = hash_bytes(digest, sizeof digest, bytes.data(), static_cast<int64_t>(bytes.size()),
                                   check.digest_algorithm());
@@ -32,7 +32,7 @@ int check_bytes(const SignatureCheck& check, const SecretBuffer& bytes) {
 
 // find_parts finds the parts of an object, which are all that it may hold: 0, or BAD_FORMAT_ERROR with a
 // text.
-int find_parts(const asn_Node* object, const char* name, SignedFields& parts) {
+[[nodiscard]] int find_parts(const asn_Node* object, const char* name, SignedFields& parts) {
     AsnChildren children(asn_is(object, kAsnConstructed, kAsnSequence) ? object : nullptr);
     parts.toBeSigned = children.take_sequence();
     if (parts.toBeSigned == nullptr)
@@ -48,7 +48,8 @@ int find_parts(const asn_Node* object, const char* name, SignedFields& parts) {
 
 // verify_parts checks the bytes as they stand, then their DER form: some programs sign DER and send BER. -1
 // is without a text.
-int verify_parts(const asn_Node* subjectPublicKeyInfo, const SignedFields& parts, const char* name) {
+[[nodiscard]] int verify_parts(const asn_Node* subjectPublicKeyInfo, const SignedFields& parts,
+                               const char* name) {
     SignatureCheck check;
     int result = check.prepare(subjectPublicKeyInfo, parts.signatureAlgorithm, parts.signatureValue);
     if (result != 0)
@@ -114,7 +115,8 @@ int SignedPass::end() {
 namespace {
 
 // verify_parsed checks an object for which one pass gave -1 or kOtherForm. -1 is without a text.
-int verify_parsed(const asn_Node* subjectPublicKeyInfo, DerSource& source, const char* name, int passResult) {
+[[nodiscard]] int verify_parsed(const asn_Node* subjectPublicKeyInfo, DerSource& source, const char* name,
+                                int passResult) {
     AsnList object;
     if (passResult == SignedPass::kOtherForm) {
         if (const int error = x509_read_object(source, object))
