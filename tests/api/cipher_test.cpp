@@ -1,29 +1,17 @@
 #include <climits>
-#include <cstdlib>
 #include <filesystem>
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
 
 #ifndef _WIN32
 #include <unistd.h>
 #endif
 
-#include "support/temp_dir.h"
-#include "support/vectors.h"
-#include "zulcore.h"
+#include "support/module_calls.h"
+
+using test::Bytes;
 
 namespace {
 
-using Bytes = std::vector<uint8_t>;
 using test::from_hex;
-
-// Each failure is recorded as a positive code, whatever its sign.
-#define EXPECT_RESULT(call, code)                                                                            \
-    do {                                                                                                     \
-        EXPECT_EQ(call, code);                                                                               \
-        EXPECT_EQ(ZUL_ErrorCode(), std::abs(code));                                                          \
-    } while (0)
 
 constexpr int kModes[] = {ZUL_MODE_ECB, ZUL_MODE_CBC, ZUL_MODE_OFB, ZUL_MODE_CFB, ZUL_MODE_CTR};
 constexpr int kCiphers[] = {ZUL_CIPHER_TDEA, ZUL_CIPHER_AES128, ZUL_CIPHER_AES192, ZUL_CIPHER_AES256};

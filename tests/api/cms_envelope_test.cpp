@@ -1,23 +1,16 @@
 #include <algorithm>
 #include <functional>
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
 #ifndef _WIN32
 #include <csignal>
 #include <sys/resource.h>
 #endif
 
 #include "support/module_calls.h"
-#include "support/temp_dir.h"
-#include "support/vectors.h"
-#include "zulcore.h"
 
+using test::Bytes;
 using test::last_error;
 
 namespace {
-
-using Bytes = std::vector<uint8_t>;
 
 std::string path_of(const std::string& file) {
     return test::data_path("cms_envelope/" + file);
@@ -32,13 +25,6 @@ std::string content_of(size_t size) { // that make.py and the tests encrypt
 
 class CmsEnvelope : public testing::Test {
   protected:
-    void SetUp() override {
-        key.resize(90000);
-        const int length = RSA_ReadPrivateKeyInfo(key.data(), 90000, path_of("me.key").c_str());
-        ASSERT_GT(length, 0) << last_error();
-        key.resize(static_cast<size_t>(length));
-    }
-
     // opened gives a content by its length and then all of it; "error ..." after a failure.
     std::string opened(const std::string& message, const char* cert = nullptr) const {
         const int length = CMS_ReadEnvDataToString(nullptr, 0, message.c_str(), cert, key.c_str(), 0);
@@ -74,7 +60,8 @@ class CmsEnvelope : public testing::Test {
 
     const test::TempDir dir;
     const std::string me = path_of("me.pem"), other = path_of("other.pem");
-    std::string key;
+    const std::string key = test::text_of(
+        [](char* out, int room) { return RSA_ReadPrivateKeyInfo(out, room, path_of("me.key").c_str()); });
     mutable int changes = 0;
 };
 

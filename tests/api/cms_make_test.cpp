@@ -1,13 +1,8 @@
 #include <algorithm>
 #include <ctime>
-#include <gtest/gtest.h>
 #include <set>
-#include <string>
 
 #include "support/module_calls.h"
-#include "support/temp_dir.h"
-#include "support/vectors.h"
-#include "zulcore.h"
 
 using test::last_error;
 
@@ -46,9 +41,7 @@ struct Digest {
 
 class CmsMake : public testing::Test {
   protected:
-    CmsMake() : key_(2000, '\0') {
-        const std::string file = test::data_path("rsa/private_pkcs8.pem");
-        key_.resize(static_cast<size_t>(RSA_ReadPrivateKeyInfo(key_.data(), 2000, file.c_str())));
+    CmsMake() {
         EXPECT_EQ(X509_MakeCertSelf(cert_.c_str(), key_.c_str(), 5, 1, "CN=A", "", 0, "p", 0), 0)
             << last_error();
     }
@@ -140,7 +133,10 @@ class CmsMake : public testing::Test {
     }
 
     test::TempDir dir_;
-    std::string key_, cert_ = dir_.file("cert"), out_ = dir_.file("out");
+    const std::string key_ = test::text_of([](char* out, int room) {
+        return RSA_ReadPrivateKeyInfo(out, room, test::data_path("rsa/private_pkcs8.pem").c_str());
+    });
+    std::string cert_ = dir_.file("cert"), out_ = dir_.file("out");
 };
 
 } // namespace

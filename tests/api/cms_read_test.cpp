@@ -1,9 +1,4 @@
-#include <gtest/gtest.h>
-#include <string>
-
-#include "support/temp_dir.h"
-#include "support/vectors.h"
-#include "zulcore.h"
+#include "support/module_calls.h"
 
 static const std::string kContent = "Hello, reader.";
 

@@ -1,39 +1,17 @@
-#include <gtest/gtest.h>
 #include <map>
-#include <string>
-#include <vector>
 
 #include "support/module_calls.h"
-#include "support/temp_dir.h"
-#include "support/vectors.h"
-#include "zulcore.h"
 
+using test::from_base64;
 using test::last_error;
+using test::pem;
 
 namespace {
-
-std::string pem(const std::string& base64) {
-    return "-----BEGIN X-----\n" + base64 + "\n-----END X-----\n";
-}
-
-std::string pem(const std::vector<uint8_t>& data) {
-    std::string text((data.size() + 2) / 3 * 4, '\0');
-    CNV_B64StrFromBytes(text.data(), static_cast<int>(text.size()), data.data(),
-                        static_cast<int>(data.size()));
-    return pem(text);
-}
-
-std::vector<uint8_t> bytes_of(const std::string& base64) {
-    std::vector<uint8_t> data(base64.size());
-    data.resize(
-        static_cast<size_t>(CNV_BytesFromB64Str(data.data(), static_cast<int>(data.size()), base64.c_str())));
-    return data;
-}
 
 std::map<std::string, std::string> certificates() {
     std::map<std::string, std::string> found = {{"", ""}};
     for (const test::Vector& v : test::read_vectors("cms_verify/certificates.txt"))
-        found[v.text("Name")] = pem(v.text("Certificate"));
+        found[v.text("Name")] = pem(from_base64(v.text("Certificate")));
     return found;
 }
 
@@ -85,7 +63,7 @@ TEST(CmsVerify, MessagesOfMany) {
     const auto certs = certificates();
     for (const test::Vector& v : test::read_vectors("cms_verify/messages.txt")) {
         SCOPED_TRACE(v.where() + " " + v.text("Name"));
-        const std::string file = pem(v.text("Message")), cert = certs.at(optional(v, "Cert"));
+        const std::string file = pem(from_base64(v.text("Message"))), cert = certs.at(optional(v, "Cert"));
         const std::string text = optional(v, "Text");
         EXPECT_EQ(CMS_VerifySigData(file.c_str(), cert.c_str(), optional(v, "Given").c_str(), 0),
                   v.number("Result"));
@@ -103,12 +81,12 @@ TEST(CmsVerify, MessagesOfMany) {
 
 TEST(CmsVerify, DamageChangesNothingOrIsSeen) {
     const std::string alice = certificates()["alice"];
-    const std::vector<uint8_t> good = bytes_of(message("plain"));
+    const test::Bytes good = from_base64(message("plain"));
     const Answer digest = signed_digest(pem(good), alice);
     int refused = 0;
     for (const int change : {0x01, 0x20, 0x80})
         for (size_t i = 0; i < good.size(); i++) {
-            std::vector<uint8_t> damaged = good;
+            test::Bytes damaged = good;
             damaged[i] = static_cast<uint8_t>(damaged[i] ^ change);
             const std::string file = pem(damaged);
             const bool withCert = CMS_VerifySigData(file.c_str(), alice.c_str(), nullptr, 0) == 0;
@@ -122,7 +100,7 @@ TEST(CmsVerify, DamageChangesNothingOrIsSeen) {
         }
     EXPECT_GT(refused, 3 * 250); // what is not the certificate
     for (size_t size = 0; size < good.size(); size++) {
-        const std::vector<uint8_t> cut(good.begin(), good.begin() + static_cast<long>(size));
+        const test::Bytes cut(good.begin(), good.begin() + static_cast<long>(size));
         EXPECT_NE(CMS_VerifySigData(pem(cut).c_str(), alice.c_str(), nullptr, 0), 0) << size;
     }
 }
@@ -130,7 +108,7 @@ TEST(CmsVerify, DamageChangesNothingOrIsSeen) {
 TEST(CmsVerify, Arguments) {
     const test::TempDir dir;
     const std::string alice = certificates()["alice"], plain = message("plain");
-    const std::string file = dir.write("m.der", bytes_of(plain)), missing = dir.file("missing");
+    const std::string file = dir.write("m.der", from_base64(plain)), missing = dir.file("missing");
     const std::string digest = "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad";
     const std::string tooLong(130, '0');
     const struct {
@@ -200,7 +178,7 @@ TEST(CmsQuerySigData, Answers) {
     std::map<std::string, std::string> messages;
     for (const auto& c : cases) {
         if (messages.count(c.message) == 0)
-            messages[c.message] = pem(message(c.message));
+            messages[c.message] = pem(from_base64(message(c.message)));
         EXPECT_EQ(query(messages[c.message], c.query), c.answer) << c.message << " " << c.query;
         EXPECT_EQ(ZUL_ErrorCode(), c.answer.result < 0 ? -c.answer.result : 0);
     }

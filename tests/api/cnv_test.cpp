@@ -1,10 +1,7 @@
 #include <climits>
 #include <cstring>
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
 
-#include "zulcore.h"
+#include "support/module_calls.h"
 
 namespace {
 

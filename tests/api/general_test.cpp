@@ -4,13 +4,8 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
 
 #include "support/module_calls.h"
-#include "support/temp_dir.h"
-#include "zulcore.h"
 
 TEST(ErrorLookup, CountsTheNulInItsRoom) {
     struct Case {

@@ -3,13 +3,8 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
 
-#include "support/temp_dir.h"
-#include "support/vectors.h"
-#include "zulcore.h"
+#include "support/module_calls.h"
 
 namespace {
 

@@ -1,11 +1,7 @@
 #include <climits>
 #include <cstring>
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
 
-#include "support/vectors.h"
-#include "zulcore.h"
+#include "support/module_calls.h"
 
 TEST(HmacExports, MeetTheStandardsInEveryRoom) {
     for (const char* file : {"hash/hmac_rfc2202.txt", "hash/hmac_rfc4231.txt"}) {

@@ -1,15 +1,12 @@
 #include <algorithm>
 #include <climits>
 #include <cstdlib>
-#include <gtest/gtest.h>
-#include <vector>
 
-#include "support/vectors.h"
-#include "zulcore.h"
+#include "support/module_calls.h"
+
+using test::Bytes;
 
 namespace {
-
-using Bytes = std::vector<uint8_t>;
 
 int aes_option(size_t kekLength) {
     return kekLength == 16 ? ZUL_CIPHER_AES128 : kekLength == 24 ? ZUL_CIPHER_AES192 : ZUL_CIPHER_AES256;

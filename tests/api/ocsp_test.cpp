@@ -1,21 +1,14 @@
 #include <algorithm>
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
 
 #include "support/module_calls.h"
-#include "support/temp_dir.h"
-#include "support/vectors.h"
-#include "zulcore.h"
 
 using test::base64;
+using test::Bytes;
 using test::last_error;
 
 // OCSP requests and responses of openssl, and responses that no responder would send (tests/data/ocsp).
 
 namespace {
-
-using Bytes = std::vector<uint8_t>;
 
 std::string path_of(const std::string& file) {
     return test::data_path("ocsp/" + file);
@@ -78,10 +71,7 @@ TEST(Ocsp, SerialNumbersOfRequestsAreTheBytesGiven) {
                  {"#x" + std::string(160, '7'), "0250" + std::string(160, '7')}};
     for (const auto& each : cases) {
         ASSERT_GT(request(each.given, ZUL_HASH_MD2, ofText, ca), 0) << each.given;
-        Bytes der(ofText.size());
-        der.resize(static_cast<size_t>(
-            CNV_BytesFromB64Str(der.data(), static_cast<int>(der.size()), ofText.c_str())));
-        const std::string hex = test::to_hex(der);
+        const std::string hex = test::to_hex(test::from_base64(ofText));
         EXPECT_EQ(hex.substr(hex.size() - each.integer.size()), each.integer) << each.given;
     }
 }
@@ -137,7 +127,7 @@ TEST(Ocsp, ReportsOfWhatOpensslAnswers) {
         EXPECT_EQ(ask(file, another), hasRsaKey ? -SIGNATURE_ERROR : -NOT_SUPPORTED_ERROR);
         const Bytes der = test::read_file(file);
         EXPECT_EQ(report(base64(der), hasRsaKey ? issuer : ""), expected);
-        EXPECT_EQ(report("-----BEGIN X-----\n" + base64(der) + "\n-----END X-----\n"), expected);
+        EXPECT_EQ(report(test::pem(der)), expected);
     }
     EXPECT_EQ(ask(path_of("good.der"), path_of("missing")), -OPEN_ERROR);
     EXPECT_EQ(ask(path_of("good.der"), path_of("good.der")), -BAD_FORMAT_ERROR);

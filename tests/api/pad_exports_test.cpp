@@ -1,17 +1,11 @@
 #include <climits>
 #include <cstring>
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
 
-#include "support/vectors.h"
-#include "zulcore.h"
+#include "support/module_calls.h"
 
-namespace {
+using test::Bytes;
 
-using Bytes = std::vector<uint8_t>;
-
-} // namespace
+namespace {} // namespace
 
 TEST(Padding, RoundTripsInPlaceAsBytesAndAsHex) {
     for (const int block : {8, 16}) {

@@ -1,10 +1,6 @@
 #include <filesystem>
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
 
-#include "support/temp_dir.h"
-#include "zulcore.h"
+#include "support/module_calls.h"
 
 namespace {
 

@@ -1,42 +1,27 @@
 #include <algorithm>
 #include <cstdio>
 #include <functional>
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
 
 #include "support/module_calls.h"
-#include "support/temp_dir.h"
-#include "support/vectors.h"
-#include "zulcore.h"
 
+using test::Bytes;
 using test::last_error;
+using test::text_of;
 
 namespace {
-
-using Bytes = std::vector<uint8_t>;
 
 std::string data(const std::string& file) {
     return test::data_path("pfx/" + file);
 }
 
-std::string text_of(const Bytes& bytes) {
-    return {bytes.begin(), bytes.end()};
-}
-
-template<class Call>
-std::string key_string(Call call) {
-    std::string text(90000, '\0');
-    const int length = call(text.data(), 89999);
-    EXPECT_GT(length, 0) << last_error();
-    text.resize(static_cast<size_t>(std::max(length, 0)));
-    return text;
-}
-
 std::string open_key(const std::string& file, const std::string& password) {
-    return key_string([&](char* out, int room) {
+    return text_of([&](char* out, int room) {
         return RSA_ReadEncPrivateKey(out, room, file.c_str(), password.c_str(), 0);
     });
+}
+
+std::string chars(const Bytes& bytes) {
+    return {bytes.begin(), bytes.end()};
 }
 
 void expect_text(const test::Vector& v, const std::string& name) {
@@ -86,11 +71,11 @@ TEST(PfxRead, ProducersAndStructures) {
     const test::TempDir dir;
     const std::string out = dir.file("out"), cert = data("cert.der");
     const std::string publicKey =
-        key_string([&](char* to, int room) { return RSA_GetPublicKeyFromCert(to, room, cert.c_str()); });
+        text_of([&](char* to, int room) { return RSA_GetPublicKeyFromCert(to, room, cert.c_str()); });
     for (const auto& v : test::read_vectors("pfx/cases.txt")) {
         SCOPED_TRACE(v.text("What"));
         const std::string file = v.has("File") ? data(v.text("File")) : dir.write("in", v.hex("Pfx"));
-        const std::string password = text_of(v.hex("Password"));
+        const std::string password = chars(v.hex("Password"));
         EXPECT_EQ(PFX_VerifySig(file.c_str(), password.c_str(), 0), v.number("Verify")) << last_error();
         expect_text(v, "VerifyText");
         if (v.has("File")) {
@@ -111,7 +96,7 @@ TEST(PfxRead, ProducersAndStructures) {
         if (v.number("Key") != 0)
             continue;
         if (v.has("File")) {
-            const std::string keyPassword = v.has("KeyPassword") ? text_of(v.hex("KeyPassword")) : password;
+            const std::string keyPassword = v.has("KeyPassword") ? chars(v.hex("KeyPassword")) : password;
             EXPECT_EQ(RSA_KeyMatch(open_key(out, keyPassword).c_str(), publicKey.c_str()), 0);
         } else {
             EXPECT_EQ(test::read_file(out), v.hex("KeyIs"));

@@ -2,13 +2,9 @@
 #include <climits>
 #include <cstring>
 #include <filesystem>
-#include <gtest/gtest.h>
 #include <set>
-#include <string>
-#include <vector>
 
-#include "support/temp_dir.h"
-#include "zulcore.h"
+#include "support/module_calls.h"
 
 namespace {
 

@@ -1,9 +1,4 @@
-#include <gtest/gtest.h>
-#include <string>
-
 #include "support/module_calls.h"
-#include "support/temp_dir.h"
-#include "zulcore.h"
 
 using test::last_error;
 

@@ -1,18 +1,13 @@
 #include <algorithm>
 #include <climits>
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
 
 #include "support/module_calls.h"
-#include "support/vectors.h"
-#include "zulcore.h"
 
+using test::Bytes;
 using test::last_error;
 
 namespace {
 
-using Bytes = std::vector<unsigned char>;
 using RawFunction = int (*)(unsigned char*, int, const char*, int);
 
 int length_of(const Bytes& bytes) {

@@ -1,22 +1,16 @@
 #include <cstring>
 #include <filesystem>
 #include <functional>
-#include <gtest/gtest.h>
-#include <string>
 #include <string_view>
-#include <vector>
 
 #include "support/module_calls.h"
-#include "support/temp_dir.h"
-#include "support/vectors.h"
-#include "zulcore.h"
 
 using test::base64;
+using test::Bytes;
 using test::last_error;
 
 namespace {
 
-using Bytes = std::vector<uint8_t>;
 using Reader = std::function<int(char* out, int outChars, const char* fileOrText)>;
 
 constexpr char kPassword[] = "password";
@@ -54,11 +48,7 @@ Bytes data_bytes(const char* name) {
 }
 
 Bytes pem_bytes(const char* name) {
-    const std::string pem = data_text(name);
-    const std::string body = pem.substr(pem.find('\n'), pem.find("-----END") - pem.find('\n'));
-    Bytes bytes(static_cast<size_t>(CNV_BytesFromB64Str(nullptr, 0, body.c_str())));
-    CNV_BytesFromB64Str(bytes.data(), static_cast<int>(bytes.size()), body.c_str());
-    return bytes;
+    return test::der_of(data_text(name));
 }
 
 class RsaStore : public testing::Test {

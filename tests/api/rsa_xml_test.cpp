@@ -1,10 +1,4 @@
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
-
 #include "support/module_calls.h"
-#include "support/vectors.h"
-#include "zulcore.h"
 
 using test::last_error;
 

@@ -1,20 +1,8 @@
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
+#include "support/module_calls.h"
 
-#include "support/temp_dir.h"
-#include "support/vectors.h"
-#include "zulcore.h"
+using test::Bytes;
 
 namespace {
-
-using Bytes = std::vector<uint8_t>;
-
-#define EXPECT_STATUS(call, code)                                                                            \
-    do {                                                                                                     \
-        EXPECT_EQ(call, code);                                                                               \
-        EXPECT_EQ(ZUL_ErrorCode(), code);                                                                    \
-    } while (0)
 
 // SP 800-67's example ("The qufck brown fox jump") in ECB; the other modes as OpenSSL 3.0 enciphers it, the
 // counter wrapping within the message.
@@ -44,37 +32,37 @@ TEST(Tdea, EnciphersBytesTextsAndFiles) {
         SCOPED_TRACE(c.mode);
         const Bytes want = test::from_hex(c.hex);
         Bytes data = plain;
-        EXPECT_STATUS(TDEA_BytesMode(data.data(), data.data(), 24, key.data(), 1, c.mode, iv.data()), 0);
+        EXPECT_RESULT(TDEA_BytesMode(data.data(), data.data(), 24, key.data(), 1, c.mode, iv.data()), 0);
         EXPECT_EQ(data, want);
-        EXPECT_STATUS(TDEA_BytesMode(data.data(), data.data(), 24, key.data(), 0, c.mode, iv.data()), 0);
+        EXPECT_RESULT(TDEA_BytesMode(data.data(), data.data(), 24, key.data(), 0, c.mode, iv.data()), 0);
         EXPECT_EQ(data, plain);
 
         char text[50];
         text[49] = '#';
-        EXPECT_STATUS(TDEA_HexMode(text, kPlainHex, kKeyHex, 1, c.mode, kIvHex), 0);
+        EXPECT_RESULT(TDEA_HexMode(text, kPlainHex, kKeyHex, 1, c.mode, kIvHex), 0);
         EXPECT_STREQ(text, c.hex);
-        EXPECT_STATUS(TDEA_HexMode(text, text, kKeyHex, 0, c.mode, kIvHex), 0);
+        EXPECT_RESULT(TDEA_HexMode(text, text, kKeyHex, 0, c.mode, kIvHex), 0);
         EXPECT_STREQ(text, kPlainHex);
         EXPECT_EQ(text[49], '#');
         text[33] = '#';
-        EXPECT_STATUS(TDEA_B64Mode(text, kPlainB64, kKeyB64, 1, c.mode, kIvB64), 0);
+        EXPECT_RESULT(TDEA_B64Mode(text, kPlainB64, kKeyB64, 1, c.mode, kIvB64), 0);
         EXPECT_STREQ(text, c.b64);
-        EXPECT_STATUS(TDEA_B64Mode(text, text, kKeyB64, 0, c.mode, kIvB64), 0);
+        EXPECT_RESULT(TDEA_B64Mode(text, text, kKeyB64, 0, c.mode, kIvB64), 0);
         EXPECT_STREQ(text, kPlainB64);
         EXPECT_EQ(text[33], '#');
 
-        EXPECT_STATUS(TDEA_File(made.c_str(), plainFile.c_str(), key.data(), 1, c.mode, iv.data()), 0);
+        EXPECT_RESULT(TDEA_File(made.c_str(), plainFile.c_str(), key.data(), 1, c.mode, iv.data()), 0);
         Bytes content = test::read_file(made);
         EXPECT_EQ(content.size(), c.hex[0] == 'A' && c.hex[1] == '9' ? 24u : 32u);
         EXPECT_EQ(Bytes(content.begin(), content.begin() + 24), want);
-        EXPECT_STATUS(TDEA_File(back.c_str(), made.c_str(), key.data(), 0, c.mode, iv.data()), 0);
+        EXPECT_RESULT(TDEA_File(back.c_str(), made.c_str(), key.data(), 0, c.mode, iv.data()), 0);
         EXPECT_EQ(test::read_file(back), plain);
     }
     // One byte of base64 and one of hex: the output is as long as the data, not as a block.
     char text[6] = "#####";
-    EXPECT_STATUS(TDEA_B64Mode(text, "VA==", kKeyB64, 1, "OFB", kIvB64), 0);
+    EXPECT_RESULT(TDEA_B64Mode(text, "VA==", kKeyB64, 1, "OFB", kIvB64), 0);
     EXPECT_STREQ(text, "qQ==");
-    EXPECT_STATUS(TDEA_HexMode(text, "54", kKeyHex, 1, "CTR", kIvHex), 0);
+    EXPECT_RESULT(TDEA_HexMode(text, "54", kKeyHex, 1, "CTR", kIvHex), 0);
     EXPECT_STREQ(text, "A9");
 }
 
@@ -92,27 +80,27 @@ TEST(Tdea, RefusesMisuse) {
         int code;
     } modes[] = {{nullptr, BAD_PARAM_ERROR}, {"", BAD_MODE_ERROR}, {"CBCC", BAD_MODE_ERROR}};
     for (const auto& c : modes) {
-        EXPECT_STATUS(TDEA_BytesMode(out.data(), k, 16, k, 1, c.mode, v), c.code);
-        EXPECT_STATUS(TDEA_HexMode(text, kPlainHex, kKeyHex, 1, c.mode, kIvHex), c.code);
-        EXPECT_STATUS(TDEA_B64Mode(text, kPlainB64, kKeyB64, 1, c.mode, kIvB64), c.code);
-        EXPECT_STATUS(TDEA_File(made.c_str(), in.c_str(), k, 1, c.mode, v), c.code);
+        EXPECT_RESULT(TDEA_BytesMode(out.data(), k, 16, k, 1, c.mode, v), c.code);
+        EXPECT_RESULT(TDEA_HexMode(text, kPlainHex, kKeyHex, 1, c.mode, kIvHex), c.code);
+        EXPECT_RESULT(TDEA_B64Mode(text, kPlainB64, kKeyB64, 1, c.mode, kIvB64), c.code);
+        EXPECT_RESULT(TDEA_File(made.c_str(), in.c_str(), k, 1, c.mode, v), c.code);
     }
-    EXPECT_STATUS(TDEA_BytesMode(out.data(), k, -1, k, 1, "CBC", v), BAD_PARAM_ERROR);
-    EXPECT_STATUS(TDEA_BytesMode(out.data(), k, 16, nullptr, 1, "CBC", v), NULL_ERROR);
-    EXPECT_STATUS(TDEA_BytesMode(out.data(), k, 16, k, 1, "CBC", nullptr), BAD_IV_ERROR);
+    EXPECT_RESULT(TDEA_BytesMode(out.data(), k, -1, k, 1, "CBC", v), BAD_PARAM_ERROR);
+    EXPECT_RESULT(TDEA_BytesMode(out.data(), k, 16, nullptr, 1, "CBC", v), NULL_ERROR);
+    EXPECT_RESULT(TDEA_BytesMode(out.data(), k, 16, k, 1, "CBC", nullptr), BAD_IV_ERROR);
     EXPECT_EQ(out, Bytes(16, 0x5A));
 
     const std::string longKey = std::string(kKeyB64) + "AA==";
-    EXPECT_STATUS(TDEA_HexMode(text, kPlainHex, "", 1, "CBC", kIvHex), BAD_PARAM_ERROR);
-    EXPECT_STATUS(TDEA_B64Mode(text, "", kKeyB64, 1, "CBC", kIvB64), BAD_PARAM_ERROR);
-    EXPECT_STATUS(TDEA_B64Mode(text, kPlainB64, kKeyB64 + 4, 1, "CBC", kIvB64), BAD_KEY_LEN_ERROR);
-    EXPECT_STATUS(TDEA_B64Mode(text, kPlainB64, longKey.c_str(), 1, "CBC", kIvB64), BAD_KEY_LEN_ERROR);
-    EXPECT_STATUS(TDEA_B64Mode(text, kPlainB64, kKeyB64, 1, "CTR", kKeyB64), BAD_IV_ERROR);
-    EXPECT_STATUS(TDEA_B64Mode(text, kPlainB64, kKeyB64, 1, "CTR", "/////////w=="), BAD_IV_ERROR);
-    EXPECT_STATUS(TDEA_B64Mode(text, kPlainB64 + 4, kKeyB64, 1, "ECB", nullptr), BAD_LENGTH_ERROR);
+    EXPECT_RESULT(TDEA_HexMode(text, kPlainHex, "", 1, "CBC", kIvHex), BAD_PARAM_ERROR);
+    EXPECT_RESULT(TDEA_B64Mode(text, "", kKeyB64, 1, "CBC", kIvB64), BAD_PARAM_ERROR);
+    EXPECT_RESULT(TDEA_B64Mode(text, kPlainB64, kKeyB64 + 4, 1, "CBC", kIvB64), BAD_KEY_LEN_ERROR);
+    EXPECT_RESULT(TDEA_B64Mode(text, kPlainB64, longKey.c_str(), 1, "CBC", kIvB64), BAD_KEY_LEN_ERROR);
+    EXPECT_RESULT(TDEA_B64Mode(text, kPlainB64, kKeyB64, 1, "CTR", kKeyB64), BAD_IV_ERROR);
+    EXPECT_RESULT(TDEA_B64Mode(text, kPlainB64, kKeyB64, 1, "CTR", "/////////w=="), BAD_IV_ERROR);
+    EXPECT_RESULT(TDEA_B64Mode(text, kPlainB64 + 4, kKeyB64, 1, "ECB", nullptr), BAD_LENGTH_ERROR);
     EXPECT_STREQ(text, "untouched");
 
-    EXPECT_STATUS(TDEA_File(made.c_str(), in.c_str(), k, 1, "CBC", nullptr), BAD_IV_ERROR);
-    EXPECT_STATUS(TDEA_File(made.c_str(), in.c_str(), k, 0, "ECB", v), DECRYPT_ERROR);
+    EXPECT_RESULT(TDEA_File(made.c_str(), in.c_str(), k, 1, "CBC", nullptr), BAD_IV_ERROR);
+    EXPECT_RESULT(TDEA_File(made.c_str(), in.c_str(), k, 0, "ECB", v), DECRYPT_ERROR);
     EXPECT_FALSE(test::file_exists(made));
 }

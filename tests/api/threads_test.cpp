@@ -1,12 +1,8 @@
 #include <atomic>
 #include <cstring>
-#include <gtest/gtest.h>
-#include <string>
 #include <thread>
-#include <vector>
 
-#include "support/temp_dir.h"
-#include "zulcore.h"
+#include "support/module_calls.h"
 
 namespace {
 

@@ -1,20 +1,14 @@
 #include <functional>
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
 
 #include "support/module_calls.h"
-#include "support/temp_dir.h"
-#include "support/vectors.h"
-#include "zulcore.h"
 
 using test::base64;
+using test::Bytes;
 
 // Certificates of other makers (tests/data/x509) and what openssl says of them.
 
 namespace {
 
-using Bytes = std::vector<uint8_t>;
 using Text = std::function<int(char* out, int nChars)>;
 
 // A text, or "!" and the code of the error.
@@ -45,20 +39,9 @@ std::string path_of(const std::string& file) {
     return test::data_path("x509/" + file);
 }
 
-std::string pem(const std::string& base64Text) {
-    return "Some text\n-----BEGIN CERTIFICATE-----\n" + base64Text + "\n-----END CERTIFICATE-----\n";
-}
-
 Bytes encoding(const std::string& file) { // of a file of DER, BER or PEM
     const std::string text = test::read_text(path_of(file));
-    const std::string begin = "-----BEGIN CERTIFICATE-----", end = "-----END";
-    if (text.rfind(begin, 0) != 0)
-        return Bytes(text.begin(), text.end());
-    const std::string body = text.substr(begin.size(), text.find(end) - begin.size());
-    Bytes data(body.size());
-    const int length = CNV_BytesFromB64Str(data.data(), static_cast<int>(data.size()), body.c_str());
-    data.resize(length > 0 ? static_cast<size_t>(length) : 0);
-    return data;
+    return text.starts_with("-----BEGIN") ? test::der_of(text) : Bytes(text.begin(), text.end());
 }
 
 constexpr const char* kTexts[] = {
@@ -199,7 +182,7 @@ TEST(X509Data, Certificates) {
     for (const test::Vector& v : test::read_vectors("x509/certificates.txt")) {
         const std::string file = v.text("file"), text = base64(encoding(file));
         ASSERT_GT(text.size(), 256U);
-        for (const std::string& cert : {path_of(file), text, pem(text)}) {
+        for (const std::string& cert : {path_of(file), text, test::pem(encoding(file))}) {
             SCOPED_TRACE(file + " as " + cert.substr(0, 4));
             const Expected e{v};
             expect_queries(e, cert);
@@ -281,7 +264,7 @@ TEST(X509Data, DamagedCertificates) {
         }
     for (size_t length = 0; length < good.size(); length++) {
         SCOPED_TRACE(testing::Message() << "cut to " << length);
-        const std::string cert = pem(base64(Bytes(good.begin(), good.begin() + static_cast<long>(length))));
+        const std::string cert = test::pem(Bytes(good.begin(), good.begin() + static_cast<long>(length)));
         EXPECT_NE(X509_VerifyCert(cert.c_str(), issuer.c_str()), 0);
         EXPECT_LT(X509_CertThumb(cert.c_str(), nullptr, 0, 0), 0);
         read_all(cert);

@@ -1,30 +1,17 @@
 #include <algorithm>
-#include <gtest/gtest.h>
 #include <sstream>
-#include <string>
-#include <vector>
 
 #include "support/module_calls.h"
-#include "support/temp_dir.h"
-#include "support/vectors.h"
-#include "zulcore.h"
 
+using test::Bytes;
+using test::der_of;
 using test::last_error;
 
 namespace {
 
-using Bytes = std::vector<uint8_t>;
-
 struct Object {
     std::string name, pem, dump;
 };
-
-Bytes der_of(const std::string& pem) {
-    const std::string body = pem.substr(pem.find('\n'), pem.find("-----END") - pem.find('\n'));
-    Bytes bytes(static_cast<size_t>(CNV_BytesFromB64Str(nullptr, 0, body.c_str())));
-    CNV_BytesFromB64Str(bytes.data(), static_cast<int>(bytes.size()), body.c_str());
-    return bytes;
-}
 
 class X509Dump : public testing::Test {
   protected:

@@ -1,30 +1,15 @@
 #include <ctime>
 #include <functional>
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
 
 #include "support/module_calls.h"
-#include "support/temp_dir.h"
-#include "support/vectors.h"
-#include "zulcore.h"
 
 using test::last_error;
+using test::text_of;
 
 namespace {
 
 std::string data(const std::string& name) {
     return test::data_path("x509_make/" + name);
-}
-
-// text_of calls a function that writes a text.
-template<class Call>
-std::string text_of(Call call) {
-    std::string text(90000, '\0');
-    const int length = call(text.data(), 90000 - 1);
-    EXPECT_GE(length, 0) << last_error();
-    text.resize(length > 0 ? static_cast<size_t>(length) : 0);
-    return text;
 }
 
 std::string query(const std::string& certificate, const char* what) {

@@ -1,21 +1,15 @@
 #include <algorithm>
-#include <gtest/gtest.h>
 #include <map>
 #include <random>
 #include <sstream>
-#include <string>
-#include <vector>
 
 #include "support/module_calls.h"
-#include "support/temp_dir.h"
-#include "support/vectors.h"
-#include "zulcore.h"
 
+using test::base64;
+using test::Bytes;
 using test::last_error;
 
 namespace {
-
-using Bytes = std::vector<uint8_t>;
 
 std::string data_file(const char* name) {
     return test::data_path(std::string("x509_path/") + name);
@@ -35,13 +29,7 @@ class X509Path : public testing::Test {
         ASSERT_EQ(pem.size(), 33U);
     }
 
-    Bytes der(const std::string& name) const {
-        const std::string& text = pem.at(name);
-        const std::string body = text.substr(text.find('\n'), text.find("-----END") - text.find('\n'));
-        Bytes bytes(static_cast<size_t>(CNV_BytesFromB64Str(nullptr, 0, body.c_str())));
-        CNV_BytesFromB64Str(bytes.data(), static_cast<int>(bytes.size()), body.c_str());
-        return bytes;
-    }
+    Bytes der(const std::string& name) const { return test::der_of(pem.at(name)); }
 
     // The items of a list are names of certificates, each of which is handed over as text.
     std::string item(const std::string& name) const {
@@ -69,13 +57,6 @@ class X509Path : public testing::Test {
         if (names.back() != ';')
             result.pop_back();
         return result;
-    }
-
-    static std::string base64(const Bytes& bytes) {
-        std::string text((bytes.size() + 2) / 3 * 4, '\0');
-        CNV_B64StrFromBytes(text.data(), static_cast<int>(text.size()), bytes.data(),
-                            static_cast<int>(bytes.size()));
-        return text;
     }
 
     std::map<std::string, std::string> pem;

@@ -1,19 +1,12 @@
 #include <algorithm>
 #include <functional>
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
 
 #include "support/module_calls.h"
-#include "support/temp_dir.h"
-#include "support/vectors.h"
-#include "zulcore.h"
 
+using test::Bytes;
 using test::last_error;
 
 namespace {
-
-using Bytes = std::vector<uint8_t>;
 
 Bytes v1() {
     return test::read_file(test::data_path("rsa/cert_v1.der"));

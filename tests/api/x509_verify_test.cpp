@@ -1,39 +1,23 @@
 #include <algorithm>
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
 
 #include "support/module_calls.h"
-#include "support/temp_dir.h"
-#include "support/vectors.h"
-#include "zulcore.h"
 
 using test::base64;
+using test::Bytes;
 using test::last_error;
+using test::pem;
 
 // What is said where something is wrong; that good signatures and lists of many makers are read is tested
 // with the certificates of tests/data/x509.
 
 namespace {
 
-using Bytes = std::vector<uint8_t>;
-
 std::string path_of(const std::string& file) {
     return test::data_path("x509/" + file);
 }
 
-std::string pem(const Bytes& data) {
-    return "-----BEGIN X-----\n" + base64(data) + "\n-----END X-----\n";
-}
-
 Bytes der_of(const std::string& file) { // a PEM file's content
-    const std::string text = test::read_text(path_of(file));
-    const size_t begin = text.find('\n');
-    const std::string body = text.substr(begin, text.rfind("-----END") - begin);
-    Bytes data(body.size());
-    data.resize(
-        static_cast<size_t>(CNV_BytesFromB64Str(data.data(), static_cast<int>(data.size()), body.c_str())));
-    return data;
+    return test::der_of(test::read_text(path_of(file)));
 }
 
 // with_changed gives data in which the byte at a distance from a pattern is another.

@@ -132,15 +132,3 @@ TEST_F(CmsEnvelopedInterop, Largest) {
     run(encrypt + "-stream one.pem"); // in segments
     opens("one", "");
 }
-
-TEST_F(CmsEnvelopedInterop, QueriesAsOpensslPrints) {
-    make_data(100);
-    ASSERT_EQ(envelop(0, file("one.pem") + ";" + file("two.pem")), 2);
-    EXPECT_EQ(text("env", "recipientSerialNumber"), "7001");
-    EXPECT_EQ(text("env", "recipientIssuerName"), query("one.pem", "issuerName", ZUL_X509_LATIN1));
-    EXPECT_EQ(number("env", "sizeofEncryptedKey"), 256);
-    EXPECT_EQ(number("env", "Version"), 0);
-    run("openssl cms -encrypt -binary -keyid -in data -aes128 -outform DER -out env one.pem");
-    EXPECT_EQ(number("env", "Version"), 2);
-    EXPECT_EQ(number("env", "recipientInfoVersion"), 2);
-}

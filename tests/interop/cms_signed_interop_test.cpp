@@ -83,26 +83,6 @@ TEST_F(CmsSignedInterop, OursEveryDigestAndForm) {
         }
 }
 
-// Of their digests and signatures we make the messages that we make of the content itself.
-TEST_F(CmsSignedInterop, OursFromDigestAndFromValue) {
-    make_data(100);
-    const std::vector<uint8_t> data = read("data");
-    for (const auto& digest : kDigests) {
-        SCOPED_TRACE(digest.name);
-        done(sign(digest.option | ZUL_CMS_EXCLUDE_DATA | ZUL_CMS_INCLUDE_ATTRS));
-        done(CMS_MakeDetachedSig(file("other").c_str(), digest_of_data(digest.name).c_str(),
-                                 file("one.pem").c_str(), key("one").c_str(),
-                                 digest.option | ZUL_CMS_INCLUDE_ATTRS));
-        EXPECT_EQ(read("other"), read("sig"));
-        done(sign(digest.option));
-        run(std::string("openssl dgst -") + digest.name + " -sign one.key -out value data");
-        const std::vector<uint8_t> value = read("value");
-        done(CMS_MakeSigDataFromSigValue(file("other").c_str(), value.data(), 128, data.data(), 100,
-                                         file("one.pem").c_str(), digest.option));
-        EXPECT_EQ(read("other"), read("sig"));
-    }
-}
-
 TEST_F(CmsSignedInterop, TheirsEveryDigestAndForm) {
     make_identity("two", "0x80");
     make_data(3000); // several segments
@@ -173,55 +153,4 @@ TEST_F(CmsSignedInterop, Sizes) {
     run(theirs + "-stream"); // in segments
     EXPECT_EQ(check("sig", ""), 0);
     reads("sig");
-}
-
-TEST_F(CmsSignedInterop, CertificatesOnly) {
-    make_identity("two", "0x80");
-    run("cat one.pem two.pem >both; for i in one two; do openssl x509 -in $i.pem -outform DER -out $i; done");
-    const auto holds = [&](const char* first, const char* second) {
-        EXPECT_EQ(X509_GetCertFromP7Chain("", file("sig").c_str(), 0, 0), 2);
-        for (const int n : {1, 2}) {
-            const auto der = read(n == 1 ? first : second);
-            EXPECT_EQ(X509_GetCertFromP7Chain(file("got").c_str(), file("sig").c_str(), n, 0),
-                      static_cast<int>(der.size()));
-            EXPECT_EQ(read("got"), der);
-        }
-        EXPECT_EQ(number("sig", "CountOfSigners"), 0);
-    };
-    for (const std::string form : {"DER", "PEM"}) {
-        SCOPED_TRACE(form);
-        done(CMS_MakeSigData(file("sig").c_str(), "", (file("one.pem") + ";" + file("two.pem")).c_str(), "",
-                             ZUL_CMS_CERTS_ONLY | (form == "PEM" ? ZUL_CMS_FORMAT_BASE64 : 0)));
-        holds("one", "two");
-        run("openssl pkcs7 -print_certs -in sig -inform " + form +
-            " | grep -v '^subject\\|^issuer\\|^$' | cmp both -");
-        run("certtool --p7-info --infile sig" + std::string(form == "PEM" ? "" : " --inder"));
-        run("openssl crl2pkcs7 -nocrl -certfile both -out sig -outform " + form);
-        holds("one", "two");
-        EXPECT_EQ(check("sig", "one.pem"), NO_MATCH_ERROR);
-    }
-    run("certtool --p7-generate --load-certificate both --outfile sig"); // sorted, around digestedData
-    holds("two", "one");
-}
-
-TEST_F(CmsSignedInterop, QueriesAsOpensslPrints) {
-    make_data(10);
-    done(sign(ZUL_HASH_SHA384 | ZUL_CMS_INCLUDE_ATTRS | ZUL_CMS_ADD_SIGNTIME));
-    run("cp sig ours; openssl cms" + kSigner + "-keyid -nodetach -md sha512 -outform DER");
-    for (const std::string message : {"ours", "sig"}) {
-        SCOPED_TRACE(message);
-        const std::string shown = said("openssl cms -cmsout -print -inform DER -in " + message);
-        for (const std::string& line :
-             {"signedData: \n    version: " + std::to_string(number(message, "Version")) + "\n",
-              "signerInfos:\n        version: " + std::to_string(number(message, "signerInfoVersion")) + "\n",
-              "digestAlgorithm: \n          algorithm: " + text(message, "digestAlgorithm") + " ",
-              "signatureAlgorithm: \n          algorithm: " + text(message, "signatureAlgorithm") + " ",
-              "eContentType: pkcs7-" + text(message, "eContentType") + " "})
-            EXPECT_NE(shown.find(line), std::string::npos) << line << "\n" << shown;
-        EXPECT_EQ(text(message, "SigningTime"),
-                  said("date -u -d \"$(openssl cms -cmsout -print -inform DER -in " + message +
-                       " | sed -n 's/.*UTCTIME://p')\" '+%F %T' | tr -d '\\n'"));
-    }
-    EXPECT_EQ(number("sig", "Version"), 3); // the signer is named by its key
-    EXPECT_EQ(check("sig", ""), NOT_SUPPORTED_ERROR);
 }

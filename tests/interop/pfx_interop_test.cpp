@@ -14,19 +14,6 @@ class PfxInterop : public X509Interop {
         return PFX_MakeFile(file("made.p12").c_str(), file("alice.cer").c_str(), file("alice.enc").c_str(),
                             password, name, options);
     }
-    // Reads both back into files.
-    void expect_back(const std::string& pfx, const std::string& password) const {
-        done(PFX_VerifySig(file(pfx).c_str(), password.c_str(), 0));
-        EXPECT_EQ(PFX_VerifySig(file(pfx).c_str(), "other", 0), SIGNATURE_ERROR);
-        done(X509_GetCertFromPFX(file("back.cer").c_str(), file(pfx).c_str(), 0));
-        EXPECT_EQ(read("back.cer"), read("alice.cer"));
-        expect_key_back(pfx, password);
-    }
-    void expect_key_back(const std::string& pfx, const std::string& password) const {
-        done(RSA_GetPrivateKeyFromPFX(file("back.enc").c_str(), file(pfx).c_str(), 0));
-        const std::string key = encrypted_key("back.enc", password);
-        EXPECT_EQ(RSA_KeyMatch(key.c_str(), public_key("alice.pub").c_str()), 0);
-    }
 };
 
 TEST_F(PfxInterop, OthersReadOurs) {
@@ -51,31 +38,6 @@ TEST_F(PfxInterop, OthersReadOurs) {
     done(make("Alice", ZUL_KEY_FORMAT_PEM));
     run("grep -v PKCS12 made.p12 | openssl base64 -d -out made.der");
     run("openssl pkcs12 -in made.der -noout -passin pass:" + std::string(kX509Password));
-}
-
-TEST_F(PfxInterop, WeReadOthers) {
-    const std::string openssl =
-        "openssl pkcs12 -export -inkey alice.key -in alice.pem -iter 100 -out their.p12 ";
-    run("openssl x509 -inform DER -in alice.cer -out alice.pem");
-    for (const std::string options :
-         {"-legacy", "-keypbe AES-128-CBC", "-macalg sha256", "-macalg sha384 -nomaciter", "-macalg sha512",
-          "-name Alice -caname x -CSP y", "-keypbe PBE-SHA1-RC2-40 -legacy"}) {
-        SCOPED_TRACE(options);
-        run(openssl + options + " -certpbe NONE -passout 'pass:a \xe4 b'");
-        expect_back("their.p12", "a \xe4 b");
-    }
-    for (const std::string options : {"--password 'two words'", "--empty-password", "--null-password"}) {
-        SCOPED_TRACE(options);
-        run("certtool --to-p12 --load-certificate alice.pem --load-privkey alice.key --p12-name a --outder "
-            "--outfile their.p12 " +
-            options);
-        const std::string password = options[2] == 'p' ? "two words" : "";
-        done(PFX_VerifySig(file("their.p12").c_str(), password.c_str(), 0));
-        EXPECT_EQ(X509_GetCertFromPFX(file("back.cer").c_str(), file("their.p12").c_str(), 0),
-                  NOT_SUPPORTED_ERROR);
-        if (options != "--null-password") // its key is not encrypted
-            expect_key_back("their.p12", password);
-    }
 }
 
 } // namespace

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <fstream>
 
 #include "interop/x509_interop.h"
 
@@ -49,14 +48,6 @@ class X509ReadInterop : public test::X509Interop {
         }
         EXPECT_NE(text.find("SHA-1 Thumbprint:\n  " + thumb(cert, ZUL_HASH_SHA1) + "\n"), std::string::npos);
         EXPECT_NE(text.find("MD5 Thumbprint:\n  " + thumb(cert, ZUL_HASH_MD5) + "\n"), std::string::npos);
-    }
-    int revoked(const std::string& cert, const std::string& crl, const char* issuer,
-                const char* date = nullptr) const {
-        return X509_CheckCertInCRL(file(cert).c_str(), file(crl).c_str(),
-                                   issuer == nullptr ? nullptr : file(issuer).c_str(), date, 0);
-    }
-    void write(const std::string& name, const std::string& text) const {
-        std::ofstream(file(name), std::ios::binary) << text;
     }
     // An openssl root and two leaves of it.
     void make_root(const std::string& newKey) const {
@@ -118,79 +109,4 @@ TEST_F(X509ReadInterop, OpensslDsa) {
     EXPECT_EQ(X509_QueryCert(nullptr, 0, file("leaf.pem").c_str(), "sigAlgID", 0), 2);
     const std::string path = file("leaf.pem") + ";" + file("root.pem");
     EXPECT_EQ(X509_ValidatePath(path.c_str(), nullptr, 0), 0);
-}
-
-TEST_F(X509ReadInterop, OpensslLists) {
-    make_root("-newkey rsa:2048");
-    issue("bad.pem", "0x8000", "");
-    issue("good.pem", "0x7fff", "");
-    write("cnf", "[db]\ndatabase = index\ndefault_md = sha256\ndefault_crl_days = 30\n[e]\n"
-                 "authorityKeyIdentifier = keyid\n");
-    write("index", "R\t391231235959Z\t200102030405Z\t8000\tunknown\t/CN=a\n"
-                   "R\t391231235959Z\t200202030405Z\t80\tunknown\t/CN=b\n");
-    for (const char* extensions : {"", " -crlexts e"}) {
-        run(std::string(
-                "openssl ca -gencrl -config cnf -name db -keyfile root.key -cert root.pem -out crl.pem") +
-            extensions);
-        run("openssl crl -in crl.pem -outform DER -out crl.der");
-        for (const char* crl : {"crl.pem", "crl.der"}) {
-            SCOPED_TRACE(std::string(crl) + extensions);
-            EXPECT_EQ(verify(crl, "root.pem"), 0);
-            EXPECT_EQ(revoked("bad.pem", crl, "root.pem"), 1);
-            EXPECT_EQ(revoked("bad.pem", crl, nullptr, "2020-01-02T03:04:04"), 0);
-            EXPECT_EQ(revoked("bad.pem", crl, nullptr, "2020-01-02T03:04:05"), 1);
-            EXPECT_EQ(revoked("good.pem", crl, "root.pem"), 0);
-            EXPECT_EQ(revoked("root.pem", crl, "bad.pem"), -SIGNATURE_ERROR);
-            const std::string text = dump(crl);
-            for (const char* line : {"Issuer:\n  C=AU;O=Root Org;CN=Root\n",
-                                     "  Serial Number: 00 80 \n  Revocation Date: 2020-02-02T03:04:05Z\n",
-                                     "  Serial Number: 00 80 00 \n  Revocation Date: 2020-01-02T03:04:05Z\n",
-                                     "Signature Algorithm: sha256WithRSAEncryption\n"})
-                EXPECT_NE(text.find(line), std::string::npos) << line << text;
-        }
-    }
-}
-
-TEST_F(X509ReadInterop, Certtool) {
-    make_pair("root", 2048);
-    make_pair("leaf");
-    write("root.tmpl",
-          "cn = Root\norganization = \"O; x\"\nserial = 1\nexpiration_days = 9000\nca\ncert_signing_key\n"
-          "crl_signing_key\n");
-    write("leaf.tmpl",
-          "cn = \"Zo\xc3\xab\"\ncountry = AU\nserial = 0x7edcba9876543210\nexpiration_days = 99\n"
-          "email = \"a@example.com\"\nsigning_key\ntls_www_client\nkey_purpose_oid = 1.2.3\n"
-          "crl_dist_points = \"http://example.com/crl\"\nocsp_uri = \"http://example.com/\"\n");
-    write("crl.tmpl", "crl_next_update = 43\ncrl_number = 5\n");
-    run("certtool -s --load-privkey root.key --template root.tmpl --outfile root.pem");
-    same_fields("root.pem");
-    for (const char* digest : {"SHA1", "SHA224", "SHA256", "SHA384", "SHA512"}) {
-        SCOPED_TRACE(digest);
-        run(std::string("certtool -c --load-privkey leaf.key --load-ca-certificate root.pem "
-                        "--load-ca-privkey root.key "
-                        "--template leaf.tmpl --outfile leaf.pem --hash ") +
-            digest);
-        EXPECT_EQ(verify("leaf.pem", "root.pem"), 0);
-    }
-    EXPECT_EQ(query("leaf.pem", "subjectName", ZUL_X509_LATIN1), "C=AU;CN=Zo\xeb");
-    EXPECT_EQ(query("leaf.pem", "serialNumber"), "7edcba9876543210");
-    EXPECT_EQ(query("leaf.pem", "rfc822Name"), "a@example.com");
-    EXPECT_EQ(query("leaf.pem", "keyUsageString"), "digitalSignature");
-    EXPECT_EQ(query("leaf.pem", "extKeyUsageString"), "1.2.3,clientAuth");
-    EXPECT_EQ(query("leaf.pem", "cRLDistributionPointsURI"), "http://example.com/crl");
-    EXPECT_EQ(query("leaf.pem", "authorityInfoAccessURI"), "http://example.com/");
-    EXPECT_EQ(query("leaf.pem", "authorityKeyIdentifier"), query("root.pem", "subjectKeyIdentifier"));
-    for (const char* listed : {"--load-certificate leaf.pem", ""}) {
-        run(std::string("certtool --generate-crl --load-ca-privkey root.key --load-ca-certificate root.pem "
-                        "--template "
-                        "crl.tmpl --outfile crl.pem ") +
-            listed);
-        EXPECT_EQ(revoked("leaf.pem", "crl.pem", "root.pem"), *listed != 0);
-        EXPECT_NE(
-            dump("crl.pem").find(*listed != 0 ? "Serial Number: 7E DC BA 98 76 54 32 10 \n" : "  (none)\n"),
-            std::string::npos);
-    }
-    run("certtool -q --load-privkey leaf.key --template leaf.tmpl --outfile leaf.req");
-    EXPECT_EQ(verify("leaf.req", "leaf.pem"), 0);
-    EXPECT_NE(dump("leaf.req").find("Subject:\n  C=AU;CN=Zo\xeb\n"), std::string::npos);
 }

@@ -1,16 +1,8 @@
 #pragma once
-#include <cstdint>
-#include <string>
-#include <vector>
-
 #include "support/module_calls.h"
-#include "support/vectors.h"
-#include "zulcore.h"
 
 // Calls of KEY_ and SIG_ that tests of both need.
 namespace test {
-
-using Bytes = std::vector<uint8_t>;
 
 // key_text calls a function that writes a key string; after a failure it is empty and *code the error.
 template<class Call>
