@@ -228,11 +228,11 @@ ZUL_API int ZUL_Version(void* pReserved1, void* pReserved2);
  * Length, 20. Query. */
 ZUL_API int ZUL_CompileTime(char* szOutput, int nOutChars);
 
-/* ZUL_PowerUpTests repeats the tests that the module has passed as it was loaded: of its own file, of known
- * answers of the algorithms, and of the random generator. The module goes on serving whatever they give; a
- * failed known answer is also reported as a failed load is (event log, zulerr.log, message box). nOptions is
- * ignored. 0, or -TEST_FAILED_ERROR, also where the file is not to be had any more: it was replaced or moved,
- * or there is no file handle left. The thread's error state stays as it was. */
+/* ZUL_PowerUpTests repeats the tests that the module ran when it was loaded: of its own file, of the algorithms
+ * (known answers) and of the random generator. The module continues to work whatever the result. A failed known
+ * answer is also reported like a failed load (event log, zulerr.log, message box). nOptions is ignored.
+ * 0, or -TEST_FAILED_ERROR: a test failed, or the file cannot be read because it was replaced or moved or no
+ * file handle is left. The thread's error state stays as it was. */
 ZUL_API int ZUL_PowerUpTests(int nOptions);
 
 /* --- WIPE_ --------------------------------------------------------------------------------------------- */
@@ -241,16 +241,16 @@ ZUL_API int ZUL_PowerUpTests(int nOptions);
  * Status. BAD_PARAM_ERROR: null pointer, or nDataLen not positive. */
 ZUL_API int WIPE_Data(void* lpData, int nDataLen);
 
-/* WIPE_File overwrites a file eight times, committing each pass to the disk, and deletes it. nOptions is
- * ignored. Of a symbolic link the target is overwritten and the link deleted. On media that remap blocks
- * or keep snapshots older copies can survive.
+/* WIPE_File overwrites a file eight times, commits each pass to the disk, and deletes the file. If the name is
+ * a symbolic link, its target is overwritten and the link is deleted. Older copies can survive on media that
+ * remap blocks or keep snapshots. nOptions is ignored.
  * Status. NULL_ERROR: no name; OPEN_ERROR: missing, read-only or not a file; WIPE_ERROR: a pass or the
  * deletion failed. */
 ZUL_API int WIPE_File(const char* szFileName, int nOptions);
 
 /* --- CNV_: encodings -----------------------------------------------------------------------------------
  * Too small an output is cut at a whole unit: a hex pair, a base64 group of four, one character.
- * A result that no int can hold is -OUT_OF_RANGE_ERROR. */
+ * A result too large for an int is -OUT_OF_RANGE_ERROR. */
 
 /* CNV_HexStrFromBytes writes two upper-case hex digits for each byte.
  * Length, query 2 * nInputLen. BAD_PARAM_ERROR: null input or negative length. */
@@ -328,8 +328,8 @@ ZUL_API int PEM_FileFromBinFile(const char* szFileOut, const char* szFileIn, con
 ZUL_API int PEM_FileToBinFile(const char* szFileOut, const char* szFileIn);
 
 /* --- HASH_: message digests ----------------------------------------------------------------------------
- * nOptions: a ZUL_HASH_ algorithm; other bits are ignored but for ZUL_HASH_MODE_TEXT. Too little room cuts
- * the digest. -BAD_PARAM_ERROR (missing message or name, negative length) is not recorded;
+ * nOptions: a ZUL_HASH_ algorithm, and ZUL_HASH_MODE_TEXT where a file is read; other bits are ignored. Too
+ * little room cuts the digest. -BAD_PARAM_ERROR (missing message or name, negative length) is not recorded;
  * -BAD_FLAG_ERROR: no such algorithm. */
 
 /* HASH_Bytes writes the digest of a message of nMsgLen bytes. Length in bytes. Query. */
@@ -339,7 +339,7 @@ ZUL_API int HASH_Bytes(unsigned char* lpDigest, int nDigLen, const void* lpMessa
 /* HASH_File writes the digest of a file of any size. With ZUL_HASH_MODE_TEXT each CR LF counts as LF, and on
  * Windows Ctrl-Z ends the file. A read error in the middle ends the message there: the result is the digest
  * of the bytes before it.
- * Length in bytes. Query (the file must exist all the same). -OPEN_ERROR. */
+ * Length in bytes. Query, for which the file must exist too. -OPEN_ERROR. */
 ZUL_API int HASH_File(unsigned char* lpDigest, int nDigLen, const char* szFileName, int nOptions);
 
 /* HASH_HexFromBytes is HASH_Bytes with lower-case hex as output. Length in characters. Query. */
@@ -349,14 +349,14 @@ ZUL_API int HASH_HexFromBytes(char* szOutput, int nOutChars, const void* lpMessa
 /* HASH_HexFromFile is HASH_File with lower-case hex as output. Length in characters. Query. */
 ZUL_API int HASH_HexFromFile(char* szOutput, int nOutChars, const char* szFileName, int nOptions);
 
-/* HASH_HexFromHex is HASH_HexFromBytes over a message in hex. A message with a character that is no hex digit
- * counts as the empty message; one of odd length is -INVALID_DATA_ERROR. */
+/* HASH_HexFromHex is HASH_HexFromBytes over a message in hex. A message with a character that is not a hex digit
+ * counts as the empty message; an odd length is -INVALID_DATA_ERROR. */
 ZUL_API int HASH_HexFromHex(char* szOutput, int nOutChars, const char* szMsgHex, int nOptions);
 
 /* --- HMAC_ (RFC 2104) ----------------------------------------------------------------------------------
- * nOptions: a ZUL_HASH_ algorithm but MD2. Room, queries and unrecorded -BAD_PARAM_ERROR as for HASH_; keys
- * and messages of length 0 are valid. -BAD_FLAG_ERROR: no such algorithm (the two hex functions give
- * -BAD_BLK_LEN_ERROR for it in a query). */
+ * nOptions: a ZUL_HASH_ algorithm except MD2. Room, queries and unrecorded -BAD_PARAM_ERROR are as for HASH_.
+ * Keys and messages of length 0 are valid. -BAD_FLAG_ERROR: no such algorithm (in a query the two hex functions
+ * return -BAD_BLK_LEN_ERROR instead). */
 
 /* HMAC_Bytes writes the MAC of a message. Length in bytes. Query. */
 ZUL_API int HMAC_Bytes(unsigned char* lpDigest, int nDigLen, const void* lpMessage, int nMsgLen,
@@ -368,22 +368,23 @@ ZUL_API int HMAC_HexFromBytes(char* szOutput, int nOutChars, const void* lpMessa
 
 /* HMAC_HexFromHex is HMAC_HexFromBytes over a message and key in hex. -BAD_KEY_LEN_ERROR: key text shorter
  * than two characters; -BAD_FORMAT_ERROR: key not hex; -INVALID_DATA_ERROR: message of odd length. A message
- * with a character that is no hex digit counts as the empty message. */
+ * with a character that is not a hex digit counts as the empty message. */
 ZUL_API int HMAC_HexFromHex(char* szOutput, int nOutChars, const char* szMsgHex, const char* szKeyHex,
                             int nOptions);
 
 /* --- KDF_: keys from passwords and from other keys -------------------------------------------------------
- * The result is a key of exactly nOutBytes bytes; there is no query. Passwords, salts and infos may be empty
- * (then null too) unless the function says otherwise. szHash: the name of a digest that has an HMAC, in any
+ * The result is a key of exactly nOutBytes bytes; there is no query. Passwords, salts and infos may be empty,
+ * and then also null, unless the function says otherwise. szHash: the name of a digest that has an HMAC, in any
  * case: md5, sha1, sha224, sha256, sha384, sha512, sha512-256, sha3-224, sha3-256, sha3-384 or sha3-512; null
  * or empty for sha256.
- * Length in bytes, which is nOutBytes. Codes negated, and recorded; the output is then left alone:
- * -BAD_PARAM_ERROR: a null output or input, or a negative length; -OUT_OF_RANGE_ERROR: a length or a cost
- * outside its bounds; -NOT_SUPPORTED_ERROR: no such digest, or one without an HMAC; -MEMORY_ERROR: the system
- * cannot give the memory that the cost needs. */
+ * Length in bytes, which is nOutBytes. Errors leave the output unchanged:
+ *  - -BAD_PARAM_ERROR: a null output or input, or a negative length;
+ *  - -OUT_OF_RANGE_ERROR: a length or a cost outside its bounds;
+ *  - -NOT_SUPPORTED_ERROR: no such digest, or one without an HMAC;
+ *  - -MEMORY_ERROR: the system cannot give the memory that the cost needs. */
 
-/* KDF_Pbkdf2 is PBKDF2 of RFC 8018 with HMAC. nIterations: 1 at least; for SHA-256 600,000 or more are
- * usual. */
+/* KDF_Pbkdf2 is PBKDF2 of RFC 8018 with HMAC. nIterations: at least 1; 600,000 or more are usual for
+ * SHA-256. */
 ZUL_API int KDF_Pbkdf2(unsigned char* lpOutput, int nOutBytes, const void* lpPassword, int nPwdLen,
                        const void* lpSalt, int nSaltLen, int nIterations, const char* szHash);
 
@@ -392,17 +393,21 @@ ZUL_API int KDF_Pbkdf2(unsigned char* lpOutput, int nOutBytes, const void* lpPas
 ZUL_API int KDF_Hkdf(unsigned char* lpOutput, int nOutBytes, const void* lpKey, int nKeyLen,
                      const void* lpSalt, int nSaltLen, const void* lpInfo, int nInfoLen, const char* szHash);
 
-/* KDF_Scrypt is scrypt of RFC 7914. nN, the cost: a power of 2, at least 2 and below 2^(16 nR); nR, the size
- * of a block: 8 is usual; nP, how often: 1 is usual. It takes 128 nN nR bytes of memory. Bounds: 128 nN nR at
- * most 4 GiB, 128 nR nP at most 1 GiB, 128 nN nR nP at most 64 GiB. */
+/* KDF_Scrypt is scrypt of RFC 7914. It takes 128 nN nR bytes of memory.
+ *  - nN: the cost, a power of 2, at least 2 and below 2^(16 nR).
+ *  - nR: the block size; 8 is usual.
+ *  - nP: the parallelization; 1 is usual.
+ * Bounds: 128 nN nR at most 4 GiB, 128 nR nP at most 1 GiB, 128 nN nR nP at most 64 GiB. */
 ZUL_API int KDF_Scrypt(unsigned char* lpOutput, int nOutBytes, const void* lpPassword, int nPwdLen,
                        const void* lpSalt, int nSaltLen, int nN, int nR, int nP);
 
-/* KDF_Argon2id is Argon2id of RFC 9106, version 0x13, without secret and associated data. nOutBytes: at least
- * 4; nSaltLen: at least 8, 16 is usual; nLanes: 1 to 255, filled one after the other by one thread;
- * nMemoryKiB: at least 8 for each lane, at most 4 GiB, of which multiples of 4 for each lane are used;
- * nPasses: at least 1, and nMemoryKiB times nPasses at most 64 GiB. RFC 9106 recommends 2 GiB, 1 pass and 4
- * lanes, or 64 MiB, 3 passes and 4 lanes. */
+/* KDF_Argon2id is Argon2id of RFC 9106, version 0x13, without secret and associated data.
+ *  - nOutBytes: at least 4.
+ *  - nSaltLen: at least 8; 16 is usual.
+ *  - nMemoryKiB: at least 8 for each lane, at most 4 GiB. It is rounded down to a multiple of 4 for each lane.
+ *  - nPasses: at least 1. nMemoryKiB times nPasses is at most 64 GiB.
+ *  - nLanes: 1 to 255. One thread fills them in turn.
+ * RFC 9106 recommends 2 GiB, 1 pass and 4 lanes, or 64 MiB, 3 passes and 4 lanes. */
 ZUL_API int KDF_Argon2id(unsigned char* lpOutput, int nOutBytes, const void* lpPassword, int nPwdLen,
                          const void* lpSalt, int nSaltLen, int nMemoryKiB, int nPasses, int nLanes);
 
@@ -428,7 +433,7 @@ ZUL_API int KDF_Argon2id(unsigned char* lpOutput, int nOutBytes, const void* lpP
  *  - every other code is positive: NULL_ERROR (null output, input or key), BAD_IV_ERROR, BAD_LENGTH_ERROR (not
  *    whole blocks). */
 
-/* CIPHER_Bytes enciphers nBytes bytes; lpOutput has the same length and may be lpInput.
+/* CIPHER_Bytes encrypts or decrypts nBytes bytes; lpOutput has the same length and may be lpInput.
  * BAD_PARAM_ERROR: nBytes negative. */
 ZUL_API int CIPHER_Bytes(int fEncrypt, unsigned char* lpOutput, const unsigned char* lpInput, int nBytes,
                          const unsigned char* lpKey, const unsigned char* lpIV, const char* szAlgAndMode,
@@ -440,8 +445,8 @@ ZUL_API int CIPHER_Bytes(int fEncrypt, unsigned char* lpOutput, const unsigned c
 ZUL_API int CIPHER_Hex(int fEncrypt, char* szOutput, int nOutChars, const char* szInputHex,
                        const char* szKeyHex, const char* szIVHex, const char* szAlgAndMode, int nOptions);
 
-/* CIPHER_File enciphers a file of any size into another. ECB and CBC pad on encryption (1 to a full block of
- * bytes that hold their count) and remove the pad on decryption.
+/* CIPHER_File encrypts or decrypts a file of any size into another. With ECB and CBC encryption adds a pad (1
+ * byte to a full block; each byte holds their count) and decryption removes it.
  * OPEN_ERROR, CREATE_ERROR, READ_ERROR, WRITE_ERROR; BAD_PARAM_ERROR: the output is the input file;
  * BAD_LENGTH_ERROR: input to decrypt is not whole blocks; DECRYPT_ERROR: bad pad (wrong key, or damaged).
  * After a failure no output file remains. */
@@ -484,8 +489,8 @@ ZUL_API int CIPHER_KeyUnwrap(unsigned char* lpOutput, int nOutBytes, const unsig
                              int nDataLen, const unsigned char* lpKEK, int nKekLen, int nOptions);
 
 /* --- PAD_: block padding (PKCS #5 and #7) --------------------------------------------------------------
- * These neither clear nor record the thread's error state; nOptions is ignored. nBlkLen is 8 or 16, else
- * -BAD_BLK_LEN_ERROR. An output of the bytes forms may be the input. Nothing is written on an error. */
+ * These functions neither clear nor set the thread's error state. nOptions is ignored. nBlkLen is 8 or 16, else
+ * -BAD_BLK_LEN_ERROR. The output of the two byte forms may be the input. Nothing is written on an error. */
 
 /* PAD_BytesBlock copies the input and appends 1 to nBlkLen bytes that hold their count.
  * Length. Query. -NULL_ERROR: null input with nInputLen not 0; -BAD_PARAM_ERROR: nInputLen negative;
@@ -517,14 +522,14 @@ ZUL_API int PAD_UnpadHex(char* szOutput, int nOutChars, const char* szInputHex, 
  * the fatal report. */
 ZUL_API int RNG_Bytes(unsigned char* lpOutput, int nBytes, const void* lpSeed, int nSeedLen);
 
-/* RNG_BytesWithPrompt shows a dialog in which the user types at random, and moves the mouse, until enough has
- * been collected, and then fills nOutputLen (at most 65,536) random bytes. On Linux it asks in the process's
- * controlling terminal, for keys alone, and then for Return. szPrompt: null, or a text above the dialog's own;
- * what the screen does not hold is not shown.
+/* RNG_BytesWithPrompt shows a dialog in which the user types at random and moves the mouse until enough has been
+ * collected. Then it fills nOutputLen (at most 65,536) random bytes. On Linux it asks in the process's controlling
+ * terminal, only for keys, and then for Return. szPrompt: null, or a text that stands above the dialog's own; what
+ * does not fit on the screen is not shown.
  * nOptions: ZUL_RNG_MORE_EVENTS asks for 128 key presses, releases and moves instead of 64.
- * 0, -BAD_PARAM_ERROR (null output, negative length), -PRNG_ERR_TOOBIG, or -PRNG_ERR_NOTAVAIL: there is
- * nobody to ask (no terminal, no desktop), another prompt is open in this process, or this one was ended by a
- * signal, by WM_QUIT or with its window. A generator that fails ends the process, as in RNG_Bytes. */
+ * 0, -BAD_PARAM_ERROR (null output, negative length), -PRNG_ERR_TOOBIG, or -PRNG_ERR_NOTAVAIL: there is no
+ * terminal or desktop, another prompt is open in this process, or a signal, WM_QUIT or the end of its window
+ * ended this one. A generator that fails ends the process, as in RNG_Bytes. */
 ZUL_API int RNG_BytesWithPrompt(unsigned char* lpOutput, int nOutputLen, const char* szPrompt, int nOptions);
 
 /* RNG_Number returns a uniform number from nLower to nUpper, both included; nLower if nUpper is not greater,
@@ -543,9 +548,9 @@ ZUL_API int RNG_Test(const char* szFileName, int nOptions);
  * -PRNG_ERR_CATASTROPHIC (a self-test fails, or the system gives no random bytes). */
 ZUL_API int RNG_Initialize(const char* szSeedFile, int nOptions);
 
-/* RNG_MakeSeedFile makes a seed file for RNG_Initialize, or overwrites one, from what the user does in the
- * dialog of RNG_BytesWithPrompt; szPrompt and nOptions as there. The file becomes its owner's alone (on
- * Windows it gets the rights of its folder), and one that cannot be written is removed.
+/* RNG_MakeSeedFile makes or overwrites a seed file for RNG_Initialize from what the user does in the dialog of
+ * RNG_BytesWithPrompt; szPrompt and nOptions as there. Only the owner of the file may read it (on Windows it gets
+ * the rights of its folder). A file that cannot be written is removed.
  * 0, or -PRNG_ERR_BADPARAM (null or empty name; no dialog is shown), -PRNG_ERR_NOTAVAIL,
  * -PRNG_ERR_FILE_CREATE, _WRITE or _LOCK, or -PRNG_ERR_CATASTROPHIC as RNG_Initialize. */
 ZUL_API int RNG_MakeSeedFile(const char* szSeedFile, const char* szPrompt, int nOptions);
@@ -556,15 +561,19 @@ ZUL_API int RNG_UpdateSeedFile(const char* szSeedFile, int nOptions);
 
 /* --- PWD_: asking for a password ------------------------------------------------------------------------ */
 
-/* PWD_PromptEx shows a dialog in which the user enters a password that does not show, or asks for it in the
- * process's controlling terminal (Linux). Here nPwdLen is the size of szPassword in bytes, with the NUL: a
- * longer password is cut, and 511 characters are the most. szCaption, szPrompt: null, or texts of which 127
- * characters count. The error state of the thread stays as it is. One prompt at a time in a process. While
- * it is open on Linux, signals that would by default end or stop the process wait for its end; after a stop
- * the user is asked anew.
- * Length of the password, 0 for an empty one; -1, and szPassword as it was: the user cancelled, there is
- * nobody to ask, a signal or WM_QUIT ended the prompt, its window was destroyed, or another prompt is open;
- * -BAD_PARAM_ERROR: null output, or nPwdLen below 1. */
+/* PWD_PromptEx shows a dialog in which the user enters a password, or asks for it in the process's controlling
+ * terminal (Linux). The password is not shown.
+ *  - nPwdLen: here the size of szPassword in bytes, with the NUL. A longer password is cut; it has at most 511
+ *    characters.
+ *  - szCaption, szPrompt: null, or texts of which the first 127 characters count.
+ * A process can have one prompt open at a time. On Linux, signals that would by default end or stop the process
+ * are held back while the prompt is open; after a stop the user is asked again. The thread's error state stays as
+ * it is.
+ * Results:
+ *  - 0 or more: the length of the password;
+ *  - -1: the user cancelled, there is no terminal or desktop, a signal or WM_QUIT ended the prompt, its window was
+ *    destroyed, or another prompt is open. szPassword is unchanged;
+ *  - -BAD_PARAM_ERROR: null output, or nPwdLen below 1. */
 ZUL_API int PWD_PromptEx(char* szPassword, int nPwdLen, const char* szCaption, const char* szPrompt);
 
 /* PWD_Prompt is PWD_PromptEx with the dialog's own text, "Enter password:". */
@@ -586,23 +595,23 @@ ZUL_API int PWD_Prompt(char* szPassword, int nPwdLen, const char* szCaption);
  * password.
  *  - nBits: length of the modulus, 97 to 65536.
  *  - nExpIndex: the public exponent, 0 to 4 for 3, 5, 17, 257 and 65537; any other value counts as 4.
- *  - nTests: Miller-Rabin rounds for each prime. With 0 every number that no small prime divides is accepted,
- *   so that the key mostly fails its test.
+ *  - nTests: Miller-Rabin rounds for each prime. 0 accepts every number that no small prime divides, so the key
+ *    usually fails its test.
  *  - nCount: iterations of the key derivation, as for RSA_SaveEncPrivateKey.
  *  - lpSeed, nSeedLen: bytes to mix into those of the random generator, or null.
  *  - nOptions: ZUL_KEY_FORMAT_PEM (labels "RSA PUBLIC KEY", "ENCRYPTED PRIVATE KEY") or ZUL_KEY_FORMAT_PEM_ALT
- *   ("PUBLIC KEY", "ENCRYPTED PRIVATE KEY"), else DER (RSAPublicKey, EncryptedPrivateKeyInfo).
+ *    ("PUBLIC KEY", "ENCRYPTED PRIVATE KEY"), else DER (RSAPublicKey, EncryptedPrivateKeyInfo).
  *  - nOptions: a ZUL_PBE_ scheme as for RSA_SaveEncPrivateKey.
  *  - nOptions: ZUL_KEY_SHOW_PROGRESS shows the search in a console (on Linux on standard error). It shares its
- *   bit with the ciphers of ZUL_PBE_PBES2: AES192 always shows progress, and progress turns AES128 into AES192
- *   and Triple DES into AES256. Use it with AES192 only.
+ *    bit with the ciphers of ZUL_PBE_PBES2: AES192 always shows progress, and progress turns AES128 into AES192
+ *    and Triple DES into AES256. Use it with AES192 only.
  * Status, positive:
  *  - BAD_PARAM_ERROR: a file name or the password null or empty, a negative nTests or seed length;
  *  - OUT_OF_RANGE_ERROR: nBits;
  *  - BAD_LENGTH_ERROR: a seed or password of a gigabyte;
  *  - KEYGEN_FAILED_ERROR: no primes found;
  *  - TEST_FAILED_ERROR: the two halves of the new key do not undo each other. This is also reported like a
- *   fatal failure, though the process goes on;
+ *    fatal failure, though the process goes on;
  *  - MISC_ERROR: the key cannot be encrypted;
  *  - CREATE_ERROR, WRITE_ERROR.
  * If the private key file cannot be created, the public key is written and its status returned, and
@@ -628,12 +637,12 @@ ZUL_API int RSA_ReadPublicKey(char* szOutput, int nOutChars, const char* szFileO
 ZUL_API int RSA_ReadPrivateKeyInfo(char* szOutput, int nOutChars, const char* szFileOrText);
 
 /* RSA_ReadEncPrivateKey reads an EncryptedPrivateKeyInfo (PKCS #8) and writes the private key's key string.
- * szPassword may be empty. nOptions is ignored: the file tells its scheme, one of those that
- * RSA_SaveEncPrivateKey writes or a PKCS #5 or PKCS #12 one with RC2. A query decrypts too. A file may ask for
- * up to 10,000,000 iterations. A million take about a tenth of a second with SHA-1 or SHA-256 on a processor
- * that has instructions for them, half a second with SHA-512, some five seconds with MD2.
- * Results as RSA_ReadPublicKey, and -DECRYPT_ERROR: a wrong password, more iterations, or not an encrypted RSA
- * private key. */
+ * szPassword may be empty. nOptions is ignored: the file names its scheme, one of those that
+ * RSA_SaveEncPrivateKey writes or a PKCS #5 or PKCS #12 scheme with RC2. A query decrypts too. A file may ask for
+ * at most 10,000,000 iterations. A million take about a tenth of a second with SHA-1 or SHA-256 on a processor
+ * that has instructions for them, half a second with SHA-512, about five seconds with MD2.
+ * Results as RSA_ReadPublicKey, and -DECRYPT_ERROR: a wrong password, too many iterations, or not an encrypted
+ * RSA private key. */
 ZUL_API int RSA_ReadEncPrivateKey(char* szOutput, int nOutChars, const char* szFileOrText,
                                   const char* szPassword, int nOptions);
 
@@ -644,25 +653,25 @@ ZUL_API int RSA_GetPublicKeyFromCert(char* szOutput, int nOutChars, const char* 
 /* RSA_SavePublicKey writes a public key, or the public part of a private key, to a file. nOptions:
  *  - ZUL_KEY_FORMAT_PEM: RSAPublicKey as PEM "RSA PUBLIC KEY";
  *  - ZUL_KEY_FORMAT_PEM_ALT: SubjectPublicKeyInfo as PEM "PUBLIC KEY";
- *  - neither: RSAPublicKey as DER. Of both the first counts.
+ *  - neither: RSAPublicKey as DER. If both are given, the first counts.
  * PEM lines have 60 characters and end with CR LF.
  * Status of this function and the next two. BAD_PARAM_ERROR: null or empty argument; INVALID_DATA_ERROR: not a
- * key string of this process and kind; CREATE_ERROR; WRITE_ERROR. Nothing is left of a file that could not be
- * written whole. */
+ * key string of this process and kind; CREATE_ERROR; WRITE_ERROR. A file that could not be written whole is
+ * removed. */
 ZUL_API int RSA_SavePublicKey(const char* szFileOut, const char* szKeyString, int nOptions);
 
 /* RSA_SavePrivateKeyInfo writes a private key to a file, unencrypted. nOptions:
  *  - ZUL_KEY_FORMAT_PEM: PrivateKeyInfo as PEM "PRIVATE KEY";
  *  - ZUL_KEY_FORMAT_PEM_ALT: RSAPrivateKey as PEM "RSA PRIVATE KEY";
- *  - neither: PrivateKeyInfo as DER. Of both the first counts.
- * The file is for its owner only. Status as RSA_SavePublicKey. */
+ *  - neither: PrivateKeyInfo as DER. If both are given, the first counts.
+ * Only the owner of the file may read it. Status as RSA_SavePublicKey. */
 ZUL_API int RSA_SavePrivateKeyInfo(const char* szFileOut, const char* szKeyString, int nOptions);
 
 /* RSA_SaveEncPrivateKey writes a private key to a file as EncryptedPrivateKeyInfo: PEM "ENCRYPTED PRIVATE
- * KEY" with ZUL_KEY_FORMAT_PEM or _PEM_ALT, else DER. nOptions also names the scheme (ZUL_PBE_...); the
- * default derives a Triple DES key with SHA-1 as PKCS #12 does. nCount: iterations; below 1
- * counts as 1, and a key with more than 10,000,000 is not read back here. szPassword may be empty. A new file is
- * readable by its owner only.
+ * KEY" with ZUL_KEY_FORMAT_PEM or _PEM_ALT, else DER. nOptions also names the scheme (ZUL_PBE_...); the default
+ * derives a Triple DES key with SHA-1 as PKCS #12 does. nCount: iterations; a value below 1 counts as 1. This
+ * library does not read a key with more than 10,000,000 iterations. szPassword may be empty. Only the owner of a
+ * new file may read it.
  * Status as RSA_SavePublicKey. BAD_LENGTH_ERROR: a password of a gigabyte. */
 ZUL_API int RSA_SaveEncPrivateKey(const char* szFileOut, const char* szKeyString, int nCount,
                                   const char* szPassword, int nOptions);
@@ -685,7 +694,7 @@ ZUL_API int RSA_ToXMLString(char* szOutput, int nOutChars, const char* szKeyStri
  * Length. Query. Errors:
  *  - -BAD_PARAM_ERROR: null text;
  *  - -BAD_XML_ERROR: not XML; an element is missing, stands twice or is not a number; or the missing values
- *   cannot be computed (see ZUL_LastError);
+ *    cannot be computed (see ZUL_LastError);
  *  - -INVALID_DATA_ERROR: the values are not a key;
  *  - -SHORT_BUF_ERROR: too little room. */
 ZUL_API int RSA_FromXMLString(char* szOutput, int nOutChars, const char* szXmlString, int nOptions);
@@ -694,17 +703,22 @@ ZUL_API int RSA_FromXMLString(char* szOutput, int nOutChars, const char* szXmlSt
  * Length. -BAD_PARAM_ERROR: null or empty; the code of opening the string, with a text. */
 ZUL_API int RSA_KeyBits(const char* szKeyString);
 
-/* RSA_KeyBytes returns it in bytes: the length of data and encoded blocks. Errors as for RSA_KeyBits. */
+/* RSA_KeyBytes returns the length in bytes of the modulus, which is that of data and encoded blocks.
+ * Length. Errors as for RSA_KeyBits. */
 ZUL_API int RSA_KeyBytes(const char* szKeyString);
 
-/* RSA_KeyMatch tells whether a private and a public key form a pair. It also tries the private key.
- * 0: they do; -NO_MATCH_ERROR: they do not; -INVALID_DATA_ERROR: the private key does not undo its own public
- * part; -BAD_PARAM_ERROR: null; or the code of opening a string. All but -BAD_PARAM_ERROR with a text. */
+/* RSA_KeyMatch tells whether a private and a public key form a pair. It also tests the private key.
+ *  - 0: they form a pair;
+ *  - -NO_MATCH_ERROR: they do not;
+ *  - -INVALID_DATA_ERROR: the private key does not undo its own public part;
+ *  - -BAD_PARAM_ERROR: null;
+ *  - the negated code of opening a string.
+ * All errors except -BAD_PARAM_ERROR have a text. */
 ZUL_API int RSA_KeyMatch(const char* szPrivateKey, const char* szPublicKey);
 
-/* RSA_KeyHashCode returns a code, which may be negative, of a public key or of the public part of a private
- * one: the first four bytes, the first one highest, of the MD5 of its DER RSAPublicKey. A failure gives 0,
- * records its code and has a text. */
+/* RSA_KeyHashCode returns a hash code, which may be negative, of a public key or of the public part of a private
+ * key: the first four bytes, big-endian, of the MD5 digest of its DER RSAPublicKey. A failure returns 0, records
+ * its code and has a text. */
 ZUL_API int RSA_KeyHashCode(const char* szKeyString);
 
 /* RSA_CheckKey checks a key. nOptions is ignored.
@@ -716,12 +730,13 @@ ZUL_API int RSA_KeyHashCode(const char* szKeyString);
  *  - the negated code of opening the string, with a text. */
 ZUL_API int RSA_CheckKey(const char* szKeyString, int nOptions);
 
-/* RSA_RawPublic transforms data in place with a public key string: data^e mod n, as numbers, the first byte
- * highest. nDataLen is RSA_KeyBytes or more; the result stands at the end of the data, after zeros.
+/* RSA_RawPublic transforms data in place with a public key string: data^e mod n, with the data as a
+ * big-endian number. nDataLen is RSA_KeyBytes or more; the result stands at the end of the data, after zeros.
  * nOptions & 0xF: ZUL_RSA2_TRAILER6 or ZUL_RSA2_TRAILERC gives r or n - r for the result r, whichever ends with
  * that half-byte; any other value gives r.
  * Status. BAD_PARAM_ERROR: null or empty; OUT_OF_RANGE_ERROR: nDataLen below the key's, or the number is not
- * below n; SIGNATURE_ERROR: neither ends so, and the data are zeroed; or the code of opening the string. */
+ * below n; SIGNATURE_ERROR: neither r nor n - r ends so, and the data are zeroed; or the code of opening the
+ * string. */
 ZUL_API int RSA_RawPublic(unsigned char* lpData, int nDataLen, const char* szPublicKey, int nOptions);
 
 /* RSA_RawPrivate transforms data in place with a private key: data^d mod n. nDataLen is RSA_KeyBytes.
@@ -740,12 +755,12 @@ ZUL_API int RSA_RawPrivate(unsigned char* lpData, int nDataLen, const char* szPr
  * nOptions is one of:
  *  - ZUL_EME_PKCSV1_5: for encryption, PKCS #1 v1.5; up to nOutBytes - 11 bytes;
  *  - ZUL_EME_OAEP plus a ZUL_HASH_ algorithm (0 to 6): for encryption; up to nOutBytes - 2 - twice the length
- *   of the digest;
+ *    of the digest;
  *  - ZUL_EMSIG_PKCSV1_5 plus a ZUL_HASH_ algorithm: for signatures, the DigestInfo of the message's digest.
- *   With ZUL_EMSIG_DIGESTONLY the message is the digest already. nOutBytes is the DigestInfo's + 11 or more;
+ *    With ZUL_EMSIG_DIGESTONLY the message is the digest already. nOutBytes is the DigestInfo's + 11 or more;
  *  - ZUL_EMSIG_ISO9796 plus a length in bits: ISO/IEC 9796-1, right-aligned after zeros; 1 byte up to half of
- *   the bytes of that length. The length is 0 for 8 * nOutBytes, or 17 to 65,535 (fewer bits cannot be decoded);
- *   for a key of b bits it is b - 1. Use it with ZUL_RSA2_TRAILER6.
+ *    the bytes of that length. The length is 0 for 8 * nOutBytes, or 17 to 65,535 (fewer bits cannot be decoded);
+ *    for a key of b bits it is b - 1. Use it with ZUL_RSA2_TRAILER6.
  * lpInput may be null with nInputLen 0: an empty message.
  * 0, or -BAD_PARAM_ERROR: null or negative, or lengths that ISO/IEC 9796-1 does not allow; -SHORT_BUF_ERROR:
  * the message is too long for the block; -BAD_FLAG_ERROR: an unknown encoding or algorithm; -BAD_LENGTH_ERROR:
@@ -758,8 +773,8 @@ ZUL_API int RSA_EncodeMsg(unsigned char* lpOutput, int nOutBytes, const unsigned
  *  - it gives its digest;
  *  - with ZUL_EMSIG_DIGINFO it gives its whole DigestInfo;
  *  - with ZUL_EMSIG_GETALG the result is the ZUL_HASH_ number, and nothing is copied.
- * Length of the whole message, also if less is copied. Query. A wrong encryption block takes the same time
- * wherever the fault is. Errors, after which nothing is copied:
+ * Length of the whole message, also if less is copied. Query. The time for a wrong encryption block does not
+ * depend on the fault. Errors, after which nothing is copied:
  *  - -BAD_PARAM_ERROR: null block or negative length, or a block shorter than its ISO/IEC 9796-1 length;
  *  - -DECRYPT_ERROR: not such a block;
  *  - -BAD_LENGTH_ERROR: too short for OAEP, or a gigabyte;
@@ -770,20 +785,20 @@ ZUL_API int RSA_DecodeMsg(unsigned char* lpOutput, int nOutBytes, const unsigned
 /* --- X509_: certificates, requests and revocation lists ------------------------------------------------
  * szCertFile and its like are certificate arguments: text of more than 256 characters that begins with "M"
  * and is base64 of a certificate (white space may stand in it), text with a PEM block of any label, or the
- * name of a file of DER, PEM or base64. Each call reads it anew. What is read whole has at most 8 MiB; a
- * pipe is read into memory, at most 256 MiB.
+ * name of a file of DER, PEM or base64. Each call reads it again. A file that is read whole has at most 8 MiB.
+ * A pipe is read into memory, at most 256 MiB.
  *
  * Distinguished names are texts of keyword=value pairs joined by ";", as "C=AU;O=Example;CN=Alice". Keywords,
  * in any case: CN, C, O, OU, L, S or ST, E, SN (surname), G, T, DC; others are skipped. A value in quotes (')
- * may hold ";", and a backslash there makes the next character literal; "#x" begins a value of bytes in hex,
- * "##x" one that begins with "#x". Times are "yyyy-mm-ddThh:nn:ssZ": the digits of a stored time as they
- * stand, whatever its zone, whether or not the date exists. Dates that a caller gives have to exist.
+ * may hold ";", and a backslash there makes the next character literal. "#x" begins a value of bytes in hex,
+ * "##x" a value that begins with "#x". Times are written as "yyyy-mm-ddThh:nn:ssZ": the digits of the stored time
+ * without a conversion of its zone and without a check of the date. Dates that a caller gives have to exist.
  *
  * Codes of all: BAD_PARAM_ERROR: an argument that may not be null or empty; of certificate arguments also
  * OPEN_ERROR, INVALID_DATA_ERROR (not ASN.1) and BAD_FORMAT_ERROR (of another kind, or a field missing). */
 
-/* X509_QueryCert answers a query about a certificate. szQuery, in any case (a longer word finds the name that
- * it begins with), is one of
+/* X509_QueryCert answers a query about a certificate. szQuery is one of these words, in any case (a longer word
+ * finds the name that it begins with):
  *  - numbers, which are the result: "version", "sigAlgID" (1 RSA with SHA-1, MD5 or MD2, 2 DSA with SHA-1, 0
  *    any other), "keyUsageFlags", "isCA" (1 or 0);
  *  - texts, empty if the certificate has no such field: "signatureAlgorithm", "keyUsageString", "notBefore",
@@ -803,8 +818,8 @@ ZUL_API int X509_QueryCert(char* szOutput, int nChars, const char* szCertFile, c
  * negated code. */
 ZUL_API int X509_KeyUsageFlags(const char* szCertFile);
 
-/* X509_CertThumb writes the digest (nOptions: ZUL_HASH_...) of a certificate in lower-case hex. With too
- * little room only the whole bytes that fit. Length in characters. Query. -BAD_FLAG_ERROR: no such digest. */
+/* X509_CertThumb writes the digest (nOptions: ZUL_HASH_...) of a certificate in lower-case hex. Too little room
+ * cuts it at a whole byte. Length in characters. Query. -BAD_FLAG_ERROR: no such digest. */
 ZUL_API int X509_CertThumb(const char* szCertFile, char* szHash, int nChars, int nOptions);
 
 /* X509_CertIsValidNow returns 0 if the present time lies within the certificate's validity, -1 if not, or a
@@ -908,18 +923,20 @@ ZUL_API int X509_MakeCRL(const char* szCrlFile, const char* szIssuerCertFile, co
                          int nOptions);
 
 /* X509_VerifyCert checks that a certificate, request or CRL was signed with the key of szIssuerCert: RSA
- * (PKCS #1 v1.5), or DSA with SHA-1. A file of DER may be of any size. Dates and names are not looked at.
- * 0 if so; -1 if not, with SIGNATURE_ERROR recorded; a positive code if it cannot be told:
- * NOT_SUPPORTED_ERROR: a DSA key without parameters, a key of another kind than the signature, or an unknown
- * algorithm; INVALID_DATA_ERROR: also a key that cannot be used, or a file that holds no signed object
- * (BAD_FORMAT_ERROR for text). */
+ * (PKCS #1 v1.5), or DSA with SHA-1. A file of DER may be of any size. Dates and names are not checked.
+ *  - 0: it was signed with that key;
+ *  - -1: it was not; SIGNATURE_ERROR is recorded;
+ *  - NOT_SUPPORTED_ERROR: a DSA key without parameters, a key of another kind than the signature, or an unknown
+ *    algorithm;
+ *  - INVALID_DATA_ERROR: also a key that cannot be used, or a file without a signed object (BAD_FORMAT_ERROR
+ *    for text). */
 ZUL_API int X509_VerifyCert(const char* szCertToVerify, const char* szIssuerCert);
 
 /* X509_CheckCertInCRL looks a certificate up in its issuer's CRL. With szCRLIssuerCert (not null or empty) the
  * CRL's signature is checked with that certificate's key, in the same pass over the file. szDate: null, empty,
- * or a date ("yyyy-mm-dd", optionally with "Thh:nn:ss"): a later revocation does not count. A file of DER may
- * be of any size; one that is signed in another form than it has may have 8 MiB. The CRL's own dates are not
- * looked at. nOptions is ignored.
+ * or a date ("yyyy-mm-dd", optionally with "Thh:nn:ss"); a later revocation does not count. A CRL in
+ * a file of DER may be of any size, but at most 8 MiB if its signature is of another encoding than the file has.
+ * The CRL's own dates are not checked. nOptions is ignored.
  * 1 if revoked, 0 if not, or a negated code: -ISSUER_ERROR: the CRL of another issuer; -SIGNATURE_ERROR: its
  * signature could not be verified with szCRLIssuerCert (the text says why); -INVALID_DATA_ERROR: also a
  * damaged entry before the one looked for. */
@@ -932,11 +949,15 @@ ZUL_API int X509_CheckCertInCRL(const char* szCertFile, const char* szCrlFile, c
  *    bundle of 1 to 20, or one certificate.
  *  - szTrustedCert: null for a path that begins with a self-signed certificate of the list; else the path
  *    begins with that certificate, if it is self-signed, or with one that it issued.
- * Extensions (basicConstraints, keyUsage) are not looked at. All certificates together have at most 8 MiB.
- * 0 or a negated code: -INVALID_DATA_ERROR: an item that is not a certificate; -EXPIRED_ERROR, also before
- * its time; -NO_DATA_ERROR: no certificates, or a text without ";" that is neither a bundle nor a certificate;
- * -OUT_OF_RANGE_ERROR: a bundle of too many; -ISSUER_ERROR: no self-signed one; -NO_MATCH_ERROR: none issued
- * by the one before it; -SIGNATURE_ERROR. */
+ * Extensions (basicConstraints, keyUsage) are not checked. All certificates together have at most 8 MiB.
+ * 0 or a negated code:
+ *  - -INVALID_DATA_ERROR: an item that is not a certificate;
+ *  - -EXPIRED_ERROR: a certificate is expired or not yet valid;
+ *  - -NO_DATA_ERROR: no certificates, or a text without ";" that is neither a bundle nor a certificate;
+ *  - -OUT_OF_RANGE_ERROR: a bundle of more than 20;
+ *  - -ISSUER_ERROR: no self-signed certificate;
+ *  - -NO_MATCH_ERROR: no certificate was issued by the one before it in the path;
+ *  - -SIGNATURE_ERROR: a signature does not verify. */
 ZUL_API int X509_ValidatePath(const char* szCertList, const char* szTrustedCert, int nOptions);
 
 /* X509_TextDump writes a description of a certificate, request or CRL to a text file. nOptions is ignored.
@@ -956,20 +977,22 @@ ZUL_API int X509_GetCertFromP7Chain(const char* szNewCertFile, const char* szP7c
 /* X509_GetCertFromPFX and RSA_GetPrivateKeyFromPFX write the first certificate of a PKCS #12 file, as DER,
  * and its first encrypted private key, as RSA_ReadEncPrivateKey reads it, to a file. The key stays encrypted
  * as it is, so no password is needed and the MAC is not checked. nOptions is ignored.
- * Status, positive. BAD_PARAM_ERROR; OPEN_ERROR; INVALID_DATA_ERROR: not a PFX file, a signature instead of a
- * MAC, or bags nested more than 8 deep; NOT_SUPPORTED_ERROR: another version than 3, or the certificate or
- * key is inside an encrypted part of the file; NO_DATA_ERROR: the file has none; CREATE_ERROR, also if the new file
- * is the PFX file itself; WRITE_ERROR. */
+ * Status, positive. BAD_PARAM_ERROR, OPEN_ERROR, WRITE_ERROR, and
+ *  - INVALID_DATA_ERROR: not a PFX file, a signature instead of a MAC, or bags nested more than 8 deep;
+ *  - NOT_SUPPORTED_ERROR: a version other than 3, or the certificate or key is inside an encrypted part of the
+ *    file;
+ *  - NO_DATA_ERROR: the file has none;
+ *  - CREATE_ERROR: also if the new file is the PFX file itself. */
 ZUL_API int X509_GetCertFromPFX(const char* szFileOut, const char* szPfxFile, int nOptions);
 ZUL_API int RSA_GetPrivateKeyFromPFX(const char* szFileOut, const char* szPfxFile, int nOptions);
 
 /* --- CMS_: signed and enveloped messages (RFC 5652, PKCS #7) ---------------------------------------------
  * A message argument (szFileIn) is the name of a file of DER or BER, PEM or base64, or the message as text,
  * as certificate arguments are. szCertList: certificate arguments joined by ";", of which the first 10 count.
- * Content that a message carries has at most 16 MiB (with its padding, when it is encrypted):
- * MSG_TOO_LONG_ERROR above; content that others have cut into segments may have more. An existing
- * output file is overwritten. A call that fails before it writes leaves it as it was. One that fails while it
- * writes leaves what it has written of a signed message or its content, and removes any other file.
+ * Content that a message carries has at most 16 MiB, including the padding if it is encrypted
+ * (MSG_TOO_LONG_ERROR). Content that is cut into segments may be longer when it is read. An existing output file is
+ * overwritten. A call that fails before it writes leaves the file as it was. A call that fails while it writes
+ * leaves what it has written of a signed message or its content, and removes any other file.
  * szPrivateKey: a private key string.
  *
  * Codes of all: BAD_PARAM_ERROR: an argument that may not be null or empty; OPEN_ERROR: a file cannot be
@@ -977,22 +1000,22 @@ ZUL_API int RSA_GetPrivateKeyFromPFX(const char* szFileOut, const char* szPfxFil
  * message that is malformed or of another type, a key string that cannot be opened. */
 
 /* CMS_MakeSigData signs a file with RSA (PKCS #1 v1.5). The first certificate of szCertList is the signer's.
- * That szPrivateKey is its key is not checked. nOptions: a ZUL_HASH_ algorithm (0 to 6), and any of
- *  ZUL_CMS_EXCLUDE_CERTS: the certificates are not carried;
- *  ZUL_CMS_EXCLUDE_DATA: the content is not carried (a detached signature), and may have any length;
- *  ZUL_CMS_INCLUDE_ATTRS: signed attributes contentType and messageDigest, with ZUL_CMS_ADD_SIGNTIME also
- *   signingTime, with ZUL_CMS_ADD_SMIMECAPS sMIMECapabilities;
- *  ZUL_CMS_NAMED_SIGALG: the signature algorithm is not called rsaEncryption but sha1WithRSAEncryption for
- *   SHA-1, md5WithRSAEncryption for MD5, SHA-256 and SHA-512, md2WithRSAEncryption for MD2 and SHA-224, and
- *   sha384WithRSAEncryption for SHA-384; the signature is the same, but readers that rely on these names
- *   refuse some of them;
- *  ZUL_CMS_BARE_SIGNEDDATA: SignedData without ContentInfo;
- *  ZUL_CMS_FORMAT_BASE64: base64 text in lines of 64 characters instead of DER;
- *  ZUL_CMS_CERTS_ONLY: a message of certificates alone, in base64 as PEM "PKCS7"; only szFileOut and
- *   szCertList are used.
- * Status, positive. BAD_FLAG_ERROR: an unknown digest; NO_DATA_ERROR: an empty file, or no certificate to
- * carry; OPEN_ERROR also for a certificate that cannot be read (INVALID_DATA_ERROR with ZUL_CMS_EXCLUDE_CERTS, where
- * only the first is read); SIGNATURE_ERROR: the key cannot sign. */
+ * Whether szPrivateKey is its key is not checked. nOptions: a ZUL_HASH_ algorithm (0 to 6), and any of
+ *  - ZUL_CMS_EXCLUDE_CERTS: the certificates are not carried;
+ *  - ZUL_CMS_EXCLUDE_DATA: the content is not carried (a detached signature), and may have any length;
+ *  - ZUL_CMS_INCLUDE_ATTRS: signed attributes contentType and messageDigest, with ZUL_CMS_ADD_SIGNTIME also
+ *    signingTime, with ZUL_CMS_ADD_SMIMECAPS sMIMECapabilities;
+ *  - ZUL_CMS_NAMED_SIGALG: the signature algorithm is not called rsaEncryption but sha1WithRSAEncryption for
+ *    SHA-1, md5WithRSAEncryption for MD5, SHA-256 and SHA-512, md2WithRSAEncryption for MD2 and SHA-224, and
+ *    sha384WithRSAEncryption for SHA-384; the signature is the same, but readers that rely on these names
+ *    refuse some of them;
+ *  - ZUL_CMS_BARE_SIGNEDDATA: SignedData without ContentInfo;
+ *  - ZUL_CMS_FORMAT_BASE64: base64 text in lines of 64 characters instead of DER;
+ *  - ZUL_CMS_CERTS_ONLY: a message of certificates alone, in base64 as PEM "PKCS7"; only szFileOut and
+ *    szCertList are used.
+ * Status, positive. BAD_FLAG_ERROR: an unknown digest; NO_DATA_ERROR: an empty file, or no certificate to carry;
+ * OPEN_ERROR: also a certificate that cannot be read (INVALID_DATA_ERROR with ZUL_CMS_EXCLUDE_CERTS, which reads
+ * only the first one); SIGNATURE_ERROR: the key cannot sign. */
 ZUL_API int CMS_MakeSigData(const char* szFileOut, const char* szFileIn, const char* szCertList,
                             const char* szPrivateKey, int nOptions);
 
@@ -1023,17 +1046,20 @@ ZUL_API int CMS_ReadSigData(const char* szFileOut, const char* szFileIn, int nOp
 ZUL_API int CMS_ReadSigDataToString(char* szDataOut, int nDataOutLen, const char* szFileIn, int nOptions);
 
 /* CMS_VerifySigData verifies the signature of a signed message, RSA (PKCS #1 v1.5) with any digest or DSA
- * with SHA-1, and the digest of its content. 
- *  szCertFile: the signer's certificate. Null or empty: the certificates in the message are used, and the first
- *   signer with one of them is verified. Then anybody can have signed: validate that certificate
- *   (X509_ValidatePath).
- *  szHexDigest: the digest of the content, or null or empty. It is required if the message has no content, and
- *   has to agree with the content otherwise.
+ * with SHA-1, and the digest of its content.
+ *  - szCertFile: the signer's certificate. Null or empty: the certificates in the message are used, and the first
+ *    signer with one of them is verified. Then anybody can have signed: validate that certificate
+ *    (X509_ValidatePath).
+ *  - szHexDigest: the digest of the content, or null or empty. It is required if the message has no content, and
+ *    has to agree with the content otherwise.
  * nOptions is ignored.
- * Status, positive. SIGNATURE_ERROR: the signature does not verify, the digests differ, or the content of a
- * message without signed attributes is itself a set of them; NO_MATCH_ERROR: no signer has such a certificate;
- * NO_DATA_ERROR: neither content nor digest; INVALID_DATA_ERROR also for szHexDigest, and for a messageDigest
- * that is missing or doubled; NOT_SUPPORTED_ERROR: another version than 1, unknown algorithms. */
+ * Status, positive:
+ *  - SIGNATURE_ERROR: the signature does not verify, the digests differ, or the content of a message without
+ *    signed attributes is itself a set of them;
+ *  - NO_MATCH_ERROR: no signer has such a certificate;
+ *  - NO_DATA_ERROR: neither content nor digest;
+ *  - INVALID_DATA_ERROR: also an invalid szHexDigest, or a messageDigest that is missing or stands twice;
+ *  - NOT_SUPPORTED_ERROR: a version other than 1, or an unknown algorithm. */
 ZUL_API int CMS_VerifySigData(const char* szFileIn, const char* szCertFile, const char* szHexDigest,
                               int nOptions);
 
@@ -1047,12 +1073,12 @@ ZUL_API int CMS_GetSigDataDigest(char* szHexDigestOut, int nDigestLen, const cha
 
 /* CMS_QuerySigData answers a query about a signed message of any version, verified or not. szQuery is one
  * of these names, in exactly this form:
- *  numbers, which are the result: "Version", "HASeContent", "CountOfCerts" ("CountOfCertificates"),
- *   "CountOfSigners" ("CountOfSignerInfos");
- *  a text: "eContentType";
- *  numbers about the first signer: "signerInfoVersion", "HASsignedAttrs" ("HASsignedAttributes");
- *  texts about the first signer: "SigningTime" ("yyyy-mm-dd hh:nn:ss", UTC), "digestAlgorithm",
- *   "signatureAlgorithm", "messageDigest" (hex).
+ *  - numbers, which are the result: "Version", "HASeContent", "CountOfCerts" ("CountOfCertificates"),
+ *    "CountOfSigners" ("CountOfSignerInfos");
+ *  - a text: "eContentType";
+ *  - numbers about the first signer: "signerInfoVersion", "HASsignedAttrs" ("HASsignedAttributes");
+ *  - texts about the first signer: "SigningTime" ("yyyy-mm-dd hh:nn:ss", UTC), "digestAlgorithm",
+ *    "signatureAlgorithm", "messageDigest" (hex).
  * A missing part is 0 or an empty text. The first signer need not be the one that CMS_VerifySigData verified:
  * rely on these answers only if "CountOfSigners" is 1. nOptions: ZUL_QUERY_GETTYPE as in X509_QueryCert.
  * Length (or the number). Query. -BAD_QUERY_ERROR: no such query. */
@@ -1061,12 +1087,12 @@ ZUL_API int CMS_QuerySigData(char* szOutput, int nOutChars, const char* szFileIn
 
 /* CMS_MakeEnvData encrypts a file for the RSA keys (PKCS #1 v1.5) of up to 10 certificates. lpSeed, nSeedLen:
  * additional input for the generator that makes the content key (20 bytes are used), or null and 0. nOptions:
- *  ZUL_CMS_CIPHER_AES128, ZUL_CMS_CIPHER_AES192 or ZUL_CMS_CIPHER_AES256: the cipher, in CBC mode; Triple DES
- *   without one of these;
- *  ZUL_CMS_NAMED_SIGALG: names Triple DES "des_3CBC_pad" (an OID that few readers know);
- *  ZUL_CMS_FORMAT_BASE64: as in CMS_MakeSigData, if there is a recipient.
+ *  - ZUL_CMS_CIPHER_AES128, ZUL_CMS_CIPHER_AES192 or ZUL_CMS_CIPHER_AES256: the cipher, in CBC mode; Triple DES
+ *    without one of these;
+ *  - ZUL_CMS_NAMED_SIGALG: names Triple DES "des_3CBC_pad" (an OID that few readers know);
+ *  - ZUL_CMS_FORMAT_BASE64: as in CMS_MakeSigData, if there is a recipient.
  * The number of recipients, or a negated code. A certificate whose key cannot be used is left out, with a text
- * (ZUL_LastError), so that the number may be smaller than that of the certificates. With 0 nobody can read the
+ * (ZUL_LastError), so there may be fewer recipients than certificates. With 0 recipients nobody can read the
  * message. */
 ZUL_API int CMS_MakeEnvData(const char* szFileOut, const char* szFileIn, const char* szCertList,
                             const unsigned char* lpSeed, int nSeedLen, int nOptions);
@@ -1076,16 +1102,17 @@ ZUL_API int CMS_MakeEnvDataFromString(const char* szFileOut, const char* szDataI
                                       const unsigned char* lpSeed, int nSeedLen, int nOptions);
 
 /* CMS_ReadEnvData decrypts an enveloped message (Triple DES, AES or RC2, CBC) into a file,
- * CMS_ReadEnvDataToString into nDataOutLen bytes of room and a NUL. szX509File: the recipient's certificate,
- * of whose entries in the message at most 4 are tried. Null or empty: every recipient with a key of the right
- * length is tried, at most 100. nOptions is ignored.
- * The content is not authenticated: anybody can change or make it. An attacker who can have many messages
- * opened, and learns which calls succeed, learns about the key, whatever the codes say. So do not open messages
- * of strangers automatically; sign before encrypting, and verify after decrypting.
- * 0 (CMS_ReadEnvDataToString: length; Query), or a negated code. -DECRYPT_ERROR: no recipient, another
- * key, or damaged data, which cannot be told apart; -NOT_SUPPORTED_ERROR: another cipher;
- * -MSG_TOO_LONG_ERROR: content in one piece above 16 MiB, or above 256 MiB in all; -IO_ERROR: the output
- * cannot be closed. */
+ * CMS_ReadEnvDataToString into nDataOutLen bytes of room and a NUL. nOptions is ignored.
+ *  - szX509File: the recipient's certificate. At most 4 of its entries in the message are tried. If it is null or
+ *    empty, every recipient with a key of the right length is tried, at most 100.
+ * The content is not authenticated: anybody can change or make it. An attacker who can have many messages opened
+ * and sees which calls succeed learns about the key. Do not open messages of strangers automatically; sign before
+ * encrypting, and verify after decrypting.
+ * 0 (CMS_ReadEnvDataToString: length; Query), or a negated code:
+ *  - -DECRYPT_ERROR: no recipient, another key, or damaged data, which cannot be told apart;
+ *  - -NOT_SUPPORTED_ERROR: another cipher;
+ *  - -MSG_TOO_LONG_ERROR: content above 16 MiB in one piece, or above 256 MiB in all;
+ *  - -IO_ERROR: the output cannot be closed. */
 ZUL_API int CMS_ReadEnvData(const char* szFileOut, const char* szFileIn, const char* szX509File,
                             const char* szPrivateKey, int nOptions);
 ZUL_API int CMS_ReadEnvDataToString(char* szDataOut, int nDataOutLen, const char* szFileIn,
@@ -1093,12 +1120,12 @@ ZUL_API int CMS_ReadEnvDataToString(char* szDataOut, int nDataOutLen, const char
 
 /* CMS_QueryEnvData answers a query about an enveloped message. szQuery is one of these names, in exactly this
  * form:
- *  numbers: "Version", "CountOfRecipients" ("CountOfRecipientInfos"), "sizeofEncryptedContent" (bytes);
- *  a text: "contentEncryptionAlgorithm";
- *  numbers about the first recipient: "recipientInfoVersion", "keyEncryptionFlags" (0 for rsaEncryption),
- *   "sizeofEncryptedKey" (bytes);
- *  texts about the first recipient: "keyEncryptionAlgorithm", "recipientIssuerName" (as X509_CertIssuerName
- *   with ZUL_X509_LATIN1), "recipientSerialNumber" (hex).
+ *  - numbers: "Version", "CountOfRecipients" ("CountOfRecipientInfos"), "sizeofEncryptedContent" (bytes);
+ *  - a text: "contentEncryptionAlgorithm";
+ *  - numbers about the first recipient: "recipientInfoVersion", "keyEncryptionFlags" (0 for rsaEncryption),
+ *    "sizeofEncryptedKey" (bytes);
+ *  - texts about the first recipient: "keyEncryptionAlgorithm", "recipientIssuerName" (as X509_CertIssuerName
+ *    with ZUL_X509_LATIN1), "recipientSerialNumber" (hex).
  * Otherwise as CMS_QuerySigData. */
 ZUL_API int CMS_QueryEnvData(char* szOutput, int nOutChars, const char* szFileIn, const char* szQuery,
                              int nOptions);
@@ -1106,21 +1133,21 @@ ZUL_API int CMS_QueryEnvData(char* szOutput, int nOutChars, const char* szFileIn
 /* --- PFX_: PKCS #12 files (RFC 7292) ------------------------------------------------------------------ */
 
 /* PFX_MakeFile writes a PFX file: a certificate, not encrypted, an encrypted private key as it stands in its
- * file, and a MAC (HMAC-SHA-1). The key is left out if szKeyFile or szPassword is null or empty. That key and
- * certificate belong together is not checked.
- *  szPassword: of the key, which is tested, and of the MAC. Beyond ASCII other programs need it in Latin-1.
- *  szFriendlyName: in Latin-1; null is empty.
+ * file, and a MAC (HMAC-SHA-1). The key is left out if szKeyFile or szPassword is null or empty. Whether key
+ * and certificate belong together is not checked.
+ *  - szPassword: of the key, which is tested, and of the MAC. Other programs expect it in Latin-1.
+ *  - szFriendlyName: in Latin-1; null is empty.
  * nOptions:
- *  ZUL_PFX_NO_PRIVKEY: the key is left out in any case;
- *  ZUL_KEY_FORMAT_PEM: the file is PEM "PKCS12".
+ *  - ZUL_PFX_NO_PRIVKEY: the key is left out in any case;
+ *  - ZUL_KEY_FORMAT_PEM: the file is PEM "PKCS12".
  * Status, positive. BAD_PARAM_ERROR; INVALID_DATA_ERROR: the certificate cannot be read; the codes of
  * RSA_ReadEncPrivateKey for the key (DECRYPT_ERROR: wrong password); CREATE_ERROR, also if the new file is
  * the key's; WRITE_ERROR; MSG_TOO_LONG_ERROR: more than 8 MiB. */
 ZUL_API int PFX_MakeFile(const char* szFileOut, const char* szCertFile, const char* szKeyFile,
                          const char* szPassword, const char* szFriendlyName, int nOptions);
 
-/* PFX_VerifySig checks the MAC of a PFX file (HMAC with SHA-1, SHA-256, SHA-384 or SHA-512) with a password
- * (null or empty: the empty one, as two zero bytes or none). nOptions is ignored.
+/* PFX_VerifySig checks the MAC of a PFX file (HMAC with SHA-1, SHA-256, SHA-384 or SHA-512) with a password. Null
+ * or empty means the empty password, encoded as two zero bytes or as none. nOptions is ignored.
  * Status, positive. SIGNATURE_ERROR: a wrong password or changed data; OPEN_ERROR; INVALID_DATA_ERROR: not a
  * PFX file, or a malformed MAC; NOT_SUPPORTED_ERROR: another version than 3, or another MAC; NO_DATA_ERROR: no
  * MAC; OUT_OF_RANGE_ERROR: an iteration count above 10,000,000. */
@@ -1130,38 +1157,42 @@ ZUL_API int PFX_VerifySig(const char* szPfxFile, const char* szPassword, int nOp
 
 /* OCSP_MakeRequest writes an unsigned request about one certificate as base64 in one line. To send it, decode
  * it and POST it as application/ocsp-request. szExtensions is ignored.
- *  szCertFileOrSerialNum: the certificate, or "#x" and its serial number in hex;
- *  nOptions: the ZUL_HASH_ algorithm for the hashes of the issuer's name and key. Most responders expect SHA-1.
+ *  - szCertFileOrSerialNum: the certificate, or "#x" and its serial number in hex;
+ *  - nOptions: the ZUL_HASH_ algorithm for the hashes of the issuer's name and key. Most responders expect SHA-1.
  * Length. Query. Codes negated: -SHORT_BUF_ERROR: the request does not fit; -NO_MATCH_ERROR: the certificate
  * was not issued by szIssuerCert; -BAD_FLAG_ERROR: an unknown digest; -INVALID_DATA_ERROR: also for "#x"
- * without hex. But BAD_PARAM_ERROR, for null or empty certificates, is returned as 6. */
+ * without hex. A null or empty certificate is an exception: the result is 6, BAD_PARAM_ERROR not negated. */
 ZUL_API int OCSP_MakeRequest(char* szOutput, int nChars, const char* szIssuerCert,
                              const char* szCertFileOrSerialNum, const char* szExtensions, int nOptions);
 
 /* OCSP_ReadResponse writes a report of a response, which is a file of DER, PEM or base64, or text. The report
  * has at most 1,023 characters, in these lines:
- *  "Successful response:";
- *  " Produced at " and a time;
- *  for each certificate " CertStatus=" and good, revoked (with " at " and a time) or unknown;
- *  for each certificate " SerialNumber=" and hex.
- * For an unsuccessful response it is the status and a full stop, which is not an error. szIssuerCert: null, or
- * the certificate whose key has to verify the signature: that of the issuer, or of a delegated responder that
- * the caller has validated. The caller has to check that the response belongs to the request, and its age.
+ *  - "Successful response:";
+ *  - " Produced at " and a time;
+ *  - for each certificate " CertStatus=" and good, revoked (with " at " and a time) or unknown;
+ *  - for each certificate " SerialNumber=" and hex.
+ * The report of an unsuccessful response is its status and a full stop; that is not an error. szIssuerCert: null,
+ * or the certificate whose key has to verify the signature: that of the issuer, or of a delegated responder that
+ * the caller has validated. The caller has to check the age of the response and that it belongs to the request.
  * szExtensions and nOptions are ignored.
- * The report's length without output or room; with them the report is cut to nChars and the result is nChars.
- * Or a negated code: -OPEN_ERROR: no such file, or above 1 MiB; -INVALID_DATA_ERROR: not a
- * response; -OUT_OF_RANGE_ERROR: an unknown status; -NOT_SUPPORTED_ERROR: not of type ocspBasic, or an
- * unsupported signature algorithm; -BAD_FORMAT_ERROR: a time is missing or invalid; -SIGNATURE_ERROR; or the
- * code of an issuer's certificate that cannot be read. */
+ * Without output or room the result is the report's length; with them the report is cut to nChars and the result
+ * is nChars. Errors:
+ *  - -OPEN_ERROR: no such file, or a file above 1 MiB;
+ *  - -INVALID_DATA_ERROR: not a response;
+ *  - -OUT_OF_RANGE_ERROR: an unknown status;
+ *  - -NOT_SUPPORTED_ERROR: not of type ocspBasic, or an unsupported signature algorithm;
+ *  - -BAD_FORMAT_ERROR: a time is missing or invalid;
+ *  - -SIGNATURE_ERROR: the signature does not verify;
+ *  - the negated code of an issuer's certificate that cannot be read. */
 ZUL_API int OCSP_ReadResponse(char* szOutput, int nChars, const char* szResponseFile,
                               const char* szIssuerCert, const char* szExtensions, int nOptions);
 
 /* --- CONTEXTS for data in pieces: HASH_, HMAC_, CIPHER_ ------------------------------------------------
- * For data of any length, from anywhere: X_Begin once, X_Add for each piece, X_End once. The context is the
- * caller's memory, at any address; X_Begin with a null lpContext or an nContextLen of 0 returns the bytes
- * that it needs. It may be moved as bytes and copied to go on twice, but not be used by two threads at once.
- * It holds secrets until X_End wipes it. INVALID_DATA_ERROR for one that was not begun, was ended, or does
- * not have the bytes that it had.
+ * For data of any length: call X_Begin once, X_Add for each piece and X_End once. The context is the caller's
+ * memory, at any address; X_Begin with a null lpContext or an nContextLen of 0 returns its size in bytes. A
+ * context may be moved, and copied to continue from the same point twice. Two threads may not use it at once. It
+ * holds secrets until X_End wipes it. A context that was not begun, was ended or was changed gives
+ * INVALID_DATA_ERROR.
  * szAlgorithm of a digest, in any case: "sha256", "sha224", "sha384", "sha512", "sha512-256", "sha3-224",
  * "sha3-256", "sha3-384", "sha3-512", "shake128", "shake256", "sha1", "md5", "md2". */
 
@@ -1184,25 +1215,24 @@ ZUL_API int HMAC_Add(void* lpContext, const void* lpData, int nDataLen);
 ZUL_API int HMAC_End(unsigned char* lpOutput, int nOutBytes, void* lpContext);
 
 /* CIPHER_Begin begins to encrypt (fEncrypt not 0) or decrypt. szAlgorithm, in any case: "aes-128", "aes-192",
- * "aes-256" or "tdea" with "-cbc", "-ctr", "-cfb", "-ofb" or "-ecb" behind it, as in "aes-256-ctr". The IV
- * has a block (16 bytes, "tdea" 8), and none in ECB. Nothing here shows whether data was changed: prefer
- * AEAD_Encrypt. nOptions:
- *  - ZUL_CIPHER_NO_PADDING: CBC and ECB take whole blocks in all, and neither add nor expect a pad
+ * "aes-256" or "tdea", followed by "-cbc", "-ctr", "-cfb", "-ofb" or "-ecb", as in "aes-256-ctr". The IV is one
+ * block (16 bytes, "tdea" 8); ECB has none. Changes of the data are not detected: prefer AEAD_Encrypt. nOptions:
+ *  - ZUL_CIPHER_NO_PADDING: CBC and ECB neither add nor expect a pad; the whole data has to be whole blocks.
  * Length: the bytes of the context. -NOT_SUPPORTED_ERROR: no such algorithm; -BAD_KEY_LEN_ERROR;
  * -BAD_IV_ERROR: the length of the IV; -SHORT_BUF_ERROR; -BAD_PARAM_ERROR; -BAD_FLAG_ERROR. */
 ZUL_API int CIPHER_Begin(void* lpContext, int nContextLen, int fEncrypt, const unsigned char* lpKey,
                          int nKeyLen, const unsigned char* lpIV, int nIVLen, const char* szAlgorithm,
                          int nOptions);
 /* CIPHER_Add takes the next piece and writes what is ready, which may be a block less or more than the piece.
- * lpOutput and lpInput may not overlap. Length in bytes. Query with a null lpOutput alone, which takes nothing;
- * a room of 0 is one like any other. -SHORT_BUF_ERROR, and the context as before;
- * -INVALID_DATA_ERROR; -BAD_PARAM_ERROR; -BAD_LENGTH_ERROR: the output would be too long for a result. */
+ * lpOutput and lpInput may not overlap. Length in bytes. Query only with a null lpOutput (a room of 0 is no query);
+ * it takes no data. -SHORT_BUF_ERROR: the context is unchanged; -INVALID_DATA_ERROR; -BAD_PARAM_ERROR;
+ * -BAD_LENGTH_ERROR: the output would be too long for a result. */
 ZUL_API int CIPHER_Add(unsigned char* lpOutput, int nOutBytes, void* lpContext, const unsigned char* lpInput,
                        int nInputLen);
 /* CIPHER_End writes the end, at most a block, and wipes the context.
- * Length in bytes. Query with a null lpOutput alone: the most that it may write. -BAD_LENGTH_ERROR: the data
- * was no whole number of blocks; -DECRYPT_ERROR: a damaged pad, or a wrong key; -SHORT_BUF_ERROR, and the
- * context as before; -INVALID_DATA_ERROR. */
+ * Length in bytes. Query only with a null lpOutput: the most that it may write. -BAD_LENGTH_ERROR: the data was
+ * not a whole number of blocks; -DECRYPT_ERROR: a damaged pad, or a wrong key; -SHORT_BUF_ERROR: the context is
+ * unchanged; -INVALID_DATA_ERROR. */
 ZUL_API int CIPHER_End(unsigned char* lpOutput, int nOutBytes, void* lpContext);
 
 /* --- AEAD_: authenticated encryption (RFC 5116) ------------------------------------------------------- */
@@ -1212,11 +1242,11 @@ ZUL_API int CIPHER_End(unsigned char* lpOutput, int nOutBytes, void* lpContext);
  *  - "aes-128-gcm", "aes-192-gcm", "aes-256-gcm" (SP 800-38D; a nonce of any length but 0, best 12)
  *  - "chacha20-poly1305" (RFC 8439; key 32, nonce 12)
  *  - "aes-256-gcm-siv" (RFC 8452; key 32, nonce 12; a nonce used twice shows no more than equal messages)
- * A nonce may serve one message of a key only; a second one gives the content of both away. nOptions:
+ * Use a nonce for one message of a key only: a second message reveals the content of both. nOptions:
  *  - ZUL_AEAD_RANDOM_NONCE: 12 random bytes in front of the output are the nonce, and nNonceLen is 0. Up to
  *    2^32 messages of one key are safe that way.
  * lpOutput may be lpInput if there is no random nonce. lpAad may be null if nAadLen is 0.
- * Length: nInputLen + 16, and 12 more with a random nonce. Query. -NOT_SUPPORTED_ERROR: no such algorithm;
+ * Length: nInputLen + 16, or + 28 with a random nonce. Query. -NOT_SUPPORTED_ERROR: no such algorithm;
  * -BAD_KEY_LEN_ERROR; -BAD_IV_ERROR: the length of the nonce; -SHORT_BUF_ERROR; -BAD_PARAM_ERROR;
  * -BAD_FLAG_ERROR: no such option; -BAD_LENGTH_ERROR: the output would be too long for a result. */
 ZUL_API int AEAD_Encrypt(unsigned char* lpOutput, int nOutBytes, const unsigned char* lpInput, int nInputLen,
@@ -1225,7 +1255,7 @@ ZUL_API int AEAD_Encrypt(unsigned char* lpOutput, int nOutBytes, const unsigned 
 
 /* AEAD_Decrypt undoes AEAD_Encrypt: nInputLen counts the tag, and the random nonce if there is one. Nothing
  * is written before the tag has been checked ("aes-256-gcm-siv" has to decrypt first, and wipes the output if
- * the tag is wrong). lpOutput may be lpInput but for "aes-256-gcm-siv" and a random nonce. An empty message
+ * the tag is wrong). lpOutput may be lpInput except with "aes-256-gcm-siv" or a random nonce. An empty message
  * is checked even without output.
  * Length: that of the data. Query, which does not check the tag. -DECRYPT_ERROR: a wrong key, nonce or tag,
  * or changed data; the output is wiped. -BAD_LENGTH_ERROR: shorter than a tag. Others as AEAD_Encrypt. */
@@ -1234,9 +1264,9 @@ ZUL_API int AEAD_Decrypt(unsigned char* lpOutput, int nOutBytes, const unsigned 
                          const unsigned char* lpAad, int nAadLen, const char* szAlgorithm, int nOptions);
 
 /* --- KEY_: keys of any kind ----------------------------------------------------------------------------
- * szKey and its like are key strings, as in RSA_: texts that only the process that made them can open. RSA
- * keys have the same ones here and there; those of other kinds the RSA_ functions refuse. Where a public key
- * is asked for, a private one stands for its public part.
+ * szKey and its like are key strings, as in RSA_: texts that only the process that made them can open. Key
+ * strings of RSA keys serve both KEY_ and RSA_ functions; RSA_ functions refuse those of other kinds. Where a
+ * public key is asked for, a private key stands for its public part.
  *
  * Kinds: RSA; RSA-PSS (id-RSASSA-PSS, whose parameters restrict its signatures); EC on P-256, P-384 and
  * P-521; Ed25519; X25519. Their names are taken in any case.
@@ -1248,7 +1278,7 @@ ZUL_API int AEAD_Decrypt(unsigned char* lpOutput, int nOutBytes, const unsigned 
 /* KEY_Make makes a private key. szAlgorithm: "rsa" (3072 bits), "rsa-N" for N from 1024 to 16384, "p-256"
  * (also "secp256r1", "prime256v1"), "p-384" ("secp384r1"), "p-521" ("secp521r1"), "ed25519" or "x25519". The
  * exponent of RSA keys is 65537. nOptions: 0 or ZUL_KEY_SHOW_PROGRESS.
- * Length in characters. Query: the most that such a key needs, and room that has to be there.
+ * Length in characters. Query: the most that such a key needs; the room has to be that large.
  * -NOT_SUPPORTED_ERROR: no such algorithm; -OUT_OF_RANGE_ERROR: the bits of an RSA key; -KEYGEN_FAILED_ERROR
  * and -TEST_FAILED_ERROR as RSA_MakeKeys. */
 ZUL_API int KEY_Make(char* szOutput, int nOutChars, const char* szAlgorithm, int nOptions);
@@ -1260,30 +1290,32 @@ ZUL_API int KEY_Make(char* szOutput, int nOutChars, const char* szAlgorithm, int
  *    (SEC 1), SubjectPublicKeyInfo;
  *  - a certificate or a certificate request, whose public key is read;
  *  - PEM of these, also encrypted with header lines (Proc-Type, DEK-Info: AES, Triple DES or DES in CBC mode).
- *    Of several blocks the first private key is read, or else the first that is no parameters.
- * Points may be compressed. A curve is known by its name alone. A public key beside a private one has to
- * belong to it. szPassword: of an encrypted key, else null or ignored. nOptions: 0.
+ *    Of several blocks the first private key is read, or else the first block that does not hold parameters.
+ * Points may be compressed. Curves have to be named; explicit parameters are not read. A public key that stands
+ * beside a private one has to belong to it. szPassword: of an encrypted key, otherwise ignored. nOptions: 0.
  * Length in characters. Query. -OPEN_ERROR; -INVALID_DATA_ERROR: not DER; -BAD_FORMAT_ERROR: no such
- * structure; -NOT_SUPPORTED_ERROR: another algorithm or curve, or scheme of encryption; -BAD_KEY_ERROR: values
- * that are no key's (a point off the curve or of small order, a number out of range); -BAD_PARAM_ERROR also:
+ * structure; -NOT_SUPPORTED_ERROR: another algorithm or curve, or scheme of encryption; -BAD_KEY_ERROR:
+ * invalid values (a point off the curve or of small order, a number out of range); -BAD_PARAM_ERROR also:
  * an encrypted key, but no password; -DECRYPT_ERROR: a wrong password or damaged data; -OUT_OF_RANGE_ERROR: a
  * derivation that costs too much; -MEMORY_ERROR: no memory for scrypt. */
 ZUL_API int KEY_Read(char* szOutput, int nOutChars, const char* szFileOrText, const char* szPassword,
                      int nOptions);
 
-/* KEY_Save writes a key to a file, which is replaced in one step; with a private key it becomes its owner's
- * alone. A public key is written as SubjectPublicKeyInfo, a private one as PrivateKeyInfo, or encrypted if
- * szPassword is not null: PBES2 with a random salt and IV. szParameters, null or name=value parted by ";":
+/* KEY_Save writes a key to a file, which is replaced in one step. Only the owner may read the file of a private
+ * key. A public key is written as SubjectPublicKeyInfo, a private key as PrivateKeyInfo. If szPassword is not null
+ * it is encrypted with PBES2, with a random salt and IV. szParameters: null, or name=value pairs joined by ";":
  *  - "cipher=aes-128-cbc", "aes-192-cbc", "aes-256-cbc" (the default) or "tdea-cbc";
  *  - "kdf=pbkdf2" (the default) with "iterations=N", 1 to 10,000,000 (600,000), and "hash=sha1", "sha256" (the
  *    default), "sha384" or "sha512";
  *  - "kdf=scrypt" with "n=N" (16384; a power of 2), "r=N" (8) and "p=N" (1), bounded as in KDF_Scrypt.
- * nOptions: ZUL_KEY_FORMAT_PEM, else DER; ZUL_KEY_FORMAT_OWN writes the structure that the kind has of its
- * own, without a password: RSAPrivateKey or RSAPublicKey, ECPrivateKey.
- * Status, positive. CREATE_ERROR, WRITE_ERROR; BAD_PARAM_ERROR also: a malformed or foreign parameter,
- * parameters without a password, an empty password, or one where nothing is encrypted; NOT_SUPPORTED_ERROR: an
- * unknown cipher, hash or derivation, or a kind without a structure of its own; OUT_OF_RANGE_ERROR: a cost out
- * of its bounds; MEMORY_ERROR. */
+ * nOptions:
+ *  - ZUL_KEY_FORMAT_PEM: PEM instead of DER;
+ *  - ZUL_KEY_FORMAT_OWN: the key's own structure (RSAPrivateKey or RSAPublicKey, ECPrivateKey), without a password.
+ * Status, positive. CREATE_ERROR, WRITE_ERROR, MEMORY_ERROR, and
+ *  - BAD_PARAM_ERROR: also a malformed or unknown parameter, parameters without a password, an empty password, or
+ *    a password where nothing is encrypted;
+ *  - NOT_SUPPORTED_ERROR: an unknown cipher, hash or derivation, or a kind without a structure of its own;
+ *  - OUT_OF_RANGE_ERROR: a cost out of its bounds. */
 ZUL_API int KEY_Save(const char* szFileOut, const char* szKey, const char* szPassword,
                      const char* szParameters, int nOptions);
 
@@ -1291,12 +1323,12 @@ ZUL_API int KEY_Save(const char* szFileOut, const char* szKey, const char* szPas
  * Length in characters. Query. */
 ZUL_API int KEY_Public(char* szOutput, int nOutChars, const char* szPrivateKey);
 
-/* KEY_Query answers a query about a key. szQuery, in any case: "bits" (of the modulus; 256, 384, 521; 256 for
- * Ed25519 and X25519) and "isPrivate" (1 or 0) are numbers: the number is the result, and if there is room it
- * is written as decimal text too. Texts: "algorithm" ("rsa", "rsa-pss", "ec", "ed25519" or "x25519"), "curve"
- * ("p-256", "p-384", "p-521", "ed25519", "x25519", empty for RSA), "fingerprint" (SHA-256 of the
- * SubjectPublicKeyInfo in lower-case hex). nOptions: ZUL_QUERY_GETTYPE returns 1 for a number, 2 for a text,
- * and opens no key.
+/* KEY_Query answers a query about a key. szQuery, in any case:
+ *  - numbers, which are the result, and are also written as decimal text if there is room: "bits" (of the modulus
+ *    for RSA; 256, 384 or 521 for EC; 256 for Ed25519 and X25519), "isPrivate" (1 or 0);
+ *  - texts: "algorithm" ("rsa", "rsa-pss", "ec", "ed25519" or "x25519"), "curve" ("p-256", "p-384", "p-521",
+ *    "ed25519", "x25519", empty for RSA), "fingerprint" (SHA-256 of the SubjectPublicKeyInfo in lower-case hex).
+ * nOptions: ZUL_QUERY_GETTYPE returns 1 for a number, 2 for a text, and opens no key.
  * Length in characters (or the number). Query. -BAD_QUERY_ERROR: no such query. */
 ZUL_API int KEY_Query(char* szOutput, int nOutChars, const char* szKey, const char* szQuery, int nOptions);
 
@@ -1304,69 +1336,70 @@ ZUL_API int KEY_Query(char* szOutput, int nOutChars, const char* szKey, const ch
  * Status, positive. NO_MATCH_ERROR: another key; TEST_FAILED_ERROR and others as KEY_Check. */
 ZUL_API int KEY_Match(const char* szPrivateKey, const char* szPublicKey);
 
-/* KEY_Check tells whether a key's values belong together: a private number in its range, which gives the public
- * key; a public key on its curve and not of small order; for a private RSA key the test of RSA_CheckKey.
- * nOptions: 0.
- * Status, positive: 0 for a good key of either kind. BAD_KEY_ERROR: a bad one; TEST_FAILED_ERROR: the halves of
- * an RSA key do not undo each other; others of an RSA key as RSA_CheckKey. */
+/* KEY_Check tells whether a key's values are valid and belong together. A private number has to be in its range
+ * and give the public key. A public key has to be on its curve and not of small order. A private RSA key is tested
+ * as in RSA_CheckKey. nOptions: 0.
+ * Status, positive: 0 for a valid key, private or public. BAD_KEY_ERROR: an invalid key; TEST_FAILED_ERROR: the
+ * halves of an RSA key do not undo each other; other codes of RSA keys as RSA_CheckKey. */
 ZUL_API int KEY_Check(const char* szKey, int nOptions);
 
 /* KEY_Agree computes the secret that the owners of two key pairs share: for EC the x coordinate in the curve's
  * length (32, 48 or 66 bytes), for X25519 32 bytes. It is not yet a key: derive one from it (KDF_Hkdf).
  * nOptions: 0.
- * Length in bytes. Query. -BAD_KEY_ERROR: keys of two kinds, or of one that does not agree on secrets; a public
- * key of small order, which gives a secret of zeros. */
+ * Length in bytes. Query. -BAD_KEY_ERROR: keys of different kinds, keys of a kind without key agreement, or a
+ * public key of small order, which gives a secret of zeros. */
 ZUL_API int KEY_Agree(unsigned char* lpOutput, int nOutBytes, const char* szPrivateKey,
                       const char* szPublicKey, int nOptions);
 
 /* --- SIG_: signatures ----------------------------------------------------------------------------------
  * szAlgorithm, in any case; HASH is sha256 or any other digest:
  *  - "rsa-HASH" (also "rsa-pkcs1-HASH"): PKCS #1 v1.5;
- *  - "rsa-pss-HASH", and ";salt=N", ";salt=digest" (as long as the digest; the default) or ";salt=max", and
- *    ";mgf=HASH" (the same; the default): RSASSA-PSS with MGF1. A verified signature has to have that very salt
- *    length. An RSA-PSS key with parameters signs as they demand, with that salt or a longer one;
- *  - "ecdsa-HASH": the secret numbers are those of RFC 6979 with 32 random bytes added;
+ *  - "rsa-pss-HASH": RSASSA-PSS with MGF1, perhaps followed by ";salt=N", ";salt=digest" (as long as the digest;
+ *    the default) or ";salt=max", and by ";mgf=HASH" (default: the same digest). A signature to verify has to have
+ *    exactly that salt length. An RSA-PSS key with parameters signs as they demand, with their salt length or more;
+ *  - "ecdsa-HASH": ECDSA; the secret numbers are those of RFC 6979 with 32 random bytes added;
  *  - "ed25519", and "ed25519ph", which signs the SHA-512 digest.
- * Null or empty: "rsa-pss-sha256", for a key with parameters what they demand; "ecdsa-sha256", "ecdsa-sha384"
- * and "ecdsa-sha512" for P-256, P-384 and P-521; "ed25519". szPrivateKey, szPublicKey: key strings as in KEY_.
- * nOptions: ZUL_SIG_RAW: an ECDSA signature is r and s in the curve's length, not DER; ZUL_SIG_DETERMINISTIC:
- * ECDSA adds no random bytes. Neither has a meaning for other algorithms.
+ * Null or empty: "rsa-pss-sha256" for an RSA key, or what the parameters of an RSA-PSS key demand; "ecdsa-sha256",
+ * "ecdsa-sha384" and "ecdsa-sha512" for P-256, P-384 and P-521; "ed25519". szPrivateKey, szPublicKey: key strings
+ * as in KEY_. nOptions, which other algorithms than ECDSA ignore:
+ *  - ZUL_SIG_RAW: an ECDSA signature is r and s in the curve's length, not DER;
+ *  - ZUL_SIG_DETERMINISTIC: ECDSA adds no random bytes.
  *
- * Codes of all: those of KEY_; NOT_SUPPORTED_ERROR: no such algorithm, or one that cannot be had from a digest;
- * BAD_PARAM_ERROR also: a malformed parameter of an algorithm; BAD_KEY_ERROR: a key of a kind that the
- * algorithm does not go with, or whose parameters forbid it; BAD_KEY_LEN_ERROR: an RSA key too short for the
- * algorithm. */
+ * Codes of all: those of KEY_, and
+ *  - NOT_SUPPORTED_ERROR: no such algorithm, or one that cannot start from a digest;
+ *  - BAD_PARAM_ERROR: also a malformed parameter of an algorithm;
+ *  - BAD_KEY_ERROR: a key of another kind than the algorithm's, or a key whose parameters forbid it;
+ *  - BAD_KEY_LEN_ERROR: an RSA key too short for the algorithm. */
 
 /* SIG_Sign signs data. An RSA signature is checked with the public key before it is given out.
- * Length in bytes. Query: the most that a signature needs, and room that has to be there: signatures of ECDSA
- * as DER may be shorter. -BAD_KEY_ERROR also: values of an RSA key that contradict each other. */
+ * Length in bytes. Query: the most that a signature needs; the room has to be that large. ECDSA signatures in DER
+ * may be shorter. -BAD_KEY_ERROR: also values of an RSA key that contradict each other. */
 ZUL_API int SIG_Sign(unsigned char* lpOutput, int nOutBytes, const unsigned char* lpData, int nDataLen,
                      const char* szPrivateKey, const char* szAlgorithm, int nOptions);
 
-/* SIG_Verify verifies a signature of data. ECDSA signatures have to be DER in its one form; Ed25519 follows the
- * strict rules (S below the order, canonical points).
+/* SIG_Verify verifies a signature of data. ECDSA signatures have to be strict DER; Ed25519 signatures have to have
+ * S below the order and canonical points.
  * Status, positive. SIGNATURE_ERROR: it does not verify. */
 ZUL_API int SIG_Verify(const unsigned char* lpSignature, int nSigLen, const unsigned char* lpData,
                        int nDataLen, const char* szPublicKey, const char* szAlgorithm, int nOptions);
 
-/* SIG_SignFile signs what a file of any size holds. Ed25519 reads it twice: a pipe will not do.
- * Length and query as SIG_Sign, and its codes; -OPEN_ERROR; -READ_ERROR: the file cannot be read, or has
- * changed meanwhile. */
+/* SIG_SignFile signs the content of a file of any size. Ed25519 reads it twice, so it cannot be a pipe.
+ * Length and query as SIG_Sign, and its codes; -OPEN_ERROR; -READ_ERROR: the file cannot be read, or
+ * changed during the call. */
 ZUL_API int SIG_SignFile(unsigned char* lpOutput, int nOutBytes, const char* szFileIn,
                          const char* szPrivateKey, const char* szAlgorithm, int nOptions);
 
-/* SIG_VerifyFile verifies a signature of what a file of any size holds.
+/* SIG_VerifyFile verifies a signature of the content of a file of any size.
  * Status and codes as SIG_Verify; OPEN_ERROR, READ_ERROR. */
 ZUL_API int SIG_VerifyFile(const unsigned char* lpSignature, int nSigLen, const char* szFileIn,
                            const char* szPublicKey, const char* szAlgorithm, int nOptions);
 
-/* SIG_SignDigest signs data of which only the digest is given: that of the algorithm, and SHA-512 for
- * "ed25519ph".
+/* SIG_SignDigest signs data whose digest is given: that of the algorithm, or SHA-512 for "ed25519ph".
  * Length and query as SIG_Sign, and its codes; -BAD_LENGTH_ERROR: the digest has another length. */
 ZUL_API int SIG_SignDigest(unsigned char* lpOutput, int nOutBytes, const unsigned char* lpDigest,
                            int nDigestLen, const char* szPrivateKey, const char* szAlgorithm, int nOptions);
 
-/* SIG_VerifyDigest verifies a signature of data of which only the digest is given.
+/* SIG_VerifyDigest verifies a signature of data whose digest is given.
  * Status and codes as SIG_Verify; BAD_LENGTH_ERROR. */
 ZUL_API int SIG_VerifyDigest(const unsigned char* lpSignature, int nSigLen, const unsigned char* lpDigest,
                              int nDigestLen, const char* szPublicKey, const char* szAlgorithm, int nOptions);
