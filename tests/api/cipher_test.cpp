@@ -96,12 +96,10 @@ TEST(CipherBytes, StreamModesTakeAnyLength) {
                 Bytes data = plain;
                 data.resize(plain.size() + 1, 0x5A);
                 const bool refused = pads(mode) && size % block_length(cipher) != 0;
-                EXPECT_RESULT(CIPHER_Bytes(1, data.data(), data.data(), size, key.data(), iv.data(), nullptr,
-                                           cipher | mode),
-                              refused ? BAD_LENGTH_ERROR : 0);
-                EXPECT_RESULT(CIPHER_Bytes(0, data.data(), data.data(), size, key.data(), iv.data(), nullptr,
-                                           cipher | mode),
-                              refused ? BAD_LENGTH_ERROR : 0);
+                for (const int encrypt : {1, 0})
+                    EXPECT_RESULT(CIPHER_Bytes(encrypt, data.data(), data.data(), size, key.data(), iv.data(),
+                                               nullptr, cipher | mode),
+                                  refused ? BAD_LENGTH_ERROR : 0);
                 EXPECT_EQ(data.back(), 0x5A);
                 data.pop_back();
                 EXPECT_EQ(data, plain);
@@ -134,11 +132,9 @@ TEST(CipherBytes, RefusesMisuse) {
         {o, nullptr, 32, k, v, nullptr, 0x120, NULL_ERROR},
         {o, i, 32, nullptr, v, nullptr, 0x120, NULL_ERROR},
         {o, i, 32, k, nullptr, nullptr, 0x120, BAD_IV_ERROR},
-        {o, i, 32, k, nullptr, nullptr, 0x210, BAD_IV_ERROR},
         {o, i, 32, k, nullptr, "aes256cfb", 0, BAD_IV_ERROR},
         {o, i, 32, k, nullptr, "tdea-ctr", 0, BAD_IV_ERROR},
         {o, i, 17, k, v, nullptr, 0x20, BAD_LENGTH_ERROR},
-        {o, i, 31, k, v, nullptr, 0x140, BAD_LENGTH_ERROR},
         {o, i, 9, k, v, nullptr, 0x110, BAD_LENGTH_ERROR},
     };
     for (const auto& c : cases) {
@@ -173,7 +169,6 @@ TEST(CipherHex, RefusesMisuse) {
         {o, 64, in.c_str(), "", v.c_str(), 0x120, BAD_PARAM_ERROR},
         {o, 64, in.c_str(), shortKey.c_str(), v.c_str(), 0x120, BAD_KEY_LEN_ERROR},
         {o, 64, in.c_str(), kv.c_str(), v.c_str(), 0x120, BAD_KEY_LEN_ERROR},
-        {o, 64, in.c_str(), "key", v.c_str(), 0x120, BAD_KEY_LEN_ERROR},
         {o, 64, in.c_str(), k.c_str(), v.c_str(), 0x140, BAD_KEY_LEN_ERROR},
         {o, 64, in.c_str(), k.c_str(), nullptr, 0x120, BAD_IV_ERROR},
         {o, 64, in.c_str(), k.c_str(), "", 0x120, BAD_IV_ERROR},
@@ -292,8 +287,6 @@ TEST(CipherFile, RefusesMisuseBeforeItTouchesAFile) {
         int options, code;
     } cases[] = {
         {o, i, k, v, 0, -BAD_PARAM_ERROR},
-        {o, i, k, v, 0x920, -BAD_MODE_ERROR},
-        {o, i, k, v, 0x1F0, -BAD_FLAG_ERROR},
         {nullptr, i, k, v, 0x120, NULL_ERROR},
         {o, nullptr, k, v, 0x120, NULL_ERROR},
         {o, i, nullptr, v, 0x120, NULL_ERROR},

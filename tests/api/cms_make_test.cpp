@@ -282,7 +282,6 @@ TEST_F(CmsMake, SaysWhatIsWrong) {
                   c.text);
         EXPECT_FALSE(test::file_exists(out_));
     }
-    EXPECT_EQ(CMS_MakeSigDataFromString(dir_.path().c_str(), "x", cert_.c_str(), key_.c_str(), 0),
-              CREATE_ERROR);
-    EXPECT_EQ(last_error(), "Cannot create file " + dir_.path());
+    EXPECT_FAILURE(CMS_MakeSigDataFromString(dir_.path().c_str(), "x", cert_.c_str(), key_.c_str(), 0),
+                   CREATE_ERROR, "Cannot create file " + dir_.path());
 }

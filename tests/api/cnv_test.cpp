@@ -131,12 +131,9 @@ TEST(CnvLatin1, ErrorsLeaveAnEmptyTextEvenBeyondTheRoom) {
 
 TEST(CnvQueries, OfTwoFunctionsLeaveTheLengthAsTheCode) {
     const auto* utf8 = reinterpret_cast<const Byte*>(kUtf8);
-    EXPECT_EQ(CNV_ByteEncoding(nullptr, 0, utf8, 4, 0x10 | ZUL_CNV_LATIN1_FROM_UTF8), 3);
-    EXPECT_EQ(ZUL_ErrorCode(), 3);
-    EXPECT_EQ(CNV_Latin1FromUTF8Bytes(nullptr, 0, utf8, 4), 3);
-    EXPECT_EQ(ZUL_ErrorCode(), 3);
-    EXPECT_EQ(CNV_ByteEncoding(nullptr, 0, utf8, 2, ZUL_CNV_LATIN1_FROM_UTF8), -INVALID_DATA_ERROR);
-    EXPECT_EQ(ZUL_ErrorCode(), INVALID_DATA_ERROR);
+    EXPECT_RESULT(CNV_ByteEncoding(nullptr, 0, utf8, 4, 0x10 | ZUL_CNV_LATIN1_FROM_UTF8), 3);
+    EXPECT_RESULT(CNV_Latin1FromUTF8Bytes(nullptr, 0, utf8, 4), 3);
+    EXPECT_RESULT(CNV_ByteEncoding(nullptr, 0, utf8, 2, ZUL_CNV_LATIN1_FROM_UTF8), -INVALID_DATA_ERROR);
     Byte out[8];
     EXPECT_EQ(CNV_ByteEncoding(out, 8, utf8, 4, 0x11), 6); // only the low four bits count
     EXPECT_EQ(ZUL_ErrorCode(), 0);

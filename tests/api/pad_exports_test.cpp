@@ -5,8 +5,6 @@
 
 using test::Bytes;
 
-namespace {} // namespace
-
 TEST(Padding, RoundTripsInPlaceAsBytesAndAsHex) {
     for (const int block : {8, 16}) {
         for (int length = 0; length <= 33; length++) {

@@ -222,9 +222,7 @@ TEST_F(Pfx, SaysWhatIsWrong) {
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
-        EXPECT_EQ(c.call(), c.expected);
-        EXPECT_EQ(last_error(), c.text);
-        EXPECT_EQ(ZUL_ErrorCode(), c.expected);
+        EXPECT_FAILURE(c.call(), c.expected, c.text);
         EXPECT_FALSE(test::file_exists(out));
     }
     EXPECT_EQ(test::read_file(key), key_);

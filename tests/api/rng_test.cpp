@@ -6,11 +6,7 @@
 
 #include "support/module_calls.h"
 
-namespace {
-
-using Seed = std::vector<unsigned char>;
-
-} // namespace
+using test::Bytes;
 
 TEST(RngBytes, ArgumentErrorsAreNotRecorded) {
     unsigned char out[4] = {1, 2, 3, 4};
@@ -37,17 +33,17 @@ TEST(RngBytes, ArgumentErrorsAreNotRecorded) {
 }
 
 TEST(RngBytes, FillsWhatWasAskedFor) {
-    std::set<Seed> seen;
+    std::set<Bytes> seen;
     const unsigned char additional[1000] = {};
     for (const int size : {16, 20, 21, 65536}) {
         for (const int seedSize : {0, 1, 20, 21, 1000}) {
-            Seed out(static_cast<size_t>(size) + 8, 0xA5);
+            Bytes out(static_cast<size_t>(size) + 8, 0xA5);
             ASSERT_EQ(RNG_Bytes(out.data(), size, additional, seedSize), 0);
-            EXPECT_EQ(Seed(out.end() - 8, out.end()), Seed(8, 0xA5));
-            EXPECT_NE(Seed(out.end() - 16, out.end() - 8), Seed(8, 0xA5));
+            EXPECT_EQ(Bytes(out.end() - 8, out.end()), Bytes(8, 0xA5));
+            EXPECT_NE(Bytes(out.end() - 16, out.end() - 8), Bytes(8, 0xA5));
             EXPECT_TRUE(seen.insert(out).second);
         }
-        Seed out(static_cast<size_t>(size));
+        Bytes out(static_cast<size_t>(size));
         EXPECT_EQ(RNG_Bytes(out.data(), size, nullptr, 100), 0);
         EXPECT_TRUE(seen.insert(out).second);
     }
@@ -94,27 +90,27 @@ TEST(RngTest, WithoutAFileOrWithABadOne) {
 
 TEST(SeedFile, IsTakenInAndOverwritten) {
     const test::TempDir dir;
-    Seed before(80, 0x55);
+    Bytes before(80, 0x55);
     const std::string path = dir.write("seed", before);
-    std::set<Seed> seen{before};
+    std::set<Bytes> seen{before};
     for (int round = 0; round < 4; round++) {
         const int result =
             round == 0 ? RNG_Initialize(path.c_str(), -1) : RNG_UpdateSeedFile(path.c_str(), -1);
         ASSERT_EQ(result, 0);
         EXPECT_EQ(ZUL_ErrorCode(), 0);
-        const Seed after = test::read_file(path);
+        const Bytes after = test::read_file(path);
         EXPECT_TRUE(seen.insert(after).second);
         // What stands behind the 64 bytes is not the seed's.
         ASSERT_EQ(after.size(), 80u);
-        EXPECT_EQ(Seed(after.begin() + 64, after.end()), Seed(16, 0x55));
+        EXPECT_EQ(Bytes(after.begin() + 64, after.end()), Bytes(16, 0x55));
     }
 }
 
 TEST(SeedFile, Failures) {
     const test::TempDir dir;
-    const std::string readOnly = dir.write("read-only", Seed(64, 3));
+    const std::string readOnly = dir.write("read-only", Bytes(64, 3));
     std::filesystem::permissions(readOnly, std::filesystem::perms::owner_read);
-    const std::string shortFile = dir.write("short", Seed(63, 3)), emptyFile = dir.write("empty", Seed());
+    const std::string shortFile = dir.write("short", Bytes(63, 3)), emptyFile = dir.write("empty", Bytes());
     const std::string longName(10000, 'n');
     const struct {
         std::string path;
@@ -133,13 +129,12 @@ TEST(SeedFile, Failures) {
         EXPECT_EQ(RNG_UpdateSeedFile(c.path.c_str(), 0), -c.code) << c.path;
         EXPECT_EQ(ZUL_ErrorCode(), c.code);
     }
-    EXPECT_EQ(test::read_file(shortFile), Seed(63, 3));
-    EXPECT_EQ(test::read_file(readOnly), Seed(64, 3));
+    EXPECT_EQ(test::read_file(shortFile), Bytes(63, 3));
+    EXPECT_EQ(test::read_file(readOnly), Bytes(64, 3));
     std::filesystem::permissions(readOnly, std::filesystem::perms::owner_all);
     EXPECT_FALSE(test::file_exists(dir.file("missing")));
 
-    EXPECT_EQ(RNG_Initialize(nullptr, 0), -PRNG_ERR_BADPARAM);
-    EXPECT_EQ(ZUL_ErrorCode(), PRNG_ERR_BADPARAM);
+    EXPECT_RESULT(RNG_Initialize(nullptr, 0), -PRNG_ERR_BADPARAM);
     EXPECT_EQ(RNG_Initialize("", 0), -PRNG_ERR_FILE_OPEN);
     for (const char* none : {static_cast<const char*>(nullptr), ""}) {
         EXPECT_EQ(RNG_UpdateSeedFile(none, 0), -BAD_PARAM_ERROR);

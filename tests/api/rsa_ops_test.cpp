@@ -79,14 +79,13 @@ void expect_checks(const test::Vector& v) {
     EXPECT_EQ(RSA_CheckKey(pub.c_str(), 0), 1);
     EXPECT_EQ(last_error(), "");
     EXPECT_EQ(RSA_KeyMatch(priv.c_str(), pub.c_str()), 0);
-    EXPECT_EQ(RSA_KeyMatch(priv.c_str(), v.text("OtherPublic").c_str()), -NO_MATCH_ERROR);
-    EXPECT_EQ(last_error(), "Keys do not match");
+    EXPECT_FAILURE(RSA_KeyMatch(priv.c_str(), v.text("OtherPublic").c_str()), -NO_MATCH_ERROR,
+                   "Keys do not match");
     const std::string faulty = v.text("FaultyPrivate");
     EXPECT_EQ(RSA_CheckKey(faulty.c_str(), 0), -TEST_FAILED_ERROR);
     EXPECT_EQ(raw(RSA_RawPrivate, v.hex("C"), faulty), "23 RSA operation failed");
     EXPECT_EQ(RSA_CheckKey(v.text("WrongD").c_str(), 0), -TEST_FAILED_ERROR);
-    EXPECT_EQ(RSA_KeyMatch(faulty.c_str(), pub.c_str()), -INVALID_DATA_ERROR);
-    EXPECT_EQ(last_error(), "Not a valid private key");
+    EXPECT_FAILURE(RSA_KeyMatch(faulty.c_str(), pub.c_str()), -INVALID_DATA_ERROR, "Not a valid private key");
     EXPECT_LT(RSA_KeyMatch(pub.c_str(), pub.c_str()), 0);
     EXPECT_NE(last_error().find("Could not extract private key from string"), std::string::npos);
     EXPECT_LT(RSA_KeyMatch(priv.c_str(), priv.c_str()), 0);
@@ -102,8 +101,8 @@ TEST(RsaKeys, ServeTheRawOperationsAndAreChecked) {
         expect_raw(v);
         expect_checks(v);
         if (!other.empty()) {
-            EXPECT_EQ(RSA_KeyMatch(v.text("Private").c_str(), other.c_str()), -NO_MATCH_ERROR);
-            EXPECT_EQ(last_error(), "Key lengths are different");
+            EXPECT_FAILURE(RSA_KeyMatch(v.text("Private").c_str(), other.c_str()), -NO_MATCH_ERROR,
+                           "Key lengths are different");
         }
         other = v.text("Public");
     }
@@ -117,8 +116,7 @@ TEST(RsaKeys, ServeTheRawOperationsAndAreChecked) {
         EXPECT_NE(ZUL_ErrorCode(), 0);
         EXPECT_LT(RSA_CheckKey(bad, 0), 0);
     }
-    EXPECT_EQ(RSA_CheckKey("", 0), -BAD_PARAM_ERROR);
-    EXPECT_EQ(last_error(), "");
+    EXPECT_FAILURE(RSA_CheckKey("", 0), -BAD_PARAM_ERROR, "");
     EXPECT_EQ(RSA_CheckKey(nullptr, 0), -BAD_PARAM_ERROR);
     EXPECT_EQ(RSA_KeyBytes(nullptr), -BAD_PARAM_ERROR);
     EXPECT_EQ(RSA_KeyMatch(nullptr, "PUBR"), -BAD_PARAM_ERROR);

@@ -273,11 +273,11 @@ TEST_F(RsaStore, SaysWhyItDoesNotSave) {
                             : RSA_SaveEncPrivateKey(file, key, 1, kPassword, 0);
     };
     for (const int which : {0, 1, 2}) {
-        EXPECT_EQ(save(which, path.c_str(), (privateKey + "A").c_str()), INVALID_DATA_ERROR);
-        EXPECT_EQ(last_error(), "Internal key data is faulty");
-        EXPECT_EQ(save(which, nowhere.c_str(), privateKey.c_str()), CREATE_ERROR);
-        EXPECT_EQ(last_error(), which < 2 ? "Unable to create key file " + nowhere
-                                          : "Cannot create output file '" + nowhere + "'");
+        EXPECT_FAILURE(save(which, path.c_str(), (privateKey + "A").c_str()), INVALID_DATA_ERROR,
+                       "Internal key data is faulty");
+        EXPECT_FAILURE(save(which, nowhere.c_str(), privateKey.c_str()), CREATE_ERROR,
+                       which < 2 ? "Unable to create key file " + nowhere
+                                 : "Cannot create output file '" + nowhere + "'");
         for (const char* missing : {static_cast<const char*>(nullptr), ""}) {
             EXPECT_EQ(save(which, missing, privateKey.c_str()), BAD_PARAM_ERROR);
             EXPECT_EQ(save(which, path.c_str(), missing), BAD_PARAM_ERROR);
@@ -315,11 +315,10 @@ TEST_F(RsaStore, RefusesHugeIterationCounts) {
         for (size_t i = 0; i < 4; i++)
             der[31 + i] = static_cast<uint8_t>(count >> (24 - 8 * i));
         dir.write("enc", der);
-        EXPECT_EQ(encrypted_reader(kPassword)(nullptr, 0, path.c_str()), -DECRYPT_ERROR);
-        EXPECT_EQ(last_error(), "Iteration count is above 10000000; Could not decrypt key");
-        EXPECT_EQ(PFX_MakeFile(dir.file("pfx").c_str(), cert.c_str(), path.c_str(), kPassword, "", 0),
-                  DECRYPT_ERROR);
-        EXPECT_EQ(last_error(), "Iteration count is above 10000000; Could not decrypt key");
+        EXPECT_FAILURE(encrypted_reader(kPassword)(nullptr, 0, path.c_str()), -DECRYPT_ERROR,
+                       "Iteration count is above 10000000; Could not decrypt key");
+        EXPECT_FAILURE(PFX_MakeFile(dir.file("pfx").c_str(), cert.c_str(), path.c_str(), kPassword, "", 0),
+                       DECRYPT_ERROR, "Iteration count is above 10000000; Could not decrypt key");
     }
 }
 

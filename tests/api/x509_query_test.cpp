@@ -160,8 +160,8 @@ TEST(X509Query, SavesStrings) {
         EXPECT_EQ(text_of(read_string, out), kTiny);
     }
     const std::string missing = dir.file("none/out");
-    EXPECT_EQ(X509_SaveFileFromString(missing.c_str(), line.c_str(), 0), -CREATE_ERROR);
-    EXPECT_EQ(last_error(), "Cannot create file '" + missing + "'");
+    EXPECT_FAILURE(X509_SaveFileFromString(missing.c_str(), line.c_str(), 0), -CREATE_ERROR,
+                   "Cannot create file '" + missing + "'");
     EXPECT_EQ(X509_SaveFileFromString("", line.c_str(), 0), -BAD_PARAM_ERROR);
     EXPECT_EQ(X509_SaveFileFromString(out.c_str(), "", 0), -BAD_PARAM_ERROR);
 }
@@ -188,9 +188,7 @@ TEST(X509Query, ReportsWhatIsMissing) {
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(&c - cases);
-        EXPECT_EQ(c.call(nullptr, 0, c.certFile.c_str()), -c.code);
-        EXPECT_EQ(ZUL_ErrorCode(), c.code);
-        EXPECT_EQ(last_error(), c.text);
+        EXPECT_FAILURE(c.call(nullptr, 0, c.certFile.c_str()), -c.code, c.text);
     }
     for (const Call& call :
          {Call(valid_now), Call(usage), of<X509_CertIssuedOn>(), of<X509_CertThumb>(),

@@ -77,45 +77,6 @@ TEST_F(CmsEnvelopedInterop, OursOneToTenRecipients) {
     they_open("cms", "-inkey two.key -recip two.pem");
 }
 
-TEST_F(CmsEnvelopedInterop, TheirsEveryCipherAndForm) {
-    const struct {
-        const char *cipher, *name;
-        size_t block;
-    } ciphers[] = {{"des3", "des-EDE3-CBC", 8},       {"aes-128-cbc", "aes128-CBC", 16},
-                   {"aes-192-cbc", "aes192-CBC", 16}, {"aes-256-cbc", "aes256-CBC", 16},
-                   {"rc2-40-cbc", "rc2CBC", 8},       {"rc2-64-cbc", "rc2CBC", 8},
-                   {"rc2-cbc", "rc2CBC", 8}};
-    const std::string forms[] = {
-        "cms -outform DER",          "cms -outform DER -indef -keyid",
-        "cms -outform PEM -stream",  "cms -outform PEM -pwri_password x", // a recipient of another kind
-        "smime -outform DER -indef", "smime -outform PEM",
-    };
-    const std::string encrypt = " -encrypt -binary -provider legacy -provider default -in data -out env ";
-    const size_t sizes[] = {0, 16, 5000};
-    size_t turn = 0;
-    for (const auto& cipher : ciphers) {
-        turn++; // so that every form has every size
-        for (const std::string& form : forms) {
-            const size_t size = sizes[turn++ % 3];
-            SCOPED_TRACE(testing::Message() << form << " " << cipher.cipher << " " << size);
-            make_data(size);
-            run("openssl " + form + encrypt + "-" + cipher.cipher + " one.pem two.pem");
-            opens("one", "");
-            opens("one", "one.pem");
-            opens("two", "two.pem");
-            EXPECT_EQ(text("env", "contentEncryptionAlgorithm"), cipher.name);
-            EXPECT_EQ(number("env", "sizeofEncryptedContent"),
-                      static_cast<int>((size / cipher.block + 1) * cipher.block));
-        }
-    }
-    make_identity("three", "3");
-    run("rm got");
-    fails(open_with("one", "two.pem"), -DECRYPT_ERROR, "got");
-    fails(open_with("three", ""), -DECRYPT_ERROR, "got");
-    run("openssl cms" + encrypt + "-aes128 -outform PEM -recip one.pem -keyopt rsa_padding_mode:oaep");
-    fails(open_with("one", ""), -DECRYPT_ERROR, "got");
-}
-
 TEST_F(CmsEnvelopedInterop, Largest) {
     const std::string encrypt = "openssl cms -encrypt -binary -aes256 -in data -outform DER -out env ";
     make_data(test::kLargestContent - 1);

@@ -4,20 +4,7 @@
 
 namespace {
 
-class RsaKeysInterop : public test::RsaInterop {
-  protected:
-    // same_key compares a private key with key.pem as DER.
-    void same_key(const std::string& key) const {
-        EXPECT_EQ(RSA_SavePrivateKeyInfo(file("back.der").c_str(), key.c_str(), 0), 0);
-        run("openssl pkcs8 -topk8 -nocrypt -in key.pem -outform DER -out key.der");
-        EXPECT_EQ(read("back.der"), read("key.der"));
-        EXPECT_EQ(RSA_CheckKey(key.c_str(), 0), 0);
-    }
-    void same_public_key(const std::string& key) const {
-        EXPECT_EQ(RSA_SavePublicKey(file("back.pem").c_str(), key.c_str(), ZUL_KEY_FORMAT_PEM_ALT), 0);
-        run("openssl pkey -pubin -in back.pem -out back && cmp back pub.pem");
-    }
-};
+class RsaKeysInterop : public test::RsaInterop {};
 
 const std::string kOld = " -provider legacy -provider default";
 
@@ -49,35 +36,6 @@ TEST_F(RsaKeysInterop, OurPairsAreGood) {
         const std::string privateKey = encrypted_key("pri", "pass word"), publicKey = public_key("pub");
         EXPECT_EQ(RSA_KeyBits(privateKey.c_str()), p.bits);
         EXPECT_EQ(RSA_KeyMatch(privateKey.c_str(), publicKey.c_str()), 0);
-    }
-}
-
-TEST_F(RsaKeysInterop, TheirEncryptedKeysAreRead) {
-    make_key(1024, "65537");
-    std::vector<std::string> schemes;
-    for (const char* name : {"PBE-MD5-DES", "PBE-SHA1-DES", "PBE-SHA1-RC2-64", "PBE-MD5-RC2-64",
-                             "PBE-SHA1-3DES", "PBE-SHA1-RC2-128", "PBE-SHA1-RC2-40"})
-        schemes.push_back(std::string("-v1 ") + name);
-    for (const char* cipher : {"des3", "des", "rc2", "aes-128-cbc", "aes-192-cbc", "aes-256-cbc"})
-        for (const char* prf : {"SHA1", "SHA256", "SHA384", "SHA512"})
-            schemes.push_back(std::string("-v2 ") + cipher + " -v2prf hmacWith" + prf);
-    int turn = 0;
-    for (const std::string& scheme : schemes) {
-        SCOPED_TRACE(scheme);
-        const bool pem = turn % 2 == 0;
-        run("openssl pkcs8 -topk8 -in key.pem -out enc " + scheme + " -iter " +
-            std::to_string(1 + 700 * turn++) + " -passout 'pass:p&ss' -outform " + (pem ? "PEM" : "DER") +
-            kOld);
-        same_key(encrypted_key("enc", "p&ss"));
-        char text[8];
-        EXPECT_EQ(RSA_ReadEncPrivateKey(text, 7, file("enc").c_str(), "p&st", 0), -DECRYPT_ERROR);
-    }
-    for (const char* cipher : {"3des", "3des-pkcs12", "aes-128", "aes-192", "aes-256", "rc2-40"}) {
-        SCOPED_TRACE(cipher);
-        run(std::string(
-                "certtool --to-p8 --load-privkey key.pem --password=secret --outfile enc --pkcs-cipher=") +
-            cipher);
-        same_key(encrypted_key("enc", "secret"));
     }
 }
 

@@ -6,15 +6,6 @@ namespace {
 
 using Bytes = std::vector<uint8_t>;
 
-const struct {
-    int option;
-    size_t length;
-    const char* name;
-} kDigests[] = {
-    {ZUL_HASH_MD5, 16, "md5"},       {ZUL_HASH_SHA1, 20, "sha1"},     {ZUL_HASH_SHA224, 28, "sha224"},
-    {ZUL_HASH_SHA256, 32, "sha256"}, {ZUL_HASH_SHA384, 48, "sha384"}, {ZUL_HASH_SHA512, 64, "sha512"},
-};
-
 Bytes message_of(size_t size) {
     Bytes message(size);
     for (size_t i = 0; i < size; i++)
@@ -91,19 +82,6 @@ class RsaMessagesInterop : public test::RsaInterop {
 };
 
 } // namespace
-
-TEST_F(RsaMessagesInterop, EveryDigest) {
-    use_key(2048, "65537");
-    for (const auto& d : kDigests) {
-        cross_signatures(d.option, d.name);
-        const std::string padding = std::string("-pkeyopt rsa_padding_mode:oaep -pkeyopt rsa_oaep_md:") +
-                                    d.name + " -pkeyopt rsa_mgf1_md:" + d.name;
-        for (const size_t size : {size_t{1}, length - 2 * d.length - 2})
-            cross_encryption(size, ZUL_EME_OAEP | d.option, padding);
-    }
-    for (const size_t size : {size_t{1}, length - 11})
-        cross_encryption(size, ZUL_EME_PKCSV1_5, "-pkeyopt rsa_padding_mode:pkcs1");
-}
 
 TEST_F(RsaMessagesInterop, EverySizeAndExponent) {
     const struct {

@@ -1,6 +1,5 @@
 #pragma once
 #include <algorithm>
-#include <cctype>
 
 #include "interop/rsa_interop.h"
 
@@ -39,32 +38,6 @@ class X509Interop : public RsaInterop {
         ZUL_LastError(why.data(), 511);
         ASSERT_EQ(status, 0) << why.c_str();
     }
-    std::string query(const std::string& cert, const char* name, int options = 0) const {
-        const auto call = [&](char* out, int room) {
-            return X509_QueryCert(out, room, file(cert).c_str(), name, options);
-        };
-        std::string text(static_cast<size_t>(std::max(call(nullptr, 0), 0)), '\0');
-        EXPECT_EQ(call(text.data(), static_cast<int>(text.size())), static_cast<int>(text.size())) << name;
-        return text;
-    }
-    std::string thumb(const std::string& cert, int digest) const {
-        std::string text(128, '\0');
-        text.resize(
-            static_cast<size_t>(std::max(X509_CertThumb(file(cert).c_str(), text.data(), 128, digest), 0)));
-        return text;
-    }
-    int verify(const std::string& object, const std::string& issuer) const {
-        return X509_VerifyCert(file(object).c_str(), file(issuer).c_str());
-    }
 };
-
-// plain is hexadecimal text in one form: lower case, without colons, blanks and line ends.
-inline std::string plain(const std::string& hex) {
-    std::string out;
-    for (const char c : hex)
-        if (std::isxdigit(static_cast<unsigned char>(c)))
-            out += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    return out;
-}
 
 } // namespace test

@@ -16,6 +16,13 @@
         EXPECT_EQ(ZUL_ErrorCode(), std::abs(code));                                                          \
     } while (0)
 
+// EXPECT_FAILURE expects the text of the last error too.
+#define EXPECT_FAILURE(call, code, text)                                                                     \
+    do {                                                                                                     \
+        EXPECT_RESULT(call, code);                                                                           \
+        EXPECT_EQ(test::last_error(), text);                                                                 \
+    } while (0)
+
 // Calls of the module that tests of many families need.
 namespace test {
 
