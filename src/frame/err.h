@@ -4,8 +4,8 @@
 
 namespace zul {
 
-// Error codes live in include/zulcore.h. Inside the library they travel as positive int. A function whose
-// result is a length gives its code negated.
+// Error codes live in include/zulcore.h. Inside the library they are positive. The few functions that return
+// a length give the code negated, and say so.
 
 // err_clear empties the calling thread's error text and code.
 void err_clear();

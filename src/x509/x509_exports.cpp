@@ -60,7 +60,7 @@ int X509_CertIsValidNow(const char* szCertFile, int) {
     if (is_missing(szCertFile))
         return frame.status(BAD_PARAM_ERROR);
     const int state = query_validity(szCertFile);
-    return state < 0 ? state : frame.status(state); // that it has expired is an answer, no failure
+    return state < 0 ? state : frame.status(state); // an expired certificate is an answer, no failure
 }
 
 int X509_CertIssuedOn(const char* szCertFile, char* szOutput, int nChars, int) {
@@ -152,7 +152,7 @@ int X509_MakeCRL(const char* szCrlFile, const char* szIssuerCertFile, const char
     if (is_missing(szCrlFile) || is_missing(szIssuerCertFile) || is_missing(szIssuerKeyFile) ||
         is_missing(szPassword))
         return BAD_PARAM_ERROR;
-    // Returned but not recorded: programs tell this function's failures by its result alone.
+    // The code is not recorded: callers see failures of this function by its result alone.
     return make_crl(szCrlFile, szIssuerCertFile, szIssuerKeyFile, szPassword, szCertList, szExtensions,
                     nOptions);
 }

@@ -1,5 +1,6 @@
-// The entries of a CRL. Most of a list is never looked at but for its serial numbers, so whatever could hide
-// some is refused: an entry longer than its fields, or with another entry in the place of its extensions.
+// The entries of a CRL. A look-up compares serial numbers and skips the rest of most entries. So an entry
+// that could hide others is refused: one longer than its fields, or with another entry in the place of its
+// extensions.
 #include <algorithm>
 #include <cstring>
 
@@ -57,7 +58,7 @@ bool CrlReader::skip_entry_extensions(const AsnScope& entry) {
 // take_entry reads the entry that the stream is at, and gives false for anything else. It reads the date only
 // if the serial number ends with lastOctet (-1: any octet): that saves much of a look-up's time.
 bool CrlReader::take_entry(RawEntry& raw, int lastOctet) {
-    // Only the end is copied: to load a whole scope right after it was stored in parts stalls the processor.
+    // Only the end is copied: loading a whole scope right after it was stored in parts stalls the processor.
     AsnScope entry = {list_.end};
     if (!asn_enter(*stream_, entry, kAsnConstructed, kAsnSequence) || !read_serial(entry, raw))
         return false;

@@ -84,8 +84,8 @@ int Lookup::run(bool& revoked) {
     return list.read_result(search(list, revoked));
 }
 
-// The list is verified and searched in one pass over it, so the certificate is read first. Its faults and
-// those of the list count after the signature.
+// run_signed verifies and searches the list in one pass, so it reads the certificate first. A bad signature
+// is reported before a fault of the certificate or of the list.
 int Lookup::run_signed(const char* issuerCert, bool& revoked) {
     AsnList issuer;
     DerSource list;
@@ -106,7 +106,7 @@ int Lookup::run_signed(const char* issuerCert, bool& revoked) {
     } else if (state != SignedPass::kOtherForm) {
         return SIGNATURE_ERROR;
     }
-    // What one pass cannot read (BER, which may also be signed in its DER form) is read again in memory.
+    // One pass cannot check BER, which may be signed in its DER form. Such a list is read again, in memory.
     list.load(kMaxX509Object);
     if (!list.is_in_memory())
         return err_fail(SIGNATURE_ERROR, "Signature did not verify");

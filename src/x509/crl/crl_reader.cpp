@@ -1,5 +1,5 @@
-// Up to the entries of a CRL, and behind them. Whatever could hide entries from a look-up is refused: an
-// unknown field, a list of another type.
+// The fields of a CRL before and after its entries. What could hide entries from a look-up is refused: an
+// unknown field, or a list of another type.
 #include "x509/crl/crl_reader.h"
 
 #include "asn1/asn_element.h"

@@ -6,23 +6,22 @@
 
 namespace zul {
 
-// One entry of revokedCertificates. The bytes are the reader's, good until its next step.
+// One entry of revokedCertificates. The bytes belong to the reader and are valid until its next step.
 struct CrlEntry {
     const uint8_t* serialNumber = nullptr; // content octets of the INTEGER
     size_t serialLength = 0;
     char revocationDate[kAsnTimeText] = ""; // time text, empty for an invalid time
 };
 
-// CrlReader reads a CRL (RFC 5280, 5.1), DER or BER, field by field. One of its entries at a time is in
-// memory.
+// CrlReader reads a CRL (RFC 5280, 5.1), DER or BER, field by field. It holds one entry at a time in memory.
 class CrlReader {
   public:
-    // open reads up to the entries of the CRL in a source, which stays open as long as the reader: 0,
-    // INVALID_DATA_ERROR with a text for an invalid time, or BAD_FORMAT_ERROR, without a text, if it is no
-    // CRL.
+    // open reads a CRL up to its entries. The source must stay open as long as the reader. It gives 0,
+    // INVALID_DATA_ERROR with a text for an invalid time, or BAD_FORMAT_ERROR without a text for anything but
+    // a CRL.
     [[nodiscard]] int open(DerSource& source);
 
-    int version() const { return version_; } // 1 if it does not say
+    int version() const { return version_; } // 1 if the field is missing
     const asn_Node* issuer() const { return issuer_.head(); }
     const char* thisUpdate() const { return thisUpdate_; } // time texts
     const char* nextUpdate() const { return nextUpdate_; } // empty if there is none
@@ -34,21 +33,21 @@ class CrlReader {
     // of an INTEGER, and its value is compared.
     [[nodiscard]] int find(const uint8_t* serial, size_t length, CrlEntry& entry, bool& found);
 
-    // finish reads what follows the entries, any of which are skipped: 0, or INVALID_DATA_ERROR, without a
-    // text, if the signature is missing or something unknown follows.
+    // finish skips the entries that are left and reads what follows them: 0, or INVALID_DATA_ERROR without a
+    // text if the signature is missing or an unknown field follows.
     [[nodiscard]] int finish();
     const asn_Node* signatureAlgorithm() const { return signatureAlgorithm_.head(); } // after finish
     const asn_Node* signatureValue() const { return signatureValue_.head(); }
 
   private:
-    // An entry, its serial number in the stream's memory or in the buffer.
+    // RawEntry is an entry as it is read. Its serial number is in the stream's memory or in serial_.
     struct RawEntry {
         const uint8_t* serial = nullptr;
         size_t serialLength = 0, dateLength = 0;
         uint32_t dateTag = 0;
     };
     static constexpr size_t kMaxSerial = 64 * 1024; // bytes
-    static constexpr size_t kMaxDate = 64;          // bytes of a date that are looked at
+    static constexpr size_t kMaxDate = 64;          // bytes of a date that are read
 
     [[nodiscard]] bool read_version();
     bool at_time() const;

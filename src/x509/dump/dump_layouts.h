@@ -2,8 +2,8 @@
 #include "x509/crl/crl_reader.h"
 #include "x509/dump/dump_output.h"
 
-// The layouts of text_dump. Each gives 0 or a positive code with a text; what comes before the fault is
-// written then.
+// The layouts of text_dump. Each gives 0 or a positive code with a text; the file then holds what comes
+// before the fault.
 namespace zul {
 
 [[nodiscard]] int dump_certificate(DumpOutput& out, const asn_Node* certificate);

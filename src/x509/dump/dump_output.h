@@ -5,8 +5,8 @@
 
 namespace zul {
 
-// DumpOutput writes a text file, but never the one that the argument input names. What is written to it so
-// far stays in the file.
+// DumpOutput writes a text file. It refuses to overwrite the file that the argument input names. After a
+// failure the file keeps what was written so far.
 class DumpOutput {
   public:
     DumpOutput(const char* path, const char* input) : file_(path, {.input = input}) {}
@@ -19,7 +19,7 @@ class DumpOutput {
     }
     void put_number(long value);
     void put_hex(const uint8_t* bytes, size_t n); // "%02X " each
-    // put_hex_block writes bytes so, 16 to a line, each line after the indent and ended.
+    // put_hex_block writes lines of 16 bytes in the same form, each after the indent.
     void put_hex_block(std::string_view indent, const uint8_t* bytes, size_t n);
 
     bool finish() { return file_.finish(); }

@@ -2,7 +2,7 @@
 #include "asn1/asn_node.h"
 
 // The fields of signed objects (RFC 5280, 4.1 and 5.1; RFC 2986, 4). They point into the object's list, which
-// stays the caller's; a field that is missing is null.
+// stays the caller's. A missing field is null.
 namespace zul {
 
 bool x509_is_certificate(const asn_Node* object);
@@ -16,7 +16,7 @@ struct SignedFields {
 SignedFields signed_fields(const asn_Node* object);
 
 struct CertificateFields : SignedFields {
-    const asn_Node* version = nullptr; // what is inside [0], which ought to be an INTEGER
+    const asn_Node* version = nullptr; // the element inside [0], which should be an INTEGER
     const asn_Node* serialNumber = nullptr;
     const asn_Node* issuer = nullptr;
     const asn_Node* validity = nullptr;
@@ -35,7 +35,7 @@ struct RequestFields : SignedFields {
 };
 RequestFields request_fields(const asn_Node* request);
 
-// same_name compares Names by their DER, wherever they stand; null equals nothing.
+// same_name compares the DER of two Names; null equals nothing.
 bool same_name(const asn_Node* a, const asn_Node* b);
 
 // certificate_version gives the version, which is 1 if the field is missing: 0, or BAD_FORMAT_ERROR with a
@@ -46,8 +46,8 @@ bool same_name(const asn_Node* a, const asn_Node* b);
 // the certificate lacks one of them.
 AsnList issuer_and_serial_number(const CertificateFields& certificate);
 
-// validity_state tells whether the present time lies within the validity: 0, -1, or BAD_FORMAT_ERROR with a
-// text if the validity or a time in it is missing or invalid.
+// validity_state gives 0 if the present time lies within the validity, -1 if it does not, or BAD_FORMAT_ERROR
+// with a text if the validity or one of its times is missing or invalid.
 [[nodiscard]] int validity_state(const CertificateFields& certificate);
 
 } // namespace zul

@@ -5,9 +5,9 @@
 
 namespace zul {
 
-// hex_value reads a number or identifier in hex, as people copy them: an odd number of digits as if a 0
-// preceded them, blanks and ":" left out, a leading "0x" or "#x" too. False for anything
-// else (a stray letter must not make another number) and without a digit.
+// hex_value reads a number or identifier in hex. It skips blanks, ":" and a leading "0x" or "#x", and puts a
+// 0 before an odd number of digits. It gives false for any other character, so that a typing error makes no
+// other number, and for a text without digits.
 bool hex_value(std::string_view text, SecretBuffer& bytes);
 
 } // namespace zul

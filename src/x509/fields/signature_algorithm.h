@@ -5,7 +5,7 @@
 namespace zul {
 
 // rsa_signature_algorithm gives the name for a digest algorithm's number (the low four bits of an options
-// word), null for one that signs nothing.
+// word), null for a digest that no signature algorithm uses.
 const char* rsa_signature_algorithm(int options);
 // rsa_signature_digest gives the digest algorithm of a name, -1 for any other.
 int rsa_signature_digest(const char* name);

@@ -14,7 +14,7 @@
 namespace zul {
 namespace {
 
-// Keys that cost too much to compute with are refused: a certificate comes from outside.
+// Certificates come from outside, so keys that are too large to compute with are refused.
 constexpr size_t kMaxDsaBits = 16384;
 
 // with_joined_bits gives a SubjectPublicKeyInfo whose BIT STRING is not in segments: info itself, or a copy
@@ -32,7 +32,7 @@ const asn_Node* algorithm_of(const asn_Node* info) {
     return AsnChildren(info).take_sequence();
 }
 
-// read_number reads an INTEGER from 2 up, of a size that can be computed with.
+// read_number reads an INTEGER of 2 or more that has at most kMaxDsaBits.
 bool read_number(const asn_Node* node, BigInt& value) {
     if (!asn_is(node, kAsnUniversal, kAsnInteger) || node->data == nullptr || (node->data[0] & 0x80) != 0)
         return false;

@@ -2,7 +2,7 @@
 #include "bignum/mt.h"
 #include "rsa/rsa_key.h"
 
-// The key inside a SubjectPublicKeyInfo (RFC 5280, 4.1.2.7), which these take.
+// The key inside a SubjectPublicKeyInfo (RFC 5280, 4.1.2.7), which is the argument info.
 namespace zul {
 
 struct asn_Node;

@@ -25,7 +25,7 @@ class FieldReader {
 
     bool at_end() const { return rest_.empty(); }
 
-    // number reads as many digits as there are up to max; false if they are fewer than min.
+    // number reads up to max digits; false if there are fewer than min.
     bool number(size_t min, size_t max, int* value) {
         size_t count = 0;
         for (*value = 0; count < max && at_digit(); count++) {
@@ -78,7 +78,7 @@ bool read_clock(FieldReader& fields, tm& time) {
     return true;
 }
 
-// read_date gives a year as it is meant: one of two digits, or counted from 1900, stands for a later one.
+// read_date completes a short year: one below 70 becomes 20xx, one below 1900 counts from 1900.
 bool read_date(FieldReader& fields, tm& time) {
     int wholeYear;
     if (!fields.number(1, 4, &wholeYear) || wholeYear == 0)

@@ -1,4 +1,4 @@
-// Of a message only the headers around the certificates are read: content and signers are skipped.
+// The reader takes the headers around the certificates of a message and skips its content and signers.
 #include "x509/input/certificate_bundle.h"
 
 #include <climits>
@@ -66,8 +66,8 @@ int CertificateBundle::open(DerSource& source) {
                : BAD_FORMAT_ERROR;
 }
 
-// open_fields steps over all the fields of a SignedData, the set of certificates among them, which is empty
-// if there is none.
+// open_fields steps over all fields of a SignedData and takes the set of certificates. A missing set counts
+// as empty.
 bool CertificateBundle::open_fields(ByteStream& stream, const AsnScope& scope) {
     constexpr uint32_t kCertificates = 0, kRevocationLists = 1;
     if (!asn_skip_type(stream, scope.end, kAsnUniversal, kAsnInteger) ||
@@ -103,8 +103,7 @@ bool CertificateBundle::open_set(ByteStream& stream, const AsnScope& scope) {
     return true;
 }
 
-// find steps on from the last certificate that was looked for, so that a walk over all of them steps over
-// each once.
+// find goes on from the certificate of the last call, so a loop over all of them steps over each once.
 bool CertificateBundle::find(int n, Place& place) const {
     if (n < 0 || n >= count_)
         return false;

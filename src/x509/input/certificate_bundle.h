@@ -5,17 +5,17 @@
 
 namespace zul {
 
-// ContentInfoScope is a structure and what it stands in, if it does not stand bare.
+// ContentInfoScope holds the scope of a structure and of the ContentInfo around it, if there is one.
 struct ContentInfoScope {
     AsnScope info, wrapper; // ContentInfo and its [0]
     AsnScope structure;
     bool isBare = true;
 };
 
-// enter_content_info steps from an object's beginning into the structure that a ContentInfo (RFC 5652, 3) of
-// a type of the OID table holds, or that stands bare, which is one that begins with its version. False for
-// anything else. leave_content_info steps from the end of the structure's last field out of everything: false
-// if there is more, or the end of something is missing.
+// enter_content_info steps from the beginning of a ContentInfo (RFC 5652, 3) into the structure inside. Its
+// type is a name of the OID table. A bare structure, which begins with its version, is taken too. False for
+// anything else. leave_content_info steps out again from the end of the last field: false if other elements
+// follow, or an end is missing.
 bool enter_content_info(ByteStream& stream, ContentInfoScope& scope, const char* type);
 bool leave_content_info(ByteStream& stream, const ContentInfoScope& scope);
 
@@ -25,17 +25,17 @@ class CertificateBundle {
   public:
     static constexpr int kMaxKept = 20;
 
-    // open finds the set in a ContentInfo or a bare SignedData: 0, or BAD_FORMAT_ERROR without a text if the
-    // source, which stays open as long as the bundle, holds no SignedData.
+    // open finds the set in a ContentInfo or a bare SignedData: 0, or BAD_FORMAT_ERROR without a text for
+    // anything else. The source must stay open as long as the bundle.
     [[nodiscard]] int open(DerSource& source);
-    // open_set takes the set whose content the stream is at, and leaves the stream at its end: false if it is
-    // malformed.
+    // open_set takes a set from a stream that is at its content, and leaves the stream at its end: false for
+    // a malformed set.
     bool open_set(ByteStream& stream, const AsnScope& scope);
 
     int count() const { return count_; }
-    // certificate gives the n-th one from 0, whatever it holds; empty past the last, and for one that is
-    // above kMaxX509Object bytes. Beyond the first kMaxKept, going on from the last one asked for costs
-    // least.
+    // certificate gives the n-th one, counted from 0. Its content is not checked. It is empty past the last
+    // one, and above kMaxX509Object bytes. Beyond the first kMaxKept, calls in ascending order are the
+    // cheapest.
     AsnList certificate(int n) const;
 
   private:
@@ -48,8 +48,8 @@ class CertificateBundle {
     ByteStream* stream_ = nullptr;
     AsnScope scope_;
     int count_ = 0;
-    Place kept_[kMaxKept];      // of the first certificates: the set may be long, and is stepped over once
-    mutable int nextIndex_ = 0; // of the certificate that stands at an offset or behind it
+    Place kept_[kMaxKept];      // of the first certificates
+    mutable int nextIndex_ = 0; // of the first certificate from nextOffset_ on
     mutable size_t nextOffset_ = 0;
 };
 

@@ -47,14 +47,14 @@ bool begins_as_sequence(ByteStream& stream) {
     AsnHeader header;
     bool is = asn_read_header(stream, header) == 1 && header.cls == kAsnConstructed &&
               header.tag == kAsnSequence && header.length <= stream.remaining();
-    // The "0" that a text may begin with is the octet of a SEQUENCE, and the next character its length.
+    // A text that begins with "0" looks like a SEQUENCE whose length is the next character.
     const bool isShort = header.hdrsize == 2 && header.ndef == 0;
     if (is && isShort)
         is = stream.seek(0) && asn_Parse(stream, false, true);
     return stream.seek(0) && is;
 }
 
-// read_all reads a stream to its end; false if that is too long.
+// read_all reads a stream to its end; false for more than kMaxInMemory.
 bool read_all(ByteStream& stream, SecretBuffer& content) {
     constexpr size_t kPart = 64 * 1024;
     const size_t size = stream.remaining();

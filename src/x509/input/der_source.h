@@ -6,14 +6,14 @@
 
 namespace zul {
 
-// DerSource is the encoding that a certificate argument (x509_input.h) holds or names, as a stream: a file
-// of DER is read piece by piece as it is used; text is decoded into memory. A pipe, which can be read only
-// once, is read into memory too. A function that reads an argument twice uses one source, because the file
-// may be another when it is opened again.
+// DerSource gives the encoding in a certificate argument (x509_input.h) as a stream. A file of DER is read
+// piece by piece. Text is decoded into memory. A pipe is read into memory too, because it can be read only
+// once. A function that reads an argument twice uses one source: a file may have changed when it is opened
+// again.
 class DerSource {
   public:
-    // open gives 0 or a positive code with a text. The first header must be that of a SEQUENCE; the
-    // rest is left to the reader.
+    // open gives 0 or a positive code with a text. It checks that the first header is that of a SEQUENCE, and
+    // leaves the rest to the reader.
     [[nodiscard]] int open(const char* fileOrText);
     // open_text takes text alone: base64 of more than 256 characters, or a PEM block.
     bool open_text(const char* text);
@@ -24,11 +24,11 @@ class DerSource {
     // or in memory already.
     bool load(size_t max);
     bool is_in_memory() const { return !decoded_.empty(); }
-    // read_result gives READ_ERROR with a text in place of an error that a failed read has caused.
+    // read_result gives READ_ERROR with a text in place of an error if a read has failed.
     [[nodiscard]] int read_result(int error) const;
 
-    bool is_text() const { return isText_; }  // the argument itself, rather than a file
-    ByteStream& stream() { return *stream_; } // at its beginning, where the object is, after open
+    bool is_text() const { return isText_; }  // the argument is text, no file's name
+    ByteStream& stream() { return *stream_; } // at the object after open
 
   private:
     bool open_b64(const char* text, size_t size);

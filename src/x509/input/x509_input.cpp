@@ -26,7 +26,7 @@ constexpr char kNoCertificate[] = "Not a valid X.509 certificate";
 
 } // namespace
 
-// What follows the first element does not matter.
+// Bytes after the first element are ignored.
 bool x509_parse_source(DerSource& source, AsnList& object) {
     ByteStream& stream = source.stream();
     AsnHeader header;

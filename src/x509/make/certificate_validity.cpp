@@ -16,9 +16,8 @@ bool read_date(const SecretBuffer& text, const char* defaultTime, tm* time) {
     return read_date_text(text.empty() ? "" : text.text(), defaultTime, time);
 }
 
-// A reader whose clock is a little behind accepts the certificate at once. UTC is passed through the local
-// zone, so that the time is off by the zone's offset; programs that make certificates have come to rely on
-// it.
+// A validity begins a minute ago so that a system whose clock is slow accepts the certificate at once. UTC is
+// normalised as local time, so the result is off by the zone's offset. Callers rely on that.
 tm a_minute_ago() {
     const tm now = utc_now();
     tm time = now;
@@ -32,7 +31,7 @@ bool is_leap_year(int year) {
     return (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
 }
 
-// add_years leaves all other fields as they are, but for 29 February, which a common year does not have.
+// add_years changes the year alone, but makes 29 February 28 February in a common year.
 bool add_years(tm* time, int years) {
     const int year = time->tm_year + kTmYear;
     if (years > kLastYear - year)

@@ -7,7 +7,7 @@ namespace zul {
 namespace {
 
 constexpr uint32_t kExtensionsField = 3;
-constexpr uint32_t kKeyIdentifier = 0, kRfc822Name = 1; // tags of choices
+constexpr uint32_t kKeyIdentifier = 0, kRfc822Name = 1; // context tags
 
 AsnList extension(const char* name, bool critical, AsnList value) {
     return asn_NewSequence(asn_LinkList(asn_NewOid(name), critical ? asn_NewBoolean(1) : AsnList(),

@@ -4,7 +4,7 @@
 
 namespace zul {
 
-// The extensions of a new certificate; what is empty or 0 is left out.
+// The extensions of a new certificate. A member that is empty, 0 or false adds none.
 struct ExtensionChoice {
     bool basicConstraints, isCa;
     uint32_t keyUsageFlags;
@@ -12,7 +12,7 @@ struct ExtensionChoice {
     const SecretBuffer& subjectKeyIdentifier;
     const SecretBuffer& emailAddress;
 };
-// build_extensions makes the [3] of a certificate (RFC 5280, 4.2), nothing if there is none.
+// build_extensions makes the [3] of a certificate (RFC 5280, 4.2). It is empty if there are no extensions.
 AsnList build_extensions(const ExtensionChoice& choice);
 
 } // namespace zul

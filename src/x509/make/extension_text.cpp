@@ -22,7 +22,7 @@ std::string_view view(const SecretBuffer& text) {
     return hex_value(view(value), bytes) ? 0 : bad_value(keyword);
 }
 
-// An address is printable ASCII (RFC 5280, 4.2.1.6): other characters would make a name that no reader knows.
+// An address is printable ASCII (RFC 5280, 4.2.1.6).
 [[nodiscard]] int take_address(SecretBuffer value, SecretBuffer& address) {
     for (size_t i = 0; i < value.size(); i++)
         if (value[i] < 0x20 || value[i] >= 0x7F)

@@ -3,9 +3,8 @@
 
 #include "frame/memory.h"
 
-// What the extension texts of the makers ask for: keyword=value pairs. The readers give 0, or
-// BAD_PARAM_ERROR with a text; dates are kept as they stand, for the step that needs them. Texts end with a
-// NUL that size() does not count.
+// Readers of the extension texts of the makers, which are keyword=value pairs: 0, or BAD_PARAM_ERROR with a
+// text. Dates are kept as text. Texts end with a NUL that size() does not count.
 namespace zul {
 
 struct CertificateText {

@@ -3,7 +3,7 @@
 
 #include "rsa/rsa_key.h"
 
-// The keys that the makers are given: files, PEM or base64, and internal key strings.
+// Key arguments of the makers: files, PEM or base64 text, and key strings.
 namespace zul {
 
 // argument_opens tells whether an argument is a key or certificate as text, or the name of a file that can be

@@ -47,19 +47,18 @@ class CertificateMaker {
     const char* algorithm_;
     AsnList subject_;
     CertificateText text_;
-    RsaKey issuerKey_, subjectKey_; // a self-signed certificate has the first alone
+    RsaKey issuerKey_, subjectKey_; // self-signed: issuerKey_ alone
     AsnList issuer_;
     SecretBuffer issuerKeyIdentifier_;
     bool fromRequest_ = false;
 };
 
-// shown_name: the text may be a damaged private key.
 [[nodiscard]] int cannot_open(const char* what, const char* name) {
     err_set_text("Unable to open %s file '%s'", what, shown_name(name));
     return OPEN_ERROR;
 }
 
-// check_inputs looks before anything is read: decrypting the issuer's key may take long.
+// check_inputs comes first because decrypting the issuer's key may take long.
 int CertificateMaker::check_inputs() const {
     if (!argument_opens(order_.issuerKey, kLongestKeyName))
         return cannot_open("issuer's private key", order_.issuerKey);
@@ -72,7 +71,7 @@ int CertificateMaker::check_inputs() const {
     return 0;
 }
 
-// read_request takes the key of a request, and its name as text, if it is signed with that key.
+// read_request takes the key of a request and its name as text. The request must be signed with that key.
 int CertificateMaker::read_request(SecretBuffer& name) {
     AsnList request;
     if (const int error = x509_read_request(order_.subjectKey, request))

@@ -40,7 +40,7 @@ struct UpdateTimes {
     return times.hasNext ? read_date(text.nextUpdate, "nextUpdate", &times.nextUpdate) : 0;
 }
 
-// read_issuer gives the name that the issuer's certificate has as its subject, as it is encoded there.
+// read_issuer gives the subject of the issuer's certificate as it is encoded there.
 [[nodiscard]] int read_issuer(const char* issuerCert, AsnList& name) {
     AsnList certificate;
     if (const int error = x509_read_certificate(issuerCert, certificate))

@@ -14,7 +14,7 @@ namespace zul {
 namespace {
 
 constexpr std::string_view kSeparators = ";,=", kSpace = " \t\r\n";
-constexpr size_t kMaxDecimalDigits = 1000; // a serial number has some fifty; their conversion is quadratic
+constexpr size_t kMaxDecimalDigits = 1000; // a serial number has about 50; the conversion is quadratic
 constexpr size_t kMaxDateText = 32;
 
 std::string_view take_item(std::string_view& rest) {

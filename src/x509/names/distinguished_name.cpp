@@ -1,4 +1,4 @@
-// Names from their text to the encoding; name_text.cpp has the way back.
+// Makes the encoding of a Name from its text. name_text.cpp does the reverse.
 #include "x509/names/distinguished_name.h"
 
 #include <algorithm>
@@ -30,7 +30,7 @@ int find_word(std::string_view keyword) {
     return found == std::end(kNameWords) ? -1 : static_cast<int>(found - std::begin(kNameWords));
 }
 
-// from_hex decodes digits, of which the first stands alone if their number is odd.
+// from_hex decodes hex digits. If their number is odd, the first one makes a byte alone.
 SecretBuffer from_hex(std::string_view text) {
     SecretBuffer digits(text.size() + 2);
     digits[0] = '0';
@@ -40,7 +40,7 @@ SecretBuffer from_hex(std::string_view text) {
     return bytes;
 }
 
-// read_value gives what a value stands for; false if it stands for nothing.
+// read_value gives the bytes of a value; false for a value in hex without digits.
 bool read_value(const PairReader& pair, SecretBuffer& value) {
     const std::string_view raw = pair.raw_value();
     if (raw.starts_with("#x")) {
@@ -70,7 +70,8 @@ bool is_printable(uint8_t c) {
     return c != 0 && strchr(" '()+,-./:=?", c) != nullptr;
 }
 
-// choose_type gives the tag of a value's string type. A value that is not UTF-8 but has to be is converted.
+// choose_type gives the tag of a value's string type. With ZUL_X509_UTF8 it converts a value that is not
+// UTF-8.
 uint8_t choose_type(SecretBuffer& value, int options) {
     const uint8_t* bytes = value.data();
     const size_t n = value.size();
@@ -87,13 +88,13 @@ uint8_t choose_type(SecretBuffer& value, int options) {
     return kAsnUtf8String;
 }
 
-// NameEncoder goes over a text twice, to measure and then to write: the elements of a name take many times
-// the memory of their encoding.
+// NameEncoder reads a text twice, first to measure and then to write: nodes would take many times the memory
+// of the encoding.
 class NameEncoder {
   public:
     NameEncoder(const char* text, int options) : text_(text == nullptr ? "" : text), options_(options) {}
 
-    // go gives the size of all relative names; out, unless it is null, receives them.
+    // go gives the size of all relative names and writes them to out, unless it is null.
     size_t go(uint8_t* out) {
         size_ = 0;
         count_ = 0;
@@ -115,7 +116,7 @@ class NameEncoder {
             oid_FromName(&types_[word], kNameWords[word].type);
         return types_[word];
     }
-    // header makes the header octets of an element: their number.
+    // header writes the header octets of an element and gives their number.
     static size_t header(uint32_t octet, size_t content, uint8_t hdr[8]) {
         asn_Node node = {};
         node.cls = octet;

@@ -2,9 +2,9 @@
 
 namespace zul {
 
-// The attributes that a name's text knows by a short word.
+// The attributes that have a keyword in the text of a name.
 struct NameWord {
-    const char* keyword; // also how it is printed
+    const char* keyword; // also the printed one
     const char* second;  // another keyword, or null
     const char* type;    // a name of the OID table
 };

@@ -1,4 +1,4 @@
-// Names as text (the other way: distinguished_name.cpp).
+// Writes a Name as text. distinguished_name.cpp does the reverse.
 #include <algorithm>
 #include <cstring>
 #include <iterator>
@@ -21,7 +21,7 @@ namespace {
 // The limit of a name in characters: running out of memory would end the process.
 constexpr size_t kMaxNameText = 0x10000000;
 
-// NameWriter walks the encoding of a Name: nodes would take forty times its size.
+// NameWriter walks the encoding of a Name: nodes would take forty times its memory.
 class NameWriter {
   public:
     NameWriter(SecretBuffer& text, char delimiter, bool latin1)
@@ -69,7 +69,7 @@ class NameWriter {
         return put("=", 1) && put_value(stream, attribute) && asn_leave(stream, attribute);
     }
 
-    // element gives a node for the content between two offsets, good as long as the encoding.
+    // element gives a node for the content between two offsets. It is valid as long as the encoding.
     asn_Node element(uint32_t cls, uint32_t tag, size_t start, size_t end) const {
         asn_Node node = {};
         node.cls = cls;
@@ -107,7 +107,7 @@ class NameWriter {
         return put_primitive(element(cls, tag, start, value.end)) && stream.seek(value.end);
     }
 
-    // A reader of the text would not see what follows a zero byte, so a value with one is written in hex.
+    // A caller would read the text only up to a zero byte, so a value with one is written in hex.
     bool put_primitive(const asn_Node& value) {
         if (value.length > kMaxNameText)
             return false;

@@ -14,8 +14,8 @@ std::string_view without_leading(std::string_view text, std::string_view unwante
     return slice(text, text.find_first_not_of(unwanted));
 }
 
-// quoted_end gives where a text that begins with a quote goes on behind the closing one: its end if there is
-// none.
+// quoted_end gives the offset behind the closing quote of a text that begins with one. Without a closing
+// quote it is the end of the text.
 size_t quoted_end(std::string_view text) {
     for (size_t i = 1; i < text.size(); i++)
         if (text[i] == '\\')

@@ -6,8 +6,8 @@
 
 namespace zul {
 
-// PairReader reads keyword=value pairs separated by ";". A value may be quoted with "'", and then hold ";";
-// inside quotes a backslash makes the next character literal.
+// PairReader reads keyword=value pairs separated by ";". A value in single quotes may hold ";". A backslash
+// in it makes the next character literal.
 class PairReader {
   public:
     explicit PairReader(std::string_view text) : rest_(text) {}
@@ -16,7 +16,7 @@ class PairReader {
     bool next();
     std::string_view keyword() const { return keyword_; } // without leading blanks and tabs
     std::string_view raw_value() const { return raw_; }   // quotes and backslashes included
-    // value gives the text without the quotes and backslashes of a quoted one; a NUL follows it.
+    // value gives the value without its quotes and their backslashes, with a NUL behind it.
     SecretBuffer value() const;
 
   private:

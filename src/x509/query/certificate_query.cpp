@@ -60,7 +60,7 @@ std::string_view without_leading_space(std::string_view text) {
     return text;
 }
 
-// begins_with_positive_number reads as atoi does, but for its overflow.
+// begins_with_positive_number tells whether atoi would give a number above 0, without its overflow.
 bool begins_with_positive_number(std::string_view text) {
     text = without_leading_space(text);
     if (text.starts_with('+'))

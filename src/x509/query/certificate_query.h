@@ -2,7 +2,7 @@
 
 namespace zul {
 
-// What X509_QueryCert knows, by number; kept in the order in which words are matched.
+// The queries of X509_QueryCert, in the order in which words are matched.
 enum class CertificateQuery : int {
     version,
     serialNumber,

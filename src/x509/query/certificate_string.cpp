@@ -19,12 +19,12 @@
 namespace zul {
 namespace {
 
-// certificate_from_string takes a text of any length, other than certificate arguments, where a short one is
-// the name of a file. Empty if it holds no certificate.
+// certificate_from_string takes a text of any length; a short certificate argument would be the name of a
+// file. It is empty if the text holds no certificate.
 AsnList certificate_from_string(const char* text) {
     const size_t size = strlen(text);
     AsnList object;
-    if (b64_decoded_length(text, size) > kMaxX509Object || // which no reader would take
+    if (b64_decoded_length(text, size) > kMaxX509Object || // no reader takes more
         asn_read_content(reinterpret_cast<const uint8_t*>(text), size, object) != 0 ||
         !x509_is_certificate(object.head()))
         return AsnList();

@@ -14,7 +14,8 @@ namespace zul {
 
 namespace {
 
-// Keys come from outside, and an exponentiation costs by the size of both: FIPS 186-4 ends at 3072 and 256.
+// Keys come from outside, and the cost of an exponentiation grows with both sizes. FIPS 186-4 ends at 3072
+// and 256.
 constexpr size_t kMaxPBits = 16384, kMaxQBits = 512;
 
 bool is_odd(const MtNumber* number) {

@@ -67,7 +67,7 @@ class ItemReader {
     std::string_view rest_;
 };
 
-// Path is the certificates of one call.
+// Path holds the certificates of one call.
 class Path {
     static_assert(kMaxPathLength <= CertificateBundle::kMaxKept);
 
@@ -93,7 +93,7 @@ class Path {
     Link trusted_;
     Link links_[kMaxPathLength];
     int count_ = 0;
-    size_t bytes_ = 0; // of all of them
+    size_t bytes_ = 0; // of all certificates
 };
 
 int Path::read_trusted(const char* trustedCert) {
@@ -107,9 +107,9 @@ int Path::read_trusted(const char* trustedCert) {
     return state == -1 ? err_fail(EXPIRED_ERROR, "Trusted certificate has expired") : state;
 }
 
-// add takes the next certificate of the list, which may hold anything or nothing.
+// add takes the next object of the list. It refuses an empty one and anything but a certificate.
 int Path::add(AsnList certificate) {
-    // A list takes some thirty times the memory of what it was read from, so all of them share one limit.
+    // Nodes take some thirty times the memory of the encoding, so all certificates share one limit.
     if (certificate && x509_is_certificate(certificate.head()))
         bytes_ += asn_Encode(certificate).size();
     else
@@ -147,8 +147,8 @@ int Path::read_items(const char* certList) {
     return 0;
 }
 
-// read_single reads a bundle or one certificate. Of anything else it reads nothing, which is no error unless
-// the read itself fails.
+// read_single reads a bundle or one certificate. Anything else adds nothing and is no error, unless the read
+// itself fails.
 int Path::read_single(const char* fileOrText) {
     DerSource source;
     int error = source.open(fileOrText);
@@ -168,7 +168,8 @@ int Path::read_list(const char* certList) {
     return error == 0 && count_ == 0 ? err_fail(NO_DATA_ERROR, "No certs found") : error;
 }
 
-// bring swaps the first certificate from a position on that meets a condition into that position.
+// bring finds the first certificate from a position on that meets a condition, and swaps it into that
+// position.
 template<class Condition>
 bool Path::bring(int position, Condition wanted) {
     Link* at = links_ + position;

@@ -17,8 +17,8 @@ namespace {
 
 constexpr char kDsaWithSha1[] = "dsaWithSha1";
 
-// has_no_parameters tells whether an AlgorithmIdentifier has none but NULL. Nothing that a signature does not
-// cover may be chosen freely.
+// has_no_parameters tells whether the parameters of an AlgorithmIdentifier are missing or NULL. A signature
+// does not cover them, so nobody may choose others.
 bool has_no_parameters(const asn_Node* algorithmIdentifier) {
     AsnChildren children(algorithmIdentifier);
     if (children.take_oid() == nullptr)

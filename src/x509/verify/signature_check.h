@@ -12,14 +12,15 @@ namespace zul {
 // (FIPS 186-4) with SHA-1.
 class SignatureCheck {
   public:
-    static constexpr int kNever = -2; // the signature belongs to no bytes at all
+    static constexpr int kNever = -2; // the signature matches no bytes at all
 
-    // prepare takes the key and the two elements, which have to stay: 0, kNever, or a positive code with a
-    // text for an unsupported key or algorithm.
+    // prepare takes the key and the two elements, which must outlive the check: 0, kNever, or a positive code
+    // with a text for an unsupported key or algorithm.
     [[nodiscard]] int prepare(const asn_Node* subjectPublicKeyInfo, const asn_Node* signatureAlgorithm,
                               const asn_Node* signatureValue);
 
-    // Then digest_algorithm tells how to digest the bytes, and matches whether the signature is theirs.
+    // After prepare, digest_algorithm tells how to digest the bytes, and matches compares the signature with
+    // their digest.
     int digest_algorithm() const { return digest_; }
     bool matches(const uint8_t* digest, size_t length) const;
 
@@ -31,7 +32,7 @@ class SignatureCheck {
     int digest_ = 0;
     const uint8_t* signature_ = nullptr;
     size_t signatureLength_ = 0;
-    SecretBuffer block_; // what an RSA signature was made of
+    SecretBuffer block_; // the encoded message of an RSA signature
     DsaCheck dsa_;
 };
 

@@ -22,7 +22,7 @@ namespace {
     return -1;
 }
 
-// check_bytes: 0 if the signature is that of the bytes, else -1.
+// check_bytes gives 0 if the signature matches the bytes, else -1.
 [[nodiscard]] int check_bytes(const SignatureCheck& check, const SecretBuffer& bytes) {
     uint8_t digest[kMaxDigestSize];
     const int length = hash_bytes(digest, sizeof digest, bytes.data(), static_cast<int64_t>(bytes.size()),
@@ -30,7 +30,7 @@ namespace {
     return length > 0 && check.matches(digest, static_cast<size_t>(length)) ? 0 : -1;
 }
 
-// find_parts finds the parts of an object, which are all that it may hold: 0, or BAD_FORMAT_ERROR with a
+// find_parts finds the three parts of an object, and refuses any other element: 0, or BAD_FORMAT_ERROR with a
 // text.
 [[nodiscard]] int find_parts(const asn_Node* object, const char* name, SignedFields& parts) {
     AsnChildren children(asn_is(object, kAsnConstructed, kAsnSequence) ? object : nullptr);
@@ -39,15 +39,15 @@ namespace {
         return err_fail(BAD_FORMAT_ERROR, "Invalid Certificate file '%s'", shown_name(name));
     parts.signatureAlgorithm = children.take_sequence();
     parts.signatureValue = children.take_if(kAsnUniversal, kAsnBitString);
-    if (parts.signatureValue == nullptr) // segmented: it is there, and will not verify
+    if (parts.signatureValue == nullptr) // in segments: it is there but will not verify
         parts.signatureValue = children.take_if(kAsnConstructed, kAsnBitString);
     if (parts.signatureAlgorithm == nullptr || parts.signatureValue == nullptr || !children.at_end())
         return err_fail(BAD_FORMAT_ERROR, "Could not find signature in certificate '%s'", shown_name(name));
     return 0;
 }
 
-// verify_parts checks the bytes as they stand, then their DER form: some programs sign DER and send BER. -1
-// is without a text.
+// verify_parts checks the bytes as they stand, then their DER form: some programs sign DER and send BER. It
+// gives -1 without a text.
 [[nodiscard]] int verify_parts(const asn_Node* subjectPublicKeyInfo, const SignedFields& parts,
                                const char* name) {
     SignatureCheck check;
@@ -77,7 +77,7 @@ int verify_object(const asn_Node* subjectPublicKeyInfo, const asn_Node* object, 
     return error != 0 ? error : conclude(verify_parts(subjectPublicKeyInfo, parts, name));
 }
 
-// read_parts finds what is signed, and reads the rest.
+// read_parts finds the signed part, and reads the algorithm and the signature.
 bool SignedPass::read_parts(ByteStream& stream, size_t& offset, size_t& size) {
     AsnScope object, toBeSigned;
     if (!stream.seek(0) || !asn_enter(stream, object, kAsnConstructed, kAsnSequence) || object.isOpen)
@@ -114,7 +114,7 @@ int SignedPass::end() {
 
 namespace {
 
-// verify_parsed checks an object for which one pass gave -1 or kOtherForm. -1 is without a text.
+// verify_parsed checks an object for which one pass gave -1 or kOtherForm. It gives -1 without a text.
 [[nodiscard]] int verify_parsed(const asn_Node* subjectPublicKeyInfo, DerSource& source, const char* name,
                                 int passResult) {
     AsnList object;
@@ -122,7 +122,7 @@ namespace {
         if (const int error = x509_read_object(source, object))
             return error;
     } else if (!x509_parse_source(source, object) || asn_IsDer(object.head())) {
-        return passResult; // it has no other form
+        return passResult; // DER has no other form
     }
     SignedFields fields;
     if (const int error = find_parts(object.head(), name, fields))
