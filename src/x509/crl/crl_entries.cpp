@@ -71,9 +71,12 @@ int CrlReader::read_entry(RawEntry& raw, int lastOctet, bool& found) {
     found = false;
     if (!damaged_ && asn_at_scope_end(*stream_, list_))
         return 0;
-    found = !damaged_ && take_entry(raw, lastOctet);
-    damaged_ = !found;
-    return found ? 0 : err_fail(INVALID_DATA_ERROR, "Invalid entry in CRL");
+    if (!damaged_ && take_entry(raw, lastOctet)) {
+        found = true;
+        return 0;
+    }
+    damaged_ = true;
+    return err_fail(INVALID_DATA_ERROR, "Invalid entry in CRL");
 }
 
 void CrlReader::show(const RawEntry& raw, CrlEntry& entry) {
@@ -95,14 +98,15 @@ int CrlReader::next(CrlEntry& entry, bool& found) {
 }
 
 int CrlReader::find(const uint8_t* serial, size_t length, CrlEntry& entry, bool& found) {
+    found = false;
     if (length == 0)
         return INVALID_DATA_ERROR;
     without_sign_octets(serial, length);
     const uint8_t lastOctet = serial[length - 1];
     RawEntry raw;
-    for (;;) {
-        if (const int error = read_entry(raw, lastOctet, found); error != 0 || !found)
-            return error;
+    int error;
+    bool isEntry; // a local variable stays in a register
+    while ((error = read_entry(raw, lastOctet, isEntry)) == 0 && isEntry) {
         if (raw.serial[raw.serialLength - 1] != lastOctet)
             continue;
         const uint8_t* bytes = raw.serial;
@@ -110,9 +114,11 @@ int CrlReader::find(const uint8_t* serial, size_t length, CrlEntry& entry, bool&
         without_sign_octets(bytes, size);
         if (size == length && memcmp(bytes, serial, size) == 0) {
             show(raw, entry);
-            return 0;
+            found = true;
+            break;
         }
     }
+    return error;
 }
 
 } // namespace zul
