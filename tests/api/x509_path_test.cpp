@@ -201,8 +201,9 @@ TEST_F(X509Path, ReadsBundles) {
     }
 }
 
-// All certificates together have at most 8 MiB: a list of elements takes many times their size in memory.
-TEST_F(X509Path, LimitsTheSizeOfBundles) {
+// At most 20 certificates, all together at most 8 MiB: a list of elements takes many times their size in
+// memory.
+TEST_F(X509Path, LimitsBundles) {
     const auto element = [](uint8_t identifier, const Bytes& content) {
         const size_t n = content.size();
         Bytes all = {identifier, 0x83, static_cast<uint8_t>(n >> 16), static_cast<uint8_t>(n >> 8),
@@ -210,21 +211,30 @@ TEST_F(X509Path, LimitsTheSizeOfBundles) {
         all.insert(all.end(), content.begin(), content.end());
         return all;
     };
-    const Bytes c1 = der("c1"), tail = test::from_hex("3100");
+    const auto bundle = [&](const Bytes& certificates) {
+        Bytes fields = test::from_hex("0201013100300406022A03");
+        const Bytes set = element(0xA0, certificates);
+        fields.insert(fields.end(), set.begin(), set.end());
+        fields.insert(fields.end(), {0x31, 0});
+        return dir.write("bundle", element(0x30, fields));
+    };
+    Bytes all;
+    for (int i = 1; i <= 21; i++) {
+        const Bytes next = der("c" + std::to_string(i));
+        all.insert(all.end(), next.begin(), next.end());
+        EXPECT_EQ(X509_ValidatePath(bundle(all).c_str(), nullptr, 0), i <= 20 ? 0 : -OUT_OF_RANGE_ERROR) << i;
+    }
+    const Bytes c1 = der("c1");
     for (const bool isAbove : {false, true}) {
         // Each certificate has 4 MiB, with a string behind its signature: it is read, and does not verify.
         Bytes padded(c1.begin() + 4, c1.end());
         const Bytes padding = element(4, Bytes((4U << 20) - padded.size() - 10 + isAbove));
         padded.insert(padded.end(), padding.begin(), padding.end());
-        Bytes certificate = element(0x30, padded), set = certificate,
-              fields = test::from_hex("0201013100300406022A03");
+        const Bytes certificate = element(0x30, padded);
         ASSERT_EQ(certificate.size(), (4U << 20) + isAbove);
-        set.insert(set.end(), certificate.begin(), certificate.end());
-        set = element(0xA0, set);
-        fields.insert(fields.end(), set.begin(), set.end());
-        fields.insert(fields.end(), tail.begin(), tail.end());
-        const std::string bundle = dir.write("bundle", element(0x30, fields));
-        EXPECT_EQ(X509_ValidatePath(bundle.c_str(), nullptr, 1),
+        all = certificate;
+        all.insert(all.end(), certificate.begin(), certificate.end());
+        EXPECT_EQ(X509_ValidatePath(bundle(all).c_str(), nullptr, 1),
                   isAbove ? -INVALID_DATA_ERROR : -BAD_FORMAT_ERROR);
         EXPECT_EQ(last_error().starts_with("Certificate [2] is invalid"), isAbove) << last_error();
     }
