@@ -1,29 +1,9 @@
-#include <algorithm>
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
-
-#include "asn1/asn_build.h"
-#include "asn1/asn_encode.h"
-#include "asn1/asn_parse.h"
-#include "asn1/asn_value.h"
-#include "frame/err.h"
 #include "frame/file_writer.h"
 #include "frame/memory_hooks.h"
-#include "support/temp_dir.h"
-#include "support/vectors.h"
+#include "support/asn_lists.h"
 
 using namespace zul;
-using Bytes = std::vector<uint8_t>;
-
-static Bytes encoded(const AsnList& list) {
-    const SecretBuffer out = asn_Encode(list);
-    return {out.data(), out.data() + out.size()};
-}
-
-static std::string hex(const AsnList& list) {
-    return test::to_hex(encoded(list));
-}
+using test::encoded, test::hex_of;
 
 static AsnList integer_of(const char* magnitude) {
     const Bytes bytes = test::from_hex(magnitude);
@@ -42,37 +22,37 @@ static tm time_of(int year, int month, int day) {
 }
 
 TEST(AsnBuild, MakersGiveDer) {
-    EXPECT_EQ(hex(asn_NewInteger(0)), "020100");
-    EXPECT_EQ(hex(asn_NewInteger(0x80)), "02020080");
-    EXPECT_EQ(hex(asn_NewInteger(65537)), "0203010001");
-    EXPECT_EQ(hex(asn_NewInteger(0xFFFFFFFF)), "020500ffffffff");
-    EXPECT_EQ(hex(integer_of("0000FF")), "020200ff");
-    EXPECT_EQ(hex(integer_of("00007F01")), "02027f01");
-    EXPECT_EQ(hex(integer_of("")), "020100");
-    EXPECT_EQ(hex(integer_of("0000")), "020100");
-    EXPECT_EQ(hex(asn_NewBoolean(7)), "0101ff");
-    EXPECT_EQ(hex(asn_NewBoolean(0)), "010100");
-    EXPECT_EQ(hex(asn_NewOid("keyUsage")), "0603551d0f");
-    EXPECT_EQ(hex(asn_NewOid("no such name")), "0600");
-    EXPECT_EQ(hex(asn_NewContextPrim(2, "ab", 2)), "82026162");
-    EXPECT_EQ(hex(asn_NewExplicit(3, asn_NewNull())), "a3020500");
-    EXPECT_EQ(hex(asn_NewBitString(5, "\xA0", 1)), "030205a0");
-    EXPECT_EQ(hex(asn_NewBitString(0, nullptr, 0)), "030100");
-    EXPECT_EQ(hex(asn_NewBitStringOf(0, asn_NewSequence(asn_NewNull()))), "03050030020500");
-    EXPECT_EQ(hex(asn_NewOctetStringOf(asn_LinkList(asn_NewNull(), asn_NewInteger(1)))), "04050500020101");
-    EXPECT_EQ(hex(asn_NewSet(AsnList())), "3100");
-    EXPECT_EQ(hex(asn_NewUTF8String("\xC3\xA9")), "0c02c3a9");
-    EXPECT_EQ(hex(asn_NewUTF8String("\xE9")), "0c02c3a9"); // Latin-1
-    EXPECT_EQ(hex(asn_NewBMPString("a\xE9")), "1e04006100e9");
-    EXPECT_EQ(hex(asn_NewHashAlgId(0x13)), "300d06096086480165030402010500");
-    EXPECT_EQ(hex(asn_NewHashAlgId(9)), "300906052b0e03021a0500"); // an unknown number is SHA-1
+    EXPECT_EQ(hex_of(asn_NewInteger(0)), "020100");
+    EXPECT_EQ(hex_of(asn_NewInteger(0x80)), "02020080");
+    EXPECT_EQ(hex_of(asn_NewInteger(65537)), "0203010001");
+    EXPECT_EQ(hex_of(asn_NewInteger(0xFFFFFFFF)), "020500ffffffff");
+    EXPECT_EQ(hex_of(integer_of("0000FF")), "020200ff");
+    EXPECT_EQ(hex_of(integer_of("00007F01")), "02027f01");
+    EXPECT_EQ(hex_of(integer_of("")), "020100");
+    EXPECT_EQ(hex_of(integer_of("0000")), "020100");
+    EXPECT_EQ(hex_of(asn_NewBoolean(7)), "0101ff");
+    EXPECT_EQ(hex_of(asn_NewBoolean(0)), "010100");
+    EXPECT_EQ(hex_of(asn_NewOid("keyUsage")), "0603551d0f");
+    EXPECT_EQ(hex_of(asn_NewOid("no such name")), "0600");
+    EXPECT_EQ(hex_of(asn_NewContextPrim(2, "ab", 2)), "82026162");
+    EXPECT_EQ(hex_of(asn_NewExplicit(3, asn_NewNull())), "a3020500");
+    EXPECT_EQ(hex_of(asn_NewBitString(5, "\xA0", 1)), "030205a0");
+    EXPECT_EQ(hex_of(asn_NewBitString(0, nullptr, 0)), "030100");
+    EXPECT_EQ(hex_of(asn_NewBitStringOf(0, asn_NewSequence(asn_NewNull()))), "03050030020500");
+    EXPECT_EQ(hex_of(asn_NewOctetStringOf(asn_LinkList(asn_NewNull(), asn_NewInteger(1)))), "04050500020101");
+    EXPECT_EQ(hex_of(asn_NewSet(AsnList())), "3100");
+    EXPECT_EQ(hex_of(asn_NewUTF8String("\xC3\xA9")), "0c02c3a9");
+    EXPECT_EQ(hex_of(asn_NewUTF8String("\xE9")), "0c02c3a9"); // Latin-1
+    EXPECT_EQ(hex_of(asn_NewBMPString("a\xE9")), "1e04006100e9");
+    EXPECT_EQ(hex_of(asn_NewHashAlgId(0x13)), "300d06096086480165030402010500");
+    EXPECT_EQ(hex_of(asn_NewHashAlgId(9)), "300906052b0e03021a0500"); // an unknown number is SHA-1
 }
 
 TEST(AsnBuild, TimesTakeTheFormOfTheirYear) {
     EXPECT_EQ(encoded(asn_NewTime(time_of(2049, 12, 31)))[0], kAsnUtcTime);
-    EXPECT_EQ(hex(asn_NewTime(time_of(1950, 1, 1))),
+    EXPECT_EQ(hex_of(asn_NewTime(time_of(1950, 1, 1))),
               "170d" + test::to_hex(reinterpret_cast<const uint8_t*>("500101010203Z"), 13));
-    EXPECT_EQ(hex(asn_NewTime(time_of(2050, 1, 1))),
+    EXPECT_EQ(hex_of(asn_NewTime(time_of(2050, 1, 1))),
               "180f" + test::to_hex(reinterpret_cast<const uint8_t*>("20500101010203Z"), 15));
     EXPECT_EQ(encoded(asn_NewTime(time_of(1949, 1, 1)))[0], kAsnGeneralizedTime);
     EXPECT_FALSE(asn_NewUTCTime(time_of(2050, 1, 1)));
@@ -127,16 +107,16 @@ TEST(AsnBuild, JoinsAndLinksRefuseWhatHasNoPlace) {
     const AsnList owner = asn_LinkList(asn_NewInteger(1), asn_NewInteger(2));
     EXPECT_FALSE(asn_Link(asn_NewNull(), AsnList(owner.head()->next)));
     EXPECT_STREQ(err_text(), "asn_Link: 2nd header is invalid\n");
-    EXPECT_EQ(hex(owner), "020101020102");
+    EXPECT_EQ(hex_of(owner), "020101020102");
 }
 
 TEST(AsnBuild, AJoinGoesBeforeWhatFollowsItsHeader) {
     AsnList list = asn_New(kAsnConstructed, kAsnSequence);
     asn_NewAfter(list, list.head(), 0, kAsnNull)->length = 0;
     list = asn_Join(std::move(list), asn_NewSequence(asn_NewInteger(5)));
-    EXPECT_EQ(hex(list), "300530030201050500");
+    EXPECT_EQ(hex_of(list), "300530030201050500");
     list = asn_Link(std::move(list), asn_NewBoolean(1));
-    EXPECT_EQ(hex(list), "3005300302010505000101ff");
+    EXPECT_EQ(hex_of(list), "3005300302010505000101ff");
     EXPECT_EQ(list.head()->next->next->level, 2u);
     EXPECT_EQ(asn_Length(list.head()), 12u);
     EXPECT_EQ(asn_Length(list.head()->next->next), 3u);
@@ -156,10 +136,10 @@ TEST(AsnBuild, IndefiniteLengthsNestAndReadBack) {
     for (const asn_Node* made = outer.head(); made != nullptr; made = made->next, read = read->next)
         EXPECT_EQ(read->level, made->level);
     // Inside a definite length too, made or copied from what was read.
-    const std::string wrapped = hex(asn_NewSet(std::move(outer)));
+    const std::string wrapped = hex_of(asn_NewSet(std::move(outer)));
     EXPECT_EQ(wrapped, "3119" + test::to_hex(out));
-    EXPECT_EQ(hex(asn_NewSet(asn_CopyList(back.head()))), wrapped);
-    EXPECT_EQ(hex(asn_CopyElement(back.head()->next->next)), "a0800402616205000000");
+    EXPECT_EQ(hex_of(asn_NewSet(asn_CopyList(back.head()))), wrapped);
+    EXPECT_EQ(hex_of(asn_CopyElement(back.head()->next->next)), "a0800402616205000000");
 }
 
 TEST(AsnBuild, SetsAreSortedByTheirEncodings) {
@@ -175,7 +155,7 @@ TEST(AsnBuild, SetsAreSortedByTheirEncodings) {
     asn_SortSet(members.data(), members.size());
     const char* const wanted[] = {"020101", "0201010500", "0401ff", "0500", "31050201020500", ""};
     for (size_t i = 0; i < members.size(); i++)
-        EXPECT_EQ(hex(members[i]), wanted[i]);
+        EXPECT_EQ(hex_of(members[i]), wanted[i]);
 }
 
 static const asn_Node* watched;
@@ -207,10 +187,10 @@ TEST(AsnBuild, OtherOutputsAgreeWithTheEncoding) {
         EXPECT_TRUE(file.finish());
     }
     EXPECT_EQ(test::read_file(path), encoded(list));
-    EXPECT_EQ(hex(asn_ParseFile(path.c_str())), hex(list));
+    EXPECT_EQ(hex_of(asn_ParseFile(path.c_str())), hex_of(list));
     const SecretBuffer base64 = asn_EncodeBase64(list.head());
     EXPECT_STREQ(base64.text(), "MAsCAQEEBnNlY3JldA==");
-    EXPECT_EQ(hex(asn_ParseBase64(base64.text())), hex(list));
+    EXPECT_EQ(hex_of(asn_ParseBase64(base64.text())), hex_of(list));
     testing::internal::CaptureStdout();
     asn_Dump(list.head());
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "30 0b  #Level=0 length=0xb/11\n"

@@ -1,23 +1,9 @@
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
-
-#include "asn1/asn_build.h"
 #include "asn1/asn_element.h"
-#include "asn1/asn_encode.h"
-#include "asn1/asn_parse.h"
-#include "support/vectors.h"
+#include "support/asn_lists.h"
 
 namespace zul {
 
-static AsnList parse(const std::string& hex) {
-    const auto bytes = test::from_hex(hex);
-    return asn_ParseBytes(bytes.data(), bytes.size());
-}
-
-static std::vector<uint8_t> bytes_of(const SecretBuffer& buffer) {
-    return {buffer.data(), buffer.data() + buffer.size()};
-}
+using test::bytes_of, test::parse_hex;
 
 TEST(AsnElement, BecomesDer) {
     std::string deep, deepEnd, octets;
@@ -58,7 +44,7 @@ TEST(AsnElement, BecomesDer) {
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.ber);
-        AsnList list = parse(c.ber);
+        AsnList list = parse_hex(c.ber);
         ASSERT_TRUE(list);
         EXPECT_EQ(asn_IsDer(list.head()), c.ber == c.der);
         const AsnList der = asn_ToDer(std::move(list));
@@ -80,7 +66,7 @@ TEST(AsnElement, BecomesDer) {
 
 TEST(AsnElement, EndsWhereItsContentDoes) {
     // SEQUENCE { SEQUENCE { 1 }, SEQUENCE { 1 } of indefinite length, SEQUENCE { 1 }, 1, 2 }
-    const AsnList list = parse("30173003020101 30800201010000 3003020101 020101 020102");
+    const AsnList list = parse_hex("30173003020101 30800201010000 3003020101 020101 020102");
     ASSERT_TRUE(list);
     const asn_Node* part[5];
     const asn_Node* next = list.head()->next;

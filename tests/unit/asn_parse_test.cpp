@@ -1,19 +1,10 @@
-#include <algorithm>
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
-
-#include "asn1/asn_encode.h"
-#include "asn1/asn_parse.h"
 #include "asn1/byte_stream.h"
-#include "frame/err.h"
 #include "frame/memory_hooks.h"
 #include "hash/digest.h"
-#include "support/temp_dir.h"
-#include "support/vectors.h"
+#include "support/asn_lists.h"
 
 using namespace zul;
-using Bytes = std::vector<uint8_t>;
+using test::parse_hex;
 
 // The nodes of a list as "level:tag" words, "*" behind those of indefinite length.
 static std::string shape(const AsnList& list) {
@@ -22,11 +13,6 @@ static std::string shape(const AsnList& list) {
         text += (text.empty() ? "" : " ") + std::to_string(node->level) + ":" + std::to_string(node->tag) +
                 (node->ndef != 0 ? "*" : "");
     return text;
-}
-
-static AsnList parse(const Bytes& bytes, bool all) {
-    const Bytes exact(bytes); // so that a sanitizer sees one byte too far
-    return all ? asn_ParseAll(exact.data(), exact.size()) : asn_ParseBytes(exact.data(), exact.size());
 }
 
 // Also indefinite inside definite lengths that end at the same place, a primitive of indefinite length (which
@@ -52,9 +38,8 @@ TEST(AsnParse, ReadsLevelsOfBothLengthForms) {
                  {"9F8080808080 00 00", "0:0", "="},
                  {"9F8FFFFFFF7F00", "0:4294967295", "="}};
     for (const auto& c : cases) {
-        const Bytes input = test::from_hex(c.input);
-        EXPECT_EQ(shape(parse(input, false)), c.one) << c.input;
-        EXPECT_EQ(shape(parse(input, true)), c.all[0] == '=' ? c.one : c.all) << c.input;
+        EXPECT_EQ(shape(parse_hex(c.input, false)), c.one) << c.input;
+        EXPECT_EQ(shape(parse_hex(c.input, true)), c.all[0] == '=' ? c.one : c.all) << c.input;
     }
 }
 
@@ -84,7 +69,7 @@ TEST(AsnParse, RefusesWhatIsNotWhole) {
     for (const auto& c : cases) {
         for (const char* input : c.inputs) {
             err_clear();
-            EXPECT_FALSE(parse(test::from_hex(input), false)) << input;
+            EXPECT_FALSE(parse_hex(input, false)) << input;
             EXPECT_EQ(err_text(), c.text) << input;
         }
     }
@@ -99,7 +84,7 @@ TEST(AsnParse, MakesNothingOfWhatLiesBeyondItsParent) {
             data.insert(data.end(), {0x05, 0x00});
         allocations = 0;
         memory_set_hooks({[](size_t) { return ++allocations < 0; }, nullptr});
-        EXPECT_FALSE(parse(data, false)) << head;
+        EXPECT_FALSE(asn_ParseBytes(data.data(), data.size())) << head;
         memory_set_hooks({});
         EXPECT_LT(allocations, 20) << head;
     }
@@ -116,7 +101,7 @@ TEST(AsnParse, NestsTwoHundredDeep) {
         }
         for (const std::string& input : {definite, indefinite}) {
             err_clear();
-            EXPECT_EQ(static_cast<bool>(parse(test::from_hex(input), false)), depth == 200);
+            EXPECT_EQ(static_cast<bool>(parse_hex(input, false)), depth == 200);
             EXPECT_STREQ(err_text(), depth == 200 ? "" : "ASN.1 internal error: stack overflow");
         }
     }
@@ -133,7 +118,7 @@ TEST(AsnParse, MarkersAloneEndIndefiniteLengths) {
                        static_cast<uint8_t>((content - 5) >> 8),
                        static_cast<uint8_t>(content - 5)};
         input.resize(input.size() + content - 5 + 2);
-        EXPECT_EQ(shape(parse(input, true)), "0:16* 1:4 1:0");
+        EXPECT_EQ(shape(asn_ParseAll(input.data(), input.size())), "0:16* 1:4 1:0");
     }
 }
 

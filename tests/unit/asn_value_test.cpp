@@ -1,23 +1,9 @@
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
-
-#include "asn1/asn_build.h"
-#include "asn1/asn_encode.h"
-#include "asn1/asn_parse.h"
-#include "asn1/asn_value.h"
 #include "asn1/asn_walk.h"
 #include "asn1/oid.h"
-#include "frame/err.h"
-#include "support/vectors.h"
+#include "support/asn_lists.h"
 
 using namespace zul;
-using Bytes = std::vector<uint8_t>;
-
-static AsnList parse(const char* hex) {
-    const Bytes bytes = test::from_hex(hex);
-    return asn_ParseBytes(bytes.data(), bytes.size());
-}
+using test::hex_of, test::parse_hex;
 
 TEST(AsnValue, Integers) {
     const struct {
@@ -30,15 +16,15 @@ TEST(AsnValue, Integers) {
         {"0205 0102030405", -1, -1}};
     for (const auto& c : cases) {
         uint8_t bytes[4];
-        const AsnList list = parse(c.input);
+        const AsnList list = parse_hex(c.input);
         EXPECT_EQ(asn_GetInt(list.head()), c.value) << c.input;
         EXPECT_EQ(asn_GetIntegerBytes(list.head(), bytes, sizeof bytes), c.length) << c.input;
     }
     EXPECT_EQ(asn_GetInt(nullptr), -1);
-    EXPECT_EQ(asn_GetBoolean(parse("01020001").head()), 1);
-    EXPECT_EQ(asn_GetBoolean(parse("010100").head()), 0);
-    EXPECT_EQ(asn_GetBoolean(parse("0100").head()), -1);
-    EXPECT_EQ(asn_GetBoolean(parse("020101").head()), -1);
+    EXPECT_EQ(asn_GetBoolean(parse_hex("01020001").head()), 1);
+    EXPECT_EQ(asn_GetBoolean(parse_hex("010100").head()), 0);
+    EXPECT_EQ(asn_GetBoolean(parse_hex("0100").head()), -1);
+    EXPECT_EQ(asn_GetBoolean(parse_hex("020101").head()), -1);
 }
 
 TEST(AsnValue, BitFlags) {
@@ -62,13 +48,13 @@ TEST(AsnValue, BitFlags) {
                   test::from_hex(c.content));
         EXPECT_EQ(asn_GetBitFlags(list.head()), c.flags);
     }
-    EXPECT_EQ(asn_GetBitFlags(parse("030205BF").head()), 5u); // unused bits that are set
-    EXPECT_EQ(asn_GetBitFlags(parse("030209FF").head()), 0u);
-    EXPECT_EQ(asn_GetBitFlags(parse("0300").head()), 0u);
+    EXPECT_EQ(asn_GetBitFlags(parse_hex("030205BF").head()), 5u); // unused bits that are set
+    EXPECT_EQ(asn_GetBitFlags(parse_hex("030209FF").head()), 0u);
+    EXPECT_EQ(asn_GetBitFlags(parse_hex("0300").head()), 0u);
     err_clear();
-    EXPECT_EQ(asn_GetBitFlags(parse("0306000102030405").head()), 0u);
+    EXPECT_EQ(asn_GetBitFlags(parse_hex("0306000102030405").head()), 0u);
     EXPECT_STREQ(err_text(), "ASN.1 internal error: unexpected BITSTRING longer than 32-bits");
-    EXPECT_EQ(asn_GetBitFlags(parse("230403020780").head()), 0u);
+    EXPECT_EQ(asn_GetBitFlags(parse_hex("230403020780").head()), 0u);
     EXPECT_STREQ(err_text(), "ASN.1 internal error: constructed BITSTRING not supported");
 }
 
@@ -91,7 +77,7 @@ TEST(AsnValue, StringsAndTheirSegments) {
                  {asn_StoreData, "30020500", nullptr}};
     for (const auto& c : cases) {
         SecretBuffer content;
-        const AsnList list = parse(c.input);
+        const AsnList list = parse_hex(c.input);
         EXPECT_EQ(c.get(list.head(), content), c.content != nullptr) << c.input;
         EXPECT_FALSE(c.get(nullptr, content));
         if (c.content == nullptr)
@@ -104,7 +90,7 @@ TEST(AsnValue, StringsAndTheirSegments) {
         EXPECT_EQ(content.size(), size + (list.head()->data == nullptr ? 0 : list.head()->length));
     }
     SecretBuffer content;
-    asn_StoreData(parse("0480").head(), content);
+    asn_StoreData(parse_hex("0480").head(), content);
     EXPECT_STREQ(err_text(), "asn_StoreData internal error: indefinite-length not supported");
     asn_StoreData(asn_New(0, 4).head(), content);
     EXPECT_STREQ(err_text(), "asn_StoreData internal error: invalid length");
@@ -126,7 +112,7 @@ TEST(AsnValue, Texts) {
                  {"0500", "", ""},
                  {"1300", "", ""}};
     for (const auto& c : cases) {
-        const AsnList list = parse(c.input);
+        const AsnList list = parse_hex(c.input);
         EXPECT_STREQ(asn_GetText(list.head(), false).text(), c.plain) << c.input;
         EXPECT_STREQ(asn_GetText(list.head(), true).text(), c.converted) << c.input;
     }
@@ -161,16 +147,16 @@ TEST(AsnValue, Times) {
         EXPECT_STREQ(asn_TimeString(list.head()), c.text);
     }
     tm time;
-    EXPECT_EQ(asn_GetTime(parse("0500").head(), &time), 1);
+    EXPECT_EQ(asn_GetTime(parse_hex("0500").head(), &time), 1);
     EXPECT_EQ(asn_GetTime(nullptr, &time), -1);
-    ASSERT_EQ(asn_GetTime(parse("170D3530303230313033303430355A").head(), &time), 0);
+    ASSERT_EQ(asn_GetTime(parse_hex("170D3530303230313033303430355A").head(), &time), 0);
     EXPECT_EQ(std::vector({time.tm_year, time.tm_mon, time.tm_mday, time.tm_hour, time.tm_min, time.tm_sec}),
               std::vector({50, 1, 1, 3, 4, 5}));
     EXPECT_EQ(time.tm_wday + time.tm_yday + time.tm_isdst, 0);
 }
 
 TEST(AsnWalk, StepsAndFetches) {
-    const AsnList good = parse("3012 020101 3006 020102 800155 3005 020103 0500");
+    const AsnList good = parse_hex("3012 020101 3006 020102 800155 3005 020103 0500");
     ASSERT_TRUE(good);
     const asn_Node* head = good.head();
     EXPECT_EQ(asn_GetInt(asn_FindTag(head, kAsnInteger)), 1);
@@ -182,14 +168,10 @@ TEST(AsnWalk, StepsAndFetches) {
     EXPECT_EQ(asn_FindContext(head, 0)->data[0], 0x55);
     EXPECT_EQ(asn_FindContextAtLevel(head, 0, 1), nullptr);
     EXPECT_EQ(asn_FindTag(nullptr, 2), nullptr);
-    const auto hex = [](const AsnList& copy) {
-        const SecretBuffer out = asn_Encode(copy);
-        return test::to_hex(out.data(), out.size());
-    };
     const AsnList copy = asn_FetchElement(head, kAsnSequence, 1, 1);
-    EXPECT_EQ(hex(copy), "3006020102800155");
+    EXPECT_EQ(hex_of(copy), "3006020102800155");
     EXPECT_EQ(copy.tail()->level, 1u);
-    EXPECT_EQ(hex(asn_FetchElement(head, kAsnInteger, 3, -1)), "020103");
+    EXPECT_EQ(hex_of(asn_FetchElement(head, kAsnInteger, 3, -1)), "020103");
     EXPECT_FALSE(asn_FetchElement(head, kAsnInteger, 4, -1));
 }
 

@@ -1,14 +1,8 @@
-#include <algorithm>
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
-
 #include "encode/base64.h"
 #include "encode/hex.h"
-#include "support/vectors.h"
+#include "support/unit_test.h"
 
 using namespace zul;
-using Bytes = std::vector<uint8_t>;
 
 static std::string encode(const Bytes& data) {
     std::vector<char> out(b64_encoded_length(data.size()) + 1);

@@ -1,7 +1,5 @@
-#include <gtest/gtest.h>
-#include <string>
-
 #include "cms/message/certificate_arguments.h"
+#include "support/unit_test.h"
 
 namespace zul {
 

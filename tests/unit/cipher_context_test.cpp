@@ -1,14 +1,10 @@
-#include <gtest/gtest.h>
-
 #include "cipher/cipher_context.h"
-#include "support/vectors.h"
+#include "support/unit_test.h"
 #include "zulcore.h"
 
 namespace zul {
 
 namespace {
-
-using Bytes = std::vector<uint8_t>;
 
 constexpr CipherAlgorithm kAlgorithms[] = {CipherAlgorithm::tdea, CipherAlgorithm::aes128,
                                            CipherAlgorithm::aes192, CipherAlgorithm::aes256};

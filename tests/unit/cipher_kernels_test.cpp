@@ -1,17 +1,12 @@
-#include <cstring>
-#include <gtest/gtest.h>
-
 #include "cipher/aes_kernels.h"
 #include "cipher/block_cipher.h"
 #include "cipher/tdes_kernels.h"
 #include "frame/wipe.h"
-#include "support/vectors.h"
+#include "support/unit_test.h"
 
 namespace zul {
 
 namespace {
-
-using Bytes = std::vector<uint8_t>;
 
 constexpr const char* kModeNames[kCipherModes] = {"ECB", "CBC", "CFB", "OFB", "CTR"};
 

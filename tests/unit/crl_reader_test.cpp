@@ -1,10 +1,4 @@
-#include <algorithm>
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
-
-#include "support/temp_dir.h"
-#include "support/vectors.h"
+#include "support/unit_test.h"
 #include "x509/crl/crl_reader.h"
 #include "x509/fields/certificate.h"
 #include "x509/input/x509_input.h"
@@ -13,8 +7,6 @@
 
 namespace zul {
 namespace {
-
-using Bytes = std::vector<uint8_t>;
 
 Bytes operator+(Bytes a, const Bytes& b) {
     a.insert(a.end(), b.begin(), b.end());

@@ -1,22 +1,13 @@
-#include <algorithm>
 #include <chrono>
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
 
-#include "asn1/asn_build.h"
-#include "asn1/asn_encode.h"
-#include "asn1/asn_parse.h"
 #include "asn1/byte_stream.h"
 #include "frame/debug_output.h"
-#include "frame/err.h"
 #include "frame/memory_hooks.h"
-#include "support/vectors.h"
+#include "support/asn_lists.h"
 #include "x509/names/distinguished_name.h"
 #include "zulcore.h"
 
 using namespace zul;
-using Bytes = std::vector<uint8_t>;
 
 static AsnList encode(const char* text, int options = 0) {
     AsnList name;
@@ -35,8 +26,7 @@ static std::string printed(const asn_Node* name, int options = 0, const char* de
 
 // A Name whose only value is an element given in hex.
 static AsnList name_of(const std::string& value, const char* type = "0603550403") {
-    const Bytes pair = test::from_hex(type + value);
-    return asn_NewSequence(asn_NewSet(asn_NewSequence(asn_ParseAll(pair.data(), pair.size()))));
+    return asn_NewSequence(asn_NewSet(asn_NewSequence(test::parse_hex(type + value, true))));
 }
 
 TEST(DistinguishedName, ReadsPairs) {
@@ -94,9 +84,8 @@ TEST(DistinguishedName, ChoosesStringTypes) {
                  {"CN=#x414", 0, "14 02 0414"}};
     for (const auto& c : cases)
         EXPECT_TRUE(asn_Compare(encode(c.text, c.options).head(), name_of(c.value).head()) == 0) << c.text;
-    const Bytes two = test::from_hex("301B 310C300A0603550403 1303426F62 310B30090603550406 13024155");
-    const SecretBuffer der = asn_Encode(encode("CN=Bob;c=AU"));
-    EXPECT_EQ(Bytes(der.data(), der.data() + der.size()), two);
+    EXPECT_EQ(test::hex_of(encode("CN=Bob;c=AU")),
+              "301b310c300a06035504031303426f62310b3009060355040613024155");
 }
 
 TEST(DistinguishedName, ShowsValues) {
@@ -163,8 +152,8 @@ TEST(DistinguishedName, RefusesDamage) {
                                    "310A 3008 0603550404 130141 3100",
                                    "310A 3008 0603550404 130141 0500"};
     const auto show = [](const char* relativeNames) {
-        const Bytes content = test::from_hex(std::string("310A 3008 0603550403 130141") + relativeNames);
-        const AsnList name = asn_NewSequence(asn_ParseAll(content.data(), content.size()));
+        const AsnList name = asn_NewSequence(
+            test::parse_hex(std::string("310A 3008 0603550403 130141") + relativeNames, true));
         EXPECT_TRUE(name) << relativeNames;
         err_set_text("%s", "");
         return printed(name.head());

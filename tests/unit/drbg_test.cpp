@@ -1,11 +1,7 @@
-#include <cstring>
-#include <gtest/gtest.h>
-#include <vector>
-
 #include "rng/hmac_drbg.h"
 #include "rng/known_answer.h"
 #include "rng/rng.h"
-#include "support/vectors.h"
+#include "support/unit_test.h"
 
 using namespace zul;
 using test::to_hex;

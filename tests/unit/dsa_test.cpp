@@ -1,14 +1,8 @@
-#include <algorithm>
-#include <gtest/gtest.h>
-#include <vector>
-
-#include "support/vectors.h"
+#include "support/unit_test.h"
 #include "x509/verify/dsa.h"
 
 namespace zul {
 namespace {
-
-using Bytes = std::vector<uint8_t>;
 
 void set(MT number, const Bytes& bytes) {
     mtConvFromOctets(number, bytes.data(), bytes.size());

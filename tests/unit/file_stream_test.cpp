@@ -1,10 +1,7 @@
 #include <filesystem>
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
 
 #include "frame/file_writer.h"
-#include "support/temp_dir.h"
+#include "support/unit_test.h"
 
 using namespace zul;
 namespace fs = std::filesystem;

@@ -1,12 +1,8 @@
 #include <array>
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
 
 #include "rng/fips140.h"
 #include "rng/fips140_report.h"
-#include "support/temp_dir.h"
-#include "support/vectors.h"
+#include "support/unit_test.h"
 #include "zulcore.h"
 
 using namespace zul;

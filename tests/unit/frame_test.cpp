@@ -1,10 +1,5 @@
-#include <algorithm>
-#include <cstring>
-#include <gtest/gtest.h>
 #include <set>
-#include <string>
 #include <thread>
-#include <vector>
 
 #include "frame/err.h"
 #include "frame/error_table.h"
@@ -16,6 +11,7 @@
 #include "frame/wipe.h"
 #include "platform/platform.h"
 #include "support/death.h"
+#include "support/unit_test.h"
 
 using namespace zul;
 

@@ -1,9 +1,4 @@
-#include <algorithm>
-#include <cstring>
-#include <gtest/gtest.h>
 #include <map>
-#include <string>
-#include <vector>
 
 #include "frame/memory_hooks.h"
 #include "hash/digest.h"
@@ -12,14 +7,11 @@
 #include "hash/sha256_kernels.h"
 #include "hash/sha512_kernels.h"
 #include "platform/cpu.h"
-#include "support/temp_dir.h"
-#include "support/vectors.h"
+#include "support/unit_test.h"
 
 namespace zul {
 
 namespace {
-
-using Bytes = std::vector<uint8_t>;
 
 // What each digest should run on when the features are hidden, on a processor that has the needed ones.
 struct Level {

@@ -1,9 +1,5 @@
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
-
 #include "encode/hex.h"
-#include "support/vectors.h"
+#include "support/unit_test.h"
 
 using namespace zul;
 

@@ -1,15 +1,9 @@
-#include <algorithm>
-#include <cstring>
-#include <gtest/gtest.h>
-#include <vector>
-
 #include "hash/hmac.h"
+#include "support/unit_test.h"
 
 namespace zul {
 
 namespace {
-
-using Bytes = std::vector<uint8_t>;
 
 Bytes mac_of(int algorithm, const Bytes& data, const Bytes& key) {
     Bytes mac(kMaxDigestSize);

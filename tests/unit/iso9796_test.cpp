@@ -1,12 +1,8 @@
-#include <gtest/gtest.h>
-#include <vector>
-
 #include "rsa/iso9796.h"
+#include "support/unit_test.h"
 #include "zulcore.h"
 
 namespace zul {
-
-using Bytes = std::vector<uint8_t>;
 
 // Every message comes back, and from a block with any bit changed another one or none.
 TEST(Iso9796, KeepsMessagesOfEveryLengthAndSeesDamage) {

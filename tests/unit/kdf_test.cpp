@@ -1,12 +1,7 @@
-#include <algorithm>
-#include <gtest/gtest.h>
-
 #include "pbe/kdf.h"
-#include "support/vectors.h"
+#include "support/unit_test.h"
 
 namespace zul {
-
-using Bytes = std::vector<uint8_t>;
 
 static Bytes derive(const test::Vector& v, uint32_t iterations, size_t length) {
     const std::string function = v.text("Function");

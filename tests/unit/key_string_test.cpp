@@ -1,18 +1,13 @@
-#include <gtest/gtest.h>
-#include <string>
-#include <string_view>
 #include <thread>
-#include <vector>
 
 #include "rsa/process_key.h"
 #include "rsa/rsa_key_string.h"
+#include "support/unit_test.h"
 #include "zulcore.h"
 
 namespace zul {
 
 namespace {
-
-using Bytes = std::vector<uint8_t>;
 
 constexpr KeyStringType kTypes[] = {KeyStringType::plain, KeyStringType::rsaPublic, KeyStringType::rsaPrivate,
                                     KeyStringType::otherPublic, KeyStringType::otherPrivate};

@@ -1,16 +1,10 @@
-#include <algorithm>
-#include <cstring>
-#include <gtest/gtest.h>
-
 #include "cipher/key_wrap.h"
-#include "support/vectors.h"
+#include "support/unit_test.h"
 #include "zulcore.h"
 
 namespace zul {
 
 namespace {
-
-using Bytes = std::vector<uint8_t>;
 
 Bytes fixedRandom;
 

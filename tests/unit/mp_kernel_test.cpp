@@ -1,11 +1,10 @@
-#include <gtest/gtest.h>
 #include <random>
-#include <vector>
 
 #include "bignum/mp_exp_x86.h"
 #include "bignum/mp_kernel.h"
 #include "bignum/mp_portable.h"
 #include "platform/cpu.h"
+#include "support/unit_test.h"
 
 #if ZUL_X86_64
 #include "bignum/mp_block_division_x86.h"

@@ -1,11 +1,7 @@
-#include <algorithm>
-#include <gtest/gtest.h>
-#include <vector>
-
 #include "bignum/mp.h"
 #include "frame/memory_hooks.h"
 #include "platform/cpu.h"
-#include "support/vectors.h"
+#include "support/unit_test.h"
 
 namespace zul {
 

@@ -1,13 +1,8 @@
-#include <algorithm>
-#include <cstring>
-#include <gtest/gtest.h>
-#include <string>
-
 #include "bignum/mt.h"
 #include "frame/memory.h"
 #include "frame/memory_hooks.h"
 #include "support/death.h"
-#include "support/vectors.h"
+#include "support/unit_test.h"
 
 namespace zul {
 

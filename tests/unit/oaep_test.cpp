@@ -1,10 +1,6 @@
-#include <cstring>
-#include <gtest/gtest.h>
-#include <vector>
-
 #include "hash/digest.h"
 #include "rsa/oaep.h"
-#include "support/vectors.h"
+#include "support/unit_test.h"
 
 namespace zul {
 

@@ -1,13 +1,8 @@
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
-
 #include "asn1/asn_node.h"
 #include "cms/content/content_output.h"
 #include "cms/content/octet_content.h"
 #include "frame/err.h"
-#include "support/temp_dir.h"
-#include "support/vectors.h"
+#include "support/unit_test.h"
 #include "zulcore.h"
 
 using namespace zul;

@@ -1,21 +1,10 @@
-#include <algorithm>
-#include <cstring>
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
-
-#include "asn1/asn_build.h"
-#include "asn1/asn_parse.h"
-#include "asn1/asn_value.h"
 #include "asn1/oid.h"
 #include "asn1/oid_octets.h"
 #include "asn1/oid_table.h"
-#include "frame/err.h"
 #include "hash/digest.h"
-#include "support/vectors.h"
+#include "support/asn_lists.h"
 
 using namespace zul;
-using Bytes = std::vector<uint8_t>;
 
 static AsnList oid_node(const char* content) {
     Bytes der = test::from_hex(content);

@@ -1,7 +1,5 @@
-#include <cstring>
-#include <gtest/gtest.h>
-
 #include "cipher/padding.h"
+#include "support/unit_test.h"
 
 namespace zul {
 

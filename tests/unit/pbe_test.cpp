@@ -1,24 +1,19 @@
-#include <cstring>
 #include <ctime>
-#include <gtest/gtest.h>
 #include <map>
 
-#include "asn1/asn_encode.h"
-#include "asn1/asn_parse.h"
 #include "frame/debug_output.h"
-#include "frame/err.h"
 #include "hash/sha1.h"
 #include "pbe/kdf.h"
 #include "pbe/pbe.h"
 #include "pbe/pbe_params.h"
-#include "support/vectors.h"
+#include "support/asn_lists.h"
 #include "zulcore.h"
 
 namespace zul {
 
-namespace {
+using test::bytes_of;
 
-using Bytes = std::vector<uint8_t>;
+namespace {
 
 const Bytes kPlain = {0x30, 0x05, 0x02, 0x03, 0x01, 0x02, 0x03};
 
@@ -28,15 +23,10 @@ int decrypt(const Bytes& der, const char* password, SecretBuffer& plain) {
     return pbe_decrypt(list.head(), password, plain);
 }
 
-Bytes bytes_of(const SecretBuffer& buffer) {
-    return {buffer.data(), buffer.data() + buffer.size()};
-}
-
 std::string encrypted_hex(const char* password, int iterations, int options, const Bytes& plain = kPlain) {
     PbeContext context;
     EXPECT_EQ(pbe_setup(context, password, iterations, options), 0);
-    const SecretBuffer der = asn_Encode(pbe_encrypt(context, plain.data(), plain.size()));
-    return test::to_hex(der.data(), der.size());
+    return test::hex_of(pbe_encrypt(context, plain.data(), plain.size()));
 }
 
 std::string replace_once(std::string text, const std::string& from, const std::string& to) {

@@ -1,13 +1,10 @@
 #include <filesystem>
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
 
 #include "encode/pem.h"
 #include "encode/whole_file.h"
 #include "frame/err.h"
 #include "frame/file_writer.h"
-#include "support/temp_dir.h"
+#include "support/unit_test.h"
 #include "zulcore.h"
 
 using namespace zul;

@@ -1,14 +1,9 @@
-#include <cstring>
-#include <gtest/gtest.h>
-#include <vector>
-
 #include "rsa/pkcs1_encryption.h"
 #include "rsa/pkcs1_signature.h"
+#include "support/unit_test.h"
 #include "zulcore.h"
 
 namespace zul {
-
-using Bytes = std::vector<uint8_t>;
 
 TEST(Pkcs1Encryption, PadsWithNonzeroBytesAndFindsTheirEnd) {
     const Bytes message(2000 - kPkcs1Overhead + 1, 0);

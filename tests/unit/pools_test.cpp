@@ -1,11 +1,7 @@
-#include <cstring>
-#include <gtest/gtest.h>
 #include <random>
-#include <string>
-#include <vector>
 
 #include "rng/pools.h"
-#include "support/vectors.h"
+#include "support/unit_test.h"
 
 using namespace zul;
 

@@ -1,15 +1,11 @@
 #ifndef _WIN32
-#include <algorithm>
 #include <cerrno>
 #include <functional>
-#include <gtest/gtest.h>
-#include <string>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
-#include "support/temp_dir.h"
-#include "support/vectors.h"
+#include "support/unit_test.h"
 #include "zulcore.h"
 
 namespace {

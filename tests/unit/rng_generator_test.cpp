@@ -1,17 +1,10 @@
-#include <algorithm>
 #include <array>
 #include <atomic>
 #include <cerrno>
 #include <climits>
-#include <cstddef>
-#include <cstring>
 #include <functional>
-#include <gtest/gtest.h>
-#include <initializer_list>
 #include <set>
-#include <string>
 #include <thread>
-#include <vector>
 
 #include "frame/call_frame.h"
 #include "frame/file_stream.h"
@@ -22,7 +15,7 @@
 #include "rng/generator.h"
 #include "rng/rng.h"
 #include "rng/seed_file.h"
-#include "support/temp_dir.h"
+#include "support/unit_test.h"
 #include "zulcore.h"
 
 #ifndef _WIN32

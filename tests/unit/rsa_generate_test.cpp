@@ -1,12 +1,9 @@
-#include <cstring>
-#include <gtest/gtest.h>
-#include <vector>
-
 #include "frame/err.h"
 #include "rng/rng.h"
 #include "rsa/rsa_generate.h"
 #include "rsa/rsa_pairwise.h"
 #include "rsa/rsa_prime.h"
+#include "support/unit_test.h"
 #include "zulcore.h"
 
 namespace zul {

@@ -1,14 +1,10 @@
-#include <gtest/gtest.h>
-
 #include "rsa/rsa_operation.h"
-#include "support/vectors.h"
+#include "support/unit_test.h"
 #include "zulcore.h"
 
 namespace zul {
 
 namespace {
-
-using Bytes = std::vector<uint8_t>;
 
 struct Part {
     const char* name;

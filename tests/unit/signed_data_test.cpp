@@ -1,38 +1,25 @@
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
-
-#include "asn1/asn_build.h"
 #include "asn1/asn_children.h"
-#include "asn1/asn_encode.h"
-#include "asn1/asn_parse.h"
-#include "asn1/asn_value.h"
 #include "cms/enveloped/enveloped_data.h"
 #include "cms/message/certificate_identifier.h"
 #include "cms/signed/signed_data.h"
 #include "cms/signed/signer_certificate.h"
 #include "cms/signed/signer_info.h"
 #include "hash/digest.h"
-#include "support/temp_dir.h"
-#include "support/vectors.h"
+#include "support/asn_lists.h"
 #include "x509/input/x509_input.h"
 #include "zulcore.h"
 
 using namespace zul;
+using test::hex_of;
 
 static std::string stored(const std::string& name) {
     return test::data_path("cms/" + name);
 }
 
 static AsnList parsed(const std::string& hex) {
-    const std::vector<uint8_t> bytes = test::from_hex(hex);
-    AsnList list = asn_ParseBytes(bytes.data(), bytes.size());
+    AsnList list = test::parse_hex(hex);
     EXPECT_TRUE(list) << hex;
     return list;
-}
-
-static std::string hex_of(const SecretBuffer& bytes) {
-    return test::to_hex(bytes.data(), bytes.size());
 }
 
 // element has its length in four octets, so that six go before its content.

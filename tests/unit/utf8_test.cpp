@@ -1,11 +1,7 @@
-#include <gtest/gtest.h>
-#include <vector>
-
 #include "encode/utf8.h"
-#include "support/vectors.h"
+#include "support/unit_test.h"
 
 using namespace zul;
-using Bytes = std::vector<uint8_t>;
 
 TEST(Utf8, Vectors) {
     for (const auto& v : test::read_vectors("encode/utf8.txt")) {

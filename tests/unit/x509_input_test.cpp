@@ -1,14 +1,6 @@
-#include <cstring>
 #include <functional>
-#include <gtest/gtest.h>
-#include <string>
 
-#include "asn1/asn_build.h"
-#include "asn1/asn_encode.h"
-#include "asn1/asn_parse.h"
-#include "frame/err.h"
-#include "support/temp_dir.h"
-#include "support/vectors.h"
+#include "support/asn_lists.h"
 #include "x509/fields/certificate_extensions.h"
 #include "x509/input/der_source.h"
 #include "x509/input/x509_input.h"
@@ -29,8 +21,7 @@ const char kKey[] = "300f 300706052b0e03021d 0304000401aa";
 const char kSignature[] = "030300abcd";
 
 AsnList of(const std::string& hex) {
-    const auto bytes = test::from_hex(hex);
-    return asn_ParseAll(bytes.data(), bytes.size());
+    return test::parse_hex(hex, true);
 }
 
 AsnList object(const std::string& toBeSigned, const std::string& rest) {

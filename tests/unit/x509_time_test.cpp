@@ -1,7 +1,5 @@
-#include <gtest/gtest.h>
-#include <string>
-
 #include "asn1/asn_value.h"
+#include "support/unit_test.h"
 #include "x509/fields/x509_time.h"
 
 using namespace zul;

@@ -1,8 +1,7 @@
-#include <gtest/gtest.h>
 #include <sstream>
-#include <string>
 
 #include "rsa/xml_reader.h"
+#include "support/unit_test.h"
 
 namespace zul {
 
