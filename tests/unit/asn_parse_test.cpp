@@ -15,9 +15,6 @@ static std::string shape(const AsnList& list) {
     return text;
 }
 
-// Also indefinite inside definite lengths that end at the same place, a primitive of indefinite length (which
-// has no content), less than a header behind an element, and what can be no header there; length octets and
-// tags that are not the shortest; eight header octets.
 TEST(AsnParse, ReadsLevelsOfBothLengthForms) {
     const struct {
         const char *input, *one, *all; // all: "=" the same
@@ -110,13 +107,9 @@ TEST(AsnParse, NestsTwoHundredDeep) {
 // Content of any size in an indefinite length, whatever its count comes to.
 TEST(AsnParse, MarkersAloneEndIndefiniteLengths) {
     for (size_t content = 177540; content < 177550; content++) {
-        Bytes input = {0x30,
-                       0x80,
-                       0x04,
-                       0x83,
-                       static_cast<uint8_t>((content - 5) >> 16),
-                       static_cast<uint8_t>((content - 5) >> 8),
-                       static_cast<uint8_t>(content - 5)};
+        Bytes input = test::from_hex("3080 0483");
+        for (const int shift : {16, 8, 0})
+            input.push_back(static_cast<uint8_t>((content - 5) >> shift));
         input.resize(input.size() + content - 5 + 2);
         EXPECT_EQ(shape(asn_ParseAll(input.data(), input.size())), "0:16* 1:4 1:0");
     }
@@ -260,10 +253,7 @@ TEST(AsnParse, SplitsSignedData) {
         size_t tbs = 0, tbsSize = 0, algorithm = 0, signature = 0;
         ASSERT_EQ(asn_SplitSigned(stream, &tbs, &tbsSize, &algorithm, &signature), c.result) << c.input;
         if (c.result == 0) {
-            EXPECT_EQ(tbs, 2u);
-            EXPECT_EQ(tbsSize, 5u);
-            EXPECT_EQ(algorithm, 7u);
-            EXPECT_EQ(signature, 11u);
+            EXPECT_EQ((std::vector{tbs, tbsSize, algorithm, signature}), (std::vector<size_t>{2, 5, 7, 11}));
         }
     }
 }

