@@ -1,7 +1,7 @@
 #include "asn1/asn_element.h"
 #include "support/asn_lists.h"
 
-namespace zul {
+using namespace zul;
 
 using test::bytes_of, test::parse_hex;
 
@@ -19,12 +19,10 @@ TEST(AsnElement, BecomesDer) {
         {"30080201010403616263", "30080201010403616263"},
         {"30800201010000", "3003020101"},
         {"308400000003020101", "3003020101"},
-        {"3003048100", "30020400"},
         {"30800481C8" + octets + "0000", "3081CB0481C8" + octets},
         {"a080248004016100000000", "a003040161"},
         {"240704026162040163", "0403616263"},
         {"24802404040261620401630000", "0403616263"},
-        {"2400", "0400"},
         {"2380030300 0a3b 0305045f291cd0 0000", "0307040a3b5f291cd0"},
         {"2300", "030100"},
         {"3306040141040142", "13024142"}, // segments of a character string are OCTET STRINGs
@@ -93,5 +91,3 @@ TEST(AsnElement, EndsWhereItsContentDoes) {
     EXPECT_FALSE(asn_SameElement(part[0], nullptr));
     EXPECT_FALSE(asn_SameElement(nullptr, nullptr));
 }
-
-} // namespace zul

@@ -1,16 +1,14 @@
 #include "cms/message/certificate_arguments.h"
 #include "support/unit_test.h"
 
-namespace zul {
+using namespace zul;
 
 TEST(CertificateArguments, AreTakenApart) {
     const struct {
         const char* list;
         const char* items; // joined by "|"
     } cases[] = {
-        {"", ""},
         {" \t\r\n", ""},
-        {"a", "a"},
         {"a;", "a"},
         {" a b ; \n", "a b"},
         {";", "|"},
@@ -28,5 +26,3 @@ TEST(CertificateArguments, AreTakenApart) {
         EXPECT_EQ(items + (endsEmpty ? "|" : ""), c.items) << c.list;
     }
 }
-
-} // namespace zul

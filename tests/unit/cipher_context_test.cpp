@@ -2,7 +2,7 @@
 #include "support/unit_test.h"
 #include "zulcore.h"
 
-namespace zul {
+using namespace zul;
 
 namespace {
 
@@ -107,5 +107,3 @@ TEST(CipherContext, UpdateRefusesOtherLengths) {
         }
     }
 }
-
-} // namespace zul

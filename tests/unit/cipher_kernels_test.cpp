@@ -4,21 +4,11 @@
 #include "frame/wipe.h"
 #include "support/unit_test.h"
 
-namespace zul {
+using namespace zul;
 
 namespace {
 
 constexpr const char* kModeNames[kCipherModes] = {"ECB", "CBC", "CFB", "OFB", "CTR"};
-
-// Numbers without meaning, the same in each run.
-Bytes scrambled(size_t size, uint32_t seed) {
-    Bytes out(size);
-    for (auto& byte : out) {
-        seed = seed * 1664525 + 1013904223;
-        byte = static_cast<uint8_t>(seed >> 24);
-    }
-    return out;
-}
 
 // At each level the features above it are hidden.
 struct Level {
@@ -100,7 +90,7 @@ TEST_P(CipherKernels, ManyBlocksAreLikeOneAfterTheOther) {
         if (with.keyLength != keyLength)
             continue;
         const size_t block = with.blockLength;
-        const Bytes bytes = scrambled(keyLength, 1), in = scrambled(block * most, 2);
+        const Bytes bytes = test::sequence(keyLength, 1), in = test::sequence(block * most, 2);
         const CipherKey cipherKey = {bytes.data(), keyLength, 0};
         Wiped<CipherSchedule> key, reference;
         ASSERT_TRUE(with.setKey(*key, cipherKey, true));
@@ -151,10 +141,10 @@ INSTANTIATE_TEST_SUITE_P(All, CipherKernels, testing::ValuesIn(kLevels), [](cons
 // The dispatch never chooses this kernel on x86-64.
 TEST(TdesPortable, BatchIsLikeOneBlockAfterTheOther) {
     Wiped<TdesKey> key;
-    tdes_set_key(*key, scrambled(24, 3).data());
+    tdes_set_key(*key, test::sequence(24, 3).data());
     Wiped<TdesBitKey> bits;
     tdes_bit_key(*bits, *key);
-    const Bytes in = scrambled(64 * 8, 4);
+    const Bytes in = test::sequence(64 * 8, 4);
     for (const bool decrypt : {false, true}) {
         uint64_t batch[64];
         memcpy(batch, in.data(), sizeof batch);
@@ -167,5 +157,3 @@ TEST(TdesPortable, BatchIsLikeOneBlockAfterTheOther) {
         EXPECT_EQ(out, expected);
     }
 }
-
-} // namespace zul

@@ -5,7 +5,8 @@
 #include "x509/verify/verify.h"
 #include "zulcore.h"
 
-namespace zul {
+using namespace zul;
+
 namespace {
 
 Bytes operator+(Bytes a, const Bytes& b) {
@@ -258,5 +259,3 @@ TEST(CrlReader, DamageNeverHidesAnEntry) {
         }
     }
 }
-
-} // namespace zul

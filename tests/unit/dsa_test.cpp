@@ -1,7 +1,8 @@
 #include "support/unit_test.h"
 #include "x509/verify/dsa.h"
 
-namespace zul {
+using namespace zul;
+
 namespace {
 
 void set(MT number, const Bytes& bytes) {
@@ -88,5 +89,3 @@ TEST(Dsa, RefusesKeysThatProveNothing) {
         EXPECT_EQ(verify(key, digest, c.r, s), -1) << c.what;
     }
 }
-
-} // namespace zul

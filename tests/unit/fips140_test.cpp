@@ -26,15 +26,13 @@ Fips140Result passing() {
 } // namespace
 
 TEST(Fips140, CountsHandMadeSamples) {
-    struct Case {
+    const struct {
         std::vector<uint8_t> pattern;
         int ones, poker;
         std::array<int, 6> gaps, blocks;
         int longestGap, longestBlock;
-    };
-    // Poker: 16/5000 * sum of squares - 5000, so one nibble alone gives 75,000, two in equal parts 35,000,
-    // and all sixteen nearly equal 0.
-    const Case cases[] = {
+    } cases[] = {
+        // Poker: 16/5000 * sum of squares - 5000: 75,000 of one nibble, 35,000 of two in equal parts.
         {{0x00}, 0, 750000000, {0, 0, 0, 0, 0, 1}, {}, 20000, 0},
         {{0xFF}, 20000, 750000000, {}, {0, 0, 0, 0, 0, 1}, 0, 20000},
         {{0x55}, 10000, 750000000, {10000}, {10000}, 1, 1},
@@ -49,7 +47,7 @@ TEST(Fips140, CountsHandMadeSamples) {
          5},
         {{0x01, 0x23, 0x45, 0x67, 0x89, 0xAB, 0xCD, 0xEF}, 9996, 128, {}, {}, 0, 0},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         const Fips140Result result = fips140_test(repeated(c.pattern));
         SCOPED_TRACE(test::to_hex(c.pattern));
         EXPECT_EQ(result.ones, c.ones);
@@ -66,19 +64,18 @@ TEST(Fips140, CountsHandMadeSamples) {
 
 TEST(Fips140, Bounds) {
     EXPECT_TRUE(passing().passed());
-    struct Case {
+    const struct {
         const char* name;
         int Fips140Result::*count;
         int value;
         bool passes;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"ones", &Fips140Result::ones, 9725, false},    {"ones", &Fips140Result::ones, 9726, true},
         {"ones", &Fips140Result::ones, 10274, true},    {"ones", &Fips140Result::ones, 10275, false},
         {"poker", &Fips140Result::poker, 21600, false}, {"poker", &Fips140Result::poker, 21632, true},
         {"poker", &Fips140Result::poker, 461696, true}, {"poker", &Fips140Result::poker, 461728, false},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         Fips140Result result = passing();
         result.*c.count = c.value;
         EXPECT_EQ(result.passed(), c.passes) << c.name << " " << c.value;

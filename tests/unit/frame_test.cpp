@@ -59,21 +59,20 @@ TEST(ErrorTable, HasEachCodeOnceInItsPlace) {
 }
 
 TEST(Text, CopyAndAppendKeepWithinTheirRoom) {
-    struct Case {
+    const struct {
         const char* before;
         const char* src;
         int size, copied;
         const char* afterCopy;
         int appended;
         const char* afterAppend;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"ab", "cdef", 16, 4, "cdef", 6, "abcdef"}, {"ab", "cdef", 5, 4, "cdef", 6, "abcd"},
         {"ab", "cdef", 3, 4, "cd", 6, "ab"},        {"ab", "cdef", 1, 4, "", 6, "ab"},
         {"ab", "cdef", 0, 0, "ab", 0, "ab"},        {"ab", "", 16, 0, "", 2, "ab"},
         {"ab", nullptr, 16, 0, "ab", 0, "ab"},      {"ab", "cdef", -1, 0, "ab", 0, "ab"},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         char room[17];
         strcpy(room, c.before);
         EXPECT_EQ(str_copy(room, c.src, c.size), c.copied);

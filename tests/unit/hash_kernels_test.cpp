@@ -9,7 +9,7 @@
 #include "platform/cpu.h"
 #include "support/unit_test.h"
 
-namespace zul {
+using namespace zul;
 
 namespace {
 
@@ -45,22 +45,11 @@ std::string digest_hex(const void* data, size_t size, int algorithm) {
     return length < 0 ? "error" : test::to_hex(digest, static_cast<size_t>(length));
 }
 
-// The sequence that tests/data/hash/long_openssl.txt describes.
-Bytes sequence(size_t size) {
-    Bytes bytes(size);
-    uint32_t x = 1;
-    for (uint8_t& byte : bytes) {
-        x = x * 1103515245 + 12345;
-        byte = static_cast<uint8_t>(x >> 24);
-    }
-    return bytes;
-}
-
 // Calls a kernel itself, whatever the dispatcher would choose.
 template<class Word, size_t StateWords>
 void expect_same_as_portable(void (*kernel)(Word*, const uint8_t*, size_t),
                              void (*portable)(Word*, const uint8_t*, size_t)) {
-    const Bytes data = sequence(16 * sizeof(Word) * 27 + 1);
+    const Bytes data = test::sequence(16 * sizeof(Word) * 27 + 1);
     for (size_t blocks = 0; blocks <= 27; blocks++) {
         Word expected[StateWords], state[StateWords];
         for (size_t i = 0; i < StateWords; i++)
@@ -82,7 +71,7 @@ TEST_P(HashKernels, MeetOpensslAroundBlocksAndGroups) {
         {"SHA-224", kDigestSha224}, {"SHA-256", kDigestSha256}, {"SHA-384", kDigestSha384},
         {"SHA-512", kDigestSha512}};
     for (const auto& v : test::read_vectors("hash/long_openssl.txt")) {
-        const Bytes message = sequence(static_cast<size_t>(v.number("Length")));
+        const Bytes message = test::sequence(static_cast<size_t>(v.number("Length")));
         for (const auto& [name, algorithm] : algorithms)
             EXPECT_EQ(digest_hex(message.data(), message.size(), algorithm), v.text(name))
                 << v.where() << " " << name;
@@ -90,7 +79,7 @@ TEST_P(HashKernels, MeetOpensslAroundBlocksAndGroups) {
 }
 
 TEST_P(HashKernels, GiveTheSameForEverySplit) {
-    const Bytes message = sequence(1500);
+    const Bytes message = test::sequence(1500);
     for (int algorithm = 0; algorithm < 8; algorithm++) {
         const size_t block = digest_block_size(algorithm);
         // Two cuts: every first part to beyond two blocks, second parts below, at and above one and ten
@@ -144,7 +133,7 @@ TEST(HashLength, IsCountedInBitsAcrossWords) {
 }
 
 TEST(HashContexts, AreWipedWhenTheyEnd) {
-    const Bytes message = sequence(200);
+    const Bytes message = test::sequence(200);
     for (int algorithm = 0; algorithm < 8; algorithm++) {
         DigestContext context;
         memset(static_cast<void*>(&context), 0, sizeof context);
@@ -190,5 +179,3 @@ TEST(HashNumbers, OutsideTheTableAreRefused) {
         EXPECT_EQ(hash_bytes(digest, 64, "", -1, algorithm), -BAD_PARAM_ERROR);
     }
 }
-
-} // namespace zul

@@ -9,19 +9,14 @@ TEST(Hex, DecodesLeniently) {
         const char* bytes;
     } cases[] = {
         {"", ""},
-        {"A", ""},
         {"ABC", "ab"},
         {"DE:AD be-ef", "deadbeef"},
         {"0g1", "01"},
         {" a b\r\nc\td ", "abcd"},
         {"aAfF09", "aaff09"},
         {"/0:9@AGF`agf", "09afaf"},
-        {"\xC1\xB0"
-         "1",
-         ""},
-        {"1\xFF"
-         "2 3",
-         "12"},
+        {"\xC1\xB0\x31", ""},
+        {"1\xFF\x32 3", "12"},
     };
     for (const auto& c : cases) {
         const std::vector<uint8_t> expected = test::from_hex(c.bytes);
@@ -29,10 +24,9 @@ TEST(Hex, DecodesLeniently) {
         for (size_t room = 0; room <= expected.size() + 1; room++) {
             std::vector<uint8_t> out(room);
             out.resize(hex_decode(out.data(), room, c.text));
-            EXPECT_EQ(out, std::vector<uint8_t>(expected.begin(),
-                                                expected.begin() + static_cast<std::ptrdiff_t>(
-                                                                       std::min(room, expected.size()))))
-                << c.text << " room " << room;
+            Bytes cut = expected;
+            cut.resize(std::min(room, cut.size()));
+            EXPECT_EQ(out, cut) << c.text << " room " << room;
         }
     }
 }

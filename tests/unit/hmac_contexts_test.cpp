@@ -1,7 +1,7 @@
 #include "hash/hmac.h"
 #include "support/unit_test.h"
 
-namespace zul {
+using namespace zul;
 
 TEST(Hmac, LeavesNoKeyInItsContext) {
     for (const int algorithm : {0, 1, 3, 4, 5, 6, 7}) {
@@ -16,5 +16,3 @@ TEST(Hmac, LeavesNoKeyInItsContext) {
             << algorithm;
     }
 }
-
-} // namespace zul

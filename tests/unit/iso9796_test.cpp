@@ -2,7 +2,7 @@
 #include "support/unit_test.h"
 #include "zulcore.h"
 
-namespace zul {
+using namespace zul;
 
 // Every message comes back, and from a block with any bit changed another one or none.
 TEST(Iso9796, KeepsMessagesOfEveryLengthAndSeesDamage) {
@@ -30,5 +30,3 @@ TEST(Iso9796, KeepsMessagesOfEveryLengthAndSeesDamage) {
         EXPECT_EQ(iso9796_encode(block.data(), size - 1, message.data(), 1, bits), BAD_PARAM_ERROR);
     }
 }
-
-} // namespace zul

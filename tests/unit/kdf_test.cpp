@@ -1,7 +1,7 @@
 #include "pbe/kdf.h"
 #include "support/unit_test.h"
 
-namespace zul {
+using namespace zul;
 
 static Bytes derive(const test::Vector& v, uint32_t iterations, size_t length) {
     const std::string function = v.text("Function");
@@ -33,5 +33,3 @@ TEST(Kdf, VectorsWholeAndCut) {
         }
     }
 }
-
-} // namespace zul

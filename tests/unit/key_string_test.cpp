@@ -5,7 +5,7 @@
 #include "support/unit_test.h"
 #include "zulcore.h"
 
-namespace zul {
+using namespace zul;
 
 namespace {
 
@@ -122,5 +122,3 @@ TEST(KeyString, BelongsToOneProcessKeyHoweverManyThreadsAreFirst) {
         EXPECT_EQ(open(old), INVALID_DATA_ERROR);
     }
 }
-
-} // namespace zul

@@ -2,7 +2,7 @@
 #include "support/unit_test.h"
 #include "zulcore.h"
 
-namespace zul {
+using namespace zul;
 
 namespace {
 
@@ -84,5 +84,3 @@ TEST(TdesKeyWrap, MeetsItsStandardInPlaceToo) {
         EXPECT_EQ(buffer, wrongParity);
     }
 }
-
-} // namespace zul

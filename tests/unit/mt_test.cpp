@@ -4,7 +4,7 @@
 #include "support/death.h"
 #include "support/unit_test.h"
 
-namespace zul {
+using namespace zul;
 
 namespace {
 
@@ -221,5 +221,3 @@ TEST(BignumDeathTest, EndsTheProcessWithoutMemory) {
     EXPECT_REPORTED_END((memory_set_hooks(none), mtNew()), "mtNew: Failed to calloc memory\\.");
     EXPECT_REPORTED_END((memory_set_hooks(none), mt_resize(b, 2)), "mt_resize: Failed to realloc memory\\.");
 }
-
-} // namespace zul

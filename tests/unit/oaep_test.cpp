@@ -2,7 +2,7 @@
 #include "rsa/oaep.h"
 #include "support/unit_test.h"
 
-namespace zul {
+using namespace zul;
 
 // That others read and write the same blocks is tested with the exports.
 TEST(Oaep, TakesMessagesUpToItsLimitAndSeesDamage) {
@@ -68,5 +68,3 @@ TEST(Oaep, SeesEveryFaultByItself) {
         EXPECT_EQ(oaep_decode(content, &start, block.data(), block.size(), kDigestSha1), c.result) << c.what;
     }
 }
-
-} // namespace zul

@@ -1,7 +1,7 @@
 #include "cipher/padding.h"
 #include "support/unit_test.h"
 
-namespace zul {
+using namespace zul;
 
 TEST(PadCount, AcceptsExactlyWholePads) {
     for (const size_t block : {8u, 16u}) {
@@ -21,5 +21,3 @@ TEST(PadCount, AcceptsExactlyWholePads) {
         }
     }
 }
-
-} // namespace zul

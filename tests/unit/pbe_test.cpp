@@ -2,14 +2,14 @@
 #include <map>
 
 #include "frame/debug_output.h"
-#include "hash/sha1.h"
+#include "hash/digest.h"
 #include "pbe/kdf.h"
 #include "pbe/pbe.h"
 #include "pbe/pbe_params.h"
 #include "support/asn_lists.h"
 #include "zulcore.h"
 
-namespace zul {
+using namespace zul;
 
 using test::bytes_of;
 
@@ -40,11 +40,8 @@ std::string salt_hex(const std::string& password, time_t seconds) {
     message.insert(message.end(), kPlain.begin(), kPlain.end());
     for (int i = 0; seconds != 0 && i < 64; i += 8)
         message.push_back(static_cast<uint8_t>(seconds >> i));
-    uint8_t digest[kSha1Size];
-    Sha1Context context;
-    sha1_init(context);
-    sha1_update(context, message.data(), message.size());
-    sha1_final(context, digest);
+    uint8_t digest[8];
+    EXPECT_GT(hash_bytes(digest, 8, message.data(), static_cast<int64_t>(message.size()), kDigestSha1), 0);
     return test::to_hex(digest, 8);
 }
 
@@ -159,13 +156,12 @@ TEST(Pbe, RefusesDamagedParameters) {
     const char noParams[] = "Failed to extract PBE parameters",
                noCipher[] = "PBES2 encryption scheme parameters invalid or not supported",
                noFormat[] = "Invalid EncryptedPrivateKeyInfo format";
-    struct Case {
+    const struct {
         std::string sample;
         const char *from, *to;
         int error;
         const char* text;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {aes, "f70d01050d", "f70d01050e", NOT_SUPPORTED_ERROR,
          "Unsupported PBE algorithm: 1.2.840.113549.1.5.14"},
         {aes, "f70d01050d", "f70d010105", NOT_SUPPORTED_ERROR,
@@ -191,7 +187,7 @@ TEST(Pbe, RefusesDamagedParameters) {
         {v1, "3057", "3157", BAD_FORMAT_ERROR, noFormat},
         {v1, "0438", "0000", BAD_FORMAT_ERROR, noFormat},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.sample + " " + c.from + " " + c.to);
         SecretBuffer plain;
         EXPECT_EQ(decrypt(test::from_hex(replace_once(samples[c.sample], c.from, c.to)), "x", plain),
@@ -228,5 +224,3 @@ TEST(Pbe, TracesItsSteps) {
     debugOutput.structures = 0;
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "Made salt\nMade key\nMade ciphertext\n");
 }
-
-} // namespace zul

@@ -14,10 +14,8 @@ TEST(PemReader, FindsTheBody) {
     } cases[] = {
         {"-----BEGIN X-----\r\nQUJD\r\n-----END X-----\r\n", "\r\nQUJD\r\n"},
         {"-----BEGIN ANY WORD AT ALL-----\nQUJD\n-----END OTHER-----", "\nQUJD\n"},
-        {"text before\n-----BEGIN X-----\nQUJD\n-----END X-----", "\nQUJD\n"},
         {"-----END Y-----\n-----BEGIN X-----\nQUJD\n-----END X-----", "\nQUJD\n"},
         {"-----BEGIN X-----\v42\nQUJD\n-----END X-----", "\v42\nQUJD\n"},
-        {"-----BEGIN X-----\xA0\nQUJD\n-----END X-----", "\xA0\nQUJD\n"},
         {"-----BEGIN X-----QUJD-----END X-----", "QUJD"},
         {"-----BEGIN X-----12345678-----END X-----", ""},
         {"-----BEGIN X-----\nQUJD\n-----BEGIN X-----\n-----END X-----", "\nQUJD\n-----BEGIN X-----\n"},
@@ -26,7 +24,6 @@ TEST(PemReader, FindsTheBody) {
         {"-----BEGIN X-----\nQUJDREVGR0hJSktM\n----END X----", none},
         {"-----BEGIN no end of the header line\nQUJDREVG", none},
         {"QUJDREVGR0hJSktMTU5PUFFSU1RVVldYWVo=", none},
-        {"", none},
     };
     for (const auto& c : cases) {
         const std::vector<char> exact(c.text.begin(), c.text.end()); // no NUL follows

@@ -3,7 +3,7 @@
 #include "support/unit_test.h"
 #include "zulcore.h"
 
-namespace zul {
+using namespace zul;
 
 TEST(Pkcs1Encryption, PadsWithNonzeroBytesAndFindsTheirEnd) {
     const Bytes message(2000 - kPkcs1Overhead + 1, 0);
@@ -63,5 +63,3 @@ TEST(Pkcs1Signature, OpensNothingButWholeBlocks) {
         }
     }
 }
-
-} // namespace zul

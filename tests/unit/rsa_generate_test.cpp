@@ -6,7 +6,7 @@
 #include "support/unit_test.h"
 #include "zulcore.h"
 
-namespace zul {
+using namespace zul;
 
 namespace {
 
@@ -193,5 +193,3 @@ TEST(RsaPairwiseTest, FailsForHalvesThatDoNotMatch) {
     key.bits = 8;
     EXPECT_EQ(rsaPairwiseTest(&key), BAD_LENGTH_ERROR);
 }
-
-} // namespace zul

@@ -2,7 +2,7 @@
 #include "support/unit_test.h"
 #include "zulcore.h"
 
-namespace zul {
+using namespace zul;
 
 namespace {
 
@@ -131,5 +131,3 @@ TEST(RsaOperation, HoldsForOrdinaryForeignAndContradictoryKeys) {
             expect_long_exponents(v);
     }
 }
-
-} // namespace zul

