@@ -12,8 +12,9 @@ asn_Node* asn_NewAfter(AsnList& list, asn_Node* prev, uint32_t cls, uint32_t tag
 
 AsnList asn_NewSequence(AsnList content);
 AsnList asn_NewSet(AsnList content);
-AsnList asn_NewExplicit(uint32_t n, AsnList content); // context-specific constructed [n]
-AsnList asn_NewOctetStringOf(AsnList content);        // the list's encoding becomes the content
+AsnList asn_NewAttribute(const char* type, AsnList value); // X.501, with one value; type as for asn_NewOid
+AsnList asn_NewExplicit(uint32_t n, AsnList content);      // context-specific constructed [n]
+AsnList asn_NewOctetStringOf(AsnList content);             // the list's encoding becomes the content
 AsnList asn_NewOctetString(const void* bytes, size_t n);
 AsnList asn_NewContextPrim(uint32_t n, const void* bytes, size_t len); // context-specific primitive [n]
 AsnList asn_NewInteger(uint32_t value);

@@ -57,6 +57,10 @@ AsnList asn_NewSet(AsnList content) {
     return asn_Join(asn_New(kAsnConstructed, kAsnSet), std::move(content));
 }
 
+AsnList asn_NewAttribute(const char* type, AsnList value) {
+    return asn_NewSequence(asn_LinkList(asn_NewOid(type), asn_NewSet(std::move(value))));
+}
+
 AsnList asn_NewExplicit(uint32_t n, AsnList content) {
     return asn_Join(asn_New(kAsnExplicit, n), std::move(content));
 }

@@ -91,6 +91,11 @@ int asn_OidEquals(const asn_Node* node, const OidInfo* rec) {
     return n == 0 || memcmp(node->data, rec->bytes, n) == 0 ? 0 : -1;
 }
 
+bool asn_OidIs(const asn_Node* node, const char* name) {
+    OidInfo named;
+    return oid_FromName(&named, name) > 0 && asn_OidEquals(node, &named) == 0;
+}
+
 bool asn_GetOctets(const asn_Node* node, SecretBuffer& content) {
     if (asn_is(node, kAsnUniversal, kAsnOctetString)) {
         content = copy_of(node->data, content_size(node));

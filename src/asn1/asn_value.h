@@ -18,6 +18,7 @@ int64_t asn_GetInt(const asn_Node* node);
 [[nodiscard]] int asn_GetOid(const asn_Node* node,
                              OidInfo* rec); // 0, or -1 for another type or an unknown OID
 [[nodiscard]] int asn_OidEquals(const asn_Node* node, const OidInfo* rec); // 0 if equal, else -1
+bool asn_OidIs(const asn_Node* node, const char* name);                    // a name of the OID table
 
 // BIT STRINGs as flags: named bit 0 is 0x1, bit 1 is 0x2 and so on. 0 with a text if there are more than 32.
 uint32_t asn_GetBitFlags(const asn_Node* node);

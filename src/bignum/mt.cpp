@@ -109,6 +109,10 @@ int mtIsZero(const MtNumber* a) {
     return mpIsZero(a->digits, a->ndigits);
 }
 
+bool mtIsOdd(const MtNumber* a) {
+    return mtBitLength(a) > 0 && (a->digits[0] & 1) != 0;
+}
+
 int mtShortCmp(const MtNumber* a, DIGIT_T d) {
     return mpShortCmp(a->digits, d, a->ndigits);
 }

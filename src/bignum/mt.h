@@ -31,6 +31,7 @@ size_t mtBitLength(const MtNumber* b);
 [[nodiscard]] int mtIsEqual(const MtNumber* a, const MtNumber* b); // 1 or 0, by value
 [[nodiscard]] int mtIsZero(const MtNumber* a);                     // 1 or 0; -1 for an object without digits
 [[nodiscard]] int mtShortCmp(const MtNumber* a, DIGIT_T d);
+bool mtIsOdd(const MtNumber* a);
 
 DIGIT_T mtAdd(MT w, MT u, MT v);            // the carry, which w has room for
 DIGIT_T mtSubtract(MT w, MT u, MT v);       // the borrow

@@ -107,8 +107,7 @@ bool ecdsa_verify(const uint8_t* rs, EcCurve curve, const uint8_t* point, const 
 void ec_make_private(uint8_t* d, EcCurve curve) {
     const EcOperations& operations = ec_operations(curve);
     do {
-        if (rng_bytes(d, operations.bytes) != 0)
-            rng_fail();
+        rng_draw(d, operations.bytes);
         shift_right(d, operations.bytes, 8 * operations.bytes - operations.bits);
     } while (!operations.scalar_is_valid(d));
 }

@@ -120,6 +120,14 @@ size_t b64_decode(uint8_t* out, size_t outMax, const char* text, size_t textLen)
     return written;
 }
 
+SecretBuffer b64_text(const uint8_t* data, size_t len) {
+    const size_t chars = b64_encoded_length(len);
+    SecretBuffer text(chars + 1);
+    b64_encode(text.text(), chars + 1, data, len);
+    text.shrink(chars);
+    return text;
+}
+
 size_t b64_decode(uint8_t* out, size_t outMax, const char* text) {
     return b64_decode(out, outMax, text, strlen(text));
 }

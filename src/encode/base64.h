@@ -2,6 +2,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "frame/memory.h"
+
 namespace zul {
 
 // b64_encode writes base64 in one line into out, which holds outSize bytes, the NUL included. Only whole
@@ -12,6 +14,9 @@ size_t b64_encode(char* out, size_t outSize, const uint8_t* data, size_t len);
 constexpr size_t b64_encoded_length(size_t len) {
     return (len / 3 + (len % 3 != 0)) * 4;
 }
+
+// b64_text gives the whole text; size() does not count the NUL that follows.
+SecretBuffer b64_text(const uint8_t* data, size_t len);
 
 // b64_decode reads up to the NUL or the first "=", skipping every character outside the alphabet. It stops at
 // the first group whose bytes do not all fit into outMax. Returns the bytes written. The form with a length

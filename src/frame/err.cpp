@@ -75,4 +75,8 @@ int err_fail(int code, const char* format, ...) {
     return code;
 }
 
+int err_invalid_data(const char* text) {
+    return err_fail(INVALID_DATA_ERROR, "%s", text);
+}
+
 } // namespace zul

@@ -22,5 +22,6 @@ void err_add_text(const char* format, ...) __attribute__((format(printf, 1, 2)))
 
 // err_fail adds a text and returns the code, which it leaves unrecorded.
 [[nodiscard]] int err_fail(int code, const char* format, ...) __attribute__((format(printf, 2, 3)));
+[[nodiscard]] int err_invalid_data(const char* text); // with INVALID_DATA_ERROR
 
 } // namespace zul

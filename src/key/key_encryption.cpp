@@ -131,8 +131,8 @@ int key_encrypt(AsnList& list, const SecretBuffer& plain, const char* password,
                 const KeyEncryption& encryption) {
     const BlockCipher& cipher = block_cipher(encryption.cipher);
     uint8_t salt[kSalt], iv[kMaxCipherBlock];
-    if (rng_bytes(salt, sizeof salt) != 0 || rng_bytes(iv, sizeof iv) != 0)
-        rng_fail();
+    rng_draw(salt, sizeof salt);
+    rng_draw(iv, sizeof iv);
     Secret<kMaxCipherKey> key;
     if (encryption.kdf == KeyKdf::pbkdf2) {
         pbkdf2(key.data(), cipher.keyLength, encryption.digest, password, strlen(password), salt, sizeof salt,

@@ -40,12 +40,6 @@ size_t rsa_bits(const char* digits) {
     return *digits == '\0' || bits > kMostRsaBits ? bits : 0;
 }
 
-int random_fill(uint8_t* out, size_t length, const uint8_t* seed, size_t seedLength) {
-    if (rng_bytes(out, length, seed, seedLength) != 0)
-        rng_fail();
-    return 0;
-}
-
 } // namespace
 
 int key_choose(KeyChoice& choice, const char* name) {
@@ -74,12 +68,12 @@ int key_make(Key& key, const KeyChoice& choice, int options) {
                                                     .tests = kPrimeTests,
                                                     .seed = nullptr,
                                                     .seedLen = 0,
-                                                    .fill = random_fill,
+                                                    .fill = rng_fill,
                                                     .options = options});
     if (key.is_ec())
         ec_make_private(key.secret.data(), key.curve());
     else
-        random_fill(key.secret.data(), key_kind_info(key.kind).secretBytes, nullptr, 0);
+        rng_draw(key.secret.data(), key_kind_info(key.kind).secretBytes);
     key_make_public(key);
     return 0;
 }

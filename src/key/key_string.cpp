@@ -28,14 +28,6 @@ void set_key(AesKey& key) {
     aes_set_encrypt_key(key, bytes.data(), kStringKey);
 }
 
-SecretBuffer base64_text(const uint8_t* data, size_t size) {
-    const size_t chars = b64_encoded_length(size);
-    SecretBuffer text(chars + 1);
-    b64_encode(text.text(), chars + 1, data, size);
-    text.shrink(chars);
-    return text;
-}
-
 void put_number(uint8_t* out, uint32_t value) {
     for (size_t i = 0; i < 4; i++)
         out[i] = static_cast<uint8_t>(value >> (24 - 8 * i));
@@ -109,7 +101,7 @@ bool open(const char* text, Key& key) {
     const size_t size = b64_decode(bytes.data(), bytes.size(), text, chars);
     if (size <= kOverhead)
         return false;
-    const SecretBuffer again = base64_text(bytes.data(), size);
+    const SecretBuffer again = b64_text(bytes.data(), size);
     if (again.size() != chars || memcmp(again.data(), text, chars) != 0)
         return false;
     Wiped<AesKey> aes;
@@ -141,13 +133,12 @@ SecretBuffer key_string_write(const Key& key) {
     SecretBuffer bytes(kOverhead + payload.size());
     b64_decode(bytes.data(), kMark, key.isPrivate ? kPrivateMark : kPublicMark);
     uint8_t *const nonce = bytes.data() + kMark, *const sealed = nonce + kNonce;
-    if (rng_bytes(nonce, kNonce) != 0)
-        rng_fail();
+    rng_draw(nonce, kNonce);
     Wiped<AesKey> aes;
     set_key(*aes);
     gcm_encrypt(sealed, sealed + payload.size(), *aes, nonce, kNonce, bytes.data(), kMark, payload.data(),
                 payload.size());
-    return base64_text(bytes.data(), bytes.size());
+    return b64_text(bytes.data(), bytes.size());
 }
 
 size_t key_string_most(KeyKind kind, size_t bits) {

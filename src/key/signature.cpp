@@ -21,11 +21,6 @@ int no_signature() {
     return err_fail(SIGNATURE_ERROR, "The signature does not verify");
 }
 
-void draw(uint8_t* out, size_t size) {
-    if (rng_bytes(out, size) != 0)
-        rng_fail();
-}
-
 int too_short() {
     return err_fail(BAD_KEY_LEN_ERROR, "The RSA key is too short for the algorithm");
 }
@@ -65,7 +60,7 @@ int sign_rsa(SecretBuffer& signature, const Key& key, const SignatureAlgorithm& 
         if (const int error = rsa_encoding(encoding, key, algorithm))
             return error;
         SecretBuffer salt(encoding.saltSize);
-        draw(salt.data(), salt.size());
+        rng_draw(salt.data(), salt.size());
         // A modulus of 8n + 1 bits leaves a zero byte in front.
         pss_encode(block.data() + block.size() - encoding.bytes(), encoding, digest.data(), salt.data());
     }
@@ -101,7 +96,7 @@ int sign_ecdsa(SecretBuffer& signature, const Key& key, const SignatureAlgorithm
     Secret<kEcdsaExtra> extra;
     const bool isDeterministic = (options & ZUL_SIG_DETERMINISTIC) != 0;
     if (!isDeterministic)
-        draw(extra.data(), extra.size());
+        rng_draw(extra.data(), extra.size());
     if (ecdsa_sign(rs, key.curve(), key.secret.data(), digest.data(), digest_length(algorithm.digest),
                    algorithm.digest, isDeterministic ? nullptr : extra.data()) != 0)
         return err_fail(NOT_SUPPORTED_ERROR, "RFC 6979 needs a digest that has an HMAC");

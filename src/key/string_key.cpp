@@ -25,8 +25,7 @@ void string_key(Secret<kStringKey>& key) {
     while (!copy_made_key(key)) {
         // The generator takes the lock itself, so the bytes are drawn before it. Another thread may be first.
         Secret<kStringKey> drawn;
-        if (rng_bytes(drawn.data(), kStringKey) != 0)
-            rng_fail();
+        rng_draw(drawn.data(), kStringKey);
         const platform::LockGuard lock;
         if (!isMade)
             memcpy(theKey.data(), drawn.data(), kStringKey);

@@ -11,7 +11,6 @@
 #include "asn1/asn_parse.h"
 #include "asn1/asn_value.h"
 #include "asn1/byte_stream.h"
-#include "asn1/oid.h"
 #include "encode/hex.h"
 #include "frame/err.h"
 #include "frame/text.h"
@@ -82,9 +81,7 @@ struct BasicResponse {
 // find_basic_response gives the content of a successful response.
 int find_basic_response(AsnChildren& fields, SecretBuffer& content) {
     AsnChildren responseBytes(AsnChildren(fields.take_if(kAsnExplicit, 0)).take_sequence());
-    OidInfo basic;
-    oid_FromName(&basic, "ocspBasic");
-    if (asn_OidEquals(responseBytes.take_oid(), &basic) != 0)
+    if (!asn_OidIs(responseBytes.take_oid(), "ocspBasic"))
         return err_fail(NOT_SUPPORTED_ERROR, "Require responseType to be ocspBasic");
     if (!asn_GetOctets(responseBytes.take(), content))
         return err_fail(INVALID_DATA_ERROR, "Cannot find response data");

@@ -111,8 +111,7 @@ AsnList pfx_mac_data(const SecretBuffer& safe, const char* password) {
     PfxMac mac;
     mac.salt = SecretBuffer(kSaltLength);
     mac.iterations = kIterations;
-    if (rng_bytes(mac.salt.data(), kSaltLength) != 0)
-        rng_fail();
+    rng_draw(mac.salt.data(), kSaltLength);
     Secret<kMaxDigestSize> value;
     const size_t length = compute(mac, safe, wide(password), value);
     // The algorithm stands without its NULL here: that is how these files have always been written.

@@ -44,17 +44,13 @@ int test_key(const asn_Node* encrypted, const char* password) {
     return err_fail(DECRYPT_ERROR, "Could not decrypt key");
 }
 
-AsnList attribute(const char* name, AsnList value) {
-    return asn_NewSequence(asn_LinkList(asn_NewOid(name), asn_NewSet(std::move(value))));
-}
-
 // The attributes stand in this order, which readers do not mind, even where that of DER would be another (a
 // friendly name of one or two characters).
 AsnList bag_attributes(const char* friendlyName) {
     constexpr uint8_t kLocalKeyId[] = {1, 0, 0, 0};
-    AsnList keyId = attribute("localKeyID", asn_NewOctetString(kLocalKeyId, sizeof kLocalKeyId));
+    AsnList keyId = asn_NewAttribute("localKeyID", asn_NewOctetString(kLocalKeyId, sizeof kLocalKeyId));
     return asn_NewSet(
-        asn_LinkList(std::move(keyId), attribute("friendlyName", asn_NewBMPString(friendlyName))));
+        asn_LinkList(std::move(keyId), asn_NewAttribute("friendlyName", asn_NewBMPString(friendlyName))));
 }
 
 AsnList data_content_info(AsnList content) {

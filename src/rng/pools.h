@@ -41,8 +41,6 @@ class EntropyPools {
     // written, a multiple of 20, 0 if it is not due.
     size_t gather(bool force, uint64_t now, uint8_t out[kMaxYield]);
 
-    uint32_t reseed_count() const { return reseedCount_; }
-
   private:
     void feed(unsigned pool, const uint8_t* events, size_t size);
 

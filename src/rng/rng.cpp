@@ -37,6 +37,16 @@ int rng_bytes(uint8_t* out, size_t len, const uint8_t* addl, size_t addlLen) {
     return 0;
 }
 
+void rng_draw(uint8_t* out, size_t len, const uint8_t* addl, size_t addlLen) {
+    if (rng_bytes(out, len, addl, addlLen) != 0)
+        rng_fail();
+}
+
+int rng_fill(uint8_t* out, size_t len, const uint8_t* addl, size_t addlLen) {
+    rng_draw(out, len, addl, addlLen);
+    return 0;
+}
+
 int rng_number(int lower, int upper) {
     if (upper <= lower)
         return lower;
@@ -49,8 +59,7 @@ int rng_number(int lower, int upper) {
     uint32_t value = 0;
     for (int draws = 0; draws < 25; draws++) {
         uint8_t bytes[4];
-        if (rng_bytes(bytes, sizeof bytes) != 0)
-            rng_fail();
+        rng_draw(bytes, sizeof bytes);
         value =
             (bytes[0] | uint32_t{bytes[1]} << 8 | uint32_t{bytes[2]} << 16 | uint32_t{bytes[3]} << 24) & mask;
         wipe_bytes(bytes, sizeof bytes);

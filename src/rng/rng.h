@@ -21,6 +21,10 @@ constexpr size_t kSystemRandom = 32; // bytes of the operating system's generato
 // all 32 bits. A generator that fails ends the process (rng_fail).
 int rng_number(int lower, int upper);
 
+// rng_draw is rng_bytes for callers who cannot go on without them: a failure ends the process (rng_fail).
+void rng_draw(uint8_t* out, size_t len, const uint8_t* addl = nullptr, size_t addlLen = 0);
+int rng_fill(uint8_t* out, size_t len, const uint8_t* addl, size_t addlLen); // likewise, as an MtFill: 0
+
 // rng_fail reports a generator that failed and ends the process with status 1.
 [[noreturn]] void rng_fail();
 

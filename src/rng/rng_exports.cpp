@@ -14,9 +14,8 @@ int RNG_Bytes(unsigned char* lpOutput, int nBytes, const void* lpSeed, int nSeed
         return -BAD_PARAM_ERROR;
     if (static_cast<size_t>(nBytes) > kMaxRandomRequest)
         return -PRNG_ERR_TOOBIG;
-    if (rng_bytes(lpOutput, static_cast<size_t>(nBytes), static_cast<const uint8_t*>(lpSeed),
-                  static_cast<size_t>(nSeedLen)) != 0)
-        rng_fail();
+    rng_draw(lpOutput, static_cast<size_t>(nBytes), static_cast<const uint8_t*>(lpSeed),
+             static_cast<size_t>(nSeedLen));
     return 0;
 }
 

@@ -41,8 +41,7 @@ int oaep_encode(uint8_t* out, size_t outLen, const uint8_t* message, size_t leng
     if (length > 0)
         memmove(db + start, message, length);
     out[0] = 0;
-    if (rng_bytes(seed, hLen) != 0)
-        rng_fail();
+    rng_draw(seed, hLen);
     empty_label_digest(db, algorithm);
     memset(db + hLen, 0, start - 1 - hLen);
     db[start - 1] = 1;

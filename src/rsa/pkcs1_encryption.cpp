@@ -23,8 +23,7 @@ void fill_nonzero(uint8_t* out, size_t count) {
     Secret<kDraw * kDraws> random;
     while (count > 0) {
         const size_t draws = std::min(count, kDraws);
-        if (rng_bytes(random.data(), draws * kDraw) != 0)
-            rng_fail();
+        rng_draw(random.data(), draws * kDraw);
         for (size_t i = 0; i < draws; i++) {
             const uint8_t* draw = random.data() + i * kDraw;
             const uint8_t* found = std::find_if(draw, draw + kDraw, [](uint8_t octet) { return octet != 0; });

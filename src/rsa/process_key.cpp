@@ -35,8 +35,7 @@ void process_key(Secret<kProcessKey>& key) {
     while (!copy_made_key(key.data())) {
         // The generator takes the lock itself, so the bytes are drawn before it. Another thread may be first.
         Secret<kProcessKey> drawn;
-        if (rng_bytes(drawn.data(), kProcessKey) != 0)
-            rng_fail();
+        rng_draw(drawn.data(), kProcessKey);
         const platform::LockGuard lock;
         if (theKey == kUnmade)
             memcpy(theKey.data(), drawn.data(), kProcessKey);

@@ -17,8 +17,7 @@ void random_below(MT number, const RsaKey& key) {
     SecretBuffer bytes(key.bytes());
     do {
         for (size_t done = 0; done < bytes.size(); done += kMaxRandomRequest)
-            if (rng_bytes(bytes.data() + done, std::min(bytes.size() - done, kMaxRandomRequest)) != 0)
-                rng_fail();
+            rng_draw(bytes.data() + done, std::min(bytes.size() - done, kMaxRandomRequest));
         mtConvFromOctets(number, bytes.data(), bytes.size());
         mtModulo(number, number, key.n);
     } while (mtIsZero(number) != 0);

@@ -70,11 +70,6 @@ bool is_rsa_algorithm(const asn_Node* algorithm) {
     return false;
 }
 
-bool is_odd(const BigInt& a) {
-    const MtNumber* number = a;
-    return mtBitLength(a) > 0 && (number->digits[0] & 1) != 0;
-}
-
 // is_in_range tells whether a is from 1 to below the limit.
 bool is_in_range(const BigInt& a, const BigInt& limit) {
     return mtBitLength(a) > 0 && mtCompare(a, limit) < 0;
@@ -82,7 +77,7 @@ bool is_in_range(const BigInt& a, const BigInt& limit) {
 
 // With the ranges of dP and dQ, p and q are above 1.
 bool has_usable_primes(const RsaKey& key) {
-    if (!is_odd(key.p) || !is_odd(key.q))
+    if (!mtIsOdd(key.p) || !mtIsOdd(key.q))
         return false;
     BigInt product;
     mtMultiply(product, key.p, key.q);
@@ -98,7 +93,7 @@ bool has_usable_primes(const RsaKey& key) {
 } // namespace
 
 bool rsa_values_usable(const RsaKey& key) {
-    if (!is_odd(key.n) || key.bits != mtBitLength(key.n) || key.bits > kMaxRsaBits ||
+    if (!mtIsOdd(key.n) || key.bits != mtBitLength(key.n) || key.bits > kMaxRsaBits ||
         !is_in_range(key.e, key.n))
         return false;
     const bool isLongExponent = mtBitLength(key.e) > kMaxShortExponent;
@@ -112,7 +107,7 @@ bool rsa_values_usable(const RsaKey& key) {
 }
 
 bool rsa_exponent_is_safe(const RsaKey& key) {
-    return is_odd(key.e) && mtShortCmp(key.e, 3) >= 0;
+    return mtIsOdd(key.e) && mtShortCmp(key.e, 3) >= 0;
 }
 
 AsnList rsa_public_key_list(const RsaKey& key) {

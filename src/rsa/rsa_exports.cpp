@@ -22,13 +22,6 @@ namespace {
 
 constexpr int kMinBits = 97;
 
-// random_fill never returns without random bytes: no key is made from others.
-int random_fill(uint8_t* out, size_t length, const uint8_t* seed, size_t seedLength) {
-    if (rng_bytes(out, length, seed, seedLength) != 0)
-        rng_fail();
-    return 0;
-}
-
 // give_public and give_private leave an export with a key string, or with the code of an error before.
 int give_public(CallFrame& frame, int code, char* out, int outChars, const RsaKey& key) {
     int length = 0;
@@ -85,7 +78,7 @@ int RSA_MakeKeys(const char* szPubKeyFile, const char* szPriKeyFile, int nBits, 
                                    .tests = static_cast<size_t>(nTests),
                                    .seed = static_cast<const uint8_t*>(lpSeed),
                                    .seedLen = seedLen,
-                                   .fill = random_fill,
+                                   .fill = rng_fill,
                                    .options = nOptions};
     return frame.status(rsa_make_keys({szPubKeyFile, szPriKeyFile, szPassword, nCount}, generation));
 }

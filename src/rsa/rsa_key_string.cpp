@@ -43,23 +43,10 @@ void check_value(uint8_t out[kBlock], KeyStringType type, const uint8_t* payload
     memcpy(out, digest.data(), kBlock);
 }
 
-void draw(uint8_t* out, size_t size) {
-    if (rng_bytes(out, size) != 0)
-        rng_fail();
-}
-
 void set_process_key(TdesKey& key) {
     Secret<kProcessKey> bytes;
     process_key(bytes);
     tdes_set_key(key, bytes.data());
-}
-
-SecretBuffer base64_text(const uint8_t* data, size_t size) {
-    const size_t chars = b64_encoded_length(size);
-    SecretBuffer text(chars + 1);
-    b64_encode(text.text(), chars + 1, data, size);
-    text.shrink(chars);
-    return text;
 }
 
 // decode decodes a key string. A protected one has to be exactly the text that encoding its bytes gives, so
@@ -74,7 +61,7 @@ bool decode(const char* text, SecretBuffer& bytes) {
     SecretBuffer decoded(size);
     b64_decode(decoded.data(), size, text, chars);
     if (decoded[0] == kProtected) {
-        const SecretBuffer again = base64_text(decoded.data(), size);
+        const SecretBuffer again = b64_text(decoded.data(), size);
         if (again.size() != chars || memcmp(again.data(), text, chars) != 0)
             return false;
     }
@@ -89,13 +76,13 @@ void protect(SecretBuffer& block, const uint8_t* der, size_t derLen, KeyStringTy
     payload[0] = static_cast<uint8_t>(derLen >> 8);
     payload[1] = static_cast<uint8_t>(derLen);
     memcpy(payload + kLengthField, der, derLen);
-    draw(payload + kLengthField + derLen, payloadSize - kLengthField - derLen);
+    rng_draw(payload + kLengthField + derLen, payloadSize - kLengthField - derLen);
     check_value(payload + payloadSize, type, payload, payloadSize);
 
     Wiped<TdesKey> key;
     set_process_key(*key);
     Secret<kBlock> iv;
-    draw(iv.data(), kBlock);
+    rng_draw(iv.data(), kBlock);
     memcpy(block.data(), iv.data(), kBlock);
     tdes_cbc_encrypt(*key, iv.data(), payload, payload, payloadSize / kBlock + 1);
     std::reverse(block.data(), block.data() + block.size());
@@ -172,7 +159,7 @@ SecretBuffer key_string_make(const uint8_t* der, size_t derLen, KeyStringType ty
     if (derLen == 0 || derLen > kMaxDer)
         return {};
     if (!is_marked(type))
-        return base64_text(der, derLen);
+        return b64_text(der, derLen);
     const size_t padding = kBlock - (derLen + kLengthField) % kBlock;
     SecretBuffer block(kBlock + kLengthField + derLen + padding + kBlock);
     protect(block, der, derLen, type);
@@ -180,7 +167,7 @@ SecretBuffer key_string_make(const uint8_t* der, size_t derLen, KeyStringType ty
     SecretBuffer marked(kMarker + block.size());
     b64_decode(marked.data(), kMarker, kMarkers[static_cast<int>(type)]);
     memcpy(marked.data() + kMarker, block.data(), block.size());
-    return base64_text(marked.data(), marked.size());
+    return b64_text(marked.data(), marked.size());
 }
 
 int key_string_open(const char* keyString, SecretBuffer& der, KeyStringType* type) {

@@ -24,8 +24,7 @@ int rng_bytes_with_prompt(uint8_t* out, size_t size, const char* prompt, int opt
     // The pools keep most events for later reseeds, so the digest of all events is an additional input.
     Secret<kSha1Size> all;
     events.digest(all.data());
-    if (rng_bytes(out, size, all.data(), all.size()) != 0)
-        rng_fail();
+    rng_draw(out, size, all.data(), all.size());
     return 0;
 }
 

@@ -56,7 +56,6 @@ TEST(EntropyPools, DrainPoolIAtEveryReseedDivisibleByTwoToTheI) {
         for (unsigned i = 0; i < 32 && reseed % (1ull << i) == 0; i++)
             yield += expected.drain(i);
         ASSERT_EQ(gather(pools), yield) << "reseed " << reseed;
-        EXPECT_EQ(pools.reseed_count(), reseed);
     }
 }
 

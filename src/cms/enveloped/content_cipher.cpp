@@ -17,10 +17,6 @@ namespace {
 
 constexpr char kPaddedTripleDes[] = "des_3CBC_pad"; // another name of Triple DES, which old messages have
 
-int invalid(const char* text) {
-    return err_fail(INVALID_DATA_ERROR, "%s", text);
-}
-
 // rc2_bits gives the effective key bits for a parameter version, 0 for an unsupported one (RFC 2268, 6).
 unsigned rc2_bits(int64_t version) {
     switch (version) {
@@ -65,16 +61,16 @@ bool ContentCipher::read_iv(const asn_Node* node) {
 
 int ContentCipher::read_rc2_parameter(const asn_Node* parameter) {
     if (!asn_is(parameter, kAsnConstructed, kAsnSequence))
-        return invalid("Missing R.2-CBC-Parameter");
+        return err_invalid_data("Missing R.2-CBC-Parameter");
     AsnChildren fields(parameter);
     const int64_t version = asn_GetInt(fields.take_integer());
     if (version < 0) // none, or one of more than 4 octets
-        return invalid("Missing R.2-CBC-Parameter");
+        return err_invalid_data("Missing R.2-CBC-Parameter");
     rc2Bits_ = rc2_bits(version);
     if (rc2Bits_ == 0)
         return err_fail(INVALID_DATA_ERROR, "Invalid ParameterVersion (%d)", static_cast<int>(version));
     keyLength_ = rc2Bits_ / 8;
-    return read_iv(fields.take_octets()) ? 0 : invalid("Invalid IV for R.2 encryption");
+    return read_iv(fields.take_octets()) ? 0 : err_invalid_data("Invalid IV for R.2 encryption");
 }
 
 int ContentCipher::read(const asn_Node* algorithm) {
@@ -91,8 +87,8 @@ int ContentCipher::read(const asn_Node* algorithm) {
         return read_rc2_parameter(fields.peek());
     if (read_iv(fields.peek()))
         return 0;
-    return invalid(algorithm_ == CipherAlgorithm::tdea ? "Invalid IV for Triple DES encryption"
-                                                       : "Invalid IV for AES encryption");
+    return err_invalid_data(algorithm_ == CipherAlgorithm::tdea ? "Invalid IV for Triple DES encryption"
+                                                                : "Invalid IV for AES encryption");
 }
 
 AsnList ContentCipher::algorithm_identifier() const {

@@ -29,8 +29,7 @@ bool recover_content_key(const RsaKey& key, const uint8_t* encryptedKey, size_t 
     const size_t keyLength = cipher.key_length(), blockLength = cipher.block_length();
     if (length != key.bytes() || length < keyLength + kPkcs1Overhead)
         return false;
-    if (rng_bytes(contentKey.data(), keyLength) != 0)
-        rng_fail();
+    rng_draw(contentKey.data(), keyLength);
     SecretBuffer block(length); // zero, and so no good one, if the operation fails
     size_t blockLen = 0;
     static_cast<void>(rsaPrivate(&key, block.data(), &blockLen, encryptedKey, length));

@@ -25,8 +25,7 @@ using ContentKey = Secret<ContentCipher::kMaxKey>;
 
 // draw fills out from the random generator.
 void draw(uint8_t* out, size_t size, Seed seed = {nullptr, 0}) {
-    if (rng_bytes(out, size, seed.bytes, seed.bytes == nullptr ? 0 : seed.size) != 0)
-        rng_fail();
+    rng_draw(out, size, seed.bytes, seed.bytes == nullptr ? 0 : seed.size);
 }
 
 // encrypt_key gives 0, or a positive code without a text.

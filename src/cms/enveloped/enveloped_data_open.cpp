@@ -4,7 +4,6 @@
 
 #include "asn1/asn_children.h"
 #include "asn1/asn_value.h"
-#include "asn1/oid.h"
 #include "cms/enveloped/content_key.h"
 #include "cms/enveloped/enveloped_data.h"
 #include "cms/message/certificate_identifier.h"
@@ -68,13 +67,8 @@ class Candidates {
     int count_ = 0;
 };
 
-bool is_data(const asn_Node* type) {
-    OidInfo data;
-    return oid_FromName(&data, "data") > 0 && asn_OidEquals(type, &data) == 0;
-}
-
 int read_cipher(const EnvelopedData& message, ContentCipher& cipher) {
-    if (!is_data(message.content_type()))
+    if (!asn_OidIs(message.content_type(), "data"))
         return err_fail(INVALID_DATA_ERROR, "Invalid content type");
     if (message.content_encryption_algorithm() == nullptr)
         return err_fail(INVALID_DATA_ERROR, "Cannot find Content Encryption Algorithm");

@@ -8,10 +8,6 @@
 namespace zul {
 namespace {
 
-AsnList attribute(const char* type, AsnList value) {
-    return asn_NewSequence(asn_LinkList(asn_NewOid(type), asn_NewSet(std::move(value))));
-}
-
 // The list and its order are those of all versions: readers rely on them.
 AsnList smime_capabilities() {
     static const char* const kNames[] = {"des-EDE3-CBC", "sha1WithRSAEncryption", "sha-1WithRSAEncryption",
@@ -29,11 +25,11 @@ AsnList signed_attributes_make(const uint8_t* digest, size_t digestLength, int o
     AsnList attributes[kMost];
     size_t count = 0;
     if ((options & ZUL_CMS_ADD_SIGNTIME) != 0)
-        attributes[count++] = attribute("signingTime", asn_NewTime(utc_now()));
+        attributes[count++] = asn_NewAttribute("signingTime", asn_NewTime(utc_now()));
     if ((options & ZUL_CMS_ADD_SMIMECAPS) != 0)
-        attributes[count++] = attribute("sMIMECapabilities", smime_capabilities());
-    attributes[count++] = attribute("messageDigest", asn_NewOctetString(digest, digestLength));
-    attributes[count++] = attribute("contentType", asn_NewOid("data"));
+        attributes[count++] = asn_NewAttribute("sMIMECapabilities", smime_capabilities());
+    attributes[count++] = asn_NewAttribute("messageDigest", asn_NewOctetString(digest, digestLength));
+    attributes[count++] = asn_NewAttribute("contentType", asn_NewOid("data"));
     asn_SortSet(attributes, count);
 
     AsnList all;

@@ -3,17 +3,12 @@
 #include "asn1/asn_children.h"
 #include "asn1/asn_element.h"
 #include "asn1/asn_value.h"
-#include "asn1/oid.h"
 #include "frame/err.h"
 #include "x509/input/x509_input.h"
 #include "zulcore.h"
 
 namespace zul {
 namespace {
-
-int invalid(const char* text) {
-    return err_fail(INVALID_DATA_ERROR, "%s", text);
-}
 
 // read_version gives -1 for an invalid version: it is from 0 to INT_MAX.
 int64_t read_version(ByteStream& stream, const AsnScope& scope) {
@@ -22,11 +17,6 @@ int64_t read_version(ByteStream& stream, const AsnScope& scope) {
         return -1;
     const int64_t number = asn_GetInt(version.head());
     return number >= 0 && (version.head()->data[0] & 0x80) == 0 ? number : -1;
-}
-
-bool is_data(const asn_Node* type) {
-    OidInfo data;
-    return oid_FromName(&data, "data") > 0 && asn_OidEquals(type, &data) == 0;
 }
 
 } // namespace
@@ -40,23 +30,23 @@ int SignedData::read_message() {
     ByteStream& stream = source_.stream();
     ContentInfoScope scope;
     if (!enter_content_info(stream, scope, "signedData"))
-        return invalid("Invalid Content Type: expected signed-data");
+        return err_invalid_data("Invalid Content Type: expected signed-data");
     if (const int error = read_fields(stream, scope.structure))
         return error;
-    return leave_content_info(stream, scope) ? 0 : invalid("Invalid SignedData: invalid end");
+    return leave_content_info(stream, scope) ? 0 : err_invalid_data("Invalid SignedData: invalid end");
 }
 
 int SignedData::read_fields(ByteStream& stream, const AsnScope& scope) {
     version_ = read_version(stream, scope);
     if (version_ < 0)
-        return invalid("Invalid SignedData: cannot find CMSVersion");
+        return err_invalid_data("Invalid SignedData: cannot find CMSVersion");
     if (!asn_skip_type(stream, scope.end, kAsnConstructed, kAsnSet))
-        return invalid("Invalid SignedData: no digestAlgorithms");
+        return err_invalid_data("Invalid SignedData: no digestAlgorithms");
 
     AsnScope inner = scope;
     if (!asn_next_is(stream, scope, kAsnConstructed, kAsnSequence) ||
         !asn_enter(stream, inner, kAsnConstructed, kAsnSequence))
-        return invalid("Invalid SignedData: no encapContentInfo");
+        return err_invalid_data("Invalid SignedData: no encapContentInfo");
     if (const int error = read_content_info(stream, inner))
         return error;
 
@@ -64,51 +54,51 @@ int SignedData::read_fields(ByteStream& stream, const AsnScope& scope) {
     if (asn_next_is(stream, scope, kAsnExplicit, 0) &&
         (!asn_enter(stream, inner, kAsnExplicit, 0) || !certificates_.open_set(stream, inner) ||
          !asn_leave(stream, inner)))
-        return invalid("Invalid SignedData: invalid certificates");
+        return err_invalid_data("Invalid SignedData: invalid certificates");
     constexpr uint32_t kRevocationLists = 1;
     if (!asn_skip_optional(stream, scope, kAsnExplicit, kRevocationLists))
-        return invalid("Invalid SignedData: invalid crls");
+        return err_invalid_data("Invalid SignedData: invalid crls");
     return read_signers(stream, scope);
 }
 
 int SignedData::read_content_info(ByteStream& stream, AsnScope scope) {
     if (!asn_read_element(stream, scope, kAsnUniversal, kAsnOid, kMaxX509Object, contentType_))
-        return invalid("Invalid SignedData: no contentType");
+        return err_invalid_data("Invalid SignedData: no contentType");
     hasContent_ = asn_next_is(stream, scope, kAsnExplicit, 0);
     if (hasContent_)
         if (const int error = read_content(stream, scope))
             return error;
-    return asn_leave(stream, scope) ? 0 : invalid("Invalid SignedData: invalid encapContentInfo");
+    return asn_leave(stream, scope) ? 0 : err_invalid_data("Invalid SignedData: invalid encapContentInfo");
 }
 
 int SignedData::read_content(ByteStream& stream, const AsnScope& scope) {
     constexpr const char* kInvalid = "Invalid SignedData: invalid content";
     AsnScope inner = scope;
     if (!asn_enter(stream, inner, kAsnExplicit, 0))
-        return invalid(kInvalid);
+        return err_invalid_data(kInvalid);
     const bool isOctets = asn_next_is(stream, inner, kAsnUniversal, kAsnOctetString) ||
                           asn_next_is(stream, inner, kAsnConstructed, kAsnOctetString);
     AsnHeader other;
-    if (isOctets || is_data(content_type())) {
+    if (isOctets || asn_OidIs(content_type(), "data")) {
         const int error = content_.open(stream, inner, kAsnUniversal, kAsnOctetString);
         if (error != 0)
-            return error == INVALID_DATA_ERROR ? invalid(kInvalid) : error;
+            return error == INVALID_DATA_ERROR ? err_invalid_data(kInvalid) : error;
     } else if (!asn_skip_element(stream, inner.end, other)) { // PKCS #7 (RFC 2315, 7) has any type there
-        return invalid(kInvalid);
+        return err_invalid_data(kInvalid);
     }
-    return asn_leave(stream, inner) ? 0 : invalid(kInvalid);
+    return asn_leave(stream, inner) ? 0 : err_invalid_data(kInvalid);
 }
 
 int SignedData::read_signers(ByteStream& stream, const AsnScope& scope) {
     if (!asn_next_is(stream, scope, kAsnConstructed, kAsnSet))
-        return invalid("Invalid SignedData: no signerInfos");
+        return err_invalid_data("Invalid SignedData: no signerInfos");
     if (!asn_read_element(stream, scope, kAsnConstructed, kAsnSet, kMaxX509Object, signerInfos_) ||
         !asn_at_scope_end(stream, scope))
-        return invalid("Invalid SignedData: invalid signerInfos");
+        return err_invalid_data("Invalid SignedData: invalid signerInfos");
     AsnChildren signers(signerInfos_.head());
     for (lastNode_ = signers.peek(); !signers.at_end(); signerCount_++)
         if (signers.take_sequence() == nullptr)
-            return invalid("Invalid SignedData: invalid signerInfos");
+            return err_invalid_data("Invalid SignedData: invalid signerInfos");
     return 0;
 }
 
@@ -117,7 +107,9 @@ int SignedData::require_data() const {
     if (version_ != kVersion)
         return err_fail(NOT_SUPPORTED_ERROR, "SignedData version is %ld: only %ld is supported",
                         static_cast<long>(version_), kVersion);
-    return is_data(content_type()) ? 0 : invalid("Invalid SignedData: contentType must be 'data'");
+    return asn_OidIs(content_type(), "data")
+               ? 0
+               : err_invalid_data("Invalid SignedData: contentType must be 'data'");
 }
 
 SignerFields SignedData::signer(int n) const {

@@ -46,11 +46,6 @@ bool read_number(const asn_Node* node, BigInt& value) {
     return mtBitLength(value) > 1;
 }
 
-bool is_odd(const BigInt& a) {
-    const MtNumber* number = a;
-    return mtBitLength(a) > 0 && (number->digits[0] & 1) != 0;
-}
-
 // read_public_value reads the y of a DSA key, an INTEGER in the BIT STRING.
 bool read_public_value(const asn_Node* bits, BigInt& y) {
     SecretBuffer content;
@@ -111,7 +106,7 @@ DsaKeyState dsa_public_key_of(const asn_Node* info, DsaPublicKey& key) {
         !read_public_value(bits, key.y))
         return DsaKeyState::unusable;
     key.bits = mtBitLength(key.p);
-    const bool usable = is_odd(key.p) && is_odd(key.q) && mtCompare(key.q, key.p) < 0 &&
+    const bool usable = mtIsOdd(key.p) && mtIsOdd(key.q) && mtCompare(key.q, key.p) < 0 &&
                         mtCompare(key.g, key.p) < 0 && mtCompare(key.y, key.p) < 0;
     return usable ? DsaKeyState::good : DsaKeyState::unusable;
 }

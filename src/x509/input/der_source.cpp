@@ -74,11 +74,11 @@ bool read_all(ByteStream& stream, SecretBuffer& content) {
     return true;
 }
 
-[[nodiscard]] int invalid_data() {
-    return err_fail(INVALID_DATA_ERROR, "Invalid ASN.1 data");
-}
-
 } // namespace
+
+int invalid_asn1_data() {
+    return err_invalid_data("Invalid ASN.1 data");
+}
 
 bool has_pem_block(const char* text) {
     return has_pem_block(text, strlen(text));
@@ -122,7 +122,7 @@ int DerSource::parse_file() {
         const bool isAll = read_all(*stream_, content);
         isReadError_ = stream_->failed();
         if (!isAll || isReadError_)
-            return invalid_data();
+            return invalid_asn1_data();
         stream_.emplace(content.data(), content.size());
     }
     if (begins_as_sequence(*stream_)) {
@@ -132,11 +132,11 @@ int DerSource::parse_file() {
     const bool isAll = isPipe || read_all(*stream_, content);
     isReadError_ = stream_->failed();
     if (!isAll || isReadError_)
-        return invalid_data();
+        return invalid_asn1_data();
     const bool opened = has_pem_block(content.text(), content.size())
                             ? open_pem(content.text(), content.size())
                             : open_b64(content.text(), content.size());
-    return opened ? 0 : invalid_data();
+    return opened ? 0 : invalid_asn1_data();
 }
 
 bool DerSource::load(size_t max) {
@@ -157,7 +157,7 @@ int DerSource::read_result(int error) const {
 int DerSource::open(const char* fileOrText) {
     if (open_text(fileOrText))
         return 0;
-    return has_pem_block(fileOrText) ? invalid_data() : open_file(fileOrText);
+    return has_pem_block(fileOrText) ? invalid_asn1_data() : open_file(fileOrText);
 }
 
 } // namespace zul

@@ -41,6 +41,9 @@ class DerSource {
     std::optional<ByteStream> stream_;
 };
 
+// invalid_asn1_data reports what is not ASN.1: INVALID_DATA_ERROR with a text.
+[[nodiscard]] int invalid_asn1_data();
+
 // has_pem_block tells whether a text holds a BEGIN marker.
 bool has_pem_block(const char* text);
 

@@ -12,10 +12,6 @@ namespace {
 
 constexpr char kNoCertificate[] = "Not a valid X.509 certificate";
 
-[[nodiscard]] int invalid_data() {
-    return err_fail(INVALID_DATA_ERROR, "Invalid ASN.1 data");
-}
-
 // keep_kind drops an object of another kind.
 [[nodiscard]] int keep_kind(AsnList& object, bool (*isKind)(const asn_Node*), const char* failure) {
     if (isKind(object.head()))
@@ -52,7 +48,7 @@ int x509_read_object(const char* fileOrText, AsnList& object) {
     if (x509_object_from_text(fileOrText, object))
         return 0;
     if (has_pem_block(fileOrText))
-        return invalid_data();
+        return invalid_asn1_data();
     DerSource source;
     if (const int error = source.open_file(fileOrText))
         return error;
@@ -60,7 +56,7 @@ int x509_read_object(const char* fileOrText, AsnList& object) {
 }
 
 int x509_read_object(DerSource& source, AsnList& object) {
-    return x509_parse_source(source, object) ? 0 : source.read_result(invalid_data());
+    return x509_parse_source(source, object) ? 0 : source.read_result(invalid_asn1_data());
 }
 
 int x509_read_certificate(const char* fileOrText, AsnList& certificate) {

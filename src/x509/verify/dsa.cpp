@@ -18,10 +18,6 @@ namespace {
 // and 256.
 constexpr size_t kMaxPBits = 16384, kMaxQBits = 512;
 
-bool is_odd(const MtNumber* number) {
-    return mtBitLength(number) > 0 && (number->digits[0] & 1) != 0;
-}
-
 // is_between tells whether 0 < a < limit.
 bool is_between(const MtNumber* a, const MtNumber* limit) {
     return mtBitLength(a) > 0 && mtCompare(a, limit) < 0;
@@ -29,8 +25,8 @@ bool is_between(const MtNumber* a, const MtNumber* limit) {
 
 bool is_usable(const DsaPublicKey& key) {
     const size_t pBits = mtBitLength(key.p), qBits = mtBitLength(key.q);
-    return pBits <= kMaxPBits && qBits > 1 && qBits <= kMaxQBits && qBits < pBits && is_odd(key.p) &&
-           is_odd(key.q) && is_between(key.g, key.p) && is_between(key.y, key.p) &&
+    return pBits <= kMaxPBits && qBits > 1 && qBits <= kMaxQBits && qBits < pBits && mtIsOdd(key.p) &&
+           mtIsOdd(key.q) && is_between(key.g, key.p) && is_between(key.y, key.p) &&
            mtShortCmp(key.g, 1) > 0 && mtShortCmp(key.y, 1) > 0;
 }
 
