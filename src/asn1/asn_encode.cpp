@@ -6,7 +6,9 @@
 #include "asn1/asn_build.h"
 #include "asn1/asn_header.h"
 #include "encode/base64.h"
+#include "encode/pem.h"
 #include "frame/file_writer.h"
+#include "hash/digest.h"
 
 namespace zul {
 
@@ -58,10 +60,9 @@ size_t whole_size(const asn_Node* list) {
 } // namespace
 
 SecretBuffer asn_Encode(const asn_Node* list) {
-    const size_t size = whole_size(list);
-    if (size == 0 || size > kMaxAllocation)
+    if (!asn_HasEncoding(list))
         return {};
-    SecretBuffer out(size);
+    SecretBuffer out(whole_size(list));
     Encoding encoding(list);
     const uint8_t* piece;
     for (size_t done = 0, n; encoding.next(piece, n); done += n)
@@ -71,13 +72,14 @@ SecretBuffer asn_Encode(const asn_Node* list) {
 
 SecretBuffer asn_EncodeBase64(const asn_Node* list) {
     const SecretBuffer encoding = asn_Encode(list);
-    const size_t length = b64_encoded_length(encoding.size());
-    if (encoding.empty() || length >= kMaxAllocation)
+    if (encoding.empty() || b64_encoded_length(encoding.size()) >= kMaxAllocation)
         return {};
-    SecretBuffer text(length + 1);
-    b64_encode(text.text(), text.size(), encoding.data(), encoding.size());
-    text.shrink(length);
-    return text;
+    return b64_text(encoding.data(), encoding.size());
+}
+
+bool asn_HasEncoding(const asn_Node* list) {
+    const size_t size = whole_size(list);
+    return size != 0 && size <= kMaxAllocation;
 }
 
 int asn_WriteFile(const asn_Node* list, FileWriter& file) {
@@ -90,6 +92,20 @@ int asn_WriteFile(const asn_Node* list, FileWriter& file) {
         if (!file.write(piece, n))
             return -1;
     return 0;
+}
+
+void asn_WritePem(const asn_Node* list, PemWriter& writer) {
+    Encoding encoding(list);
+    const uint8_t* piece;
+    for (size_t n; encoding.next(piece, n);)
+        writer.add(piece, n);
+}
+
+void asn_Digest(const asn_Node* list, DigestContext& context) {
+    Encoding encoding(list);
+    const uint8_t* piece;
+    for (size_t n; encoding.next(piece, n);)
+        digest_update(context, piece, n);
 }
 
 int asn_Compare(const asn_Node* a, const asn_Node* b) {

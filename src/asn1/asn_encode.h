@@ -5,6 +5,8 @@
 namespace zul {
 
 class FileWriter;
+class PemWriter;
+struct DigestContext;
 
 // asn_Encode gives the encoding of a whole list; an empty buffer if the list is empty or a length is unset.
 SecretBuffer asn_Encode(const asn_Node* list);
@@ -15,6 +17,11 @@ inline SecretBuffer asn_Encode(const AsnList& list) {
 // asn_EncodeBase64 gives it as base64 text; size() does not count the NUL that follows.
 SecretBuffer asn_EncodeBase64(const asn_Node* list);
 
+// The same bytes without a copy of them all in memory: asn_HasEncoding tells whether asn_Encode would give
+// any.
+bool asn_HasEncoding(const asn_Node* list);
+void asn_Digest(const asn_Node* list, DigestContext& context);
+void asn_WritePem(const asn_Node* list, PemWriter& writer);
 [[nodiscard]] int asn_WriteFile(const asn_Node* list, FileWriter& file); // 0, or -1 after a write failure
 
 // asn_Compare orders two lists by their encodings, bytewise and then the shorter first: below, equal to or

@@ -2,15 +2,26 @@
 
 #include "asn1/asn_encode.h"
 #include "encode/output_file.h"
+#include "encode/pem.h"
 #include "zulcore.h"
 
 namespace zul {
 
 int asn_write_file(const char* path, const asn_Node* list, const char* label, int lineLen,
                    const WriteRules& rules) {
-    // Encoded first, so that a file that exists is not lost to a list that cannot be written.
-    const SecretBuffer der = asn_Encode(list);
-    return der.empty() ? int{INVALID_DATA_ERROR} : output_write(path, der, label, lineLen, rules);
+    if (!asn_HasEncoding(list)) // a file that exists is not lost to a list that cannot be written
+        return INVALID_DATA_ERROR;
+    FileWriter out(path, rules);
+    if (!out.is_open())
+        return CREATE_ERROR;
+    if (label == nullptr) {
+        static_cast<void>(asn_WriteFile(list, out)); // output_finish tells of a failure
+    } else {
+        PemWriter writer(out, label, lineLen);
+        asn_WritePem(list, writer);
+        writer.finish();
+    }
+    return output_finish(out, path);
 }
 
 } // namespace zul

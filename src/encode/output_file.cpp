@@ -16,6 +16,10 @@ int output_write(const char* path, const SecretBuffer& bytes, const char* label,
         pem_write(out, bytes.data(), bytes.size(), label, lineLen);
     else
         out.write(bytes.data(), bytes.size());
+    return output_finish(out, path);
+}
+
+int output_finish(FileWriter& out, const char* path) {
     return out.finish() ? 0 : err_fail(WRITE_ERROR, "Cannot write file '%s'", shown_name(path));
 }
 

@@ -8,4 +8,7 @@ namespace zul {
 [[nodiscard]] int output_write(const char* path, const SecretBuffer& bytes, const char* label, int lineLen,
                                const WriteRules& rules);
 
+// output_finish finishes a file: 0, or WRITE_ERROR with a text.
+[[nodiscard]] int output_finish(FileWriter& out, const char* path);
+
 } // namespace zul

@@ -37,27 +37,50 @@ size_t write_boundary(FileWriter& out, std::string_view dashesAndWord, const cha
 
 } // namespace
 
-size_t pem_write(FileWriter& out, const uint8_t* data, size_t len, const char* label, int lineLen) {
-    const bool labelled = label != nullptr && *label != '\0';
-    const size_t lineBytes = (lineLen > 3 ? static_cast<size_t>(lineLen) : kDefaultLine) / 4 * 3;
-    // A line may be of any length, so it is encoded in pieces; whole groups until the last.
-    constexpr size_t kPieceBytes = 3072;
-    Wiped<std::array<char, kPieceBytes / 3 * 4 + 1>> piece;
+PemWriter::PemWriter(FileWriter& out, const char* label, int lineLen)
+    : out_(out), label_(label != nullptr && *label != '\0' ? label : nullptr),
+      lineBytes_((lineLen > 3 ? static_cast<size_t>(lineLen) : kDefaultLine) / 4 * 3) {
+    if (label_ != nullptr)
+        written_ = write_boundary(out_, kBegin, label_);
+}
 
-    size_t written = labelled ? write_boundary(out, kBegin, label) : 0;
+void PemWriter::encode_held() {
+    Wiped<std::array<char, kMaxHeld / 3 * 4 + 1>> text;
+    const size_t chars = b64_encode(text->data(), text->size(), held_->data(), heldSize_);
+    written_ += write_text(out_, {text->data(), chars});
+    inLine_ += heldSize_;
+    heldSize_ = 0;
+}
+
+void PemWriter::add(const uint8_t* data, size_t len) {
     while (len > 0) {
-        size_t lineLeft = std::min(len, lineBytes);
-        len -= lineLeft;
-        while (lineLeft > 0) {
-            size_t take = std::min(lineLeft, kPieceBytes);
-            size_t chars = b64_encode(piece->data(), piece->size(), data, take);
-            written += write_text(out, {piece->data(), chars});
-            data += take;
-            lineLeft -= take;
+        const size_t take = std::min({len, kMaxHeld - heldSize_, lineBytes_ - inLine_ - heldSize_});
+        memcpy(held_->data() + heldSize_, data, take);
+        heldSize_ += take;
+        data += take;
+        len -= take;
+        const bool isLine = inLine_ + heldSize_ == lineBytes_;
+        if (isLine || heldSize_ == kMaxHeld)
+            encode_held();
+        if (isLine) {
+            written_ += write_text(out_, "\r\n");
+            inLine_ = 0;
         }
-        written += write_text(out, "\r\n");
     }
-    return written + (labelled ? write_boundary(out, kEnd, label) : 0);
+}
+
+size_t PemWriter::finish() {
+    if (heldSize_ != 0)
+        encode_held();
+    if (inLine_ != 0)
+        written_ += write_text(out_, "\r\n");
+    return written_ + (label_ == nullptr ? 0 : write_boundary(out_, kEnd, label_));
+}
+
+size_t pem_write(FileWriter& out, const uint8_t* data, size_t len, const char* label, int lineLen) {
+    PemWriter writer(out, label, lineLen);
+    writer.add(data, len);
+    return writer.finish();
 }
 
 const char* pem_find_body(const char* text, size_t len, size_t* bodyLen) {

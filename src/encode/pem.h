@@ -1,14 +1,38 @@
 #pragma once
+#include <array>
 #include <cstddef>
 #include <cstdint>
+
+#include "frame/wipe.h"
 
 namespace zul {
 
 class FileWriter;
 
-// pem_write writes data as base64 lines ended by CR LF, between BEGIN and END lines if label is not null or
-// empty. lineLen is rounded down to a multiple of four; below 4 it means 64. Returns the characters written;
-// a failed write shows in out.finish().
+// PemWriter writes data that comes in pieces as base64 lines ended by CR LF, between BEGIN and END lines if
+// label is not null or empty. lineLen is rounded down to a multiple of four; below 4 it means 64. A failed
+// write shows in out.finish().
+class PemWriter {
+  public:
+    PemWriter(FileWriter& out, const char* label, int lineLen);
+    void add(const uint8_t* data, size_t len);
+    size_t finish(); // the characters written in all
+
+  private:
+    static constexpr size_t kMaxHeld = 3072;
+    void encode_held();
+
+    FileWriter& out_;
+    const char* label_; // null: no BEGIN and END
+    size_t lineBytes_;
+    size_t inLine_ = 0; // bytes of the present line that are written
+    size_t written_ = 0;
+    // A line may be of any length, so it is encoded in parts of whole groups.
+    Wiped<std::array<uint8_t, kMaxHeld>> held_;
+    size_t heldSize_ = 0;
+};
+
+// pem_write writes data that lie in memory likewise, and returns the characters written.
 size_t pem_write(FileWriter& out, const uint8_t* data, size_t len, const char* label, int lineLen);
 
 // pem_find_body finds the first armoured body in a text of len characters, whatever its label. Null, with

@@ -6,6 +6,7 @@
 #include "frame/text.h"
 #include "frame/thread_record.h"
 #include "frame/wipe.h"
+#include "zulcore.h"
 
 namespace zul {
 

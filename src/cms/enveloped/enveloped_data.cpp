@@ -12,12 +12,11 @@ namespace {
 
 constexpr char kMalformed[] = "Invalid Enveloped Data Content";
 
-int invalid(const char* text) {
-    return err_fail(INVALID_DATA_ERROR, "%s", text);
-}
+constexpr int kRecipientNameLevel = 3; // of the issuers' Names in RecipientInfos, which are packed
 
-bool read_element(ByteStream& stream, const AsnScope& scope, uint32_t cls, uint32_t tag, AsnList& element) {
-    return asn_read_element(stream, scope, cls, tag, kMaxX509Object, element);
+bool read_element(ByteStream& stream, const AsnScope& scope, uint32_t cls, uint32_t tag, AsnList& element,
+                  int packLevel = kAsnPackNone) {
+    return asn_read_element(stream, scope, cls, tag, kMaxX509Object, element, packLevel);
 }
 
 // read_if_there leaves the element empty if another, or none, follows.
@@ -66,10 +65,10 @@ int EnvelopedData::open(const char* fileOrText) {
 int EnvelopedData::read_message() {
     ContentInfoScope scope;
     if (!enter_content_info(source_.stream(), scope, "envelopedData"))
-        return invalid("Invalid Content Type - expected enveloped-data");
+        return err_invalid_data("Invalid Content Type - expected enveloped-data");
     if (const int error = read_fields(source_.stream(), scope.structure))
         return error;
-    return leave_content_info(source_.stream(), scope) ? 0 : invalid(kMalformed);
+    return leave_content_info(source_.stream(), scope) ? 0 : err_invalid_data(kMalformed);
 }
 
 int EnvelopedData::read_fields(ByteStream& stream, const AsnScope& scope) {
@@ -77,28 +76,30 @@ int EnvelopedData::read_fields(ByteStream& stream, const AsnScope& scope) {
     AsnList version;
     if (!read_element(stream, scope, kAsnUniversal, kAsnInteger, version) ||
         !asn_skip_optional(stream, scope, kAsnExplicit, kOriginatorInfo) ||
-        !read_element(stream, scope, kAsnConstructed, kAsnSet, recipientInfos_))
-        return invalid(kMalformed);
+        !read_element(stream, scope, kAsnConstructed, kAsnSet, recipientInfos_, kRecipientNameLevel))
+        return err_invalid_data(kMalformed);
     version_ = asn_GetInt(version.head());
     recipientCount_ = count_children(recipients());
     AsnScope inner = scope;
     if (!asn_enter(stream, inner, kAsnConstructed, kAsnSequence))
-        return invalid(kMalformed);
+        return err_invalid_data(kMalformed);
     if (const int error = read_encrypted_content_info(stream, inner))
         return error;
-    return asn_skip_optional(stream, scope, kAsnExplicit, kUnprotectedAttributes) ? 0 : invalid(kMalformed);
+    return asn_skip_optional(stream, scope, kAsnExplicit, kUnprotectedAttributes)
+               ? 0
+               : err_invalid_data(kMalformed);
 }
 
 int EnvelopedData::read_encrypted_content_info(ByteStream& stream, const AsnScope& scope) {
     if (!read_if_there(stream, scope, kAsnUniversal, kAsnOid, contentType_) ||
         !read_if_there(stream, scope, kAsnConstructed, kAsnSequence, contentAlgorithm_))
-        return invalid(kMalformed);
+        return err_invalid_data(kMalformed);
     if (asn_next_is(stream, scope, kAsnContext, 0) || asn_next_is(stream, scope, kAsnExplicit, 0)) {
         const int error = content_.open(stream, scope, kAsnContext, 0);
         if (error != 0)
-            return error == INVALID_DATA_ERROR ? invalid(kMalformed) : error;
+            return error == INVALID_DATA_ERROR ? err_invalid_data(kMalformed) : error;
     }
-    return asn_leave(stream, scope) ? 0 : invalid(kMalformed);
+    return asn_leave(stream, scope) ? 0 : err_invalid_data(kMalformed);
 }
 
 } // namespace zul

@@ -71,7 +71,7 @@ void put_extensions(DumpOutput& out, const CertificateFields& certificate) {
 [[nodiscard]] int put_thumbprint(DumpOutput& out, const char* label, const asn_Node* certificate,
                                  DigestAlgorithm algorithm) {
     char hex[kThumbprintText + 1];
-    if (!thumbprint_text(asn_CopyList(certificate), algorithm, hex))
+    if (!thumbprint_text(certificate, algorithm, hex))
         return INVALID_DATA_ERROR;
     out.put(label, " Thumbprint:\n  ", hex, "\n");
     return 0;

@@ -1,7 +1,5 @@
 #include "x509/fields/thumbprint.h"
 
-#include <utility>
-
 #include "asn1/asn_element.h"
 #include "asn1/asn_encode.h"
 #include "encode/hex.h"
@@ -10,19 +8,28 @@
 
 namespace zul {
 
-int der_digest(uint8_t out[kMaxDigestSize], AsnList object, int algorithm) {
-    const SecretBuffer der = asn_Encode(asn_ToDer(std::move(object)));
-    if (der.empty())
-        return err_fail(INVALID_DATA_ERROR, "Invalid ASN.1 data");
-    const int length =
-        hash_bytes(out, kMaxDigestSize, der.data(), static_cast<int64_t>(der.size()), algorithm);
-    return length < 0 ? -length : 0;
+// Only an object that is not DER is copied: its names may be long.
+int der_digest(uint8_t out[kMaxDigestSize], const asn_Node* object, int algorithm) {
+    AsnList converted;
+    if (!asn_IsDer(object)) {
+        converted = asn_ToDer(asn_CopyList(object));
+        object = converted.head();
+    }
+    if (!asn_HasEncoding(object))
+        return err_invalid_data("Invalid ASN.1 data");
+    if (digest_find(algorithm) == nullptr)
+        return BAD_FLAG_ERROR;
+    DigestContext context;
+    digest_init(context, algorithm);
+    asn_Digest(object, context);
+    digest_final(context, out);
+    return 0;
 }
 
-bool thumbprint_text(AsnList certificate, DigestAlgorithm algorithm, char out[kThumbprintText + 1]) {
+bool thumbprint_text(const asn_Node* certificate, DigestAlgorithm algorithm, char out[kThumbprintText + 1]) {
     *out = '\0';
     uint8_t digest[kMaxDigestSize];
-    if (der_digest(digest, std::move(certificate), algorithm) != 0)
+    if (der_digest(digest, certificate, algorithm) != 0)
         return false;
     hex_encode_lower(out, kThumbprintText + 1, digest, digest_length(algorithm));
     return true;

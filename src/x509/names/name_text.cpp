@@ -9,7 +9,6 @@
 #include "asn1/oid.h"
 #include "encode/hex.h"
 #include "frame/err.h"
-#include "frame/text.h"
 #include "x509/names/distinguished_name.h"
 #include "x509/names/name_attributes.h"
 #include "zulcore.h"
@@ -21,19 +20,33 @@ namespace {
 // The limit of a name in characters: running out of memory would end the process.
 constexpr size_t kMaxNameText = 0x10000000;
 
-// NameWriter walks the encoding of a Name: nodes would take forty times its memory.
+// NameWriter walks the encoding of a Name: nodes would take forty times its memory. It writes what fits into
+// a room, and counts the characters of the whole text.
 class NameWriter {
   public:
-    NameWriter(SecretBuffer& text, char delimiter, bool latin1)
-        : text_(text), delimiter_(delimiter), latin1_(latin1) {}
+    NameWriter(char* out, size_t room, char delimiter, bool latin1)
+        : out_(out), room_(room), delimiter_(delimiter), latin1_(latin1) {}
 
-    // put_all writes the attributes of a Name in memory, and counts those it wrote.
-    bool put_all(const uint8_t* bytes, size_t size, int& count) {
-        bytes_ = bytes;
-        ByteStream stream(bytes, size);
+    size_t size() const { return size_; }
+
+    // put_all writes the attributes of a Name, and counts those it wrote.
+    bool put_all(const asn_Node* node, int& count) {
+        if (asn_is(node, kAsnConstructed, kAsnSequence) && node->data != nullptr) // packed: it has DER
+            return put_content(node->data, node->length, AsnScope{node->length}, count);
+        const SecretBuffer encoding = asn_EncodeElement(node);
+        ByteStream stream(encoding.data(), encoding.size());
         AsnScope name;
         if (!asn_enter(stream, name, kAsnConstructed, kAsnSequence))
             return false;
+        if (!name.isOpen)
+            name.end -= stream.offset();
+        return put_content(encoding.data() + stream.offset(), encoding.size() - stream.offset(), name, count);
+    }
+
+  private:
+    bool put_content(const uint8_t* bytes, size_t size, const AsnScope& name, int& count) {
+        bytes_ = bytes;
+        ByteStream stream(bytes, size);
         while (!asn_at_scope_end(stream, name)) {
             AsnScope relativeName = name;
             if (!asn_enter(stream, relativeName, kAsnConstructed, kAsnSet) ||
@@ -48,19 +61,20 @@ class NameWriter {
         return true;
     }
 
-  private:
     bool put(const char* text) { return put(text, strlen(text)); }
     bool put(const void* bytes, size_t n) {
-        if (n > kMaxNameText - text_.size())
+        if (n > kMaxNameText - size_)
             return false;
-        text_.append(bytes, n);
+        if (size_ < room_ && n != 0)
+            memcpy(out_ + size_, bytes, std::min(n, room_ - size_));
+        size_ += n;
         return true;
     }
 
     bool put_attribute(ByteStream& stream, const AsnScope& relativeName) {
         AsnScope attribute = relativeName;
         if (!asn_enter(stream, attribute, kAsnConstructed, kAsnSequence) ||
-            (!text_.empty() && !put(&delimiter_, 1)))
+            (size_ != 0 && !put(&delimiter_, 1)))
             return false;
         AsnScope type = attribute;
         if (!asn_enter(stream, type, kAsnUniversal, kAsnOid) ||
@@ -118,41 +132,58 @@ class NameWriter {
     }
 
     bool put_hex(const uint8_t* bytes, size_t n) {
-        if (n > (kMaxNameText - text_.size()) / 3)
-            return false;
         for (size_t i = 0; i < n; i++) {
             const char digits[] = {' ', kHexDigits[bytes[i] >> 4], kHexDigits[bytes[i] & 0xF]};
-            text_.append(digits + (i == 0), sizeof digits - (i == 0));
+            if (!put(digits + (i == 0), sizeof digits - (i == 0)))
+                return false;
         }
         return true;
     }
 
     const uint8_t* bytes_ = nullptr;
-    SecretBuffer& text_;
+    char* out_;
+    size_t room_;
+    size_t size_ = 0;
     char delimiter_;
     bool latin1_;
 };
 
 } // namespace
 
-int name_text(const asn_Node* name, const char* delimiter, int options, SecretBuffer& text) {
+// write_name writes what fits into a room, and gives the size of the whole text.
+static int write_name(const asn_Node* name, const char* delimiter, int options, char* out, size_t room,
+                      size_t& size) {
     const char between = delimiter == nullptr || *delimiter == '\0' ? ';' : *delimiter;
-    const SecretBuffer encoding = asn_EncodeElement(name);
-    SecretBuffer written;
-    written.append("", 0);
-    NameWriter writer(written, between, (options & ZUL_X509_LATIN1) != 0);
+    NameWriter writer(out, room, between, (options & ZUL_X509_LATIN1) != 0);
     int count = 0;
-    if (!writer.put_all(encoding.data(), encoding.size(), count))
+    if (!writer.put_all(name, count))
         return err_fail(BAD_FORMAT_ERROR, "Invalid AVA in Distinguished Name %d", count + 1);
-    text = std::move(written);
+    size = writer.size();
     return 0;
 }
 
-int name_print(const asn_Node* name, char* out, int nChars, const char* delimiter, int options, int* length) {
-    SecretBuffer text;
-    if (const int error = name_text(name, delimiter, options, text))
+// The text is measured before it is written: a buffer that grows would take up to three times its size.
+int name_text(const asn_Node* name, const char* delimiter, int options, SecretBuffer& text) {
+    size_t size;
+    if (const int error = write_name(name, delimiter, options, nullptr, 0, size))
         return error;
-    *length = text_result(out, nChars, text.text());
+    text = SecretBuffer(size + 1);
+    text.shrink(size);
+    return write_name(name, delimiter, options, text.text(), size, size);
+}
+
+int name_print(const asn_Node* name, char* out, int nChars, const char* delimiter, int options, int* length) {
+    size_t size;
+    if (const int error = write_name(name, delimiter, options, nullptr, 0, size))
+        return error;
+    if (out != nullptr && nChars > 0) {
+        const size_t room = std::min(size, static_cast<size_t>(nChars));
+        if (const int error = write_name(name, delimiter, options, out, room, size))
+            return error;
+        out[room] = '\0';
+        size = room;
+    }
+    *length = static_cast<int>(size);
     return 0;
 }
 

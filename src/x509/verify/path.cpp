@@ -200,7 +200,7 @@ int Path::order() {
         if (bring(i + 1, [&](const Link& link) { return is_issued_by(link, issuer); }))
             continue;
         char thumbprint[kThumbprintText + 1];
-        thumbprint_text(asn_CopyList(issuer.list.head()), kDigestSha1, thumbprint);
+        thumbprint_text(issuer.list.head(), kDigestSha1, thumbprint);
         return err_fail(NO_MATCH_ERROR, "Certificate [SHA-1=%s] breaks the chain", thumbprint);
     }
     return 0;
