@@ -13,7 +13,8 @@ static uint32_t reverse_bits(uint32_t value) {
     return reversed;
 }
 
-// used_mask leaves what an octet of unused bits tells to be used; more than 8 unused are none used.
+// used_mask gives the used bits of the last byte for the octet that counts the unused ones. With more than 8
+// unused bits none are used.
 static uint8_t used_mask(uint8_t unused) {
     return static_cast<uint8_t>(unused >= 8 ? 0u : 0xFFu << unused);
 }

@@ -34,8 +34,8 @@ size_t asn_SetHeader(asn_Node* node) {
     return node->hdrsize == 0 ? 0 : size_t{node->hdrsize} + node->length;
 }
 
-// encoded_size is the size of the elements at the level of the first node. What an element of indefinite
-// length holds has to be summed up; any other tells it. False if a length is unset.
+// encoded_size gives the size of the elements at the level of the first node. The content of an element of
+// indefinite length is summed up; any other element has its length. False if a length is unset.
 static bool encoded_size(const asn_Node* list, uint64_t& size) {
     size = 0;
     bool summing = false;
@@ -163,8 +163,8 @@ AsnList asn_NewNdefExplicit(uint32_t n) {
     return asn_NewNdef(kAsnExplicit, n);
 }
 
-// The marker closes the innermost element of indefinite length that is still open, and is the last of its
-// children, as the parser has it.
+// The marker closes the innermost element of indefinite length that is still open. It becomes the last child
+// of that element, as in parsed lists.
 AsnList asn_AppendEOC(AsnList list) {
     if (list.failed())
         return list;

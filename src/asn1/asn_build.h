@@ -3,7 +3,7 @@
 
 #include "asn1/asn_node.h"
 
-// Makers of elements. Texts and bytes are copied; lists given are consumed. All are DER but the Ndef forms.
+// Makers of elements. Texts and bytes are copied; lists given are consumed. All but the Ndef forms make DER.
 namespace zul {
 
 AsnList asn_New(uint32_t cls, uint32_t tag); // bare: no length, level 0

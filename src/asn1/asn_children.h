@@ -3,7 +3,8 @@
 
 namespace zul {
 
-// AsnChildren steps over the elements directly inside a constructed one, end-of-contents markers left out.
+// AsnChildren steps over the elements directly inside a constructed one. It leaves end-of-contents markers
+// out.
 class AsnChildren {
   public:
     explicit AsnChildren(const asn_Node* parent)
@@ -34,7 +35,7 @@ class AsnChildren {
     }
 
   private:
-    // settle goes on to an element of the level, or to null where the parent ends.
+    // settle moves to the next element of the level, or to null at the parent's end.
     void settle() {
         while (at_ != nullptr && (at_->level > level_ || (at_->level == level_ && asn_is_eoc(at_))))
             at_ = at_->next;

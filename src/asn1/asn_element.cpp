@@ -108,8 +108,8 @@ asn_Node* copy_of(const asn_Node* node) {
     return copy;
 }
 
-// set_headers computes lengths and headers from the end of a list, where those of all children are known when
-// their parent's turn comes.
+// set_headers computes lengths and headers from the end of a list to its beginning, so that the lengths of
+// all children are known before that of their parent.
 bool set_headers(const AsnList& list) {
     uint64_t inside[kAsnMaxDepth + 2] = {}; // sizes of the elements of each level since the last parent
     for (asn_Node* node = list.tail(); node != nullptr; node = node->prev) {

@@ -17,11 +17,12 @@ SecretBuffer asn_EncodeElement(const asn_Node* element);
 // nothing.
 bool asn_SameElement(const asn_Node* a, const asn_Node* b);
 
-// asn_IsDer tells whether a list's lengths are definite and in the fewest octets and no string is segmented;
-// asn_ToDer makes it so (X.690, 10.1 and 10.2), keeping the values and their order. A list that cannot be
-// (a segmented string of something else than strings, a primitive element of indefinite length) is a failure.
+// asn_IsDer tells whether all lengths of a list are definite and minimal and no string is segmented.
+// asn_ToDer converts a list to that form (X.690, 10.1 and 10.2) and keeps the values and their order. It
+// fails for a segmented string that holds anything but strings, and for a primitive element of indefinite
+// length.
 bool asn_IsDer(const asn_Node* list, const asn_Node* end = nullptr); // the nodes before end
-// asn_IsDerContent tells so of elements in memory that stand at a level.
+// asn_IsDerContent is asn_IsDer for encoded elements in memory, at a given level.
 bool asn_IsDerContent(const uint8_t* bytes, size_t n, uint32_t level);
 AsnList asn_ToDer(AsnList list);
 

@@ -9,7 +9,7 @@ namespace zul {
 
 int asn_write_file(const char* path, const asn_Node* list, const char* label, int lineLen,
                    const WriteRules& rules) {
-    if (!asn_HasEncoding(list)) // a file that exists is not lost to a list that cannot be written
+    if (!asn_HasEncoding(list)) // checked first, so that an existing file is not lost
         return INVALID_DATA_ERROR;
     FileWriter out(path, rules);
     if (!out.is_open())

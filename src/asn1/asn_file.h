@@ -4,9 +4,9 @@
 
 namespace zul {
 
-// asn_write_file writes a list to a file as output_write does its encoding; INVALID_DATA_ERROR, without a
-// text and with the file untouched, if it has none.
-constexpr int kPemLineLen = 64; // of PEM, where nothing else is asked for
+// asn_write_file writes the encoding of a list to a file, as output_write does. A list without an encoding is
+// INVALID_DATA_ERROR, without a text, and leaves the file untouched.
+constexpr int kPemLineLen = 64; // the usual one
 [[nodiscard]] int asn_write_file(const char* path, const asn_Node* list, const char* label, int lineLen,
                                  const WriteRules& rules = {});
 

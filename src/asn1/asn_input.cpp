@@ -34,7 +34,8 @@ std::string_view trimmed(std::string_view text) {
     return text;
 }
 
-// is_b64_sequence tells whether all of a text is base64, in lines or not, of what begins as a SEQUENCE does.
+// is_b64_sequence tells whether a text is base64 alone, with or without line breaks, and decodes to the
+// beginning of a SEQUENCE.
 bool is_b64_sequence(std::string_view text) {
     text = trimmed(text);
     uint8_t first = 0;
@@ -43,8 +44,8 @@ bool is_b64_sequence(std::string_view text) {
            std::all_of(text.begin(), text.end(), [](char c) { return b64_is_char(c) || is_space(c); });
 }
 
-// parse_der parses one SEQUENCE. Zeros and line breaks after it are passed over: decoders of PEM files and
-// transfers of text files leave them. Data of another length are not parsed, and so add no text.
+// parse_der parses one SEQUENCE. It ignores zeros and line breaks after it, which decoders of PEM files and
+// transfers of text files leave. Data of another length are not parsed, so they add no error text.
 bool parse_der(const uint8_t* bytes, size_t size, AsnList& list) {
     size_t offset = 0, end = 0;
     if (size == 0 || bytes[0] != kSequenceOctet || asn_FindElement(&offset, &end, bytes, size, -1, 1, 0) == 0)

@@ -3,8 +3,8 @@
 
 namespace zul {
 
-// AsnLevels is the nesting of the elements that a reader is inside of. Positions are counted from any fixed
-// place of the data.
+// AsnLevels keeps the ends of the elements that a reader is inside of. Positions count from any fixed place
+// of the data.
 class AsnLevels {
   public:
     enum class Step { good, underflow, mismatch };

@@ -13,7 +13,7 @@ namespace zul {
 
 namespace {
 
-// make gives an element whose content is an octet, if wanted, and a copy of bytes.
+// make gives an element. Its content is the first octet, if one is given, and a copy of bytes.
 AsnList make(uint32_t cls, uint32_t tag, const void* bytes, size_t n, int firstOctet = -1) {
     const size_t before = firstOctet >= 0;
     if (n > kAsnMaxMade - before)

@@ -70,9 +70,10 @@ inline bool asn_is(const asn_Node* node, uint32_t cls, uint32_t tag) {
 void asn_Free(asn_Node** list);
 void asn_Wipe(asn_Node* list);
 
-// AsnList owns a list. Makers return one; what takes one by value consumes it, also when it fails. A failure
-// is an empty list (the thread's error text has the reason), and what is built of one fails too: an element
-// that could not be made is never just left out. A plain AsnList() is nothing, and adds nothing.
+// AsnList owns a list. Makers return one. A function that takes one by value consumes it, also when it fails.
+// A failure is an empty list marked as failed, and the thread's error text has the reason. A list made of a
+// failure is a failure too, so no element is left out silently. A plain AsnList() is no failure and adds
+// nothing.
 class AsnList {
   public:
     AsnList() = default;
@@ -100,7 +101,7 @@ class AsnList {
     asn_Node* head() const { return head_; }
     asn_Node* tail() const { return tail_; } // so that linking costs the same however long the list is
     void append(asn_Node* node);             // takes a node without a list
-    // release gives the nodes up to the caller.
+    // release passes the nodes to the caller, who frees them.
     asn_Node* release() {
         tail_ = nullptr;
         return std::exchange(head_, nullptr);

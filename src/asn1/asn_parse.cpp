@@ -18,7 +18,7 @@ void set_past_end(size_t offset) {
 }
 
 // read_content gives a node with the content of a primitive element, null with a text if it is too long or
-// not there. The data that remain are looked at first, so that a false length costs no memory.
+// not there. It checks the length of the remaining data first, so that a false length costs no memory.
 asn_Node* read_content(ByteStream& stream, const AsnHeader& header, bool quiet) {
     if (header.length > kAsnMaxContent) {
         if (!quiet)
@@ -70,8 +70,8 @@ AsnList asn_Parse(ByteStream& stream, bool all, bool quiet, int packLevel) {
     while (asn_read_header(stream, header) == 1) {
         consumed += header.hdrsize;
         const uint32_t level = levels.depth();
-        // What reaches beyond its parent is refused before it costs memory. (What reaches beyond the data, or
-        // is too long, has a text below.)
+        // An element that reaches beyond its parent is refused before it costs memory. (One that reaches
+        // beyond the data or is too long gets a text below.)
         if (header.length <= kAsnMaxContent && header.length <= stream.remaining() &&
             !levels.holds(consumed + header.length))
             return {};

@@ -11,7 +11,7 @@ AsnList asn_ParseBytes(const void* bytes, size_t n); // one outermost element; w
 AsnList asn_ParseAll(const void* bytes, size_t n);   // successive elements up to the end
 AsnList asn_ParseFile(const char* path);             // one outermost element
 AsnList asn_ParseBase64(const char* text);
-// asn_Parse is behind them all; quiet sets no text, for data that may well be something else. With a
+// All of them call asn_Parse. With quiet it sets no text, for data that may be something else. With a
 // packLevel, a SEQUENCE of that level that begins with a SET (a Name) becomes one packed node, if it is DER:
 // the nodes of a name take up to forty times its own size.
 constexpr int kAsnPackNone = -1;

@@ -80,7 +80,7 @@ bool asn_read_element(ByteStream& stream, const AsnScope& scope, uint32_t cls, u
     if (!asn_enter(stream, inner, cls, tag))
         return false;
     size_t end = inner.end;
-    if (inner.isOpen) { // how long it is, only its end tells
+    if (inner.isOpen) { // its length shows only at its end
         if (!stream.seek(start) || !asn_skip_type(stream, scope.end, cls, tag))
             return false;
         end = stream.offset();

@@ -6,9 +6,9 @@
 #include "asn1/asn_parse.h"
 #include "asn1/byte_stream.h"
 
-// A walk over elements where they stand in a stream, for objects that are too large to be parsed: headers are
-// read, contents stepped over. Every function leaves the stream anywhere when it fails. A type is that of one
-// identifier octet, with a tag below 31; that tag in the form of the higher ones is another type.
+// A walk over elements in a stream, for objects that are too large to be parsed: it reads headers and steps
+// over contents. After a failure the position of the stream is undefined. A type is one identifier octet,
+// with a tag below 31; the same tag in the form for higher ones is another type.
 namespace zul {
 
 // AsnScope is where the content of an element ends: at an offset, or, if it is open, at an end-of-contents
@@ -41,12 +41,12 @@ struct AsnScope {
 // the depth is counted, so no nesting is too deep. An end-of-contents marker is no element.
 [[nodiscard]] bool asn_skip_element(ByteStream& stream, size_t limit, AsnHeader& first);
 [[nodiscard]] bool asn_skip_type(ByteStream& stream, size_t limit, uint32_t cls, uint32_t tag);
-// asn_skip_rest goes to the end of a scope, from the beginning of an element in it, and leaves it.
+// asn_skip_rest goes from the beginning of an element in a scope to the end of the scope and leaves it.
 [[nodiscard]] bool asn_skip_rest(ByteStream& stream, const AsnScope& scope);
-// asn_skip_optional is true, too, if another element or none follows.
+// asn_skip_optional is also true if another element or none follows.
 [[nodiscard]] bool asn_skip_optional(ByteStream& stream, const AsnScope& scope, uint32_t cls, uint32_t tag);
-// asn_read_element parses an element of one type and goes behind it. How long it is, at most maxSize bytes,
-// is known before it costs memory. packLevel: see asn_Parse.
+// asn_read_element parses an element of one type, of at most maxSize bytes, and goes behind it. It checks the
+// size before it takes memory. packLevel: see asn_Parse.
 [[nodiscard]] bool asn_read_element(ByteStream& stream, const AsnScope& scope, uint32_t cls, uint32_t tag,
                                     size_t maxSize, AsnList& element, int packLevel = kAsnPackNone);
 

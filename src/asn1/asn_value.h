@@ -43,8 +43,8 @@ SecretBuffer asn_GetText(const asn_Node* node, bool convert);
 constexpr size_t kAsnTimeText = 32;
 // asn_format_time writes "yyyy-mm-ddThh:nn:ssZ" for a year from 0 to 9999.
 void asn_format_time(const tm& time, char out[kAsnTimeText]);
-// asn_time_text writes the time of a node so, or an empty text if asn_GetTime fails. asn_TimeString does that
-// in a buffer of the calling thread, good until its next call.
+// asn_time_text writes the time of a node in that form, or an empty text if asn_GetTime fails. asn_TimeString
+// writes it into a buffer of the calling thread, which is valid until the thread's next call.
 const char* asn_time_text(const asn_Node* node, char out[kAsnTimeText]);
 const char* asn_TimeString(const asn_Node* node);
 

@@ -21,7 +21,7 @@ asn_Node* first_after(const asn_Node* node, Condition meets) {
     return found;
 }
 
-// steps repeats a step n times. No step at all leads to the node itself, which is the caller's to change.
+// steps repeats a step n times. 0 steps give the node itself.
 template<class Step>
 asn_Node* steps(const asn_Node* node, int n, Step step) {
     auto* at = const_cast<asn_Node*>(node);

@@ -31,8 +31,8 @@ class ByteStream {
         next_ += 2;
         return true;
     }
-    // take_view steps over n bytes that are in memory, as all up to an offset are if holds says so: where
-    // they stand, until something is read that is not.
+    // holds tells whether all bytes up to an offset are in memory. take_view steps over n bytes that are in
+    // memory and gives their place, which is valid until something is read that is not in memory.
     bool holds(size_t offset) const { return offset - windowOffset_ <= static_cast<size_t>(end_ - window_); }
     const uint8_t* take_view(size_t n) {
         next_ += n;
@@ -57,10 +57,10 @@ class ByteStream {
     size_t remaining() const;               // bytes up to the end, SIZE_MAX if the source does not tell
     bool failed() const { return failed_; } // a read error, which is otherwise taken for the end
 
-    // begin_digest passes n bytes from an offset at or after the present one through a digest, as they are
-    // read. Until end_digest, which reads what is left of them, a file is read forward only (back by kKept
-    // bytes at most): what is digested is what the readers have seen. end_digest gives false if the bytes end
-    // early.
+    // begin_digest passes n bytes from an offset at or after the present one through a digest as they are
+    // read. end_digest reads those that are left, and gives false if the bytes end early. Between the two
+    // calls a file is read forward only (back by at most kKept bytes), so the digest covers the same bytes
+    // that the readers have seen.
     void begin_digest(DigestContext& context, size_t offset, size_t n);
     [[nodiscard]] bool end_digest();
 

@@ -2,8 +2,8 @@
 
 namespace zul {
 
-// Searches take the first match, so the order of the rows has a meaning: of two rows with one name the first
-// gives the octets to write, and of two with the same octets the first gives the name that is read.
+// Searches take the first match, so the order of the rows matters. Of two rows with the same name the first
+// gives the octets to write. Of two rows with the same octets the first gives the name to show.
 const OidRow kOidTable[kOidRows] = {
     {"rsaEncryption", "2A 86 48 86 F7 0D 01 01 01"},                      // 1.2.840.113549.1.1.1
     {"rsaEncryption", "55 08 01 01"},                                     // 2.5.8.1.1

@@ -14,8 +14,8 @@ struct ClearedVectors {
     ~ClearedVectors() { cpu_clear_vectors(); }
 };
 
-// CallFrame stands at the top of every export: it empties the thread's error state and stirs entropy, and
-// its two members record a failure as the value leaves in the export's convention.
+// CallFrame stands at the top of every export. It empties the thread's error state and stirs entropy. Its two
+// members record a failure and return the result in the export's convention.
 class CallFrame {
   public:
     explicit CallFrame(int stirOption = 0) {

@@ -5,9 +5,9 @@
 #include "frame/wipe.h"
 #include "zulcore.h"
 
-// Contexts that callers keep in memory of their own, at any address: a state without pointers between two
-// marks. The second is a check of all of it, so that memory in which none was begun, or that was cut, changed
-// or wiped, is refused and not read.
+// Contexts that callers keep in their own memory, at any address: a state without pointers between two marks.
+// The second mark is a checksum of the whole. A context that was never begun, or was cut, changed or wiped,
+// is refused and not read.
 namespace zul {
 
 enum class ContextKind : uint64_t { digest = 0x7A754C31, hmac = 0x7A754C32, cipher = 0x7A754C33 };

@@ -2,7 +2,7 @@
 #include <cstddef>
 #include <cstdint>
 
-// Truth values as masks (all ones or zero), for decisions on secrets that no branch or address may show.
+// Truth values as masks (all ones or zero), for decisions on secrets without secret branches or addresses.
 namespace zul {
 
 // opaque hides a value from the optimiser, which could otherwise turn a mask into a branch.

@@ -18,8 +18,8 @@ bool option_set(const char* name) {
     return platform::option_number(name, &value) && value != 0;
 }
 
-// log_path gives false if the executable's folder does not fit: cut, it would name another folder. A path
-// that becomes too long with the option or the file name is cut.
+// log_path gives false if the executable's folder does not fit, since a cut path would name another folder. A
+// path that becomes too long with the option or the file name is cut.
 bool log_path(char* path, int size) {
     if (!platform::option_text("ErrorLogDir", path, static_cast<size_t>(size)))
         path[0] = '\0';

@@ -104,8 +104,8 @@ bool FileWriter::replace() {
     return copied;
 }
 
-// A file may turn out not to be replaceable (a mount point, another user's file in a shared folder). emptied
-// is set once the old content is lost.
+// Some files cannot be replaced (a mount point, another user's file in a shared folder), so their content is
+// overwritten. emptied is set once the old content is lost.
 bool FileWriter::copy_in_place(bool& emptied) const {
     FileReader reader(newPath_.text());
     if (!reader.is_open())

@@ -3,9 +3,9 @@
 
 namespace zul {
 
-// WriteRules say what a FileWriter takes care of beside making or emptying a file.
+// WriteRules are the options of a FileWriter.
 struct WriteRules {
-    bool secret = false;    // the file is for its owner only, also if it was there before
+    bool secret = false;    // only the file's owner may read it, also if it existed before
     bool replaces = false;  // an existing regular file is replaced in one step, as the writer finishes
     bool keepsPart = false; // a failure leaves what was written, and does not remove the file
     const char* input =

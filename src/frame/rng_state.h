@@ -33,7 +33,7 @@ struct RngState {
     uint32_t stagedMemory[kStagedCalls];
     uint32_t stagedCalls;
     uint32_t memoryTicks; // when the memory status was last read
-    uint32_t memory;      // and what it condensed to; 0 before the first reading
+    uint32_t memory;      // its condensed value; 0 before the first reading
     SlowReadings slow;
 };
 

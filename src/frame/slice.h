@@ -4,8 +4,8 @@
 
 namespace zul {
 
-// slice is text.substr(from, count), but cuts off what lies beyond the end: substr throws there, and would
-// link the machinery of exceptions into a library that has none.
+// slice is text.substr(from, count), but a start beyond the end gives an empty text. substr throws there, and
+// would link the exception runtime into a library without exceptions.
 constexpr std::string_view slice(std::string_view text, size_t from, size_t count = std::string_view::npos) {
     from = std::min(from, text.size());
     return {text.data() + from, std::min(count, text.size() - from)};

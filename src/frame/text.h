@@ -27,7 +27,7 @@ inline bool is_missing(const char* text) {
     return text == nullptr || *text == '\0';
 }
 
-// str_length is the length of a text, 0 for null; a length that no int can hold is given as INT_MAX.
+// str_length is the length of a text, 0 for null; a length above INT_MAX is INT_MAX.
 int str_length(const char* text);
 
 // text_result hands out a text under the common length rule: at most room characters and a NUL, returning the

@@ -17,8 +17,8 @@ struct ThreadRecord {
     RngState rng;
 };
 
-// Two callers create records, and each has a static record of its own, shared by all threads, to fall back
-// on when memory runs out: the call goes on with it.
+// Two callers create records. Each has a static record that all threads share, which it uses when memory runs
+// out.
 enum class RecordPath { error, generator };
 
 // thread_record gives the calling thread's record; never null.
@@ -28,7 +28,7 @@ inline RngState* rng_state() {
     return &thread_record(RecordPath::generator)->rng;
 }
 
-// is_shared tells whether a generator is the one to fall back on, which takes Lock::generator to use.
+// is_shared tells whether a generator is in the shared record. Its use needs Lock::generator.
 bool is_shared(const RngState* state);
 
 // The records of all threads are kept in a table of this many places, so that unloading can free them. A

@@ -6,9 +6,9 @@
 
 namespace zul {
 
-// WeakRandom makes bytes that only have to differ from run to run: fillings, test messages, witnesses. It
-// must not be used for secrets. Each object is seeded from the clocks; rand() would disturb the caller's
-// sequence.
+// WeakRandom makes bytes that only have to differ from run to run: fillings, test messages, witnesses. Do not
+// use it for secrets. Each object is seeded from the clocks. It does not call rand(), which would disturb the
+// caller's sequence.
 class WeakRandom {
   public:
     WeakRandom()

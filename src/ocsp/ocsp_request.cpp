@@ -35,7 +35,7 @@ bool subject_public_key(const asn_Node* subjectPublicKeyInfo, SecretBuffer& key)
     if (issuer.subject == nullptr || !subject_public_key(issuer.subjectPublicKeyInfo, key))
         return err_fail(BAD_FORMAT_ERROR, "No subject or public key in issuer certificate");
     uint8_t digest[kMaxDigestSize];
-    if (const int error = der_digest(digest, asn_CopyElement(issuer.subject), algorithm))
+    if (const int error = der_digest(digest, asn_CopyElement(issuer.subject).head(), algorithm))
         return error;
     AsnList nameHash = asn_NewOctetString(digest, digest_length(algorithm));
     const int length =
@@ -50,7 +50,7 @@ bool is_serial_text(std::string_view text) {
     return text.size() >= 3 && text.starts_with("#x");
 }
 
-// The bytes are taken as they are given: a sign octet is the caller's business.
+// The bytes are taken as they are. The caller adds a sign octet where one is needed.
 [[nodiscard]] int serial_from_text(std::string_view text, AsnList& serial) {
     if (text.size() / 2 > kAsnMaxContent)
         return err_fail(BAD_LENGTH_ERROR, "Serial number is too long");

@@ -47,7 +47,7 @@ bool is_context(const asn_Node* node) {
     return node != nullptr && (node->cls & kClassBits) == kAsnContext;
 }
 
-// BasicResponse has what the signature is made over as it stands, and as DER to read.
+// BasicResponse holds a response twice: as it stands, for the signature, and as DER, for reading.
 struct BasicResponse {
     AsnList asItStands, der;
 
@@ -61,7 +61,7 @@ struct BasicResponse {
                    : err_fail(INVALID_DATA_ERROR, "Not a valid BasicOCSPResponse");
     }
 
-    // verify leaves the certificates out that may follow the signature.
+    // verify ignores certificates that follow the signature.
     int verify(const char* issuerCert, const char* name) const {
         AsnList issuer;
         if (const int error = x509_read_certificate(issuerCert, issuer))
@@ -142,7 +142,7 @@ int add_basic_response(char report[kOcspReport], const BasicResponse& basic, con
     return 0;
 }
 
-// read_response says of what it cannot read what the readers of certificates say.
+// read_response gives the error texts that the readers of certificates give.
 int read_response(const char* responseFile, AsnList& object) {
     const int error = asn_read_input(responseFile, object, kMaxResponse);
     if (error == INVALID_DATA_ERROR)

@@ -40,7 +40,7 @@ SecretBuffer wide(const char* password) {
     return pkcs12_password(password, std::strlen(password));
 }
 
-// agrees shows by its time no more than whether the lengths are the same.
+// agrees takes a time that depends on the lengths alone.
 bool agrees(const Secret<kMaxDigestSize>& mac, size_t length, const SecretBuffer& other) {
     if (other.size() != length)
         return false;
@@ -114,7 +114,7 @@ AsnList pfx_mac_data(const SecretBuffer& safe, const char* password) {
     rng_draw(mac.salt.data(), kSaltLength);
     Secret<kMaxDigestSize> value;
     const size_t length = compute(mac, safe, wide(password), value);
-    // The algorithm stands without its NULL here: that is how these files have always been written.
+    // The algorithm has no NULL parameters, as in all files that this library has written.
     AsnList digestInfo = asn_NewSequence(
         asn_LinkList(asn_NewSequence(asn_NewOid("sha1")), asn_NewOctetString(value.data(), length)));
     return asn_NewSequence(asn_LinkList(std::move(digestInfo),
@@ -130,7 +130,7 @@ int pfx_check_mac(const asn_Node* macData, const SecretBuffer& safe, const char*
     Secret<kMaxDigestSize> value;
     if (agrees(value, compute(mac, safe, wide(password), value), expected))
         return 0;
-    // Some programs take an empty password for no bytes at all, others for the two of its NUL.
+    // Some programs encode an empty password as no bytes, others as the two bytes of its NUL.
     if (*password == '\0' && agrees(value, compute(mac, safe, SecretBuffer(), value), expected))
         return 0;
     return err_fail(SIGNATURE_ERROR, "MAC does not match: wrong password, or the data were changed");

@@ -44,8 +44,8 @@ int test_key(const asn_Node* encrypted, const char* password) {
     return err_fail(DECRYPT_ERROR, "Could not decrypt key");
 }
 
-// The attributes stand in this order, which readers do not mind, even where that of DER would be another (a
-// friendly name of one or two characters).
+// The attributes always have this order. The order of DER differs for a friendly name of one or two
+// characters; readers accept both.
 AsnList bag_attributes(const char* friendlyName) {
     constexpr uint8_t kLocalKeyId[] = {1, 0, 0, 0};
     AsnList keyId = asn_NewAttribute("localKeyID", asn_NewOctetString(kLocalKeyId, sizeof kLocalKeyId));

@@ -69,8 +69,8 @@ Found find_key(const asn_Node* bagId, AsnChildren value, SecretBuffer& content) 
     return content.empty() ? Found::malformed : Found::yes;
 }
 
-// look_into walks SafeContents in the order of its encoding, stepping into bags that hold further bags; what
-// is no SEQUENCE there are the attributes of such a bag.
+// look_into walks SafeContents in the order of its encoding and steps into bags that hold further bags.
+// Elements there that are not SEQUENCEs are the attributes of such a bag.
 Found look_into(const asn_Node* safeContents, Finder* finder, SecretBuffer& content) {
     constexpr uint32_t kLevelsOfBag = 3; // SafeBag, [0], SafeContents
     for (const asn_Node *node = safeContents->next, *next; node != nullptr; node = next) {

@@ -43,7 +43,7 @@ class Report {
     FileWriter& file_;
 };
 
-// Whole numbers: printf takes its decimal point from the application's locale.
+// Numbers are printed as integers, since printf takes the decimal point from the application's locale.
 struct Hundredths {
     explicit Hundredths(int tenThousandths)
         : whole((tenThousandths + 50) / 10000), part((tenThousandths + 50) / 100 % 100) {}

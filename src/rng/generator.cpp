@@ -45,7 +45,7 @@ void generator_nonce(const NonceParts& parts, uint8_t nonce[kSha1Size]) {
     if (const int error = rng_health_check(); error != 0)
         return error;
 
-    // The pools of a forked child are its parent's; what sets the two apart is the nonce.
+    // A forked child has its parent's pools. The nonce makes the two generators differ.
     const uint32_t generation = platform::fork_generation();
     Secret<EntropyPools::kMaxYield> entropy;
     const size_t size = accumulator_gather(state, true, entropy.data());

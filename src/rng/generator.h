@@ -8,8 +8,8 @@
 
 namespace zul {
 
-// NonceParts is what tells generators apart (between processes, threads and moments), and the operating
-// system's randomness, without which they would depend on clocks alone. A name that is unknown is empty.
+// NonceParts hold what makes generators of different processes, threads and moments differ, and random bytes
+// of the operating system, without which they would depend on clocks alone. An unknown name is empty.
 struct NonceParts {
     uint64_t time;
     uint32_t process, thread;

@@ -5,8 +5,8 @@
 
 #include "frame/rng_state.h"
 
-// HMAC_DRBG with SHA-1 (NIST SP 800-90A, 10.1.2), as operations on a plain state: no clock, no pools, no
-// tests. The caller seeds and reseeds the state in time.
+// HMAC_DRBG with SHA-1 (NIST SP 800-90A, 10.1.2) as operations on a plain state, without clock, pools and
+// tests. The caller seeds the state and reseeds it in time.
 namespace zul {
 
 using Bytes = std::span<const uint8_t>;

@@ -3,8 +3,8 @@
 
 namespace zul {
 
-// One run of the generator with what it must return: instantiated, reseeded, and asked twice for the length
-// of the answer, which is the second output.
+// The test vector of one run: the generator is instantiated and reseeded, and generates twice. The answer is
+// the second output.
 struct DrbgKnownAnswer {
     static constexpr size_t kSize = 80;
     uint8_t entropy[16];

@@ -33,12 +33,12 @@ class EntropyPools {
     // add feeds an event, cut to 32 bytes, to its source's next pool.
     void add(EntropySource source, const void* data, size_t size);
 
-    // add_readings adds each value as an event of 4 bytes: the same as so many calls of add, but visits each
-    // pool once.
+    // add_readings adds each value as an event of 4 bytes. The result is that of one call of add for each,
+    // but each pool is visited once.
     void add_readings(EntropySource source, const uint32_t* values, size_t count);
 
-    // gather drains the pools whose turn it is, if a reseed is due at the time now or forced; the bytes
-    // written, a multiple of 20, 0 if it is not due.
+    // gather drains the pools whose turn it is, if a reseed is due at the time now or forced. It returns the
+    // number of bytes written, a multiple of 20, or 0 if no reseed is due.
     size_t gather(bool force, uint64_t now, uint8_t out[kMaxYield]);
 
   private:

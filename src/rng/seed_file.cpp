@@ -26,8 +26,8 @@ class SeedLock {
     bool held_;
 };
 
-// write_seed does not return before the bytes are on the disk: after a crash the ones before would be taken
-// in a second time. Devices and pipes have no disk.
+// write_seed returns after the bytes are on the disk. Otherwise a crash could leave the old bytes there, and
+// they would be used a second time. Devices and pipes are not committed.
 bool write_seed(platform::FileHandle file, const Secret<kSeedSize>& seed) {
     return platform::file_write(file, seed.data(), kSeedSize) &&
            (platform::file_length(file) < 0 || platform::file_commit(file));

@@ -31,8 +31,8 @@ AsnChildren inside(const asn_Node* list) {
     return AsnChildren(asn_is(list, kAsnConstructed, kAsnSequence) ? list : nullptr);
 }
 
-// read_integer reads an INTEGER of a size that can be computed with, as an unsigned number: old encoders left
-// out the 00 byte before a first byte of 80 or more.
+// read_integer reads an INTEGER as an unsigned number, since old encoders left out the 00 byte before a first
+// byte of 80 or more. It refuses one too long to compute with.
 bool read_integer(const asn_Node* node, BigInt& value) {
     if (node->data == nullptr || node->length == 0)
         return false;

@@ -9,8 +9,8 @@ namespace zul {
 // encrypted.
 AsnList rsa_encrypt_key(PbeContext& encryption, const RsaKey& key);
 
-// rsa_save_encrypted_key writes it to a file; options are those of RSA_SaveEncPrivateKey. 0 or a positive
-// code, with a text.
+// rsa_save_encrypted_key encrypts a key and writes it to a file; options are those of RSA_SaveEncPrivateKey.
+// 0 or a positive code, with a text.
 [[nodiscard]] int rsa_save_encrypted_key(const char* path, const RsaKey& key, int iterationCount,
                                          const char* password, int options);
 

@@ -29,7 +29,7 @@ int write_key_list(const char* path, const AsnList& list, const char* label, con
 
 } // namespace
 
-// The two bits choose differently for public and for private keys: callers have files of both kinds.
+// The two bits name different structures for public and for private keys, as callers expect.
 
 int rsa_write_public_key(const char* path, const RsaKey& key, int options) {
     if ((options & ZUL_KEY_FORMAT_PEM) != 0)

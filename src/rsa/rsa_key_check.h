@@ -11,7 +11,8 @@ namespace zul {
 // TEST_FAILED_ERROR or another code of rsaPairwiseTest.
 [[nodiscard]] int rsa_check_private_key(const RsaKey& key);
 
-// rsa_key_hash_code is a code of the public part, the first four bytes of the MD5 of its RSAPublicKey.
+// rsa_key_hash_code gives a hash code of the public part: the first four bytes of the MD5 of its
+// RSAPublicKey.
 uint32_t rsa_key_hash_code(const RsaKey& key);
 
 } // namespace zul

@@ -9,7 +9,7 @@ namespace {
 
 // The input as a number, if it is below n.
 bool read_below(MT number, const uint8_t* input, size_t inlen, const RsaKey& key) {
-    // However long the input, no number longer than the modulus is ever made.
+    // A number longer than the modulus is never made, however long the input is.
     while (inlen > 0 && *input == 0) {
         input++;
         inlen--;
@@ -60,10 +60,10 @@ bool is_power_root(MT m, MT c, MT e, MT modulus) {
     return mtIsEqual(power, expected) != 0;
 }
 
-// crt_holds verifies a CRT result with the public exponent. A result that is wrong modulo one prime only
-// gives the other prime away: gcd(m^e - c, n). With a long exponent the check is done modulo p and q, which
-// takes half the time; as they are coprime and their product is n, it says the same. With a short one the two
-// preparations would cost more than that saves.
+// crt_holds verifies a CRT result with the public exponent. A result that is wrong modulo only one prime
+// reveals the other prime as gcd(m^e - c, n). With a long exponent the check is done modulo p and modulo q,
+// which takes half the time and is equivalent, since p and q are coprime and their product is n. With a short
+// exponent the two preparations would cost more than that saves.
 bool crt_holds(MT m, MT c, const RsaKey& key) {
     if (mtBitLength(key.e) <= kShortExponent)
         return is_power_root(m, c, key.e, key.n);

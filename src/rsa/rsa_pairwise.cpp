@@ -37,8 +37,8 @@ int rsaPairwiseTest(const RsaKey* key) {
     if (!is_message(back))
         return TEST_FAILED_ERROR;
 
-    // In the other order the operations only have to succeed, and a difference is deliberately not a failure:
-    // both permute the numbers below n, so that they undo each other in either order or in none.
+    // In the other order the operations only have to succeed; the results are not compared. Both operations
+    // permute the numbers below n, so they undo each other in both orders or in neither.
     if (const int code = rsaPrivate(key, forth.data(), &length, message.data(), size))
         return code;
     return rsaPublic(key, back.data(), &length, forth.data(), size);

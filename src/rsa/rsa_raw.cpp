@@ -1,5 +1,5 @@
-// Raw RSA, and the RSA2 forms: they sign data that end with a trailer in the last half-byte, and give the
-// smaller one of s and n - s.
+// Raw RSA and the RSA2 forms. The RSA2 forms sign data that end with a trailer in the last half-byte, and
+// give the smaller of s and n - s.
 #include "rsa/rsa_raw.h"
 
 #include <cstring>
@@ -88,7 +88,7 @@ int rsa_raw_public(uint8_t* data, size_t length, const char* keyString, int opti
     SecretBuffer result;
     if (const int code = run(rsaPublic, key, result, data, length))
         return code;
-    // A signature of n / 2 or more is accepted: peers exist that do not take the smaller one.
+    // A signature of n / 2 or more is accepted, since some programs do not choose the smaller one.
     const unsigned trailer = trailer_option(options);
     if (trailer != 0 && !has_trailer(result, trailer)) {
         complement(result, key);

@@ -19,7 +19,7 @@ SecretBuffer rsa_make_signature(const RsaKey& key, const uint8_t* message, size_
 
 bool rsa_signature_is(const RsaKey& key, const uint8_t* signature, size_t signatureLen, const uint8_t* digest,
                       size_t digestLen, int algorithm) {
-    // The whole block is compared: reading the digest out of it would leave room for forgeries.
+    // The whole block is compared. Extracting the digest from it would allow forgeries.
     SecretBuffer block(key.bytes()), undone(key.bytes());
     size_t length = 0;
     return signatureLen == key.bytes() &&

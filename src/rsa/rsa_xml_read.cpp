@@ -14,13 +14,13 @@ namespace zul {
 
 namespace {
 
-// ValueText collects the characters of one value without white space: as many as the longest key has, and
+// ValueText collects the characters of one value without white space. It has room for the longest key and
 // some leading zeros.
 class ValueText {
   public:
     void start(bool isHex) {
         isHex_ = isHex;
-        length_ = 1; // a "0" stands before the text, for an odd number of hex digits
+        length_ = 1; // a "0" before the text, for an odd number of hex digits
         buffer_[0] = '0';
     }
     bool add(std::string_view piece) {

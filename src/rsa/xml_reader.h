@@ -5,9 +5,9 @@
 
 namespace zul {
 
-// XmlReader steps through an XML 1.0 document in memory, which it neither changes nor copies. It checks that
-// tags pair up and that there is one root, skips declarations, comments and processing instructions, and
-// ignores prefixes of names. A document type is refused, so that only the predefined entities exist.
+// XmlReader steps through an XML 1.0 document in memory, without changing or copying it. It checks that tags
+// match and that there is one root. It skips declarations, comments and processing instructions and ignores
+// prefixes of names. It refuses a document type, so only the predefined entities exist.
 class XmlReader {
   public:
     enum class Event {

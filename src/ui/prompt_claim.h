@@ -3,8 +3,8 @@
 
 namespace zul {
 
-// PromptClaim is the right to ask the user, which one thread has at a time: two prompts would share a
-// terminal and the module's buffers. A second claim is refused: of another thread, or made by a message
+// PromptClaim is the right to ask the user. One thread has it at a time, since two prompts would share a
+// terminal and the module's buffers. A second claim is refused, whether another thread makes it or a message
 // that the first prompt dispatches.
 class PromptClaim {
   public:

@@ -4,7 +4,8 @@
 
 using namespace zul;
 
-// No call frame: the error state of the call before stays, which a program may report after the prompt.
+// These exports have no call frame, so the error state of the call before stays: a program may report it
+// after the prompt.
 int PWD_PromptEx(char* szPassword, int nPwdLen, const char* szCaption, const char* szPrompt) {
     const ClearedVectors cleared;
     rng_stir(1);

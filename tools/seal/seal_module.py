@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Seals a built module: writes the size of its file, the place of the digest and the digest into the seal that the
-module carries (src/module/integrity.h). It is the last step of a build; whatever changes the file afterwards, but for
-Authenticode signing of a DLL, has to be followed by it again."""
+module carries (src/module/integrity.h). It is the last step of a build. After any other change of the file it has to
+run again, except after Authenticode signing of a DLL."""
 import argparse
 import hashlib
 import hmac
@@ -25,7 +25,7 @@ def left_out_by_authenticode(module):
 
 
 def write_checksum(module, at):
-    """The sum that every PE file's optional header ends up with: of 16-bit words, with their carries, and the size."""
+    """Writes the checksum of the optional header: the sum of the file's 16-bit words with carries, plus its size."""
     module[at : at + 4] = bytes(4)
     total = sum(struct.unpack(f"<{len(module) // 2}H", module))
     while total >> 16:

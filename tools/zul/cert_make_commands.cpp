@@ -54,7 +54,7 @@ struct Contents {
             throw UsageError("--until and --years exclude each other");
     }
 
-    // The beginning is always told: the library's own shifts with the time zone.
+    // notBefore is always given: the library's default shifts with the time zone.
     std::string extensions() const {
         const std::string begin = from.empty() ? now_text(60) : date_text(from, "--from", "T00:00:01");
         std::string text = "notBefore=" + begin;
@@ -159,7 +159,7 @@ struct IssueCommand : Contents {
                 key.refuse_output(in, out);
     }
 
-    // The library does not compare them, and what a wrong key signs verifies nowhere.
+    // The library does not compare them. A signature with a wrong key would not verify.
     void check_issuer(const ObjectArgument& certificate, const RsaKey& privateKey) const {
         const RsaKey signer = RsaKey::read_certificate(certificate.text(), certificate.name());
         accept_status(RSA_KeyMatch(privateKey.text(), signer.text()), certificate.name(),
@@ -180,8 +180,8 @@ struct IssueCommand : Contents {
         return !query(certificate, "subjectKeyIdentifier").empty();
     }
 
-    // certified_request gives the key of a request that was signed with it. That takes a certificate of the
-    // key, which goes no further.
+    // certified_request gives the key of a request after checking its signature. The check needs a temporary
+    // certificate of the key.
     RsaKey certified_request(const RequestParts& parts, const ObjectArgument& object,
                              const ObjectArgument& issuerCertificate, const RsaKey& privateKey) const {
         RsaKey certified = RsaKey::read_public(parts.publicKey, object.name());

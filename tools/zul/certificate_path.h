@@ -4,7 +4,8 @@
 // Certificates in numbers, and the paths that they make.
 namespace tool {
 
-// Certificate was read once: what is looked at is what the library gets, and no name of a file is in a list.
+// Certificate holds a certificate that was read once, so that the tool and the library see the same bytes and
+// lists hold no names of files.
 struct Certificate {
     SecretBytes der;
     ObjectArgument argument;
@@ -33,8 +34,8 @@ constexpr size_t kLongestPath = 20; // the longest path that the library checks
 // a sentence for the reader.
 void check_path(const std::vector<Certificate>& certificates, const Certificate* trusted, bool ignoreDates,
                 const std::string& hint = {});
-// path_to_trusted chooses, of certificates in any number, those that lead from one to a trusted one; where
-// there is no path, the one alone.
+// path_to_trusted chooses among any number of certificates those that lead from one to a trusted one. Without
+// a path it gives that one alone.
 std::vector<Certificate> path_to_trusted(const Certificate& last, const std::vector<Certificate>& others,
                                          const Certificate& trusted);
 

@@ -26,8 +26,8 @@ ObjectArgument certificate_object(const std::string& file);
 // der_of gives the DER of the first object in a file or of standard input.
 SecretBytes der_of(const std::string& file);
 
-// ScratchFile is a place that the library writes to: what was made reaches its file only when it is as it
-// should be, and standard output too.
+// ScratchFile is a temporary file that the library writes to. The result goes to its file, or to standard
+// output, only after it is complete and checked.
 class ScratchFile {
   public:
     explicit ScratchFile(bool isSecret = false); // it is wiped then

@@ -21,7 +21,8 @@ struct EncryptCommand {
         return certificate;
     }
 
-    // The library leaves a recipient whose key cannot be used out; here everybody gets the message or nobody.
+    // The library leaves out a recipient whose key cannot be used. The tool refuses then: all recipients or
+    // none.
     [[noreturn]] static void refuse_unserved(const std::vector<Certificate>& certificates, int choice) {
         std::string names, reason;
         for (const Certificate& each : certificates) {

@@ -10,8 +10,8 @@ class App;
 // Messages (CMS, PKCS #7) as arguments and results of commands.
 namespace tool {
 
-// Message was read once: what is verified is what is then written, whatever becomes of its file. A copy of
-// what was not on disk is wiped.
+// Message holds a message that was read once, so that the verified bytes are the ones written, even if the
+// file changes. A copy of input that was not on disk is wiped.
 class Message {
   public:
     explicit Message(const std::string& file);

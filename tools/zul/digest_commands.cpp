@@ -25,7 +25,7 @@ struct HashCommand {
         for (const std::string& file : files.empty() ? std::vector<std::string>{"-"} : files) {
             try {
                 out.write(digest_line(file_digest(file, options), file));
-            } catch (const Refused& refused) { // the other files still count
+            } catch (const Refused& refused) { // the other files are still processed
                 print_error(refused.what());
                 failed = true;
             }

@@ -7,7 +7,7 @@ namespace tool {
 inline bool is_standard_stream(const std::string& name) {
     return name == "-";
 }
-// is_on_disk is false for standard input, pipes and devices: what comes from there can be read only once.
+// is_on_disk is false for standard input, pipes and devices, which can be read only once.
 bool is_on_disk(const std::string& file);
 // shown_name is what messages call a file, without characters that could steer a terminal or begin a line.
 std::string shown_name(const std::string& file);

@@ -13,7 +13,7 @@ void wipe(const std::vector<std::string>& files) {
     bool failed = false;
     for (const std::string& file : files) {
         const int result = WIPE_File(file.c_str(), 0);
-        if (result != 0) { // the other files are wiped all the same
+        if (result != 0) { // the other files are still wiped
             print_error(Refused::by_library(result, file).what());
             failed = true;
         }

@@ -14,7 +14,8 @@ struct OcspRequestCommand {
     std::string issuer, file, serial, digest = "sha1";
     MessageOutput output;
 
-    // The number is the INTEGER's content to the library: what would be a negative one gets its sign octet.
+    // The library takes the number as the INTEGER's content, so a first bit of 1 needs a sign octet before
+    // it.
     static std::string serial_argument(const std::string& text) {
         const std::string hex = serial_hex(text, "--serial");
         return (hex[0] >= '8' ? "#x00" : "#x") + hex;

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-// What the standard library has no words for. posix/ and win32/ keep this contract, file for file; nothing
-// else in the tool knows which system it runs on.
+// What the standard library does not have. posix/ and win32/ implement it, file for file. The rest of the
+// tool does not depend on the system.
 namespace tool {
 
 // prepare_streams makes standard input and output binary, so that bytes and line ends are the same
@@ -51,8 +51,8 @@ class Pipe {
     std::unique_ptr<State> state_;
 };
 
-// Terminal is the one that the process belongs to. While it exists keys arrive one by one and unseen, the one
-// that would interrupt among them, so that the user never finds it left silent.
+// Terminal is the controlling terminal of the process. While the object exists keys arrive one by one and
+// without echo, the interrupt key too, so that an interrupt never leaves the terminal without echo.
 class Terminal {
   public:
     Terminal();

@@ -14,7 +14,7 @@ namespace {
 
 constexpr int kKeyRoom = 90000; // more than the longest key string
 
-// PfxPassword is a password that may be the empty one, which has to be said.
+// PfxPassword is a password that may be empty, if an option says so.
 struct PfxPassword {
     PasswordOption option;
     bool isEmpty = false;
@@ -71,7 +71,7 @@ struct PfxMakeCommand {
             replace.for_private(out);
     }
 
-    // The library does not compare them, and a key without its certificate is of no use to others.
+    // The library does not compare them. A key without its certificate would be useless.
     void check_key(const ObjectArgument& object, const ObjectArgument& keyObject,
                    const SecretBytes& secret) const {
         SecretBytes privateKey(kKeyRoom + 1);

@@ -24,7 +24,7 @@ struct RsaSignCommand {
         const Digest& algorithm = find_digest(digest);
         key.refuse_output(in, out);
         const RsaKey privateKey = key.read_private(in);
-        // A signature that a key with contradictory values makes gives away its factors.
+        // A key with contradictory values would reveal its factors in a signature.
         accept_length(RSA_CheckKey(privateKey.text(), 0), "key", "It does not undo its public part.");
         const SecretBytes hash = digest_of(in, algorithm);
         SecretBytes block(privateKey.bytes());
@@ -97,7 +97,7 @@ struct RsaCipherCommand {
         write_file(out, block);
     }
 
-    // Whatever is wrong with the block, the words are the same: they must not help to find a message out.
+    // The text is the same for every fault of the block, so that it does not help to decrypt a message.
     void run_decrypt() const {
         const int choice = options();
         key.refuse_output(in, out);

@@ -11,7 +11,7 @@ namespace tool {
 // RsaKey is a key as a key string of the library.
 class RsaKey {
   public:
-    // read finds out the form of a file (or of standard input): XML, PEM, base64 or DER, and of the key.
+    // read reads a file or standard input and detects its form (XML, PEM, base64 or DER) and the key's.
     static RsaKey read(const std::string& file, const PasswordOption& password);
     // read_certificate reads the key of a certificate, a file or PEM; name is for messages.
     static RsaKey read_certificate(const char* fileOrText, const std::string& name);

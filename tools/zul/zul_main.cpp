@@ -34,8 +34,8 @@ struct Chosen {
     }
 };
 
-// explain gives the message of a parse error. Of the arguments it shows command and option names alone: a key
-// could stand in the wrong place.
+// explain gives the message of a parse error. It shows only command and option names of the arguments, since
+// a key could stand in the wrong place.
 std::string explain(const CLI::App& app, const CLI::ParseError& error) {
     const std::vector<std::string> left = app.remaining(true);
     const Chosen chosen(app);

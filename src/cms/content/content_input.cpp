@@ -38,7 +38,7 @@ int make_element(size_t size, const ContentShape& shape, AsnList& element) {
     return 0;
 }
 
-// read_on reads what does not tell its length (a pipe).
+// read_on reads a source of unknown length (a pipe).
 int read_on(const File& file, const char* path, const ContentShape& shape, AsnList& element) {
     SecretBuffer content, chunk(kChunk);
     bool failed = false;

@@ -64,7 +64,7 @@ bool OctetContent::rewind() {
     return stream_ != nullptr && stream_->seek(start_);
 }
 
-// next_piece goes on to a piece with octets. That the pieces are nested well is known by now.
+// next_piece goes to the next piece with octets. open has checked the nesting.
 bool OctetContent::next_piece() {
     while (stream_->offset() < end_) {
         AsnHeader header;

@@ -59,8 +59,8 @@ AsnList recipient_info(const char* cert, const ContentKey& key, size_t keyLength
                                         asn_NewOctetString(encryptedKey.data(), encryptedKey.size())));
 }
 
-// recipient_infos makes the SET OF RecipientInfo, with *count elements. They keep the order of the list,
-// which tells the caller who is who: DER's order is not required here.
+// recipient_infos makes the SET OF RecipientInfo, with *count elements in the order of the list, so that the
+// caller can tell them apart. The order of DER is not required here.
 AsnList recipient_infos(const CertificateArguments& certs, const ContentKey& key, size_t keyLength,
                         int* count) {
     AsnList all;

@@ -9,7 +9,7 @@
 namespace zul {
 namespace {
 
-// IdentifierHash digests octets behind one that tells the two kinds apart.
+// IdentifierHash digests one octet for the kind of an identifier and then the identifier's octets.
 class IdentifierHash {
   public:
     enum class Kind : uint8_t { issuerAndSerial, subjectKey };
@@ -29,7 +29,7 @@ class IdentifierHash {
     DigestContext context_;
 };
 
-// An INTEGER without the octets that only repeat its sign: what is not DER has the same value.
+// An INTEGER without octets that only repeat its sign, so that encodings that are not DER compare equal.
 struct Octets {
     const uint8_t* data;
     size_t size;
@@ -43,7 +43,7 @@ struct Octets {
     }
 };
 
-// name_octets gives a Name in DER, and what has no such form as it stands.
+// name_octets gives a Name in DER, or as it stands if it cannot be converted.
 SecretBuffer name_octets(const asn_Node* name) {
     const AsnList der = asn_ToDer(asn_CopyElement(name));
     return der ? asn_Encode(der) : asn_EncodeElement(name);
@@ -63,8 +63,8 @@ IdentifierDigest issuer_and_serial_digest(const asn_Node* issuer, const asn_Node
     return hash.end();
 }
 
-// key_digest takes the octets of an [0] in one piece or in segments, which also those have who take its tag
-// for an explicit one.
+// key_digest takes the octets of a [0] in one piece or in segments. An explicit tag around an OCTET STRING
+// looks like segments and is accepted too.
 IdentifierDigest key_digest(const asn_Node* identifier) {
     IdentifierHash hash(IdentifierHash::Kind::subjectKey);
     bool isEmpty = true;

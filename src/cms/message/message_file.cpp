@@ -12,7 +12,8 @@
 namespace zul {
 int message_write(const char* path, const asn_Node* message, int options, const char* label,
                   const WriteRules& rules) {
-    // Before the file is opened, so that one that exists is not lost to what cannot be written.
+    // Checked before the file is opened, so that an existing file is not lost to a message that cannot be
+    // written.
     if (message == nullptr || asn_Length(message) == 0)
         return INVALID_DATA_ERROR;
     FileWriter out(path, rules);

@@ -41,7 +41,7 @@ class QueryAnswer {
   public:
     QueryAnswer(char* out, int room) : out_(out), room_(room) {}
 
-    void number(int64_t number); // what no int can hold is 0 or INT_MAX
+    void number(int64_t number); // limited to 0 to INT_MAX
     void text(const char* text);
     void algorithm(const asn_Node* algorithmIdentifier); // its name
     void hex(const SecretBuffer& bytes);
@@ -56,8 +56,8 @@ class QueryAnswer {
     int value_ = 0;
 };
 
-// Both give 0 or a positive code. What is about a signer or recipient is answered for the first one. What the
-// message does not have is 0 or an empty text.
+// Both give 0 or a positive code. Queries about a signer or recipient are answered for the first one. A
+// missing part is 0 or an empty text.
 [[nodiscard]] int query_signed_data(const char* fileOrText, MessageQuery query, QueryAnswer& answer);
 [[nodiscard]] int query_enveloped_data(const char* fileOrText, MessageQuery query, QueryAnswer& answer);
 

@@ -58,7 +58,7 @@ int CarriedCertificates::read_for_signer(const CertificateArguments& list, bool 
     return error;
 }
 
-// The certificates stand in one node, which no reader of lists gets to see.
+// The certificates stand in one node. Lists with it are only written, never walked.
 AsnList CarriedCertificates::set() const {
     if (encodings_.empty())
         return {};

@@ -8,7 +8,7 @@
 namespace zul {
 namespace {
 
-// The list and its order are those of all versions: readers rely on them.
+// The list and its order never change, since readers rely on them.
 AsnList smime_capabilities() {
     static const char* const kNames[] = {"des-EDE3-CBC", "sha1WithRSAEncryption", "sha-1WithRSAEncryption",
                                          "md5WithRSAEncryption", "rsaEncryption"};

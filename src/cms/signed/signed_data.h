@@ -26,7 +26,7 @@ class SignedData {
     // certificates may hold other forms of certificates than X.509; count() and certificate() pass over them.
     const CertificateBundle& certificates() const { return certificates_; }
     int signer_count() const { return signerCount_; }
-    // signer gives the n-th from 0, all null past the last. Going on from the last one asked for costs least.
+    // signer gives the n-th from 0, with all fields null past the last. Ascending order is fastest.
     SignerFields signer(int n) const;
 
   private:
@@ -43,7 +43,7 @@ class SignedData {
     OctetContent content_;
     CertificateBundle certificates_;
     int signerCount_ = 0;
-    mutable int lastSigner_ = 0; // whose node is kept: there may be a million
+    mutable int lastSigner_ = 0; // its node is kept, since there may be a million signers
     mutable const asn_Node* lastNode_ = nullptr;
 };
 

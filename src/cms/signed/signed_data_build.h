@@ -4,7 +4,7 @@
 // The outer parts of a new signed message (RFC 5652, 5.1).
 namespace zul {
 
-// SignedDataParts are what messages differ in; what is empty makes an empty SET or is left out.
+// SignedDataParts are the variable parts of a message. An empty part makes an empty SET or is left out.
 struct SignedDataParts {
     AsnList digestAlgorithm;
     AsnList content;      // OCTET STRING

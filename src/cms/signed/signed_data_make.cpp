@@ -42,8 +42,8 @@ struct Digest {
     }
 };
 
-// signature_algorithm_name gives the name that stands in the SignerInfo. Those of the digests are told by
-// their bits, as they always have been: programs that know these messages expect them so.
+// signature_algorithm_name gives the name for the SignerInfo. It tests single bits of the digest's number, in
+// this order, because programs that read these messages expect the resulting names.
 const char* signature_algorithm_name(int options) {
     if (!has(options, ZUL_CMS_NAMED_SIGALG))
         return "rsaEncryption";

@@ -48,7 +48,8 @@ class Verification {
     bool has_attributes() const { return match_.signer.signedAttributes != nullptr; }
     bool has_content() const { return message_.has_content(); }
 
-    // check_signature leaves only the content open: what signed_digest gives is that of the signer.
+    // After check_signature the digest that signed_digest gives is the signer's. Only the content is
+    // unchecked.
     int check_signature();
     const SecretBuffer& signed_digest() const {
         return has_attributes() ? attributeDigest_ : check_.recovered();
@@ -107,8 +108,8 @@ int Verification::check_signature() {
     return error == 0 && has_attributes() ? check_attributes() : error;
 }
 
-// check_attributes takes the bytes as they stand, then their DER form: a signer may have encoded otherwise
-// than what he signed.
+// check_attributes tries the bytes as they stand, then their DER form, since a signer may send another
+// encoding than the one he signed.
 int Verification::check_attributes() const {
     for (const bool der : {false, true}) {
         const SecretBuffer set = signed_attributes_set(match_.signer.signedAttributes, der);
@@ -132,7 +133,7 @@ bool Verification::is_signed(const Digest& digest) const {
 int Verification::check_content(const Digest& given) {
     Digest digest;
     digest.size = digest_length(algorithm_);
-    // DSA takes a digest as a number, so that one with zeros before it would be the same.
+    // DSA takes a digest as a number, so leading zeros would not change it. The length is therefore checked.
     if (given.size != 0 && (given.size != digest.size || !is_signed(given)))
         return digests_differ();
     if (!has_content())

@@ -12,8 +12,8 @@
 namespace zul {
 namespace {
 
-// SignerIndex finds signers by what a certificate is called. There may be a million of both, so that not
-// every pair can be compared.
+// SignerIndex finds signers by the identifiers of a certificate. A message may have a million of both, so
+// comparing every pair would take too long.
 class SignerIndex {
   public:
     explicit SignerIndex(const SignedData& message)

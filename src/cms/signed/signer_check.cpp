@@ -15,7 +15,7 @@
 namespace zul {
 namespace {
 
-// The name may be that of a digest, too: which digest it is the digestAlgorithm says, and the DigestInfo.
+// The name may include a digest. It is ignored: the digestAlgorithm and the DigestInfo name the digest.
 bool is_rsa(std::string_view algorithm) {
     return algorithm == "rsaEncryption" || algorithm.ends_with("WithRSAEncryption");
 }

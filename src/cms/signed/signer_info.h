@@ -24,7 +24,7 @@ int find_attribute(const asn_Node* signedAttributes, const char* type, const asn
 // in DER (lengths and order) if der is set. Empty if that cannot be, and for a tag of more than one octet.
 SecretBuffer signed_attributes_set(const asn_Node* signedAttributes, bool der);
 
-// digest_algorithm_of gives the number of the digest that an AlgorithmIdentifier names, -1 for any other.
+// digest_algorithm_of gives the number of the digest that an AlgorithmIdentifier names, or -1.
 int digest_algorithm_of(const asn_Node* algorithmIdentifier);
 
 } // namespace zul

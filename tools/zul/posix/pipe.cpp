@@ -36,7 +36,7 @@ const char* Pipe::name() const {
 }
 
 bool Pipe::write(const unsigned char* data, size_t size) {
-    // The signal of a write that nobody reads goes to this thread alone, and ends with it.
+    // SIGPIPE goes to this thread alone, and its mask ends with the thread.
     sigset_t brokenPipe;
     sigemptyset(&brokenPipe);
     sigaddset(&brokenPipe, SIGPIPE);

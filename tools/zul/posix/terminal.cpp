@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kEnding[] = {SIGHUP, SIGINT, SIGQUIT, SIGTERM};
 
-// What a signal that ends the process has to put back first.
+// What to restore before a signal ends the process.
 int silentDevice = -1;
 termios loudMode;
 

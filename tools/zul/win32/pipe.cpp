@@ -7,7 +7,7 @@
 
 namespace tool {
 
-// A named pipe: the other kind has no name to open it by.
+// A named pipe, since the library opens it by name.
 struct Pipe::State {
     HANDLE handle = INVALID_HANDLE_VALUE;
     std::string name;
@@ -26,7 +26,7 @@ Pipe::Pipe() : state_(std::make_unique<State>()) {
     static unsigned count = 0;
     std::snprintf(number, sizeof number, "%lu-%u", GetCurrentProcessId(), ++count);
     state_->name = R"(\\.\pipe\zul-)" + std::string(number);
-    // Others could read the content or be taken for the library: the owner alone may open it, and only once.
+    // Only the owner may open it, and only once, so that nobody else can read the content.
     SECURITY_ATTRIBUTES security = {sizeof security, nullptr, FALSE};
     if (ConvertStringSecurityDescriptorToSecurityDescriptorA("D:P(A;;GA;;;OW)", SDDL_REVISION_1,
                                                              &security.lpSecurityDescriptor, nullptr) != 0) {

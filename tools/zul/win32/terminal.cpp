@@ -42,8 +42,8 @@ void Terminal::show(std::string_view text) const {
     WriteFile(state_->screen, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
 }
 
-// A character comes as the bytes that it has on the command line. The console gives it as UTF-16: of UTF-8
-// its narrow form loses all that is not ASCII.
+// A character is given as the bytes that it has on the command line. It is read as UTF-16, since the narrow
+// functions of the console lose all UTF-8 that is not ASCII.
 int Terminal::next_key() const {
     while (state_->pending.empty()) {
         wchar_t key[2] = {};
