@@ -11,7 +11,7 @@ namespace {
 constexpr uint32_t kLowTag = 0x1F;
 constexpr int kEnd = -1, kFull = -2;
 
-int take(ByteStream& stream, AsnHeader& header) {
+[[nodiscard]] int take(ByteStream& stream, AsnHeader& header) {
     if (header.hdrsize == sizeof header.hdr)
         return kFull;
     const int octet = stream.get();
@@ -20,7 +20,7 @@ int take(ByteStream& stream, AsnHeader& header) {
     return octet;
 }
 
-int no_header(int taken) {
+[[nodiscard]] int no_header(int taken) {
     return taken == kEnd ? 0 : -1;
 }
 

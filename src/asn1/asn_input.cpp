@@ -56,7 +56,7 @@ bool parse_der(const uint8_t* bytes, size_t size, AsnList& list) {
     return static_cast<bool>(list);
 }
 
-int parse_b64(std::string_view text, AsnList& list) {
+[[nodiscard]] int parse_b64(std::string_view text, AsnList& list) {
     SecretBuffer decoded(b64_decoded_length(text.data(), text.size()));
     b64_decode(decoded.data(), decoded.size(), text.data(), text.size());
     return parse_der(decoded.data(), decoded.size(), list)
@@ -64,7 +64,7 @@ int parse_b64(std::string_view text, AsnList& list) {
                : err_fail(INVALID_DATA_ERROR, "Not a valid DER structure");
 }
 
-int parse_pem(std::string_view text, AsnList& list) {
+[[nodiscard]] int parse_pem(std::string_view text, AsnList& list) {
     size_t bodyLen = 0;
     const char* body = pem_find_body(text.data(), text.size(), &bodyLen);
     if (bodyLen == 0)
@@ -76,7 +76,7 @@ int parse_pem(std::string_view text, AsnList& list) {
     return parse_b64(content, list);
 }
 
-int parse_file(const char* path, AsnList& list, size_t maxSize) {
+[[nodiscard]] int parse_file(const char* path, AsnList& list, size_t maxSize) {
     SecretBuffer content;
     const int error = read_whole_file(path, content, maxSize);
     return error != 0 ? error : asn_read_content(content.data(), content.size(), list);

@@ -15,7 +15,7 @@ class Digits {
 
     // field reads at most width digits. Once there is none, this field and all that follow are 0, and not
     // counted.
-    int field(int width) {
+    [[nodiscard]] int field(int width) {
         int value = 0, count = 0;
         for (; count < width && next_ != end_ && *next_ >= '0' && *next_ <= '9'; count++)
             value = value * 10 + (*next_++ - '0');

@@ -29,7 +29,7 @@ bool same_text(const char* a, const char* b) {
     return upper(*a) == upper(*b);
 }
 
-int hex_digit(char c) {
+[[nodiscard]] int hex_digit(char c) {
     const char u = upper(c);
     if (u >= '0' && u <= '9')
         return u - '0';

@@ -15,7 +15,7 @@
 namespace zul {
 namespace {
 
-int bad_format(const char* what) {
+[[nodiscard]] int bad_format(const char* what) {
     return err_fail(BAD_FORMAT_ERROR, "Invalid %s", what);
 }
 
@@ -28,7 +28,7 @@ bool is_version(const asn_Node* node, uint8_t version) {
 }
 
 // read_curve takes the OBJECT IDENTIFIER of a curve: nothing else names one (RFC 5480, 2.1.1).
-int read_curve(Key& key, const asn_Node* node) {
+[[nodiscard]] int read_curve(Key& key, const asn_Node* node) {
     for (const KeyKind kind : {KeyKind::p256, KeyKind::p384, KeyKind::p521}) {
         if (oid_is(node, key_kind_info(kind).oid)) {
             key.kind = kind;
@@ -40,7 +40,7 @@ int read_curve(Key& key, const asn_Node* node) {
 }
 
 // read_algorithm sets the kind, and the rules of an RSA-PSS key.
-int read_algorithm(Key& key, const asn_Node* algorithm) {
+[[nodiscard]] int read_algorithm(Key& key, const asn_Node* algorithm) {
     AsnChildren children(algorithm);
     const asn_Node* oid = children.take_oid();
     const asn_Node* parameters = children.take();
@@ -62,7 +62,7 @@ int read_algorithm(Key& key, const asn_Node* algorithm) {
 }
 
 // read_point takes the bytes of a public key that is not RSA's.
-int read_point(Key& key, const uint8_t* bytes, size_t size) {
+[[nodiscard]] int read_point(Key& key, const uint8_t* bytes, size_t size) {
     const size_t publicBytes = key_kind_info(key.kind).publicBytes;
     bool isGood = size == publicBytes;
     if (key.is_ec()) {
@@ -83,14 +83,14 @@ int read_point(Key& key, const uint8_t* bytes, size_t size) {
 }
 
 // finish_rsa refuses exponents with which anybody makes signatures or that no private key has.
-int finish_rsa(const Key& key) {
+[[nodiscard]] int finish_rsa(const Key& key) {
     return rsa_exponent_is_safe(*key.rsa)
                ? 0
                : err_fail(BAD_KEY_ERROR, "The exponent of the RSA key is 1 or even");
 }
 
 // read_public_bits takes the content of the BIT STRING, of whole bytes.
-int read_public_bits(Key& key, const uint8_t* content, size_t size) {
+[[nodiscard]] int read_public_bits(Key& key, const uint8_t* content, size_t size) {
     if (size < 2 || content[0] != 0)
         return bad_format("bit string of a public key");
     if (!key.is_rsa())
@@ -101,12 +101,12 @@ int read_public_bits(Key& key, const uint8_t* content, size_t size) {
     return finish_rsa(key);
 }
 
-int read_bit_string(Key& key, const asn_Node* bits) {
+[[nodiscard]] int read_bit_string(Key& key, const asn_Node* bits) {
     return bits->data == nullptr ? bad_format("bit string of a public key")
                                  : read_public_bits(key, bits->data, bits->length);
 }
 
-int read_public_info(Key& key, const asn_Node* info) {
+[[nodiscard]] int read_public_info(Key& key, const asn_Node* info) {
     AsnChildren children(is_sequence(info) ? info : nullptr);
     const asn_Node* algorithm = children.take_sequence();
     const asn_Node* bits = children.take_if(kAsnUniversal, kAsnBitString);
@@ -119,7 +119,7 @@ int read_public_info(Key& key, const asn_Node* info) {
 
 // finish_private computes the public key, and compares it with the one that the structure has, of whose bit
 // string content is what is given.
-int finish_private(Key& key, const uint8_t* bits, size_t bitsLen) {
+[[nodiscard]] int finish_private(Key& key, const uint8_t* bits, size_t bitsLen) {
     key.isPrivate = true;
     if (key.is_ec() && !ec_operations(key.curve()).scalar_is_valid(key.secret.data()))
         return err_fail(BAD_KEY_ERROR, "Not a valid private key of %s", key_kind_info(key.kind).name);
@@ -136,7 +136,7 @@ int finish_private(Key& key, const uint8_t* bits, size_t bitsLen) {
 }
 
 // read_ec_private reads ECPrivateKey. Its kind is known if the structure around it names the curve.
-int read_ec_private(Key& key, const asn_Node* list, bool knowsCurve) {
+[[nodiscard]] int read_ec_private(Key& key, const asn_Node* list, bool knowsCurve) {
     AsnChildren children(is_sequence(list) ? list : nullptr);
     const bool isVersion1 = is_version(children.take_integer(), 1);
     const asn_Node* octets = children.take_if(kAsnUniversal, kAsnOctetString);
@@ -164,7 +164,7 @@ int read_ec_private(Key& key, const asn_Node* list, bool knowsCurve) {
     return finish_private(key, bits == nullptr ? nullptr : bits->data, bits == nullptr ? 0 : bits->length);
 }
 
-int read_rsa_private(Key& key, const asn_Node* list) {
+[[nodiscard]] int read_rsa_private(Key& key, const asn_Node* list) {
     key.isPrivate = true;
     if (!rsa_read_private_key(list, key.rsa.emplace()))
         return err_fail(BAD_FORMAT_ERROR, "Not a valid RSA private key");
@@ -172,7 +172,7 @@ int read_rsa_private(Key& key, const asn_Node* list) {
 }
 
 // The content of the OCTET STRING; *bits those of the public key beside it, or null.
-int read_private_value(Key& key, const SecretBuffer& content, const asn_Node* bits) {
+[[nodiscard]] int read_private_value(Key& key, const SecretBuffer& content, const asn_Node* bits) {
     const uint8_t* const bitBytes = bits == nullptr ? nullptr : bits->data;
     const size_t bitCount = bits == nullptr ? 0 : bits->length;
     if (!key.is_rsa() && !key.is_ec()) {
@@ -192,7 +192,7 @@ int read_private_value(Key& key, const SecretBuffer& content, const asn_Node* bi
 }
 
 // read_private_info reads PrivateKeyInfo and OneAsymmetricKey: a public key makes version 1 (called v2).
-int read_private_info(Key& key, const asn_Node* info) {
+[[nodiscard]] int read_private_info(Key& key, const asn_Node* info) {
     AsnChildren children(info);
     const asn_Node* version = children.take_integer();
     const asn_Node* algorithm = children.take_sequence();
@@ -210,7 +210,7 @@ int read_private_info(Key& key, const asn_Node* info) {
 }
 
 // The public key of a certificate or a request.
-int read_signed_object(Key& key, const asn_Node* list) {
+[[nodiscard]] int read_signed_object(Key& key, const asn_Node* list) {
     AsnChildren fields(AsnChildren(list).take_sequence());
     const bool isTagged = fields.take_if(kAsnExplicit, 0) != nullptr;
     fields.take_integer();

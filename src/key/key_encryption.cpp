@@ -24,7 +24,7 @@ namespace {
 
 constexpr size_t kSalt = 16;
 
-int bad_format() {
+[[nodiscard]] int bad_format() {
     return err_fail(BAD_FORMAT_ERROR, "Invalid scrypt parameters");
 }
 
@@ -77,7 +77,7 @@ bool is_scrypt(const asn_Node* algorithm) {
     return oid_is(AsnChildren(schemes.take_sequence()).take_oid(), kOidScrypt);
 }
 
-int read_scrypt(ScryptParams& params, const asn_Node* algorithm) {
+[[nodiscard]] int read_scrypt(ScryptParams& params, const asn_Node* algorithm) {
     AsnChildren children(algorithm);
     children.take_oid();
     AsnChildren schemes(children.take_sequence());
@@ -102,11 +102,11 @@ int read_scrypt(ScryptParams& params, const asn_Node* algorithm) {
     return 0;
 }
 
-int wrong_password() {
+[[nodiscard]] int wrong_password() {
     return err_fail(DECRYPT_ERROR, "Decryption error");
 }
 
-int decrypt_scrypt(SecretBuffer& data, const asn_Node* algorithm, const char* password) {
+[[nodiscard]] int decrypt_scrypt(SecretBuffer& data, const asn_Node* algorithm, const char* password) {
     ScryptParams params;
     if (const int error = read_scrypt(params, algorithm))
         return error;

@@ -38,7 +38,7 @@ constexpr NameRow kParameters[] = {
     {"p", kP, false},
 };
 
-int read_number(uint64_t& value, const char* text, uint64_t most) {
+[[nodiscard]] int read_number(uint64_t& value, const char* text, uint64_t most) {
     value = 0;
     const char* at = text;
     for (; *at >= '0' && *at <= '9' && value <= most; at++)
@@ -49,7 +49,7 @@ int read_number(uint64_t& value, const char* text, uint64_t most) {
                                        : err_fail(OUT_OF_RANGE_ERROR, "%s is out of range", shown_name(text));
 }
 
-int read_hash(int& digest, const char* text) {
+[[nodiscard]] int read_hash(int& digest, const char* text) {
     if (const int error = digest_choose(&digest, text))
         return error;
     return pbe_prf_of(digest)->hashAlg == digest
@@ -61,7 +61,7 @@ struct Given {
     bool hasPbkdf2 = false, hasScrypt = false;
 };
 
-int take(KeyEncryption& encryption, Given& given, const char* name, const char* value) {
+[[nodiscard]] int take(KeyEncryption& encryption, Given& given, const char* name, const char* value) {
     int parameter = 0, choice = 0;
     if (name_find(kParameters, name, &parameter) != 0)
         return BAD_PARAM_ERROR;

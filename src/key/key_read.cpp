@@ -18,13 +18,13 @@ namespace {
 constexpr size_t kMaxInput = 1 << 22;
 constexpr std::string_view kPemBegin = "-----BEGIN ";
 
-int no_password() {
+[[nodiscard]] int no_password() {
     return err_fail(BAD_PARAM_ERROR, "The key is encrypted: a password is needed");
 }
 
 // read_decrypted reads what came of a decryption: anything but a key of an unknown kind is the password's
 // fault.
-int read_decrypted(Key& key, const SecretBuffer& plain) {
+[[nodiscard]] int read_decrypted(Key& key, const SecretBuffer& plain) {
     AsnList list;
     const int error =
         key_parse(plain.data(), plain.size(), list) ? key_read_structure(list.head(), key) : BAD_FORMAT_ERROR;
@@ -35,7 +35,7 @@ int read_decrypted(Key& key, const SecretBuffer& plain) {
                : err_fail(DECRYPT_ERROR, "Not a private key: a wrong password, or damaged data");
 }
 
-int read_list(Key& key, const asn_Node* list, const char* password) {
+[[nodiscard]] int read_list(Key& key, const asn_Node* list, const char* password) {
     if (key_shape(list) != KeyShape::encrypted)
         return key_read_structure(list, key);
     if (password == nullptr)
@@ -45,7 +45,7 @@ int read_list(Key& key, const asn_Node* list, const char* password) {
     return error != 0 ? error : read_decrypted(key, plain);
 }
 
-int read_pem(Key& key, std::string_view text, const char* password) {
+[[nodiscard]] int read_pem(Key& key, std::string_view text, const char* password) {
     PemBlock block;
     if (const int error = pem_find_key(text, block))
         return error;

@@ -20,8 +20,8 @@ const char* own_label(const Key& key) {
 }
 
 // make gives the structure and its label.
-int make(AsnList& list, const char*& label, const Key& key, const char* password, const char* parameters,
-         bool isOwn) {
+[[nodiscard]] int make(AsnList& list, const char*& label, const Key& key, const char* password,
+                       const char* parameters, bool isOwn) {
     if (isOwn) {
         list = key_own_structure(key);
         label = own_label(key);

@@ -14,11 +14,11 @@ namespace {
 constexpr uint32_t kDefaultSalt = 20, kMaxSalt = 8192; // no modulus has room for more
 constexpr uint32_t kFields = 4;
 
-int bad_format() {
+[[nodiscard]] int bad_format() {
     return err_fail(BAD_FORMAT_ERROR, "Invalid RSASSA-PSS parameters");
 }
 
-int read_mask(int& digest, const asn_Node* algorithm) {
+[[nodiscard]] int read_mask(int& digest, const asn_Node* algorithm) {
     AsnChildren children(algorithm);
     const asn_Node* oid = children.take_oid();
     const asn_Node* hash = children.take_sequence();
@@ -29,7 +29,7 @@ int read_mask(int& digest, const asn_Node* algorithm) {
     return digest_algorithm_read(&digest, hash);
 }
 
-int read_field(PssRules& rules, uint32_t field, const asn_Node* value) {
+[[nodiscard]] int read_field(PssRules& rules, uint32_t field, const asn_Node* value) {
     if (field < 2) {
         if (!asn_is(value, kAsnConstructed, kAsnSequence))
             return bad_format();

@@ -17,16 +17,16 @@ namespace {
 
 using Digest = Secret<kMaxDigestSize>;
 
-int no_signature() {
+[[nodiscard]] int no_signature() {
     return err_fail(SIGNATURE_ERROR, "The signature does not verify");
 }
 
-int too_short() {
+[[nodiscard]] int too_short() {
     return err_fail(BAD_KEY_LEN_ERROR, "The RSA key is too short for the algorithm");
 }
 
 // rsa_encoding sets the PSS encoding of a key: BAD_KEY_LEN_ERROR if the salt has no room.
-int rsa_encoding(PssEncoding& encoding, const Key& key, const SignatureAlgorithm& algorithm) {
+[[nodiscard]] int rsa_encoding(PssEncoding& encoding, const Key& key, const SignatureAlgorithm& algorithm) {
     encoding = {key.rsa->bits - 1, algorithm.digest, algorithm.mgfDigest, algorithm.saltSize};
     size_t room = 0;
     if (!pss_salt_room(encoding, &room))
@@ -39,7 +39,8 @@ int rsa_encoding(PssEncoding& encoding, const Key& key, const SignatureAlgorithm
 }
 
 // encode_pkcs1 fills a block of the key's length.
-int encode_pkcs1(SecretBuffer& block, const SignatureAlgorithm& algorithm, const Digest& digest) {
+[[nodiscard]] int encode_pkcs1(SecretBuffer& block, const SignatureAlgorithm& algorithm,
+                               const Digest& digest) {
     const DigestInfoPrefix* const prefix = digest_info_prefix(algorithm.digest);
     if (prefix == nullptr)
         return err_fail(NOT_SUPPORTED_ERROR, "PKCS #1 v1.5 has no DigestInfo of this digest");
@@ -49,8 +50,8 @@ int encode_pkcs1(SecretBuffer& block, const SignatureAlgorithm& algorithm, const
                : 0;
 }
 
-int sign_rsa(SecretBuffer& signature, const Key& key, const SignatureAlgorithm& algorithm,
-             const Digest& digest) {
+[[nodiscard]] int sign_rsa(SecretBuffer& signature, const Key& key, const SignatureAlgorithm& algorithm,
+                           const Digest& digest) {
     SecretBuffer block(key.rsa->bytes());
     if (algorithm.scheme == SignatureScheme::rsaPkcs1) {
         if (const int error = encode_pkcs1(block, algorithm, digest))
@@ -68,8 +69,8 @@ int sign_rsa(SecretBuffer& signature, const Key& key, const SignatureAlgorithm& 
     return rsa_private_blinded(*key.rsa, signature.data(), block.data());
 }
 
-int check_rsa(const uint8_t* signature, size_t size, const Key& key, const SignatureAlgorithm& algorithm,
-              const Digest& digest) {
+[[nodiscard]] int check_rsa(const uint8_t* signature, size_t size, const Key& key,
+                            const SignatureAlgorithm& algorithm, const Digest& digest) {
     SecretBuffer undone(key.rsa->bytes());
     size_t length = 0;
     if (size != undone.size() || rsaPublic(&*key.rsa, undone.data(), &length, signature, size) != 0)
@@ -89,8 +90,8 @@ int check_rsa(const uint8_t* signature, size_t size, const Key& key, const Signa
     return isGood ? 0 : no_signature();
 }
 
-int sign_ecdsa(SecretBuffer& signature, const Key& key, const SignatureAlgorithm& algorithm,
-               const Digest& digest, int options) {
+[[nodiscard]] int sign_ecdsa(SecretBuffer& signature, const Key& key, const SignatureAlgorithm& algorithm,
+                             const Digest& digest, int options) {
     const size_t bytes = key_kind_info(key.kind).secretBytes;
     uint8_t rs[2 * kMaxEcBytes];
     Secret<kEcdsaExtra> extra;
@@ -108,8 +109,8 @@ int sign_ecdsa(SecretBuffer& signature, const Key& key, const SignatureAlgorithm
     return 0;
 }
 
-int check_ecdsa(const uint8_t* signature, size_t size, const Key& key, const SignatureAlgorithm& algorithm,
-                const Digest& digest, int options) {
+[[nodiscard]] int check_ecdsa(const uint8_t* signature, size_t size, const Key& key,
+                              const SignatureAlgorithm& algorithm, const Digest& digest, int options) {
     const size_t bytes = key_kind_info(key.kind).secretBytes;
     uint8_t rs[2 * kMaxEcBytes];
     if ((options & ZUL_SIG_RAW) != 0) {
@@ -127,7 +128,7 @@ int check_ecdsa(const uint8_t* signature, size_t size, const Key& key, const Sig
 // What Ed25519 signs: the input, or the digest of the pre-hashed form.
 class Ed25519Input {
   public:
-    int begin(const SignatureAlgorithm& algorithm, SignatureInput& input) {
+    [[nodiscard]] int begin(const SignatureAlgorithm& algorithm, SignatureInput& input) {
         isWhole_ = algorithm.scheme == SignatureScheme::ed25519;
         input_ = &input;
         return isWhole_ ? input.whole_error() : input.digest(digest_.data(), kDigestSha512);
@@ -146,8 +147,8 @@ bool is_ed25519(const SignatureAlgorithm& algorithm) {
     return algorithm.scheme == SignatureScheme::ed25519 || algorithm.scheme == SignatureScheme::ed25519ph;
 }
 
-int sign_ed25519(SecretBuffer& signature, const Key& key, const SignatureAlgorithm& algorithm,
-                 SignatureInput& input) {
+[[nodiscard]] int sign_ed25519(SecretBuffer& signature, const Key& key, const SignatureAlgorithm& algorithm,
+                               SignatureInput& input) {
     Ed25519Input message;
     if (const int error = message.begin(algorithm, input))
         return error;
@@ -157,8 +158,8 @@ int sign_ed25519(SecretBuffer& signature, const Key& key, const SignatureAlgorit
                : input.feed_error();
 }
 
-int check_ed25519(const uint8_t* signature, size_t size, const Key& key, const SignatureAlgorithm& algorithm,
-                  SignatureInput& input) {
+[[nodiscard]] int check_ed25519(const uint8_t* signature, size_t size, const Key& key,
+                                const SignatureAlgorithm& algorithm, SignatureInput& input) {
     Ed25519Input message;
     if (const int error = message.begin(algorithm, input))
         return error;

@@ -26,21 +26,21 @@ constexpr Prefix kPrefixes[] = {{"rsa-pss-", SignatureScheme::rsaPss},
                                 {"rsa-", SignatureScheme::rsaPkcs1},
                                 {"ecdsa-", SignatureScheme::ecdsa}};
 
-int unknown(const char* name) {
+[[nodiscard]] int unknown(const char* name) {
     return err_fail(NOT_SUPPORTED_ERROR,
                     "Unknown algorithm '%s' (known: rsa-HASH, rsa-pss-HASH[;salt=N|digest|max][;mgf=HASH], "
                     "ecdsa-HASH, ed25519, ed25519ph; HASH as sha256)",
                     shown_name(name));
 }
 
-int choose_digest(int* digest, const char* name) {
+[[nodiscard]] int choose_digest(int* digest, const char* name) {
     if (const int error = digest_choose(digest, name))
         return error;
     return digest_find(*digest)->isExtendable ? err_fail(NOT_SUPPORTED_ERROR, "No signatures with '%s'", name)
                                               : 0;
 }
 
-int read_salt(SignatureAlgorithm& algorithm, const char* value) {
+[[nodiscard]] int read_salt(SignatureAlgorithm& algorithm, const char* value) {
     if (strcmp(value, "digest") == 0 || strcmp(value, "max") == 0) {
         algorithm.salt = *value == 'd' ? PssSalt::digest : PssSalt::most;
         return 0;
@@ -55,7 +55,7 @@ int read_salt(SignatureAlgorithm& algorithm, const char* value) {
 }
 
 // read_parameters reads ";salt=...;mgf=...", each at most once.
-int read_parameters(SignatureAlgorithm& algorithm, char* text) {
+[[nodiscard]] int read_parameters(SignatureAlgorithm& algorithm, char* text) {
     bool hasSalt = false, hasMgf = false;
     while (text != nullptr) {
         char* const next = strchr(text, ';');
@@ -78,7 +78,7 @@ int read_parameters(SignatureAlgorithm& algorithm, char* text) {
     return 0;
 }
 
-int read_name(SignatureAlgorithm& algorithm, const char* name) {
+[[nodiscard]] int read_name(SignatureAlgorithm& algorithm, const char* name) {
     char lower[kLongestName + 1] = {};
     if (strlen(name) > kLongestName)
         return unknown(name);
@@ -108,7 +108,7 @@ int read_name(SignatureAlgorithm& algorithm, const char* name) {
 }
 
 // The default of a key.
-int choose_default(SignatureAlgorithm& algorithm, const Key& key) {
+[[nodiscard]] int choose_default(SignatureAlgorithm& algorithm, const Key& key) {
     algorithm.scheme = SignatureScheme::ecdsa;
     switch (key.kind) {
     case KeyKind::rsa:

@@ -51,7 +51,7 @@ bool is_context(const asn_Node* node) {
 struct BasicResponse {
     AsnList asItStands, der;
 
-    int parse(const SecretBuffer& content) {
+    [[nodiscard]] int parse(const SecretBuffer& content) {
         ByteStream stream(content.data(), content.size());
         asItStands = asn_Parse(stream, false, true);
         if (stream.at_end())
@@ -62,7 +62,7 @@ struct BasicResponse {
     }
 
     // verify ignores certificates that follow the signature.
-    int verify(const char* issuerCert, const char* name) const {
+    [[nodiscard]] int verify(const char* issuerCert, const char* name) const {
         AsnList issuer;
         if (const int error = x509_read_certificate(issuerCert, issuer))
             return error;
@@ -79,7 +79,7 @@ struct BasicResponse {
 };
 
 // find_basic_response gives the content of a successful response.
-int find_basic_response(AsnChildren& fields, SecretBuffer& content) {
+[[nodiscard]] int find_basic_response(AsnChildren& fields, SecretBuffer& content) {
     AsnChildren responseBytes(AsnChildren(fields.take_if(kAsnExplicit, 0)).take_sequence());
     if (!asn_OidIs(responseBytes.take_oid(), "ocspBasic"))
         return err_fail(NOT_SUPPORTED_ERROR, "Require responseType to be ocspBasic");
@@ -88,7 +88,7 @@ int find_basic_response(AsnChildren& fields, SecretBuffer& content) {
     return 0;
 }
 
-int add_produced_at(char report[kOcspReport], AsnChildren& responseData) {
+[[nodiscard]] int add_produced_at(char report[kOcspReport], AsnChildren& responseData) {
     while (is_context(responseData.peek())) // version and responderID
         responseData.take();
     char time[kAsnTimeText];
@@ -99,7 +99,7 @@ int add_produced_at(char report[kOcspReport], AsnChildren& responseData) {
 }
 
 // add_single adds what a SingleResponse says of its certificate.
-int add_single(char report[kOcspReport], const asn_Node* single) {
+[[nodiscard]] int add_single(char report[kOcspReport], const asn_Node* single) {
     AsnChildren fields(sequence_or_null(single));
     const asn_Node* certId = fields.take_sequence();
     const asn_Node* status = certId == nullptr ? nullptr : fields.take();
@@ -125,8 +125,8 @@ int add_single(char report[kOcspReport], const asn_Node* single) {
     return 0;
 }
 
-int add_basic_response(char report[kOcspReport], const BasicResponse& basic, const char* responseFile,
-                       const char* issuerCert) {
+[[nodiscard]] int add_basic_response(char report[kOcspReport], const BasicResponse& basic,
+                                     const char* responseFile, const char* issuerCert) {
     AsnChildren responseData(AsnChildren(basic.der.head()).take_sequence());
     if (const int error = add_produced_at(report, responseData))
         return error;
@@ -143,7 +143,7 @@ int add_basic_response(char report[kOcspReport], const BasicResponse& basic, con
 }
 
 // read_response gives the error texts that the readers of certificates give.
-int read_response(const char* responseFile, AsnList& object) {
+[[nodiscard]] int read_response(const char* responseFile, AsnList& object) {
     const int error = asn_read_input(responseFile, object, kMaxResponse);
     if (error == INVALID_DATA_ERROR)
         err_add_text("Invalid ASN.1 data");
@@ -152,7 +152,7 @@ int read_response(const char* responseFile, AsnList& object) {
     return error;
 }
 
-int make_report(char report[kOcspReport], const char* responseFile, const char* issuerCert) {
+[[nodiscard]] int make_report(char report[kOcspReport], const char* responseFile, const char* issuerCert) {
     AsnList object;
     if (const int error = read_response(responseFile, object))
         return error;

@@ -119,7 +119,7 @@ class Filler {
     Argon2Compress* compress_ = compress_function();
 };
 
-int check(size_t outLen, const Argon2Input& input, const Argon2Cost& cost) {
+[[nodiscard]] int check(size_t outLen, const Argon2Input& input, const Argon2Cost& cost) {
     constexpr uint64_t kMostKiB = uint64_t{4} << 20, kMostWorkKiB = uint64_t{64} << 20, kMostLanes = 255;
     if (outLen < 4 || input.salt.size < 8)
         return err_fail(OUT_OF_RANGE_ERROR, "Argon2id: output must be at least 4 bytes, salt 8");

@@ -89,7 +89,7 @@ bool is_sequence(const SecretBuffer& bytes) {
     return asn_is(list.head(), kAsnConstructed, kAsnSequence) && stream.at_end();
 }
 
-int decrypt_in_place(PbeParams& params, SecretBuffer& data) {
+[[nodiscard]] int decrypt_in_place(PbeParams& params, SecretBuffer& data) {
     const size_t block = params.ivLength;
     if (data.empty() || data.size() % block != 0)
         return err_fail(DECRYPT_ERROR, "Decryption error");

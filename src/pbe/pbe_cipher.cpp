@@ -16,7 +16,8 @@ namespace {
 // By CipherAlgorithm: des-EDE3-CBC is 0, desCBC 1, rc2CBC 2, then AES.
 constexpr int kSchemeNumbers[] = {0, 3, 4, 5, 1, 2};
 
-int cbc(const PbeParams& params, const uint8_t* key, bool encrypt, uint8_t* data, size_t blocks) {
+[[nodiscard]] int cbc(const PbeParams& params, const uint8_t* key, bool encrypt, uint8_t* data,
+                      size_t blocks) {
     CipherContext context;
     const CipherKey cipherKey = {key, params.keyLength, params.rc2Bits};
     if (context.init(params.cipher, CipherMode::cbc, encrypt, cipherKey, params.iv.data()) != 0)

@@ -30,11 +30,11 @@ class OidName {
     char text_[kMax + 1] = {};
 };
 
-int no_params() {
+[[nodiscard]] int no_params() {
     return err_fail(BAD_FORMAT_ERROR, "Failed to extract PBE parameters");
 }
 
-int no_cipher_params() {
+[[nodiscard]] int no_cipher_params() {
     return err_fail(BAD_FORMAT_ERROR, "PBES2 encryption scheme parameters invalid or not supported");
 }
 
@@ -50,7 +50,7 @@ uint32_t positive(const asn_Node* node) {
     return value;
 }
 
-int read_salt_and_iterations(PbeParams& params, AsnChildren& children) {
+[[nodiscard]] int read_salt_and_iterations(PbeParams& params, AsnChildren& children) {
     const asn_Node* salt = children.take_octets();
     params.iterations = positive(children.take_integer());
     if (!asn_GetOctets(salt, params.salt) || params.salt.size() > kAsnMaxContent || params.iterations == 0)
@@ -59,7 +59,7 @@ int read_salt_and_iterations(PbeParams& params, AsnChildren& children) {
 }
 
 // read_pbkdf2 reads PBKDF2-params. keyLength becomes 0 if the field is absent.
-int read_pbkdf2(PbeParams& params, const asn_Node* algorithm, uint32_t* keyLength) {
+[[nodiscard]] int read_pbkdf2(PbeParams& params, const asn_Node* algorithm, uint32_t* keyLength) {
     AsnChildren children(algorithm);
     const asn_Node* oid = children.take_oid();
     if (oid == nullptr)
@@ -96,7 +96,7 @@ int read_pbkdf2(PbeParams& params, const asn_Node* algorithm, uint32_t* keyLengt
 
 // read_rc2 reads RC2-CBC-Parameter as far as the IV. A version stands for effective key bits: three small
 // versions by a table, a version from 256 up for itself, a missing one for 32.
-int read_rc2(PbeParams& params, AsnChildren& fields) {
+[[nodiscard]] int read_rc2(PbeParams& params, AsnChildren& fields) {
     params.rc2Bits = 32;
     const asn_Node* node = fields.take_integer();
     if (node == nullptr)
@@ -121,7 +121,7 @@ int read_rc2(PbeParams& params, AsnChildren& fields) {
 }
 
 // read_cipher reads the encryption scheme of PBES2; keyLength is that of PBKDF2-params, or 0.
-int read_cipher(PbeParams& params, const asn_Node* algorithm, uint32_t keyLength) {
+[[nodiscard]] int read_cipher(PbeParams& params, const asn_Node* algorithm, uint32_t keyLength) {
     AsnChildren children(algorithm);
     const asn_Node* oid = children.take_oid();
     if (oid == nullptr)

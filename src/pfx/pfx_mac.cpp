@@ -50,7 +50,7 @@ bool agrees(const Secret<kMaxDigestSize>& mac, size_t length, const SecretBuffer
     return difference == 0;
 }
 
-int read_algorithm(const asn_Node* algorithmIdentifier, int& hashAlg) {
+[[nodiscard]] int read_algorithm(const asn_Node* algorithmIdentifier, int& hashAlg) {
     char name[kAlgorithmName];
     algorithm_name(algorithmIdentifier, name);
     constexpr struct {
@@ -69,11 +69,11 @@ int read_algorithm(const asn_Node* algorithmIdentifier, int& hashAlg) {
     return err_fail(NOT_SUPPORTED_ERROR, "MAC algorithm '%s' not supported", name);
 }
 
-int invalid() {
+[[nodiscard]] int invalid() {
     return err_fail(INVALID_DATA_ERROR, "Invalid MacData");
 }
 
-int read_iterations(const asn_Node* node, uint32_t& iterations) {
+[[nodiscard]] int read_iterations(const asn_Node* node, uint32_t& iterations) {
     if (node->length == 0 || (node->data[0] & 0x80) != 0)
         return invalid();
     uint8_t bytes[4];
@@ -86,7 +86,7 @@ int read_iterations(const asn_Node* node, uint32_t& iterations) {
     return iterations == 0 ? invalid() : 0;
 }
 
-int read_mac_data(const asn_Node* macData, PfxMac& mac, SecretBuffer& value) {
+[[nodiscard]] int read_mac_data(const asn_Node* macData, PfxMac& mac, SecretBuffer& value) {
     AsnChildren fields(macData);
     AsnChildren digestInfo(fields.take_sequence());
     const asn_Node* algorithm = digestInfo.take_sequence();

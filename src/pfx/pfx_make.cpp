@@ -22,7 +22,7 @@ namespace {
 constexpr size_t kMaxKeyFile = 1 << 22;      // as where keys are read
 constexpr size_t kMaxSafe = kMaxPfxFile / 2; // so that the file can be read again, as PEM too
 
-int read_certificate(const char* fileOrText, AsnList& certificate) {
+[[nodiscard]] int read_certificate(const char* fileOrText, AsnList& certificate) {
     AsnList object;
     if (x509_read_certificate(fileOrText, object) == 0)
         certificate = asn_ToDer(std::move(object));
@@ -32,7 +32,7 @@ int read_certificate(const char* fileOrText, AsnList& certificate) {
 }
 
 // test_key tells whether a password gives an RSA key, as RSA_ReadEncPrivateKey would.
-int test_key(const asn_Node* encrypted, const char* password) {
+[[nodiscard]] int test_key(const asn_Node* encrypted, const char* password) {
     SecretBuffer plain;
     if (pbe_decrypt(encrypted, password, plain) == 0) {
         RsaKey key;

@@ -15,7 +15,7 @@
 namespace zul {
 namespace {
 
-int malformed() {
+[[nodiscard]] int malformed() {
     return err_fail(INVALID_DATA_ERROR, "Invalid PFX structure");
 }
 
@@ -96,7 +96,7 @@ Found look_into(const asn_Node* safeContents, Finder* finder, SecretBuffer& cont
     return Found::no;
 }
 
-int find(const SecretBuffer& safe, Finder* finder, SecretBuffer& content, const char* what) {
+[[nodiscard]] int find(const SecretBuffer& safe, Finder* finder, SecretBuffer& content, const char* what) {
     AsnList list;
     if (!read_sequence(safe, list))
         return malformed();

@@ -14,13 +14,15 @@ namespace {
 constexpr int kLineLen = 60;
 constexpr WriteRules kPublic = {.replaces = true}, kPrivate = {.secret = true, .replaces = true};
 
-int write_list(const char* path, const asn_Node* list, const char* label, const WriteRules& rules) {
+[[nodiscard]] int write_list(const char* path, const asn_Node* list, const char* label,
+                             const WriteRules& rules) {
     if (debugOutput.structures != 0)
         asn_Dump(list);
     return asn_write_file(path, list, label, kLineLen, rules);
 }
 
-int write_key_list(const char* path, const AsnList& list, const char* label, const WriteRules& rules) {
+[[nodiscard]] int write_key_list(const char* path, const AsnList& list, const char* label,
+                                 const WriteRules& rules) {
     const int error = write_list(path, list.head(), label, rules);
     if (error == CREATE_ERROR)
         err_add_text("Unable to create key file %s", shown_name(path));

@@ -78,7 +78,7 @@ void print_factors(MT pLess1, MT qLess1, MT e) {
     print_value("gcd(q-1,e)=", gcd);
 }
 
-int rsaGenerate(RsaKey& key, DIGIT_T eValue, const RsaGeneration& generation) {
+[[nodiscard]] int rsaGenerate(RsaKey& key, DIGIT_T eValue, const RsaGeneration& generation) {
     if (!make_primes(key.p, key.q, eValue, generation))
         return KEYGEN_FAILED_ERROR;
     mtSetShort(key.e, eValue);

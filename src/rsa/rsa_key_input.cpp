@@ -16,14 +16,14 @@ namespace {
 // The longest key has about 50,000 bytes.
 constexpr size_t kMaxInput = 1 << 22;
 
-int read_list(const char* fileOrText, AsnList& list) {
+[[nodiscard]] int read_list(const char* fileOrText, AsnList& list) {
     const int error = asn_read_input(fileOrText, list, kMaxInput);
     if (error == 0 && debugOutput.structures != 0)
         asn_Dump(list.head());
     return error;
 }
 
-int decrypt(const asn_Node* encrypted, const char* password, RsaKey& key) {
+[[nodiscard]] int decrypt(const asn_Node* encrypted, const char* password, RsaKey& key) {
     SecretBuffer plain;
     if (pbe_decrypt(encrypted, password, plain) != 0)
         return DECRYPT_ERROR;

@@ -119,7 +119,8 @@ bool unprotect(uint8_t* block, size_t size, KeyStringType type, SecretBuffer& de
 }
 
 // open_as opens a key string of an allowed kind. A plain one is of the kind that its DER is.
-int open_as(const char* keyString, RsaKey& key, bool allowPublic, bool allowPrivate, bool* isPrivate) {
+[[nodiscard]] int open_as(const char* keyString, RsaKey& key, bool allowPublic, bool allowPrivate,
+                          bool* isPrivate) {
     key.flags = 0;
     SecretBuffer der;
     KeyStringType type{};
@@ -139,7 +140,8 @@ int open_as(const char* keyString, RsaKey& key, bool allowPublic, bool allowPriv
     return isPublic || (tryPrivate && rsa_read_private_key(list.head(), key)) ? 0 : INVALID_DATA_ERROR;
 }
 
-int write_key_string(char* out, int outChars, const AsnList& list, KeyStringType type, int* length) {
+[[nodiscard]] int write_key_string(char* out, int outChars, const AsnList& list, KeyStringType type,
+                                   int* length) {
     const SecretBuffer der = asn_Encode(list);
     const SecretBuffer text = key_string_make(der.data(), der.size(), type);
     if (text.empty())

@@ -16,7 +16,7 @@ namespace {
 
 constexpr uint32_t kEventPairwiseTest = 0xC0001F52;
 
-int write_private(const char* path, const asn_Node* encrypted, int options) {
+[[nodiscard]] int write_private(const char* path, const asn_Node* encrypted, int options) {
     const int code = rsa_write_encrypted_key(path, encrypted, options);
     if (code == 0)
         return 0;
@@ -25,7 +25,7 @@ int write_private(const char* path, const asn_Node* encrypted, int options) {
     return code == CREATE_ERROR ? 0 : code;
 }
 
-int generate_and_write(const RsaKeyFiles& files, const RsaGeneration& generation) {
+[[nodiscard]] int generate_and_write(const RsaKeyFiles& files, const RsaGeneration& generation) {
     PbeContext encryption;
     if (const int code = pbe_setup(encryption, files.password, files.iterationCount, generation.options)) {
         err_set_text("Cannot setup PBE");

@@ -26,7 +26,7 @@ struct Decoded {
     size_t room;
     int* result;
 
-    int give(const uint8_t* found, size_t length) const {
+    [[nodiscard]] int give(const uint8_t* found, size_t length) const {
         if (length > 0 && room > 0)
             memcpy(out, found, std::min(length, room));
         *result = static_cast<int>(length);
@@ -34,7 +34,8 @@ struct Decoded {
     }
 };
 
-int decode_signature(const Decoded& decoded, const uint8_t* block, size_t blockLen, int options) {
+[[nodiscard]] int decode_signature(const Decoded& decoded, const uint8_t* block, size_t blockLen,
+                                   int options) {
     size_t start = 0;
     const DigestInfoPrefix* prefix = nullptr;
     if (const int code = pkcs1_open_block(block, blockLen, &start, &prefix))

@@ -25,7 +25,8 @@ unsigned trailer_option(int options) {
 using Operation = int (*)(const RsaKey* key, uint8_t* output, size_t* outlen, const uint8_t* input,
                           size_t inlen);
 
-int run(Operation operation, const RsaKey& key, SecretBuffer& result, const uint8_t* data, size_t length) {
+[[nodiscard]] int run(Operation operation, const RsaKey& key, SecretBuffer& result, const uint8_t* data,
+                      size_t length) {
     result = SecretBuffer(key.bytes());
     size_t resultLength = 0;
     if (const int code = operation(&key, result.data(), &resultLength, data, length))

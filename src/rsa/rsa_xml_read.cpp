@@ -72,7 +72,7 @@ class KeyReader {
   public:
     explicit KeyReader(RsaKey& key) : key_(key) {}
 
-    int read(std::string_view document) {
+    [[nodiscard]] int read(std::string_view document) {
         XmlReader xml(document);
         bool isSound = true; // of the values; a document that is not well-formed is refused first
         for (;;) {
@@ -129,7 +129,7 @@ class KeyReader {
         return true;
     }
 
-    int complete() {
+    [[nodiscard]] int complete() {
         if (!has_[kXmlModulus])
             return err_fail(BAD_XML_ERROR, "Missing <Modulus> element");
         if (!has_[kXmlExponent])

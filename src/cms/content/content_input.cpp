@@ -13,11 +13,11 @@ namespace {
 
 constexpr size_t kChunk = 64 * 1024;
 
-int cannot_open(const char* path) {
+[[nodiscard]] int cannot_open(const char* path) {
     return err_fail(OPEN_ERROR, "Cannot open file %s", shown_name(path));
 }
 
-int cannot_read(const char* path) {
+[[nodiscard]] int cannot_read(const char* path) {
     return err_fail(READ_ERROR, "Cannot read file %s", shown_name(path));
 }
 
@@ -26,7 +26,7 @@ size_t pad_length(size_t size, const ContentShape& shape) {
 }
 
 // make_element makes the element for size bytes of content, with its padding behind their room.
-int make_element(size_t size, const ContentShape& shape, AsnList& element) {
+[[nodiscard]] int make_element(size_t size, const ContentShape& shape, AsnList& element) {
     const size_t pad = pad_length(size, shape);
     if (size > kAsnMaxContent - pad)
         return err_fail(MSG_TOO_LONG_ERROR, "Content is too long (max=%u bytes)", kAsnMaxContent);
@@ -39,7 +39,7 @@ int make_element(size_t size, const ContentShape& shape, AsnList& element) {
 }
 
 // read_on reads a source of unknown length (a pipe).
-int read_on(const File& file, const char* path, const ContentShape& shape, AsnList& element) {
+[[nodiscard]] int read_on(const File& file, const char* path, const ContentShape& shape, AsnList& element) {
     SecretBuffer content, chunk(kChunk);
     bool failed = false;
     for (size_t got = kChunk; got == kChunk && content.size() <= kAsnMaxContent;) {

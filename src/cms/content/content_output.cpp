@@ -16,7 +16,7 @@ namespace {
 constexpr size_t kPart = 64 * 1024;
 
 // give_length sets the length of a result, which is an int.
-int give_length(size_t size, int* length) {
+[[nodiscard]] int give_length(size_t size, int* length) {
     if (size > INT_MAX)
         return err_fail(MSG_TOO_LONG_ERROR, "Content is too long");
     *length = static_cast<int>(size);
@@ -24,7 +24,7 @@ int give_length(size_t size, int* length) {
 }
 
 // Its length was known before, so what is missing could not be read.
-int cannot_read() {
+[[nodiscard]] int cannot_read() {
     return err_fail(READ_ERROR, "Cannot read content");
 }
 

@@ -24,7 +24,7 @@ bool read_if_there(ByteStream& stream, const AsnScope& scope, uint32_t cls, uint
     return !asn_next_is(stream, scope, cls, tag) || read_element(stream, scope, cls, tag, element);
 }
 
-int count_children(const asn_Node* parent) {
+[[nodiscard]] int count_children(const asn_Node* parent) {
     int count = 0;
     for (AsnChildren children(parent); !children.at_end(); children.take())
         count++;

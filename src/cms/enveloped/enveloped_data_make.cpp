@@ -29,7 +29,8 @@ void draw(uint8_t* out, size_t size, Seed seed = {nullptr, 0}) {
 }
 
 // encrypt_key gives 0, or a positive code without a text.
-int encrypt_key(const RsaKey& recipient, const ContentKey& key, size_t keyLength, SecretBuffer& block) {
+[[nodiscard]] int encrypt_key(const RsaKey& recipient, const ContentKey& key, size_t keyLength,
+                              SecretBuffer& block) {
     block = SecretBuffer(recipient.bytes());
     size_t blockLen = 0;
     const int code = pkcs1_encrypt_block(block.data(), block.size(), key.data(), keyLength);
@@ -76,8 +77,8 @@ AsnList recipient_infos(const CertificateArguments& certs, const ContentKey& key
 }
 
 // make_enveloped takes the content padded, in the element that carries it, and encrypts it there.
-int make_enveloped(const char* path, AsnList content, ContentCipher& cipher, const char* certList, Seed seed,
-                   int options, int* count) {
+[[nodiscard]] int make_enveloped(const char* path, AsnList content, ContentCipher& cipher,
+                                 const char* certList, Seed seed, int options, int* count) {
     const CertificateArguments certs(certList);
     if (certs.count() == 0)
         return err_fail(BAD_PARAM_ERROR, "Error in certificate list");

@@ -24,7 +24,7 @@ constexpr size_t kMaxEncryptedKey = kMaxRsaBits / 8;
 void cannot_decrypt_key() {
     err_add_text("Unable to decrypt CEK (%02X)\n", static_cast<unsigned>(DECRYPT_ERROR));
 }
-int no_key() {
+[[nodiscard]] int no_key() {
     return err_fail(DECRYPT_ERROR, "Could not find a valid Content Encryption Key");
 }
 
@@ -67,7 +67,7 @@ class Candidates {
     int count_ = 0;
 };
 
-int read_cipher(const EnvelopedData& message, ContentCipher& cipher) {
+[[nodiscard]] int read_cipher(const EnvelopedData& message, ContentCipher& cipher) {
     if (!asn_OidIs(message.content_type(), "data"))
         return err_fail(INVALID_DATA_ERROR, "Invalid content type");
     if (message.content_encryption_algorithm() == nullptr)
@@ -75,7 +75,7 @@ int read_cipher(const EnvelopedData& message, ContentCipher& cipher) {
     return cipher.read(message.content_encryption_algorithm());
 }
 
-int read_encrypted(EnvelopedData& message, const ContentCipher& cipher, SecretBuffer& content) {
+[[nodiscard]] int read_encrypted(EnvelopedData& message, const ContentCipher& cipher, SecretBuffer& content) {
     if (!message.has_content())
         return err_fail(INVALID_DATA_ERROR, "No encrypted content");
     OctetContent& encrypted = message.content();
@@ -92,8 +92,8 @@ int read_encrypted(EnvelopedData& message, const ContentCipher& cipher, SecretBu
 }
 
 // decrypt decrypts the content with the key of the first candidate that gives one.
-int decrypt(const RsaKey& key, const Candidates& candidates, const ContentCipher& cipher,
-            SecretBuffer& content) {
+[[nodiscard]] int decrypt(const RsaKey& key, const Candidates& candidates, const ContentCipher& cipher,
+                          SecretBuffer& content) {
     const size_t blockLength = cipher.block_length(), end = content.size();
     const bool isOneBlock = end == blockLength;
     const LastBlock last = {isOneBlock ? cipher.iv() : content.data() + end - 2 * blockLength,
@@ -114,8 +114,8 @@ int decrypt(const RsaKey& key, const Candidates& candidates, const ContentCipher
     return no_key();
 }
 
-int open_message(const char* fileOrText, const CertificateIdentifiers* certificate, const RsaKey& key,
-                 SecretBuffer& content) {
+[[nodiscard]] int open_message(const char* fileOrText, const CertificateIdentifiers* certificate,
+                               const RsaKey& key, SecretBuffer& content) {
     EnvelopedData message;
     if (const int error = message.open(fileOrText))
         return error;

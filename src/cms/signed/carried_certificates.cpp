@@ -12,7 +12,7 @@
 namespace zul {
 namespace {
 
-int read_certificate(const char* argument, AsnList& certificate) {
+[[nodiscard]] int read_certificate(const char* argument, AsnList& certificate) {
     if (x509_read_certificate(argument, certificate) == 0) {
         certificate = asn_ToDer(std::move(certificate));
         if (certificate)

@@ -110,7 +110,7 @@ int SignedMessage::write(const char* path, int options) {
 }
 
 // take_content digests a content in memory and keeps a copy if the message carries it.
-int take_content(SignedMessage& message, const void* content, size_t size, int options) {
+[[nodiscard]] int take_content(SignedMessage& message, const void* content, size_t size, int options) {
     if (const int error = message.digest.choose(options))
         return error;
     if (!has(options, ZUL_CMS_EXCLUDE_DATA))
@@ -120,7 +120,7 @@ int take_content(SignedMessage& message, const void* content, size_t size, int o
     return 0;
 }
 
-int take_file(SignedMessage& message, const char* path, int options) {
+[[nodiscard]] int take_file(SignedMessage& message, const char* path, int options) {
     if (const int error = message.digest.choose(options))
         return error;
     bool isEmpty = false;
@@ -138,7 +138,7 @@ int take_file(SignedMessage& message, const char* path, int options) {
     return isEmpty ? err_fail(NO_DATA_ERROR, "No data to sign") : 0;
 }
 
-int take_hex_digest(Digest& digest, const char* hex, int options) {
+[[nodiscard]] int take_hex_digest(Digest& digest, const char* hex, int options) {
     if (const int error = digest.choose(options))
         return error;
     const size_t size = hex_decoded_length(hex);
@@ -150,17 +150,17 @@ int take_hex_digest(Digest& digest, const char* hex, int options) {
     return 0;
 }
 
-int read_certificates(SignedMessage& message, const CertificateArguments& list, int options) {
+[[nodiscard]] int read_certificates(SignedMessage& message, const CertificateArguments& list, int options) {
     return message.certificates.read_for_signer(list, !has(options, ZUL_CMS_EXCLUDE_CERTS));
 }
 
-int bad_list() {
+[[nodiscard]] int bad_list() {
     return err_fail(BAD_PARAM_ERROR, "Error parsing certificate list");
 }
 
 // make_message makes the message of what has been digested.
-int make_message(SignedMessage& message, const char* path, const char* certList, const char* privateKey,
-                 int options) {
+[[nodiscard]] int make_message(SignedMessage& message, const char* path, const char* certList,
+                               const char* privateKey, int options) {
     const CertificateArguments list(certList);
     if (list.count() == 0)
         return bad_list();

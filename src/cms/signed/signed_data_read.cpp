@@ -13,7 +13,7 @@
 namespace zul {
 namespace {
 
-int open_content(SignedData& message, const char* fileOrText) {
+[[nodiscard]] int open_content(SignedData& message, const char* fileOrText) {
     int error = message.open(fileOrText);
     if (error == 0)
         error = message.require_data();

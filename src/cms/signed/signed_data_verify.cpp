@@ -27,11 +27,11 @@ struct Digest {
     }
 };
 
-int digests_differ() {
+[[nodiscard]] int digests_differ() {
     return err_fail(SIGNATURE_ERROR, "Message digests do not match");
 }
 
-int read_given_digest(const char* hex, Digest& given) {
+[[nodiscard]] int read_given_digest(const char* hex, Digest& given) {
     if (is_missing(hex))
         return 0;
     given.size = hex_decoded_length(hex);

@@ -28,7 +28,7 @@ class SignerIndex {
     ~SignerIndex() { efree(entries_); }
 
     // first_named_by gives the first signer below an end that a certificate names; the end if there is none.
-    int first_named_by(const CertificateIdentifiers& certificate, int end) const {
+    [[nodiscard]] int first_named_by(const CertificateIdentifiers& certificate, int end) const {
         return std::min({end, find(certificate.issuerAndSerial, end), find(certificate.subjectKey, end)});
     }
 
@@ -39,7 +39,7 @@ class SignerIndex {
         auto operator<=>(const Entry&) const = default;
     };
 
-    int find(const IdentifierDigest& digest, int end) const {
+    [[nodiscard]] int find(const IdentifierDigest& digest, int end) const {
         const Entry *begin = entries_, *last = begin + count_;
         const Entry* found = std::lower_bound(begin, last, Entry{digest, 0});
         return found != last && found->digest == digest ? found->signer : end;
@@ -49,11 +49,11 @@ class SignerIndex {
     size_t count_ = 0;
 };
 
-int no_match() {
+[[nodiscard]] int no_match() {
     return err_fail(NO_MATCH_ERROR, "No match found between certificate and signer");
 }
 
-int match_given(const SignedData& message, const char* cert, SignerMatch& match) {
+[[nodiscard]] int match_given(const SignedData& message, const char* cert, SignerMatch& match) {
     if (const int error = x509_read_certificate(cert, match.certificate))
         return error;
     const CertificateIdentifiers identifiers(certificate_fields(match.certificate.head()));
@@ -66,7 +66,7 @@ int match_given(const SignedData& message, const char* cert, SignerMatch& match)
     return no_match();
 }
 
-int match_carried(const SignedData& message, SignerMatch& match) {
+[[nodiscard]] int match_carried(const SignedData& message, SignerMatch& match) {
     const CertificateBundle& bundle = message.certificates();
     const SignerIndex signers(message);
     int first = message.signer_count();

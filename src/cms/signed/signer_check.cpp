@@ -24,7 +24,7 @@ bool is_dsa(std::string_view algorithm) {
     return algorithm == "dsaWithSha1" || algorithm == "dsa";
 }
 
-int not_verified() {
+[[nodiscard]] int not_verified() {
     return err_fail(SIGNATURE_ERROR, "Signature did not verify");
 }
 

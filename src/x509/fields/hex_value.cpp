@@ -3,7 +3,7 @@
 namespace zul {
 namespace {
 
-int digit_value(char c) {
+[[nodiscard]] int digit_value(char c) {
     if (c >= '0' && c <= '9')
         return c - '0';
     const char lower = static_cast<char>(c | 0x20);

@@ -22,7 +22,7 @@ namespace zul {
 namespace {
 
 // find_word gives a keyword's place in the table, -1 if it is unknown.
-int find_word(std::string_view keyword) {
+[[nodiscard]] int find_word(std::string_view keyword) {
     const auto* found = std::find_if(std::begin(kNameWords), std::end(kNameWords), [=](const NameWord& word) {
         return same_word(keyword, word.keyword) ||
                (word.second != nullptr && same_word(keyword, word.second));
