@@ -37,7 +37,8 @@ def markdown_of(lines):
         isItem = re.match(r"  (- )?\S", line) is not None
         isInside = line.startswith("   ")
         hasEnded = room >= len(words.split()[0]) + 1 and paragraphs and paragraphs[-1][-1] in ".:"
-        if not paragraphs or isItem or (hasEnded and not isInside):
+        endsList = paragraphs and paragraphs[-1].startswith("- ")
+        if not paragraphs or isItem or ((hasEnded or endsList) and not isInside):
             paragraphs.append(("- " if isItem else "") + re.sub(r"^- ", "", words))
         else:
             paragraphs[-1] += " " + words
