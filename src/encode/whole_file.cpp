@@ -1,7 +1,5 @@
 #include "encode/whole_file.h"
 
-#include "encode/base64.h"
-#include "encode/pem.h"
 #include "frame/err.h"
 #include "frame/file_stream.h"
 #include "frame/text.h"
@@ -33,22 +31,6 @@ int read_whole_file(const char* path, SecretBuffer& content, size_t maxSize) {
         }
     }
     return err_fail(OPEN_ERROR, "Cannot read file '%s'", shown_name(path));
-}
-
-int read_pem_or_b64_file(const char* path, SecretBuffer& decoded) {
-    SecretBuffer content;
-    if (int error = read_whole_file(path, content))
-        return error;
-    const char* body = content.text();
-    size_t bodyLen = content.size();
-    if (body[0] == '-')
-        body = pem_find_body(content.text(), content.size(), &bodyLen);
-    size_t size = body == nullptr ? 0 : b64_decoded_length(body, bodyLen);
-    if (size == 0)
-        return BAD_FORMAT_ERROR;
-    decoded = SecretBuffer(size);
-    b64_decode(decoded.data(), size, body, bodyLen);
-    return 0;
 }
 
 } // namespace zul

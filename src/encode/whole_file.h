@@ -9,9 +9,4 @@ namespace zul {
 [[nodiscard]] int read_whole_file(const char* path, SecretBuffer& content,
                                   size_t maxSize = kMaxAllocation - 1);
 
-// read_pem_or_b64_file decodes a file of base64 text into decoded: its armoured body if the first character
-// is
-// "-", otherwise the whole of it. 0, a code as above, or BAD_FORMAT_ERROR if that holds no bytes.
-[[nodiscard]] int read_pem_or_b64_file(const char* path, SecretBuffer& decoded);
-
 } // namespace zul

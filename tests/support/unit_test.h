@@ -23,4 +23,9 @@ inline Bytes sequence(size_t size, uint32_t x = 1) {
     return bytes;
 }
 
+inline bool is_zero(const void* data, size_t size) {
+    const auto* bytes = static_cast<const uint8_t*>(data);
+    return std::count(bytes, bytes + size, 0) == static_cast<long>(size);
+}
+
 } // namespace test

@@ -161,8 +161,7 @@ TEST(AsnBuild, ContentIsWipedBeforeItIsFreed) {
     watchedWasClean = false;
     memory_set_hooks({nullptr, [](void* block) {
                           if (block == watched)
-                              watchedWasClean = std::all_of(watched->data, watched->data + 6,
-                                                            [](uint8_t byte) { return byte == 0; });
+                              watchedWasClean = test::is_zero(watched->data, 6);
                       }});
     const long before = live_blocks();
     list = AsnList();

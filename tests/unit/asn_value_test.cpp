@@ -92,26 +92,6 @@ TEST(AsnValue, StringsAndTheirSegments) {
     EXPECT_STREQ(err_text(), "asn_StoreData internal error: invalid length");
 }
 
-TEST(AsnValue, Texts) {
-    const struct {
-        const char *input, *plain, *converted;
-    } cases[] = {{"130361622B", "ab+", "ab+"},
-                 {"1402E97A", "\xE9z", "\xE9z"},
-                 {"0C03C3A97A", "C3 A9 7A", "\xE9z"},
-                 {"0C03E282AC", "E2 82 AC", "E2 82 AC"},
-                 {"1E04006100E9", "00 61 00 E9", "a\xE9"},
-                 {"1E0420AC0061", "20 AC 00 61", "20 AC 00 61"},
-                 {"1E03006100", "00 61 00", "00 61 00"},
-                 {"1C0400000061", "00 00 00 61", "a"},
-                 {"0401AB", "AB", "AB"},
-                 {"1300", "", ""}};
-    for (const auto& c : cases) {
-        const AsnList list = parse_hex(c.input);
-        EXPECT_STREQ(asn_GetText(list.head(), false).text(), c.plain) << c.input;
-        EXPECT_STREQ(asn_GetText(list.head(), true).text(), c.converted) << c.input;
-    }
-}
-
 TEST(AsnValue, Times) {
     const struct {
         uint32_t tag;

@@ -70,15 +70,6 @@ TEST(CipherContext, InitNamesWhatIsMissing) {
                   c.code);
     EXPECT_EQ(context.init(CipherAlgorithm::des, CipherMode::ctr, true, bytes.data(), bytes.data()),
               BAD_MODE_ERROR);
-    for (const CipherAlgorithm algorithm : kAlgorithms) {
-        for (const CipherMode mode : kModes) {
-            const bool needsIv = mode != CipherMode::ecb;
-            EXPECT_EQ(context.init(algorithm, mode, true, nullptr, nullptr), NULL_ERROR);
-            EXPECT_EQ(context.init(algorithm, mode, false, nullptr, bytes.data()), NULL_ERROR);
-            EXPECT_EQ(context.init(algorithm, mode, true, bytes.data(), nullptr), needsIv ? BAD_IV_ERROR : 0);
-            EXPECT_EQ(context.init(algorithm, mode, false, bytes.data(), bytes.data()), 0);
-        }
-    }
 }
 
 TEST(CipherContext, UpdateRefusesOtherLengths) {
@@ -89,6 +80,9 @@ TEST(CipherContext, UpdateRefusesOtherLengths) {
             SCOPED_TRACE(static_cast<int>(mode));
             CipherContext context;
             Bytes out = untouched;
+            EXPECT_EQ(context.init(algorithm, mode, true, nullptr, bytes.data()), NULL_ERROR);
+            EXPECT_EQ(context.init(algorithm, mode, true, bytes.data(), nullptr),
+                      mode == CipherMode::ecb ? 0 : BAD_IV_ERROR);
             ASSERT_EQ(context.init(algorithm, mode, true, bytes.data(), bytes.data()), 0);
             EXPECT_EQ(context.update(out.data(), bytes.data(), 0), 0);
             if (!whole_blocks_only(mode)) {

@@ -11,8 +11,6 @@ TEST(Hmac, LeavesNoKeyInItsContext) {
         uint8_t mac[kMaxDigestSize];
         hmac_final(context, mac);
         context.inner.algorithm = context.outer.algorithm = 0;
-        const auto* bytes = reinterpret_cast<const uint8_t*>(&context);
-        EXPECT_TRUE(std::all_of(bytes, bytes + sizeof context, [](uint8_t b) { return b == 0; }))
-            << algorithm;
+        EXPECT_TRUE(test::is_zero(&context, sizeof context)) << algorithm;
     }
 }

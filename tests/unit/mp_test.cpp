@@ -230,10 +230,8 @@ bool note_size(size_t size) {
 }
 
 void look_at_freed(void* block) {
-    const auto* bytes = static_cast<const uint8_t*>(block);
     freed++;
-    if (std::count(bytes, bytes + smallestBlock, 0) != static_cast<long>(smallestBlock))
-        dirty++;
+    dirty += !test::is_zero(block, smallestBlock);
 }
 
 } // namespace

@@ -38,9 +38,8 @@ TEST(MtObject, ResizesToExactlyWhatIsAskedAndWipesWhatItLeaves) {
     {
         Number b("deadbeef5ec2e75edeadbeef");
         memory_set_hooks({nullptr, [](void* block) {
-                              const auto* bytes = static_cast<const uint8_t*>(block);
                               freed++;
-                              dirty += std::any_of(bytes, bytes + length, [](uint8_t x) { return x != 0; });
+                              dirty += !test::is_zero(block, length);
                           }});
         mt_resize(b, 3);
         EXPECT_EQ(freed, 0u);

@@ -41,11 +41,6 @@ Block draw() {
     return block;
 }
 
-bool is_zero(const void* data, size_t size) {
-    const auto* bytes = static_cast<const uint8_t*>(data);
-    return std::count(bytes, bytes + size, 0) == static_cast<long>(size);
-}
-
 // plant_next_block makes the next output of a generator look like a repetition. Additional input of the
 // request, if any, must be the same.
 void plant_next_block(RngState& state, const AdditionalInput& additional = {}) {
@@ -64,7 +59,7 @@ TEST(Generator, ContinuousTestCatchesARepeatedBlock) {
     const AdditionalInput additional("abc", 3);
     plant_next_block(state, additional);
     EXPECT_EQ(generator_produce(state, out, sizeof out, additional), PRNG_ERR_CATASTROPHIC);
-    EXPECT_TRUE(is_zero(out, sizeof out));
+    EXPECT_TRUE(test::is_zero(out, sizeof out));
 
     plant_next_block(state);
     EXPECT_EQ(generator_produce(state, out, 8, {}), PRNG_ERR_CATASTROPHIC);
@@ -97,7 +92,7 @@ TEST(Generator, CountsAndUpdatesAsDocumented) {
     EXPECT_EQ(memcmp(state.continuousBlock, block, sizeof block), 0);
     EXPECT_EQ(memcmp(&state.drbg, &expected, sizeof expected), 0);
     rng_release_thread(state);
-    EXPECT_TRUE(is_zero(&state, sizeof state));
+    EXPECT_TRUE(test::is_zero(&state, sizeof state));
 }
 
 TEST(Generator, NonceDigestsEveryPart) {
