@@ -93,6 +93,7 @@ TEST(Generator, CountsAndUpdatesAsDocumented) {
     EXPECT_EQ(memcmp(&state.drbg, &expected, sizeof expected), 0);
     rng_release_thread(state);
     EXPECT_TRUE(test::is_zero(&state, sizeof state));
+    EXPECT_EQ(rng_bytes(out, kMaxRandomRequest + 1), PRNG_ERR_TOOBIG);
 }
 
 TEST(Generator, NonceDigestsEveryPart) {
