@@ -47,6 +47,40 @@ TEST(CipherContext, DesAndRc2MeetTheirVectors) {
     check_cbc_vectors("cipher/rc2.txt", CipherAlgorithm::rc2);
 }
 
+TEST(CipherContext, PartsAndAnyEndGiveTheSame) {
+    const Bytes in = test::sequence(40 * 16), key = test::sequence(32), iv = test::sequence(16);
+    for (const CipherAlgorithm algorithm : kAlgorithms) {
+        const size_t block = cipher_block_length(algorithm);
+        for (const CipherMode mode : kModes) {
+            SCOPED_TRACE(testing::Message() << static_cast<int>(algorithm) << " " << static_cast<int>(mode));
+            for (const bool encrypt : {true, false}) {
+                CipherContext context;
+                Bytes whole(in.size());
+                ASSERT_EQ(context.init(algorithm, mode, encrypt, key.data(), iv.data()), 0);
+                ASSERT_EQ(context.update(whole.data(), in.data(), in.size()), 0);
+                for (const size_t part : {block, 5 * block, 37 * block}) {
+                    Bytes out = in; // in place
+                    ASSERT_EQ(context.init(algorithm, mode, encrypt, key.data(), iv.data()), 0);
+                    for (size_t at = 0; at < out.size(); at += part)
+                        ASSERT_EQ(
+                            context.update(out.data() + at, out.data() + at, std::min(part, out.size() - at)),
+                            0);
+                    EXPECT_EQ(out, whole);
+                }
+                // In the modes that make a key stream a message may end anywhere.
+                for (size_t cut = 1; !whole_blocks_only(mode) && cut <= block; cut++) {
+                    const auto end = static_cast<ptrdiff_t>(in.size() - cut);
+                    Bytes out(in.size(), 0x5A), expected(whole.begin(), whole.begin() + end);
+                    expected.resize(in.size(), 0x5A);
+                    ASSERT_EQ(context.init(algorithm, mode, encrypt, key.data(), iv.data()), 0);
+                    ASSERT_EQ(context.update(out.data(), in.data(), in.size() - cut), 0);
+                    EXPECT_EQ(out, expected) << cut;
+                }
+            }
+        }
+    }
+}
+
 TEST(CipherContext, InitNamesWhatIsMissing) {
     const Bytes bytes(129, 0x11);
     CipherContext context;

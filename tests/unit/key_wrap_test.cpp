@@ -55,6 +55,9 @@ TEST(AesKeyWrap, MeetsItsStandardInPlaceToo) {
         expect_damage_refused(wrapped, key.size(), [&](uint8_t* to, const uint8_t* from) {
             return aes_key_unwrap(to, from, wrapped.size(), kek.data(), kek.size());
         });
+        Bytes out(wrapped.size());
+        EXPECT_EQ(aes_key_wrap(out.data(), key.data(), key.size(), kek.data(), 15), BAD_KEY_LEN_ERROR);
+        EXPECT_EQ(aes_key_unwrap(out.data(), out.data(), out.size(), kek.data(), 15), BAD_KEY_LEN_ERROR);
     }
 }
 
