@@ -1378,7 +1378,7 @@ ZUL_API int SIG_Sign(unsigned char* lpOutput, int nOutBytes, const unsigned char
                      const char* szPrivateKey, const char* szAlgorithm, int nOptions);
 
 /* SIG_Verify verifies a signature of data. ECDSA signatures have to be strict DER; Ed25519 signatures have to have
- * S below the order and canonical points.
+ * S below the order and canonical points, and to satisfy the equation without the cofactor.
  * Status, positive. SIGNATURE_ERROR: it does not verify. */
 ZUL_API int SIG_Verify(const unsigned char* lpSignature, int nSigLen, const unsigned char* lpData,
                        int nDataLen, const char* szPublicKey, const char* szAlgorithm, int nOptions);

@@ -7,6 +7,7 @@
 #include "ec/multiple_sum.h"
 #include "ec/scalar_multiply.h"
 #include "frame/wipe.h"
+#include "hash/digest.h"
 
 // The operations of a curve over the arithmetic of its field (ECDSA: FIPS 186-5, 6.4; ECDH: SP
 // 800-56A, 5.7.1.2).
@@ -17,6 +18,9 @@ struct CurveOperations {
     static constexpr size_t N = Field::kLimbs;
     static constexpr size_t kBytes = (Field::kBits + 7) / 8;
     static constexpr const MontgomeryModulus<N>& kOrder = Field::kOrder;
+    // How deep the frames of a multiple of the base point and of another point reach. They hold field
+    // elements that no object wipes, in numbers that vary with the compiler.
+    static constexpr size_t kBaseDepth = 12 * 1024, kPointDepth = 32 * 1024;
     using Element = typename Field::Element;
     using Integer = Limbs<N>;
     using Affine = AffinePoint<Field>;
@@ -24,7 +28,7 @@ struct CurveOperations {
 
     class SecretInteger {
       public:
-        explicit SecretInteger(const Integer& value) { *value_ = value; }
+        explicit SecretInteger(const uint8_t* bytes) { limbs_read(*value_, bytes, kBytes); }
         const Integer& operator*() const { return *value_; }
 
       private:
@@ -55,7 +59,8 @@ struct CurveOperations {
 
     // The leftmost bits of a digest, below twice the order as every number of that length, and then below it.
     static Integer digest_integer(const uint8_t* digest, size_t size) {
-        static_assert(Field::kBits % 8 == 0 || kBytes > 64, "a digest would have to be shifted");
+        static_assert(Field::kBits % 8 == 0 || 8 * kMaxDigestSize <= Field::kBits,
+                      "a digest would have to be shifted");
         Integer value;
         limbs_read(value, digest, std::min(size, kBytes));
         reduce_once(value);
@@ -63,12 +68,12 @@ struct CurveOperations {
     }
 
     static bool scalar_is_valid(const uint8_t* d) {
-        const SecretInteger scalar(read(d));
+        const SecretInteger scalar(d);
         return (limbs_nonzero_mask(*scalar) & 1) != 0 && limbs_below(*scalar, kOrder.p);
     }
 
     static void public_key(uint8_t* point, const uint8_t* d) {
-        const SecretInteger scalar(read(d));
+        const SecretInteger scalar(d);
         Wiped<Jacobian> product;
         Wiped<Affine> affine; // the Z of before would tell about the scalar
         base_multiply<Field>(*product, *scalar, baseTable);
@@ -133,7 +138,7 @@ struct CurveOperations {
     }
 
     static bool sign(uint8_t* rs, const uint8_t* d, const uint8_t* k, const uint8_t* digest, size_t size) {
-        const SecretInteger key(read(d)), number(read(k));
+        const SecretInteger key(d), number(k);
         Wiped<Jacobian> product;
         Wiped<Affine> affine;
         base_multiply<Field>(*product, *number, baseTable);
@@ -142,8 +147,8 @@ struct CurveOperations {
         reduce_once(r);
 
         // s = (e + r d) / k
-        const SecretInteger inverse(modular_inverse(*number, kOrder.p, Field::kBits));
-        Wiped<Integer> sum;
+        Wiped<Integer> inverse, sum;
+        modular_inverse(*inverse, *number, kOrder.p, Field::kBits);
         order_multiply(*sum, r, *key);
         montgomery_add(*sum, *sum, digest_integer(digest, size), kOrder.p);
         Integer s;
@@ -159,8 +164,8 @@ struct CurveOperations {
         if (limbs_nonzero_mask(r) == 0 || limbs_nonzero_mask(s) == 0 || !limbs_below(r, kOrder.p) ||
             !limbs_below(s, kOrder.p))
             return false;
-        const Integer inverse = modular_inverse(s, kOrder.p, Field::kBits);
-        Integer u1, u2;
+        Integer inverse, u1, u2;
+        modular_inverse(inverse, s, kOrder.p, Field::kBits);
         order_multiply(u1, digest_integer(digest, size), inverse);
         order_multiply(u2, r, inverse);
         Jacobian sum;
@@ -180,21 +185,30 @@ struct CurveOperations {
     }
 
     static void agree(uint8_t* x, const uint8_t* d, const uint8_t* point) {
-        const SecretInteger scalar(read(d));
+        const SecretInteger scalar(d);
         Wiped<Jacobian> product;
         Wiped<Affine> affine;
         point_multiply<Field>(*product, *scalar, read_point(point));
         jacobian_to_affine(*affine, *product);
-        limbs_write(x, kBytes, Field::to_integer(affine->x));
+        Wiped<Integer> shared;
+        *shared = Field::to_integer(affine->x);
+        limbs_write(x, kBytes, *shared);
     }
 
     static void reduce_digest(uint8_t* out, const uint8_t* digest, size_t size) {
         limbs_write(out, kBytes, digest_integer(digest, size));
     }
 
-    static constexpr EcOperations kOperations = {
-        Field::kBits, kBytes, scalar_is_valid, public_key, point_is_valid,
-        decompress,   sign,   verify,          agree,      reduce_digest};
+    static constexpr EcOperations kOperations = {Field::kBits,
+                                                 kBytes,
+                                                 WithCleanStack<scalar_is_valid>::template call<1024>,
+                                                 WithCleanStack<public_key>::template call<kBaseDepth>,
+                                                 point_is_valid,
+                                                 decompress,
+                                                 WithCleanStack<sign>::template call<kBaseDepth>,
+                                                 verify,
+                                                 WithCleanStack<agree>::template call<kPointDepth>,
+                                                 reduce_digest};
 };
 
 } // namespace zul

@@ -31,18 +31,21 @@ constexpr uint8_t kPreHashedDomain[] = {1, 0};                 // the flag, and 
 
 // scalar_reduce gives a number of 64 bytes modulo L.
 void scalar_reduce(Scalar& result, const uint8_t* bytes) {
-    Scalar low = read_little_endian(bytes), high = read_little_endian(bytes + 32);
+    Wiped<Scalar> low, high;
+    *low = read_little_endian(bytes);
+    *high = read_little_endian(bytes + 32);
     // A product with 2^512 or 2^256 modulo L, divided by 2^256.
-    montgomery_multiply(high, high, kEdwardsOrder.square, kEdwardsOrder.p, kEdwardsOrder.negatedInverse);
-    montgomery_multiply(low, low, kEdwardsOrder.one, kEdwardsOrder.p, kEdwardsOrder.negatedInverse);
-    montgomery_add(result, high, low, kEdwardsOrder.p);
+    montgomery_multiply(*high, *high, kEdwardsOrder.square, kEdwardsOrder.p, kEdwardsOrder.negatedInverse);
+    montgomery_multiply(*low, *low, kEdwardsOrder.one, kEdwardsOrder.p, kEdwardsOrder.negatedInverse);
+    montgomery_add(result, *high, *low, kEdwardsOrder.p);
 }
 
 void encode(uint8_t* bytes, const EdwardsPoint& point) {
-    F::Element inverse, x, y;
-    F::invert(inverse, point.z);
-    F::multiply(x, point.x, inverse);
-    F::multiply(y, point.y, inverse);
+    Wiped<F::Element> inverse; // Z tells about the scalar
+    F::Element x, y;
+    F::invert(*inverse, point.z);
+    F::multiply(x, point.x, *inverse);
+    F::multiply(y, point.y, *inverse);
     write_little_endian(bytes, F::to_integer(y));
     bytes[31] = static_cast<uint8_t>(bytes[31] | (F::to_integer(x)[0] & 1) << 7);
 }
@@ -146,8 +149,7 @@ void base_multiply(EdwardsPoint& result, const Scalar& scalar) {
     for (size_t offset = kEdwardsStride; offset-- > 0;) {
         for (size_t window = offset; window < kEdwardsWindows; window += kEdwardsStride) {
             const SignedDigit digit = signed_digit<kEdwardsWindow>(scalar, window);
-            table_lookup<kEdwardsMultiples, 3 * F::kLimbs>(
-                s.entry.sum.data(), kBaseTable[window / kEdwardsStride][0].sum.data(), digit.magnitude);
+            table_lookup(s.entry, kBaseTable[window / kEdwardsStride], digit.magnitude);
             const uint64_t isZero = ~limb_mask(digit.magnitude) & 1;
             s.entry.sum[0] |= isZero;
             s.entry.difference[0] |= isZero;
@@ -237,17 +239,15 @@ struct ExpandedKey {
     const uint8_t* prefix() const { return bytes.data() + 32; }
 };
 
-} // namespace
-
-void ed25519_public(uint8_t* publicKey, const uint8_t* privateKey) {
+void make_public(uint8_t* publicKey, const uint8_t* privateKey) {
     const ExpandedKey key(privateKey);
     Wiped<EdwardsPoint> point;
     base_multiply(*point, *key.scalar);
     encode(publicKey, *point);
 }
 
-bool ed25519_sign(uint8_t* signature, const uint8_t* privateKey, const uint8_t* publicKey,
-                  Ed25519Message& message, Ed25519Form form) {
+bool make_signature(uint8_t* signature, const uint8_t* privateKey, const uint8_t* publicKey,
+                    Ed25519Message& message, Ed25519Form form) {
     const ExpandedKey key(privateKey);
     Secret<kSha512Size> bytes;
     Wiped<Scalar> r, k;
@@ -276,6 +276,19 @@ bool ed25519_sign(uint8_t* signature, const uint8_t* privateKey, const uint8_t* 
     montgomery_add(*k, *k, *r, kEdwardsOrder.p);
     write_little_endian(signature + 32, *k);
     return true;
+}
+
+constexpr size_t kStackDepth = 16 * 1024; // a kernel of SHA-512 takes most of it
+
+} // namespace
+
+void ed25519_public(uint8_t* publicKey, const uint8_t* privateKey) {
+    WithCleanStack<make_public>::call<kStackDepth>(publicKey, privateKey);
+}
+
+bool ed25519_sign(uint8_t* signature, const uint8_t* privateKey, const uint8_t* publicKey,
+                  Ed25519Message& message, Ed25519Form form) {
+    return WithCleanStack<make_signature>::call<kStackDepth>(signature, privateKey, publicKey, message, form);
 }
 
 bool ed25519_key_is_valid(const uint8_t* publicKey) {

@@ -41,8 +41,8 @@ void ed25519_public(uint8_t* publicKey, const uint8_t* privateKey);
 // ed25519_key_is_valid: the canonical encoding of a point of the curve that is not of small order.
 [[nodiscard]] bool ed25519_key_is_valid(const uint8_t* publicKey);
 
-// ed25519_verify applies the strict rules: S below the order, a valid key, R compared byte by byte. unread is
-// set if the message cannot be read.
+// ed25519_verify applies the strict rules: S below the order, a valid key, the equation without the cofactor,
+// R compared byte by byte. unread is set if the message cannot be read.
 [[nodiscard]] bool ed25519_verify(const uint8_t* signature, const uint8_t* publicKey, Ed25519Message& message,
                                   Ed25519Form form, bool* unread);
 

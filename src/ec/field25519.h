@@ -14,7 +14,7 @@ struct Field25519 {
     static constexpr Limbs<4> kPrime = {0xFFFFFFFFFFFFFFED, ~uint64_t{0}, ~uint64_t{0}, 0x7FFFFFFFFFFFFFFF};
     static constexpr Element kOne = {1};
 
-    // carry brings digits below 2^63 down, each by what its lower neighbour has too much.
+    // carry brings digits below 2^61 down, each by what its lower neighbour has too much.
     static constexpr ZUL_ALWAYS_INLINE void carry(Element& a) {
         uint64_t below = 19 * (a[kLimbs - 1] >> kDigitBits);
 #pragma GCC unroll 8
@@ -125,7 +125,11 @@ struct Field25519 {
     }
 
     static constexpr void invert(Element& inverse, const Element& a) {
-        inverse = from_integer(modular_inverse(to_integer(a), kPrime, 255));
+        Limbs<4> integer{};
+        modular_inverse(integer, to_integer(a), kPrime, 255);
+        inverse = from_integer(integer);
+        if (!__builtin_is_constant_evaluated())
+            wipe_bytes(&integer, sizeof integer);
     }
     static constexpr bool is_zero(const Element& a) {
         return limbs_nonzero_mask(to_integer(a)) == 0;

@@ -1,5 +1,6 @@
 #pragma once
 #include "ec/limbs.h"
+#include "frame/wipe.h"
 
 // Points of a curve y^2 = x^3 - 3x + b of prime order, in Jacobian coordinates: x = X/Z^2, y = Y/Z^3.
 //
@@ -148,12 +149,12 @@ void jacobian_add(JacobianPoint<Field>& sum, const JacobianPoint<Field>& q) {
 // jacobian_to_affine gives (0, 0) for the point at infinity.
 template<class Field>
 void jacobian_to_affine(AffinePoint<Field>& affine, const JacobianPoint<Field>& p) {
-    typename Field::Element inverse, power;
-    Field::invert(inverse, p.z);
-    Field::square(power, inverse);
-    Field::multiply(affine.x, p.x, power);
-    Field::multiply(power, power, inverse);
-    Field::multiply(affine.y, p.y, power);
+    Wiped<typename Field::Element> inverse, power; // Z tells about the scalar
+    Field::invert(*inverse, p.z);
+    Field::square(*power, *inverse);
+    Field::multiply(affine.x, p.x, *power);
+    Field::multiply(*power, *power, *inverse);
+    Field::multiply(affine.y, p.y, *power);
 }
 
 } // namespace zul

@@ -37,13 +37,18 @@ constexpr ZUL_ALWAYS_INLINE uint64_t multiply_add(uint64_t a, uint64_t b, uint64
     return static_cast<uint64_t>(sum);
 }
 
-// limb_mask is all ones if value is not 0, else 0. At run time the optimiser must not see through it, lest it
-// makes a branch of the mask.
-constexpr ZUL_ALWAYS_INLINE uint64_t limb_mask(uint64_t value) {
-    uint64_t mask = 0 - ((value | (0 - value)) >> 63);
+// value_barrier gives its argument. At run time the optimiser does not see through it, lest it makes a branch
+// of a mask.
+template<class Integer>
+constexpr ZUL_ALWAYS_INLINE Integer value_barrier(Integer value) {
     if (!__builtin_is_constant_evaluated())
-        __asm__("" : "+r"(mask));
-    return mask;
+        __asm__("" : "+r"(value));
+    return value;
+}
+
+// limb_mask is all ones if value is not 0, else 0.
+constexpr ZUL_ALWAYS_INLINE uint64_t limb_mask(uint64_t value) {
+    return value_barrier(0 - ((value | (0 - value)) >> 63));
 }
 
 template<size_t N>

@@ -1,5 +1,6 @@
 #pragma once
 #include "ec/limbs.h"
+#include "frame/wipe.h"
 
 // Modular inversion in constant time by divsteps: D. J. Bernstein, B.-Y. Yang, "Fast constant-time gcd
 // computation and modular inversion" (2019), with delta beginning at 1/2.
@@ -19,10 +20,8 @@ struct Transition {
 constexpr int64_t run_batch(int64_t zeta, uint64_t f, uint64_t g, Transition& t) {
     uint64_t u = 1, v = 0, q = 0, r = 1;
     for (int i = 0; i < kBatch; i++) {
-        uint64_t swap = static_cast<uint64_t>(zeta >> 63);
-        uint64_t isOdd = 0 - (g & 1);
-        if (!__builtin_is_constant_evaluated())
-            __asm__("" : "+r"(swap), "+r"(isOdd));
+        uint64_t swap = value_barrier(static_cast<uint64_t>(zeta >> 63));
+        const uint64_t isOdd = value_barrier(0 - (g & 1));
         // g += f, or g -= f where the two change places, if g is odd
         g += ((f ^ swap) - swap) & isOdd;
         q += ((u ^ swap) - swap) & isOdd;
@@ -57,8 +56,8 @@ constexpr Signed<S> to_signed(const Limbs<N>& a) {
 }
 
 template<size_t S, size_t N>
-constexpr Limbs<N> from_signed(const Signed<S>& a) {
-    Limbs<N> result{};
+constexpr void from_signed(Limbs<N>& result, const Signed<S>& a) {
+    result = {};
     for (size_t i = 0; i < S; i++) {
         const size_t position = i * kBatch, limb = position / 64, shift = position % 64;
         if (limb < N)
@@ -66,7 +65,11 @@ constexpr Limbs<N> from_signed(const Signed<S>& a) {
         if (shift > 2 && limb + 1 < N)
             result[limb + 1] |= static_cast<uint64_t>(a[i]) >> (64 - shift);
     }
-    return result;
+}
+
+template<size_t S>
+constexpr ZUL_ALWAYS_INLINE int64_t sign_mask(const Signed<S>& a) {
+    return value_barrier(a[S - 1] >> 63);
 }
 
 // apply_fg replaces (f, g) by (u f + v g, q f + r g) / 2^62, which is exact.
@@ -92,7 +95,7 @@ constexpr void apply_fg(Signed<S>& f, Signed<S>& g, const Transition& t) {
 template<size_t S>
 constexpr void apply_de(Signed<S>& d, Signed<S>& e, const Transition& t, const Signed<S>& p,
                         uint64_t inverse) {
-    const int64_t dSign = d[S - 1] >> 63, eSign = e[S - 1] >> 63;
+    const int64_t dSign = sign_mask(d), eSign = sign_mask(e);
     int64_t md = (t.u & dSign) + (t.v & eSign);
     int64_t me = (t.q & dSign) + (t.r & eSign);
     SignedDoubleLimb cd =
@@ -143,17 +146,21 @@ constexpr void negate_masked(Signed<S>& a, int64_t mask) {
 
 } // namespace inverse_detail
 
-// modular_inverse gives 1/a modulo the odd p of the given number of bits; a is below p, and 0 for 0.
+// modular_inverse gives 1/a modulo the odd p of the given number of bits; a is below p, and the result 0 for
+// 0. It wipes what it holds, as the inverse of a signature's secret number gives the key away.
 template<size_t N>
-constexpr Limbs<N> modular_inverse(const Limbs<N>& a, const Limbs<N>& p, size_t bits) {
+constexpr void modular_inverse(Limbs<N>& result, const Limbs<N>& a, const Limbs<N>& p, size_t bits) {
     using namespace inverse_detail;
     constexpr size_t S = (64 * N + 2 + kBatch - 1) / kBatch;
+    struct State {
+        Signed<S> f, g, d, e;
+    };
     const Signed<S> modulus = to_signed<S>(p);
     uint64_t inverse = 1;
     for (int i = 0; i < 6; i++)
         inverse *= 2 - p[0] * inverse;
-    Signed<S> f = modulus, g = to_signed<S>(a), d{}, e{};
-    e[0] = 1;
+    State state{modulus, to_signed<S>(a), {}, {1}};
+    auto& [f, g, d, e] = state;
     int64_t zeta = -1;
     const size_t steps = (45907 * bits + 26313) / 19929;
     for (size_t done = 0; done < steps; done += kBatch) {
@@ -164,10 +171,12 @@ constexpr Limbs<N> modular_inverse(const Limbs<N>& a, const Limbs<N>& p, size_t 
         apply_fg(f, g, t);
     }
     // f is 1 or -1 now, and d the inverse with its sign, between -2p and p.
-    add_masked(d, modulus, d[S - 1] >> 63);
-    negate_masked(d, f[S - 1] >> 63);
-    add_masked(d, modulus, d[S - 1] >> 63);
-    return from_signed<S, N>(d);
+    add_masked(d, modulus, sign_mask(d));
+    negate_masked(d, sign_mask(f));
+    add_masked(d, modulus, sign_mask(d));
+    from_signed(result, d);
+    if (!__builtin_is_constant_evaluated())
+        wipe_bytes(&state, sizeof state);
 }
 
 } // namespace zul

@@ -5,7 +5,7 @@
 // The field of P-256 (SP 800-186, 3.2.1.3): p = 2^256 - 2^224 + 2^192 + 2^96 - 1, in Montgomery's form.
 namespace zul {
 
-struct P256Field {
+struct ZUL_HIDDEN P256Field {
     static constexpr size_t kBits = 256;
     static constexpr size_t kLimbs = 4;
     using Element = Limbs<kLimbs>;
@@ -35,7 +35,8 @@ struct P256Field {
     static constexpr void halve(Element& half, const Element& a) { montgomery_halve(half, a, kModulus.p); }
     static constexpr bool is_zero(const Element& a) { return limbs_nonzero_mask(a) == 0; }
     static constexpr void invert(Element& inverse, const Element& a) {
-        multiply(inverse, modular_inverse(a, kModulus.p, kBits), kModulus.cube);
+        modular_inverse(inverse, a, kModulus.p, kBits);
+        multiply(inverse, inverse, kModulus.cube);
     }
     static constexpr Element from_integer(const Limbs<kLimbs>& a) {
         Element result{};

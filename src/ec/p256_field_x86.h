@@ -7,7 +7,7 @@ namespace zul {
 // P256Field for processors with BMI2 and ADX: products with two carry chains, and reductions that use the
 // form of p: adding q p to limbs 0 to 4 clears limb 0 and adds q 2^32 to limbs 1 and 2, and q times the top
 // limb of p to limbs 3 and 4.
-struct P256FieldX86 : P256Field {
+struct ZUL_HIDDEN P256FieldX86 : P256Field {
     static ZUL_ALWAYS_INLINE void multiply(Element& product, const Element& a, const Element& b) {
         uint64_t r0, r1, r2, r3, r4, r5, low, high, saved;
 #define ZUL_ROW(r0, r1, r2, r3, r4, r5, offset)                                                              \

@@ -5,7 +5,7 @@
 // The field of P-384 (SP 800-186, 3.2.1.4): p = 2^384 - 2^128 - 2^96 + 2^32 - 1, in Montgomery's form.
 namespace zul {
 
-struct P384Field {
+struct ZUL_HIDDEN P384Field {
     static constexpr size_t kBits = 384;
     static constexpr size_t kLimbs = 6;
     using Element = Limbs<kLimbs>;
@@ -37,7 +37,8 @@ struct P384Field {
     static constexpr void halve(Element& half, const Element& a) { montgomery_halve(half, a, kModulus.p); }
     static constexpr bool is_zero(const Element& a) { return limbs_nonzero_mask(a) == 0; }
     static constexpr void invert(Element& inverse, const Element& a) {
-        multiply(inverse, modular_inverse(a, kModulus.p, kBits), kModulus.cube);
+        modular_inverse(inverse, a, kModulus.p, kBits);
+        multiply(inverse, inverse, kModulus.cube);
     }
     static constexpr Element from_integer(const Limbs<kLimbs>& a) {
         Element result{};

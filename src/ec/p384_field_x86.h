@@ -6,7 +6,7 @@ namespace zul {
 
 // P384Field for processors with BMI2 and ADX. p = 2^384 - c with c = 2^128 + 2^96 - 2^32 + 1, so adding q p
 // is adding q at limb 6 and subtracting q c, of which limb 0 cancels what is there.
-struct P384FieldX86 : P384Field {
+struct ZUL_HIDDEN P384FieldX86 : P384Field {
     static constexpr uint64_t kC0 = 0xFFFFFFFF00000001,
                               kC1 = 0x00000000FFFFFFFF; // c = 1 * 2^128 + kC1 * 2^64 + kC0
 

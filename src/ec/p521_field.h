@@ -55,7 +55,7 @@ struct P521Field {
         carry(difference);
     }
 
-    // fold brings nine column sums below 2^126 to digits.
+    // fold brings nine column sums below 2^121 to digits.
     static constexpr ZUL_ALWAYS_INLINE void fold(Element& result, DoubleLimb (&columns)[kLimbs]) {
         DoubleLimb carried = 0;
 #pragma GCC unroll 16
@@ -67,7 +67,7 @@ struct P521Field {
         carried = (carried << 1) + result[0];
         result[0] = static_cast<uint64_t>(carried) & kDigitMask;
         result[1] += static_cast<uint64_t>(carried >> kDigitBits);
-        // Digit 1 may be a little above 2^58 now, by the last carry of at most 2^11.
+        // Digit 1 may be a little above 2^58 now, by the last carry of at most 2^6.
     }
 
     static constexpr void multiply(Element& product, const Element& a, const Element& b) {
@@ -159,10 +159,11 @@ struct P521Field {
     static constexpr bool is_zero(const Element& a) {
         return limbs_nonzero_mask(to_integer(a)) == 0;
     }
+    // halve leaves digits of up to 2^58 + 2^57 + 2^5, which subtract takes.
     static constexpr void halve(Element& half, const Element& a) {
         // a is even after p is added where it is odd; each digit then hands its lowest bit to the one below.
         Element t{};
-        const uint64_t isOdd = 0 - (a[0] & 1);
+        const uint64_t isOdd = limb_mask(a[0] & 1);
         for (size_t i = 0; i < kLimbs; i++)
             t[i] = a[i] + ((i == kLimbs - 1 ? kDigitMask >> 1 : kDigitMask) & isOdd);
         for (size_t i = 0; i < kLimbs; i++)
@@ -170,7 +171,8 @@ struct P521Field {
     }
 
     static constexpr void invert(Element& inverse, const Element& a) {
-        inverse = from_integer(modular_inverse(to_integer(a), kPrime, kBits));
+        modular_inverse(inverse, to_integer(a), kPrime, kBits);
+        inverse = from_integer(inverse);
     }
 
     static constexpr Element kOne = {1};

@@ -10,7 +10,9 @@
 // sums may be neither equal nor opposite modulo the order n. As integers they cannot be: the lowest digit of
 // either is not divisible by 32. Modulo n they cannot be either, as all digits together stay below n: scalars
 // are at most n/2 (or are negated, and the product with them), so the digits' absolute values sum up to less
-// than 2^(bits - 1) (1 + 32/31 / 2) < n.
+// than 2^(bits - 1) (1 + 32/31 / 2) < n. Where the sum has been shifted meanwhile, both stand for themselves
+// times one power of 32, which changes nothing modulo n. By the same argument a sum that has begun is never
+// at infinity, so neither is what is doubled.
 namespace zul {
 
 // element_select replaces result by a where mask is all ones.
@@ -77,8 +79,7 @@ void base_multiply(JacobianPoint<Field>& result, const Limbs<Field::kLimbs>& sec
         for (size_t window = offset; window < kBaseWindows<Field>; window += kBaseStride<Field>) {
             const SignedDigit digit = signed_digit<kBaseWindow>(scalar.value, window);
             AffinePoint<Field> found{};
-            table_lookup<kBaseMultiples, 2 * Field::kLimbs>(
-                found.x.data(), table[window / kBaseStride<Field>][0].x.data(), digit.magnitude);
+            table_lookup(found, table[window / kBaseStride<Field>], digit.magnitude);
             negate_if<Field>(found.y, digit.isNegative);
             entry->x = found.x;
             entry->y = found.y;
@@ -112,7 +113,7 @@ void point_multiply(JacobianPoint<Field>& result, const Limbs<Field::kLimbs>& se
     for (size_t window = kBaseWindows<Field>; window-- > 0;) {
         const SignedDigit digit = signed_digit<kBaseWindow>(scalar.value, window);
         JacobianPoint<Field> found{};
-        table_lookup<kBaseMultiples, 3 * Field::kLimbs>(found.x.data(), table[0].x.data(), digit.magnitude);
+        table_lookup(found, table, digit.magnitude);
         negate_if<Field>(found.y, digit.isNegative);
         *entry = found;
         jacobian_add_raw<Field>(*next, sum->point, *entry);

@@ -1,4 +1,6 @@
 #pragma once
+#include <type_traits>
+
 #include "ec/limbs.h"
 #include "platform/cpu.h"
 
@@ -57,15 +59,20 @@ ZUL_TARGET_AVX2 void table_lookup_avx2(uint64_t* entry, const uint64_t* table, u
 }
 #endif
 
-template<size_t Entries, size_t Words>
-ZUL_ALWAYS_INLINE void table_lookup(uint64_t* entry, const uint64_t* table, uint32_t index) {
+// Entries are structures of words without gaps; those of a table may be of another type of the same layout.
+template<class Entry, class Stored, size_t Entries>
+ZUL_ALWAYS_INLINE void table_lookup(Entry& entry, const std::array<Stored, Entries>& table, uint32_t index) {
+    constexpr size_t kWords = sizeof(Entry) / kLimbBytes;
+    static_assert(std::has_unique_object_representations_v<Entry> && sizeof(Entry) == sizeof(Stored));
+    auto* const to = reinterpret_cast<uint64_t*>(&entry);
+    const auto* const from = reinterpret_cast<const uint64_t*>(&table);
 #if ZUL_X86_64
     if (cpu_has(kCpuAvx2)) {
-        table_lookup_avx2<Entries, Words>(entry, table, index);
+        table_lookup_avx2<Entries, kWords>(to, from, index);
         return;
     }
 #endif
-    table_lookup_portable<Entries, Words>(entry, table, index);
+    table_lookup_portable<Entries, kWords>(to, from, index);
 }
 
 } // namespace zul

@@ -66,7 +66,9 @@ void x25519_ladder_portable(Field25519::Element& x2, Field25519::Element& z2, co
     swap_if(swapped, z2, s.z3);
 }
 
-bool x25519(uint8_t* out, const uint8_t* privateKey, const uint8_t* u) {
+namespace {
+
+bool multiply(uint8_t* out, const uint8_t* privateKey, const uint8_t* u) {
     using F = Field25519;
     struct State {
         Limbs<4> scalar;
@@ -86,6 +88,12 @@ bool x25519(uint8_t* out, const uint8_t* privateKey, const uint8_t* u) {
     s.scalar = F::to_integer(s.x);
     write_little_endian(out, s.scalar);
     return limbs_nonzero_mask(s.scalar) != 0;
+}
+
+} // namespace
+
+bool x25519(uint8_t* out, const uint8_t* privateKey, const uint8_t* u) {
+    return WithCleanStack<multiply>::call<4096>(out, privateKey, u);
 }
 
 void x25519_public(uint8_t* out, const uint8_t* privateKey) {

@@ -20,7 +20,7 @@ ZUL_TARGET_IFMA ZUL_ALWAYS_INLINE __m256i times19(__m256i a) {
     return _mm256_add_epi64(_mm256_add_epi64(_mm256_slli_epi64(a, 4), _mm256_slli_epi64(a, 1)), a);
 }
 
-// carry brings digits below 2^62 down.
+// carry brings digits below 2^61 down.
 ZUL_TARGET_IFMA ZUL_ALWAYS_INLINE void carry(Four& a) {
     const __m256i mask = _mm256_set1_epi64x(static_cast<long long>(Field25519::kDigitMask));
     __m256i high[kDigits];
@@ -52,7 +52,7 @@ ZUL_TARGET_IFMA ZUL_ALWAYS_INLINE void multiply(Four& product, const Four& a, co
 #pragma GCC unroll 16
     for (size_t k = 0; k < 2 * kDigits; k++)
         low[k] = _mm256_add_epi64(low[k], _mm256_add_epi64(high[k], high[k]));
-        // Columns are below 2^57, and 19 times that below 2^62.
+        // Columns are below 2^56, and 20 times that below 2^61.
 #pragma GCC unroll 8
     for (size_t k = 0; k < kDigits; k++)
         product.digit[k] = _mm256_add_epi64(low[k], times19(low[k + kDigits]));

@@ -18,9 +18,8 @@ void wipe_bytes(void* buffer, size_t length) {
     }
 }
 
-__attribute__((noinline)) void wipe_dead_stack() {
-    uint8_t below[4096];
-    wipe_bytes(below, sizeof below);
+__attribute__((noinline)) void wipe_dead_stack(size_t depth) {
+    wipe_bytes(__builtin_alloca(depth), depth);
 }
 
 } // namespace zul

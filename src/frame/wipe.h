@@ -10,9 +10,26 @@ namespace zul {
 // it. A null buffer is ignored.
 void wipe_bytes(void* buffer, size_t length);
 
-// wipe_dead_stack overwrites the 4 KiB of stack below its caller, where functions that have returned may
+// wipe_dead_stack overwrites depth bytes of stack below its caller, where functions that have returned may
 // have left temporaries that no object wipes.
-void wipe_dead_stack();
+void wipe_dead_stack(size_t depth = 4096);
+
+// WithCleanStack<function>::call<depth> calls the function and then wipes the stack that it used. The
+// function is never inlined, so all of its frame lies in the depth bytes.
+template<auto function>
+struct WithCleanStack;
+template<class Result, class... Arguments, Result (*function)(Arguments...)>
+struct WithCleanStack<function> {
+    template<size_t depth>
+    static Result call(Arguments... arguments) {
+        struct Wipe {
+            ~Wipe() { wipe_dead_stack(depth); }
+        } wipe;
+        auto* hidden = function;
+        __asm__("" : "+r"(hidden));
+        return hidden(arguments...);
+    }
+};
 
 // Secret<N> is a fixed byte array for key material: zero at the start, wiped at its end.
 template<size_t N>

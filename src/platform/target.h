@@ -19,4 +19,11 @@
 #define ZUL_TARGET_IFMA __attribute__((target("avx2,bmi,bmi2,avx512f,avx512bw,avx512dq,avx512vl,avx512ifma")))
 #endif
 
+// Assembly reaches constants of hidden symbols directly, without a register for their address.
+#ifdef __ELF__
+#define ZUL_HIDDEN __attribute__((visibility("hidden")))
+#else
+#define ZUL_HIDDEN
+#endif
+
 #define ZUL_ALWAYS_INLINE inline __attribute__((always_inline))

@@ -119,7 +119,8 @@ bool ed25519_good(const Bytes& signature, const Bytes& key, const Bytes& message
 
 } // namespace
 
-INSTANTIATE_TEST_SUITE_P(Hidden, EcKernels, testing::Values(0, kCpuAdx, kCpuAvx512Ifma));
+INSTANTIATE_TEST_SUITE_P(Hidden, EcKernels,
+                         testing::Values(0, kCpuAdx, kCpuAvx512Ifma, kCpuAvx2 | kCpuAvx512Ifma));
 
 TEST_P(EcKernels, SignAsRfc6979) {
     for (const auto& v : test::read_vectors("ec/ecdsa_rfc6979.txt")) {
