@@ -100,8 +100,8 @@ class Keys(ToolTest):
         xml = self.done("key convert --unencrypted --format=xml key.pem -").decode()
         secret = xml[xml.index("<P>"):xml.index("</P>")]
         expected = self.done("key show key.pem").decode().splitlines()
-        self.assertEqual([line.split()[0] for line in expected], ["key", "bits", "exponent", "hash", "public"])
-        self.assertEqual(expected[1:3], ["bits       1024", "exponent   65537"])
+        self.assertEqual([line.split()[0] for line in expected], ["key", "type", "bits", "exponent", "hash", "fingerprint", "public"])
+        self.assertEqual(expected[1:4], ["type       rsa", "bits       1024", "exponent   65537"])
         self.assertNotIn(secret, "".join(expected))
         self.assertIn(secret, self.done("key show --private key.pem").decode())
         for file in ("pub.der", "enc.pem"):
@@ -110,7 +110,7 @@ class Keys(ToolTest):
         self.assertEqual(self.done("key check pub.der"), b"public key of 1024 bits\n")
         self.refused(21, "key match key.pem", write("other.pem", rsa_key()), says="Keys do not match")
         self.refused(7, "key show", write("bad.der", read("key.der")[:-1]))
-        self.refused(7, "key show", write("no.der", b"\x30\x03\x02\x01\x05"), says="no RSA key")
+        self.refused(7, "key show", write("no.der", b"\x30\x03\x02\x01\x05"), says="no key")
 
     def test_convert(self):
         private = ["--unencrypted"], ["--unencrypted", "-f", "pem-alt"], ["--unencrypted", "-f", "der"], \
@@ -147,7 +147,7 @@ class Keys(ToolTest):
         self.refused(6, "sign -k key.pem in.bin ./in.bin", says="would replace the input")
         self.refused(6, "sign -k key.pem in.bin ./key.pem", says="would replace the key")
         self.refused(20, "sign -k", write("empty", b""), "in.bin", "never")
-        self.refused(7, "sign -k", write("text", b"no key, no DER"), "in.bin", "never", says="no RSA key")
+        self.refused(7, "sign -k", write("text", b"no key, no DER"), "in.bin", "never", says="no key")
         self.assertFalse(os.path.exists("never"))
 
     def test_encryption(self):

@@ -42,17 +42,17 @@ constexpr ModeRow kModes[] = {
 struct KeyEncryptionRow {
     const char *name, *spelling;
     int option;
-    bool isPbes2;
+    const char* cipher; // of PBES2
 };
 constexpr KeyEncryptionRow kKeyEncryptions[] = {
-    {"aes-128", "aes128", ZUL_PBE_PBES2 | ZUL_PBE_CIPHER_AES128, true},
-    {"aes-192", "aes192", ZUL_PBE_PBES2 | ZUL_PBE_CIPHER_AES192, true},
-    {"aes-256", "aes256", ZUL_PBE_PBES2 | ZUL_PBE_CIPHER_AES256, true},
-    {"3des", "3des", ZUL_PBE_PBES2, true},
-    {"p12-3des", "p123des", ZUL_PBE_SHA_3DES, false},
-    {"sha1-des", "sha1des", ZUL_PBE_SHA1_DES, false},
-    {"md5-des", "md5des", ZUL_PBE_MD5_DES, false},
-    {"md2-des", "md2des", ZUL_PBE_MD2_DES, false},
+    {"aes-128", "aes128", ZUL_PBE_PBES2 | ZUL_PBE_CIPHER_AES128, "aes-128-cbc"},
+    {"aes-192", "aes192", ZUL_PBE_PBES2 | ZUL_PBE_CIPHER_AES192, "aes-192-cbc"},
+    {"aes-256", "aes256", ZUL_PBE_PBES2 | ZUL_PBE_CIPHER_AES256, "aes-256-cbc"},
+    {"3des", "3des", ZUL_PBE_PBES2, "tdea-cbc"},
+    {"p12-3des", "p123des", ZUL_PBE_SHA_3DES, nullptr},
+    {"sha1-des", "sha1des", ZUL_PBE_SHA1_DES, nullptr},
+    {"md5-des", "md5des", ZUL_PBE_MD5_DES, nullptr},
+    {"md2-des", "md2des", ZUL_PBE_MD2_DES, nullptr},
 };
 
 constexpr const char* kCipherNames = "ciphers: aes-128, aes-192, aes-256, 3des";
@@ -119,22 +119,22 @@ Cipher find_cipher(const std::string& name) {
     return {row->name, row->option, row->keyBytes, row->blockBytes, false, false};
 }
 
-int find_key_encryption(const std::string& name, const std::string& digest) {
+KeyEncryptionScheme find_key_encryption(const std::string& name, const std::string& digest) {
     std::string names;
     for (const KeyEncryptionRow& row : kKeyEncryptions) {
         names += (names.empty() ? "" : ", ") + std::string(row.name);
         if (plain(name) != row.spelling)
             continue;
-        if (!row.isPbes2) {
+        if (row.cipher == nullptr) {
             if (!digest.empty())
                 throw UsageError(std::string(row.name) + " has its own key derivation; leave out --prf");
-            return row.option;
+            return {row.option, nullptr};
         }
         const int prf = find_digest(digest.empty() ? "sha256" : digest).option;
         if (prf != ZUL_HASH_SHA1 && prf != ZUL_HASH_SHA256 && prf != ZUL_HASH_SHA384 &&
             prf != ZUL_HASH_SHA512)
             throw UsageError("--prf is sha1, sha256, sha384 or sha512");
-        return row.option | prf;
+        return {row.option | prf, row.cipher};
     }
     throw UsageError("unknown encryption " + in_quotes(name) + "; encryptions: " + names);
 }

@@ -25,8 +25,11 @@ struct Cipher {
 Cipher find_cipher_and_mode(const std::string& name); // "aes-256-cbc", "3DES/CTR", "des-ede3-cbc" ...
 Cipher find_cipher(const std::string& name);          // the same without a mode
 
-// find_key_encryption gives the options of RSA_SaveEncPrivateKey for a scheme and the digest of its key
-// derivation (empty: the scheme's usual one).
-int find_key_encryption(const std::string& name, const std::string& digest);
+struct KeyEncryptionScheme {
+    int option;         // of RSA_SaveEncPrivateKey
+    const char* cipher; // of KEY_Save; null if it has not this scheme
+};
+// find_key_encryption takes a scheme and the digest of its key derivation (empty: the scheme's usual one).
+KeyEncryptionScheme find_key_encryption(const std::string& name, const std::string& digest);
 
 } // namespace tool

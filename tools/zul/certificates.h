@@ -1,4 +1,5 @@
 #pragma once
+#include "algorithms.h"
 #include "failures.h"
 #include "rsa_keys.h"
 

@@ -32,6 +32,11 @@ void KeyOption::add_to(CLI::App& command, const std::string& name, const std::st
     command.add_option(name_ + "-file", file_, what + " from a file")->type_name("FILE");
 }
 
+void KeyOption::refuse_output(const std::string& out) const {
+    if (!file_.empty())
+        refuse_same_file(file_, out, "The output would replace the key.");
+}
+
 void KeyOption::require_one() const {
     if (mark_.empty() && file_.empty())
         throw UsageError("a key is needed: " + name_ + " HEX or " + name_ + "-file FILE");

@@ -23,6 +23,7 @@ class KeyOption {
     SecretBytes read_any() const;
 
     bool is_standard_input() const { return is_standard_stream(file_); }
+    void refuse_output(const std::string& out) const;
 
   private:
     void require_one() const;

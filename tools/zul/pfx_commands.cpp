@@ -5,6 +5,7 @@
 #include "arguments.h"
 #include "certificates.h"
 #include "commands.h"
+#include "key_output.h"
 #include "operating_system.h"
 #include "streams.h"
 

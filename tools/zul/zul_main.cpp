@@ -101,7 +101,10 @@ int tool::run_tool(int argc, char** argv) {
         tool::add_cipher_commands(app);
         tool::add_wrap_commands(app);
         tool::add_key_commands(app);
+        tool::add_sign_commands(app);
         tool::add_rsa_commands(app);
+        tool::add_agree_command(app);
+        tool::add_kdf_commands(app);
         tool::add_cert_commands(app);
         tool::add_request_commands(app);
         tool::add_crl_commands(app);
