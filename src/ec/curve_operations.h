@@ -69,7 +69,8 @@ struct CurveOperations {
 
     static bool scalar_is_valid(const uint8_t* d) {
         const SecretInteger scalar(d);
-        return (limbs_nonzero_mask(*scalar) & 1) != 0 && limbs_below(*scalar, kOrder.p);
+        const uint64_t isBelow = limbs_below(*scalar, kOrder.p) ? 1 : 0;
+        return (limbs_nonzero_mask(*scalar) & isBelow) != 0;
     }
 
     static void public_key(uint8_t* point, const uint8_t* d) {
@@ -155,7 +156,7 @@ struct CurveOperations {
         order_multiply(s, *sum, *inverse);
         limbs_write(rs, kBytes, r);
         limbs_write(rs + kBytes, kBytes, s);
-        return limbs_nonzero_mask(r) != 0 && limbs_nonzero_mask(s) != 0;
+        return (limbs_nonzero_mask(r) & limbs_nonzero_mask(s)) != 0;
     }
 
     static bool verify(const uint8_t* rs, const uint8_t* point, const uint8_t* digest, size_t size) {

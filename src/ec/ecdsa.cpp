@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "frame/constant_time.h"
 #include "frame/wipe.h"
 #include "hash/hmac.h"
 #include "rng/rng.h"
@@ -53,7 +54,7 @@ class SecretNumbers {
                        done + length_ <= curve_.bytes ? length_ : curve_.bytes - done);
             }
             shift_right(k, curve_.bytes, 8 * curve_.bytes - curve_.bits);
-            if (curve_.scalar_is_valid(k))
+            if (ct_declassify(curve_.scalar_is_valid(k)))
                 return;
         }
     }
@@ -94,7 +95,7 @@ int ecdsa_sign(uint8_t* rs, EcCurve curve, const uint8_t* d, const uint8_t* dige
     Secret<kMaxEcBytes> k;
     for (;; numbers.refresh()) {
         numbers.next(k.data());
-        if (operations.sign(rs, d, k.data(), digest, size))
+        if (ct_declassify(operations.sign(rs, d, k.data(), digest, size)))
             return 0;
     }
 }

@@ -2,12 +2,27 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "platform/target.h"
+
 // Truth values as masks (all ones or zero), for decisions on secrets without secret branches or addresses.
 namespace zul {
 
 // opaque hides a value from the optimiser, which could otherwise turn a mask into a branch.
 inline uint32_t opaque(uint32_t value) {
     __asm__("" : "+r"(value));
+    return value;
+}
+
+// ct_declassify passes on a result of secrets that is told to all, so that branches on it are right. A test
+// that follows secrets takes note of it.
+#ifdef ZUL_CONSTANT_TIME_TEST
+void ct_mark_public(const void* value, size_t size);
+#endif
+template<class T>
+ZUL_ALWAYS_INLINE T ct_declassify(T value) {
+#ifdef ZUL_CONSTANT_TIME_TEST
+    ct_mark_public(&value, sizeof value);
+#endif
     return value;
 }
 
@@ -22,12 +37,12 @@ inline uint32_t mask_less(size_t a, size_t b) {
     return opaque(0u - ((static_cast<uint32_t>(a) - static_cast<uint32_t>(b)) >> 31));
 }
 
-// bytes_equal compares in a time that depends on the size alone.
-inline bool bytes_equal(const uint8_t* a, const uint8_t* b, size_t size) {
+// bytes_equal compares in a time that depends on the size alone. Its result is told to all.
+ZUL_ALWAYS_INLINE bool bytes_equal(const uint8_t* a, const uint8_t* b, size_t size) {
     uint32_t difference = 0;
     for (size_t i = 0; i < size; i++)
         difference |= static_cast<uint32_t>(a[i] ^ b[i]);
-    return mask_zero(difference) != 0;
+    return ct_declassify(mask_zero(difference)) != 0;
 }
 
 } // namespace zul

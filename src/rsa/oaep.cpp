@@ -75,9 +75,9 @@ int oaep_decode(SecretBuffer& content, size_t* start, const uint8_t* block, size
         found |= first;
         fault |= db[i] & ~found;
     }
-    if ((mask_zero(fault) & found) == 0)
+    if (ct_declassify(mask_zero(fault) & found) == 0)
         return DECRYPT_ERROR;
-    *start = size_t{end} + 1;
+    *start = size_t{ct_declassify(end)} + 1;
     content = std::move(db);
     return 0;
 }

@@ -61,9 +61,9 @@ int pkcs1_decrypt_block(const uint8_t* block, size_t length, size_t* start) {
         found |= first;
     }
     good &= found & ~mask_less(end, kFirstEnd);
-    if (good == 0)
+    if (ct_declassify(good) == 0)
         return DECRYPT_ERROR;
-    *start = size_t{end} + 1;
+    *start = size_t{ct_declassify(end)} + 1;
     return 0;
 }
 
