@@ -139,6 +139,21 @@ sign_and_verify() {
     quote_words
 }
 
+sign_on_curves() {
+    local type verify
+    for type in ed25519 p-256; do
+        "${zul[@]}" key make --type "$type" --password-file password "$type.pub" "$type.pem"
+        "${zul[@]}" sign -k "$type.pem" --password-file password "$input" file.sig
+        say "$type" "a key pair, and the file signed with it: $(stat -c %s file.sig) bytes"
+        expect verify "the signature is good" quietly "${zul[@]}" verify -k "$type.pub" "$input" file.sig
+        expect damage "a file with one byte more: refused with 22" refused 22 verify -k "$type.pub" damaged.bin file.sig
+        verify=(dgst -sha256 -verify "$type.pub" -signature file.sig "$file")
+        [ "$type" = p-256 ] || verify=(pkeyutl -verify -rawin -pubin -inkey "$type.pub" -sigfile file.sig -in "$file")
+        [ -s "$file" ] || [ "$type" = p-256 ] || continue # 'openssl pkeyutl' takes no empty file
+        expect openssl "'openssl ${verify[0]} -verify' finds it good too" quietly openssl "${verify[@]}"
+    done
+}
+
 . "$root/scripts/demo_certificates.sh"
 . "$root/scripts/demo_messages.sh"
 
@@ -164,6 +179,7 @@ demonstrate() {
     wrap_key
     make_keys
     sign_and_verify
+    sign_on_curves
     make_certificates
     check_certificates
     revoke_certificate
