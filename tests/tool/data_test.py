@@ -5,20 +5,30 @@ import hmac
 import os
 import re
 import subprocess
+import sys
+import time
 import unittest
 
 from tool_harness import CONTENT, IV, KEY, TOOL, ToolTest, main, openssl, read, rsa_key, write
 
 
+CHUNK = 96 * 1024  # the pieces in which the tool reads
+CBC = ["-a", "aes-256-cbc", "--key", KEY.hex(), "--iv", IV.hex()]
+
+
 class Digests(ToolTest):
     def test_hash(self):
-        for name in "md5 sha1 sha224 sha256 sha384 sha512".split():
-            expected = hashlib.new(name, CONTENT).hexdigest()
+        for name in "md5 sha1 sha224 sha256 sha384 sha512 sha512-256 sha3-224 sha3-256 sha3-384 sha3-512".split():
+            expected = hashlib.new(name.replace("-", "_"), CONTENT).hexdigest()
             self.assertEqual(self.done("hash", name, "in.bin", "-", stdin=CONTENT).decode(),
                              f"{expected}  in.bin\n{expected}  -\n")
         # RFC 1319, A.5
         self.assertEqual(self.done("hash MD2", stdin=b"abc"), b"da853b0d3f88d99b30283a69e6ded6bb  -\n")
         self.assertEqual(self.done("hash SHA-256"), hashlib.sha256().hexdigest().encode() + b"  -\n")
+        for name, size, options in (("shake128", 32, []), ("shake256", 64, []), ("shake128", 999, ["--length=999"])):
+            expected = hashlib.new(name.replace("e", "e_"), CONTENT).hexdigest(size)
+            self.assertEqual(self.done("hash", name, *options, "in.bin").decode(), f"{expected}  in.bin\n")
+        self.wrong_usage("is for shake128", "hash", "sha256", "--length=16", "in.bin")
         large = CONTENT * 30  # more than a pipe holds
         self.assertIn(hashlib.sha512(large).hexdigest().encode(), self.done("hash sha512", stdin=large))
 
@@ -27,18 +37,24 @@ class Digests(ToolTest):
         expected = hashlib.sha1(b"one\ntwo\rthree\r\n").hexdigest()
         for result in (self.done("hash sha1 --text dos.txt"), self.done("hash sha1 --text -", stdin=read("dos.txt"))):
             self.assertEqual(result.split()[0].decode(), expected)
+        for size in (CHUNK - 2, CHUNK - 1, CHUNK):
+            for end in (b"\r\nx", b"\r\r\n", b"\r"):
+                text = b"a" * size + end
+                self.assertEqual(self.done("hash sha1 --text", stdin=text).split()[0].decode(),
+                                 hashlib.sha1(text.replace(b"\r\n", b"\n")).hexdigest())
 
     def test_one_file_of_several_is_missing(self):
         result = self.refused(1, "hash md5 missing in.bin", says="zul: missing: error 1: Cannot open input file")
         self.assertEqual(result.stdout.split()[0].decode(), hashlib.md5(CONTENT).hexdigest())
 
     def test_hmac(self):
-        for name, key in [(name, b"Jefe") for name in "md5 sha1 sha224 sha384 sha512".split()] + [
+        for name, key in [(name, b"Jefe") for name in "md5 sha1 sha224 sha384 sha512 sha3_256".split()] + [
                 ("sha256", b""), ("sha256", KEY * 5)]:
             expected = hmac.new(key, CONTENT, name).hexdigest()
             write("mac.key", key)
             self.assertEqual(self.done("hmac", name, "--key-file", "mac.key", "in.bin").decode(), f"{expected}  in.bin\n")
         self.assertEqual(self.done("hmac", name, "--key", key.hex(), "-", stdin=CONTENT).decode(), f"{expected}  -\n")
+        self.wrong_usage("not offered with shake128", "hmac", "shake128", "--key=00", "in.bin")
 
     def test_names_forge_no_line(self):
         if len(TOOL) > 1:  # a backslash separates folders there
@@ -75,12 +91,14 @@ class Digests(ToolTest):
         self.assertFalse(os.path.exists("never"))
         # Memory up to the heap's end: 64 KiB are read, and the next read fails.
         end = int(re.search(r"-(\w+) rw.*\[heap\]", read("/proc/self/maps").decode())[1], 16)
-        for command in (["hash", "md5"], ["sign", *signer, "-", "never"]):
+        for command in (["hash", "md5"], ["hmac", "md5", "--key=00", "-"], ["sign", *signer, "-", "never"],
+                        ["encrypt", *CBC, "-", "never"]):
             with open(bad, "rb", buffering=0) as stdin:
                 stdin.seek(end - 65536)
                 result = subprocess.run(TOOL + command, stdin=stdin, capture_output=True)
                 self.assertEqual((result.returncode, result.stdout), (1, b""))
                 self.assertIn(b"error 3", result.stderr)
+        self.assertFalse(os.path.exists("never"))
 
 
 class Ciphers(ToolTest):
@@ -118,17 +136,24 @@ class Ciphers(ToolTest):
             self.assertEqual(self.done("encrypt", *choice, "-", "-"), read("out.bin"))
             self.assertEqual(self.done("decrypt", *choice, "out.bin", "-"), b"")
 
+    def test_sizes_about_a_chunk(self):
+        for size in (CHUNK - 16, CHUNK - 1, CHUNK, CHUNK + 1, 2 * CHUNK):
+            data = (CONTENT * 3)[:size]
+            secret = openssl("enc -aes-256-cbc -K", KEY.hex(), "-iv", IV.hex(), stdin=data)
+            self.assertEqual(self.done("encrypt", *CBC, "-", "-", stdin=data), secret)
+            self.assertEqual(self.done("decrypt", *CBC, "-", "-", stdin=secret), data)
+
     def test_damage_is_refused_in_both_forms(self):
-        choice = ["-a", "aes-256-cbc", "--key", KEY.hex(), "--iv", IV.hex()]
         good = openssl("enc -aes-256-cbc -K", KEY.hex(), "-iv", IV.hex(), stdin=CONTENT)
         flipped = good[:-17] + bytes([good[-17] ^ 0x80]) + good[-16:]  # the pad's last byte becomes 0x80 or more
         cases = [(flipped, 15, "not the right one, or the data was damaged"), (good[:-1], 26, "some of it is missing"),
                  (b"", 26, "Data not a valid length")]
         for content, code, says in cases:
             write("damaged.bin", content)
-            self.refused(code, "decrypt", *choice, "damaged.bin", "never.bin", says=says)
-            result = self.refused(code, "decrypt", *choice, "damaged.bin", "-", says=says)
+            self.refused(code, "decrypt", *CBC, "damaged.bin", "never.bin", says=says)
+            result = self.refused(code, "decrypt", *CBC, "damaged.bin", "-", says=says)
             self.assertEqual(result.stdout, b"")
+            self.refused(code, "decrypt", *CBC, "-", "never.bin", stdin=good * (2 if content else 0) + content, says=says)
             self.assertFalse(os.path.exists("never.bin"))
 
     def test_files_that_cannot_be_used(self):
@@ -140,7 +165,50 @@ class Ciphers(ToolTest):
         self.refused(2, "encrypt", *choice, "in.bin", "no/such/out.bin", says="no/such/out.bin: error 2")
         self.refused(2, "encrypt", *choice, "-", "no/such/out.bin", says="no/such/out.bin: error 2")
         self.refused(6, "encrypt", *choice, "in.bin", "./in.bin", says="the same file")
-        self.assertEqual(read("in.bin"), CONTENT)
+        write("own.bin", CONTENT)
+        # Wine cannot tell which file a stream is that the system gave it.
+        for arguments in (["-", "own.bin"], ["own.bin", "-"]) if len(TOOL) == 1 else ():
+            with open("own.bin", "r+b") as stream:
+                result = subprocess.run([*TOOL, "encrypt", *choice, *arguments], stdin=stream, stdout=stream,
+                                        stderr=subprocess.PIPE)
+            self.assertIn(b"the same file", result.stderr)
+        self.assertEqual(read("in.bin") + read("own.bin"), CONTENT * 2)
+        os.chmod("own.bin", 0o444)
+        self.refused(2, "encrypt", *choice, "in.bin", "own.bin")
+        self.assertEqual(read("own.bin"), CONTENT)
+        os.chmod("own.bin", 0o644)
+
+
+@unittest.skipIf(sys.argv[2:], "what Wine shows of its programs is not theirs")
+class LongWork(ToolTest):
+    def test_large_data_takes_little_memory(self):
+        with open("large", "wb") as file:
+            file.truncate(300_000_000)
+        for command in (["hash", "sha256", "--text"], ["hmac", "sha256", "--key=00", "-"], ["encrypt", *CBC, "-", "secret"],
+                        ["encrypt", *CBC, "large", "-"], ["decrypt", *CBC, "secret", "-"]):
+            with subprocess.Popen(["cat", "large"], stdout=subprocess.PIPE) as data:
+                work = subprocess.Popen(TOOL + command, stdin=data.stdout, stdout=subprocess.DEVNULL)
+                _, work.returncode, usage = os.wait4(work.pid, 0)
+            self.assertEqual(work.returncode, 0, command)
+            self.assertLess(usage.ru_maxrss, 100_000, command)  # KiB
+
+    def test_progress_at_a_terminal(self):
+        with open("large", "wb") as file:
+            file.truncate(300_000_000)
+        for words, shown in (("hash md2 large", rb"\r\d+ %, \d+ MB/s"), ("hash sha1", rb"\r1 MB, \d+ MB/s *\r +\r$")):
+            terminal, stderr = os.openpty()
+            work = subprocess.Popen(TOOL + words.split(), stdin=subprocess.PIPE, stdout=subprocess.DEVNULL, stderr=stderr)
+            os.close(stderr)
+            if "large" not in words:
+                work.stdin.write(b"x" * 1_000_000)
+                time.sleep(1.2)
+                work.stdin.write(b"x" * 1_100_000)
+            else:
+                time.sleep(1.5)
+                work.terminate()
+            work.communicate()
+            self.assertRegex(os.read(terminal, 4096), shown)
+            os.close(terminal)
 
 
 class KeyWrap(ToolTest):

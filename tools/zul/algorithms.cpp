@@ -8,23 +8,28 @@ namespace tool {
 
 namespace {
 
+constexpr int kNoOption = -1;
 constexpr Digest kDigests[] = {
-    {"sha1", ZUL_HASH_SHA1},     {"sha224", ZUL_HASH_SHA224}, {"sha256", ZUL_HASH_SHA256},
-    {"sha384", ZUL_HASH_SHA384}, {"sha512", ZUL_HASH_SHA512}, {"md5", ZUL_HASH_MD5},
-    {"md2", ZUL_HASH_MD2},
+    {"sha1", ZUL_HASH_SHA1, true, false},     {"sha224", ZUL_HASH_SHA224, true, false},
+    {"sha256", ZUL_HASH_SHA256, true, false}, {"sha384", ZUL_HASH_SHA384, true, false},
+    {"sha512", ZUL_HASH_SHA512, true, false}, {"md5", ZUL_HASH_MD5, true, false},
+    {"md2", ZUL_HASH_MD2, false, false},      {"sha512-256", kNoOption, true, false},
+    {"sha3-224", kNoOption, true, false},     {"sha3-256", kNoOption, true, false},
+    {"sha3-384", kNoOption, true, false},     {"sha3-512", kNoOption, true, false},
+    {"shake128", kNoOption, false, true},     {"shake256", kNoOption, false, true},
 };
 
 struct CipherRow {
-    const char* name;
+    const char *name, *algorithm;
     std::string_view spellings[6]; // a spelling that begins another one stands after it
     int option;
     size_t keyBytes, blockBytes;
 };
 constexpr CipherRow kCiphers[] = {
-    {"aes-128", {"aes128"}, ZUL_CIPHER_AES128, 16, 16},
-    {"aes-192", {"aes192"}, ZUL_CIPHER_AES192, 24, 16},
-    {"aes-256", {"aes256"}, ZUL_CIPHER_AES256, 32, 16},
-    {"3des", {"3des", "des3", "tdea", "tripledes", "desede3", "desede"}, ZUL_CIPHER_TDEA, 24, 8},
+    {"aes-128", "aes-128", {"aes128"}, ZUL_CIPHER_AES128, 16, 16},
+    {"aes-192", "aes-192", {"aes192"}, ZUL_CIPHER_AES192, 24, 16},
+    {"aes-256", "aes-256", {"aes256"}, ZUL_CIPHER_AES256, 32, 16},
+    {"3des", "tdea", {"3des", "des3", "tdea", "tripledes", "desede3", "desede"}, ZUL_CIPHER_TDEA, 24, 8},
 };
 
 struct ModeRow {
@@ -66,6 +71,10 @@ std::string plain(const std::string& name) {
     return letters;
 }
 
+bool serves(const Digest& digest, DigestUse use) {
+    return use == DigestUse::hash || (use == DigestUse::hmac ? digest.hasHmac : digest.option != kNoOption);
+}
+
 // find_row finds the cipher that a plain name begins with and cuts that part off the name.
 const CipherRow* find_row(std::string& name) {
     for (const CipherRow& row : kCiphers)
@@ -79,18 +88,25 @@ const CipherRow* find_row(std::string& name) {
 
 } // namespace
 
-std::string digest_names() {
+std::string digest_names(DigestUse use) {
     std::string names;
     for (const Digest& digest : kDigests)
-        names += (names.empty() ? "" : ", ") + std::string(digest.name);
+        if (serves(digest, use))
+            names += (names.empty() ? "" : ", ") + std::string(digest.name);
     return names;
 }
 
-const Digest& find_digest(const std::string& name) {
-    for (const Digest& digest : kDigests)
-        if (plain(name) == digest.name)
+const Digest& find_digest(const std::string& name, DigestUse use) {
+    for (const Digest& digest : kDigests) {
+        if (plain(name) != plain(digest.name))
+            continue;
+        if (serves(digest, use))
             return digest;
-    throw UsageError("unknown digest " + in_quotes(name) + "; digests: " + digest_names());
+        if (use == DigestUse::hmac)
+            throw UsageError("HMAC is not offered with " + std::string(digest.name) +
+                             "; use another of: " + digest_names(use));
+    }
+    throw UsageError("unknown digest " + in_quotes(name) + "; digests: " + digest_names(use));
 }
 
 Cipher find_cipher_and_mode(const std::string& name) {
@@ -99,6 +115,7 @@ Cipher find_cipher_and_mode(const std::string& name) {
         for (const ModeRow& mode : kModes)
             if (rest == mode.name)
                 return {std::string(row->name) + "-" + std::string(mode.name),
+                        std::string(row->algorithm) + "-" + std::string(mode.name),
                         row->option | mode.option,
                         row->keyBytes,
                         row->blockBytes,
@@ -116,7 +133,7 @@ Cipher find_cipher(const std::string& name) {
     const CipherRow* row = find_row(rest);
     if (row == nullptr || !rest.empty())
         throw UsageError("unknown cipher " + in_quotes(name) + "; " + kCipherNames);
-    return {row->name, row->option, row->keyBytes, row->blockBytes, false, false};
+    return {row->name, row->algorithm, row->option, row->keyBytes, row->blockBytes, false, false};
 }
 
 KeyEncryptionScheme find_key_encryption(const std::string& name, const std::string& digest) {

@@ -6,19 +6,19 @@
 namespace tool {
 
 struct Digest {
-    const char* name;
-    int option; // ZUL_HASH_
+    const char* name; // as HASH_Begin takes it
+    int option;       // ZUL_HASH_; negative for one that signatures and certificates do not take
+    bool hasHmac, isExtendable;
 };
-const Digest& find_digest(const std::string& name);
-std::string digest_names();
-
-// file_digest gives the digest of a file of any size, or of standard input, in hex. options: a ZUL_HASH_
-// algorithm, and perhaps ZUL_HASH_MODE_TEXT. (file_digest.cpp)
-std::string file_digest(const std::string& file, int options);
+// DigestUse chooses among the digests: any, those with an HMAC, or those with an option.
+enum class DigestUse { hash, hmac, option };
+const Digest& find_digest(const std::string& name, DigestUse use = DigestUse::option);
+std::string digest_names(DigestUse use);
 
 struct Cipher {
-    std::string name; // "aes-256" or "aes-256-cbc"
-    int options;      // ZUL_CIPHER_ | ZUL_MODE_
+    std::string name;      // "aes-256" or "aes-256-cbc"
+    std::string algorithm; // the same as CIPHER_Begin takes it
+    int options;           // ZUL_CIPHER_ | ZUL_MODE_
     size_t keyBytes, blockBytes;
     bool takesIv, pads;
 };

@@ -4,6 +4,7 @@
 
 #include "certificates.h"
 #include "commands.h"
+#include "file_digest.h"
 #include "hex_text.h"
 #include "streams.h"
 
@@ -83,7 +84,7 @@ struct Contents {
         if (subjectKeyId.empty()) {
             const ScratchFile saved;
             accept_status(RSA_SavePublicKey(saved.path(), certified.text(), 0), "key");
-            id = file_digest(saved.path(), ZUL_HASH_SHA1);
+            id = file_digest(saved.path(), find_digest("sha1"));
         } else {
             const SecretBytes hex = hex_line(decode_hex(subjectKeyId, "--subject-key-id"));
             id.assign(hex.begin(), hex.end() - 1);

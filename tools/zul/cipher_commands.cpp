@@ -1,11 +1,14 @@
 #include <CLI/CLI.hpp>
 #include <memory>
+#include <optional>
 
 #include "algorithms.h"
 #include "commands.h"
+#include "contexts.h"
 #include "failures.h"
 #include "hex_text.h"
 #include "key_option.h"
+#include "progress.h"
 #include "streams.h"
 
 namespace tool {
@@ -49,33 +52,40 @@ struct CipherCommand {
         }
     }
 
-    void run_on_files(const Cipher& cipher, const SecretBytes& keyBytes, const SecretBytes& iv) const {
-        const int result = CIPHER_File(encrypt, out.c_str(), in.c_str(), keyBytes.data(), iv.data(), nullptr,
-                                       cipher.options);
-        const int code = std::abs(result);
-        accept_status(result, code == CREATE_ERROR || code == WRITE_ERROR ? out : in,
-                      code == BAD_PARAM_ERROR ? "IN and OUT are the same file." : hint(result));
-    }
-
-    // run_in_memory gives byte for byte what run_on_files gives.
-    void run_in_memory(const Cipher& cipher, const SecretBytes& keyBytes, const SecretBytes& iv) const {
-        SecretBytes data = Input(in).read_all();
-        const int block = static_cast<int>(cipher.blockBytes);
-        if (encrypt && cipher.pads) {
-            const int length = int_length(data);
-            const int padded = accept_length(PAD_BytesBlock(nullptr, 0, data.data(), length, block, 0), in);
-            data.resize(static_cast<size_t>(padded));
-            accept_length(PAD_BytesBlock(data.data(), padded, data.data(), length, block, 0), in);
+    // The end of a text to decrypt may be wrong, so what is ready is written one piece late: of data that
+    // fits into one piece nothing is written before all is known to be good.
+    void run_on_data(const Cipher& cipher, const SecretBytes& keyBytes, const SecretBytes& iv) const {
+        Input input(in);
+        input.refuse_output(out);
+        const int64_t size = input.bytes_left();
+        if (!encrypt && cipher.pads && size > 0 && size % static_cast<int64_t>(cipher.blockBytes) != 0)
+            throw Refused::by_system(BAD_LENGTH_ERROR, in, hint(BAD_LENGTH_ERROR));
+        SecretBytes context = make_context(in, [&](unsigned char* memory, int length) {
+            return CIPHER_Begin(memory, length, encrypt, keyBytes.data(), int_length(keyBytes), iv.data(),
+                                int_length(iv), cipher.algorithm.c_str(), 0);
+        });
+        std::optional<Output> output;
+        SecretBytes piece(kChunk), ready(kChunk + 2 * cipher.blockBytes);
+        int readyBytes = 0;
+        const auto write_ready = [&] {
+            if (!output)
+                output.emplace(out);
+            output->write(ready.data(), static_cast<size_t>(readyBytes));
+        };
+        Progress progress(input, out);
+        for (size_t count = kChunk; count == kChunk;) {
+            count = input.read(piece.data(), kChunk);
+            if (readyBytes > 0)
+                write_ready();
+            readyBytes = accept_length(CIPHER_Add(ready.data(), int_length(ready), context.data(),
+                                                  piece.data(), static_cast<int>(count)),
+                                       in);
+            progress.add(count);
         }
-        const int result = CIPHER_Bytes(encrypt, data.data(), data.data(), int_length(data), keyBytes.data(),
-                                        iv.data(), nullptr, cipher.options);
-        accept_status(result, in, hint(result));
-        if (!encrypt && cipher.pads) {
-            const int plain =
-                PAD_UnpadBytes(data.data(), int_length(data), data.data(), int_length(data), block, 0);
-            data.resize(static_cast<size_t>(accept_length(plain, in, hint(plain))));
-        }
-        write_file(out, data);
+        const int end = CIPHER_End(ready.data() + readyBytes, int_length(ready) - readyBytes, context.data());
+        readyBytes += accept_length(end, in, hint(end));
+        write_ready();
+        output->finish();
     }
 
     void run() const {
@@ -84,10 +94,7 @@ struct CipherCommand {
             throw UsageError("the key and IN cannot both come from standard input");
         const SecretBytes iv = read_iv(cipher);
         const SecretBytes keyBytes = key.read_exactly(cipher.keyBytes, cipher.name);
-        if (is_standard_stream(in) || is_standard_stream(out))
-            run_in_memory(cipher, keyBytes, iv);
-        else
-            run_on_files(cipher, keyBytes, iv);
+        run_on_data(cipher, keyBytes, iv);
     }
 };
 
@@ -110,10 +117,14 @@ void add_cipher_command(CLI::App& app, bool encrypt) {
     command
         ->add_option("--iv", cipher->ivHex, "Initialization vector, one block; every mode but ecb needs it")
         ->type_name("HEX");
+    const std::string late =
+        "A wrong key shows at the end of the data: what was written to a pipe by then cannot\n"
+        "be taken back, and the exit status alone tells. An output file is removed.\n";
     const std::string choice = " -a aes-256-cbc --key-file aes.key --iv $iv ";
     command->footer(
         "A key file holds the raw bytes or hex text. An IV is no secret, but every message needs its own.\n"
-        "CBC and ECB pad. No mode notices every change: 'zul hmac' does.\n\nExample:\n" +
+        "CBC and ECB pad. No mode notices every change: 'zul hmac' does.\n" +
+        (encrypt ? "" : late) + "\nExample:\n" +
         (encrypt ? "  zul random 32 aes.key\n  iv=$(zul random 16 --hex)\n  zul encrypt" + choice +
                        "plain.txt secret.bin"
                  : "  zul decrypt" + choice + "secret.bin plain.txt"));

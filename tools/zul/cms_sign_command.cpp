@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "cms_message.h"
+#include "file_digest.h"
 #include "streams.h"
 
 namespace tool {
@@ -35,7 +36,7 @@ struct CmsSignCommand {
     }
 
     // What is signed detached is digested here: it may be of any size.
-    std::string content_digest() const { return file_digest(file, signing.algorithm_option()); }
+    std::string content_digest() const { return file_digest(file, find_digest(signing.digest)); }
 
     void make(const char* path, const std::string& list, const RsaKey& privateKey, int choice) const {
         if (detached) {

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "cms_message.h"
+#include "file_digest.h"
 #include "hex_text.h"
 #include "streams.h"
 
@@ -41,13 +42,13 @@ struct CmsVerifyCommand {
         const ContentFile content(contentFile); // a stream can be read only once
         std::vector<std::string> results;
         for (const std::string& name : algorithms) {
-            int option = 0;
+            const Digest* digest = nullptr;
             try {
-                option = find_digest(name).option;
+                digest = &find_digest(name);
             } catch (const UsageError&) { // the library will refuse it
                 continue;
             }
-            results.push_back(file_digest(content.path(), option));
+            results.push_back(file_digest(content.path(), *digest));
         }
         return results.empty() ? std::vector<std::string>{""} : results;
     }

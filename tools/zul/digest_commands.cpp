@@ -4,6 +4,7 @@
 #include "algorithms.h"
 #include "commands.h"
 #include "failures.h"
+#include "file_digest.h"
 #include "key_option.h"
 #include "streams.h"
 
@@ -11,20 +12,22 @@ namespace tool {
 
 namespace {
 
-constexpr int kMaxHex = 128; // 64 bytes, the longest digest
+constexpr int kMaxShake = 1 << 16;
 
 struct HashCommand {
     std::string algorithm;
     std::vector<std::string> files;
-    bool text = false;
+    DigestForm form;
 
     void run() const {
-        const int options = find_digest(algorithm).option | (text ? ZUL_HASH_MODE_TEXT : 0);
+        const Digest& digest = find_digest(algorithm, DigestUse::hash);
+        if (form.bytes != 0 && !digest.isExtendable)
+            throw UsageError("--length is for shake128 and shake256");
         bool failed = false;
         Output out("-");
         for (const std::string& file : files.empty() ? std::vector<std::string>{"-"} : files) {
             try {
-                out.write(digest_line(file_digest(file, options), file));
+                out.write(digest_line(file_digest(file, digest, form), file));
             } catch (const Refused& refused) { // the other files are still processed
                 print_error(refused.what());
                 failed = true;
@@ -40,18 +43,11 @@ struct HmacCommand {
     KeyOption key;
 
     void run() const {
-        const Digest& digest = find_digest(algorithm);
-        if (digest.option == ZUL_HASH_MD2)
-            throw UsageError("HMAC is not offered with md2; use another of: " + digest_names());
+        const Digest& digest = find_digest(algorithm, DigestUse::hmac);
         if (key.is_standard_input() && is_standard_stream(file))
             throw UsageError("the key and FILE cannot both come from standard input");
         const SecretBytes keyBytes = key.read_any();
-        const SecretBytes message = Input(file).read_all();
-        char hex[kMaxHex + 1] = {};
-        accept_length(HMAC_HexFromBytes(hex, kMaxHex, message.data(), int_length(message), keyBytes.data(),
-                                        int_length(keyBytes), digest.option),
-                      file);
-        Output("-").write(digest_line(hex, file));
+        Output("-").write(digest_line(file_hmac(file, digest, keyBytes), file));
     }
 };
 
@@ -60,9 +56,17 @@ struct HmacCommand {
 void add_digest_commands(CLI::App& app) {
     auto hash = std::make_shared<HashCommand>();
     CLI::App* command = app.add_subcommand("hash", "Print the digest of files");
-    command->add_option("ALG", hash->algorithm, digest_names())->required()->option_text(" ");
+    command
+        ->add_option(
+            "ALG", hash->algorithm,
+            "sha1, sha224, sha256, sha384, sha512, sha512-256, sha3-224 ... sha3-512, shake128/256, md5, md2")
+        ->required()
+        ->option_text(" ");
     command->add_option("FILE", hash->files, "Files; - or none for standard input")->option_text(" ");
-    command->add_flag("--text", hash->text, "Count each CR LF as LF");
+    command->add_flag("--text", hash->form.foldsLineEnds, "Count each CR LF as LF");
+    command->add_option("--length", hash->form.bytes, "Bytes that shake128 (32) or shake256 (64) gives")
+        ->check(CLI::Range(1, kMaxShake))
+        ->option_text("BYTES");
     command->footer(
         "A line begins with a backslash if the file's name is escaped in it, as with sha256sum: a\n"
         "backslash is \\\\, a line feed is \\n, a carriage return is \\r.\n\n"
@@ -71,7 +75,9 @@ void add_digest_commands(CLI::App& app) {
 
     auto hmac = std::make_shared<HmacCommand>();
     command = app.add_subcommand("hmac", "Print the keyed digest (HMAC) of a file");
-    command->add_option("ALG", hmac->algorithm, "A digest, all but md2")->required()->option_text(" ");
+    command->add_option("ALG", hmac->algorithm, "A digest, all but md2, shake128 and shake256")
+        ->required()
+        ->option_text(" ");
     command->add_option("FILE", hmac->file, "The file; - for standard input")->required()->option_text(" ");
     hmac->key.add_to(*command, "key", "Key of any length,");
     command->footer("A key file is taken byte for byte, whatever it holds.\n\n"

@@ -1,4 +1,5 @@
 #pragma once
+#include <cstdint>
 #include <cstdio>
 #include <filesystem>
 #include <memory>
@@ -13,6 +14,13 @@ namespace tool {
 // everywhere.
 void prepare_streams();
 bool output_is_terminal();
+bool errors_are_terminal(); // standard error
+
+// bytes_left gives the number of bytes from the position of an unbuffered stream to the end of its file,
+// negative if it is no regular file.
+int64_t bytes_left(std::FILE* file);
+// are_one_file is true for two streams on the same regular file.
+bool are_one_file(std::FILE* one, std::FILE* other);
 
 // remove_on_signal makes a signal that ends the tool remove a file and its folder; keep_on_signal undoes
 // that. Windows has no such signals.
@@ -31,25 +39,6 @@ std::FILE* create_for_owner(const std::string& name);
 // that chooses the folder.
 std::string temporary_folder();
 const char* temporary_variable();
-
-// Pipe has a name under which the library can open it once as a file.
-class Pipe {
-  public:
-    Pipe(); // Refused if the system gives none
-    Pipe(const Pipe&) = delete;
-    Pipe& operator=(const Pipe&) = delete;
-    ~Pipe();
-
-    const char* name() const;
-    // write waits until there is room; false once nobody reads any more. One thread writes.
-    bool write(const unsigned char* data, size_t size);
-    void close_writer(); // the reader finds the end
-    void close_reader(); // the writer finds that nobody reads, whether the pipe was opened or not
-
-  private:
-    struct State;
-    std::unique_ptr<State> state_;
-};
 
 // Terminal is the controlling terminal of the process. While the object exists keys arrive one by one and
 // without echo, the interrupt key too, so that an interrupt never leaves the terminal without echo.

@@ -1,16 +1,26 @@
 #include "streams.h"
 
 #include <algorithm>
-#include <exception>
 #include <filesystem>
 #include <system_error>
-#include <thread>
 #include <utility>
 
 #include "failures.h"
 #include "operating_system.h"
 
 namespace tool {
+
+namespace {
+
+bool is_read_only(const std::string& file) {
+    using std::filesystem::perms;
+    constexpr perms kWriters = perms::owner_write | perms::group_write | perms::others_write;
+    std::error_code error;
+    const auto status = std::filesystem::status(path_of(file), error);
+    return is_on_disk(file) && !error && (status.permissions() & kWriters) == perms::none;
+}
+
+} // namespace
 
 Input::Input(const std::string& name) : name_(shown_name(name)), file_(stdin) {
     if (is_standard_stream(name))
@@ -32,6 +42,21 @@ size_t Input::read(unsigned char* out, size_t size) {
     if (count < size && std::ferror(file_))
         throw Refused::by_system(READ_ERROR, name_);
     return count;
+}
+
+int64_t Input::bytes_left() const {
+    return tool::bytes_left(file_);
+}
+
+void Input::refuse_output(const std::string& out) const {
+    std::FILE* other = is_standard_stream(out) ? stdout
+                       : is_on_disk(out)       ? std::fopen(out.c_str(), "rb")
+                                               : nullptr;
+    const bool isInput = other != nullptr && are_one_file(file_, other);
+    if (other != nullptr && other != stdout)
+        std::fclose(other);
+    if (isInput)
+        throw Refused::by_system(BAD_PARAM_ERROR, name_, "IN and OUT are the same file.");
 }
 
 void Input::each_piece(const std::function<bool(const unsigned char*, size_t)>& take) {
@@ -65,7 +90,9 @@ Output::Output(const std::string& name, bool forOwnerAlone) : name_(name), file_
         name_ = "standard output";
         return;
     }
-    file_ = forOwnerAlone ? create_for_owner(name) : std::fopen(name.c_str(), "wb");
+    file_ = is_read_only(name) ? nullptr
+            : forOwnerAlone    ? create_for_owner(name)
+                               : std::fopen(name.c_str(), "wb");
     if (file_ == nullptr)
         throw Refused::by_system(CREATE_ERROR, name);
     std::setvbuf(file_, nullptr, _IONBF, 0);
@@ -76,8 +103,10 @@ Output::~Output() {
         return;
     std::fclose(file_);
     std::error_code ignored;
-    if (std::filesystem::is_regular_file(path_of(name_), ignored)) // never a device
-        std::filesystem::remove(path_of(name_), ignored);
+    if (!is_on_disk(name_)) // never a device
+        return;
+    std::filesystem::resize_file(path_of(name_), 0, ignored); // it may have other names
+    std::filesystem::remove(path_of(name_), ignored);
 }
 
 void Output::write(const void* data, size_t size) {
@@ -107,26 +136,6 @@ void write_file(const std::string& name, const SecretBytes& content, bool forOwn
     Output output(name, forOwnerAlone);
     output.write(content);
     output.finish();
-}
-
-int read_through_pipe(Input& input, const std::function<int(const char* name)>& call) {
-    Pipe pipe;
-    std::exception_ptr failure;
-    std::thread writer([&] {
-        try {
-            input.each_piece(
-                [&](const unsigned char* piece, size_t size) { return pipe.write(piece, size); });
-        } catch (...) {
-            failure = std::current_exception();
-        }
-        pipe.close_writer();
-    });
-    const int result = call(pipe.name());
-    pipe.close_reader();
-    writer.join();
-    if (failure)
-        std::rethrow_exception(failure);
-    return result;
 }
 
 } // namespace tool

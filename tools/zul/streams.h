@@ -1,4 +1,5 @@
 #pragma once
+#include <cstdint>
 #include <cstdio>
 #include <functional>
 #include <string>
@@ -23,6 +24,9 @@ class Input {
     ~Input();
 
     size_t read(unsigned char* out, size_t size); // less than size only at the end
+    int64_t bytes_left() const;                   // negative if not known
+    // refuse_output protects a regular file from being overwritten while it is read.
+    void refuse_output(const std::string& out) const;
     // each_piece calls take with pieces of at most kChunk bytes, up to the end or until take returns false.
     void each_piece(const std::function<bool(const unsigned char* piece, size_t size)>& take);
     // read_all gives the whole content, at most kMaxLength bytes; its data() is never null.
@@ -33,7 +37,8 @@ class Input {
     std::FILE* file_;
 };
 
-// Output writes a file, or standard output if its name is "-". A file that is not finished is removed.
+// Output writes a file, or standard output if its name is "-". A file that is not finished is emptied and
+// removed. A file without any write permission is not overwritten, even for the superuser.
 class Output {
   public:
     // forOwnerAlone keeps other users of the machine from reading a new file.
@@ -55,10 +60,5 @@ class Output {
 // copy_all writes the rest of an input to an output and finishes it; the result is the number of bytes.
 size_t copy_all(Input& input, Output& output);
 void write_file(const std::string& name, const SecretBytes& content, bool forOwnerAlone = false);
-
-// read_through_pipe hands an input to a function of the library that reads a file by its name, where that
-// function takes a failed read for the end of the file: the tool reads the input and writes it to a pipe,
-// whose name the function gets. The result is the function's. Refused if a read fails.
-int read_through_pipe(Input& input, const std::function<int(const char* name)>& call);
 
 } // namespace tool

@@ -70,6 +70,25 @@ bool output_is_terminal() {
     return isatty(STDOUT_FILENO) != 0;
 }
 
+bool errors_are_terminal() {
+    return isatty(STDERR_FILENO) != 0;
+}
+
+int64_t bytes_left(std::FILE* file) {
+    struct stat about {};
+    if (fstat(fileno(file), &about) != 0 || !S_ISREG(about.st_mode))
+        return -1;
+    const off_t position = lseek(fileno(file), 0, SEEK_CUR);
+    return position < 0 ? -1 : int64_t{about.st_size} - int64_t{position};
+}
+
+bool are_one_file(std::FILE* one, std::FILE* other) {
+    struct stat first {
+    }, second{};
+    return fstat(fileno(one), &first) == 0 && fstat(fileno(other), &second) == 0 && S_ISREG(first.st_mode) &&
+           first.st_dev == second.st_dev && first.st_ino == second.st_ino;
+}
+
 std::filesystem::path path_of(const std::string& name) {
     return name;
 }

@@ -65,6 +65,10 @@ std::string narrow_argument(const std::wstring& before, const std::wstring& argu
     return text;
 }
 
+HANDLE handle_of(std::FILE* file) {
+    return reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(file)));
+}
+
 // Messages show names of files in the page that the names have.
 UINT pageBefore = 0;
 void restore_page() {
@@ -88,6 +92,28 @@ void prepare_streams() {
 
 bool output_is_terminal() {
     return _isatty(_fileno(stdout)) != 0;
+}
+
+bool errors_are_terminal() {
+    return _isatty(_fileno(stderr)) != 0;
+}
+
+int64_t bytes_left(std::FILE* file) {
+    LARGE_INTEGER size{}, position{};
+    const HANDLE handle = handle_of(file);
+    if (GetFileType(handle) != FILE_TYPE_DISK || GetFileSizeEx(handle, &size) == 0 ||
+        SetFilePointerEx(handle, {}, &position, FILE_CURRENT) == 0)
+        return -1;
+    return size.QuadPart - position.QuadPart;
+}
+
+bool are_one_file(std::FILE* one, std::FILE* other) {
+    BY_HANDLE_FILE_INFORMATION first{}, second{};
+    return GetFileType(handle_of(one)) == FILE_TYPE_DISK &&
+           GetFileInformationByHandle(handle_of(one), &first) != 0 &&
+           GetFileInformationByHandle(handle_of(other), &second) != 0 &&
+           first.dwVolumeSerialNumber == second.dwVolumeSerialNumber &&
+           first.nFileIndexHigh == second.nFileIndexHigh && first.nFileIndexLow == second.nFileIndexLow;
 }
 
 std::filesystem::path path_of(const std::string& name) {
