@@ -1230,8 +1230,9 @@ ZUL_API int CIPHER_Begin(void* lpContext, int nContextLen, int fEncrypt, const u
 ZUL_API int CIPHER_Add(unsigned char* lpOutput, int nOutBytes, void* lpContext, const unsigned char* lpInput,
                        int nInputLen);
 /* CIPHER_End writes the end, at most a block, and wipes the context.
- * Length in bytes. Query only with a null lpOutput: the most that it may write. -BAD_LENGTH_ERROR: the data was
- * not a whole number of blocks; -DECRYPT_ERROR: a damaged pad, or a wrong key; -SHORT_BUF_ERROR: the context is
+ * Length in bytes. Query only with a null lpOutput, and only where there is a pad: the most that it may write.
+ * Without a pad nothing is written, and lpOutput may be null. -BAD_LENGTH_ERROR: the data was not a whole number of
+ * blocks; -DECRYPT_ERROR: a damaged pad, or a wrong key; -SHORT_BUF_ERROR: the context is
  * unchanged; -INVALID_DATA_ERROR. */
 ZUL_API int CIPHER_End(unsigned char* lpOutput, int nOutBytes, void* lpContext);
 
@@ -1272,8 +1273,9 @@ ZUL_API int AEAD_Decrypt(unsigned char* lpOutput, int nOutBytes, const unsigned 
  * P-521; Ed25519; X25519. Their names are taken in any case.
  *
  * Codes of all: BAD_PARAM_ERROR: a missing argument; INVALID_DATA_ERROR: no key string of this process, or a
- * public key where a private one is needed; BAD_FLAG_ERROR: an unknown option; SHORT_BUF_ERROR: the output
- * does not fit, and nothing is written. */
+ * public key where a private one is needed; BAD_KEY_ERROR: an RSA key whose exponent is 1 or even (RSA_ functions
+ * read such keys); BAD_FLAG_ERROR: an unknown option; SHORT_BUF_ERROR: the output does not fit, and nothing is
+ * written. */
 
 /* KEY_Make makes a private key. szAlgorithm: "rsa" (3072 bits), "rsa-N" for N from 1024 to 16384, "p-256"
  * (also "secp256r1", "prime256v1"), "p-384" ("secp384r1"), "p-521" ("secp521r1"), "ed25519" or "x25519". The
@@ -1286,18 +1288,21 @@ ZUL_API int KEY_Make(char* szOutput, int nOutChars, const char* szAlgorithm, int
 /* KEY_Read reads a key, private or public, as a key string. szFileOrText: the name of a file of DER, PEM or
  * base64, or such a text. Structures:
  *  - PrivateKeyInfo (PKCS #8; also version 2 with a public key), EncryptedPrivateKeyInfo (the schemes of
- *    RSA_ReadEncPrivateKey, and PBES2 with scrypt), RSAPrivateKey and RSAPublicKey (PKCS #1), ECPrivateKey
- *    (SEC 1), SubjectPublicKeyInfo;
+ *    RSA_ReadEncPrivateKey, and PBES2 with scrypt or with HMAC over SHA-224 or SHA-512/256), RSAPrivateKey and
+ *    RSAPublicKey (PKCS #1), ECPrivateKey (SEC 1), SubjectPublicKeyInfo;
  *  - a certificate or a certificate request, whose public key is read;
  *  - PEM of these, also encrypted with header lines (Proc-Type, DEK-Info: AES, Triple DES or DES in CBC mode).
  *    Of several blocks the first private key is read, or else the first block that does not hold parameters.
- * Points may be compressed. Curves have to be named; explicit parameters are not read. A public key that stands
- * beside a private one has to belong to it. szPassword: of an encrypted key, otherwise ignored. nOptions: 0.
+ * Public keys have to be DER, in a certificate or a request too (RSA_ReadPublicKey takes more); private ones may
+ * be BER. Points may be compressed. Curves have to be named; explicit parameters are not read. A public key that
+ * stands beside a private one has to belong to it. szPassword: of an encrypted key, otherwise ignored. An encrypted
+ * key may ask for at most 10,000,000 iterations, or scrypt with 1 GiB of memory (128 N r) and 4 GiB of filling
+ * (128 N r p): half a minute on one core. nOptions: 0.
  * Length in characters. Query. -OPEN_ERROR; -INVALID_DATA_ERROR: not DER; -BAD_FORMAT_ERROR: no such
- * structure; -NOT_SUPPORTED_ERROR: another algorithm or curve, or scheme of encryption; -BAD_KEY_ERROR:
- * invalid values (a point off the curve or of small order, a number out of range); -BAD_PARAM_ERROR also:
- * an encrypted key, but no password; -DECRYPT_ERROR: a wrong password or damaged data; -OUT_OF_RANGE_ERROR: a
- * derivation that costs too much; -MEMORY_ERROR: no memory for scrypt. */
+ * structure; -NOT_SUPPORTED_ERROR: another algorithm or curve, or scheme of encryption, or an RSA key of more than
+ * two primes; -BAD_KEY_ERROR: invalid values (a point off the curve or of small order, a number out of range);
+ * -BAD_PARAM_ERROR also: an encrypted key, but no password; -DECRYPT_ERROR: a wrong password or damaged data;
+ * -OUT_OF_RANGE_ERROR: a derivation that costs too much; -MEMORY_ERROR: no memory for scrypt. */
 ZUL_API int KEY_Read(char* szOutput, int nOutChars, const char* szFileOrText, const char* szPassword,
                      int nOptions);
 
@@ -1307,7 +1312,7 @@ ZUL_API int KEY_Read(char* szOutput, int nOutChars, const char* szFileOrText, co
  *  - "cipher=aes-128-cbc", "aes-192-cbc", "aes-256-cbc" (the default) or "tdea-cbc";
  *  - "kdf=pbkdf2" (the default) with "iterations=N", 1 to 10,000,000 (600,000), and "hash=sha1", "sha256" (the
  *    default), "sha384" or "sha512";
- *  - "kdf=scrypt" with "n=N" (16384; a power of 2), "r=N" (8) and "p=N" (1), bounded as in KDF_Scrypt.
+ *  - "kdf=scrypt" with "n=N" (16384; a power of 2), "r=N" (8) and "p=N" (1), bounded as in KEY_Read.
  * nOptions:
  *  - ZUL_KEY_FORMAT_PEM: PEM instead of DER;
  *  - ZUL_KEY_FORMAT_OWN: the key's own structure (RSAPrivateKey or RSAPublicKey, ECPrivateKey), without a password.
@@ -1340,7 +1345,7 @@ ZUL_API int KEY_Match(const char* szPrivateKey, const char* szPublicKey);
  * and give the public key. A public key has to be on its curve and not of small order. A private RSA key is tested
  * as in RSA_CheckKey. nOptions: 0.
  * Status, positive: 0 for a valid key, private or public. BAD_KEY_ERROR: an invalid key; TEST_FAILED_ERROR: the
- * halves of an RSA key do not undo each other; other codes of RSA keys as RSA_CheckKey. */
+ * halves of an RSA key do not undo each other, or d does not belong to e; other codes of RSA keys as RSA_CheckKey. */
 ZUL_API int KEY_Check(const char* szKey, int nOptions);
 
 /* KEY_Agree computes the secret that the owners of two key pairs share: for EC the x coordinate in the curve's

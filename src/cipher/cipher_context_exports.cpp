@@ -38,9 +38,9 @@ int end(unsigned char* output, int room, void* memory, int& length) {
         return error;
     const auto block = static_cast<int>(block_cipher(context->algorithm).blockLength);
     length = context->pads ? block : 0;
-    if (output == nullptr)
+    if (output == nullptr && context->pads)
         return 0;
-    if (room < length && context->encrypts)
+    if (room < length && length > 0 && context->encrypts)
         return SHORT_BUF_ERROR;
     Secret<kMaxCipherBlock> last;
     size_t size = 0;

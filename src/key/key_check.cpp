@@ -4,23 +4,11 @@
 
 #include "frame/err.h"
 #include "rsa/rsa_der.h"
-#include "rsa/rsa_pairwise.h"
+#include "rsa/rsa_key_check.h"
 #include "zulcore.h"
 
 namespace zul {
 namespace {
-
-bool public_is_valid(const Key& key) {
-    if (key.is_ec())
-        return ec_operations(key.curve()).point_is_valid(key.point);
-    if (key.kind == KeyKind::ed25519)
-        return ed25519_key_is_valid(key.point);
-    Key any;
-    any.kind = KeyKind::x25519;
-    any.secret[0] = 8;
-    uint8_t shared[kX25519Bytes];
-    return x25519(shared, any.secret.data(), key.point); // zero for a point of small order
-}
 
 bool secret_is_valid(const Key& key) {
     if (key.is_ec() && !ec_operations(key.curve()).scalar_is_valid(key.secret.data()))
@@ -32,15 +20,35 @@ bool secret_is_valid(const Key& key) {
     return key_same_public(key, again);
 }
 
+[[nodiscard]] int check_rsa(const Key& key) {
+    if (!rsa_values_usable(*key.rsa))
+        return err_fail(BAD_KEY_ERROR, "The RSA key's values cannot be computed with");
+    const int error = key.isPrivate ? rsa_check_private_key(*key.rsa) : 0;
+    return error == 0 ? 0 : err_fail(error, "The values of the private RSA key contradict each other");
+}
+
 } // namespace
 
+bool key_public_is_valid(const Key& key) {
+    if (key.is_ec())
+        return ec_operations(key.curve()).point_is_valid(key.point);
+    if (key.kind == KeyKind::ed25519)
+        return ed25519_key_is_valid(key.point);
+    constexpr uint8_t kAnySecret[kX25519Bytes] = {8};
+    uint8_t shared[kX25519Bytes];
+    return x25519(shared, kAnySecret, key.point); // zero for a point of small order
+}
+
+int key_check_exponent(const Key& key) {
+    return !key.is_rsa() || rsa_exponent_is_safe(*key.rsa)
+               ? 0
+               : err_fail(BAD_KEY_ERROR, "The exponent of the RSA key is 1 or even");
+}
+
 int key_check(const Key& key) {
-    if (key.is_rsa()) {
-        if (!rsa_values_usable(*key.rsa))
-            return err_fail(BAD_KEY_ERROR, "The RSA key's values cannot be computed with");
-        return key.isPrivate ? rsaPairwiseTest(&*key.rsa) : 0;
-    }
-    if (!public_is_valid(key))
+    if (key.is_rsa())
+        return check_rsa(key);
+    if (!key_public_is_valid(key))
         return err_fail(BAD_KEY_ERROR, "Not a valid public key");
     return !key.isPrivate || secret_is_valid(key)
                ? 0

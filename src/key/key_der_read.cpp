@@ -5,7 +5,9 @@
 #include "asn1/asn_element.h"
 #include "asn1/asn_parse.h"
 #include "asn1/asn_value.h"
+#include "asn1/byte_stream.h"
 #include "frame/err.h"
+#include "key/key_check.h"
 #include "key/key_der.h"
 #include "key/key_oids.h"
 #include "key/pss_rules.h"
@@ -70,23 +72,35 @@ bool is_version(const asn_Node* node, uint8_t version) {
         const uint8_t form = size > 0 ? bytes[0] : 0;
         if (form == 4 && size == 1 + publicBytes) {
             memcpy(key.point, bytes + 1, publicBytes);
-            isGood = curve.point_is_valid(key.point);
+            isGood = key_public_is_valid(key);
         } else {
             isGood = (form == 2 || form == 3) && size == 1 + curve.bytes &&
                      curve.decompress(key.point, bytes + 1, form == 3);
         }
     } else if (isGood) {
         memcpy(key.point, bytes, size);
-        isGood = key.kind != KeyKind::ed25519 || ed25519_key_is_valid(key.point);
+        isGood = key_public_is_valid(key);
     }
     return isGood ? 0 : err_fail(BAD_KEY_ERROR, "Not a valid public key of %s", key_kind_info(key.kind).name);
 }
 
-// finish_rsa refuses exponents with which anybody makes signatures or that no private key has.
-[[nodiscard]] int finish_rsa(const Key& key) {
-    return rsa_exponent_is_safe(*key.rsa)
-               ? 0
-               : err_fail(BAD_KEY_ERROR, "The exponent of the RSA key is 1 or even");
+[[nodiscard]] int finish_rsa(const Key& key, RsaStructure structure) {
+    switch (structure) {
+    case RsaStructure::good:
+        break;
+    case RsaStructure::malformed:
+        return bad_format(key.isPrivate ? "RSAPrivateKey" : "RSAPublicKey");
+    case RsaStructure::otherPrimes:
+        return err_fail(NOT_SUPPORTED_ERROR, "RSA keys of more than two primes are not supported");
+    case RsaStructure::unusable:
+        return err_fail(BAD_KEY_ERROR, "The values are no RSA key's, or too large");
+    }
+    return key_check_exponent(key);
+}
+
+[[nodiscard]] int read_rsa_public(Key& key, const asn_Node* list) {
+    key.isPrivate = false;
+    return finish_rsa(key, rsa_read_public_exactly(list, key.rsa.emplace()));
 }
 
 // read_public_bits takes the content of the BIT STRING, of whole bytes.
@@ -96,9 +110,8 @@ bool is_version(const asn_Node* node, uint8_t version) {
     if (!key.is_rsa())
         return read_point(key, content + 1, size - 1);
     AsnList list;
-    if (!key_parse(content + 1, size - 1, list) || !rsa_read_public_key(list.head(), key.rsa.emplace()))
-        return bad_format("RSA public key");
-    return finish_rsa(key);
+    return key_parse(content + 1, size - 1, list) ? read_rsa_public(key, list.head())
+                                                  : bad_format("RSAPublicKey");
 }
 
 [[nodiscard]] int read_bit_string(Key& key, const asn_Node* bits) {
@@ -107,6 +120,9 @@ bool is_version(const asn_Node* node, uint8_t version) {
 }
 
 [[nodiscard]] int read_public_info(Key& key, const asn_Node* info) {
+    // What is signed has one encoding.
+    if (!asn_IsDer(info, asn_ElementEnd(info)))
+        return bad_format("SubjectPublicKeyInfo: not DER");
     AsnChildren children(is_sequence(info) ? info : nullptr);
     const asn_Node* algorithm = children.take_sequence();
     const asn_Node* bits = children.take_if(kAsnUniversal, kAsnBitString);
@@ -153,11 +169,14 @@ bool is_version(const asn_Node* node, uint8_t version) {
     } else if (!knowsCurve) {
         return bad_format("ECPrivateKey: it names no curve");
     }
-    // Writers that drop leading zeros are common.
+    // Writers that drop leading zeros, or add one as for an INTEGER, are common.
     const size_t size = key_kind_info(key.kind).secretBytes;
-    if (octets->length > size)
+    size_t given = octets->length;
+    while (given > size && octets->data[octets->length - given] == 0)
+        given--;
+    if (given > size)
         return bad_format("private value of an ECPrivateKey");
-    memcpy(key.secret.data() + size - octets->length, octets->data, octets->length);
+    memcpy(key.secret.data() + size - given, octets->data + octets->length - given, given);
     const asn_Node* bits = publicKey.take_if(kAsnUniversal, kAsnBitString);
     if (!publicKey.at_end() || (bits != nullptr && bits->data == nullptr))
         return bad_format("public key of an ECPrivateKey");
@@ -166,9 +185,7 @@ bool is_version(const asn_Node* node, uint8_t version) {
 
 [[nodiscard]] int read_rsa_private(Key& key, const asn_Node* list) {
     key.isPrivate = true;
-    if (!rsa_read_private_key(list, key.rsa.emplace()))
-        return err_fail(BAD_FORMAT_ERROR, "Not a valid RSA private key");
-    return finish_rsa(key);
+    return finish_rsa(key, rsa_read_private_exactly(list, key.rsa.emplace()));
 }
 
 // The content of the OCTET STRING; *bits those of the public key beside it, or null.
@@ -201,6 +218,12 @@ bool is_version(const asn_Node* node, uint8_t version) {
         return bad_format("PrivateKeyInfo");
     children.take_if(kAsnExplicit, 0); // attributes
     const asn_Node* publicKey = children.take_if(kAsnContext, 1);
+    if (publicKey == nullptr && children.is(kAsnExplicit, 1)) { // some writers tag it so
+        AsnChildren inside(children.take());
+        publicKey = inside.take_if(kAsnUniversal, kAsnBitString);
+        if (publicKey == nullptr || !inside.at_end())
+            return bad_format("public key of a PrivateKeyInfo");
+    }
     const bool hasVersion = is_version(version, 0) || is_version(version, 1);
     if (!hasVersion || !children.at_end() ||
         (publicKey != nullptr && (publicKey->data == nullptr || is_version(version, 0))))
@@ -228,8 +251,9 @@ bool is_version(const asn_Node* node, uint8_t version) {
 bool key_parse(const uint8_t* bytes, size_t size, AsnList& list) {
     if (size == 0)
         return false;
-    list = asn_ParseAll(bytes, size);
-    return is_sequence(list.head()) && asn_ElementEnd(list.head()) == nullptr;
+    ByteStream stream(bytes, size);
+    list = asn_Parse(stream, false);
+    return is_sequence(list.head()) && stream.at_end();
 }
 
 KeyShape key_shape(const asn_Node* list) {
@@ -255,8 +279,7 @@ KeyShape key_shape(const asn_Node* list) {
 int key_read_structure(const asn_Node* list, Key& key) {
     switch (key_shape(list)) {
     case KeyShape::publicInfo:
-        // What is signed and fingerprinted has one encoding.
-        return asn_IsDer(list) ? read_public_info(key, list) : bad_format("SubjectPublicKeyInfo: not DER");
+        return read_public_info(key, list);
     case KeyShape::privateInfo:
         return read_private_info(key, list);
     case KeyShape::rsaPrivate:
@@ -264,8 +287,7 @@ int key_read_structure(const asn_Node* list, Key& key) {
         return read_rsa_private(key, list);
     case KeyShape::rsaPublic:
         key.kind = KeyKind::rsa;
-        key.isPrivate = false;
-        return rsa_read_public_key(list, key.rsa.emplace()) ? finish_rsa(key) : bad_format("RSA public key");
+        return read_rsa_public(key, list);
     case KeyShape::ecPrivate:
         return read_ec_private(key, list, false);
     case KeyShape::signedObject:

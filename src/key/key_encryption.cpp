@@ -110,14 +110,18 @@ bool is_scrypt(const asn_Node* algorithm) {
     ScryptParams params;
     if (const int error = read_scrypt(params, algorithm))
         return error;
+    const size_t block = params.cipher->blockLength;
+    if (data.empty() || data.size() % block != 0)
+        return wrong_password();
+    const ScryptCost cost = {params.n, params.r, params.p};
+    if (const int error = scrypt_check_file(cost))
+        return error;
     Secret<kMaxCipherKey> key;
     if (const int error = scrypt(key.data(), params.cipher->keyLength, password, strlen(password),
-                                 params.salt.data(), params.salt.size(), {params.n, params.r, params.p}))
+                                 params.salt.data(), params.salt.size(), cost))
         return error;
-    const size_t block = params.cipher->blockLength;
     CipherContext context;
-    if (data.empty() || data.size() % block != 0 ||
-        context.init(params.cipher->algorithm, CipherMode::cbc, false, key.data(), params.iv.data()) != 0 ||
+    if (context.init(params.cipher->algorithm, CipherMode::cbc, false, key.data(), params.iv.data()) != 0 ||
         context.update(data.data(), data.data(), data.size()) != 0)
         return wrong_password();
     const size_t padding = pad_count(data.data() + data.size() - block, block);
@@ -161,7 +165,7 @@ int key_decrypt(SecretBuffer& plain, const asn_Node* encrypted, const char* pass
     AsnChildren children(encrypted);
     const asn_Node* algorithm = children.take_sequence();
     if (!is_scrypt(algorithm))
-        return pbe_decrypt(encrypted, password, plain);
+        return pbe_decrypt(encrypted, password, plain, PbeReader::anyKey);
     if (!asn_GetOctets(children.take_octets(), plain) || !children.at_end())
         return err_fail(BAD_FORMAT_ERROR, "Invalid EncryptedPrivateKeyInfo format");
     const int error = decrypt_scrypt(plain, algorithm, password);

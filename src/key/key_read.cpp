@@ -22,17 +22,14 @@ constexpr std::string_view kPemBegin = "-----BEGIN ";
     return err_fail(BAD_PARAM_ERROR, "The key is encrypted: a password is needed");
 }
 
-// read_decrypted reads what came of a decryption: anything but a key of an unknown kind is the password's
-// fault.
+// read_decrypted reads what came of a decryption. A wrong password does not give the elements of a key.
 [[nodiscard]] int read_decrypted(Key& key, const SecretBuffer& plain) {
     AsnList list;
-    const int error =
-        key_parse(plain.data(), plain.size(), list) ? key_read_structure(list.head(), key) : BAD_FORMAT_ERROR;
-    if (error == 0 && key.isPrivate)
-        return 0;
-    return error == NOT_SUPPORTED_ERROR || error == BAD_KEY_ERROR
-               ? error
-               : err_fail(DECRYPT_ERROR, "Not a private key: a wrong password, or damaged data");
+    if (!key_parse(plain.data(), plain.size(), list) || key_shape(list.head()) == KeyShape::none)
+        return err_fail(DECRYPT_ERROR, "Not a private key: a wrong password, or damaged data");
+    if (const int error = key_read_structure(list.head(), key))
+        return error;
+    return key.isPrivate ? 0 : err_fail(BAD_FORMAT_ERROR, "What is encrypted is not a private key");
 }
 
 [[nodiscard]] int read_list(Key& key, const asn_Node* list, const char* password) {

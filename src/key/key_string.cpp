@@ -8,6 +8,7 @@
 #include "encode/base64.h"
 #include "frame/err.h"
 #include "frame/text.h"
+#include "key/key_check.h"
 #include "key/string_key.h"
 #include "rng/rng.h"
 #include "rsa/rsa_der.h"
@@ -157,8 +158,9 @@ int key_string_read(const char* text, Key& key) {
         return err_fail(BAD_PARAM_ERROR, "Missing key");
     const bool isMarked =
         strncmp(text, kPublicMark, kMarkChars) == 0 || strncmp(text, kPrivateMark, kMarkChars) == 0;
+    // The readers of RSA_ take keys of any exponent.
     if (isMarked ? open(text, key) : open_rsa(text, key))
-        return 0;
+        return key_check_exponent(key);
     return err_fail(INVALID_DATA_ERROR, "Not a key string of this process");
 }
 

@@ -12,7 +12,8 @@ SecretBuffer key_string_write(const Key& key);
 // key_string_most gives the length of the longest private key string of a kind; bits are those of RSA.
 size_t key_string_most(KeyKind kind, size_t bits);
 
-// The openers give 0, BAD_PARAM_ERROR (null or empty) or INVALID_DATA_ERROR, with a text. key_string_read
+// The openers give 0, BAD_PARAM_ERROR (null or empty), INVALID_DATA_ERROR or the code of key_check_exponent,
+// with a text. key_string_read
 // takes either kind, key_string_read_private private keys alone.
 [[nodiscard]] int key_string_read(const char* text, Key& key);
 [[nodiscard]] int key_string_read_private(const char* text, Key& key);

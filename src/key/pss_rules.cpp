@@ -36,7 +36,8 @@ constexpr uint32_t kFields = 4;
         return field == 0 ? digest_algorithm_read(&rules.digest, value) : read_mask(rules.mgfDigest, value);
     }
     const bool isWhole = asn_is(value, kAsnUniversal, kAsnInteger) && value->length > 0 &&
-                         (value->data[0] & 0x80) == 0 && value->length <= 4;
+                         value->data[0] < 0x80 && value->length <= 4 &&
+                         (value->length == 1 || value->data[0] != 0 || value->data[1] >= 0x80);
     const int64_t number = isWhole ? asn_GetInt(value) : -1;
     if (number < 0 || number > kMaxSalt || (field == 3 && number != 1))
         return bad_format();

@@ -154,7 +154,8 @@ AsnList pbe_encrypt(PbeContext& context, const uint8_t* plain, size_t plainLen) 
         asn_LinkList(pbe_algorithm_list(params), asn_NewOctetString(data.data(), data.size())));
 }
 
-int pbe_decrypt(const asn_Node* encryptedPrivateKeyInfo, const char* password, SecretBuffer& plain) {
+int pbe_decrypt(const asn_Node* encryptedPrivateKeyInfo, const char* password, SecretBuffer& plain,
+                PbeReader reader) {
     plain = SecretBuffer();
     PbeContext context;
     PbeParams& params = *context;
@@ -168,7 +169,7 @@ int pbe_decrypt(const asn_Node* encryptedPrivateKeyInfo, const char* password, S
     if (algorithm == nullptr || !asn_GetOctets(children.take_octets(), data) || !children.at_end()) {
         return err_fail(BAD_FORMAT_ERROR, "Invalid EncryptedPrivateKeyInfo format");
     }
-    int error = pbe_read_algorithm(params, algorithm);
+    int error = pbe_read_algorithm(params, algorithm, reader);
     if (error == 0)
         error = decrypt_in_place(params, data);
     if (error == 0)

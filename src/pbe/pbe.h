@@ -8,6 +8,11 @@ namespace zul {
 
 struct PbeParams;
 
+// Whose files are read. Those of RSA keys and PKCS #12 have the PRFs of RSA_SaveEncPrivateKey, and what
+// stands behind a PRF's name is passed over. Keys of any kind may have HMAC with SHA-224 and SHA-512/256 too,
+// and parameters of a PRF have to be NULL or absent.
+enum class PbeReader { rsa, anyKey };
+
 // PbeContext owns the parameters of one operation, password and IV among them, and wipes them.
 class PbeContext {
   public:
@@ -32,6 +37,6 @@ AsnList pbe_encrypt(PbeContext& context, const uint8_t* plain, size_t plainLen);
 // pbe_decrypt decrypts an EncryptedPrivateKeyInfo: 0 or a positive code (BAD_FORMAT_ERROR,
 // NOT_SUPPORTED_ERROR, OUT_OF_RANGE_ERROR, DECRYPT_ERROR), with a text. After an error plain is empty.
 [[nodiscard]] int pbe_decrypt(const asn_Node* encryptedPrivateKeyInfo, const char* password,
-                              SecretBuffer& plain);
+                              SecretBuffer& plain, PbeReader reader = PbeReader::rsa);
 
 } // namespace zul

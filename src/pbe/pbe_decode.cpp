@@ -58,8 +58,28 @@ uint32_t positive(const asn_Node* node) {
     return pbe_check_iterations(params.iterations);
 }
 
+[[nodiscard]] int read_prf(PbeParams& params, const asn_Node* algorithm, PbeReader reader) {
+    AsnChildren children(algorithm);
+    const asn_Node* oid = children.take_oid();
+    if (oid == nullptr)
+        return no_params();
+    const OidName name(oid);
+    params.prf = pbe_prf(name.text());
+    if (reader == PbeReader::anyKey) {
+        children.take_if(kAsnUniversal, kAsnNull);
+        if (!children.at_end())
+            return no_params();
+        if (params.prf == nullptr)
+            params.prf = pbe_further_prf(name.text());
+    }
+    return params.prf != nullptr
+               ? 0
+               : err_fail(NOT_SUPPORTED_ERROR, "PRF algorithm '%s' not supported", name.text());
+}
+
 // read_pbkdf2 reads PBKDF2-params. keyLength becomes 0 if the field is absent.
-[[nodiscard]] int read_pbkdf2(PbeParams& params, const asn_Node* algorithm, uint32_t* keyLength) {
+[[nodiscard]] int read_pbkdf2(PbeParams& params, const asn_Node* algorithm, uint32_t* keyLength,
+                              PbeReader reader) {
     AsnChildren children(algorithm);
     const asn_Node* oid = children.take_oid();
     if (oid == nullptr)
@@ -84,14 +104,7 @@ uint32_t positive(const asn_Node* node) {
     params.prf = pbe_prf("hmacWithSHA1");
     if (prfAlgorithm == nullptr)
         return 0;
-    const asn_Node* prfOid = AsnChildren(prfAlgorithm).take_oid();
-    if (prfOid == nullptr)
-        return no_params();
-    const OidName prf(prfOid);
-    params.prf = pbe_prf(prf.text());
-    if (params.prf == nullptr)
-        return err_fail(NOT_SUPPORTED_ERROR, "PRF algorithm '%s' not supported", prf.text());
-    return 0;
+    return read_prf(params, prfAlgorithm, reader);
 }
 
 // read_rc2 reads RC2-CBC-Parameter as far as the IV. A version stands for effective key bits: three small
@@ -151,7 +164,7 @@ uint32_t positive(const asn_Node* node) {
 
 } // namespace
 
-int pbe_read_algorithm(PbeParams& params, const asn_Node* algorithmIdentifier) {
+int pbe_read_algorithm(PbeParams& params, const asn_Node* algorithmIdentifier, PbeReader reader) {
     AsnChildren children(algorithmIdentifier);
     const asn_Node* oid = children.take_oid();
     if (oid == nullptr)
@@ -174,7 +187,7 @@ int pbe_read_algorithm(PbeParams& params, const asn_Node* algorithmIdentifier) {
     if (derivation == nullptr || encryption == nullptr || !fields.at_end())
         return no_params();
     uint32_t keyLength = 0;
-    const int error = read_pbkdf2(params, derivation, &keyLength);
+    const int error = read_pbkdf2(params, derivation, &keyLength, reader);
     return error != 0 ? error : read_cipher(params, encryption, keyLength);
 }
 

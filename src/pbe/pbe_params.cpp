@@ -32,6 +32,11 @@ constexpr PbePrf kPrfs[] = {
     {"hmacWithSHA512", kDigestSha512},
 };
 
+constexpr PbePrf kFurtherPrfs[] = {
+    {"hmacWithSHA224", kDigestSha224},
+    {"1.2.840.113549.2.13", kDigestSha512_256}, // the table of names lacks it
+};
+
 template<class Entry, size_t N>
 const Entry* find(const Entry (&table)[N], const char* name) {
     for (const Entry& entry : table) {
@@ -49,6 +54,10 @@ const PbeScheme* pbe_scheme(const char* name) {
 
 const PbePrf* pbe_prf(const char* name) {
     return find(kPrfs, name);
+}
+
+const PbePrf* pbe_further_prf(const char* name) {
+    return find(kFurtherPrfs, name);
 }
 
 const PbePrf* pbe_prf_of(int hashAlg) {

@@ -2,6 +2,7 @@
 #include "asn1/asn_node.h"
 #include "cipher/block_cipher.h"
 #include "frame/memory.h"
+#include "pbe/pbe.h"
 
 // The parameters of password-based encryption, and the tables of schemes, ciphers and PRFs. Names are those
 // of the table of object identifiers.
@@ -29,6 +30,8 @@ struct PbePrf {
 // The tables' entries, null for an unknown name.
 const PbeScheme* pbe_scheme(const char* name);
 const PbePrf* pbe_prf(const char* name);
+// pbe_further_prf is a PRF that PbeReader::anyKey takes beside those of pbe_prf.
+const PbePrf* pbe_further_prf(const char* name);
 // pbe_prf_of is the PRF with a digest, HMAC-SHA-1 for a digest without one.
 const PbePrf* pbe_prf_of(int hashAlg);
 
@@ -57,9 +60,10 @@ void pbe_take_cipher(PbeParams& params, const BlockCipher& cipher);
 // a text.
 [[nodiscard]] int pbe_check_iterations(uint32_t iterations);
 
-// pbe_read_algorithm reads the AlgorithmIdentifier of a scheme: 0, BAD_FORMAT_ERROR, OUT_OF_RANGE_ERROR or
-// NOT_SUPPORTED_ERROR, with a text.
-[[nodiscard]] int pbe_read_algorithm(PbeParams& params, const asn_Node* algorithmIdentifier);
+// pbe_read_algorithm reads the AlgorithmIdentifier of a scheme as a PbeReader says: 0, BAD_FORMAT_ERROR,
+// OUT_OF_RANGE_ERROR or NOT_SUPPORTED_ERROR, with a text.
+[[nodiscard]] int pbe_read_algorithm(PbeParams& params, const asn_Node* algorithmIdentifier,
+                                     PbeReader reader);
 AsnList pbe_algorithm_list(const PbeParams& params); // the same, written
 
 } // namespace zul

@@ -42,7 +42,7 @@ void rom_mix(ScryptBlockMix* mix, uint8_t* part, uint32_t* table, uint32_t* scra
         mix(table + i * words, table + (i - 1) * words, nullptr, r);
     mix(x, table + (n - 1) * words, nullptr, r);
     for (size_t i = 0; i < n; i++) {
-        const uint32_t* chosen = table + (x[words - kBlock] & (n - 1)) * words; // n is at most 2^32
+        const uint32_t* chosen = table + (x[words - kBlock] & (n - 1)) * words; // n is at most 2^24
         for (size_t at = 0; at < words; at += kLine)
             __builtin_prefetch(chosen + at);
         mix(y, x, chosen, r);
@@ -68,6 +68,16 @@ int scrypt_check(const ScryptCost& cost) {
     if (p > kMostParts / (128 * r) || p > kMostWork / (128 * r * n))
         return err_fail(OUT_OF_RANGE_ERROR, "scrypt: 128 r p must be at most 1 GiB, 128 N r p 64 GiB");
     return 0;
+}
+
+int scrypt_check_file(const ScryptCost& cost) {
+    constexpr uint64_t kMostMemory = uint64_t{1} << 30, kMostWork = uint64_t{4} << 30;
+    if (const int code = scrypt_check(cost))
+        return code;
+    const uint64_t memory = 128 * cost.n * cost.r;
+    return memory <= kMostMemory && cost.p <= kMostWork / memory
+               ? 0
+               : err_fail(OUT_OF_RANGE_ERROR, "scrypt: 128 N r must be at most 1 GiB, 128 N r p 4 GiB");
 }
 
 int scrypt(uint8_t* out, size_t outLen, const void* password, size_t passwordLen, const uint8_t* salt,

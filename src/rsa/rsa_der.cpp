@@ -4,6 +4,7 @@
 
 #include "asn1/asn_build.h"
 #include "asn1/asn_children.h"
+#include "asn1/asn_element.h"
 #include "asn1/asn_parse.h"
 #include "asn1/asn_value.h"
 #include "asn1/oid.h"
@@ -62,6 +63,30 @@ bool read_integers(const asn_Node* list, BigInt* const (&values)[N]) {
     return count == N;
 }
 
+// is_minimal tells whether an INTEGER has the form of DER.
+bool is_minimal(const asn_Node* node) {
+    const uint8_t first = node->data[0];
+    return node->length == 1 || (first != 0 && first != 0xFF) || (first ^ node->data[1]) >= 0x80;
+}
+
+// read_integers_only reads a SEQUENCE of as many INTEGERs as wanted and nothing else.
+template<size_t N>
+RsaStructure read_integers_only(const asn_Node* list, BigInt* const (&values)[N], bool isDer) {
+    AsnChildren children = inside(list);
+    const asn_Node* nodes[N];
+    for (const asn_Node*& node : nodes) {
+        node = children.take_integer();
+        if (node == nullptr || node->data == nullptr || (isDer && !is_minimal(node)))
+            return RsaStructure::malformed;
+    }
+    if (!children.at_end())
+        return RsaStructure::malformed;
+    for (size_t i = 0; i < N; i++)
+        if ((isDer && nodes[i]->data[0] >= 0x80) || !read_integer(nodes[i], *values[i]))
+            return RsaStructure::unusable;
+    return RsaStructure::good;
+}
+
 bool is_rsa_algorithm(const asn_Node* algorithm) {
     OidInfo info;
     if (asn_GetOid(AsnChildren(algorithm).take_oid(), &info) == 0 && strcmp(info.name, kRsaEncryption) == 0)
@@ -88,6 +113,24 @@ bool has_usable_primes(const RsaKey& key) {
     BigInt rest;
     mtModulo(rest, product, key.p);
     return mtShortCmp(rest, 1) == 0;
+}
+
+bool take_public(RsaKey& key) {
+    key.flags = 0;
+    key.bits = mtBitLength(key.n);
+    if (!rsa_values_usable(key))
+        return false;
+    key.flags = kRsaPublic;
+    return true;
+}
+
+bool take_private(RsaKey& key) {
+    key.flags = kRsaPublic | kRsaPrivate | kRsaCrt;
+    key.bits = mtBitLength(key.n);
+    if (rsa_values_usable(key))
+        return true;
+    key.flags = 0;
+    return false;
 }
 
 } // namespace
@@ -132,13 +175,16 @@ AsnList rsa_private_key_info(const RsaKey& key) {
 bool rsa_read_public_key(const asn_Node* list, RsaKey& key) {
     BigInt* const values[] = {&key.n, &key.e};
     key.flags = 0;
-    if (!read_integers(list, values))
-        return false;
-    key.bits = mtBitLength(key.n);
-    if (!rsa_values_usable(key))
-        return false;
-    key.flags = kRsaPublic;
-    return true;
+    return read_integers(list, values) && take_public(key);
+}
+
+RsaStructure rsa_read_public_exactly(const asn_Node* list, RsaKey& key) {
+    BigInt* const values[] = {&key.n, &key.e};
+    key.flags = 0;
+    if (!asn_IsDer(list, asn_ElementEnd(list)))
+        return RsaStructure::malformed;
+    const RsaStructure structure = read_integers_only(list, values, true);
+    return structure != RsaStructure::good || take_public(key) ? structure : RsaStructure::unusable;
 }
 
 bool rsa_read_subject_public_key_info(const asn_Node* list, RsaKey& key) {
@@ -158,14 +204,20 @@ bool rsa_read_private_key(const asn_Node* list, RsaKey& key) {
     BigInt version;
     BigInt* const values[] = {&version, &key.n, &key.e, &key.d, &key.p, &key.q, &key.dP, &key.dQ, &key.qInv};
     key.flags = 0;
-    if (!read_integers(list, values))
-        return false;
-    key.bits = mtBitLength(key.n);
-    key.flags = kRsaPublic | kRsaPrivate | kRsaCrt;
-    if (mtBitLength(version) == 0 && rsa_values_usable(key))
-        return true;
+    return read_integers(list, values) && mtBitLength(version) == 0 && take_private(key);
+}
+
+RsaStructure rsa_read_private_exactly(const asn_Node* list, RsaKey& key) {
+    BigInt version;
+    BigInt* const values[] = {&version, &key.n, &key.e, &key.d, &key.p, &key.q, &key.dP, &key.dQ, &key.qInv};
     key.flags = 0;
-    return false;
+    const asn_Node* const first = inside(list).peek();
+    if (asn_is(first, kAsnUniversal, kAsnInteger) && first->length == 1 && first->data[0] == 1)
+        return RsaStructure::otherPrimes;
+    const RsaStructure structure = read_integers_only(list, values, false);
+    if (structure == RsaStructure::good && mtBitLength(version) != 0)
+        return RsaStructure::malformed;
+    return structure != RsaStructure::good || take_private(key) ? structure : RsaStructure::unusable;
 }
 
 bool rsa_read_private_key_info(const asn_Node* list, RsaKey& key) {

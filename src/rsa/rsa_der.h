@@ -19,6 +19,13 @@ bool rsa_read_subject_public_key_info(const asn_Node* list, RsaKey& key);
 bool rsa_read_private_key(const asn_Node* list, RsaKey& key); // version 0: two primes
 bool rsa_read_private_key_info(const asn_Node* list, RsaKey& key);
 
+// Readers for keys of any kind. They take exactly the elements of RFC 8017, and tell why they refuse:
+// otherPrimes is version 1, unusable is rsa_values_usable. A public key has to be DER; in a private one an
+// INTEGER may lack its sign byte.
+enum class RsaStructure { good, malformed, otherPrimes, unusable };
+[[nodiscard]] RsaStructure rsa_read_public_exactly(const asn_Node* list, RsaKey& key);
+[[nodiscard]] RsaStructure rsa_read_private_exactly(const asn_Node* list, RsaKey& key);
+
 // rsa_values_usable tells whether a key can be computed with:
 // - n is odd, from 3 up, and has at most kMaxRsaBits bits; e is from 1 to n - 1;
 // - in a public key e has at most 64 bits if n has more than 4,096: such keys come from strangers, and one
