@@ -116,8 +116,16 @@ class AnyKeys(ToolTest):
         self.refused(36, "sign -k pss.pem --alg rsa-pss-sha256 in.bin never", says="parameters forbid")
         self.refused(36, "sign -k x25519.pem in.bin never")
         self.refused(33, "sign -d sha512 in.bin never -k", write("short", rsa_key(512)), says="too short to sign with sha512")
+        pkcs1 = openssl("rsa -traditional -outform DER -in rsa.pem")
+        numbers = re.findall(r" (\d+):d=1 .*INTEGER", openssl("asn1parse -inform DER", stdin=pkcs1).decode())
+        for index in (3, 6):  # d, and d of the first prime
+            at = int(numbers[index]) + 20
+            write("damaged", pkcs1[:at] + bytes([pkcs1[at] ^ 1]) + pkcs1[at + 1:])
+            self.refused(23, "sign -k damaged in.bin never", says="does not undo its public part")
+            self.refused(23, "key check damaged")
         for source in ("in.bin", "-"):
-            self.refused(19, "sign -k p-256.pem --alg ecdsa-sha9", source, "never", says="sha9")
+            self.wrong_usage("unknown digest 'sha9'", "sign -k p-256.pem --alg ecdsa-sha9", source, "never")
+            self.refused(19, "sign -k p-256.pem --alg dsa", source, "never", says="ecdsa-sha256, ed25519")
         self.wrong_usage("--digest goes with RSA", "sign -k p-256.pem -d sha384 in.bin never")
         self.wrong_usage("--raw goes with ECDSA", "sign -k ed25519.pem --raw in.bin never")
         self.assertFalse(os.path.exists("never"))

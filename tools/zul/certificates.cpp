@@ -151,7 +151,7 @@ std::string query(const ObjectArgument& certificate, const char* name) {
 
 RsaKey signing_key(const RsaKeyOption& key, const std::string& in) {
     RsaKey privateKey = key.read_private(in);
-    accept_length(RSA_CheckKey(privateKey.text(), 0), "key", "It does not undo its public part.");
+    privateKey.check("key");
     return privateKey;
 }
 

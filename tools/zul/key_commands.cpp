@@ -86,7 +86,7 @@ struct CheckCommand {
     void run() const {
         refuse_shared_input({is_standard_stream(file), password.is_standard_input()});
         const Key key = Key::read(file, password);
-        accept_status(KEY_Check(key.text(), 0), file);
+        key.check(file);
         const bool isRsa = key.query("curve").empty();
         const std::string validity = key.is_private() ? "valid private key"
                                      : isRsa          ? "public key"

@@ -70,6 +70,13 @@ std::string Key::query(const char* what) const {
         key_string("key", [&](char* out, int room) { return KEY_Query(out, room, text(), what, 0); }));
 }
 
+void Key::check(const std::string& file) const {
+    if (is_rsa()) // compares the two exponents too
+        accept_length(RSA_CheckKey(text(), 0), file, "It does not undo its public part.");
+    else
+        accept_status(KEY_Check(text(), 0), file);
+}
+
 int Key::number(const char* query) const {
     return accept_length(KEY_Query(nullptr, 0, text(), query, 0), "key");
 }

@@ -29,6 +29,8 @@ class Key {
     bool is_rsa() const { return type() == "rsa"; }
     std::string kind() const; // the curve, or the type of an RSA key
     std::string query(const char* what) const;
+    // check refuses invalid values, and a private key that does not belong to its public part.
+    void check(const std::string& file) const;
 
   protected:
     std::string form_;

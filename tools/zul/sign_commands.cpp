@@ -5,6 +5,8 @@
 #include "algorithms.h"
 #include "commands.h"
 #include "failures.h"
+#include "file_digest.h"
+#include "hex_text.h"
 #include "keys.h"
 #include "streams.h"
 
@@ -67,7 +69,10 @@ struct MethodOption {
             name = std::string("rsa-") + find_digest(digest.empty() ? "sha256" : digest).name;
         else if (name.empty() && key.type() == "ec")
             name = key.bits() == 256 ? "ecdsa-sha256" : key.bits() == 384 ? "ecdsa-sha384" : "ecdsa-sha512";
-        return {name, isRaw ? ZUL_SIG_RAW : 0, digest_of_algorithm(name)};
+        const std::string hash = digest_of_algorithm(name);
+        if (!hash.empty())
+            find_digest(hash, DigestUse::hash); // UsageError for an unknown one
+        return {name, isRaw ? ZUL_SIG_RAW : 0, hash};
     }
 };
 
@@ -77,27 +82,14 @@ std::string hint_for(int code, const Key& key, const std::string& algorithm) {
         return "Algorithms: rsa-sha256, rsa-pss-sha256, ecdsa-sha256, ed25519, ed25519ph, and with other "
                "digests.";
     case BAD_KEY_ERROR:
-        if (algorithm.starts_with("rsa") && key.type().starts_with("rsa"))
-            return "Its values contradict each other, or its parameters forbid the algorithm.";
+        if (algorithm.starts_with("rsa") && key.type() == "rsa-pss")
+            return "The key's parameters forbid the algorithm.";
         return "The key is of type " + key.kind() + ".";
     case BAD_KEY_LEN_ERROR:
         return "The key is too short to sign with " + digest_of_algorithm(algorithm) + ".";
     default:
         return {};
     }
-}
-
-SecretBytes data_digest(Input& input, const std::string& algorithm, const std::string& name) {
-    SecretBytes context(
-        static_cast<size_t>(accept_length(HASH_Begin(nullptr, 0, algorithm.c_str(), 0), name)));
-    accept_length(HASH_Begin(context.data(), int_length(context), algorithm.c_str(), 0), name);
-    input.each_piece([&](const unsigned char* piece, size_t size) {
-        accept_status(HASH_Add(context.data(), piece, static_cast<int>(size)), name);
-        return true;
-    });
-    SecretBytes digest(static_cast<size_t>(accept_length(HASH_End(nullptr, 0, context.data()), name)));
-    accept_length(HASH_End(digest.data(), int_length(digest), context.data()), name);
-    return digest;
 }
 
 // SignedData is the data of a command, in the form in which the library takes it.
@@ -108,12 +100,12 @@ struct SignedData {
     SignedData(const std::string& name, const Method& method) : form(file) {
         if (is_on_disk(name))
             return;
-        Input input(name);
         form = method.digest.empty() ? whole : digest;
         if (form == digest) {
-            bytes = data_digest(input, method.digest, "--alg " + method.algorithm);
+            bytes = decode_hex(file_digest(name, find_digest(method.digest, DigestUse::hash)), name);
             return;
         }
+        Input input(name);
         bytes.resize(kMaxWhole + 1);
         bytes.resize(input.read(bytes.data(), bytes.size()));
         if (bytes.size() > kMaxWhole)
@@ -132,6 +124,7 @@ struct SignCommand {
     void run() const {
         key.refuse_output(in, out);
         const Key privateKey = key.read_private(in);
+        privateKey.check(key.file());
         const Method method = choice.method(privateKey);
         const char* algorithm = method.algorithm.c_str();
         const auto sign = [&](const SignedData& data, unsigned char* room, int size) {
