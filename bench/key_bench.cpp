@@ -112,9 +112,10 @@ BENCH_ROWS {
     static const struct {
         const char *kind, *algorithm;
         bool signs, agrees;
-    } rows[] = {{"p-256", "ecdsa-sha256", true, true}, {"p-384", "ecdsa-sha256", true, true},
-                {"p-521", "ecdsa-sha256", true, true}, {"ed25519", "ed25519", true, false},
-                {"x25519", "x25519", false, true},     {"rsa-2048", "rsa-pss-sha256", true, false}};
+    } rows[] = {{"p-256", "ecdsa-sha256", true, true},       {"p-384", "ecdsa-sha256", true, true},
+                {"p-521", "ecdsa-sha256", true, true},       {"ed25519", "ed25519", true, false},
+                {"x25519", "x25519", false, true},           {"rsa-2048", "rsa-pss-sha256", true, false},
+                {"rsa-3072", "rsa-pss-sha256", true, false}, {"rsa-4096", "rsa-pss-sha256", true, false}};
     for (const auto& row : rows) {
         const auto pair = [&row]() -> Pair& { return pair_of(row.kind, row.algorithm); };
         const std::string name = row.kind;

@@ -1,68 +1,53 @@
 #include "rsa/rsa_blinding.h"
 
-#include <algorithm>
-#include <cstring>
-
 #include "frame/err.h"
 #include "frame/memory.h"
 #include "rng/rng.h"
 #include "rsa/rsa_operation.h"
+#include "rsa/short_inverse.h"
 #include "zulcore.h"
 
 namespace zul {
 namespace {
 
-// random_below gives a number from 1 to below n.
-void random_below(MT number, const RsaKey& key) {
-    SecretBuffer bytes(key.bytes());
-    do {
-        for (size_t done = 0; done < bytes.size(); done += kMaxRandomRequest)
-            rng_draw(bytes.data() + done, std::min(bytes.size() - done, kMaxRandomRequest));
-        mtConvFromOctets(number, bytes.data(), bytes.size());
-        mtModulo(number, number, key.n);
-    } while (mtIsZero(number) != 0);
-}
-
-// A random r and its inverse. The inversion takes a time that depends on its operand, so it inverts r times a
-// second random number.
-bool make_pair(MT r, MT inverse, const RsaKey& key) {
-    for (int attempt = 0; attempt < 8; attempt++) {
-        BigInt mask, product, productInverse;
-        random_below(r, key);
-        random_below(mask, key);
-        mtModMult(product, r, mask, key.n);
-        if (mtIsZero(product) == 0 && mtModInv(productInverse, product, key.n) == 0) {
-            mtModMult(inverse, productInverse, mask, key.n);
-            return true;
-        }
-    }
-    return false;
-}
-
+// run blinds with a random odd number of 256 bits, which nobody guesses. Its inverse takes little time.
 bool run(const RsaKey& key, uint8_t* out, const uint8_t* in) {
-    const size_t size = key.bytes();
-    BigInt r, inverse, input, factor, product, output;
-    mtConvFromOctets(input, in, size);
-    if (mtCompare(input, key.n) >= 0 || !make_pair(r, inverse, key))
+    BigInt input, factor, inverse, blinded, power, output;
+    mtConvFromOctets(input, in, key.bytes());
+    if (mtCompare(input, key.n) >= 0)
         return false;
-    SecretBuffer block(size);
-    mtModExp(factor, r, key.e, key.n);
-    mtModMult(product, input, factor, key.n);
-    mtConvToOctets(product, block.data(), size);
-    size_t length = 0;
-    if (rsaPrivate(&key, block.data(), &length, block.data(), size) != 0)
+    Secret<sizeof(ShortFactor)> bytes;
+    rng_draw(bytes.data(), bytes.size());
+    bytes[0] |= 0x80;
+    bytes[bytes.size() - 1] |= 1;
+    Wiped<ShortFactor> r;
+    limbs_read(*r, bytes.data(), bytes.size());
+    short_inverse(inverse, *r, key.n);
+
+    mtConvFromOctets(factor, bytes.data(), bytes.size());
+    mtModulo(factor, factor, key.n);
+    mtModExp(factor, factor, key.e, key.n);
+    mtModMult(blinded, input, factor, key.n);
+    if (!rsa_private_unchecked(power, blinded, key))
         return false;
-    mtConvFromOctets(product, block.data(), size);
-    mtModMult(output, product, inverse, key.n);
-    mtConvToOctets(output, out, size);
-    return rsaPublic(&key, block.data(), &length, out, size) == 0 && memcmp(block.data(), in, size) == 0;
+    mtModMult(output, power, inverse, key.n);
+    mtConvToOctets(output, out, key.bytes());
+    mtModExp(power, output, key.e, key.n);
+    return mtIsEqual(power, input) != 0;
 }
+
+// A number that shares a factor with a small n has no inverse.
+constexpr int kAttempts = 8;
 
 } // namespace
 
 int rsa_private_blinded(const RsaKey& key, uint8_t* out, const uint8_t* in) {
-    if ((key.flags & kRsaPublic) != 0 && (key.flags & kRsaPrivate) != 0 && run(key, out, in))
-        return 0;
+    if ((key.flags & kRsaPublic) != 0 && (key.flags & kRsaPrivate) != 0) {
+        for (int attempt = 0; attempt < kAttempts; attempt++) {
+            if (run(key, out, in))
+                return 0;
+        }
+    }
     wipe_bytes(out, key.bytes());
     return err_fail(BAD_KEY_ERROR, "The RSA key's values contradict each other");
 }

@@ -85,6 +85,13 @@ int rsaPublic(const RsaKey* key, uint8_t* output, size_t* outlen, const uint8_t*
     return 0;
 }
 
+bool rsa_private_unchecked(MT m, MT c, const RsaKey& key) {
+    if ((key.flags & kRsaCrt) != 0)
+        return private_crt(m, c, key);
+    mtModExp(m, c, key.d, key.n);
+    return true;
+}
+
 int rsaPrivate(const RsaKey* key, uint8_t* output, size_t* outlen, const uint8_t* input, size_t inlen) {
     if (key == nullptr)
         return NULL_ERROR;
@@ -93,11 +100,9 @@ int rsaPrivate(const RsaKey* key, uint8_t* output, size_t* outlen, const uint8_t
     BigInt c, m;
     if (!read_below(c, input, inlen, *key))
         return OUT_OF_RANGE_ERROR;
-    if ((key->flags & kRsaCrt) == 0)
-        mtModExp(m, c, key->d, key->n);
-    else if (!private_crt(m, c, *key))
+    if (!rsa_private_unchecked(m, c, *key))
         return BAD_PARAM_ERROR;
-    else if (!crt_holds(m, c, *key))
+    if ((key->flags & kRsaCrt) != 0 && !crt_holds(m, c, *key))
         return TEST_FAILED_ERROR;
     write_number(m, output, outlen, *key);
     return 0;

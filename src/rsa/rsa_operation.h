@@ -16,4 +16,8 @@ namespace zul {
 [[nodiscard]] int rsaPrivate(const RsaKey* key, uint8_t* output, size_t* outlen, const uint8_t* input,
                              size_t inlen);
 
+// rsa_private_unchecked sets m = c^d mod n, for c below n and a private key. A caller that gives m out
+// verifies it before. False if the key cannot be computed with.
+[[nodiscard]] bool rsa_private_unchecked(MT m, MT c, const RsaKey& key);
+
 } // namespace zul

@@ -1,4 +1,8 @@
+#include <random>
+
+#include "rsa/rsa_blinding.h"
 #include "rsa/rsa_operation.h"
+#include "rsa/short_inverse.h"
 #include "support/unit_test.h"
 #include "zulcore.h"
 
@@ -44,6 +48,10 @@ void expect_ordinary(RsaKey& key, const test::Vector& v) {
         const Bytes m = v.hex(std::string("m") + number), c = v.hex(std::string("c") + number);
         EXPECT_EQ(result(rsaPublic, key, m), c);
         EXPECT_EQ(result(rsaPrivate, key, c), m);
+        Bytes padded(key.bytes() - c.size()), blinded(key.bytes());
+        padded.insert(padded.end(), c.begin(), c.end());
+        EXPECT_EQ(rsa_private_blinded(key, blinded.data(), padded.data()), 0);
+        EXPECT_EQ(blinded, m);
         key.flags &= ~uint32_t{kRsaCrt};
         EXPECT_EQ(result(rsaPrivate, key, c), m);
         key.flags |= kRsaCrt;
@@ -78,6 +86,13 @@ void expect_survival(const test::Vector& v) {
             RsaKey key;
             load(key, v);
             mtConvFromOctets(key.*part.value, bad.data(), bad.size());
+            if (mtIsEqual(key.n, right.n) != 0) {
+                Bytes padded(key.bytes() - input.size()), blinded(key.bytes());
+                padded.insert(padded.end(), input.begin(), input.end());
+                const bool isMade = rsa_private_blinded(key, blinded.data(), padded.data()) == 0;
+                EXPECT_EQ(isMade ? result(rsaPublic, key, blinded) : blinded,
+                          isMade ? padded : Bytes(key.bytes()));
+            }
             for (const uint32_t flags : {kRsaPublic | kRsaPrivate | kRsaCrt, kRsaPublic | kRsaPrivate}) {
                 key.flags = flags;
                 for (const Operation operation : {rsaPublic, rsaPrivate}) {
@@ -118,6 +133,34 @@ void expect_long_exponents(const test::Vector& v) {
 }
 
 } // namespace
+
+TEST(RsaOperation, InvertsShortFactors) {
+    std::mt19937_64 random(1);
+    for (const size_t digits : {1u, 2u, 3u, 8u, 9u, 31u, 32u, 64u, 97u, 512u}) {
+        for (int round = 0; round < 40; round++) {
+            BigInt n, factor, product, inverse;
+            Bytes bytes(4 * digits), rBytes(sizeof(ShortFactor));
+            for (uint8_t& byte : bytes)
+                byte = static_cast<uint8_t>(round % 4 == 0 ? 0xFF : random());
+            for (uint8_t& byte : rBytes)
+                byte = static_cast<uint8_t>(round % 5 == 0 ? 0xFF : round % 5 == 1 ? 0 : random());
+            rBytes[0] |= 0x80;
+            rBytes.back() |= 1;
+            ShortFactor r;
+            limbs_read(r, rBytes.data(), rBytes.size());
+            mtConvFromOctets(n, bytes.data(), bytes.size());
+            mtConvFromOctets(factor, rBytes.data(), rBytes.size());
+            mtGcd(product, factor, n);
+            if (mtShortCmp(product, 1) != 0)
+                continue;
+            short_inverse(inverse, r, n);
+            EXPECT_LT(mtCompare(inverse, n), 0);
+            mtModulo(factor, factor, n);
+            mtModMult(product, factor, inverse, n);
+            EXPECT_EQ(mtShortCmp(product, 1), 0) << test::to_hex(bytes) << " " << test::to_hex(rBytes);
+        }
+    }
+}
 
 TEST(RsaOperation, HoldsForOrdinaryForeignAndContradictoryKeys) {
     for (const auto& v : test::read_vectors("rsa_ops/raw.txt")) {
