@@ -202,6 +202,11 @@ enum zul_error_code {
 #define ZUL_SIG_RAW 0x1
 #define ZUL_SIG_DETERMINISTIC 0x2
 
+/* SEAL_ */
+#define ZUL_SEAL_ARMOUR 0x1
+#define ZUL_SEAL_STDIN 0x2
+#define ZUL_SEAL_STDOUT 0x4
+
 /* --- ZUL_: errors and the module ----------------------------------------------------------------------
  * These functions leave the thread's error state as it is. */
 
@@ -1408,6 +1413,61 @@ ZUL_API int SIG_SignDigest(unsigned char* lpOutput, int nOutBytes, const unsigne
  * Status and codes as SIG_Verify; BAD_LENGTH_ERROR. */
 ZUL_API int SIG_VerifyDigest(const unsigned char* lpSignature, int nSigLen, const unsigned char* lpDigest,
                              int nDigestLen, const char* szPublicKey, const char* szAlgorithm, int nOptions);
+
+/* --- SEAL_: encrypted files (age-encryption.org/v1) ------------------------------------------------------
+ * Files of any size for recipients or under a password, in the format of age. They are not signed: whoever knows
+ * the recipients can make one. Every change, cut or addition is noticed.
+ *
+ * A recipient is a public key, "age1..." (62 characters); an identity is a private one, "AGE-SECRET-KEY-1..." (74).
+ * Lower and upper case are both read, but not mixed. szRecipients and szIdentities are lists joined by ";". An entry
+ * that begins with "age1" or "AGE-SECRET-KEY-1" is the key itself, any other entry names a file with a key in each
+ * line; empty lines and lines that begin with "#" are skipped, and lines may end with CR LF. At most 20,000 keys.
+ * Identities and passwords never show in error texts.
+ *
+ * A password is a string of bytes. Null and empty texts are missing ones.
+ *
+ * SEAL_File and SEAL_OpenFile take a few megabytes of memory, whatever the size of the file (with a password 256 MiB
+ * to seal and at most 4 GiB to open, for scrypt). The output gets the rights of an ordinary new file. An existing
+ * one keeps its rights and is replaced in one step when all is well, but for a link or a file of several names,
+ * which are written in place; the call does not wait for the disk. A failure leaves the old file, or none. nOptions:
+ *  - ZUL_SEAL_STDIN: read standard input, whatever szFileIn is;
+ *  - ZUL_SEAL_STDOUT: write to standard output, whatever szFileOut is; what a failing call has written stays.
+ * They are read and written as bytes and not closed. */
+
+/* SEAL_MakeIdentity makes an identity. nOptions: 0.
+ * Length, 74. Query. -SHORT_BUF_ERROR; -BAD_FLAG_ERROR; -PRNG_ERR_CATASTROPHIC. */
+ZUL_API int SEAL_MakeIdentity(char* szOutput, int nOutChars, int nOptions);
+
+/* SEAL_Recipient gives the recipient of an identity. szIdentity: a list as szIdentities, whose first key counts.
+ * Length, 62. Query, which reads the identity too. -BAD_PARAM_ERROR: no identity; -SHORT_BUF_ERROR; and, negated,
+ * the codes of a list that SEAL_File names. */
+ZUL_API int SEAL_Recipient(char* szOutput, int nOutChars, const char* szIdentity);
+
+/* SEAL_File encrypts a file, either for recipients or under a password (scrypt with a work factor of 2^18).
+ * nOptions:
+ *  - ZUL_SEAL_ARMOUR: text in lines of 64 base64 characters, between BEGIN and END lines;
+ *  - ZUL_SEAL_STDIN, ZUL_SEAL_STDOUT.
+ * Status, positive:
+ *  - BAD_PARAM_ERROR: a missing name; recipients and password both given or both missing; the output is the input
+ *    file;
+ *  - BAD_KEY_ERROR: a text or line that is no recipient, or a recipient of small order;
+ *  - NO_DATA_ERROR: a list or a file in it without a key; OUT_OF_RANGE_ERROR: more than 20,000 keys;
+ *  - OPEN_ERROR, READ_ERROR: of the input or a file in the list; CREATE_ERROR, WRITE_ERROR;
+ *  - MEMORY_ERROR: no memory for scrypt; BAD_FLAG_ERROR; PRNG_ERR_CATASTROPHIC. */
+ZUL_API int SEAL_File(const char* szFileOut, const char* szFileIn, const char* szRecipients,
+                      const char* szPassword, int nOptions);
+
+/* SEAL_OpenFile decrypts a file, in armour or not. Identities, a password or both are given; what the file needs is
+ * used. Nothing is written of a part of 64 KiB that has not been checked. Headers have at most 2 MiB. nOptions:
+ * ZUL_SEAL_STDIN, ZUL_SEAL_STDOUT.
+ * Status, positive. The codes of SEAL_File, and
+ *  - BAD_FORMAT_ERROR: not such a file: a malformed header or armour, another version, or no payload;
+ *  - NO_MATCH_ERROR: none of the identities fits; or the file needs a password and there is none, an identity and
+ *    there is none, or another kind of recipient;
+ *  - DECRYPT_ERROR: a wrong password; a changed header; a damaged or cut content;
+ *  - OUT_OF_RANGE_ERROR: also a work factor of scrypt above 2^22. */
+ZUL_API int SEAL_OpenFile(const char* szFileOut, const char* szFileIn, const char* szIdentities,
+                          const char* szPassword, int nOptions);
 
 #ifdef __cplusplus
 }

@@ -145,6 +145,38 @@ size_t b64_decoded_length(const char* text) {
     return b64_decoded_length(text, strlen(text));
 }
 
+bool b64_decode_canonical(uint8_t* out, size_t* written, std::string_view text, bool padded) {
+    *written = 0;
+    if (padded) {
+        if (text.size() % 4 != 0)
+            return false;
+        for (int i = 0; i < 2 && !text.empty() && text.back() == '='; i++)
+            text.remove_suffix(1);
+    }
+    const size_t rest = text.size() % 4;
+    unsigned all = 0;
+    for (size_t i = 0; i + rest < text.size(); i += 4) {
+        const unsigned a = char_value(text[i]), b = char_value(text[i + 1]);
+        const unsigned c = char_value(text[i + 2]), d = char_value(text[i + 3]);
+        all |= a | b | c | d;
+        decode_group(out + *written, a << 18 | b << 12 | c << 6 | d);
+        *written += 3;
+    }
+    if (rest != 0) {
+        unsigned bits = 0;
+        for (size_t i = text.size() - rest; i < text.size(); i++) {
+            all |= char_value(text[i]);
+            bits = bits << 6 | char_value(text[i]);
+        }
+        const unsigned unused = rest == 2 ? 0xF : 0x3;
+        if (rest == 1 || (bits & unused) != 0)
+            return false;
+        decode_group(out + *written, bits << 6 * (4 - rest));
+        *written += rest - 1;
+    }
+    return all < kPad;
+}
+
 bool b64_is_char(char c) {
     return char_value(c) <= kPad;
 }

@@ -1,6 +1,7 @@
 #pragma once
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 #include "frame/memory.h"
 
@@ -27,6 +28,10 @@ size_t b64_decode(uint8_t* out, size_t outMax, const char* text, size_t textLen)
 // b64_decoded_length counts the bytes that b64_decode would write with room for all of them.
 size_t b64_decoded_length(const char* text);
 size_t b64_decoded_length(const char* text, size_t textLen);
+
+// b64_decode_canonical reads the one text that encodes some bytes, with its padding or, as files without it
+// have it, with none: false for any other text (RFC 4648, 3.5). out has room for a whole last group.
+[[nodiscard]] bool b64_decode_canonical(uint8_t* out, size_t* written, std::string_view text, bool padded);
 
 // b64_is_char tells whether c belongs to the alphabet or is the padding "=".
 bool b64_is_char(char c);

@@ -16,6 +16,11 @@ FileWriter::FileWriter(const char* path, const WriteRules& rules) : path_(path),
         buffer_ = SecretBuffer(kStreamBuffer);
 }
 
+FileWriter::FileWriter(File file) : path_(nullptr), file_(std::move(file)) {
+    if (file_.is_open())
+        buffer_ = SecretBuffer(kStreamBuffer);
+}
+
 void FileWriter::open_to_replace() {
     newPath_ = SecretBuffer(strlen(path_) + platform::kBesideSuffix);
     bool inPlace = false;
@@ -42,6 +47,8 @@ void FileWriter::discard() {
         platform::file_remove(newPath_.text());
         return;
     }
+    if (path_ == nullptr)
+        return;
     const bool removable = platform::file_is_regular(path_) && platform::file_is(file_.handle(), path_);
     if (removable)
         platform::file_empty(file_.handle()); // another name of the file, a link, must not keep a part
@@ -86,14 +93,15 @@ bool FileWriter::finish() {
 bool FileWriter::close() {
     closeFailed_ = !file_.close();
     // The handle is gone, so remove by name.
-    if (closeFailed_ && !rules_.keepsPart && platform::file_is_regular(path_))
+    if (closeFailed_ && !rules_.keepsPart && path_ != nullptr && platform::file_is_regular(path_))
         platform::file_remove(path_);
     return !closeFailed_;
 }
 
-// The new file is committed first, so a full disk is noticed before the old file is touched.
+// The new file is committed first, so a full disk is noticed before the old file is touched, and a crash of
+// the system leaves one of the two. Files of any size do without: the wait would be longer than the work.
 bool FileWriter::replace() {
-    const bool committed = platform::file_commit(file_.handle());
+    const bool committed = !rules_.commits || platform::file_commit(file_.handle());
     const bool whole = file_.close() && committed;
     if (whole && platform::file_replace(newPath_.text(), path_))
         return true;

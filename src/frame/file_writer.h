@@ -7,6 +7,7 @@ namespace zul {
 struct WriteRules {
     bool secret = false;    // only the file's owner may read it, also if it existed before
     bool replaces = false;  // an existing regular file is replaced in one step, as the writer finishes
+    bool commits = true;    // a replacement is on the disk before the old file goes
     bool keepsPart = false; // a failure leaves what was written, and does not remove the file
     const char* input =
         nullptr; // an argument, which may be a text: the file that it names is not overwritten
@@ -18,6 +19,8 @@ struct WriteRules {
 class FileWriter {
   public:
     explicit FileWriter(const char* path, const WriteRules& rules = {});
+    // The second form writes to a file that is open, which no failure removes.
+    explicit FileWriter(File file);
     FileWriter(const FileWriter&) = delete;
     FileWriter& operator=(const FileWriter&) = delete;
     ~FileWriter();
@@ -37,7 +40,7 @@ class FileWriter {
     bool copy_in_place(bool& emptied) const;
     void discard();
 
-    const char* path_; // the caller's, which outlives the writer
+    const char* path_; // the caller's, which outlives the writer; null if it gave an open file
     WriteRules rules_;
     File file_;
     SecretBuffer newPath_; // of the file that will replace the one at path_; empty: written in place

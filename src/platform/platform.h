@@ -77,6 +77,10 @@ enum class OpenMode {
 bool file_folds_line_ends();
 
 FileHandle file_open(const char* path, OpenMode mode);
+// file_standard gives the process's standard input or output, for bytes as they are, as a handle of its own:
+// closing it leaves the process's open. kNoFile if it has none.
+enum class Standard { input, output };
+FileHandle file_standard(Standard which);
 bool file_close(FileHandle file); // false if the system reports that something written was lost
 
 // file_read fills the buffer as far as the file goes and gives the bytes read: less than size at the end of
@@ -96,8 +100,10 @@ const char* line_end(); // of text files: CR LF or LF
 // file_seek goes to an offset from the beginning; false if the file cannot (a pipe).
 bool file_seek(FileHandle file, int64_t offset);
 
-// file_is tells whether path names the same file as the open one, whatever the spelling of its name.
+// file_is tells whether path names the same file as the open one, whatever the spelling of its name, or
+// whether two handles are of the same file.
 bool file_is(FileHandle file, const char* path);
+bool file_is(FileHandle file, FileHandle other);
 // file_is_regular tells whether path names an ordinary file (not a device or a pipe).
 bool file_is_regular(const char* path);
 

@@ -46,6 +46,10 @@ FileHandle file_open(const char* path, OpenMode mode) {
     return fd;
 }
 
+FileHandle file_standard(Standard which) {
+    return fcntl(which == Standard::input ? STDIN_FILENO : STDOUT_FILENO, F_DUPFD_CLOEXEC, 0);
+}
+
 bool file_close(FileHandle file) {
     return close(descriptor(file)) == 0;
 }
@@ -145,6 +149,13 @@ bool file_is(FileHandle file, const char* path) {
     struct stat other {};
     return fstat(descriptor(file), &mine) == 0 && stat(path, &other) == 0 && mine.st_dev == other.st_dev &&
            mine.st_ino == other.st_ino;
+}
+
+bool file_is(FileHandle file, FileHandle other) {
+    struct stat mine {};
+    struct stat its {};
+    return fstat(descriptor(file), &mine) == 0 && fstat(descriptor(other), &its) == 0 &&
+           mine.st_dev == its.st_dev && mine.st_ino == its.st_ino;
 }
 
 bool file_is_regular(const char* path) {

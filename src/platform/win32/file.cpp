@@ -46,6 +46,21 @@ FileHandle file_open(const char* path, OpenMode mode) {
     return fd < 0 ? kNoFile : fd;
 }
 
+// A duplicate, because the mode of the runtime's own descriptor belongs to the program.
+FileHandle file_standard(Standard which) {
+    const HANDLE shared = GetStdHandle(which == Standard::input ? STD_INPUT_HANDLE : STD_OUTPUT_HANDLE);
+    const HANDLE process = GetCurrentProcess();
+    HANDLE own = nullptr;
+    if (shared == nullptr || shared == INVALID_HANDLE_VALUE ||
+        !DuplicateHandle(process, shared, process, &own, 0, FALSE, DUPLICATE_SAME_ACCESS))
+        return kNoFile;
+    const int fd = _open_osfhandle(reinterpret_cast<intptr_t>(own), _O_BINARY | _O_NOINHERIT);
+    if (fd >= 0)
+        return fd;
+    CloseHandle(own);
+    return kNoFile;
+}
+
 bool file_close(FileHandle file) {
     return _close(descriptor(file)) == 0;
 }
@@ -120,19 +135,26 @@ bool file_remove(const char* path) {
     return _unlink(path) == 0;
 }
 
-bool file_is(FileHandle file, const char* path) {
+static bool is_same(HANDLE file, HANDLE other) {
     BY_HANDLE_FILE_INFORMATION mine{};
-    BY_HANDLE_FILE_INFORMATION other{};
-    if (!GetFileInformationByHandle(system_handle(file), &mine))
-        return false;
+    BY_HANDLE_FILE_INFORMATION its{};
+    return GetFileInformationByHandle(file, &mine) && GetFileInformationByHandle(other, &its) &&
+           mine.dwVolumeSerialNumber == its.dwVolumeSerialNumber &&
+           mine.nFileIndexHigh == its.nFileIndexHigh && mine.nFileIndexLow == its.nFileIndexLow;
+}
+
+bool file_is(FileHandle file, const char* path) {
     const HANDLE handle = CreateFileA(path, 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
                                       nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
     if (handle == INVALID_HANDLE_VALUE)
         return false;
-    const bool known = GetFileInformationByHandle(handle, &other) != 0;
+    const bool isSame = is_same(system_handle(file), handle);
     CloseHandle(handle);
-    return known && mine.dwVolumeSerialNumber == other.dwVolumeSerialNumber &&
-           mine.nFileIndexHigh == other.nFileIndexHigh && mine.nFileIndexLow == other.nFileIndexLow;
+    return isSame;
+}
+
+bool file_is(FileHandle file, FileHandle other) {
+    return is_same(system_handle(file), system_handle(other));
 }
 
 bool file_is_regular(const char* path) {
