@@ -42,6 +42,12 @@ TEST(ReadError, IsNoInvalidCertificate) {
     ASSERT_EQ(X509_MakeCRL(list.c_str(), issuer.c_str(), test::data_path("rsa/enc_aes256.pem").c_str(),
                            "password", revoked.c_str(), "", 0),
               0);
+    char identity[75], recipient[63];
+    ASSERT_EQ(SEAL_MakeIdentity(identity, 74, 0), 74);
+    ASSERT_EQ(SEAL_Recipient(recipient, 62, identity), 62);
+    const std::string sealed = dir.file("sealed"),
+                      keys = dir.write("keys", std::string(5000, '#') + '\n' + recipient);
+    ASSERT_EQ(SEAL_File(sealed.c_str(), list.c_str(), recipient, nullptr, ZUL_SEAL_ARMOUR), 0);
     ASSERT_EQ(PEM_FileToBinFile(bundle.c_str(), test::data_path("x509_path/chain25.p7b").c_str()), 0);
     const struct {
         const std::string& file;
@@ -60,6 +66,11 @@ TEST(ReadError, IsNoInvalidCertificate) {
         {certificate, -READ_ERROR, [](const char* f) { return X509_ValidatePath(f, nullptr, 1); }},
         {bundle, -READ_ERROR, [](const char* f) { return X509_ValidatePath(f, nullptr, 1); }},
         {bundle, -READ_ERROR, [&](const char* f) { return X509_GetCertFromP7Chain(out.c_str(), f, 25, 0); }},
+        {list, READ_ERROR, [&](const char* f) { return SEAL_File(out.c_str(), f, recipient, nullptr, 0); }},
+        {keys, READ_ERROR,
+         [&](const char* f) { return SEAL_File(out.c_str(), list.c_str(), f, nullptr, 0); }},
+        {sealed, READ_ERROR,
+         [&](const char* f) { return SEAL_OpenFile(out.c_str(), f, identity, nullptr, 0); }},
     };
     for (const auto& c : cases) {
         struct stat info {};

@@ -1,0 +1,117 @@
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include "seal/age_armour.h"
+#include "seal/header_open.h"
+#include "seal/stanza_scrypt.h"
+#include "seal/stream_payload.h"
+#include "zulcore.h"
+
+// What is read as a header is written the same. Its file key, from the identity of the seeds or just assumed,
+// never opens a payload that it would not seal, and armour gives the bytes that make the same armour.
+
+using namespace zul;
+
+static void require(bool claim) {
+    if (!claim)
+        std::abort();
+}
+
+// Of the seeds; no file is sealed for it elsewhere.
+static const char kIdentity[] = "AGE-SECRET-KEY-1WURK6ZNNRZJH60QKC9E9RVNXGH05CTUJA0QFJ2KPWLA628DE9S4QRH9ZLR";
+
+static const std::string& folder() {
+    static const std::string path = [] {
+        std::string name = (std::filesystem::temp_directory_path() / "seal_fuzz_XXXXXX").string();
+        require(mkdtemp(name.data()) != nullptr);
+        std::atexit([] { std::filesystem::remove_all(folder()); });
+        return name;
+    }();
+    return path;
+}
+
+static std::string content_of(const std::string& path) {
+    std::ifstream stream(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+static FileInput input_of(const std::string& path) {
+    return FileInput(File(path.c_str(), platform::OpenMode::read), path.c_str());
+}
+
+static std::string rest_of(SealInput& input) {
+    std::string all;
+    uint8_t part[1000];
+    while (const size_t got = input.read(part, sizeof part))
+        all.append(reinterpret_cast<const char*>(part), got);
+    return all;
+}
+
+// The bytes in armour, read at once or in pieces.
+static void check_armour(const std::string& in, const std::string& out) {
+    FileInput whole = input_of(in), pieces = input_of(in);
+    ArmourReader reader(whole), slow(pieces);
+    const std::string bytes = rest_of(reader);
+    std::string slowly;
+    for (uint8_t c; slow.read(&c, 1) == 1;)
+        slowly += static_cast<char>(c);
+    require(bytes == slowly && reader.error() == slow.error());
+    require(reader.error() == 0 || reader.error() == BAD_FORMAT_ERROR);
+    if (reader.error() != 0)
+        return;
+    {
+        FileWriter file(out.c_str());
+        SealOutput armour(file, true);
+        require(armour.write(reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size()) &&
+                armour.finish());
+    }
+    std::string text = content_of(in);
+    std::erase(text, '\r');
+    const size_t first = text.find('-');
+    text = text.substr(first, text.rfind('-') + 1 - first) + '\n';
+    require(text == content_of(out));
+}
+
+static void check_sealed(const std::string& in, const std::string& out) {
+    FileInput file = input_of(in);
+    ArmourReader armour(file);
+    SealInput& input = armour_begins(file) ? static_cast<SealInput&>(armour) : file;
+    AgeHeader header;
+    const int read = header.read(input);
+    require(read == 0 || read == BAD_FORMAT_ERROR);
+    if (read != 0)
+        return;
+    AgeStanza stanza;
+    size_t count = 0;
+    bool isExpensive = false;
+    for (size_t at = 0; header.next(stanza, at); count++) {
+        ScryptStanza scrypt;
+        isExpensive = isExpensive ||
+                      (stanza.type == ScryptStanza::kType && scrypt.read(stanza) == 0 && scrypt.logN > 4);
+    }
+    require(count == header.count());
+    AgeKeys keys;
+    require(keys.read(kIdentity, AgeKeyKind::identity) == 0);
+    FileKey fileKey;
+    if (!isExpensive)
+        (void)header_open(fileKey, header, keys, "secret");
+    FileWriter plain(out.c_str());
+    const int opened = open_payload(plain, input, fileKey);
+    require(opened == 0 || opened == DECRYPT_ERROR || opened == BAD_FORMAT_ERROR);
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    const std::string in = folder() + "/in", out = folder() + "/out";
+    std::ofstream(in, std::ios::binary)
+        .write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
+    check_armour(in, out);
+    check_sealed(in, out);
+    // A list of keys in a file.
+    AgeKeys keys;
+    const int code = keys.read(in.c_str(), AgeKeyKind::recipient);
+    require((code == 0) == (keys.count() > 0) || code == BAD_KEY_ERROR);
+    return 0;
+}

@@ -1,0 +1,130 @@
+#include <filesystem>
+#ifndef _WIN32
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
+#include "support/module_calls.h"
+
+namespace {
+
+std::string identity_of_test() {
+    return test::text_of([](char* out, int room) { return SEAL_MakeIdentity(out, room, 0); });
+}
+std::string recipient_of(const std::string& identity) {
+    return test::text_of([&](char* out, int room) { return SEAL_Recipient(out, room, identity.c_str()); });
+}
+
+} // namespace
+
+TEST(Seal, RoundTrips) {
+    const test::TempDir dir;
+    const std::string identity = identity_of_test(), other = identity_of_test(), in = dir.file("in"),
+                      sealed = dir.file("sealed"), out = dir.file("out"),
+                      keys = dir.write("keys", "# a comment\r\n\r\n" + other + "\r\n  " + identity),
+                      recipients = dir.write("recipients", "#\n" + recipient_of(identity));
+    for (const size_t size : {0u, 1u, 47u, 48u, 65535u, 65536u, 65537u, 3u * 65536, 4u * 65536 + 1}) {
+        const test::Bytes content(size, static_cast<uint8_t>(size));
+        dir.write("in", content);
+        for (const int options : {0, ZUL_SEAL_ARMOUR}) {
+            const std::string list = recipient_of(identity_of_test()) + " ; " + recipients + ";";
+            ASSERT_EQ(SEAL_File(sealed.c_str(), in.c_str(), list.c_str(), nullptr, options), 0);
+            for (const std::string& key : {identity, other + ';' + identity, keys}) {
+                ASSERT_EQ(SEAL_OpenFile(out.c_str(), sealed.c_str(), key.c_str(), "unused", 0), 0)
+                    << test::last_error();
+                ASSERT_TRUE(test::read_file(out) == content) << size;
+            }
+        }
+    }
+    ASSERT_EQ(SEAL_File(sealed.c_str(), in.c_str(), nullptr, "secret", 0), 0);
+    ASSERT_EQ(SEAL_OpenFile(out.c_str(), sealed.c_str(), identity.c_str(), "secret", 0), 0);
+    ASSERT_TRUE(test::read_file(out) == test::read_file(in));
+#ifndef _WIN32
+    // Standard input and output, which stay open.
+    const int oldIn = dup(0), oldOut = dup(1), fileIn = open(in.c_str(), O_RDONLY),
+              fileSealed = open(sealed.c_str(), O_RDWR | O_TRUNC),
+              fileOut = open(out.c_str(), O_RDWR | O_TRUNC);
+    dup2(fileIn, 0);
+    dup2(fileSealed, 1);
+    const int both = ZUL_SEAL_STDIN | ZUL_SEAL_STDOUT;
+    const int done = SEAL_File(nullptr, nullptr, recipient_of(identity).c_str(), nullptr, both);
+    lseek(fileSealed, 0, SEEK_SET);
+    dup2(fileSealed, 0);
+    const int same = SEAL_OpenFile(nullptr, nullptr, identity.c_str(), nullptr, both);
+    dup2(fileOut, 1);
+    const int opened = SEAL_OpenFile("", "", identity.c_str(), nullptr, both);
+    dup2(oldIn, 0);
+    dup2(oldOut, 1);
+    for (const int file : {oldIn, oldOut, fileIn, fileSealed, fileOut})
+        close(file);
+    EXPECT_EQ(done, 0);
+    EXPECT_EQ(same, BAD_PARAM_ERROR);
+    EXPECT_EQ(opened, 0);
+    EXPECT_TRUE(test::read_file(out) == test::read_file(in));
+#endif
+}
+
+TEST(Seal, KeysOfItsTexts) {
+    // The pair is that of age-keygen -y.
+    std::string identity = "AGE-SECRET-KEY-1WURK6ZNNRZJH60QKC9E9RVNXGH05CTUJA0QFJ2KPWLA628DE9S4QRH9ZLR";
+    const std::string recipient = "age1lz54xk3d9lmqt68pgn257nh4cc338gs9tkajrlwa8lvu9x0tq9wsstg2m3";
+    char text[100];
+    EXPECT_EQ(recipient_of(identity), recipient);
+    for (char& c : identity)
+        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    EXPECT_EQ(recipient_of(identity), recipient);
+    EXPECT_EQ(SEAL_MakeIdentity(nullptr, 0, 0), 74);
+    EXPECT_RESULT(SEAL_MakeIdentity(text, 73, 0), -SHORT_BUF_ERROR);
+    EXPECT_RESULT(SEAL_MakeIdentity(text, 74, 1), -BAD_FLAG_ERROR);
+    EXPECT_NE(identity_of_test(), identity_of_test());
+    EXPECT_EQ(SEAL_Recipient(nullptr, 0, identity_of_test().c_str()), 62);
+    EXPECT_RESULT(SEAL_Recipient(text, 61, identity_of_test().c_str()), -SHORT_BUF_ERROR);
+    EXPECT_RESULT(SEAL_Recipient(text, 62, ""), -BAD_PARAM_ERROR);
+    EXPECT_RESULT(SEAL_Recipient(text, 62, recipient_of(identity_of_test()).c_str()), -BAD_KEY_ERROR);
+}
+
+TEST(Seal, RefusesWhatIsWrong) {
+    const test::TempDir dir;
+    const std::string identity = identity_of_test(), recipient = recipient_of(identity),
+                      in = dir.write("in", std::string("content")), sealed = dir.file("sealed"),
+                      out = dir.file("out"), other = identity_of_test(),
+                      comments = dir.write("comments", std::string("# nothing\n")),
+                      badLine = dir.write("bad", "# key:\n" + identity + '\n' + identity + "x\n"),
+                      lowOrder = "age1" + std::string(52, 'q') + "5cu47z";
+    std::string mixed = recipient;
+    mixed[10] = 'Q';
+    const auto seal = [&](const char* to, const char* password, int options = 0) {
+        return SEAL_File(out.c_str(), in.c_str(), to, password, options);
+    };
+    const auto open = [&](const std::string& from, const char* keys, const char* password = nullptr) {
+        return SEAL_OpenFile(out.c_str(), from.c_str(), keys, password, 0);
+    };
+    const char* const to = recipient.c_str();
+    ASSERT_EQ(SEAL_File(sealed.c_str(), in.c_str(), to, nullptr, 0), 0);
+    EXPECT_RESULT(seal(nullptr, nullptr), BAD_PARAM_ERROR);
+    EXPECT_RESULT(seal("", ""), BAD_PARAM_ERROR);
+    EXPECT_RESULT(seal(to, "password"), BAD_PARAM_ERROR);
+    EXPECT_RESULT(seal(to, nullptr, 8), BAD_FLAG_ERROR);
+    EXPECT_RESULT(seal(" ;; ", nullptr), NO_DATA_ERROR);
+    EXPECT_RESULT(seal(comments.c_str(), nullptr), NO_DATA_ERROR);
+    EXPECT_RESULT(seal(mixed.c_str(), nullptr), BAD_KEY_ERROR);
+    EXPECT_FAILURE(seal((recipient + ';' + identity).c_str(), nullptr), BAD_KEY_ERROR,
+                   "Entry 2 of the list is no recipient");
+    EXPECT_FAILURE(seal(lowOrder.c_str(), nullptr), BAD_KEY_ERROR, "Recipient 1 is a key of small order");
+    EXPECT_RESULT(SEAL_File(out.c_str(), nullptr, to, nullptr, 0), BAD_PARAM_ERROR);
+    EXPECT_RESULT(SEAL_File("", in.c_str(), to, nullptr, 0), BAD_PARAM_ERROR);
+    EXPECT_RESULT(SEAL_File(in.c_str(), in.c_str(), to, nullptr, 0), BAD_PARAM_ERROR);
+    EXPECT_RESULT(SEAL_File(out.c_str(), dir.path().c_str(), to, nullptr, 0), OPEN_ERROR);
+    EXPECT_RESULT(SEAL_File((out + "/x").c_str(), in.c_str(), to, nullptr, 0), CREATE_ERROR);
+    EXPECT_RESULT(open(sealed, nullptr), BAD_PARAM_ERROR);
+    EXPECT_RESULT(open(in, identity.c_str()), BAD_FORMAT_ERROR);
+    EXPECT_RESULT(open(sealed, other.c_str()), NO_MATCH_ERROR);
+    EXPECT_RESULT(open(sealed, nullptr, "password"), NO_MATCH_ERROR);
+    EXPECT_FAILURE(open(sealed, badLine.c_str()), BAD_KEY_ERROR,
+                   "Line 3 of file '" + badLine + "' is no identity");
+    // A mistyped identity looks like a name.
+    EXPECT_FAILURE(open(sealed, identity.substr(1).c_str()), OPEN_ERROR,
+                   "Cannot open file '...' of the identity list");
+    EXPECT_FALSE(test::file_exists(out));
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.path()), {}), 4);
+}
