@@ -394,7 +394,7 @@ ZUL_API int KDF_Pbkdf2(unsigned char* lpOutput, int nOutBytes, const void* lpPas
                        const void* lpSalt, int nSaltLen, int nIterations, const char* szHash);
 
 /* KDF_Hkdf is HKDF of RFC 5869, extract and expand. It is for keys that cannot be guessed, not for passwords.
- * nOutBytes: at most 255 digests. -BAD_KEY_LEN_ERROR: an empty key. */
+ * nOutBytes: at most 255 digests. The key may be empty. */
 ZUL_API int KDF_Hkdf(unsigned char* lpOutput, int nOutBytes, const void* lpKey, int nKeyLen,
                      const void* lpSalt, int nSaltLen, const void* lpInfo, int nInfoLen, const char* szHash);
 
@@ -1194,12 +1194,14 @@ ZUL_API int OCSP_ReadResponse(char* szOutput, int nChars, const char* szResponse
 
 /* --- CONTEXTS for data in pieces: HASH_, HMAC_, CIPHER_ ------------------------------------------------
  * For data of any length: call X_Begin once, X_Add for each piece and X_End once. The context is the caller's
- * memory, at any address; X_Begin with a null lpContext or an nContextLen of 0 returns its size in bytes. A
+ * memory, at any address; X_Begin with a null lpContext or an nContextLen of 0 returns its size in bytes, and looks at
+ * name and options alone. A failed X_Begin leaves no older context in that memory, unless it is too small. A
  * context may be moved, and copied to continue from the same point twice. Two threads may not use it at once. It
  * holds secrets until X_End wipes it. A context that was not begun, was ended or was changed gives
  * INVALID_DATA_ERROR.
  * szAlgorithm of a digest, in any case: "sha256", "sha224", "sha384", "sha512", "sha512-256", "sha3-224",
- * "sha3-256", "sha3-384", "sha3-512", "shake128", "shake256", "sha1", "md5", "md2". */
+ * "sha3-256", "sha3-384", "sha3-512", "shake128", "shake256", "sha1", "md5", "md2"; also "sha-1", "sha-256" and so
+ * on, "sha-512/256" and "sha512/256". */
 
 /* HASH_Begin begins a digest. nOptions is 0.
  * Length: the bytes of the context. -NOT_SUPPORTED_ERROR: no such digest; -SHORT_BUF_ERROR; -BAD_FLAG_ERROR. */
@@ -1207,7 +1209,8 @@ ZUL_API int HASH_Begin(void* lpContext, int nContextLen, const char* szAlgorithm
 /* HASH_Add absorbs nDataLen bytes. Status. INVALID_DATA_ERROR; BAD_PARAM_ERROR. */
 ZUL_API int HASH_Add(void* lpContext, const void* lpData, int nDataLen);
 /* HASH_End writes the digest, cut to nOutBytes, and wipes the context; of "shake128" and "shake256" it writes
- * nOutBytes bytes. Length in bytes. Query, which leaves the context as it is. -INVALID_DATA_ERROR. */
+ * nOutBytes bytes. Length in bytes. Query, which leaves the context as it is and gives 32 for "shake128" and 64 for
+ * "shake256". -INVALID_DATA_ERROR. */
 ZUL_API int HASH_End(unsigned char* lpOutput, int nOutBytes, void* lpContext);
 
 /* HMAC_Begin begins a MAC with a key of any length and a digest that has an HMAC (not "md2", "shake128" and
@@ -1220,8 +1223,9 @@ ZUL_API int HMAC_Add(void* lpContext, const void* lpData, int nDataLen);
 ZUL_API int HMAC_End(unsigned char* lpOutput, int nOutBytes, void* lpContext);
 
 /* CIPHER_Begin begins to encrypt (fEncrypt not 0) or decrypt. szAlgorithm, in any case: "aes-128", "aes-192",
- * "aes-256" or "tdea", followed by "-cbc", "-ctr", "-cfb", "-ofb" or "-ecb", as in "aes-256-ctr". The IV is one
- * block (16 bytes, "tdea" 8); ECB has none. Changes of the data are not detected: prefer AEAD_Encrypt. nOptions:
+ * "aes-256" or "tdea" (also "3des", "des-ede3"), followed by "-cbc", "-ctr", "-cfb", "-ofb" or "-ecb", as in
+ * "aes-256-ctr". The IV is one block (16 bytes, "tdea" 8); ECB has none. Changes of the data are not detected:
+ * prefer AEAD_Encrypt. nOptions:
  *  - ZUL_CIPHER_NO_PADDING: CBC and ECB neither add nor expect a pad; the whole data has to be whole blocks.
  * Length: the bytes of the context. -NOT_SUPPORTED_ERROR: no such algorithm; -BAD_KEY_LEN_ERROR;
  * -BAD_IV_ERROR: the length of the IV; -SHORT_BUF_ERROR; -BAD_PARAM_ERROR; -BAD_FLAG_ERROR. */
@@ -1229,9 +1233,9 @@ ZUL_API int CIPHER_Begin(void* lpContext, int nContextLen, int fEncrypt, const u
                          int nKeyLen, const unsigned char* lpIV, int nIVLen, const char* szAlgorithm,
                          int nOptions);
 /* CIPHER_Add takes the next piece and writes what is ready, which may be a block less or more than the piece.
- * lpOutput and lpInput may not overlap. Length in bytes. Query only with a null lpOutput (a room of 0 is no query);
- * it takes no data. -SHORT_BUF_ERROR: the context is unchanged; -INVALID_DATA_ERROR; -BAD_PARAM_ERROR;
- * -BAD_LENGTH_ERROR: the output would be too long for a result. */
+ * lpOutput may be lpInput in CTR, CFB and OFB, and may not overlap it otherwise. Length in bytes. Query only with a
+ * null lpOutput (a room of 0 is no query); it takes no data. -SHORT_BUF_ERROR: the context is unchanged;
+ * -INVALID_DATA_ERROR; -BAD_PARAM_ERROR; -BAD_LENGTH_ERROR: the output would be too long for a result. */
 ZUL_API int CIPHER_Add(unsigned char* lpOutput, int nOutBytes, void* lpContext, const unsigned char* lpInput,
                        int nInputLen);
 /* CIPHER_End writes the end, at most a block, and wipes the context.
@@ -1261,8 +1265,8 @@ ZUL_API int AEAD_Encrypt(unsigned char* lpOutput, int nOutBytes, const unsigned 
 
 /* AEAD_Decrypt undoes AEAD_Encrypt: nInputLen counts the tag, and the random nonce if there is one. Nothing
  * is written before the tag has been checked ("aes-256-gcm-siv" has to decrypt first, and wipes the output if
- * the tag is wrong). lpOutput may be lpInput except with "aes-256-gcm-siv" or a random nonce. An empty message
- * is checked even without output.
+ * the tag is wrong). lpOutput may be lpInput if there is no random nonce; a wrong tag then costs the input. An empty
+ * message is checked even without output.
  * Length: that of the data. Query, which does not check the tag. -DECRYPT_ERROR: a wrong key, nonce or tag,
  * or changed data; the output is wiped. -BAD_LENGTH_ERROR: shorter than a tag. Others as AEAD_Encrypt. */
 ZUL_API int AEAD_Decrypt(unsigned char* lpOutput, int nOutBytes, const unsigned char* lpInput, int nInputLen,
@@ -1337,12 +1341,17 @@ ZUL_API int KEY_Public(char* szOutput, int nOutChars, const char* szPrivateKey);
  *  - numbers, which are the result, and are also written as decimal text if there is room: "bits" (of the modulus
  *    for RSA; 256, 384 or 521 for EC; 256 for Ed25519 and X25519), "isPrivate" (1 or 0);
  *  - texts: "algorithm" ("rsa", "rsa-pss", "ec", "ed25519" or "x25519"), "curve" ("p-256", "p-384", "p-521",
- *    "ed25519", "x25519", empty for RSA), "fingerprint" (SHA-256 of the SubjectPublicKeyInfo in lower-case hex).
+ *    "ed25519", "x25519", empty for RSA), "fingerprint" (SHA-256, in lower-case hex, of the SubjectPublicKeyInfo as
+ *    KEY_Save writes it, which may differ from the one in a file or certificate in its encoding), "exponent" (e of
+ *    an RSA key in lower-case hex, "010001" for 65537; else empty);
+ *  - what the parameters of an RSA-PSS key demand: "hash" and "mgf" (texts as "sha256"), "salt" (a number: the least
+ *    length of the salt); empty, empty and 0 for all other keys.
  * nOptions: ZUL_QUERY_GETTYPE returns 1 for a number, 2 for a text, and opens no key.
  * Length in characters (or the number). Query. -BAD_QUERY_ERROR: no such query. */
 ZUL_API int KEY_Query(char* szOutput, int nOutChars, const char* szKey, const char* szQuery, int nOptions);
 
-/* KEY_Match tells whether a private key belongs to a public one.
+/* KEY_Match tells whether a private key belongs to a public one. An RSA-PSS key and an RSA key of the same numbers do
+ * not match: certificates of RSA-PSS keys often name their key RSA.
  * Status, positive. NO_MATCH_ERROR: another key; TEST_FAILED_ERROR and others as KEY_Check. */
 ZUL_API int KEY_Match(const char* szPrivateKey, const char* szPublicKey);
 
@@ -1366,7 +1375,8 @@ ZUL_API int KEY_Agree(unsigned char* lpOutput, int nOutBytes, const char* szPriv
  *  - "rsa-HASH" (also "rsa-pkcs1-HASH"): PKCS #1 v1.5;
  *  - "rsa-pss-HASH": RSASSA-PSS with MGF1, perhaps followed by ";salt=N", ";salt=digest" (as long as the digest;
  *    the default) or ";salt=max", and by ";mgf=HASH" (default: the same digest). A signature to verify has to have
- *    exactly that salt length. An RSA-PSS key with parameters signs as they demand, with their salt length or more;
+ *    exactly that salt length, or any with ";salt=any", which is for verifying alone. An RSA-PSS key with
+ *    parameters signs as they demand, with their salt length or more;
  *  - "ecdsa-HASH": ECDSA; the secret numbers are those of RFC 6979 with 32 random bytes added;
  *  - "ed25519", and "ed25519ph", which signs the SHA-512 digest.
  * Null or empty: "rsa-pss-sha256" for an RSA key, or what the parameters of an RSA-PSS key demand; "ecdsa-sha256",

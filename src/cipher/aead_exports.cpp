@@ -40,9 +40,9 @@ struct AeadCall {
             return error;
         if (inputLen < 0 || aadLen < 0 || keyLen < 0 || nonceLen < 0 || (input == nullptr && inputLen > 0) ||
             (aad == nullptr && aadLen > 0) || key == nullptr || (nonce == nullptr && !has_random_nonce()))
-            return BAD_PARAM_ERROR;
+            return err_missing_argument();
         if ((options & ~ZUL_AEAD_RANDOM_NONCE) != 0)
-            return BAD_FLAG_ERROR;
+            return err_unknown_option();
         if (has_random_nonce() && nonceLen > 0)
             return err_fail(BAD_IV_ERROR, "A nonce is given where a random one is asked for");
         to = {key,
@@ -68,12 +68,12 @@ int encrypt(const AeadCall& call, int& length) {
     if (const int error = aead_check(algorithm, input))
         return error;
     if (input.size > INT_MAX - front - kAeadTag)
-        return BAD_LENGTH_ERROR;
+        return err_fail(BAD_LENGTH_ERROR, "The output would be too long for a result");
     length = static_cast<int>(front + input.size + kAeadTag);
     if (call.output == nullptr || call.outBytes <= 0)
         return 0;
     if (call.outBytes < length)
-        return SHORT_BUF_ERROR;
+        return err_short_room(static_cast<size_t>(length));
     if (front > 0) {
         if (const int error = rng_bytes(call.output, front, nullptr, 0))
             return error < 0 ? -error : error;
@@ -104,7 +104,7 @@ int decrypt(const AeadCall& call, int& length) {
     if (isQuery && length > 0)
         return 0;
     if (!isQuery && call.outBytes < length)
-        return SHORT_BUF_ERROR;
+        return err_short_room(static_cast<size_t>(length));
     if (aead_decrypt(algorithm, call.output, input) != 0)
         return err_fail(DECRYPT_ERROR, "The tag is wrong");
     return 0;

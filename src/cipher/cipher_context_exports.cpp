@@ -18,15 +18,15 @@ int add(unsigned char* output, int room, void* memory, const unsigned char* inpu
     if (const int error = context.load(memory))
         return error;
     if (inputLen < 0 || (input == nullptr && inputLen > 0))
-        return BAD_PARAM_ERROR;
+        return err_missing_argument();
     const size_t needed = cipher_stream_room(*context, static_cast<size_t>(inputLen));
     if (needed > INT_MAX)
-        return BAD_LENGTH_ERROR;
+        return err_fail(BAD_LENGTH_ERROR, "The output would be too long for a result");
     length = static_cast<int>(needed);
     if (output == nullptr)
         return 0;
     if (room < length)
-        return SHORT_BUF_ERROR;
+        return err_short_room(needed);
     cipher_stream_add(*context, output, input, static_cast<size_t>(inputLen));
     context.store(memory);
     return 0;
@@ -41,12 +41,12 @@ int end(unsigned char* output, int room, void* memory, int& length) {
     if (output == nullptr && context->pads)
         return 0;
     if (room < length && length > 0 && context->encrypts)
-        return SHORT_BUF_ERROR;
+        return err_short_room(static_cast<size_t>(length));
     Secret<kMaxCipherBlock> last;
     size_t size = 0;
     const int error = cipher_stream_end(*context, last.data(), size);
     if (error == 0 && size > static_cast<size_t>(room < 0 ? 0 : room) && size > 0)
-        return SHORT_BUF_ERROR; // the context stands: the call may be repeated with more room
+        return err_short_room(size); // the context stands: the call may be repeated with more room
     StreamContext::wipe(memory);
     if (error != 0)
         return error;
@@ -61,14 +61,16 @@ int end(unsigned char* output, int room, void* memory, int& length) {
 int CIPHER_Begin(void* lpContext, int nContextLen, int fEncrypt, const unsigned char* lpKey, int nKeyLen,
                  const unsigned char* lpIV, int nIVLen, const char* szAlgorithm, int nOptions) {
     CallFrame frame;
-    if (lpContext == nullptr || nContextLen == 0)
+    if (const int error = StreamContext::prepare(lpContext, nContextLen))
+        return frame.length(-error);
+    if (const int error = cipher_stream_find(szAlgorithm))
+        return frame.length(-error);
+    if ((nOptions & ~ZUL_CIPHER_NO_PADDING) != 0)
+        return frame.length(-err_unknown_option());
+    if (StreamContext::is_query(lpContext, nContextLen))
         return int{StreamContext::kBytes};
     if (lpKey == nullptr || nKeyLen < 0 || nIVLen < 0 || (lpIV == nullptr && nIVLen > 0))
-        return frame.length(-BAD_PARAM_ERROR);
-    if ((nOptions & ~ZUL_CIPHER_NO_PADDING) != 0)
-        return frame.length(-BAD_FLAG_ERROR);
-    if (nContextLen < int{StreamContext::kBytes})
-        return frame.length(-SHORT_BUF_ERROR);
+        return frame.length(-err_missing_argument());
     StreamContext context(ContextKind::cipher);
     if (const int error = cipher_stream_begin(
             *context, {szAlgorithm, lpKey, lpIV, static_cast<size_t>(nKeyLen), static_cast<size_t>(nIVLen),

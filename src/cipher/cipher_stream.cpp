@@ -62,6 +62,10 @@ void add_key_stream(CipherStream& stream, uint8_t* out, const uint8_t* in, size_
     }
 }
 
+[[nodiscard]] int not_whole() {
+    return err_fail(BAD_LENGTH_ERROR, "The data does not fill whole blocks");
+}
+
 // What may be enciphered of so many bytes in all: whole blocks, but for one that may hold the pad.
 size_t ready(const CipherStream& stream, size_t total) {
     const size_t block = block_length(stream);
@@ -71,6 +75,11 @@ size_t ready(const CipherStream& stream, size_t total) {
 }
 
 } // namespace
+
+int cipher_stream_find(const char* name) {
+    int value = 0;
+    return name_find(kNames, name, &value);
+}
 
 int cipher_stream_begin(CipherStream& stream, const CipherStreamOrder& order) {
     int value = 0;
@@ -138,7 +147,7 @@ int cipher_stream_end(CipherStream& stream, uint8_t* out, size_t& length) {
         return 0;
     const size_t block = block_length(stream);
     if (!stream.pads)
-        return stream.heldBytes == 0 ? 0 : BAD_LENGTH_ERROR;
+        return stream.heldBytes == 0 ? 0 : not_whole();
     if (stream.encrypts) {
         const size_t pad = block - stream.heldBytes;
         memset(stream.held + stream.heldBytes, static_cast<int>(pad), pad);
@@ -147,7 +156,7 @@ int cipher_stream_end(CipherStream& stream, uint8_t* out, size_t& length) {
         return 0;
     }
     if (stream.heldBytes != block)
-        return BAD_LENGTH_ERROR;
+        return not_whole();
     Secret<kMaxCipherBlock> last;
     run(stream, last.data(), stream.held, 1);
     const size_t pad = pad_count(last.data(), block);

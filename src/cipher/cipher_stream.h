@@ -23,13 +23,17 @@ struct CipherStreamOrder {
     bool encrypts, pads;
 };
 
+// cipher_stream_find tells whether there is a cipher of a name: 0 or the codes of name_find.
+[[nodiscard]] int cipher_stream_find(const char* name);
+
 // cipher_stream_begin: 0, the codes of name_find, BAD_KEY_LEN_ERROR or BAD_IV_ERROR.
 [[nodiscard]] int cipher_stream_begin(CipherStream& stream, const CipherStreamOrder& order);
 
 // cipher_stream_room is what an add of so many bytes will write.
 size_t cipher_stream_room(const CipherStream& stream, size_t size);
 
-// cipher_stream_add writes cipher_stream_room bytes; out may not overlap in.
+// cipher_stream_add writes cipher_stream_room bytes. out may not overlap in, but may be in where the mode is
+// neither ECB nor CBC.
 void cipher_stream_add(CipherStream& stream, uint8_t* out, const uint8_t* in, size_t size);
 
 // cipher_stream_end writes at most a block and its length: 0, BAD_LENGTH_ERROR if the data does not fill its

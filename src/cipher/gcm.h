@@ -8,7 +8,6 @@ namespace zul {
 
 constexpr size_t kGcmTag = 16;
 constexpr size_t kGcmSivNonce = 12;
-constexpr uint64_t kGcmMaxInput = (uint64_t{1} << 36) - 32; // bytes
 
 // gcm_encrypt takes a nonce of at least one byte.
 void gcm_encrypt(uint8_t* out, uint8_t* tag, const AesKey& key, const uint8_t* nonce, size_t nonceSize,
@@ -21,7 +20,7 @@ void gcm_encrypt(uint8_t* out, uint8_t* tag, const AesKey& key, const uint8_t* n
 // The key-generating key has 16 or 32 bytes.
 void gcm_siv_encrypt(uint8_t* out, uint8_t* tag, const uint8_t* key, size_t keySize, const uint8_t* nonce,
                      const uint8_t* aad, size_t aadSize, const uint8_t* in, size_t size);
-// gcm_siv_decrypt has to decrypt before it can check: a wrong tag leaves zeros in out. out may not be in.
+// gcm_siv_decrypt has to decrypt before it can check: a wrong tag leaves zeros in out.
 [[nodiscard]] bool gcm_siv_decrypt(uint8_t* out, const uint8_t* tag, const uint8_t* key, size_t keySize,
                                    const uint8_t* nonce, const uint8_t* aad, size_t aadSize,
                                    const uint8_t* in, size_t size);

@@ -2,6 +2,7 @@
 #include <cstring>
 #include <type_traits>
 
+#include "frame/err.h"
 #include "frame/wipe.h"
 #include "zulcore.h"
 
@@ -26,18 +27,31 @@ class CallerContext {
     State& operator*() { return *state_; }
     State* operator->() { return &*state_; }
 
+    static bool is_query(const void* memory, int bytes) { return memory == nullptr || bytes == 0; }
+
+    // prepare readies the caller's memory for a context: 0 or SHORT_BUF_ERROR. It wipes an older one, so that
+    // nobody goes on with that who overlooks that the new one could not be begun.
+    [[nodiscard]] static int prepare(void* memory, int bytes) {
+        if (is_query(memory, bytes))
+            return 0;
+        if (bytes < 0 || static_cast<size_t>(bytes) < kBytes)
+            return err_short_room(kBytes);
+        wipe(memory);
+        return 0;
+    }
+
     // load takes the state from the caller's memory: 0, BAD_PARAM_ERROR or INVALID_DATA_ERROR.
     [[nodiscard]] int load(const void* memory) {
         if (memory == nullptr)
-            return BAD_PARAM_ERROR;
+            return err_missing_argument();
         const auto* bytes = static_cast<const uint8_t*>(memory);
         uint64_t marks[2];
         memcpy(&marks[0], bytes, sizeof marks[0]);
         if (marks[0] != static_cast<uint64_t>(kind_))
-            return INVALID_DATA_ERROR;
+            return err_unknown_context();
         memcpy(&*state_, bytes + sizeof marks[0], sizeof(State));
         memcpy(&marks[1], bytes + sizeof marks[0] + sizeof(State), sizeof marks[1]);
-        return marks[1] == context_check(kind_, &*state_, sizeof(State)) ? 0 : INVALID_DATA_ERROR;
+        return marks[1] == context_check(kind_, &*state_, sizeof(State)) ? 0 : err_unknown_context();
     }
 
     void store(void* memory) {

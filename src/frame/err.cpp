@@ -80,4 +80,20 @@ int err_invalid_data(const char* text) {
     return err_fail(INVALID_DATA_ERROR, "%s", text);
 }
 
+int err_missing_argument() {
+    return err_fail(BAD_PARAM_ERROR, "An argument is missing, or a length is negative");
+}
+
+int err_unknown_option() {
+    return err_fail(BAD_FLAG_ERROR, "Unknown option");
+}
+
+int err_short_room(size_t needed) {
+    return err_fail(SHORT_BUF_ERROR, "The output needs room for %d", static_cast<int>(needed));
+}
+
+int err_unknown_context() {
+    return err_fail(INVALID_DATA_ERROR, "Not a context of this kind that was begun and has not ended");
+}
+
 } // namespace zul

@@ -23,5 +23,10 @@ void err_add_text(const char* format, ...) __attribute__((format(printf, 1, 2)))
 // err_fail adds a text and returns the code, which it leaves unrecorded.
 [[nodiscard]] int err_fail(int code, const char* format, ...) __attribute__((format(printf, 2, 3)));
 [[nodiscard]] int err_invalid_data(const char* text); // with INVALID_DATA_ERROR
+// Failures that many exports share, each with its text.
+[[nodiscard]] int err_missing_argument();        // BAD_PARAM_ERROR
+[[nodiscard]] int err_unknown_option();          // BAD_FLAG_ERROR
+[[nodiscard]] int err_short_room(size_t needed); // SHORT_BUF_ERROR
+[[nodiscard]] int err_unknown_context();         // INVALID_DATA_ERROR
 
 } // namespace zul

@@ -35,6 +35,13 @@ int digest_choose(int* algorithm, const char* name) {
     return name_find(kDigestNames, name, algorithm);
 }
 
+const char* digest_choice_name(int algorithm) {
+    for (const NameRow& row : kDigestNames)
+        if (row.value == algorithm)
+            return row.name;
+    return "";
+}
+
 int digest_choose_for_hmac(int* algorithm, const char* name) {
     if (const int code = digest_choose(algorithm, is_missing(name) ? "sha256" : name))
         return code;

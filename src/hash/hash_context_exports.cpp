@@ -12,10 +12,6 @@ namespace {
 using HashContext = CallerContext<DigestContext>;
 using MacContext = CallerContext<HmacContext>;
 
-int bad_room(int bytes, size_t needed) {
-    return bytes < 0 || static_cast<size_t>(bytes) < needed ? SHORT_BUF_ERROR : 0;
-}
-
 bool is_missing_data(const void* data, int length) {
     return length < 0 || (data == nullptr && length > 0);
 }
@@ -37,15 +33,15 @@ int finish_digest(unsigned char* output, int room, DigestContext& context) {
 
 int HASH_Begin(void* lpContext, int nContextLen, const char* szAlgorithm, int nOptions) {
     CallFrame frame;
+    if (const int error = HashContext::prepare(lpContext, nContextLen))
+        return frame.length(-error);
     int algorithm = 0;
     if (const int error = digest_choose(&algorithm, szAlgorithm))
         return frame.length(-error);
     if (nOptions != 0)
-        return frame.length(-BAD_FLAG_ERROR);
-    if (lpContext == nullptr || nContextLen == 0)
+        return frame.length(-err_unknown_option());
+    if (HashContext::is_query(lpContext, nContextLen))
         return int{HashContext::kBytes};
-    if (const int error = bad_room(nContextLen, HashContext::kBytes))
-        return frame.length(-error);
     HashContext context(ContextKind::digest);
     digest_init(*context, algorithm);
     context.store(lpContext);
@@ -58,7 +54,7 @@ int HASH_Add(void* lpContext, const void* lpData, int nDataLen) {
     if (const int error = context.load(lpContext))
         return frame.status(error);
     if (is_missing_data(lpData, nDataLen))
-        return frame.status(BAD_PARAM_ERROR);
+        return frame.status(err_missing_argument());
     digest_update(*context, lpData, static_cast<size_t>(nDataLen));
     context.store(lpContext);
     return 0;
@@ -79,17 +75,17 @@ int HASH_End(unsigned char* lpOutput, int nOutBytes, void* lpContext) {
 int HMAC_Begin(void* lpContext, int nContextLen, const void* lpKey, int nKeyLen, const char* szAlgorithm,
                int nOptions) {
     CallFrame frame;
+    if (const int error = MacContext::prepare(lpContext, nContextLen))
+        return frame.length(-error);
     int algorithm = 0;
     if (const int error = digest_choose_for_hmac(&algorithm, szAlgorithm))
         return frame.length(-error);
     if (nOptions != 0)
-        return frame.length(-BAD_FLAG_ERROR);
-    if (lpContext == nullptr || nContextLen == 0)
+        return frame.length(-err_unknown_option());
+    if (MacContext::is_query(lpContext, nContextLen))
         return int{MacContext::kBytes};
-    if (const int error = bad_room(nContextLen, MacContext::kBytes))
-        return frame.length(-error);
     if (is_missing_data(lpKey, nKeyLen))
-        return frame.length(-BAD_PARAM_ERROR);
+        return frame.length(-err_missing_argument());
     MacContext context(ContextKind::hmac);
     hmac_init(*context, algorithm, lpKey, static_cast<size_t>(nKeyLen));
     context.store(lpContext);
@@ -102,7 +98,7 @@ int HMAC_Add(void* lpContext, const void* lpData, int nDataLen) {
     if (const int error = context.load(lpContext))
         return frame.status(error);
     if (is_missing_data(lpData, nDataLen))
-        return frame.status(BAD_PARAM_ERROR);
+        return frame.status(err_missing_argument());
     hmac_update(*context, lpData, static_cast<size_t>(nDataLen));
     context.store(lpContext);
     return 0;

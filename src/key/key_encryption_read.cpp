@@ -8,6 +8,7 @@
 #include "hash/digest_names.h"
 #include "key/key_encryption.h"
 #include "pbe/pbe_params.h"
+#include "pbe/scrypt.h"
 #include "zulcore.h"
 
 namespace zul {
@@ -57,16 +58,20 @@ constexpr NameRow kParameters[] = {
                : err_fail(NOT_SUPPORTED_ERROR, "'%s' is no hash of PBES2", shown_name(text));
 }
 
-struct Given {
-    bool hasPbkdf2 = false, hasScrypt = false;
-};
+// The parameters given, a bit for each.
+constexpr unsigned kOfPbkdf2 = 1 << kIterationsParameter | 1 << kHashParameter,
+                   kOfScrypt = 1 << kN | 1 << kR | 1 << kP;
 
-[[nodiscard]] int take(KeyEncryption& encryption, Given& given, const char* name, const char* value) {
+[[nodiscard]] int take(KeyEncryption& encryption, unsigned& given, const char* name, const char* value) {
     int parameter = 0, choice = 0;
-    if (name_find(kParameters, name, &parameter) != 0)
+    if (name_find(kParameters, name, &parameter) != 0) {
+        err_set_text("Unknown parameter '%s' (known: iterations, kdf, cipher, hash, n, r, p)",
+                     shown_name(name));
         return BAD_PARAM_ERROR;
-    given.hasPbkdf2 |= parameter == kIterationsParameter || parameter == kHashParameter;
-    given.hasScrypt |= parameter >= kN;
+    }
+    if (*value == '\0' || (given & 1U << parameter) != 0)
+        return err_fail(BAD_PARAM_ERROR, "Parameter '%s' has no value, or is given twice", name);
+    given |= 1U << parameter;
     uint64_t iterations = 0;
     int error = 0;
     switch (parameter) {
@@ -98,7 +103,7 @@ struct Given {
 int key_encryption_read(KeyEncryption& encryption, const char* parameters) {
     encryption = {KeyKdf::pbkdf2, CipherAlgorithm::aes256, kDigestSha256, kIterations, kScryptN, kScryptR,
                   kScryptP};
-    Given given;
+    unsigned given = 0;
     std::string_view rest(parameters == nullptr ? "" : parameters);
     while (!rest.empty()) {
         const size_t end = rest.find(';');
@@ -115,9 +120,10 @@ int key_encryption_read(KeyEncryption& encryption, const char* parameters) {
         if (const int error = take(encryption, given, text, text + equals + 1))
             return error;
     }
-    if (encryption.kdf == KeyKdf::scrypt ? given.hasPbkdf2 : given.hasScrypt)
+    const bool isScrypt = encryption.kdf == KeyKdf::scrypt;
+    if ((given & (isScrypt ? kOfPbkdf2 : kOfScrypt)) != 0)
         return err_fail(BAD_PARAM_ERROR, "A parameter does not belong to the key derivation");
-    return 0;
+    return isScrypt ? scrypt_check_file({encryption.n, encryption.r, encryption.p}) : 0;
 }
 
 } // namespace zul

@@ -29,7 +29,7 @@ int give(char* out, int room, const Key& key) {
     if (is_query(out, room))
         return length;
     if (room < length)
-        return -SHORT_BUF_ERROR;
+        return -err_short_room(static_cast<size_t>(length));
     memcpy(out, text.data(), text.size() + 1);
     return length;
 }
@@ -39,12 +39,12 @@ int make(char* out, int room, const char* algorithm, int options) {
     if (const int error = key_choose(choice, algorithm))
         return -error;
     if ((options & ~ZUL_KEY_SHOW_PROGRESS) != 0)
-        return -err_fail(BAD_FLAG_ERROR, "Unknown option");
+        return -err_unknown_option();
     const auto most = static_cast<int>(key_string_most(choice.kind, choice.bits));
     if (is_query(out, room))
         return most;
     if (room < most)
-        return -SHORT_BUF_ERROR;
+        return -err_short_room(static_cast<size_t>(most));
     Key key;
     const int error = key_make(key, choice, options);
     return error != 0 ? -error : give(out, room, key);
@@ -55,7 +55,7 @@ int query(char* out, int room, const char* text, const char* word, int options) 
     if (const int error = key_query_find(what, word))
         return -error;
     if ((options & ~ZUL_QUERY_GETTYPE) != 0)
-        return -err_fail(BAD_FLAG_ERROR, "Unknown option");
+        return -err_unknown_option();
     if ((options & ZUL_QUERY_GETTYPE) != 0)
         return key_query_is_number(what) ? 1 : 2;
     Key key;
@@ -66,7 +66,7 @@ int query(char* out, int room, const char* text, const char* word, int options) 
     const int length = str_length(answer);
     if (!is_query(out, room)) {
         if (room < length)
-            return -SHORT_BUF_ERROR;
+            return -err_short_room(static_cast<size_t>(length));
         memcpy(out, answer, static_cast<size_t>(length) + 1);
     }
     return key_query_is_number(what) ? number : length;
@@ -74,7 +74,7 @@ int query(char* out, int room, const char* text, const char* word, int options) 
 
 int agree(unsigned char* out, int room, const char* privateText, const char* publicText, int options) {
     if (options != 0)
-        return -err_fail(BAD_FLAG_ERROR, "Unknown option");
+        return -err_unknown_option();
     Key privateKey, publicKey;
     if (const int error = key_string_read_private(privateText, privateKey))
         return -error;
@@ -87,7 +87,7 @@ int agree(unsigned char* out, int room, const char* privateText, const char* pub
     if (is_query(out, room))
         return length;
     if (room < length)
-        return -SHORT_BUF_ERROR;
+        return -err_short_room(static_cast<size_t>(length));
     const int error = key_agree(out, privateKey, publicKey);
     return error != 0 ? -error : length;
 }
@@ -102,9 +102,9 @@ int KEY_Make(char* szOutput, int nOutChars, const char* szAlgorithm, int nOption
 int KEY_Read(char* szOutput, int nOutChars, const char* szFileOrText, const char* szPassword, int nOptions) {
     CallFrame frame(1);
     if (is_missing(szFileOrText))
-        return frame.length(-BAD_PARAM_ERROR);
+        return frame.length(-err_missing_argument());
     if (nOptions != 0)
-        return frame.length(-err_fail(BAD_FLAG_ERROR, "Unknown option"));
+        return frame.length(-err_unknown_option());
     Key key;
     const int error = key_read(key, szFileOrText, szPassword);
     return frame.length(error != 0 ? -error : give(szOutput, nOutChars, key));
@@ -114,7 +114,7 @@ int KEY_Save(const char* szFileOut, const char* szKey, const char* szPassword, c
              int nOptions) {
     CallFrame frame(1);
     if (is_missing(szFileOut))
-        return frame.status(BAD_PARAM_ERROR);
+        return frame.status(err_missing_argument());
     Key key;
     const int error = key_string_read(szKey, key);
     return frame.status(error != 0 ? error : key_save(szFileOut, key, szPassword, szParameters, nOptions));
@@ -145,7 +145,7 @@ int KEY_Match(const char* szPrivateKey, const char* szPublicKey) {
 int KEY_Check(const char* szKey, int nOptions) {
     CallFrame frame;
     if (nOptions != 0)
-        return frame.status(err_fail(BAD_FLAG_ERROR, "Unknown option"));
+        return frame.status(err_unknown_option());
     Key key;
     const int error = key_string_read(szKey, key);
     return frame.status(error != 0 ? error : key_check(key));

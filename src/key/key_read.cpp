@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "asn1/asn_input.h"
+#include "asn1/asn_parse.h"
 #include "encode/base64.h"
 #include "encode/whole_file.h"
 #include "frame/err.h"
@@ -60,9 +61,18 @@ constexpr std::string_view kPemBegin = "-----BEGIN ";
     return read_list(key, list.head(), password);
 }
 
-// Text with a PEM block, in a file that does not begin as a SEQUENCE or in the argument.
+// is_der tells whether bytes are a SEQUENCE, behind which decoders of text may have left zeros or line
+// breaks.
+bool is_der(std::string_view bytes) {
+    constexpr std::string_view kLeft("\0\r\n", 3);
+    size_t offset = 0, size = 0;
+    return bytes.starts_with('0') &&
+           asn_FindElement(&offset, &size, bytes.data(), bytes.size(), -1, 1, 0) != 0 &&
+           bytes.find_first_not_of(kLeft, size) == std::string_view::npos;
+}
+
 bool is_pem(std::string_view text) {
-    return !text.starts_with('0') && text.find(kPemBegin) != std::string_view::npos;
+    return text.find(kPemBegin) != std::string_view::npos && !is_der(text);
 }
 
 } // namespace

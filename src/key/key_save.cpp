@@ -48,7 +48,7 @@ const char* own_label(const Key& key) {
 
 int key_save(const char* path, const Key& key, const char* password, const char* parameters, int options) {
     if ((options & ~kKnownOptions) != 0)
-        return err_fail(BAD_FLAG_ERROR, "Unknown option");
+        return err_unknown_option();
     const bool isOwn = (options & ZUL_KEY_FORMAT_OWN) != 0;
     if (password != nullptr && (*password == '\0' || !key.isPrivate || isOwn))
         return err_fail(BAD_PARAM_ERROR, "A password is for private keys as PKCS #8, and not empty");

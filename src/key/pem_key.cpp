@@ -50,24 +50,25 @@ bool take_headers(PemBlock& block) {
     }
 }
 
-// next_block takes the next whole block of a text.
+// next_block takes the next whole block of a text: from a BEGIN line to the first END line behind it. Lines
+// without a partner, or with one of another label, are passed over.
 bool next_block(std::string_view& text, PemBlock& block) {
-    const size_t begin = text.find(kBegin);
-    if (begin == std::string_view::npos)
-        return false;
-    text = slice(text, begin + kBegin.size());
-    const size_t labelEnd = text.find(kDashes);
-    if (labelEnd == std::string_view::npos)
-        return false;
-    block = {};
-    block.label = slice(text, 0, labelEnd);
-    text = slice(text, labelEnd + kDashes.size());
-    const size_t end = text.find(kEnd);
-    if (end == std::string_view::npos)
-        return false;
-    block.body = slice(text, 0, end);
-    text = slice(text, end + kEnd.size());
-    return text.starts_with(block.label) && slice(text, block.label.size()).starts_with(kDashes);
+    for (size_t end = text.find(kEnd); end != std::string_view::npos; end = text.find(kEnd)) {
+        const std::string_view before = slice(text, 0, end);
+        text = slice(text, end + kEnd.size());
+        const size_t begin = before.rfind(kBegin);
+        if (begin == std::string_view::npos)
+            continue;
+        const std::string_view inside = slice(before, begin + kBegin.size());
+        const size_t labelEnd = inside.find(kDashes);
+        block = {};
+        block.label = slice(inside, 0, labelEnd);
+        block.body = slice(inside, block.label.size() + kDashes.size());
+        if (labelEnd != std::string_view::npos && text.starts_with(block.label) &&
+            slice(text, block.label.size()).starts_with(kDashes))
+            return true;
+    }
+    return false;
 }
 
 // key_bytes is the key derivation of these files: MD5 of the digest before, the password and a salt.

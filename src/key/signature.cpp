@@ -35,6 +35,8 @@ using Digest = Secret<kMaxDigestSize>;
         encoding.saltSize = digest_length(algorithm.digest);
     else if (algorithm.salt == PssSalt::most)
         encoding.saltSize = room;
+    else if (algorithm.salt == PssSalt::any)
+        encoding.saltSize = key.pss.leastSalt, encoding.mayBeLonger = true;
     return encoding.saltSize > room || encoding.saltSize < key.pss.leastSalt ? too_short() : 0;
 }
 
@@ -180,10 +182,13 @@ int signature_most(size_t* size, const Key& key, const SignatureAlgorithm& algor
     case SignatureScheme::rsaPss:
         if (const int error = rsa_encoding(encoding, key, algorithm))
             return error;
-        [[fallthrough]];
-    case SignatureScheme::rsaPkcs1:
         *size = key.rsa->bytes();
         return 0;
+    case SignatureScheme::rsaPkcs1: {
+        SecretBuffer block(key.rsa->bytes());
+        *size = block.size();
+        return encode_pkcs1(block, algorithm, Digest()); // tells whether the key is long enough
+    }
     case SignatureScheme::ecdsa:
         *size = (options & ZUL_SIG_RAW) != 0 ? 2 * bytes : ecdsa_der_most(bytes);
         return 0;

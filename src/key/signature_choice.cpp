@@ -27,10 +27,11 @@ constexpr Prefix kPrefixes[] = {{"rsa-pss-", SignatureScheme::rsaPss},
                                 {"ecdsa-", SignatureScheme::ecdsa}};
 
 [[nodiscard]] int unknown(const char* name) {
-    return err_fail(NOT_SUPPORTED_ERROR,
-                    "Unknown algorithm '%s' (known: rsa-HASH, rsa-pss-HASH[;salt=N|digest|max][;mgf=HASH], "
-                    "ecdsa-HASH, ed25519, ed25519ph; HASH as sha256)",
-                    shown_name(name));
+    return err_fail(
+        NOT_SUPPORTED_ERROR,
+        "Unknown algorithm '%s' (known: rsa-HASH, rsa-pss-HASH[;salt=N|digest|max|any][;mgf=HASH], "
+        "ecdsa-HASH, ed25519, ed25519ph; HASH as sha256)",
+        shown_name(name));
 }
 
 [[nodiscard]] int choose_digest(int* digest, const char* name) {
@@ -41,9 +42,15 @@ constexpr Prefix kPrefixes[] = {{"rsa-pss-", SignatureScheme::rsaPss},
 }
 
 [[nodiscard]] int read_salt(SignatureAlgorithm& algorithm, const char* value) {
-    if (strcmp(value, "digest") == 0 || strcmp(value, "max") == 0) {
-        algorithm.salt = *value == 'd' ? PssSalt::digest : PssSalt::most;
-        return 0;
+    constexpr struct {
+        const char* name;
+        PssSalt salt;
+    } kNames[] = {{"digest", PssSalt::digest}, {"max", PssSalt::most}, {"any", PssSalt::any}};
+    for (const auto& row : kNames) {
+        if (strcmp(value, row.name) == 0) {
+            algorithm.salt = row.salt;
+            return 0;
+        }
     }
     algorithm.salt = PssSalt::fixed;
     const char* at = value;
@@ -51,7 +58,7 @@ constexpr Prefix kPrefixes[] = {{"rsa-pss-", SignatureScheme::rsaPss},
         algorithm.saltSize = 10 * algorithm.saltSize + static_cast<size_t>(*at - '0');
     return at != value && *at == '\0' && algorithm.saltSize <= kMostSalt
                ? 0
-               : err_fail(BAD_PARAM_ERROR, "The salt is a number, 'digest' or 'max'");
+               : err_fail(BAD_PARAM_ERROR, "The salt is a number, 'digest', 'max' or 'any'");
 }
 
 // read_parameters reads ";salt=...;mgf=...", each at most once.
@@ -69,7 +76,7 @@ constexpr Prefix kPrefixes[] = {{"rsa-pss-", SignatureScheme::rsaPss},
             hasMgf = true;
             error = choose_digest(&algorithm.mgfDigest, text + 4);
         } else {
-            err_add_text("Parameters are ;salt=N|digest|max and ;mgf=HASH, each once");
+            err_add_text("Parameters are ;salt=N|digest|max|any and ;mgf=HASH, each once");
         }
         if (error != 0)
             return error;
@@ -163,7 +170,7 @@ bool keeps_rules(const SignatureAlgorithm& algorithm, const PssRules& rules) {
     const size_t salt =
         algorithm.salt == PssSalt::digest ? digest_length(algorithm.digest) : algorithm.saltSize;
     return algorithm.digest == rules.digest && algorithm.mgfDigest == rules.mgfDigest &&
-           (algorithm.salt == PssSalt::most || salt >= rules.leastSalt);
+           (algorithm.salt == PssSalt::most || algorithm.salt == PssSalt::any || salt >= rules.leastSalt);
 }
 
 } // namespace

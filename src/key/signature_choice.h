@@ -4,7 +4,7 @@
 namespace zul {
 
 enum class SignatureScheme { rsaPkcs1, rsaPss, ecdsa, ed25519, ed25519ph };
-enum class PssSalt { digest, most, fixed };
+enum class PssSalt { digest, most, fixed, any }; // any: to verify alone
 
 struct SignatureAlgorithm {
     SignatureScheme scheme = SignatureScheme::rsaPkcs1;

@@ -12,9 +12,7 @@ using namespace zul;
 namespace {
 
 int check_options(int options) {
-    return (options & ~(ZUL_SIG_RAW | ZUL_SIG_DETERMINISTIC)) == 0
-               ? 0
-               : err_fail(BAD_FLAG_ERROR, "Unknown option");
+    return (options & ~(ZUL_SIG_RAW | ZUL_SIG_DETERMINISTIC)) == 0 ? 0 : err_unknown_option();
 }
 
 // sign gives the length of the signature or a negated code.
@@ -28,13 +26,15 @@ int sign(unsigned char* out, int room, SignatureInput& input, const char* privat
     SignatureAlgorithm algorithm;
     if (const int error = signature_choose(algorithm, name, key))
         return -error;
+    if (algorithm.salt == PssSalt::any)
+        return -err_fail(BAD_PARAM_ERROR, "A salt of any length is for verifying alone");
     size_t most = 0;
     if (const int error = signature_most(&most, key, algorithm, options))
         return -error;
     if (out == nullptr || room <= 0)
         return static_cast<int>(most);
     if (static_cast<size_t>(room) < most)
-        return -SHORT_BUF_ERROR;
+        return -err_short_room(most);
     SecretBuffer signature;
     if (const int error = signature_make(signature, key, algorithm, input, options))
         return -error;
@@ -49,7 +49,7 @@ bool is_bad(const unsigned char* data, int size) {
 int verify(const unsigned char* signature, int size, SignatureInput& input, const char* publicKey,
            const char* name, int options) {
     if (is_bad(signature, size))
-        return BAD_PARAM_ERROR;
+        return err_missing_argument();
     if (const int error = check_options(options))
         return error;
     Key key;
@@ -67,7 +67,7 @@ int SIG_Sign(unsigned char* lpOutput, int nOutBytes, const unsigned char* lpData
              const char* szPrivateKey, const char* szAlgorithm, int nOptions) {
     CallFrame frame;
     if (is_bad(lpData, nDataLen))
-        return frame.length(-BAD_PARAM_ERROR);
+        return frame.length(-err_missing_argument());
     SignatureBytes input(lpData, static_cast<size_t>(nDataLen));
     return frame.length(sign(lpOutput, nOutBytes, input, szPrivateKey, szAlgorithm, nOptions));
 }
@@ -76,7 +76,7 @@ int SIG_Verify(const unsigned char* lpSignature, int nSigLen, const unsigned cha
                const char* szPublicKey, const char* szAlgorithm, int nOptions) {
     CallFrame frame;
     if (is_bad(lpData, nDataLen))
-        return frame.status(BAD_PARAM_ERROR);
+        return frame.status(err_missing_argument());
     SignatureBytes input(lpData, static_cast<size_t>(nDataLen));
     return frame.status(verify(lpSignature, nSigLen, input, szPublicKey, szAlgorithm, nOptions));
 }
@@ -85,7 +85,7 @@ int SIG_SignFile(unsigned char* lpOutput, int nOutBytes, const char* szFileIn, c
                  const char* szAlgorithm, int nOptions) {
     CallFrame frame;
     if (is_missing(szFileIn))
-        return frame.length(-BAD_PARAM_ERROR);
+        return frame.length(-err_missing_argument());
     SignatureFile input(szFileIn);
     return frame.length(sign(lpOutput, nOutBytes, input, szPrivateKey, szAlgorithm, nOptions));
 }
@@ -94,7 +94,7 @@ int SIG_VerifyFile(const unsigned char* lpSignature, int nSigLen, const char* sz
                    const char* szPublicKey, const char* szAlgorithm, int nOptions) {
     CallFrame frame;
     if (is_missing(szFileIn))
-        return frame.status(BAD_PARAM_ERROR);
+        return frame.status(err_missing_argument());
     SignatureFile input(szFileIn);
     return frame.status(verify(lpSignature, nSigLen, input, szPublicKey, szAlgorithm, nOptions));
 }
@@ -103,7 +103,7 @@ int SIG_SignDigest(unsigned char* lpOutput, int nOutBytes, const unsigned char* 
                    const char* szPrivateKey, const char* szAlgorithm, int nOptions) {
     CallFrame frame;
     if (is_bad(lpDigest, nDigestLen))
-        return frame.length(-BAD_PARAM_ERROR);
+        return frame.length(-err_missing_argument());
     SignatureDigest input(lpDigest, static_cast<size_t>(nDigestLen));
     return frame.length(sign(lpOutput, nOutBytes, input, szPrivateKey, szAlgorithm, nOptions));
 }
@@ -112,7 +112,7 @@ int SIG_VerifyDigest(const unsigned char* lpSignature, int nSigLen, const unsign
                      int nDigestLen, const char* szPublicKey, const char* szAlgorithm, int nOptions) {
     CallFrame frame;
     if (is_bad(lpDigest, nDigestLen))
-        return frame.status(BAD_PARAM_ERROR);
+        return frame.status(err_missing_argument());
     SignatureDigest input(lpDigest, static_cast<size_t>(nDigestLen));
     return frame.status(verify(lpSignature, nSigLen, input, szPublicKey, szAlgorithm, nOptions));
 }

@@ -28,7 +28,7 @@ struct Bytes {
 template<class... Inputs>
 int check(const unsigned char* lpOutput, int nOutBytes, const Inputs&... inputs) {
     if (lpOutput == nullptr || nOutBytes < 0 || (inputs.is_missing() || ...))
-        return BAD_PARAM_ERROR;
+        return err_missing_argument();
     if (nOutBytes == 0)
         return err_fail(OUT_OF_RANGE_ERROR, "Output must be at least 1 byte");
     return 0;
@@ -64,8 +64,6 @@ int KDF_Hkdf(unsigned char* lpOutput, int nOutBytes, const void* lpKey, int nKey
     const Bytes key(lpKey, nKeyLen), salt(lpSalt, nSaltLen), info(lpInfo, nInfoLen);
     int algorithm = 0;
     int code = check(lpOutput, nOutBytes, key, salt, info);
-    if (code == 0 && nKeyLen == 0)
-        code = err_fail(BAD_KEY_LEN_ERROR, "The key is empty");
     if (code == 0)
         code = digest_choose_for_hmac(&algorithm, szHash);
     const int most = 255 * static_cast<int>(hmac_length(algorithm));

@@ -1,6 +1,5 @@
 #include "rsa/rsa_pss.h"
 
-#include <algorithm>
 #include <cstring>
 
 #include "frame/constant_time.h"
@@ -64,12 +63,16 @@ bool pss_verify(const uint8_t* encoded, const PssEncoding& encoding, const uint8
     memcpy(db.data(), encoded, dbLen);
     mgf1_xor(db.data(), dbLen, hash, hLen, encoding.mgfDigest);
     db[0] &= first_byte_mask(encoding);
-    const size_t separator = dbLen - encoding.saltSize - 1;
-    if (!std::all_of(db.data(), db.data() + separator, [](uint8_t b) { return b == 0; }) ||
-        db[separator] != 1)
+    size_t separator = 0;
+    while (separator < dbLen && db[separator] == 0)
+        separator++;
+    const size_t last = dbLen - encoding.saltSize - 1; // where the least salt has its separator
+    if (separator > last || (separator < last && !encoding.mayBeLonger) || db[separator] != 1)
         return false;
+    PssEncoding found = encoding;
+    found.saltSize = dbLen - separator - 1;
     Secret<kMaxDigestSize> expected;
-    hash_salted(expected.data(), encoding, digest, db.data() + separator + 1);
+    hash_salted(expected.data(), found, digest, db.data() + separator + 1);
     return bytes_equal(expected.data(), hash, hLen);
 }
 

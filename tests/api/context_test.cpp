@@ -161,6 +161,16 @@ TEST(CipherContexts, EqualTheWholeCallsAndUndoThem) {
                 const Bytes plain =
                     ciphered(cipher_context(1, row.name, key, iv, ZUL_CIPHER_NO_PADDING), data, step, &code);
                 EXPECT_EQ(plain, expected);
+                if (plain.size() == out.size()) { // no pad: in place too
+                    Context context = cipher_context(1, row.name, key, iv, 0);
+                    Bytes inPlace = data;
+                    int done = 0;
+                    in_pieces(data, step, [&](const unsigned char*, int part) {
+                        unsigned char* const at = inPlace.data() + done;
+                        done += CIPHER_Add(at, part, context.at(), at, part);
+                    });
+                    EXPECT_EQ(inPlace, expected);
+                }
                 EXPECT_EQ(Bytes(out.begin(), out.begin() + size), expected);
                 EXPECT_EQ(
                     ciphered(cipher_context(0, row.name, key, iv, ZUL_CIPHER_NO_PADDING), plain, step, &code),
@@ -260,6 +270,30 @@ TEST(Contexts, AreNotBegunForTheWrongThing) {
     };
     for (const auto& row : rows)
         EXPECT_EQ(row.result, -row.expected) << "line " << row.line;
+
+    // A failure leaves no context that stood there before, and a query looks at the name.
+    const Bytes wiped(static_cast<size_t>(cipher_context(1, "aes-128-ecb", Bytes(16), {}, 0).size()));
+    for (const char* const name : {"aes-128-cbc", "aes-128-gcm"}) {
+        ASSERT_GT(cipher("aes-128-cbc", 16, 16, 0), 0);
+        EXPECT_LT(cipher(name, 16, 15, 0), 0);
+        EXPECT_EQ(Bytes(memory.begin(), memory.begin() + length_of(wiped)), wiped);
+    }
+    ASSERT_GT(HASH_Begin(memory.data(), 4096, "sha256", 0), 0);
+    EXPECT_LT(HASH_Begin(memory.data(), 4096, "sha3", 0), 0);
+    EXPECT_EQ(HASH_Add(memory.data(), "a", 1), INVALID_DATA_ERROR);
+    ASSERT_GT(hmac("sha256", 16, 0), 0);
+    EXPECT_LT(hmac("sha256", -1, 0), 0);
+    EXPECT_EQ(HMAC_Add(memory.data(), "a", 1), INVALID_DATA_ERROR);
+    EXPECT_EQ(CIPHER_Begin(nullptr, 0, 1, nullptr, 0, nullptr, 0, "aes-128-gcm", 0), -NOT_SUPPORTED_ERROR);
+    EXPECT_GT(CIPHER_Begin(nullptr, 0, 1, nullptr, 0, nullptr, 0, "aes-128-ctr", 0), 0);
+
+    char text[200];
+    const auto isExplained = [&](int result) { return result < 0 && ZUL_LastError(text, 199) > 0; };
+    EXPECT_TRUE(isExplained(HASH_Begin(memory.data(), 4096, "sha256", 1)));
+    EXPECT_TRUE(isExplained(HASH_Begin(memory.data(), 1, "sha256", 0)));
+    EXPECT_TRUE(isExplained(hmac("sha256", -1, 0)));
+    EXPECT_TRUE(isExplained(cipher("aes-128-cbc", 16, 16, 2)));
+    EXPECT_TRUE(isExplained(CIPHER_End(nullptr, 0, memory.data())));
 }
 
 TEST(AeadExports, KeepTheirWord) {
@@ -283,6 +317,10 @@ TEST(AeadExports, KeepTheirWord) {
         EXPECT_EQ(decrypt(nullptr, 0, out, 78, name, 0, ZUL_AEAD_RANDOM_NONCE), 50);
         EXPECT_EQ(decrypt(plain.data(), 50, out, 78, name, 0, ZUL_AEAD_RANDOM_NONCE), 50);
         EXPECT_EQ(plain, data);
+        Bytes inPlace(66);
+        ASSERT_EQ(encrypt(inPlace, 50, name, 12, 0), 66);
+        EXPECT_EQ(decrypt(inPlace.data(), 50, inPlace, 66, name, 12, 0), 50);
+        EXPECT_EQ(Bytes(inPlace.begin(), inPlace.begin() + 50), data);
         for (const size_t changed : {0u, 12u, 61u, 62u, 77u}) { // nonce, content, tag
             other = out;
             other[changed] ^= 0x80;

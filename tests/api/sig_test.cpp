@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cstring>
 #include <gtest/gtest.h>
 
 #include "support/key_calls.h"
@@ -155,6 +156,11 @@ TEST(Signature, OfPssHasTheVeryEncoding) {
             for (const char* checked : names)
                 EXPECT_EQ(verify_data(signature, kData, key, checked), made == checked ? 0 : SIGNATURE_ERROR)
                     << made << " as " << checked;
+            const bool isOfAny =
+                std::string_view(made).starts_with("rsa-pss-sha256") && strstr(made, "mgf") == nullptr;
+            EXPECT_EQ(verify_data(signature, kData, key, "rsa-pss-sha256;salt=any"),
+                      isOfAny ? 0 : SIGNATURE_ERROR)
+                << made;
         }
         EXPECT_EQ(verify_data(sign_data(kData, key, ""), kData, key, "rsa-pss-sha-256;salt=32"), 0);
 
@@ -177,13 +183,42 @@ TEST(Signature, OfPssHasTheVeryEncoding) {
             Bytes bad = block;
             bad[damage.at] ^= damage.change;
             ASSERT_EQ(RSA_RawPrivate(bad.data(), size, key.c_str(), 0), 0);
-            EXPECT_EQ(verify_data(bad, kData, key, "rsa-pss-sha256"), SIGNATURE_ERROR) << damage.what;
+            for (const char* name : {"rsa-pss-sha256", "rsa-pss-sha256;salt=any"})
+                EXPECT_EQ(verify_data(bad, kData, key, name), SIGNATURE_ERROR) << damage.what;
         }
         ASSERT_EQ(RSA_RawPrivate(block.data(), size, key.c_str(), 0), 0);
         EXPECT_EQ(verify_data(block, kData, key, "rsa-pss-sha256"), 0);
         block.insert(block.begin(), 0);
         EXPECT_EQ(verify_data(block, kData, key, "rsa-pss-sha256"), SIGNATURE_ERROR);
     }
+}
+
+// A key whose parameters are SHA-256, MGF1 with SHA-384 and a salt of 24 bytes at least.
+TEST(Signature, OfPssKeepsTheRulesOfTheKey) {
+    const TempDir dir;
+    const std::string key = make_key("rsa-1024"), file = dir.file("key");
+    ASSERT_EQ(KEY_Save(file.c_str(), public_of(key).c_str(), nullptr, nullptr, ZUL_KEY_FORMAT_OWN), 0);
+    const Bytes own = read_file(file);
+    ASSERT_EQ(own.size(), 0x8cU);
+    const std::string ruled =
+        read_der(joined({from_hex("3081d1 303f 06092a864886f70d01010a 3032 a00d300b0609608648016503040201"
+                                  "a11c301a06092a864886f70d010108 300d0609608648016503040202 0500 a203020118"
+                                  "03818d00"),
+                         own}));
+    EXPECT_EQ(ask_key(ruled, "hash") + ask_key(ruled, "MGF") + ask_key(ruled, "salt"), "sha256sha38424");
+    EXPECT_EQ(ask_key(key, "hash") + ask_key(key, "mgf") + ask_key(key, "salt"), "0");
+    EXPECT_EQ(ask_key(ruled, "exponent"), "010001");
+    EXPECT_EQ(ask_key(make_key("p-256"), "exponent"), "");
+    const std::string name = "rsa-pss-sha256;mgf=sha384;salt=";
+    const struct {
+        const char *made, *checked;
+        int code;
+    } rows[] = {{"40", "40", 0},  {"40", "24", SIGNATURE_ERROR},  {"40", "any", 0},
+                {"24", "any", 0}, {"23", "any", SIGNATURE_ERROR}, {"23", "23", BAD_KEY_ERROR}};
+    for (const auto& row : rows)
+        EXPECT_EQ(verify_data(sign_data(kData, key, name + row.made), kData, ruled, name + row.checked),
+                  row.code)
+            << row.made << " as " << row.checked;
 }
 
 TEST(Signature, AlgorithmsAndKeysHaveToFit) {
@@ -197,6 +232,7 @@ TEST(Signature, AlgorithmsAndKeysHaveToFit) {
                 {rsa, "rsa-pss-sha512", 0, BAD_KEY_LEN_ERROR},
                 {rsa, "rsa-pss-sha256;salt=95", 0, BAD_KEY_LEN_ERROR},
                 {rsa, "rsa-pss-sha256;salt=", 0, BAD_PARAM_ERROR},
+                {rsa, "rsa-pss-sha256;salt=any", 0, BAD_PARAM_ERROR},
                 {rsa, "rsa-pss-sha256;salt=1;salt=1", 0, BAD_PARAM_ERROR},
                 {rsa, "rsa-pss-sha256;", 0, BAD_PARAM_ERROR},
                 {rsa, "rsa-pss-sha256;mgf=crc", 0, NOT_SUPPORTED_ERROR},
@@ -222,6 +258,9 @@ TEST(Signature, AlgorithmsAndKeysHaveToFit) {
     EXPECT_EQ(SIG_Sign(nullptr, 0, nullptr, 1, ec.c_str(), "", 0), -BAD_PARAM_ERROR);
     Bytes room(71);
     EXPECT_EQ(SIG_Sign(nullptr, 0, nullptr, 0, ec.c_str(), "", 0), 72);
+    const std::string small =
+        read_der(from_hex("301d02010002020ca102011102020ac102013d020135020135020131020126"));
+    EXPECT_EQ(SIG_Sign(nullptr, 0, nullptr, 0, small.c_str(), "rsa-sha256", 0), -BAD_KEY_LEN_ERROR);
     EXPECT_EQ(SIG_Sign(room.data(), 71, nullptr, 0, ec.c_str(), "", 0), -SHORT_BUF_ERROR);
     EXPECT_NE(sign_data(kData, ec, ""), sign_data(kData, ec, "")); // 32 random bytes
     EXPECT_EQ(sign_data(kData, ec, "", ZUL_SIG_DETERMINISTIC),
