@@ -112,6 +112,23 @@ wrap_key() {
     quote_words
 }
 
+seal_file() {
+    local recipient
+    recipient=$("${zul[@]}" identity my.key)
+    "${zul[@]}" seal -r "$recipient" "$input" sealed.age
+    expect seal "for $recipient: $(stat -c %s sealed.age) bytes" differs "$file" sealed.age
+    "${zul[@]}" open -i my.key sealed.age opened.bin
+    expect open "gives the original back, byte for byte" cmp -s "$file" opened.bin
+    age -d -i my.key -o age.bin sealed.age
+    expect age "'age -d' opens it to the original too" cmp -s "$file" age.bin
+    age -r "$recipient" <"$file" >theirs.age
+    "${zul[@]}" open -i my.key theirs.age opened.bin
+    expect "" "and what 'age -r' makes opens here" cmp -s "$file" opened.bin
+    head -c -1 sealed.age >damaged.bin
+    expect damage "last byte cut off: refused with 15" refused 15 open -i my.key damaged.bin never.bin
+    quote_words
+}
+
 make_keys() {
     local search
     "${zul[@]}" random 16 --hex >password
@@ -177,6 +194,7 @@ demonstrate() {
     refuse_damage
     refuse_wrong_key
     wrap_key
+    seal_file
     make_keys
     sign_and_verify
     sign_on_curves

@@ -53,8 +53,8 @@ class Others(ToolTest):
 
     def test_help(self):
         overview = self.done("--help").decode()
-        commands = ("hash hmac encrypt decrypt wrap unwrap key sign verify rsa-encrypt rsa-decrypt cert request crl cms pfx "
-                    "ocsp encode decode der random wipe error version")
+        commands = ("hash hmac encrypt decrypt seal open identity wrap unwrap key sign verify rsa-encrypt rsa-decrypt cert request "
+                    "crl cms pfx ocsp encode decode der random wipe error version")
         inner = {"key": "make show convert match check", "cert": "self issue show query verify path thumb",
                  "request": "make show", "crl": "make check show",
                  "cms": "sign verify encrypt decrypt show certs", "cms certs": "make extract", "pfx": "make verify extract",

@@ -10,6 +10,7 @@ namespace tool {
 
 void add_digest_commands(CLI::App& app);
 void add_cipher_commands(CLI::App& app);
+void add_seal_commands(CLI::App& app);
 void add_wrap_commands(CLI::App& app);
 void add_encode_commands(CLI::App& app);
 void add_random_command(CLI::App& app);

@@ -99,6 +99,7 @@ int tool::run_tool(int argc, char** argv) {
                    "Exit status: 0 done, 1 refused by the library, 2 wrong arguments.");
         tool::add_digest_commands(app);
         tool::add_cipher_commands(app);
+        tool::add_seal_commands(app);
         tool::add_wrap_commands(app);
         tool::add_key_commands(app);
         tool::add_sign_commands(app);
