@@ -19,15 +19,7 @@ struct State {
     uint8_t stream[kChaChaBlock];
 };
 
-ChaChaKernel* kernel();
-
-void next_block(State& s) {
-    if (ChaChaKernel* const bulk = kernel()) {
-        memset(s.stream, 0, sizeof s.stream);
-        bulk(s.stream, s.stream, sizeof s.stream, s.words);
-        s.words[12]++;
-        return;
-    }
+void portable_block(State& s) {
     memcpy(s.x, s.words, sizeof s.x);
     for (int i = 0; i < 10; i++)
         chacha_double_round(s.x, [](uint32_t a, int bits) { return a << bits | a >> (32 - bits); });
@@ -36,19 +28,34 @@ void next_block(State& s) {
         for (size_t j = 0; j < 4; j++)
             s.stream[4 * i + j] = static_cast<uint8_t>(word >> 8 * j);
     }
-    s.words[12]++;
 }
 
-ChaChaKernel* kernel() {
+struct Kernel {
+    ChaChaKernel* run; // null if there is none
+    size_t blocks;     // in a group
+};
+
+Kernel wide_kernel() {
 #if ZUL_X86_64
     if (cpu_has(kCpuAvx512))
-        return chacha20_avx512;
+        return {chacha20_avx512, kChaChaAvx512Blocks};
     if (cpu_has(kCpuAvx2))
-        return chacha20_avx2;
+        return {chacha20_avx2, kChaChaAvx2Blocks};
+#endif
+    return {};
+}
+
+ChaChaKernel* narrow_kernel() {
+#if ZUL_X86_64
     if (cpu_has(kCpuSsse3))
         return chacha20_ssse3;
 #endif
     return nullptr;
+}
+
+void add_stream(uint8_t* out, const uint8_t* in, size_t size, const uint8_t* stream) {
+    for (size_t i = 0; i < size; i++)
+        out[i] = in[i] ^ stream[i];
 }
 
 } // namespace
@@ -64,18 +71,36 @@ void chacha20(uint8_t* out, const uint8_t* in, size_t size, const uint8_t* key, 
     s.words[12] = block;
     for (size_t i = 0; i < 3; i++)
         s.words[13 + i] = load(nonce + 4 * i);
-    if (ChaChaKernel* const bulk = kernel()) {
-        const size_t done = bulk(out, in, size, s.words);
+    const auto run = [&](ChaChaKernel* kernel) {
+        const size_t done = kernel(out, in, size, s.words);
         s.words[12] += static_cast<uint32_t>(done / kChaChaBlock);
         out += done;
         in += done;
         size -= done;
+    };
+    if (const Kernel wide = wide_kernel(); wide.run != nullptr) {
+        run(wide.run);
+        // A whole group takes less time than two single blocks.
+        if (size > kChaChaBlock) {
+            Secret<kChaChaAvx512Blocks * kChaChaBlock> stream;
+            wide.run(stream.data(), stream.data(), wide.blocks * kChaChaBlock, s.words);
+            add_stream(out, in, size, stream.data());
+            return;
+        }
     }
+    ChaChaKernel* const narrow = narrow_kernel();
+    if (narrow != nullptr)
+        run(narrow);
     while (size > 0) {
         const size_t part = size < kChaChaBlock ? size : kChaChaBlock;
-        next_block(s);
-        for (size_t i = 0; i < part; i++)
-            out[i] = in[i] ^ s.stream[i];
+        if (narrow != nullptr) {
+            memset(s.stream, 0, sizeof s.stream);
+            narrow(s.stream, s.stream, sizeof s.stream, s.words);
+        } else {
+            portable_block(s);
+        }
+        s.words[12]++;
+        add_stream(out, in, part, s.stream);
         out += part;
         in += part;
         size -= part;
@@ -84,11 +109,9 @@ void chacha20(uint8_t* out, const uint8_t* in, size_t size, const uint8_t* key, 
 
 const char* chacha20_kernel() {
 #if ZUL_X86_64
-    if (kernel() == chacha20_avx512)
-        return "avx512";
-    if (kernel() == chacha20_avx2)
-        return "avx2";
-    if (kernel() == chacha20_ssse3)
+    if (wide_kernel().run != nullptr)
+        return wide_kernel().run == chacha20_avx512 ? "avx512" : "avx2";
+    if (narrow_kernel() != nullptr)
         return "ssse3";
 #endif
     return "portable";

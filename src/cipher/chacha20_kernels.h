@@ -9,6 +9,8 @@ namespace zul {
 // first.
 using ChaChaKernel = size_t(uint8_t* out, const uint8_t* in, size_t size, const uint32_t state[16]);
 
+constexpr size_t kChaChaAvx2Blocks = 8, kChaChaAvx512Blocks = 16; // in a group; with SSSE3 it is one
+
 #if ZUL_X86_64
 ChaChaKernel chacha20_ssse3, chacha20_avx2, chacha20_avx512;
 #endif

@@ -5,37 +5,58 @@
 namespace zul {
 namespace {
 
-void make_tag(uint8_t* tag, const uint8_t* key, const uint8_t* nonce, const uint8_t* aad, size_t aadSize,
-              const uint8_t* encrypted, size_t size) {
-    Secret<kPoly1305Key> macKey;
-    chacha20(macKey.data(), macKey.data(), kPoly1305Key, key, nonce, 0);
-    Poly1305 mac(macKey.data());
-    mac.absorb_padded(aad, aadSize);
-    mac.absorb_padded(encrypted, size);
-    uint8_t lengths[kPoly1305Block];
-    for (size_t i = 0; i < 8; i++) {
-        lengths[i] = static_cast<uint8_t>(uint64_t{aadSize} >> 8 * i);
-        lengths[8 + i] = static_cast<uint8_t>(uint64_t{size} >> 8 * i);
+// The key stream of one message. Its blocks from 0 on, of which the first is the key of the tag, are made in
+// one go as far as they serve a short message.
+class KeyStream {
+  public:
+    KeyStream(const uint8_t* key, const uint8_t* nonce, size_t size)
+        : key_(key), nonce_(nonce), isShort_(size <= kShort) {
+        chacha20(first_.data(), first_.data(), kChaChaBlock + (isShort_ ? size : 0), key, nonce, 0);
     }
-    mac.absorb_padded(lengths, sizeof lengths);
-    mac.finish(tag);
-}
+    void make_tag(uint8_t* tag, const uint8_t* aad, size_t aadSize, const uint8_t* encrypted,
+                  size_t size) const {
+        Poly1305 mac(first_.data());
+        mac.absorb_padded(aad, aadSize);
+        mac.absorb_padded(encrypted, size);
+        uint8_t lengths[kPoly1305Block];
+        for (size_t i = 0; i < 8; i++) {
+            lengths[i] = static_cast<uint8_t>(uint64_t{aadSize} >> 8 * i);
+            lengths[8 + i] = static_cast<uint8_t>(uint64_t{size} >> 8 * i);
+        }
+        mac.absorb_padded(lengths, sizeof lengths);
+        mac.finish(tag);
+    }
+    void add_to(uint8_t* out, const uint8_t* in, size_t size) const {
+        if (!isShort_)
+            chacha20(out, in, size, key_, nonce_, 1);
+        for (size_t i = 0; isShort_ && i < size; i++)
+            out[i] = in[i] ^ first_[kChaChaBlock + i];
+    }
+
+  private:
+    static constexpr size_t kShort = 15 * kChaChaBlock;
+    const uint8_t *key_, *nonce_;
+    bool isShort_;
+    Secret<kChaChaBlock + kShort> first_;
+};
 
 } // namespace
 
 void chacha20_poly1305_encrypt(uint8_t* out, uint8_t* tag, const uint8_t* key, const uint8_t* nonce,
                                const uint8_t* aad, size_t aadSize, const uint8_t* in, size_t size) {
-    chacha20(out, in, size, key, nonce, 1);
-    make_tag(tag, key, nonce, aad, aadSize, out, size);
+    const KeyStream stream(key, nonce, size);
+    stream.add_to(out, in, size);
+    stream.make_tag(tag, aad, aadSize, out, size);
 }
 
 bool chacha20_poly1305_decrypt(uint8_t* out, const uint8_t* tag, const uint8_t* key, const uint8_t* nonce,
                                const uint8_t* aad, size_t aadSize, const uint8_t* in, size_t size) {
+    const KeyStream stream(key, nonce, size);
     Secret<kPoly1305Tag> expected;
-    make_tag(expected.data(), key, nonce, aad, aadSize, in, size);
+    stream.make_tag(expected.data(), aad, aadSize, in, size);
     if (!bytes_equal(expected.data(), tag, kPoly1305Tag))
         return false;
-    chacha20(out, in, size, key, nonce, 1);
+    stream.add_to(out, in, size);
     return true;
 }
 

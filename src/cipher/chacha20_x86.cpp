@@ -1,7 +1,6 @@
 // ChaCha20 over blocks side by side: a vector holds one word of 16 (AVX-512) or 8 (AVX2) blocks, or a row of
-// one block (SSSE3). Each kernel leaves what is too short for it to the next.
+// one block (SSSE3).
 #include "cipher/chacha20_kernels.h"
-#include "frame/wipe.h"
 
 #if ZUL_X86_64
 #include <immintrin.h>
@@ -9,27 +8,19 @@
 namespace zul {
 namespace {
 
-constexpr size_t kWide = 16, kNarrow = 8;
-
 // Four words of four blocks in each 128-bit lane change places: afterwards lane l of vector j holds four
-// words of block 4 l + j.
-ZUL_TARGET_AVX512 ZUL_ALWAYS_INLINE void transpose4(__m512i& a, __m512i& b, __m512i& c, __m512i& d) {
-    const __m512i ab0 = _mm512_unpacklo_epi32(a, b), ab1 = _mm512_unpackhi_epi32(a, b);
-    const __m512i cd0 = _mm512_unpacklo_epi32(c, d), cd1 = _mm512_unpackhi_epi32(c, d);
-    a = _mm512_unpacklo_epi64(ab0, cd0);
-    b = _mm512_unpackhi_epi64(ab0, cd0);
-    c = _mm512_unpacklo_epi64(ab1, cd1);
-    d = _mm512_unpackhi_epi64(ab1, cd1);
-}
-
-ZUL_TARGET_AVX2 ZUL_ALWAYS_INLINE void transpose4(__m256i& a, __m256i& b, __m256i& c, __m256i& d) {
-    const __m256i ab0 = _mm256_unpacklo_epi32(a, b), ab1 = _mm256_unpackhi_epi32(a, b);
-    const __m256i cd0 = _mm256_unpacklo_epi32(c, d), cd1 = _mm256_unpackhi_epi32(c, d);
-    a = _mm256_unpacklo_epi64(ab0, cd0);
-    b = _mm256_unpackhi_epi64(ab0, cd0);
-    c = _mm256_unpacklo_epi64(ab1, cd1);
-    d = _mm256_unpackhi_epi64(ab1, cd1);
-}
+// words of block 4 l + j. A macro, as a function has one target.
+#define ZUL_TRANSPOSE4(TARGET, Vector, prefix)                                                               \
+    TARGET ZUL_ALWAYS_INLINE void transpose4(Vector& a, Vector& b, Vector& c, Vector& d) {                   \
+        const Vector ab0 = prefix##_unpacklo_epi32(a, b), ab1 = prefix##_unpackhi_epi32(a, b);               \
+        const Vector cd0 = prefix##_unpacklo_epi32(c, d), cd1 = prefix##_unpackhi_epi32(c, d);               \
+        a = prefix##_unpacklo_epi64(ab0, cd0);                                                               \
+        b = prefix##_unpackhi_epi64(ab0, cd0);                                                               \
+        c = prefix##_unpacklo_epi64(ab1, cd1);                                                               \
+        d = prefix##_unpackhi_epi64(ab1, cd1);                                                               \
+    }
+ZUL_TRANSPOSE4(ZUL_TARGET_AVX512, __m512i, _mm512)
+ZUL_TRANSPOSE4(ZUL_TARGET_AVX2, __m256i, _mm256)
 
 ZUL_TARGET_AVX512 ZUL_ALWAYS_INLINE void add_stream(uint8_t* out, const uint8_t* in, __m512i stream) {
     _mm512_storeu_si512(out, _mm512_xor_si512(_mm512_loadu_si512(in), stream));
@@ -40,15 +31,9 @@ ZUL_TARGET_AVX2 ZUL_ALWAYS_INLINE void add_stream(uint8_t* out, const uint8_t* i
     _mm256_storeu_si256(reinterpret_cast<__m256i*>(out), _mm256_xor_si256(plain, stream));
 }
 
-ZUL_TARGET_AVX512 ZUL_ALWAYS_INLINE void quarter(__m512i& a, __m512i& b, __m512i& c, __m512i& d) {
-    a = _mm512_add_epi32(a, b);
-    d = _mm512_maskz_rol_epi32(0xFFFF, _mm512_xor_si512(d, a), 16);
-    c = _mm512_add_epi32(c, d);
-    b = _mm512_maskz_rol_epi32(0xFFFF, _mm512_xor_si512(b, c), 12);
-    a = _mm512_add_epi32(a, b);
-    d = _mm512_maskz_rol_epi32(0xFFFF, _mm512_xor_si512(d, a), 8);
-    c = _mm512_add_epi32(c, d);
-    b = _mm512_maskz_rol_epi32(0xFFFF, _mm512_xor_si512(b, c), 7);
+template<int bits>
+ZUL_TARGET_AVX512 ZUL_ALWAYS_INLINE __m512i rotate(__m512i x) {
+    return _mm512_maskz_rol_epi32(0xFFFF, x, bits);
 }
 
 template<int bits>
@@ -63,17 +48,6 @@ ZUL_TARGET_AVX2 ZUL_ALWAYS_INLINE __m256i rotate(__m256i x) {
         return _mm256_or_si256(_mm256_slli_epi32(x, bits), _mm256_srli_epi32(x, 32 - bits));
 }
 
-ZUL_TARGET_AVX2 ZUL_ALWAYS_INLINE void quarter(__m256i& a, __m256i& b, __m256i& c, __m256i& d) {
-    a = _mm256_add_epi32(a, b);
-    d = rotate<16>(_mm256_xor_si256(d, a));
-    c = _mm256_add_epi32(c, d);
-    b = rotate<12>(_mm256_xor_si256(b, c));
-    a = _mm256_add_epi32(a, b);
-    d = rotate<8>(_mm256_xor_si256(d, a));
-    c = _mm256_add_epi32(c, d);
-    b = rotate<7>(_mm256_xor_si256(b, c));
-}
-
 template<int bits>
 ZUL_TARGET_SSSE3 ZUL_ALWAYS_INLINE __m128i rotate(__m128i x) {
     if constexpr (bits == 16)
@@ -84,17 +58,21 @@ ZUL_TARGET_SSSE3 ZUL_ALWAYS_INLINE __m128i rotate(__m128i x) {
         return _mm_or_si128(_mm_slli_epi32(x, bits), _mm_srli_epi32(x, 32 - bits));
 }
 
-// Four quarter rounds, over the rows of one block.
-ZUL_TARGET_SSSE3 ZUL_ALWAYS_INLINE void quarter(__m128i& a, __m128i& b, __m128i& c, __m128i& d) {
-    a = _mm_add_epi32(a, b);
-    d = rotate<16>(_mm_xor_si128(d, a));
-    c = _mm_add_epi32(c, d);
-    b = rotate<12>(_mm_xor_si128(b, c));
-    a = _mm_add_epi32(a, b);
-    d = rotate<8>(_mm_xor_si128(d, a));
-    c = _mm_add_epi32(c, d);
-    b = rotate<7>(_mm_xor_si128(b, c));
-}
+// Quarter rounds side by side, one in each lane.
+#define ZUL_QUARTER(TARGET, Vector, add, exclusive_or)                                                       \
+    TARGET ZUL_ALWAYS_INLINE void quarter(Vector& a, Vector& b, Vector& c, Vector& d) {                      \
+        a = add(a, b);                                                                                       \
+        d = rotate<16>(exclusive_or(d, a));                                                                  \
+        c = add(c, d);                                                                                       \
+        b = rotate<12>(exclusive_or(b, c));                                                                  \
+        a = add(a, b);                                                                                       \
+        d = rotate<8>(exclusive_or(d, a));                                                                   \
+        c = add(c, d);                                                                                       \
+        b = rotate<7>(exclusive_or(b, c));                                                                   \
+    }
+ZUL_QUARTER(ZUL_TARGET_AVX512, __m512i, _mm512_add_epi32, _mm512_xor_si512)
+ZUL_QUARTER(ZUL_TARGET_AVX2, __m256i, _mm256_add_epi32, _mm256_xor_si256)
+ZUL_QUARTER(ZUL_TARGET_SSSE3, __m128i, _mm_add_epi32, _mm_xor_si128)
 
 #define ZUL_DOUBLE_ROUND(x)                                                                                  \
     quarter(x[0], x[4], x[8], x[12]);                                                                        \
@@ -140,10 +118,10 @@ ZUL_TARGET_SSSE3 size_t chacha20_ssse3(uint8_t* out, const uint8_t* in, size_t s
 
 ZUL_TARGET_AVX512 size_t chacha20_avx512(uint8_t* out, const uint8_t* in, size_t size,
                                          const uint32_t state[16]) {
-    constexpr size_t kGroup = kWide * kChaChaBlock;
+    constexpr size_t kGroup = kChaChaAvx512Blocks * kChaChaBlock;
     size_t done = 0;
     uint32_t counter = state[12];
-    for (; size - done >= kGroup; done += kGroup, counter += kWide) {
+    for (; size - done >= kGroup; done += kGroup, counter += kChaChaAvx512Blocks) {
         __m512i x[16];
 #pragma GCC unroll 16
         for (size_t i = 0; i < 16; i++)
@@ -176,21 +154,15 @@ ZUL_TARGET_AVX512 size_t chacha20_avx512(uint8_t* out, const uint8_t* in, size_t
             add_stream(to + 12 * kChaChaBlock, from + 12 * kChaChaBlock, _mm512_shuffle_i32x4(a1, b1, 0xDD));
         }
     }
-    uint32_t next[16];
-    for (size_t i = 0; i < 16; i++)
-        next[i] = state[i];
-    next[12] = counter;
     _mm256_zeroall();
-    done += chacha20_avx2(out + done, in + done, size - done, next);
-    wipe_bytes(next, sizeof next);
     return done;
 }
 
 ZUL_TARGET_AVX2 size_t chacha20_avx2(uint8_t* out, const uint8_t* in, size_t size, const uint32_t state[16]) {
-    constexpr size_t kGroup = kNarrow * kChaChaBlock;
+    constexpr size_t kGroup = kChaChaAvx2Blocks * kChaChaBlock;
     size_t done = 0;
     uint32_t counter = state[12];
-    for (; size - done >= kGroup; done += kGroup, counter += kNarrow) {
+    for (; size - done >= kGroup; done += kGroup, counter += kChaChaAvx2Blocks) {
         __m256i x[16];
 #pragma GCC unroll 16
         for (size_t i = 0; i < 16; i++)
@@ -220,13 +192,7 @@ ZUL_TARGET_AVX2 size_t chacha20_avx2(uint8_t* out, const uint8_t* in, size_t siz
                        _mm256_permute2x128_si256(x[8 + j], x[12 + j], 0x31));
         }
     }
-    uint32_t next[16];
-    for (size_t i = 0; i < 16; i++)
-        next[i] = state[i];
-    next[12] = counter;
     _mm256_zeroall();
-    done += chacha20_ssse3(out + done, in + done, size - done, next);
-    wipe_bytes(next, sizeof next);
     return done;
 }
 
