@@ -20,7 +20,7 @@ struct CurveOperations {
     static constexpr const MontgomeryModulus<N>& kOrder = Field::kOrder;
     // How deep the frames of a multiple of the base point and of another point reach. They hold field
     // elements that no object wipes, in numbers that vary with the compiler.
-    static constexpr size_t kBaseDepth = 12 * 1024, kPointDepth = 32 * 1024;
+    static constexpr size_t kBaseDepth = 8 * 1024, kPointDepth = 16 * 1024;
     using Element = typename Field::Element;
     using Integer = Limbs<N>;
     using Affine = AffinePoint<Field>;
@@ -52,8 +52,8 @@ struct CurveOperations {
     // Products modulo the order of two plain integers.
     static void order_multiply(Integer& product, const Integer& a, const Integer& b) {
         Integer raised;
-        montgomery_multiply(raised, a, kOrder.square, kOrder.p, kOrder.negatedInverse);
-        montgomery_multiply(product, raised, b, kOrder.p, kOrder.negatedInverse);
+        montgomery_multiply(raised, a, kOrder.square, kOrder);
+        montgomery_multiply(product, raised, b, kOrder);
     }
     static void reduce_once(Integer& a) { montgomery_reduce_once(a, 0, kOrder.p); }
 

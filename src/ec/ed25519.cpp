@@ -35,8 +35,8 @@ void scalar_reduce(Scalar& result, const uint8_t* bytes) {
     *low = read_little_endian(bytes);
     *high = read_little_endian(bytes + 32);
     // A product with 2^512 or 2^256 modulo L, divided by 2^256.
-    montgomery_multiply(*high, *high, kEdwardsOrder.square, kEdwardsOrder.p, kEdwardsOrder.negatedInverse);
-    montgomery_multiply(*low, *low, kEdwardsOrder.one, kEdwardsOrder.p, kEdwardsOrder.negatedInverse);
+    montgomery_multiply(*high, *high, kEdwardsOrder.square, kEdwardsOrder);
+    montgomery_multiply(*low, *low, kEdwardsOrder.one, kEdwardsOrder);
     montgomery_add(result, *high, *low, kEdwardsOrder.p);
 }
 
@@ -271,8 +271,8 @@ bool make_signature(uint8_t* signature, const uint8_t* privateKey, const uint8_t
         return false;
     }
     // S = r + k a
-    montgomery_multiply(*k, *k, kEdwardsOrder.square, kEdwardsOrder.p, kEdwardsOrder.negatedInverse);
-    montgomery_multiply(*k, *k, *key.scalar, kEdwardsOrder.p, kEdwardsOrder.negatedInverse);
+    montgomery_multiply(*k, *k, kEdwardsOrder.square, kEdwardsOrder);
+    montgomery_multiply(*k, *k, *key.scalar, kEdwardsOrder);
     montgomery_add(*k, *k, *r, kEdwardsOrder.p);
     write_little_endian(signature + 32, *k);
     return true;

@@ -49,11 +49,29 @@ constexpr ZUL_ALWAYS_INLINE void montgomery_halve(Limbs<N>& half, const Limbs<N>
         half[i] = raised[i] >> 1 | (i + 1 < N ? raised[i + 1] : carry) << 63;
 }
 
+// A step of the reduction adds the multiple of p that clears limb 0 of top:t and moves the rest down by a
+// limb; the carry out of it is the result.
+template<size_t N>
+struct MontgomeryStep {
+    const MontgomeryModulus<N>& modulus;
+
+    constexpr ZUL_ALWAYS_INLINE uint64_t operator()(Limbs<N>& t, uint64_t top) const {
+        const uint64_t quotient = t[0] * modulus.negatedInverse;
+        uint64_t high = 0, carry = 0;
+        multiply_add(t[0], quotient, modulus.p[0], high);
+#pragma GCC unroll 16
+        for (size_t j = 1; j < N; j++)
+            t[j - 1] = multiply_add(t[j], quotient, modulus.p[j], high);
+        t[N - 1] = add_carry(top, high, carry);
+        return carry;
+    }
+};
+
 // montgomery_multiply gives a * b * 2^-64N modulo p, below p if a * b < p * 2^64N (operand scanning, with the
 // reduction of each limb in the same pass).
-template<size_t N>
+template<size_t N, class Step>
 constexpr ZUL_ALWAYS_INLINE void montgomery_multiply(Limbs<N>& product, const Limbs<N>& a, const Limbs<N>& b,
-                                                     const Limbs<N>& p, uint64_t negatedInverse) {
+                                                     const Limbs<N>& p, const Step& step) {
     Limbs<N> t{};
     uint64_t top = 0;
 #pragma GCC unroll 16
@@ -64,19 +82,16 @@ constexpr ZUL_ALWAYS_INLINE void montgomery_multiply(Limbs<N>& product, const Li
             t[j] = multiply_add(t[j], a[i], b[j], high);
         uint64_t carry = 0;
         const uint64_t sum = add_carry(top, high, carry);
-
-        const uint64_t quotient = t[0] * negatedInverse;
-        high = 0;
-        multiply_add(t[0], quotient, p[0], high);
-#pragma GCC unroll 16
-        for (size_t j = 1; j < N; j++)
-            t[j - 1] = multiply_add(t[j], quotient, p[j], high);
-        uint64_t last = 0;
-        t[N - 1] = add_carry(sum, high, last);
-        top = carry + last;
+        top = carry + step(t, sum);
     }
     product = t;
     montgomery_reduce_once(product, top, p);
+}
+
+template<size_t N>
+constexpr ZUL_ALWAYS_INLINE void montgomery_multiply(Limbs<N>& product, const Limbs<N>& a, const Limbs<N>& b,
+                                                     const MontgomeryModulus<N>& modulus) {
+    montgomery_multiply(product, a, b, modulus.p, MontgomeryStep<N>{modulus});
 }
 
 template<size_t N>
@@ -95,7 +110,7 @@ constexpr MontgomeryModulus<N> montgomery_modulus(const Limbs<N>& p) {
             modulus.one = power;
     }
     modulus.square = power;
-    montgomery_multiply(modulus.cube, power, power, p, modulus.negatedInverse);
+    montgomery_multiply(modulus.cube, power, power, modulus);
     return modulus;
 }
 
