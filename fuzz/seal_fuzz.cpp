@@ -42,7 +42,7 @@ static FileInput input_of(const std::string& path) {
     return FileInput(File(path.c_str(), platform::OpenMode::read), path.c_str());
 }
 
-static std::string rest_of(SealInput& input) {
+static std::string rest_of(ArmourReader& input) {
     std::string all;
     uint8_t part[1000];
     while (const size_t got = input.read(part, sizeof part))
@@ -77,8 +77,7 @@ static void check_armour(const std::string& in, const std::string& out) {
 
 static void check_sealed(const std::string& in, const std::string& out) {
     FileInput file = input_of(in);
-    ArmourReader armour(file);
-    SealInput& input = armour_begins(file) ? static_cast<SealInput&>(armour) : file;
+    SealInput input(file, armour_begins(file));
     AgeHeader header;
     const int read = header.read(input);
     require(read == 0 || read == BAD_FORMAT_ERROR);

@@ -1,6 +1,6 @@
 #pragma once
 #include "frame/file_writer.h"
-#include "seal/seal_input.h"
+#include "seal/file_input.h"
 
 // The armour of age files: PEM (RFC 7468) in its strict form, with the label "AGE ENCRYPTED FILE" and lines
 // of 64 columns.
@@ -13,12 +13,12 @@ constexpr size_t kMostArmourBlanks = 1024;               // around the armour, a
 bool armour_begins(FileInput& input);
 
 // ArmourReader gives the bytes that the armour holds. What it refuses is BAD_FORMAT_ERROR.
-class ArmourReader final : public SealInput {
+class ArmourReader {
   public:
     explicit ArmourReader(FileInput& input) : input_(input) {}
 
-    size_t read(uint8_t* out, size_t size) override;
-    int error() const override { return input_.error() != 0 ? input_.error() : error_; }
+    size_t read(uint8_t* out, size_t size); // as FileInput
+    int error() const { return input_.error() != 0 ? input_.error() : error_; }
 
   private:
     void begin();
@@ -32,6 +32,22 @@ class ArmourReader final : public SealInput {
     uint8_t bytes_[kArmourBytes]{};
     size_t next_ = 0, filled_ = 0;
     int error_ = 0;
+};
+
+// SealInput gives a file's bytes, or those in its armour.
+class SealInput {
+  public:
+    SealInput(FileInput& file, bool armoured) : file_(file), armour_(file), armoured_(armoured) {}
+
+    size_t read(uint8_t* out, size_t size) {
+        return armoured_ ? armour_.read(out, size) : file_.read(out, size);
+    }
+    int error() const { return armoured_ ? armour_.error() : file_.error(); }
+
+  private:
+    FileInput& file_;
+    ArmourReader armour_;
+    const bool armoured_;
 };
 
 // SealOutput writes a file's bytes, in armour if so wanted.

@@ -1,6 +1,6 @@
 #pragma once
+#include "seal/age_armour.h"
 #include "seal/file_key.h"
-#include "seal/seal_input.h"
 
 namespace zul {
 

@@ -116,10 +116,11 @@ int seal_file(const SealRequest& request) {
     FileWriter writer = open_output(names);
     if (!writer.is_open())
         return output_failure(names, CREATE_ERROR);
+    SealInput plain(input, false);
     SealOutput output(writer, (request.options & ZUL_SEAL_ARMOUR) != 0);
     int code = output.write(header.text().data(), header.text().size()) ? 0 : WRITE_ERROR;
     if (code == 0)
-        code = seal_payload(output, input, fileKey);
+        code = seal_payload(output, plain, fileKey);
     if (code == 0 && !output.finish())
         code = WRITE_ERROR;
     return code == WRITE_ERROR ? output_failure(names, code) : code;
@@ -141,8 +142,7 @@ int seal_open_file(const SealRequest& request) {
     FileInput input(std::move(file), names.in);
     if (const int code = check_not_same(input, names))
         return code;
-    ArmourReader armour(input);
-    SealInput& bytes = armour_begins(input) ? static_cast<SealInput&>(armour) : input;
+    SealInput bytes(input, armour_begins(input));
     FileKey fileKey;
     {
         AgeHeader header;

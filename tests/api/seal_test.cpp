@@ -1,8 +1,4 @@
 #include <filesystem>
-#ifndef _WIN32
-#include <fcntl.h>
-#include <unistd.h>
-#endif
 
 #include "support/module_calls.h"
 
@@ -39,29 +35,6 @@ TEST(Seal, RoundTrips) {
     ASSERT_EQ(SEAL_File(sealed.c_str(), in.c_str(), nullptr, "secret", 0), 0);
     ASSERT_EQ(SEAL_OpenFile(out.c_str(), sealed.c_str(), identity.c_str(), "secret", 0), 0);
     ASSERT_TRUE(test::read_file(out) == test::read_file(in));
-#ifndef _WIN32
-    // Standard input and output, which stay open.
-    const int oldIn = dup(0), oldOut = dup(1), fileIn = open(in.c_str(), O_RDONLY),
-              fileSealed = open(sealed.c_str(), O_RDWR | O_TRUNC),
-              fileOut = open(out.c_str(), O_RDWR | O_TRUNC);
-    dup2(fileIn, 0);
-    dup2(fileSealed, 1);
-    const int both = ZUL_SEAL_STDIN | ZUL_SEAL_STDOUT;
-    const int done = SEAL_File(nullptr, nullptr, recipient_of(identity).c_str(), nullptr, both);
-    lseek(fileSealed, 0, SEEK_SET);
-    dup2(fileSealed, 0);
-    const int same = SEAL_OpenFile(nullptr, nullptr, identity.c_str(), nullptr, both);
-    dup2(fileOut, 1);
-    const int opened = SEAL_OpenFile("", "", identity.c_str(), nullptr, both);
-    dup2(oldIn, 0);
-    dup2(oldOut, 1);
-    for (const int file : {oldIn, oldOut, fileIn, fileSealed, fileOut})
-        close(file);
-    EXPECT_EQ(done, 0);
-    EXPECT_EQ(same, BAD_PARAM_ERROR);
-    EXPECT_EQ(opened, 0);
-    EXPECT_TRUE(test::read_file(out) == test::read_file(in));
-#endif
 }
 
 TEST(Seal, KeysOfItsTexts) {

@@ -32,12 +32,21 @@ void with_password(const std::string& password, const std::string& arguments) {
 class SealInterop : public testing::Test {
   protected:
     void SetUp() override {
-        for (const std::string& key : {one_, two_}) {
-            run("age-keygen -o " + key + " 2>/dev/null && age-keygen -y -o " + key + ".pub " + key);
-            std::string made =
-                test::text_of([&](char* out, int room) { return SEAL_Recipient(out, room, key.c_str()); });
-            EXPECT_EQ(made + '\n', test::read_text(key + ".pub"));
-        }
+        run("age-keygen -o " + theirs_ + " 2>/dev/null && age-keygen -y -o " + theirs_ + ".pub " + theirs_);
+        EXPECT_EQ(recipient_of(theirs_) + '\n', test::read_text(theirs_ + ".pub"));
+        dir_.write("ours",
+                   test::text_of([](char* out, int room) { return SEAL_MakeIdentity(out, room, 0); }));
+    }
+    std::string recipient_of(const std::string& file) {
+        return test::text_of([&](char* out, int room) { return SEAL_Recipient(out, room, file.c_str()); });
+    }
+    void seal(const char* recipients, const char* password, int options) {
+        ASSERT_EQ(SEAL_File(sealed_.c_str(), in_.c_str(), recipients, password, options), 0)
+            << test::last_error();
+    }
+    void open(const char* identities, const char* password) {
+        ASSERT_EQ(SEAL_OpenFile(out_.c_str(), sealed_.c_str(), identities, password, 0), 0)
+            << test::last_error();
     }
     void expect_content(const test::Bytes& content) {
         EXPECT_TRUE(test::read_file(out_) == content) << content.size();
@@ -45,37 +54,27 @@ class SealInterop : public testing::Test {
     }
 
     const test::TempDir dir_;
-    const std::string one_ = dir_.file("one"), two_ = dir_.file("two"), in_ = dir_.file("in"),
+    const std::string theirs_ = dir_.file("theirs"), ours_ = dir_.file("ours"), in_ = dir_.file("in"),
                       sealed_ = dir_.file("sealed"), out_ = dir_.file("out");
 };
 
 } // namespace
 
 TEST_F(SealInterop, FilesForRecipients) {
-    const std::string own = dir_.file("own");
-    const std::string identity =
-        test::text_of([](char* out, int room) { return SEAL_MakeIdentity(out, room, 0); });
-    dir_.write("own", identity);
-    const std::string ownRecipient =
-        test::text_of([&](char* out, int room) { return SEAL_Recipient(out, room, own.c_str()); });
-    const std::string list = one_ + ".pub;" + ownRecipient + ';' + two_ + ".pub";
+    const std::string ours = recipient_of(ours_), list = theirs_ + ".pub;" + ours;
     for (const size_t size : {0u, 1u, 1000u, 65535u, 65536u, 65537u, 131072u, 3u * 65536 + 48}) {
         const test::Bytes content(size, static_cast<uint8_t>(size + 7));
         dir_.write("in", content);
         for (const bool armoured : {false, true}) {
-            ASSERT_EQ(SEAL_File(sealed_.c_str(), in_.c_str(), list.c_str(), nullptr,
-                                armoured ? ZUL_SEAL_ARMOUR : 0),
-                      0)
-                << test::last_error();
-            for (const std::string& key : {one_, two_, own}) {
+            seal(list.c_str(), nullptr, armoured ? ZUL_SEAL_ARMOUR : 0);
+            for (const std::string& key : {theirs_, ours_}) {
                 run("age -d -i " + key + ' ' + sealed_ + " >" + out_); // -o makes no empty file
                 expect_content(content);
             }
-            run(std::string("age ") + (armoured ? "-a " : "") + "-R " + one_ + ".pub -r " + ownRecipient +
-                " -R " + two_ + ".pub -o " + sealed_ + ' ' + in_);
-            for (const std::string& key : {one_, two_, identity}) {
-                ASSERT_EQ(SEAL_OpenFile(out_.c_str(), sealed_.c_str(), key.c_str(), nullptr, 0), 0)
-                    << test::last_error();
+            run(std::string("age ") + (armoured ? "-a " : "") + "-R " + theirs_ + ".pub -r " + ours + " -o " +
+                sealed_ + ' ' + in_);
+            for (const std::string& key : {theirs_, ours_}) {
+                open(key.c_str(), nullptr);
                 expect_content(content);
             }
         }
@@ -85,37 +84,34 @@ TEST_F(SealInterop, FilesForRecipients) {
 TEST_F(SealInterop, FilesUnderAPassword) {
     const test::Bytes content(70000, 'p');
     dir_.write("in", content);
-    ASSERT_EQ(SEAL_File(sealed_.c_str(), in_.c_str(), nullptr, "correct-horse", ZUL_SEAL_ARMOUR), 0);
+    seal(nullptr, "correct-horse", ZUL_SEAL_ARMOUR);
     with_password("correct-horse", "-d -o " + out_ + ' ' + sealed_);
     expect_content(content);
     with_password("battery-staple", "-p -o " + sealed_ + ' ' + in_);
-    ASSERT_EQ(SEAL_OpenFile(out_.c_str(), sealed_.c_str(), nullptr, "battery-staple", 0), 0)
-        << test::last_error();
+    open(nullptr, "battery-staple");
     expect_content(content);
 }
 
 TEST_F(SealInterop, Pipes) {
     const test::Bytes content(300001, 's');
     dir_.write("in", content);
-    const int standard[] = {dup(0), dup(1)};
-    FILE* sealing = popen(("age -R " + one_ + ".pub <" + in_).c_str(), "r");
-    ASSERT_NE(sealing, nullptr);
-    dup2(fileno(sealing), 0);
-    const int opened = SEAL_OpenFile(out_.c_str(), nullptr, one_.c_str(), nullptr, ZUL_SEAL_STDIN);
-    dup2(standard[0], 0);
-    EXPECT_EQ(pclose(sealing), 0);
-    EXPECT_EQ(opened, 0) << test::last_error();
+    // with_pipe calls with one end of a pipe to a command as standard input or output.
+    const auto with_pipe = [](int standard, const std::string& command, const auto& call) {
+        const int old = dup(standard);
+        FILE* pipe = popen(command.c_str(), standard == 0 ? "r" : "w");
+        ASSERT_NE(pipe, nullptr);
+        dup2(fileno(pipe), standard);
+        EXPECT_EQ(call(), 0) << test::last_error();
+        dup2(old, standard);
+        close(old);
+        EXPECT_EQ(pclose(pipe), 0) << command;
+    };
+    with_pipe(0, "age -R " + theirs_ + ".pub <" + in_,
+              [&] { return SEAL_OpenFile(out_.c_str(), nullptr, theirs_.c_str(), nullptr, ZUL_SEAL_STDIN); });
     expect_content(content);
-
-    FILE* opening = popen(("age -d -i " + one_ + " >" + out_).c_str(), "w");
-    ASSERT_NE(opening, nullptr);
-    dup2(fileno(opening), 1);
-    const int sealed =
-        SEAL_File(nullptr, in_.c_str(), (one_ + ".pub").c_str(), nullptr, ZUL_SEAL_STDOUT | ZUL_SEAL_ARMOUR);
-    dup2(standard[1], 1);
-    EXPECT_EQ(pclose(opening), 0);
-    EXPECT_EQ(sealed, 0) << test::last_error();
+    with_pipe(1, "age -d -i " + theirs_ + " >" + out_, [&] {
+        return SEAL_File("", in_.c_str(), (theirs_ + ".pub").c_str(), nullptr,
+                         ZUL_SEAL_STDOUT | ZUL_SEAL_ARMOUR);
+    });
     expect_content(content);
-    close(standard[0]);
-    close(standard[1]);
 }

@@ -1,4 +1,4 @@
-#include "seal/seal_input.h"
+#include "seal/file_input.h"
 
 #include <algorithm>
 #include <cstring>

@@ -5,26 +5,16 @@
 
 namespace zul {
 
-// SealInput gives bytes in turn: those of a file, or those that its armour holds.
-class SealInput {
-  public:
-    // read copies up to size bytes: fewer only at the end or after a failure.
-    virtual size_t read(uint8_t* out, size_t size) = 0;
-    // error is the code of the failure that ended the bytes, which has its text; 0 if there was none.
-    virtual int error() const = 0;
-
-  protected:
-    ~SealInput() = default;
-};
-
-// FileInput reads large pieces straight into the caller's memory.
-class FileInput final : public SealInput {
+// FileInput reads a file, large pieces of it straight into the caller's memory.
+class FileInput {
   public:
     // The name is for error texts; null for standard input.
     FileInput(File file, const char* name) : file_(std::move(file)), name_(name), buffer_(kStreamBuffer) {}
 
-    size_t read(uint8_t* out, size_t size) override;
-    int error() const override { return error_; }
+    // read copies up to size bytes: fewer only at the end or after a failure.
+    size_t read(uint8_t* out, size_t size);
+    // error is the code of the failure that ended the bytes, which has its text; 0 if there was none.
+    int error() const { return error_; }
     platform::FileHandle handle() const { return file_.handle(); }
 
     // ahead gives the bytes that come next without taking them: at least wanted, unless the file ends before.
