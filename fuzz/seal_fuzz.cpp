@@ -10,8 +10,8 @@
 #include "seal/stream_payload.h"
 #include "zulcore.h"
 
-// What is read as a header is written the same. Its file key, from the identity of the seeds or just assumed,
-// never opens a payload that it would not seal, and armour gives the bytes that make the same armour.
+// Armour gives the same bytes in any pieces, and they make the same armour. Readers of headers, payloads and
+// lists of keys end in a code that they document.
 
 using namespace zul;
 

@@ -53,12 +53,12 @@ bool AgeKeys::add(std::string_view text) {
     return true;
 }
 
-int AgeKeys::add_line(std::string_view line, size_t number, const char* path) {
+int AgeKeys::add_line(std::string_view line, unsigned number, const char* path) {
     line = trimmed(line);
     if (line.empty() || line.front() == '#')
         return 0;
     if (line.size() > kBech32Longest || !add(line))
-        return err_fail(BAD_KEY_ERROR, "Line %zu of file '%s' is no %s", number, shown(path), word());
+        return err_fail(BAD_KEY_ERROR, "Line %u of file '%s' is no %s", number, shown(path), word());
     return count() > kMostAgeKeys ? OUT_OF_RANGE_ERROR : 0;
 }
 
@@ -69,7 +69,8 @@ int AgeKeys::read_file(const char* path) {
     const size_t before = count();
     Secret<kLongestLine + 1> line; // of a longer one the beginning, too long for a key
     Secret<4096> part;
-    size_t length = 0, number = 1;
+    size_t length = 0;
+    unsigned number = 1;
     const auto text = [&] { return std::string_view(reinterpret_cast<const char*>(line.data()), length); };
     while (const size_t got = reader.read(part.data(), part.size())) {
         for (size_t i = 0; i < got; i++) {
@@ -92,7 +93,7 @@ int AgeKeys::read_file(const char* path) {
 
 int AgeKeys::read(const char* list, AgeKeyKind kind) {
     kind_ = kind;
-    size_t number = 0;
+    unsigned number = 0;
     for (std::string_view rest = list; !rest.empty();) {
         const size_t end = std::min(rest.find(';'), rest.size());
         const std::string_view entry = trimmed(slice(rest, 0, end));
@@ -103,7 +104,7 @@ int AgeKeys::read(const char* list, AgeKeyKind kind) {
         int code = 0;
         if (is_key_text(entry)) {
             if (!add(entry))
-                code = err_fail(BAD_KEY_ERROR, "Entry %zu of the list is no %s", number, word());
+                code = err_fail(BAD_KEY_ERROR, "Entry %u of the list is no %s", number, word());
             else if (count() > kMostAgeKeys)
                 code = OUT_OF_RANGE_ERROR;
         } else {
@@ -112,7 +113,7 @@ int AgeKeys::read(const char* list, AgeKeyKind kind) {
             code = read_file(path.text());
         }
         if (code == OUT_OF_RANGE_ERROR)
-            err_add_text("More than %zu keys", kMostAgeKeys);
+            err_add_text("More than %u keys", kMostAgeKeys);
         if (code != 0)
             return code;
     }

@@ -8,7 +8,7 @@ namespace zul {
 
 constexpr std::string_view kRecipientPrefix = "age", kIdentityPrefix = "age-secret-key-";
 // A header for that many recipients is still read.
-constexpr size_t kMostAgeKeys = 20000;
+constexpr unsigned kMostAgeKeys = 20000;
 
 enum class AgeKeyKind { recipient, identity };
 
@@ -27,7 +27,7 @@ class AgeKeys {
 
     [[nodiscard]] int read_file(const char* path);
     [[nodiscard]] bool add(std::string_view text);
-    [[nodiscard]] int add_line(std::string_view line, size_t number, const char* path);
+    [[nodiscard]] int add_line(std::string_view line, unsigned number, const char* path);
     const char* word() const { return kind_ == AgeKeyKind::recipient ? "recipient" : "identity"; }
 
     AgeKeyKind kind_{};

@@ -78,7 +78,7 @@ int make_header(AgeHeader& header, const FileKey& fileKey, const AgeKeys& recipi
     for (size_t i = 0; i < recipients.count(); i++) {
         const int code = x25519_stanza_add(header, recipients.key(i), fileKey);
         if (code == BAD_KEY_ERROR)
-            err_add_text("Recipient %zu is a key of small order", i + 1);
+            err_add_text("Recipient %u is a key of small order", static_cast<unsigned>(i + 1));
         if (code != 0)
             return code;
     }
