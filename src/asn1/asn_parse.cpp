@@ -67,7 +67,6 @@ AsnList asn_Parse(ByteStream& stream, bool all, bool quiet, int packLevel) {
     AsnLevels levels;
     AsnHeader header;
     int64_t consumed = 0;
-    size_t end = stream.offset(); // of the nodes so far
     while (asn_read_header(stream, header) == 1) {
         consumed += header.hdrsize;
         const uint32_t level = levels.depth();
@@ -112,10 +111,8 @@ AsnList asn_Parse(ByteStream& stream, bool all, bool quiet, int packLevel) {
             return {};
         if (levels.depth() == 0 && !all)
             break;
-        end = stream.offset();
     }
-    const bool isWhole = levels.depth() == 0 && (!all || (stream.seek(end) && stream.at_end()));
-    return isWhole ? std::move(list) : AsnList();
+    return levels.depth() == 0 ? std::move(list) : AsnList();
 }
 
 AsnList asn_ParseBytes(const void* bytes, size_t n) {

@@ -8,7 +8,7 @@ namespace zul {
 class ByteStream;
 
 AsnList asn_ParseBytes(const void* bytes, size_t n); // one outermost element; what follows it is not read
-AsnList asn_ParseAll(const void* bytes, size_t n);   // successive elements, and nothing behind them
+AsnList asn_ParseAll(const void* bytes, size_t n);   // successive elements up to the end
 AsnList asn_ParseFile(const char* path);             // one outermost element
 AsnList asn_ParseBase64(const char* text);
 // All of them call asn_Parse. With quiet it sets no text, for data that may be something else. With a
