@@ -55,6 +55,12 @@ void mpModMult(DIGIT_T* a, const DIGIT_T* x, const DIGIT_T* y, const DIGIT_T* m,
 // mpModExp: y = x^e mod m for x below m. The base is never reduced: e = 0 gives 1 and e = 1 gives x itself,
 // whatever m is, and 1 is returned for both; 0 otherwise.
 int mpModExp(DIGIT_T* y, const DIGIT_T* x, const DIGIT_T* e, const DIGIT_T* m, size_t n);
+// mpModExpPair does two exponentiations, which takes less time than one after the other.
+struct MpPower {
+    DIGIT_T* y;
+    const DIGIT_T *x, *e, *m;
+};
+void mpModExpPair(const MpPower& a, const MpPower& b, size_t n);
 [[nodiscard]] int mpModInv(DIGIT_T* inv, const DIGIT_T* u, const DIGIT_T* v,
                            size_t n);                                // 1 and inv = 0 if there is none
 int mpGcd(DIGIT_T* g, const DIGIT_T* x, const DIGIT_T* y, size_t n); // 0

@@ -2,8 +2,10 @@
 #include "bignum/mp_exp_x86.h"
 
 #if ZUL_X86_64
+#include <algorithm>
 #include <cstring>
 #include <iterator>
+#include <type_traits>
 
 #include "bignum/mp_ifma_x86.h"
 #include "bignum/mp_scratch.h"
@@ -154,22 +156,90 @@ void run(DIGIT_T* y, const DIGIT_T* x, const DIGIT_T* e, size_t exponentBits, co
     engine.result(y);
 }
 
+// Writes down what window_power asks of an engine.
+class Steps {
+  public:
+    explicit Steps(const DIGIT_T* e, size_t exponentBits)
+        : scratch_(2 * exponentBits + window_powers(exponentBits)),
+          steps_(scratch_.take(2 * exponentBits + window_powers(exponentBits))) {
+        window_power(*this, e, exponentBits);
+    }
+    void power(size_t i) { add(kPower, i); }
+    void load(size_t i) { add(kLoad, i); }
+    void square() { add(kSquare, 0); }
+    void multiply(size_t i) { add(kMultiply, i); }
+
+    size_t count() const { return count_; }
+    template<class Engine>
+    void play(Engine& engine, size_t at) const {
+        const size_t i = steps_[at] >> 2;
+        switch (steps_[at] & 3) {
+        case kPower:
+            return engine.power(i);
+        case kLoad:
+            return engine.load(i);
+        case kSquare:
+            return engine.square();
+        default:
+            return engine.multiply(i);
+        }
+    }
+
+  private:
+    enum Kind : DIGIT_T { kPower, kLoad, kSquare, kMultiply };
+    void add(Kind kind, size_t i) { steps_[count_++] = static_cast<DIGIT_T>(i << 2 | kind); }
+
+    MpScratch scratch_;
+    DIGIT_T* steps_;
+    size_t count_ = 0;
+};
+
+template<size_t L>
+void run_pair(const MpPower& a, const MpPower& b, size_t n) {
+    const Steps steps[] = {Steps(a.e, mpBitLength(a.e, n)), Steps(b.e, mpBitLength(b.e, n))};
+    IfmaEngine<L> first(a.x, a.m, n, window_powers(mpBitLength(a.e, n)));
+    IfmaEngine<L> second(b.x, b.m, n, window_powers(mpBitLength(b.e, n)));
+    for (size_t i = 0; i < std::max(steps[0].count(), steps[1].count()); i++) {
+        if (i < steps[0].count())
+            steps[0].play(first, i);
+        if (i < steps[1].count())
+            steps[1].play(second, i);
+    }
+    first.result(a.y);
+    second.result(b.y);
+}
+
+// choose gives what make gives for the least size that holds a modulus of the given bits, null if there is
+// none.
+template<class Function, class Make>
+Function* choose(size_t bits, Make make) {
+    return bits < 200                       ? nullptr
+           : bits <= IfmaModulus<6>::kBits  ? make(std::integral_constant<size_t, 6>())
+           : bits <= IfmaModulus<11>::kBits ? make(std::integral_constant<size_t, 11>())
+           : bits <= IfmaModulus<16>::kBits ? make(std::integral_constant<size_t, 16>())
+           : bits <= IfmaModulus<21>::kBits ? make(std::integral_constant<size_t, 21>())
+           : bits <= IfmaModulus<31>::kBits ? make(std::integral_constant<size_t, 31>())
+           : bits <= IfmaModulus<41>::kBits ? make(std::integral_constant<size_t, 41>())
+                                            : nullptr;
+}
+
 } // namespace
 
 bool mod_exp_ifma(DIGIT_T* y, const DIGIT_T* x, const DIGIT_T* e, size_t exponentBits, const DIGIT_T* m,
                   size_t n) {
-    const size_t bits = mpBitLength(m, n);
-    const auto chosen = bits < 200                       ? nullptr
-                        : bits <= IfmaModulus<6>::kBits  ? run<6>
-                        : bits <= IfmaModulus<11>::kBits ? run<11>
-                        : bits <= IfmaModulus<16>::kBits ? run<16>
-                        : bits <= IfmaModulus<21>::kBits ? run<21>
-                        : bits <= IfmaModulus<31>::kBits ? run<31>
-                        : bits <= IfmaModulus<41>::kBits ? run<41>
-                                                         : nullptr;
+    const auto chosen = choose<decltype(run<6>)>(mpBitLength(m, n), [](auto size) { return run<size>; });
     if (chosen == nullptr)
         return false;
     chosen(y, x, e, exponentBits, m, n);
+    return true;
+}
+
+bool mod_exp_pair_ifma(const MpPower& a, const MpPower& b, size_t n) {
+    const auto chosen = choose<decltype(run_pair<6>)>(std::max(mpBitLength(a.m, n), mpBitLength(b.m, n)),
+                                                      [](auto size) { return run_pair<size>; });
+    if (chosen == nullptr)
+        return false;
+    chosen(a, b, n);
     return true;
 }
 

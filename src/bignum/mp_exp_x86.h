@@ -11,6 +11,7 @@ void mod_exp_adx(DIGIT_T* y, const DIGIT_T* x, const DIGIT_T* e, size_t exponent
                  size_t n);
 bool mod_exp_ifma(DIGIT_T* y, const DIGIT_T* x, const DIGIT_T* e, size_t exponentBits, const DIGIT_T* m,
                   size_t n);
+bool mod_exp_pair_ifma(const MpPower& a, const MpPower& b, size_t n);
 
 } // namespace zul
 #endif

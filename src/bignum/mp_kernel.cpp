@@ -46,6 +46,12 @@ void mp_kernel_mod_exp(DIGIT_T* y, const DIGIT_T* x, const DIGIT_T* e, const DIG
     wipe_dead_stack(); // vectors and columns that did not fit the registers
 }
 
+bool mp_kernel_mod_exp_pair(const MpPower& a, const MpPower& b, size_t n) {
+    const bool isDone = cpu_has(kCpuAvx512 | kCpuAvx512Ifma) && mod_exp_pair_ifma(a, b, n);
+    wipe_dead_stack();
+    return isDone;
+}
+
 } // namespace zul
 
 #else
@@ -60,6 +66,10 @@ void mp_kernel_multiply(DIGIT_T*, const DIGIT_T*, const DIGIT_T*, size_t) {}
 void mp_kernel_square(DIGIT_T*, const DIGIT_T*, size_t) {}
 
 void mp_kernel_mod_exp(DIGIT_T*, const DIGIT_T*, const DIGIT_T*, const DIGIT_T*, size_t) {}
+
+bool mp_kernel_mod_exp_pair(const MpPower&, const MpPower&, size_t) {
+    return false;
+}
 
 } // namespace zul
 #endif

@@ -15,4 +15,8 @@ void mp_kernel_square(DIGIT_T* w, const DIGIT_T* x, size_t n);                  
 // significant digits.
 void mp_kernel_mod_exp(DIGIT_T* y, const DIGIT_T* x, const DIGIT_T* e, const DIGIT_T* m, size_t n);
 
+// mp_kernel_mod_exp_pair does two such exponentiations, the moduli and exponents of n digits, step by step in
+// turn: one fills the time that the other waits for its own results. False for sizes that it does not have.
+bool mp_kernel_mod_exp_pair(const MpPower& a, const MpPower& b, size_t n);
+
 } // namespace zul

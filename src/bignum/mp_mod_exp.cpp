@@ -112,4 +112,19 @@ int mpModExp(DIGIT_T* y, const DIGIT_T* x, const DIGIT_T* e, const DIGIT_T* m, s
     return 0;
 }
 
+void mpModExpPair(const MpPower& a, const MpPower& b, size_t n) {
+    const size_t size = mpSizeof(a.m, n);
+    const auto suits = [n, size](const MpPower& p) {
+        return mpSizeof(p.m, n) == size && mpSizeof(p.e, n) <= size && mpBitLength(p.e, n) > 1 &&
+               mpCompare(p.x, p.m, n) < 0;
+    };
+    if (size > 1 && suits(a) && suits(b) && mp_kernel_usable() && mp_kernel_mod_exp_pair(a, b, size)) {
+        for (const MpPower* p : {&a, &b})
+            mpSetZero(p->y + size, n - size);
+        return;
+    }
+    mpModExp(a.y, a.x, a.e, a.m, n);
+    mpModExp(b.y, b.x, b.e, b.m, n);
+}
+
 } // namespace zul

@@ -46,8 +46,12 @@ int mtShiftRight(MT a, MT b, size_t bits);
 int mtSetBit(MT b, size_t bit, int value);
 
 int mtModMult(MT a, MT x, MT y, MT m);
-int mtModExp(MT y, MT x, MT e, MT m);           // x below m, as for mpModExp
-[[nodiscard]] int mtModInv(MT inv, MT u, MT m); // 1 if there is none
+int mtModExp(MT y, MT x, MT e, MT m); // x below m, as for mpModExp
+struct MtPower {
+    MT y, x, e, m;
+};
+void mtModExpPair(const MtPower& a, const MtPower& b); // as two of mtModExp
+[[nodiscard]] int mtModInv(MT inv, MT u, MT m);        // 1 if there is none
 int mtGcd(MT g, MT x, MT y);
 [[nodiscard]] int mtRabinMiller(MT w, size_t t);
 

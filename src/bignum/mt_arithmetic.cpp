@@ -145,6 +145,16 @@ int mtModExp(MT y, MT x, MT e, MT m) {
     return 0;
 }
 
+void mtModExpPair(const MtPower& a, const MtPower& b) {
+    const size_t n = std::max<size_t>(widen(a.x, a.e, a.m, b.x, b.e, b.m), 1);
+    mt_resize(a.y, n);
+    mt_resize(b.y, n);
+    mpModExpPair({a.y->digits, a.x->digits, a.e->digits, a.m->digits},
+                 {b.y->digits, b.x->digits, b.e->digits, b.m->digits}, n);
+    settle(a.y, n);
+    settle(b.y, n);
+}
+
 int mtModInv(MT inv, MT u, MT m) {
     const size_t n = widen(u, m);
     mt_resize(inv, n);

@@ -37,9 +37,10 @@ void power_residue(MT residue, MT c, MT exponent, MT prime) {
 bool private_crt(MT m, MT c, const RsaKey& key) {
     if (mtShortCmp(key.p, 1) <= 0 || mtShortCmp(key.q, 1) <= 0)
         return false;
-    BigInt m1, m2, h, difference;
-    power_residue(m1, c, key.dP, key.p);
-    power_residue(m2, c, key.dQ, key.q);
+    BigInt c1, c2, m1, m2, h, difference;
+    mtModulo(c1, c, key.p); // as in power_residue
+    mtModulo(c2, c, key.q);
+    mtModExpPair({m1, c1, key.dP, key.p}, {m2, c2, key.dQ, key.q});
     mtModulo(h, m2, key.p); // foreign keys may have p < q
     if (mtCompare(m1, h) < 0)
         mtAdd(m1, m1, key.p);

@@ -108,6 +108,17 @@ TEST_F(MpKernel, PowersEqualThePortableOnes) {
             cpu_mask_features(0);
             mp_kernel_mod_exp(z.data(), x.data(), e.data(), m.data(), n);
             ASSERT_EQ(z, expected) << bits << " bits";
+
+            // Beside one of another exponent, and of a modulus that may have another length.
+            const Digits m2 = patterns_.of_bits(bits - round % 3, n), x2 = patterns_.below(m2);
+            const Digits e2 = patterns_.of_bits(round == 2 ? 32 * n : 1 + (bits + round) % 40 % (32 * n), n);
+            Digits second(n), y2(n, 0xAAAAAAAA);
+            y.assign(n, 0xAAAAAAAA);
+            static_cast<void>(mpModExp(second.data(), x2.data(), e2.data(), m2.data(), n));
+            mpModExpPair({y.data(), x.data(), e.data(), m.data()},
+                         {y2.data(), x2.data(), e2.data(), m2.data()}, n);
+            ASSERT_EQ(y, expected) << bits << " bits";
+            ASSERT_EQ(y2, second) << bits << " bits";
         }
 }
 
