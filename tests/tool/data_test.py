@@ -16,6 +16,25 @@ CHUNK = 96 * 1024  # the pieces in which the tool reads
 CBC = ["-a", "aes-256-cbc", "--key", KEY.hex(), "--iv", IV.hex()]
 
 
+def at_terminal(words, **streams):
+    """The running tool, and the terminal that is its standard error."""
+    terminal, stderr = os.openpty()
+    work = subprocess.Popen([*TOOL, *words.split()], stdout=subprocess.PIPE, stderr=stderr, **streams)
+    os.close(stderr)
+    return work, terminal
+
+
+def read_terminal(terminal, end=rb"\Z(?!)"):
+    """What a terminal gets up to a pattern or to the end of the program, in however many writes."""
+    text = b""
+    while not re.search(end, text):
+        try:
+            text += os.read(terminal, 1000)
+        except OSError:  # the program is gone
+            break
+    return text
+
+
 class Digests(ToolTest):
     def test_hash(self):
         for name in "md5 sha1 sha224 sha256 sha384 sha512 sha512-256 sha3-224 sha3-256 sha3-384 sha3-512".split():
@@ -195,19 +214,54 @@ class LongWork(ToolTest):
     def test_progress_at_a_terminal(self):
         with open("large", "wb") as file:
             file.truncate(300_000_000)
-        for words, shown in (("hash md2 large", rb"\r\d+ %, \d+ MB/s"), ("hash sha1", rb"\r1 MB, \d+ MB/s *\r +\r$")):
-            terminal, stderr = os.openpty()
-            work = subprocess.Popen(TOOL + words.split(), stdin=subprocess.PIPE, stdout=subprocess.DEVNULL, stderr=stderr)
-            os.close(stderr)
+        for words, shown in (("hash md2 large", rb"\r\d+ %, \d+ MB/s"), ("hash sha1", rb"^(\r\d MB, \d+ MB/s *)+\r +\r$")):
+            work, terminal = at_terminal(words, stdin=subprocess.PIPE)
             if "large" in words:
-                text = os.read(terminal, 100)
+                text = read_terminal(terminal, shown)
                 work.terminate()
             else:
                 work.stdin.write(b"x" * 1_000_000)  # returns once most was read
                 time.sleep(1.2)
                 work.stdin.write(b"x" * 1_100_000)
             work.communicate()
-            self.assertRegex(text if "large" in words else os.read(terminal, 100), shown)
+            self.assertRegex(text if "large" in words else read_terminal(terminal), shown)
+            os.close(terminal)
+
+    def test_progress_of_sealed_files(self):
+        large = os.urandom(1_000_000) * 20
+        write("large", large)
+        write("my.pub", self.done("identity my.key"))
+        self.done("seal -R my.pub large large.age")
+        write("damaged", read("large.age")[:-1])
+        failure = self.refused(15, "open -i my.key damaged -").stderr.replace(b"\n", b"\r\n")
+        line = rb"(\r\d+ %, \d+ MB/s *)+"
+        for words, name, says in (("seal -R my.pub", "large", b""), ("open -i my.key", "large.age", b""),
+                                  ("seal -R my.pub", "<large", b""), ("open -i my.key", "damaged", failure)):
+            with open(name.lstrip("<"), "rb") as stdin:
+                work, terminal = at_terminal(f"{words} {'-' if name[0] == '<' else name} -", stdin=stdin)
+            text = read_terminal(terminal, line)  # the work stands still while nobody reads the pipe
+            out, _ = work.communicate()
+            text += read_terminal(terminal)
+            self.assertRegex(text, b"^" + line + rb"\r +\r" + re.escape(says) + b"$", words)
+            self.assertEqual(work.returncode, 1 if says else 0)
+            if "seal" in words:
+                out = self.done("open -i my.key -", stdin=out)
+            self.assertTrue(large.startswith(out) and len(out) >= len(large) - (65536 if says else 0), words)
+            os.close(terminal)
+
+    def test_a_terminal_changes_no_result(self):
+        write("large", bytes(20_000_000))
+        write("my.pub", self.done("identity my.key"))
+        write("key", rsa_key())
+        os.link("large", "linked")
+        self.done("sign -k key large signature")
+        for words in ("sign -k key large -", "verify -k key large signature", "sign -k key -d md2 large -",
+                      "seal -R my.pub large large", "seal -R my.pub large linked", "seal -R my.pub large no/where"):
+            expected = subprocess.run(TOOL + words.split(), capture_output=True)
+            work, terminal = at_terminal(words)
+            out, _ = work.communicate()
+            text = re.sub(rb"^\r.*\r", b"", read_terminal(terminal).replace(b"\r\n", b"\n"))
+            self.assertEqual((work.returncode, out, text), (expected.returncode, expected.stdout, expected.stderr))
             os.close(terminal)
 
 

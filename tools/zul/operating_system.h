@@ -17,8 +17,11 @@ bool output_is_terminal();
 bool errors_are_terminal(); // standard error
 
 // bytes_left gives the number of bytes from the position of an unbuffered stream to the end of its file,
-// negative if it is no regular file.
+// negative if it is no regular file. Another thread may read meanwhile.
 int64_t bytes_left(std::FILE* file);
+// make_standard_input makes the file of another stream the standard input of the process, with the position
+// that they share from then on. The other stream may be closed. False if that fails.
+bool make_standard_input(std::FILE* file);
 // are_one_file is true for two streams on the same regular file.
 bool are_one_file(std::FILE* one, std::FILE* other);
 

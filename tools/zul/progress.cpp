@@ -1,15 +1,35 @@
 #include "progress.h"
 
 #include <cstdio>
+#include <filesystem>
+#include <system_error>
 
 #include "operating_system.h"
 #include "streams.h"
 
 namespace tool {
 
+namespace {
+
+bool is_watched(const std::string& out) {
+    return errors_are_terminal() && !(is_standard_stream(out) && output_is_terminal());
+}
+
+} // namespace
+
+bool Progress::is_wanted(const std::string& in, const std::string& out) {
+    constexpr int64_t kLarge = int64_t{16} << 20; // less is read within the second in which nothing shows
+    if (!is_watched(out) || !(is_standard_stream(in) || is_on_disk(in)))
+        return false;
+    std::error_code error;
+    const auto size = is_standard_stream(in)
+                          ? bytes_left(stdin)
+                          : static_cast<int64_t>(std::filesystem::file_size(path_of(in), error));
+    return !error && size >= kLarge;
+}
+
 Progress::Progress(const Input& input, const std::string& out)
-    : isShown_(errors_are_terminal() && !(is_standard_stream(out) && output_is_terminal())),
-      total_(input.bytes_left()) {}
+    : isShown_(is_watched(out)), total_(input.bytes_left()) {}
 
 Progress::~Progress() {
     if (width_ == 0)

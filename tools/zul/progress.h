@@ -17,6 +17,10 @@ class Progress {
     Progress& operator=(const Progress&) = delete;
     ~Progress();
 
+    // is_wanted tells whether the progress of reading a regular file would be seen: it is large, and standard
+    // error a terminal.
+    static bool is_wanted(const std::string& in, const std::string& out = {});
+
     void add(size_t bytes);
 
   private:

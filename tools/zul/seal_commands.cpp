@@ -1,10 +1,12 @@
 #include <CLI/CLI.hpp>
 #include <filesystem>
+#include <functional>
 #include <memory>
 
 #include "certificates.h"
 #include "commands.h"
 #include "failures.h"
+#include "input_watch.h"
 #include "key_option.h"
 #include "key_output.h"
 #include "operating_system.h"
@@ -78,9 +80,20 @@ struct SealedFile {
         return isNew ? password.read_new(in) : password.read(in);
     }
 
-    int stream_options() const {
-        return (is_standard_stream(in) ? ZUL_SEAL_STDIN : 0) |
-               (is_standard_stream(out) ? ZUL_SEAL_STDOUT : 0);
+    // perform makes a call of the library that reads IN and writes OUT.
+    void perform(const std::function<int(int options)>& call) const {
+        int result;
+        bool hasRedirected;
+        {
+            const InputWatch watch(in, out);
+            hasRedirected = watch.has_redirected();
+            result = call((is_standard_stream(in) || hasRedirected ? ZUL_SEAL_STDIN : 0) |
+                          (is_standard_stream(out) ? ZUL_SEAL_STDOUT : 0));
+        }
+        // The library speaks of standard input then, which the user did not name.
+        if (result == READ_ERROR && hasRedirected && last_error().find("standard input") != std::string::npos)
+            throw Refused::by_system(READ_ERROR, in);
+        accept(result);
     }
 
     void accept(int result) const {
@@ -116,8 +129,10 @@ struct SealCommand {
         if (is_standard_stream(file.out) && !armour && output_is_terminal())
             throw UsageError("sealed bytes would disturb the terminal; use --armour, or name a file");
         const SecretBytes password = file.read_password(true);
-        file.accept(SEAL_File(file.out.c_str(), file.in.c_str(), list.c_str(), as_text(password),
-                              file.stream_options() | (armour ? ZUL_SEAL_ARMOUR : 0)));
+        file.perform([&](int options) {
+            return SEAL_File(file.out.c_str(), file.in.c_str(), list.c_str(), as_text(password),
+                             options | (armour ? ZUL_SEAL_ARMOUR : 0));
+        });
     }
 };
 
@@ -141,9 +156,9 @@ struct OpenCommand {
             throw UsageError("what opens it? -i FILE for an identity, or -p for a password");
         file.settle_names(file.out.empty() ? derived_name() : "", identities);
         const SecretBytes password = file.read_password(false);
-        const int result = SEAL_OpenFile(file.out.c_str(), file.in.c_str(), list.c_str(), as_text(password),
-                                         file.stream_options());
-        file.accept(result);
+        file.perform([&](int options) {
+            return SEAL_OpenFile(file.out.c_str(), file.in.c_str(), list.c_str(), as_text(password), options);
+        });
     }
 };
 

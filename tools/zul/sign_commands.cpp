@@ -8,6 +8,7 @@
 #include "file_digest.h"
 #include "hex_text.h"
 #include "keys.h"
+#include "progress.h"
 #include "streams.h"
 
 namespace tool {
@@ -98,7 +99,9 @@ struct SignedData {
     SecretBytes bytes; // the digest or the whole data
 
     SignedData(const std::string& name, const Method& method) : form(file) {
-        if (is_on_disk(name))
+        // The library reads a file without a report of its progress: hashed here, it has one.
+        const bool isShown = !method.digest.empty() && Progress::is_wanted(name);
+        if (is_on_disk(name) && !isShown)
             return;
         form = method.digest.empty() ? whole : digest;
         if (form == digest) {

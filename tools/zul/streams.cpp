@@ -59,6 +59,10 @@ void Input::refuse_output(const std::string& out) const {
         throw Refused::by_system(BAD_PARAM_ERROR, name_, "IN and OUT are the same file.");
 }
 
+bool Input::become_standard_input() const {
+    return make_standard_input(file_);
+}
+
 void Input::each_piece(const std::function<bool(const unsigned char*, size_t)>& take) {
     SecretBytes piece(kChunk);
     for (size_t count = kChunk; count == kChunk;) {

@@ -27,6 +27,9 @@ class Input {
     int64_t bytes_left() const;                   // negative if not known
     // refuse_output protects a regular file from being overwritten while it is read.
     void refuse_output(const std::string& out) const;
+    // become_standard_input makes the file the standard input of the process, also for the library. False if
+    // that fails.
+    bool become_standard_input() const;
     // each_piece calls take with pieces of at most kChunk bytes, up to the end or until take returns false.
     void each_piece(const std::function<bool(const unsigned char* piece, size_t size)>& take);
     // read_all gives the whole content, at most kMaxLength bytes; its data() is never null.

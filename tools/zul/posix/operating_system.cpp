@@ -82,6 +82,11 @@ int64_t bytes_left(std::FILE* file) {
     return position < 0 ? -1 : int64_t{about.st_size} - int64_t{position};
 }
 
+bool make_standard_input(std::FILE* file) {
+    // Where the process began without standard input, the file itself may have got its number.
+    return fileno(file) != STDIN_FILENO && dup2(fileno(file), STDIN_FILENO) == STDIN_FILENO;
+}
+
 bool are_one_file(std::FILE* one, std::FILE* other) {
     struct stat first {
     }, second{};

@@ -5,6 +5,7 @@
 #include <fcntl.h>
 #include <io.h>
 #include <vector>
+#include <winternl.h>
 #include <zulcore.h>
 
 #include "../commands.h"
@@ -99,12 +100,22 @@ bool errors_are_terminal() {
 }
 
 int64_t bytes_left(std::FILE* file) {
-    LARGE_INTEGER size{}, position{};
+    LARGE_INTEGER size{};
+    // Not SetFilePointerEx: it may set the position that it has read, and undo a read of another thread.
+    FILE_POSITION_INFORMATION position{};
+    IO_STATUS_BLOCK status{};
     const HANDLE handle = handle_of(file);
     if (GetFileType(handle) != FILE_TYPE_DISK || GetFileSizeEx(handle, &size) == 0 ||
-        SetFilePointerEx(handle, {}, &position, FILE_CURRENT) == 0)
+        NtQueryInformationFile(handle, &status, &position, sizeof position, FilePositionInformation) != 0)
         return -1;
-    return size.QuadPart - position.QuadPart;
+    return size.QuadPart - position.CurrentByteOffset.QuadPart;
+}
+
+bool make_standard_input(std::FILE* file) {
+    const int input = _fileno(stdin);
+    // The runtime tells the system of it in console programs alone, and the library asks the system.
+    return input >= 0 && _fileno(file) != input && _dup2(_fileno(file), input) == 0 &&
+           SetStdHandle(STD_INPUT_HANDLE, handle_of(stdin)) != 0;
 }
 
 bool are_one_file(std::FILE* one, std::FILE* other) {
