@@ -1431,15 +1431,17 @@ ZUL_API int SIG_VerifyDigest(const unsigned char* lpSignature, int nSigLen, cons
  * A recipient is a public key, "age1..." (62 characters); an identity is a private one, "AGE-SECRET-KEY-1..." (74).
  * Lower and upper case are both read, but not mixed. szRecipients and szIdentities are lists joined by ";". An entry
  * that begins with "age1" or "AGE-SECRET-KEY-1" is the key itself, any other entry names a file with a key in each
- * line; empty lines and lines that begin with "#" are skipped, and lines may end with CR LF. At most 20,000 keys.
- * Identities and passwords never show in error texts.
+ * line; empty lines and lines that begin with "#" are skipped, lines may end with CR LF, and the byte order mark of
+ * UTF-8 may stand before the first. At most 20,000 keys. Error texts show no passwords and, of what does not open,
+ * neither entries of a list nor names with "SECRET-KEY" in them.
  *
  * A password is a string of bytes. Null and empty texts are missing ones.
  *
  * SEAL_File and SEAL_OpenFile take a few megabytes of memory, whatever the size of the file (with a password 256 MiB
  * to seal and at most 4 GiB to open, for scrypt). The output gets the rights of an ordinary new file. An existing
  * one keeps its rights and is replaced in one step when all is well, but for a link or a file of several names,
- * which are written in place; the call does not wait for the disk. A failure leaves the old file, or none. nOptions:
+ * which are written in place; the call does not wait for the disk. A failure leaves the old file, or none; a link or
+ * one of several names is removed, and the file itself is left empty. nOptions:
  *  - ZUL_SEAL_STDIN: read standard input, whatever szFileIn is;
  *  - ZUL_SEAL_STDOUT: write to standard output, whatever szFileOut is; what a failing call has written stays.
  * They are read and written as bytes and not closed. */
@@ -1459,7 +1461,7 @@ ZUL_API int SEAL_Recipient(char* szOutput, int nOutChars, const char* szIdentity
  *  - ZUL_SEAL_STDIN, ZUL_SEAL_STDOUT.
  * Status, positive:
  *  - BAD_PARAM_ERROR: a missing name; recipients and password both given or both missing; the output is the input
- *    file;
+ *    file or a file in the list;
  *  - BAD_KEY_ERROR: a text or line that is no recipient, or a recipient of small order;
  *  - NO_DATA_ERROR: a list or a file in it without a key; OUT_OF_RANGE_ERROR: more than 20,000 keys;
  *  - OPEN_ERROR, READ_ERROR: of the input or a file in the list; CREATE_ERROR, WRITE_ERROR;

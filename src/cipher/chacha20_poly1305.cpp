@@ -1,5 +1,7 @@
 #include "cipher/chacha20_poly1305.h"
 
+#include <cstring>
+
 #include "frame/constant_time.h"
 
 namespace zul {
@@ -10,12 +12,20 @@ namespace {
 class KeyStream {
   public:
     KeyStream(const uint8_t* key, const uint8_t* nonce, size_t size)
-        : key_(key), nonce_(nonce), isShort_(size <= kShort) {
-        chacha20(first_.data(), first_.data(), kChaChaBlock + (isShort_ ? size : 0), key, nonce, 0);
+        : key_(key), nonce_(nonce), isShort_(size <= kShort), made_(kChaChaBlock + (isShort_ ? size : 0)) {
+        memset(first_, 0, made_);
+        chacha20(first_, first_, made_, key, nonce, 0);
+    }
+    KeyStream(const KeyStream&) = delete;
+    KeyStream& operator=(const KeyStream&) = delete;
+    // The kernels leave vectors of the key on the stack, within kKernelStack of here.
+    ~KeyStream() {
+        wipe_bytes(first_, made_);
+        wipe_dead_stack(kKernelStack);
     }
     void make_tag(uint8_t* tag, const uint8_t* aad, size_t aadSize, const uint8_t* encrypted,
                   size_t size) const {
-        Poly1305 mac(first_.data());
+        Poly1305 mac(first_);
         mac.absorb_padded(aad, aadSize);
         mac.absorb_padded(encrypted, size);
         uint8_t lengths[kPoly1305Block];
@@ -34,10 +44,11 @@ class KeyStream {
     }
 
   private:
-    static constexpr size_t kShort = 15 * kChaChaBlock;
+    static constexpr size_t kShort = 15 * kChaChaBlock, kKernelStack = 3072;
     const uint8_t *key_, *nonce_;
     bool isShort_;
-    Secret<kChaChaBlock + kShort> first_;
+    size_t made_; // of first_
+    alignas(16) uint8_t first_[kChaChaBlock + kShort];
 };
 
 } // namespace

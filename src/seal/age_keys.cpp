@@ -12,8 +12,8 @@
 namespace zul {
 namespace {
 
-constexpr size_t kLongestLine = 256; // a key with blanks around it
-constexpr size_t kLongestWord = 40;  // letters and digits in a row in a file name that is shown
+constexpr size_t kLongestLine = 256;                        // a key with blanks around it
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF"; // UTF-8; some editors begin a file with it
 
 bool begins_with_prefix(std::string_view text, std::string_view prefix) {
     if (text.size() <= prefix.size() || text[prefix.size()] != '1')
@@ -28,20 +28,6 @@ bool is_key_text(std::string_view text) {
     return begins_with_prefix(text, kRecipientPrefix) || begins_with_prefix(text, kIdentityPrefix);
 }
 
-bool is_word_character(char c) {
-    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-}
-
-// An identity with a wrong beginning is taken for a name. It must not get into a log.
-const char* shown(const char* path) {
-    size_t length = 0, longest = 0;
-    for (const char* c = path; *c != '\0'; c++) {
-        length = is_word_character(*c) ? length + 1 : 0;
-        longest = std::max(longest, length);
-    }
-    return longest > kLongestWord ? "..." : shown_name(path);
-}
-
 } // namespace
 
 bool AgeKeys::add(std::string_view text) {
@@ -54,20 +40,26 @@ bool AgeKeys::add(std::string_view text) {
 }
 
 int AgeKeys::add_line(std::string_view line, unsigned number, const char* path) {
+    const bool isWhole = line.size() < kLongestLine;
+    if (number == 1 && line.starts_with(kByteOrderMark))
+        line = slice(line, kByteOrderMark.size());
     line = trimmed(line);
-    if (line.empty() || line.front() == '#')
+    if (line.starts_with('#') || (line.empty() && isWhole))
         return 0;
-    if (line.size() > kBech32Longest || !add(line))
-        return err_fail(BAD_KEY_ERROR, "Line %u of file '%s' is no %s", number, shown(path), word());
+    if (!isWhole || line.size() > kBech32Longest || !add(line))
+        return err_fail(BAD_KEY_ERROR, "Line %u of file '%s' is no %s", number, shown_name(path), word());
     return count() > kMostAgeKeys ? OUT_OF_RANGE_ERROR : 0;
 }
 
-int AgeKeys::read_file(const char* path) {
+int AgeKeys::read_file(const char* path, unsigned entry, const char* output) {
     FileReader reader(path);
-    if (!reader.is_open())
-        return err_fail(OPEN_ERROR, "Cannot open file '%s' of the %s list", shown(path), word());
+    if (!reader.is_open()) // the entry may be a mistyped identity, or a password: it must not get into a log
+        return err_fail(OPEN_ERROR, "Entry %u of the %s list is no %s, and no file of that name opens", entry,
+                        word(), word());
+    if (output != nullptr && is_same_file(path, output))
+        return err_fail(BAD_PARAM_ERROR, "Output is file '%s' of the %s list", shown_name(path), word());
     const size_t before = count();
-    Secret<kLongestLine + 1> line; // of a longer one the beginning, too long for a key
+    Secret<kLongestLine + 1> line; // of a longer one the beginning
     Secret<4096> part;
     size_t length = 0;
     unsigned number = 1;
@@ -85,13 +77,13 @@ int AgeKeys::read_file(const char* path) {
         }
     }
     if (reader.failed())
-        return err_fail(READ_ERROR, "Cannot read file '%s'", shown(path));
+        return err_fail(READ_ERROR, "Cannot read file '%s'", shown_name(path));
     if (const int code = add_line(text(), number, path))
         return code;
-    return count() > before ? 0 : err_fail(NO_DATA_ERROR, "File '%s' holds no %s", shown(path), word());
+    return count() > before ? 0 : err_fail(NO_DATA_ERROR, "File '%s' holds no %s", shown_name(path), word());
 }
 
-int AgeKeys::read(const char* list, AgeKeyKind kind) {
+int AgeKeys::read(const char* list, AgeKeyKind kind, const char* output) {
     kind_ = kind;
     unsigned number = 0;
     for (std::string_view rest = list; !rest.empty();) {
@@ -110,7 +102,7 @@ int AgeKeys::read(const char* list, AgeKeyKind kind) {
         } else {
             SecretBuffer path;
             path.append(entry.data(), entry.size());
-            code = read_file(path.text());
+            code = read_file(path.text(), number, output);
         }
         if (code == OUT_OF_RANGE_ERROR)
             err_add_text("More than %u keys", kMostAgeKeys);

@@ -16,8 +16,9 @@ enum class AgeKeyKind { recipient, identity };
 class AgeKeys {
   public:
     // read gives 0, or a code with a text: BAD_KEY_ERROR (a text or line that is no such key), OPEN_ERROR,
-    // READ_ERROR, NO_DATA_ERROR (a list or file without a key) or OUT_OF_RANGE_ERROR (too many).
-    [[nodiscard]] int read(const char* list, AgeKeyKind kind);
+    // READ_ERROR, NO_DATA_ERROR (a list or file without a key), OUT_OF_RANGE_ERROR (too many) or
+    // BAD_PARAM_ERROR (a file is the one at the path output, if that is given).
+    [[nodiscard]] int read(const char* list, AgeKeyKind kind, const char* output = nullptr);
 
     size_t count() const { return bytes_.size() / kSize; }
     const uint8_t* key(size_t i) const { return bytes_.data() + kSize * i; }
@@ -25,7 +26,7 @@ class AgeKeys {
   private:
     static constexpr size_t kSize = 32;
 
-    [[nodiscard]] int read_file(const char* path);
+    [[nodiscard]] int read_file(const char* path, unsigned entry, const char* output);
     [[nodiscard]] bool add(std::string_view text);
     [[nodiscard]] int add_line(std::string_view line, unsigned number, const char* path);
     const char* word() const { return kind_ == AgeKeyKind::recipient ? "recipient" : "identity"; }

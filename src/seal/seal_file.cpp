@@ -1,5 +1,7 @@
 #include "seal/seal_file.h"
 
+#include <algorithm>
+
 #include "frame/err.h"
 #include "frame/text.h"
 #include "rng/rng.h"
@@ -32,21 +34,20 @@ int check_request(const SealRequest& request, int options) {
     return 0;
 }
 
-File open_input(const Names& names) {
-    return names.in == nullptr ? File(platform::file_standard(platform::Standard::input))
-                               : File(names.in, platform::OpenMode::read);
-}
-
-int input_failure(const Names& names) {
-    return names.in == nullptr ? err_fail(OPEN_ERROR, "Cannot open standard input")
-                               : err_fail(OPEN_ERROR, "Cannot open file '%s'", shown_name(names.in));
+// An identity in the place of a name must not get into a log.
+const char* shown(const char* name) {
+    constexpr std::string_view kMark = "SECRET-KEY";
+    const std::string_view text = name;
+    const auto same = [](char c, char mark) { return (c >= 'a' && c <= 'z' ? c - ('a' - 'A') : c) == mark; };
+    const bool isKey = std::search(text.begin(), text.end(), kMark.begin(), kMark.end(), same) != text.end();
+    return isKey ? "..." : shown_name(name);
 }
 
 // The content of large files is not waited for: a crash of the whole system soon afterwards may lose it, as
 // that of any file just written.
-FileWriter open_output(const Names& names) {
+FileWriter open_output(const Names& names, File& standard) {
     if (names.out == nullptr)
-        return FileWriter(File(platform::file_standard(platform::Standard::output)));
+        return FileWriter(std::move(standard));
     return FileWriter(names.out, {.replaces = true, .commits = false});
 }
 
@@ -54,24 +55,34 @@ int output_failure(const Names& names, int code) {
     const bool isOpening = code == CREATE_ERROR;
     if (names.out == nullptr)
         return err_fail(code, isOpening ? "Cannot open standard output" : "Cannot write to standard output");
-    return err_fail(code, isOpening ? "Cannot create file '%s'" : "Cannot write file '%s'",
-                    shown_name(names.out));
+    return err_fail(code, isOpening ? "Cannot create file '%s'" : "Cannot write file '%s'", shown(names.out));
 }
 
 // A device named twice has no content to lose; its length is not known.
-int check_not_same(const FileInput& input, const Names& names) {
+bool is_output(const File& input, const Names& names, const File& standard) {
     if (platform::file_length(input.handle()) < 0)
-        return 0;
-    bool isSame;
+        return false;
+    return names.out == nullptr ? platform::file_is(input.handle(), standard.handle())
+                                : platform::file_is(input.handle(), names.out);
+}
+
+// open_files opens the input, and the standard output if that is wanted. The output comes first: an input may
+// get the number of a standard output that is closed.
+int open_files(File& input, File& standard, const Names& names) {
     if (names.out == nullptr) {
-        const File out(platform::file_standard(platform::Standard::output));
-        isSame = out.is_open() && platform::file_is(input.handle(), out.handle());
-    } else {
-        isSame = platform::file_is(input.handle(), names.out);
+        standard = File(platform::file_standard(platform::Standard::output));
+        if (!standard.is_open())
+            return output_failure(names, CREATE_ERROR);
     }
-    return isSame ? err_fail(BAD_PARAM_ERROR, "Output is the input file '%s'",
-                             names.in == nullptr ? "(standard input)" : shown_name(names.in))
-                  : 0;
+    input = names.in == nullptr ? File(platform::file_standard(platform::Standard::input))
+                                : File(names.in, platform::OpenMode::read);
+    if (!input.is_open())
+        return names.in == nullptr ? err_fail(OPEN_ERROR, "Cannot open standard input")
+                                   : err_fail(OPEN_ERROR, "Cannot open file '%s'", shown(names.in));
+    if (is_output(input, names, standard))
+        return err_fail(BAD_PARAM_ERROR, "Output is the input file '%s'",
+                        names.in == nullptr ? "(standard input)" : shown_name(names.in));
+    return 0;
 }
 
 int make_header(AgeHeader& header, const FileKey& fileKey, const AgeKeys& recipients, const char* password) {
@@ -96,24 +107,22 @@ int seal_file(const SealRequest& request) {
         return code;
     if (is_missing(request.keys) == is_missing(request.password))
         return err_fail(BAD_PARAM_ERROR, "Either recipients or a password have to be given");
+    const Names names(request);
     AgeKeys recipients;
     if (!is_missing(request.keys))
-        if (const int code = recipients.read(request.keys, AgeKeyKind::recipient))
+        if (const int code = recipients.read(request.keys, AgeKeyKind::recipient, names.out))
             return code;
-    const Names names(request);
-    File file = open_input(names);
-    if (!file.is_open())
-        return input_failure(names);
-    FileInput input(std::move(file), names.in);
-    if (const int code = check_not_same(input, names))
+    File file, standard;
+    if (const int code = open_files(file, standard, names))
         return code;
+    FileInput input(std::move(file), names.in);
     FileKey fileKey;
     if (const int code = rng_bytes(fileKey.data(), fileKey.size()))
         return code;
     AgeHeader header;
     if (const int code = make_header(header, fileKey, recipients, request.password))
         return code;
-    FileWriter writer = open_output(names);
+    FileWriter writer = open_output(names, standard);
     if (!writer.is_open())
         return output_failure(names, CREATE_ERROR);
     SealInput plain(input, false);
@@ -131,17 +140,15 @@ int seal_open_file(const SealRequest& request) {
         return code;
     if (is_missing(request.keys) && is_missing(request.password))
         return err_fail(BAD_PARAM_ERROR, "Identities or a password have to be given");
+    const Names names(request);
     AgeKeys identities;
     if (!is_missing(request.keys))
-        if (const int code = identities.read(request.keys, AgeKeyKind::identity))
+        if (const int code = identities.read(request.keys, AgeKeyKind::identity, names.out))
             return code;
-    const Names names(request);
-    File file = open_input(names);
-    if (!file.is_open())
-        return input_failure(names);
-    FileInput input(std::move(file), names.in);
-    if (const int code = check_not_same(input, names))
+    File file, standard;
+    if (const int code = open_files(file, standard, names))
         return code;
+    FileInput input(std::move(file), names.in);
     SealInput bytes(input, armour_begins(input));
     FileKey fileKey;
     {
@@ -152,7 +159,7 @@ int seal_open_file(const SealRequest& request) {
                 header_open(fileKey, header, identities, request.password == nullptr ? "" : request.password))
             return code;
     }
-    FileWriter writer = open_output(names);
+    FileWriter writer = open_output(names, standard);
     if (!writer.is_open())
         return output_failure(names, CREATE_ERROR);
     int code = open_payload(writer, bytes, fileKey);

@@ -37,12 +37,15 @@ int x25519_stanza_add(AgeHeader& header, const uint8_t* recipient, const FileKey
     Secret<kX25519Bytes> ephemeral, shared;
     if (const int code = rng_bytes(ephemeral.data(), ephemeral.size()))
         return code;
-    uint8_t share[kX25519Bytes], wrapped[kWrappedFileKey];
+    uint8_t share[kX25519Bytes], wrapped[kWrappedFileKey], point[kX25519Bytes];
     x25519_public(share, ephemeral.data());
-    if (!x25519(shared.data(), ephemeral.data(), recipient))
+    // X25519 ignores this bit (RFC 7748, 5). The holder of the identity derives the key without it.
+    memcpy(point, recipient, sizeof point);
+    point[kX25519Bytes - 1] &= 0x7F;
+    if (!x25519(shared.data(), ephemeral.data(), point))
         return BAD_KEY_ERROR;
     AgeKey wrapKey;
-    derive_wrap_key(wrapKey, shared, share, recipient);
+    derive_wrap_key(wrapKey, shared, share, point);
     file_key_wrap(wrapped, fileKey, wrapKey);
     char line[X25519Stanza::kType.size() + 1 + kShareLength + 1];
     memcpy(line, X25519Stanza::kType.data(), X25519Stanza::kType.size());

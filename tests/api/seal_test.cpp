@@ -17,7 +17,8 @@ TEST(Seal, RoundTrips) {
     const test::TempDir dir;
     const std::string identity = identity_of_test(), other = identity_of_test(), in = dir.file("in"),
                       sealed = dir.file("sealed"), out = dir.file("out"),
-                      keys = dir.write("keys", "# a comment\r\n\r\n" + other + "\r\n  " + identity),
+                      keys = dir.write("keys", "\xEF\xBB\xBF# a comment" + std::string(300, '.') +
+                                                   "\r\n\r\n" + other + "\r\n  " + identity),
                       recipients = dir.write("recipients", "#\n" + recipient_of(identity));
     for (const size_t size : {0u, 1u, 47u, 48u, 65535u, 65536u, 65537u, 3u * 65536, 4u * 65536 + 1}) {
         const test::Bytes content(size, static_cast<uint8_t>(size));
@@ -62,6 +63,7 @@ TEST(Seal, RefusesWhatIsWrong) {
                       in = dir.write("in", std::string("content")), sealed = dir.file("sealed"),
                       out = dir.file("out"), other = identity_of_test(),
                       comments = dir.write("comments", std::string("# nothing\n")),
+                      keyFile = dir.write("key", identity),
                       badLine = dir.write("bad", "# key:\n" + identity + '\n' + identity + "x\n"),
                       lowOrder = "age1" + std::string(52, 'q') + "5cu47z";
     std::string mixed = recipient;
@@ -95,9 +97,24 @@ TEST(Seal, RefusesWhatIsWrong) {
     EXPECT_RESULT(open(sealed, nullptr, "password"), NO_MATCH_ERROR);
     EXPECT_FAILURE(open(sealed, badLine.c_str()), BAD_KEY_ERROR,
                    "Line 3 of file '" + badLine + "' is no identity");
-    // A mistyped identity looks like a name.
-    EXPECT_FAILURE(open(sealed, identity.substr(1).c_str()), OPEN_ERROR,
-                   "Cannot open file '...' of the identity list");
+    const std::string blanks(300, ' ');
+    for (const std::string& line : {identity + blanks + 'x', blanks + 'x', blanks + identity}) {
+        dir.write("bad", identity + '\n' + line);
+        EXPECT_RESULT(open(sealed, badLine.c_str()), BAD_KEY_ERROR);
+    }
+    // A mistyped identity looks like a name, and arguments get mixed up.
+    for (const std::string& entry : {identity.substr(1), std::string("my secret password")})
+        EXPECT_FAILURE(open(sealed, (keyFile + ';' + entry).c_str()), OPEN_ERROR,
+                       "Entry 2 of the identity list is no identity, and no file of that name opens");
+    for (const std::string& name : {identity, "my-secret-key-1" + identity.substr(16)})
+        EXPECT_FAILURE(open(name, keyFile.c_str()), OPEN_ERROR, "Cannot open file '...'");
+    EXPECT_FAILURE(SEAL_OpenFile((in + '/' + identity).c_str(), sealed.c_str(), keyFile.c_str(), nullptr, 0),
+                   CREATE_ERROR, "Cannot create file '...'");
+    EXPECT_FAILURE(SEAL_OpenFile(keyFile.c_str(), sealed.c_str(), keyFile.c_str(), nullptr, 0),
+                   BAD_PARAM_ERROR, "Output is file '" + keyFile + "' of the identity list");
+    EXPECT_RESULT(SEAL_File(keyFile.c_str(), in.c_str(), (recipient + ';' + keyFile).c_str(), nullptr, 0),
+                  BAD_PARAM_ERROR);
+    EXPECT_EQ(test::read_text(keyFile), identity);
     EXPECT_FALSE(test::file_exists(out));
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.path()), {}), 4);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.path()), {}), 5);
 }

@@ -109,6 +109,10 @@ class Seal(ToolTest):
             self.refused(code, arguments, says=says)
             self.assertFalse(os.path.exists("never"))
         self.assertEqual(read("in.bin"), CONTENT)
+        if len(TOOL) == 1:  # a standard output that is closed must not become the input
+            done = subprocess.run([*TOOL, *"open -i my.key sealed -".split()], preexec_fn=lambda: os.close(1), stderr=subprocess.PIPE)
+            self.assertIn(b"standard output: error 2", done.stderr)
+            self.assertEqual((done.returncode, read("sealed")), (1, sealed))
         for says, arguments in (("one of the two", "seal in.bin"), ("one of the two", "seal -R my.pub -p in.bin"),
                                 ("-r takes", "seal -r my.pub in.bin"), ("what opens it?", "open sealed"),
                                 ("OUT is needed", "open -i my.key sealed"), ("semicolon", "open -i - sealed never"),

@@ -118,6 +118,7 @@ class SealFormat : public testing::Test {
         AgeHeader header;
         uint8_t key[32];
         EXPECT_TRUE(bech32_read(key, kRecipientPrefix, recipient_));
+        key[31] |= 0x80; // which X25519 ignores
         EXPECT_EQ(x25519_stanza_add(header, key, fileKey_), 0);
         header.finish(fileKey_);
         std::string file(header.text().text(), header.text().size());
@@ -261,7 +262,8 @@ TEST_F(SealFormat, ArmourIsStrict) {
             sealed_ + blanks + "  ", std::string(1024, '\n') + sealed_, sealed_ + std::string(1024, ' ')});
     expect(bad, sealed_,
            {std::string(1025, '\n') + sealed_, sealed_ + std::string(1025, ' '), "x\n" + sealed_,
-            ' ' + sealed_, sealed_ + "x", sealed_ + sealed_, begin + sealed_, begin + end});
+            ' ' + sealed_, sealed_ + "x", "\v\n" + sealed_, sealed_ + '\f', sealed_ + sealed_,
+            begin + sealed_, begin + end});
     expect(bad, begin,
            {begin + '\n', begin + "Comment: x\n\n", begin.substr(0, begin.size() - 1) + " \n",
             "-----BEGIN FILE-----\n", "-----Begin age encrypted file-----\n"});

@@ -47,7 +47,8 @@ FileHandle file_open(const char* path, OpenMode mode) {
 }
 
 FileHandle file_standard(Standard which) {
-    return fcntl(which == Standard::input ? STDIN_FILENO : STDOUT_FILENO, F_DUPFD_CLOEXEC, 0);
+    // Not the number of a standard stream that is closed: a later call would take it for that stream.
+    return fcntl(which == Standard::input ? STDIN_FILENO : STDOUT_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
 }
 
 bool file_close(FileHandle file) {

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <vector>
 
+#include "cipher/chacha20_poly1305.h"
 #include "ec/curve.h"
 #include "ec/ed25519.h"
 #include "ec/edwards.h"
@@ -90,7 +91,7 @@ void expect_clean_curve(EcCurve curve) {
 
 } // namespace
 
-class EcStack : public testing::TestWithParam<uint32_t> {
+class DeadStack : public testing::TestWithParam<uint32_t> {
   protected:
     void SetUp() override {
 #ifdef __SANITIZE_ADDRESS__
@@ -103,15 +104,15 @@ class EcStack : public testing::TestWithParam<uint32_t> {
     }
 };
 
-INSTANTIATE_TEST_SUITE_P(Hidden, EcStack, testing::Values(0, kCpuAdx, kCpuAvx2 | kCpuAvx512Ifma));
+INSTANTIATE_TEST_SUITE_P(Hidden, DeadStack, testing::Values(0, kCpuAdx, kCpuAvx2 | kCpuAvx512Ifma));
 
-TEST_P(EcStack, HoldsNoSecretsOfCurves) {
+TEST_P(DeadStack, HoldsNoSecretsOfCurves) {
     expect_clean_curve<P256Field>(EcCurve::p256);
     expect_clean_curve<P384Field>(EcCurve::p384);
     expect_clean_curve<P521Field>(EcCurve::p521);
 }
 
-TEST_P(EcStack, HoldsNoSecretsOfCurve25519) {
+TEST_P(DeadStack, HoldsNoSecretsOfCurve25519) {
     uint8_t secret[32], point[32], signature[kEd25519Signature], shared[32];
     for (size_t i = 0; i < sizeof secret; i++)
         secret[i] = static_cast<uint8_t>(0x40 + 37 * i);
@@ -126,6 +127,27 @@ TEST_P(EcStack, HoldsNoSecretsOfCurve25519) {
     EXPECT_TRUE(x25519(shared, secret, point));
     add_forms(secrets, read_little_endian(shared));
     expect_clean("x25519", secrets, [&] { EXPECT_TRUE(x25519(shared, secret, point)); });
+}
+
+TEST_P(DeadStack, HoldsNoKeyOfChaCha20Poly1305) {
+    uint8_t key[kChaChaKey], tag[kPoly1305Tag], data[4096]{};
+    for (size_t i = 0; i < sizeof key; i++)
+        key[i] = static_cast<uint8_t>(0x40 + 37 * i);
+    std::vector<Words> secrets;
+    add_forms(secrets, read_little_endian(key));
+    for (const uint32_t hidden : {0u, uint32_t{kCpuAvx512}, uint32_t{kCpuAvx512 | kCpuAvx2}}) {
+        cpu_mask_features(GetParam() | hidden);
+        for (const size_t size : {0u, 32u, 960u, 1024u, 4096u}) {
+            expect_clean("encrypt", secrets,
+                         [&] { chacha20_poly1305_encrypt(data, tag, key, key, nullptr, 0, data, size); });
+            expect_clean("decrypt", secrets, [&] {
+                EXPECT_TRUE(chacha20_poly1305_decrypt(data, tag, key, key, nullptr, 0, data, size));
+            });
+            expect_clean("wrong tag", secrets, [&] {
+                EXPECT_FALSE(chacha20_poly1305_decrypt(data, key, key, key, nullptr, 0, data, size));
+            });
+        }
+    }
 }
 
 } // namespace zul
