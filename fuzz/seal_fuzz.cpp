@@ -23,14 +23,19 @@ static void require(bool claim) {
 // Of the seeds; no file is sealed for it elsewhere.
 static const char kIdentity[] = "AGE-SECRET-KEY-1WURK6ZNNRZJH60QKC9E9RVNXGH05CTUJA0QFJ2KPWLA628DE9S4QRH9ZLR";
 
+// The files of a run lie in a folder that goes with the process.
+struct Folder {
+    std::string name = (std::filesystem::temp_directory_path() / "seal_fuzz_XXXXXX").string();
+
+    Folder() { require(mkdtemp(name.data()) != nullptr); }
+    Folder(const Folder&) = delete;
+    Folder& operator=(const Folder&) = delete;
+    ~Folder() { std::filesystem::remove_all(name); }
+};
+
 static const std::string& folder() {
-    static const std::string path = [] {
-        std::string name = (std::filesystem::temp_directory_path() / "seal_fuzz_XXXXXX").string();
-        require(mkdtemp(name.data()) != nullptr);
-        std::atexit([] { std::filesystem::remove_all(folder()); });
-        return name;
-    }();
-    return path;
+    static const Folder made;
+    return made.name;
 }
 
 static std::string content_of(const std::string& path) {
