@@ -162,23 +162,33 @@ static int write_name(const asn_Node* name, const char* delimiter, int options, 
     return 0;
 }
 
-// The text is measured before it is written: a buffer that grows would take up to three times its size.
+// Most names fit into a buffer on the stack and are walked once. Others are measured by that and written by a
+// second walk: a buffer that grows would take up to three times its size.
+constexpr size_t kUsualName = 512;
+
 int name_text(const asn_Node* name, const char* delimiter, int options, SecretBuffer& text) {
+    char usual[kUsualName];
     size_t size;
-    if (const int error = write_name(name, delimiter, options, nullptr, 0, size))
+    if (const int error = write_name(name, delimiter, options, usual, sizeof usual, size))
         return error;
     text = SecretBuffer(size + 1);
     text.shrink(size);
-    return write_name(name, delimiter, options, text.text(), size, size);
+    if (size > sizeof usual)
+        return write_name(name, delimiter, options, text.text(), size, size);
+    memcpy(text.data(), usual, size);
+    return 0;
 }
 
 int name_print(const asn_Node* name, char* out, int nChars, const char* delimiter, int options, int* length) {
+    char usual[kUsualName];
     size_t size;
-    if (const int error = write_name(name, delimiter, options, nullptr, 0, size))
+    if (const int error = write_name(name, delimiter, options, usual, sizeof usual, size))
         return error;
     if (out != nullptr && nChars > 0) {
         const size_t room = std::min(size, static_cast<size_t>(nChars));
-        if (const int error = write_name(name, delimiter, options, out, room, size))
+        if (room <= sizeof usual)
+            memcpy(out, usual, room);
+        else if (const int error = write_name(name, delimiter, options, out, room, size))
             return error;
         out[room] = '\0';
         size = room;
