@@ -1,0 +1,92 @@
+#include "cert/make/time_value.h"
+
+#include <algorithm>
+#include <chrono>
+
+#include "frame/err.h"
+#include "x509/fields/x509_time.h"
+#include "zulcore.h"
+
+namespace zul {
+namespace {
+
+using namespace std::chrono;
+
+constexpr int kTmYear = 1900, kFirstYear = 1950, kLastYear = 9999;
+constexpr int64_t kHour = 3600, kDay = 24 * kHour;
+constexpr int64_t kLastSecond = 253402300799; // of the year 9999
+constexpr int64_t kMostNumber = 99999999;
+
+year_month_day date_of(const tm& time) {
+    return {year(time.tm_year + kTmYear), month(static_cast<unsigned>(time.tm_mon + 1)),
+            day(static_cast<unsigned>(time.tm_mday))};
+}
+
+} // namespace
+
+int64_t time_seconds(const tm& time) {
+    return int64_t{sys_days(date_of(time)).time_since_epoch().count()} * kDay + time.tm_hour * kHour +
+           time.tm_min * 60 + time.tm_sec;
+}
+
+tm time_of_seconds(int64_t seconds) {
+    const auto whole = floor<days>(std::chrono::seconds(seconds));
+    const year_month_day date{sys_days(whole)};
+    const auto clock = static_cast<int>(seconds - whole.count() * kDay);
+    tm time = {};
+    time.tm_year = static_cast<int>(date.year()) - kTmYear;
+    time.tm_mon = static_cast<int>(static_cast<unsigned>(date.month())) - 1;
+    time.tm_mday = static_cast<int>(static_cast<unsigned>(date.day()));
+    time.tm_hour = clock / 3600;
+    time.tm_min = clock / 60 % 60;
+    time.tm_sec = clock % 60;
+    return time;
+}
+
+int time_value_read(tm& time, const char* text, const char* clock) {
+    if (!read_date_text(text, clock, &time))
+        return err_fail(BAD_PARAM_ERROR, "Not a date");
+    // RFC 5280, 4.1.2.5 has no form for earlier ones.
+    return time.tm_year + kTmYear >= kFirstYear ? 0 : err_fail(BAD_PARAM_ERROR, "A date before 1950");
+}
+
+int time_span_read(TimeSpan& span, const char* text) {
+    constexpr struct {
+        char letter;
+        int64_t seconds;
+        int months;
+    } kUnits[] = {{'h', kHour, 0}, {'d', kDay, 0}, {'w', 7 * kDay, 0}, {'m', 0, 1}, {'y', 0, 12}};
+    int64_t number = 0;
+    for (; *text >= '0' && *text <= '9' && number <= kMostNumber; text++)
+        number = number * 10 + (*text - '0');
+    for (const auto& unit : kUnits) {
+        if ((*text | 0x20) != unit.letter || text[1] != '\0' || number == 0 || number > kMostNumber)
+            continue;
+        span = {number * unit.seconds, static_cast<int>(number) * unit.months};
+        return 0;
+    }
+    return err_fail(BAD_PARAM_ERROR, "A span is a number and h, d, w, m or y");
+}
+
+int time_add(tm& time, const TimeSpan& span) {
+    tm sum = time;
+    if (span.months != 0) {
+        const int64_t month = int64_t{time.tm_year} * 12 + time.tm_mon + span.months;
+        sum.tm_mday = 1;
+        sum.tm_year = static_cast<int>(std::min<int64_t>(month / 12, kLastYear));
+        sum.tm_mon = static_cast<int>(month % 12);
+        const year_month_day first = date_of(sum);
+        const year_month_day_last last(first.year(), month_day_last(first.month()));
+        sum.tm_mday = std::min(time.tm_mday, static_cast<int>(static_cast<unsigned>(last.day())));
+    }
+    if (sum.tm_year + kTmYear <= kLastYear) {
+        const int64_t seconds = time_seconds(sum) + span.seconds;
+        if (seconds <= kLastSecond) {
+            time = time_of_seconds(seconds);
+            return 0;
+        }
+    }
+    return err_fail(BAD_PARAM_ERROR, "A date beyond the year 9999");
+}
+
+} // namespace zul
