@@ -1,0 +1,116 @@
+#include "cert/names/name_match.h"
+#include "support/unit_test.h"
+
+using namespace zul;
+
+namespace {
+
+Bytes element(uint8_t identifier, const Bytes& content) {
+    Bytes all = {identifier};
+    if (content.size() >= 0x80)
+        all.push_back(0x81);
+    all.push_back(static_cast<uint8_t>(content.size()));
+    all.insert(all.end(), content.begin(), content.end());
+    return all;
+}
+Bytes text(const std::string& content) {
+    return {content.begin(), content.end()};
+}
+Bytes join(const std::vector<Bytes>& parts) {
+    Bytes all;
+    for (const Bytes& part : parts)
+        all.insert(all.end(), part.begin(), part.end());
+    return all;
+}
+Bytes attribute(uint8_t type, uint8_t string, const Bytes& value) {
+    return element(0x30, join({element(0x06, {0x55, 0x04, type}), element(string, value)}));
+}
+// Each RDN is a list of attributes.
+Bytes name(const std::vector<std::vector<Bytes>>& rdns) {
+    Bytes content;
+    for (const auto& rdn : rdns)
+        content = join({content, element(0x31, join(rdn))});
+    return element(0x30, content);
+}
+Bytes common_name(uint8_t string, const Bytes& value) {
+    return name({{attribute(3, string, value)}});
+}
+DerView view(const Bytes& bytes) {
+    return {bytes.data(), bytes.size()};
+}
+
+constexpr uint8_t kUtf8 = 0x0C, kPrintable = 0x13, kTeletex = 0x14, kIa5 = 0x16, kUniversal = 0x1C,
+                  kBmp = 0x1E;
+
+} // namespace
+
+TEST(NameMatch, ComparesCharacters) {
+    const struct {
+        uint8_t typeA;
+        Bytes a;
+        uint8_t typeB;
+        Bytes b;
+        bool isSame;
+    } cases[] = {
+        {kPrintable, text("Good CA"), kPrintable, text("Good CA"), true},
+        {kPrintable, text("Good CA"), kUtf8, text("gOOD cA"), true},
+        {kPrintable, text("Good CA"), kPrintable, text("  Good   CA "), true},
+        {kPrintable, text("Good CA"), kPrintable, text("GoodCA"), false},
+        {kPrintable, text("Good CA"), kPrintable, text("Good CB"), false},
+        {kPrintable, text("Good CA"), kIa5, text("Good\tCA\n"), true},
+        {kPrintable, text("A"), kBmp, {0, 'a'}, true},
+        {kPrintable, text("A"), kUniversal, {0, 0, 0, 'a'}, true},
+        {kPrintable, text(""), kUtf8, text("  "), true},
+        {kTeletex, {0xC9}, kUtf8, {0xC3, 0xA9}, true},     // E acute, e acute
+        {kUtf8, {0xCE, 0xA3}, kBmp, {0x03, 0xC2}, true},   // sigma, final sigma
+        {kUtf8, {0xD0, 0x81}, kUtf8, {0xD1, 0x91}, true},  // io
+        {kUtf8, {0xC3, 0x97}, kUtf8, {0xC3, 0xB7}, false}, // times, divided by
+        {kUtf8, {0xF0, 0x9F, 0x98, 0x80}, kBmp, {0xD8, 0x3D, 0xDE, 0x00}, true},
+        {kUtf8, {'a', 0xC2, 0xA0, 'b'}, kUtf8, text("a b"), true}, // no-break space
+        {kUtf8, {'a', 0xC2, 0xAD, 'b'}, kUtf8, text("ab"), true},  // soft hyphen
+        {kUtf8, {'a', 0x80}, kUtf8, {'A', 0x80}, false},           // not UTF-8
+        {kBmp, {0xDC, 0x00}, kBmp, {0xDC, 0x00}, true},            // no characters, but the same bytes
+        {0x04, text("A"), 0x04, text("a"), false},
+        {0x04, text("A"), kPrintable, text("A"), false},
+    };
+    for (const auto& c : cases) {
+        const Bytes a = common_name(c.typeA, c.a), b = common_name(c.typeB, c.b);
+        EXPECT_EQ(names_match(view(a), view(b)), c.isSame) << test::to_hex(a) << " " << test::to_hex(b);
+        EXPECT_EQ(name_digest(view(a)) == name_digest(view(b)), c.isSame);
+    }
+}
+
+TEST(NameMatch, ComparesStructure) {
+    const Bytes a = attribute(3, kPrintable, text("A")), b = attribute(3, kPrintable, text("b")),
+                otherType = attribute(10, kPrintable, text("A")), bigB = attribute(3, kUtf8, text("B"));
+    const auto same = [](const Bytes& x, const Bytes& y) { return names_match(view(x), view(y)); };
+    EXPECT_TRUE(same(name({{a, b}}), name({{bigB, a}}))); // a SET has no order
+    EXPECT_FALSE(same(name({{a}, {b}}), name({{b}, {a}})));
+    EXPECT_FALSE(same(name({{a}, {b}}), name({{a, b}})));
+    EXPECT_FALSE(same(name({{a, a}}), name({{a}})));
+    EXPECT_FALSE(same(name({{a}}), name({{otherType}})));
+    EXPECT_FALSE(same(name({{a}}), name({})));
+    Bytes broken = name({{a}, {b}});
+    broken[broken.size() - 2]++;
+    EXPECT_FALSE(same(broken, name({{a}, {b}})));
+    EXPECT_TRUE(same(broken, broken));
+}
+
+TEST(NameMatch, FindsTheBeginning) {
+    const Bytes a = attribute(3, kPrintable, text("A")), b = attribute(3, kPrintable, text("B")),
+                smallA = attribute(3, kUtf8, text("a"));
+    const auto within = [](const Bytes& x, const Bytes& base) { return name_is_within(view(x), view(base)); };
+    EXPECT_TRUE(within(name({{a}, {b}}), name({{smallA}})));
+    EXPECT_TRUE(within(name({{a}}), name({{smallA}})));
+    EXPECT_TRUE(within(name({{a}}), name({})));
+    EXPECT_TRUE(within(name({}), name({})));
+    EXPECT_FALSE(within(name({{b}, {a}}), name({{a}})));
+    EXPECT_FALSE(within(name({{a}}), name({{a}, {b}})));
+    EXPECT_FALSE(within(name({{a, b}}), name({{a}})));
+
+    NameDigester digester;
+    const Bytes issuer = name({{a}}), relative = b, whole = name({{smallA}, {b}});
+    digester.add_name(view(issuer));
+    digester.add_rdn(view(relative));
+    EXPECT_EQ(digester.digest(), name_digest(view(whole)));
+}
