@@ -207,6 +207,10 @@ enum zul_error_code {
 #define ZUL_SEAL_STDIN 0x2
 #define ZUL_SEAL_STDOUT 0x4
 
+/* CERT_ */
+#define ZUL_CERT_JSON 0x10
+#define ZUL_CERT_SUBJECT_NAME 0x20
+
 /* --- ZUL_: errors and the module ----------------------------------------------------------------------
  * These functions leave the thread's error state as it is. */
 
