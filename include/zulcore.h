@@ -211,6 +211,13 @@ enum zul_error_code {
 #define ZUL_CERT_JSON 0x10
 #define ZUL_CERT_SUBJECT_NAME 0x20
 
+/* P12_. P12_Unpack: the number of the key, from 0, in the low byte */
+#define ZUL_P12_LEGACY 0x100
+#define ZUL_P12_PBMAC1 0x200
+#define ZUL_P12_TRUSTED 0x400
+#define ZUL_P12_NEED_MAC 0x800
+#define ZUL_P12_JSON 0x1000
+
 /* --- ZUL_: errors and the module ----------------------------------------------------------------------
  * These functions leave the thread's error state as it is. */
 
@@ -1484,6 +1491,69 @@ ZUL_API int SEAL_File(const char* szFileOut, const char* szFileIn, const char* s
  *  - OUT_OF_RANGE_ERROR: also a work factor of scrypt above 2^22. */
 ZUL_API int SEAL_OpenFile(const char* szFileOut, const char* szFileIn, const char* szIdentities,
                           const char* szPassword, int nOptions);
+
+/* --- P12_: PKCS #12 files of several keys and certificates (RFC 7292, RFC 9579) --------------------------
+ * szP12: the name of a file of DER, BER, PEM or base64, or such a text. szPassword: UTF-8 (what is not UTF-8 is
+ * taken as Latin-1).
+ *
+ * What is read: the schemes of PKCS #12 with Triple DES and RC2 (not RC4), those of PKCS #5, PBES2 with every
+ * derivation and cipher of KEY_Read; a MAC of the PKCS #12 derivation or PBMAC1 with SHA-1 or SHA-2, or none. Both
+ * forms of an empty password are tried, and beyond ASCII those that older programs use. Files have 16 MiB and 4096
+ * entries at most. A derivation may ask for 10,000,000 iterations, and all those of a file for 100,000,000.
+ *
+ * Codes of P12_Unpack and P12_List:
+ *  - DECRYPT_ERROR: the MAC does not match, or without a MAC the data do not decrypt: a wrong password, or the file was
+ *    changed;
+ *  - BAD_FORMAT_ERROR: no PKCS #12 file; or damaged although the MAC matches; INVALID_DATA_ERROR: not even ASN.1;
+ *  - NOT_SUPPORTED_ERROR: a version other than 3, a file with a signature instead of a MAC, another algorithm;
+ *  - SIGNATURE_ERROR: no MAC, with ZUL_P12_NEED_MAC; OUT_OF_RANGE_ERROR: beyond the limits;
+ *  - OPEN_ERROR, READ_ERROR; BAD_PARAM_ERROR: a missing argument; BAD_FLAG_ERROR: an unknown option; BAD_LENGTH_ERROR:
+ *    the password is too long; SHORT_BUF_ERROR. */
+
+/* P12_Pack writes a PKCS #12 file, which is replaced in one step, of a private key and certificates. szCerts:
+ * certificates joined by ";", each the name of a file of DER, base64 or PEM, or such a text; of PEM all certificates
+ * count. A certificate that is there already is left out. Null or empty: only a key. szPrivateKey: a key string, or
+ * a file or text of a private key that is not encrypted, as in KEY_Read; null or empty: only certificates. szName: the
+ * friendlyName of the key and of its certificate, in a file of certificates that of the first; null or empty: none.
+ * The key's certificate has the key's localKeyId and comes first.
+ *
+ * Key and certificates are encrypted with PBES2: AES-256-CBC under a key of PBKDF2 with HMAC-SHA-256; the MAC is HMAC-
+ * SHA-256 under a key of the PKCS #12 derivation. Each has 600,000 iterations and a random salt. nOptions:
+ *  - ZUL_P12_LEGACY: for old programs, pbeWithSHAAnd3-KeyTripleDES-CBC and a MAC with SHA-1, 2048 iterations;
+ *  - ZUL_P12_PBMAC1: the MAC is PBMAC1 with PBKDF2, which programs older than about 2024 cannot verify;
+ *  - ZUL_P12_TRUSTED: certificates other than the key's get the attribute by which Java knows trusted certificates;
+ *  - ZUL_KEY_FORMAT_PEM: the file is PEM "PKCS12".
+ * Status, positive:
+ *  - BAD_PARAM_ERROR: no name of the file, no password (an empty one will do for certificates alone), neither a key nor
+ *    certificates, or an encrypted key; BAD_FLAG_ERROR: an unknown option, or two that exclude each other;
+ *  - NO_MATCH_ERROR: no certificate belongs to the key; NO_DATA_ERROR: a file or text without a certificate;
+ *  - BAD_FORMAT_ERROR: no certificate or key where one should be; MSG_TOO_LONG_ERROR: too long for a file;
+ *    OUT_OF_RANGE_ERROR: too many certificates; BAD_LENGTH_ERROR: the password is too long;
+ *  - CREATE_ERROR, WRITE_ERROR, and the codes of KEY_Read. */
+ZUL_API int P12_Pack(const char* szFileOut, const char* szCerts, const char* szPrivateKey,
+                     const char* szPassword, const char* szName, int nOptions);
+
+/* P12_Unpack reads a PKCS #12 file. The certificates go to szCertsOut (null or empty: nowhere) as PEM: first that of
+ * the key (it has the same public key; where the key cannot be read, the same localKeyId), then those that issued it
+ * in turn, then the others. The key goes to szKeyOutput (null: nowhere) as a key string of at most nKeyChars
+ * characters. Nothing is written before the MAC has been verified. szPassword: null is the empty one. nOptions: the
+ * number of the key, from 0, of a file with several, and
+ *  - ZUL_P12_NEED_MAC: a file without a MAC is refused.
+ * Status, positive. NO_DATA_ERROR: no such key, or no certificate; NOT_SUPPORTED_ERROR and BAD_KEY_ERROR also of a key,
+ * as KEY_Read; SHORT_BUF_ERROR: the key string does not fit, and no file is written; CREATE_ERROR, WRITE_ERROR. */
+ZUL_API int P12_Unpack(const char* szCertsOut, char* szKeyOutput, int nKeyChars, const char* szP12,
+                       const char* szPassword, int nOptions);
+
+/* P12_List describes a PKCS #12 file in UTF-8: a line for the version, the MAC, each part ("Safe") with its scheme, and
+ * each entry: kind (key, certificate, crl, secret or other), friendlyName, localKeyId, key and bits, subject and end of
+ * the validity of a certificate, and the number of the entry that belongs to it. Lines end with LF and have the form
+ *     Entry 2: kind=certificate, safe=1, name="Alice", algorithm=RSA, bits=2048, subject="C=AU;CN=Alice", ..., key=1
+ * Values in quotes are JSON strings in which controls are escaped, so none can begin a line. szPassword: null shows
+ * what is visible without one, and does not verify the MAC. nOptions:
+ *  - ZUL_P12_JSON: one JSON object of the same fields, {"version":3,"mac":{...},"safes":[...],"entries":[...]};
+ *  - ZUL_P12_NEED_MAC: a file without a MAC is refused.
+ * Length in characters. Query. -SHORT_BUF_ERROR: it does not fit, and the output is empty. */
+ZUL_API int P12_List(char* szOutput, int nOutChars, const char* szP12, const char* szPassword, int nOptions);
 
 #ifdef __cplusplus
 }
