@@ -208,6 +208,8 @@ enum zul_error_code {
 #define ZUL_SEAL_STDOUT 0x4
 
 /* CERT_ */
+#define ZUL_CERT_DER 0x1
+#define ZUL_CERT_BEYOND_ISSUER 0x2
 #define ZUL_CERT_JSON 0x10
 #define ZUL_CERT_SUBJECT_NAME 0x20
 
@@ -1554,6 +1556,93 @@ ZUL_API int P12_Unpack(const char* szCertsOut, char* szKeyOutput, int nKeyChars,
  *  - ZUL_P12_NEED_MAC: a file without a MAC is refused.
  * Length in characters. Query. -SHORT_BUF_ERROR: it does not fit, and the output is empty. */
 ZUL_API int P12_List(char* szOutput, int nOutChars, const char* szP12, const char* szPassword, int nOptions);
+
+/* --- CERT_: certificates and requests of any kind of key ------------------------------------------------
+ * Keys are key strings, or files and texts as in KEY_Read, not encrypted. A description is keyword=value pairs joined
+ * by ";". Keywords may be in any case; blanks and line ends around them and around values do not count. A value in
+ * single quotes may hold anything, and a backslash there makes the next character literal. A comma parts several values
+ * of one keyword where "LIST" stands below, each with or without quotes; elsewhere it belongs to the value. A flag
+ * stands alone, or as "=true" or "=false". Keywords with LIST or "again" may be repeated. Nothing is left out: an unknown
+ * keyword, an empty or malformed value and a contradiction is BAD_PARAM_ERROR, with a text that names it.
+ *
+ * Subject, in the order of the text, all in UTF-8:
+ *  - CN, C (two letters, made upper case), O, OU, L, ST or S, STREET, POSTALCODE, E, SN (surname), G, INITIALS,
+ *    GENERATIONQUALIFIER, T, DC, UID, SERIALNUMBER, DNQUALIFIER, ORGANIZATIONIDENTIFIER, BUSINESSCATEGORY, PSEUDONYM,
+ *    and any type as a dotted object identifier ("2.5.4.97=..."); again. Values have the lengths and types of RFC 5280
+ *    (UTF8String where there is a choice) and no control characters. "#x4142" gives bytes in hex;
+ *  - subject='CN=...;O=...': all of them as one value.
+ * Alternative names:
+ *  - dns=LIST: host names, perhaps with "*" as first label. Names beyond ASCII become A-labels and must be in small
+ *    letters;
+ *  - ip=LIST: IPv4 and IPv6 addresses; uri=LIST: absolute URIs; rid=LIST: dotted object identifiers;
+ *  - email=LIST: addresses; one that is not ASCII before the @ becomes a SmtpUTF8Mailbox (RFC 9598);
+ *  - upn=LIST: user principal names; dirName='CN=...;O=...' again;
+ *  - other=OID:utf8:TEXT or other=OID:HEX (DER), again.
+ * Purpose:
+ *  - profile=server, client, email, code, ca, ocsp or timestamp: sets ca, keyUsage (by the kind of key), extKeyUsage,
+ *    and noCheck for ocsp. Explicit keywords go before it. A server needs dns or ip, email needs email;
+ *  - ca (flag), pathLength=N;
+ *  - keyUsage=LIST of digitalSignature, nonRepudiation, keyEncipherment, dataEncipherment, keyAgreement, keyCertSign,
+ *    cRLSign, encipherOnly, decipherOnly. Without it and a profile: digitalSignature, for RSA also keyEncipherment,
+ *    for X25519 keyAgreement, of an authority keyCertSign and cRLSign;
+ *  - extKeyUsage=LIST of serverAuth, clientAuth, codeSigning, emailProtection, timeStamping, OCSPSigning,
+ *    anyExtendedKeyUsage, ipsecIKE, documentSigning, msSmartcardLogon, msEncryptedFileSystem, pkInitKDC or dotted ones.
+ * Policies and constraints:
+ *  - policy=LIST of OID, OID:URI (of the practice statement) or OID:notice:TEXT; anyPolicy is a name;
+ *  - of an authority: policyMapping=LIST of OID:OID, requireExplicitPolicy=N, inhibitPolicyMapping=N,
+ *    inhibitAnyPolicy=N, permit=LIST and exclude=LIST of dns:DOMAIN, ip:ADDRESS/BITS or ip:ADDRESS/MASK, email:ADDRESS,
+ *    email:HOST, email:.DOMAIN, uri:HOST, uri:.DOMAIN, 'dir:CN=...;O=...'. "exclude=dns:" excludes all host names.
+ * Sources: crl=LIST, freshestCrl=LIST, ocsp=LIST, caIssuers=LIST of URIs (each a point or access of its own),
+ * subjectInfoAccess=LIST of caRepository:URI, timeStamping:URI or OID:URI.
+ * Others: tlsFeature=LIST of status_request, status_request_v2 or numbers; mustStaple (flag: status_request); noCheck
+ * (flag: ocsp-nocheck); extension=OID:HEX or OID:critical:HEX (DER of one element), again, but for extensions that have
+ * keywords.
+ * Not in requests:
+ *  - notBefore=DATE (default: a minute ago), notAfter=DATE or "never" (99991231235959Z), or a span: days=N, or valid=
+ *    with a number and h, d, w, m or y. The last second of a span belongs to it. Default: 90 days, an authority ten
+ *    years. A date without a time begins at 00:00:00 or ends at 23:59:59;
+ *  - serial=HEX, up to 20 bytes, above 0 (default: 16 random bytes).
+ * signature=ALGORITHM as in SIG_ (in quotes if it has a ";"). Default: that of SIG_, but "rsa-sha256" for an RSA key. An
+ * X25519 key does not sign.
+ * Extensions are critical as RFC 5280 has it. basicConstraints and the identifiers of the keys (SHA-1 digests, RFC 5280,
+ * 4.2.1.2; that of the issuer as its certificate has it) are always in a certificate.
+ *
+ * The output is a file, which is replaced in one step; a file of a key that is an argument is not overwritten. nOptions
+ * of all: ZUL_CERT_DER: DER instead of PEM.
+ * Codes of all: BAD_FLAG_ERROR, CREATE_ERROR, WRITE_ERROR, and
+ *  - BAD_PARAM_ERROR: also the description; a key that is encrypted;
+ *  - OPEN_ERROR, INVALID_DATA_ERROR, BAD_FORMAT_ERROR: an input cannot be read;
+ *  - BAD_KEY_ERROR: a public key as signer, or one whose kind or parameters forbid the algorithm; invalid values;
+ *  - NOT_SUPPORTED_ERROR: an unknown algorithm, or one without an identifier in certificates (ed25519ph);
+ *  - BAD_KEY_LEN_ERROR: an RSA key too short for the algorithm. */
+
+/* CERT_SelfSign makes a certificate that its own key signs. It needs a subject.
+ * Status, positive. */
+ZUL_API int CERT_SelfSign(const char* szCertOut, const char* szPrivateKey, const char* szDescription,
+                          int nOptions);
+
+/* CERT_Issue makes a certificate that an authority signs. szIssuerCert: its certificate, a file or a text.
+ * szSubjectKeyOrRequest: a certificate request, whose signature is verified, or a key of any kind (of a private key the
+ * public one; of a certificate its key). szDescription may be null with a request. Of the request the key is taken over,
+ * its subject if the description gives none, and no extensions but those named: "copy=LIST" of subjectAltName, keyUsage,
+ * extKeyUsage, basicConstraints (and with it the rights of an authority), tlsFeature, or dotted identifiers of
+ * extensions without keywords. What is copied keeps the rules for typed values; alternative names add to those of the
+ * description, and all else is given once. nOptions:
+ *  - ZUL_CERT_BEYOND_ISSUER: the validity may exceed the issuer's. Without it that is an error, and the defaults
+ *    keep within it.
+ * Status, positive. Also:
+ *  - NO_MATCH_ERROR: the issuer's key is not that of its certificate;
+ *  - ISSUER_ERROR: the issuer is no authority, its key usage lacks keyCertSign, its path length forbids;
+ *  - SIGNATURE_ERROR: the request's signature does not verify;
+ *  - BAD_FORMAT_ERROR: also a subject or copied extension of the request that breaks the rules. */
+ZUL_API int CERT_Issue(const char* szCertOut, const char* szIssuerCert, const char* szIssuerKey,
+                       const char* szSubjectKeyOrRequest, const char* szDescription, int nOptions);
+
+/* CERT_Request makes a certificate request (PKCS #10). Extensions go into the attribute extensionRequest; without a
+ * profile they are those that are given.
+ * Status, positive. */
+ZUL_API int CERT_Request(const char* szRequestOut, const char* szPrivateKey, const char* szDescription,
+                         int nOptions);
 
 #ifdef __cplusplus
 }

@@ -4,42 +4,14 @@
 
 #include "asn1/asn_build.h"
 #include "frame/err.h"
-#include "hash/digest.h"
 #include "key/key_oids.h"
 #include "key/pss_rules.h"
+#include "key/signature_oids.h"
 #include "rsa/rsa_pss.h"
 #include "zulcore.h"
 
 namespace zul {
 namespace {
-
-constexpr struct {
-    SignatureScheme scheme;
-    int digest;
-    std::string_view oid;
-} kSignatureOids[] = {
-    {SignatureScheme::rsaPkcs1, kDigestMd2, "\x2A\x86\x48\x86\xF7\x0D\x01\x01\x02"sv},
-    {SignatureScheme::rsaPkcs1, kDigestMd5, "\x2A\x86\x48\x86\xF7\x0D\x01\x01\x04"sv},
-    {SignatureScheme::rsaPkcs1, kDigestSha1, "\x2A\x86\x48\x86\xF7\x0D\x01\x01\x05"sv},
-    {SignatureScheme::rsaPkcs1, kDigestSha224, "\x2A\x86\x48\x86\xF7\x0D\x01\x01\x0E"sv},
-    {SignatureScheme::rsaPkcs1, kDigestSha256, "\x2A\x86\x48\x86\xF7\x0D\x01\x01\x0B"sv},
-    {SignatureScheme::rsaPkcs1, kDigestSha384, "\x2A\x86\x48\x86\xF7\x0D\x01\x01\x0C"sv},
-    {SignatureScheme::rsaPkcs1, kDigestSha512, "\x2A\x86\x48\x86\xF7\x0D\x01\x01\x0D"sv},
-    {SignatureScheme::rsaPkcs1, kDigestSha512_256, "\x2A\x86\x48\x86\xF7\x0D\x01\x01\x10"sv},
-    {SignatureScheme::rsaPkcs1, kDigestSha3_224, "\x60\x86\x48\x01\x65\x03\x04\x03\x0D"sv},
-    {SignatureScheme::rsaPkcs1, kDigestSha3_256, "\x60\x86\x48\x01\x65\x03\x04\x03\x0E"sv},
-    {SignatureScheme::rsaPkcs1, kDigestSha3_384, "\x60\x86\x48\x01\x65\x03\x04\x03\x0F"sv},
-    {SignatureScheme::rsaPkcs1, kDigestSha3_512, "\x60\x86\x48\x01\x65\x03\x04\x03\x10"sv},
-    {SignatureScheme::ecdsa, kDigestSha1, "\x2A\x86\x48\xCE\x3D\x04\x01"sv},
-    {SignatureScheme::ecdsa, kDigestSha224, "\x2A\x86\x48\xCE\x3D\x04\x03\x01"sv},
-    {SignatureScheme::ecdsa, kDigestSha256, "\x2A\x86\x48\xCE\x3D\x04\x03\x02"sv},
-    {SignatureScheme::ecdsa, kDigestSha384, "\x2A\x86\x48\xCE\x3D\x04\x03\x03"sv},
-    {SignatureScheme::ecdsa, kDigestSha512, "\x2A\x86\x48\xCE\x3D\x04\x03\x04"sv},
-    {SignatureScheme::ecdsa, kDigestSha3_224, "\x60\x86\x48\x01\x65\x03\x04\x03\x09"sv},
-    {SignatureScheme::ecdsa, kDigestSha3_256, "\x60\x86\x48\x01\x65\x03\x04\x03\x0A"sv},
-    {SignatureScheme::ecdsa, kDigestSha3_384, "\x60\x86\x48\x01\x65\x03\x04\x03\x0B"sv},
-    {SignatureScheme::ecdsa, kDigestSha3_512, "\x60\x86\x48\x01\x65\x03\x04\x03\x0C"sv},
-};
 
 [[nodiscard]] int no_identifier() {
     return err_fail(NOT_SUPPORTED_ERROR, "Certificates and CRLs have no identifier for this algorithm");
@@ -70,7 +42,7 @@ int signature_identifier_list(AsnList& list, const SignatureAlgorithm& algorithm
         list = asn_NewSequence(oid_node(key_kind_info(KeyKind::ed25519).oid));
         return 0;
     }
-    for (const auto& row : kSignatureOids) {
+    for (const SignatureOid& row : kSignatureOids) {
         if (row.scheme != algorithm.scheme || row.digest != algorithm.digest)
             continue;
         const bool hasNull = algorithm.scheme == SignatureScheme::rsaPkcs1;

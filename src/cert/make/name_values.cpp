@@ -211,9 +211,8 @@ int der_element_from_hex(AsnList& element, std::string_view text) {
     return isOne && element && asn_IsDer(element.head()) ? 0 : bad("Not the DER of one element");
 }
 
-int distinguished_name_make(AsnList& name, const char* text) {
+int relative_names_make(AsnList& names, const char* text) {
     DescriptionReader reader(text, nullptr, 0);
-    AsnList names;
     while (const DescriptionItem* item = reader.next()) {
         AsnList relativeName;
         if (const int error = name_is_attribute(item->keyword)
@@ -224,10 +223,14 @@ int distinguished_name_make(AsnList& name, const char* text) {
     }
     if (reader.error() != 0)
         return reader.error();
-    if (!names)
-        return bad("A name without attributes");
+    return names ? 0 : bad("A name without attributes");
+}
+
+int distinguished_name_make(AsnList& name, const char* text) {
+    AsnList names;
+    const int error = relative_names_make(names, text);
     name = asn_NewSequence(std::move(names));
-    return 0;
+    return error;
 }
 
 int general_name_make(AsnList& name, GeneralForm form, std::string_view text) {

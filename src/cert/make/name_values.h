@@ -13,6 +13,9 @@ enum class GeneralForm { dns, ip, email, uri, registeredId, directory, other, pr
 // a text.
 [[nodiscard]] int distinguished_name_make(AsnList& name, const char* text);
 
+// relative_names_make makes the names in it without the SEQUENCE around them.
+[[nodiscard]] int relative_names_make(AsnList& names, const char* text);
+
 // general_name_make makes a name of one form from its text:
 //  - dns: a host name, perhaps with "*" as its first label;   ip: an address;   uri: absolute, in ASCII
 //  - email: an address; one that is not ASCII before the @ becomes a SmtpUTF8Mailbox (RFC 9598)

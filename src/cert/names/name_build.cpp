@@ -1,10 +1,9 @@
 #include "cert/names/name_build.h"
 
-#include <cstring>
-
 #include "asn1/asn_build.h"
 #include "asn1/oid_dotted.h"
 #include "cert/names/domain_name.h"
+#include "cert/names/name_attribute.h"
 #include "encode/hex.h"
 #include "encode/utf8_scalar.h"
 #include "frame/err.h"
@@ -17,62 +16,15 @@
 namespace zul {
 namespace {
 
-enum class ValueKind { directory, printable, country, domain, address };
-
-// most is the upper bound in characters: RFC 5280, A.1 and X.520.
-struct AttributeRow {
-    const char *keyword, *second;
-    std::string_view oid;
-    ValueKind kind;
-    size_t most;
-};
-constexpr size_t kMostName = 32768;
-constexpr AttributeRow kAttributes[] = {
-    {"CN", "commonName", "\x55\x04\x03"sv, ValueKind::directory, 64},
-    {"C", "countryName", "\x55\x04\x06"sv, ValueKind::country, 2},
-    {"O", "organizationName", "\x55\x04\x0A"sv, ValueKind::directory, 64},
-    {"OU", "organizationalUnitName", "\x55\x04\x0B"sv, ValueKind::directory, 64},
-    {"L", "localityName", "\x55\x04\x07"sv, ValueKind::directory, 128},
-    {"ST", "stateOrProvinceName", "\x55\x04\x08"sv, ValueKind::directory, 128},
-    {"S", nullptr, "\x55\x04\x08"sv, ValueKind::directory, 128},
-    {"STREET", "streetAddress", "\x55\x04\x09"sv, ValueKind::directory, 128},
-    {"POSTALCODE", nullptr, "\x55\x04\x11"sv, ValueKind::directory, 40},
-    {"E", "emailAddress", "\x2A\x86\x48\x86\xF7\x0D\x01\x09\x01"sv, ValueKind::address, 255},
-    {"SN", "surname", "\x55\x04\x04"sv, ValueKind::directory, kMostName},
-    {"G", "givenName", "\x55\x04\x2A"sv, ValueKind::directory, kMostName},
-    {"INITIALS", nullptr, "\x55\x04\x2B"sv, ValueKind::directory, kMostName},
-    {"GENERATIONQUALIFIER", nullptr, "\x55\x04\x2C"sv, ValueKind::directory, kMostName},
-    {"T", "title", "\x55\x04\x0C"sv, ValueKind::directory, 64},
-    {"DC", "domainComponent", "\x09\x92\x26\x89\x93\xF2\x2C\x64\x01\x19"sv, ValueKind::domain, 63},
-    {"UID", "userId", "\x09\x92\x26\x89\x93\xF2\x2C\x64\x01\x01"sv, ValueKind::directory, 256},
-    {"SERIALNUMBER", nullptr, "\x55\x04\x05"sv, ValueKind::printable, 64},
-    {"DNQUALIFIER", nullptr, "\x55\x04\x2E"sv, ValueKind::printable, 64},
-    {"ORGANIZATIONIDENTIFIER", nullptr, "\x55\x04\x61"sv, ValueKind::directory, kMostName},
-    {"BUSINESSCATEGORY", nullptr, "\x55\x04\x0F"sv, ValueKind::directory, 128},
-    {"PSEUDONYM", nullptr, "\x55\x04\x41"sv, ValueKind::directory, 128},
-};
-
 [[nodiscard]] int bad(const char* why) {
     return err_fail(BAD_PARAM_ERROR, "%s", why);
 }
 
-const AttributeRow* find_keyword(std::string_view keyword) {
-    for (const AttributeRow& row : kAttributes)
+const NameAttribute* find_keyword(std::string_view keyword) {
+    for (const NameAttribute& row : kNameAttributes)
         if (same_word(keyword, row.keyword) || (row.second != nullptr && same_word(keyword, row.second)))
             return &row;
     return nullptr;
-}
-
-const AttributeRow* find_type(const asn_Node* type) {
-    for (const AttributeRow& row : kAttributes)
-        if (oid_is(type, row.oid))
-            return &row;
-    return nullptr;
-}
-
-bool is_printable(char c) {
-    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') ||
-           (c != '\0' && strchr(" '()+,-./:=?", c) != nullptr);
 }
 
 [[nodiscard]] int check_text(std::string_view text, size_t most) {
@@ -105,30 +57,32 @@ bool is_printable(char c) {
     return 0;
 }
 
-[[nodiscard]] int make_value(AsnList& list, SecretBuffer& value, const AttributeRow& row) {
+[[nodiscard]] int make_value(AsnList& list, SecretBuffer& value, const NameAttribute& row) {
     uint32_t tag = kAsnUtf8String;
     const std::string_view text(value.text(), value.size());
-    if (row.kind == ValueKind::domain || row.kind == ValueKind::address) {
+    if (row.kind == NameValueKind::domain || row.kind == NameValueKind::address) {
         tag = kAsnIa5String;
         SecretBuffer ascii;
         bool isWide = false;
-        if (row.kind == ValueKind::domain && text.find('.') != std::string_view::npos)
+        if (row.kind == NameValueKind::domain && text.find('.') != std::string_view::npos)
             return bad("A domain component is one label");
-        if (const int error = row.kind == ValueKind::domain ? domain_to_ascii(ascii, text, DomainForm::name)
-                                                            : email_to_ascii(ascii, isWide, text))
+        if (const int error = row.kind == NameValueKind::domain
+                                  ? domain_to_ascii(ascii, text, DomainForm::name)
+                                  : email_to_ascii(ascii, isWide, text))
             return error;
         if (isWide)
             return bad("The address is not ASCII before the @: email= takes such an address");
         value = std::move(ascii);
-    } else if (row.kind != ValueKind::directory) {
+    } else if (row.kind != NameValueKind::directory) {
         tag = kAsnPrintableString;
         for (size_t i = 0; i < value.size(); i++) {
             const char upper = static_cast<char>(value[i] & ~0x20);
             const bool isLetter = upper >= 'A' && upper <= 'Z';
-            if (row.kind == ValueKind::country ? !isLetter || value.size() != 2 : !is_printable(text[i]))
-                return bad(row.kind == ValueKind::country ? "A country is two letters"
-                                                          : "A character that a PrintableString lacks");
-            if (row.kind == ValueKind::country)
+            if (row.kind == NameValueKind::country ? !isLetter || value.size() != 2
+                                                   : !is_printable_character(text[i]))
+                return bad(row.kind == NameValueKind::country ? "A country is two letters"
+                                                              : "A character that a PrintableString lacks");
+            if (row.kind == NameValueKind::country)
                 value[i] = static_cast<uint8_t>(upper);
         }
     }
@@ -145,20 +99,19 @@ bool name_is_attribute(std::string_view keyword) {
 }
 
 int name_attribute_make(AsnList& relativeName, std::string_view keyword, std::string_view value) {
-    const AttributeRow* row = find_keyword(keyword);
+    const NameAttribute* row = find_keyword(keyword);
     AsnList type = row != nullptr ? oid_node(row->oid) : oid_from_dotted(keyword);
     if (!type)
         return bad("Not an attribute's type");
     if (row == nullptr)
-        row = find_type(type.head());
-    constexpr AttributeRow kOther{nullptr, nullptr, {}, ValueKind::directory, kMostName};
+        row = &name_attribute_of({reinterpret_cast<const char*>(type.head()->data), type.head()->length});
     if (value.empty())
         return bad("An empty value");
     SecretBuffer bytes;
     if (const int error = value_bytes(bytes, value))
         return error;
     AsnList string;
-    if (const int error = make_value(string, bytes, row != nullptr ? *row : kOther))
+    if (const int error = make_value(string, bytes, *row))
         return error;
     relativeName = asn_NewSet(asn_NewSequence(asn_Link(std::move(type), std::move(string))));
     return 0;
