@@ -54,18 +54,33 @@ bool ExtensionReader::next(ExtensionView& extension) {
 }
 
 bool extensions_are_valid(DerView extensions) {
+    // Entries of CRLs, of which there are many, have one or two.
+    constexpr size_t kFew = 4;
+    std::string_view few[kFew];
+    Array<std::string_view> many;
     ExtensionReader reader(extensions);
     ExtensionView extension;
-    Array<std::string_view> types;
+    size_t count = 0;
     const uint8_t* end = extensions.data;
-    while (reader.next(extension)) {
-        types.add(extension.oid.text());
+    for (; reader.next(extension); count++) {
+        const std::string_view type = extension.oid.text();
+        if (count < kFew) {
+            if (std::find(few, few + count, type) != few + count)
+                return false;
+            few[count] = type;
+        } else {
+            many.add(type);
+        }
         end = extension.value.end();
     }
-    if (end != extensions.end() || types.empty())
+    if (end != extensions.end() || count == 0)
         return false;
-    std::sort(types.begin(), types.end());
-    return std::adjacent_find(types.begin(), types.end()) == types.end();
+    if (count <= kFew)
+        return true;
+    for (const std::string_view type : few)
+        many.add(type);
+    std::sort(many.begin(), many.end());
+    return std::adjacent_find(many.begin(), many.end()) == many.end();
 }
 
 bool find_extension(DerView extensions, std::string_view oid, ExtensionView& extension) {

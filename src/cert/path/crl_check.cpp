@@ -15,9 +15,9 @@ bool is_current(const CrlView& crl, int64_t time) {
     return crl.thisUpdate <= time && crl.hasNextUpdate && time <= crl.nextUpdate;
 }
 
-// number_is_less compares the contents of two INTEGERs that are not negative.
+// number_is_less compares the contents of two INTEGERs that are not negative. A missing one is the least.
 bool number_is_less(DerView a, DerView b) {
-    return a.size != b.size ? a.size < b.size : memcmp(a.data, b.data, a.size) < 0;
+    return a.size != b.size ? a.size < b.size : a.size != 0 && memcmp(a.data, b.data, a.size) < 0;
 }
 
 DerView extension_value(const CrlView& crl, std::string_view oid) {
@@ -42,13 +42,13 @@ struct Candidate {
     uint32_t reasons;
     bool isCurrent;
 
-    // Complete lists come before deltas, those within their dates before others, new ones before old ones.
+    // Complete lists come before deltas, new ones before old ones.
     bool is_before(const Candidate& other) const {
         if (crl->extensions.isDelta != other.crl->extensions.isDelta)
             return other.crl->extensions.isDelta;
-        if (isCurrent != other.isCurrent)
-            return isCurrent;
-        return crl->view.thisUpdate > other.crl->view.thisUpdate;
+        if (crl->view.thisUpdate != other.crl->view.thisUpdate)
+            return crl->view.thisUpdate > other.crl->view.thisUpdate;
+        return number_is_less(other.crl->extensions.number, crl->extensions.number);
     }
 };
 
@@ -59,10 +59,8 @@ class CrlSearch {
         : context_(context), progress_(progress), link_(*progress.link), finding_(finding) {}
 
     void run() {
-        if (!scope_.read(*link_.certificate, *link_.extensions, context_.budget)) {
-            finding_.note(context_.budget.is_spent() ? RevocationGap::work : RevocationGap::malformed);
-            return;
-        }
+        // Without all of its points a certificate may still be found revoked.
+        const bool isWhole = scope_.read(*link_.certificate, *link_.extensions, context_.budget);
         for (const NameDigest& issuer : scope_.issuers())
             for (const uint32_t place : context_.evidence.crls_of(issuer))
                 add_candidate(context_.evidence.crl(place));
@@ -76,8 +74,10 @@ class CrlSearch {
             if (finding_.is_revoked())
                 return;
         }
-        if (covered == kAllReasons)
-            finding_.add_good(false);
+        if (!isWhole)
+            finding_.note(RevocationGap::malformed);
+        else if (covered == kAllReasons)
+            finding_.add_good(false, context_.time);
         else if (covered != 0)
             finding_.note(RevocationGap::reasons);
     }
@@ -126,7 +126,7 @@ class CrlSearch {
         else if (!isCurrent && !crl.extensions.isDelta)
             finding_.note(RevocationGap::date);
         // A hold may have ended since.
-        const bool holdCounts = addsReasons && (candidate.isCurrent || !finding_.is_good());
+        const bool holdCounts = addsReasons && crl.view.thisUpdate >= finding_.goodAt;
         const bool provesRevoked = listing.is_revoked() && (holdCounts || !listing.is_on_hold());
         const bool provesGood = !listing.is_revoked() && addsReasons && isCurrent && crl.entriesAreReadable &&
                                 crl.entriesAreKnown;

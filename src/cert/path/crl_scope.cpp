@@ -10,7 +10,7 @@ namespace zul {
 namespace {
 
 // The cost of a digest, beside that of its bytes, and of comparing two.
-constexpr int64_t kDigestCost = 300, kComparisonCost = 4;
+constexpr int64_t kDigestCost = 300, kComparisonCost = 12;
 
 NameDigest general_name_digest(const GeneralNameView& name) {
     if (name.type == GeneralNameType::directoryName)

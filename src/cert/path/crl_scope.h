@@ -9,8 +9,8 @@ namespace zul {
 // CrlScope holds what a certificate says of its CRLs: its issuer and its distribution points.
 class CrlScope {
   public:
-    // read takes a certificate and its extensions, which outlive the scope. False if a distribution point is
-    // malformed, or if the budget is spent.
+    // read takes a certificate and its extensions. False if a distribution point is malformed, or if the
+    // budget is spent: those read before it count.
     [[nodiscard]] bool read(const CertificateView& certificate, const CertExtensions& extensions,
                             PathBudget& budget);
 

@@ -66,12 +66,6 @@ struct Statement {
     OcspRecord* response;
     OcspSingleView single;
     bool isCurrent, isKnown; // isKnown: without unknown critical extensions
-
-    bool is_before(const Statement& other) const {
-        if (isCurrent != other.isCurrent)
-            return isCurrent;
-        return single.thisUpdate > other.single.thisUpdate;
-    }
 };
 
 class OcspSearch {
@@ -85,8 +79,9 @@ class OcspSearch {
         for (OcspRecord& response : context_.evidence.responses())
             if (!add_statements(response))
                 return;
-        std::sort(statements_.begin(), statements_.end(),
-                  [](const Statement& a, const Statement& b) { return a.is_before(b); });
+        std::sort(statements_.begin(), statements_.end(), [](const Statement& a, const Statement& b) {
+            return a.single.thisUpdate > b.single.thisUpdate; // new ones before old ones
+        });
         for (const Statement& each : statements_) {
             take(each);
             if (finding_.is_revoked())
@@ -142,7 +137,7 @@ class OcspSearch {
             // What a response of a later time says counts if it was so at the time of the check. A hold may
             // have ended since.
             if ((single.thisUpdate > context_.time && single.revocationTime > context_.time) ||
-                (single.reason == kReasonCertificateHold && finding_.is_good()))
+                (single.reason == kReasonCertificateHold && single.thisUpdate < finding_.goodAt))
                 return;
             if (is_by_responder(*statement.response))
                 finding_.add_revoked(true, single.reason, single.revocationTime);
@@ -153,7 +148,7 @@ class OcspSearch {
         if (finding_.is_good() || !is_by_responder(*statement.response))
             return;
         if (single.status == OcspCertStatus::good)
-            finding_.add_good(true);
+            finding_.add_good(true, single.thisUpdate);
         else
             finding_.note(RevocationGap::status);
     }

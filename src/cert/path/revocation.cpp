@@ -37,6 +37,8 @@ constexpr GapRow kGaps[] = {
 // Signers of signers of ... CRLs. More than two of them do not occur.
 constexpr int kMostNested = 4;
 
+constexpr int64_t kCheckCost = 2000;
+
 bool is_same(const PathLink& a, const PathLink& b) {
     return a.certificate != nullptr && b.certificate != nullptr &&
            a.certificate->encoding == b.certificate->encoding;
@@ -81,7 +83,7 @@ RevocationAnswer check_revocation(const RevocationContext& context, const PathLi
     if (context.evidence.unreadable() > 0)
         finding.note(RevocationGap::unreadable);
     const RevocationProgress progress = {&link, outer};
-    if (depth(&progress) > kMostNested) {
+    if (!context.budget.take(kCheckCost) || depth(&progress) > kMostNested) {
         finding.note(RevocationGap::work);
     } else {
         ocsp_check(context, progress, finding);

@@ -24,6 +24,7 @@ enum class RevocationGap : uint8_t {
 struct RevocationFinding {
     RevocationAnswer answer;
     RevocationGap gap = RevocationGap::noEvidence;
+    int64_t goodAt = INT64_MIN; // when the newest evidence that says good was made
 
     bool is_revoked() const { return answer.state == RevocationState::revoked; }
     bool is_good() const { return answer.state == RevocationState::good; }
@@ -31,7 +32,9 @@ struct RevocationFinding {
         if (found > gap)
             gap = found;
     }
-    void add_good(bool isByOcsp) {
+    void add_good(bool isByOcsp, int64_t at) {
+        if (at > goodAt)
+            goodAt = at;
         if (answer.state == RevocationState::unknown)
             answer = {RevocationState::good, isByOcsp, -1, 0, 0, ""};
     }
