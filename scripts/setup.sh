@@ -5,7 +5,7 @@ set -euo pipefail
 packages=(
     cmake ninja-build g++ g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64 python3
     wine wine64 xvfb xauth xdotool imagemagick
-    openssl gnutls-bin osslsigncode argon2 age libargon2-dev libssl-dev libcli11-dev googletest libbenchmark-dev
+    openssl curl gnutls-bin osslsigncode argon2 age libargon2-dev libssl-dev libcli11-dev googletest libbenchmark-dev
     openjdk-17-jre-headless
     clang-format clang libclang-rt-14-dev valgrind python3-cryptography minisign
 )

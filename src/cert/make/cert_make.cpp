@@ -1,6 +1,7 @@
 #include "cert/make/cert_make.h"
 
 #include "asn1/asn_build.h"
+#include "asn1/asn_encode.h"
 #include "asn1/asn_file.h"
 #include "cert/fields/cert_oids.h"
 #include "cert/make/certificate_plan.h"
@@ -45,7 +46,7 @@ AsnList serial_number(const CertificatePlan& plan) {
 // CertificateParts are what a certificate is put together from.
 struct CertificateParts {
     AsnList issuer, publicKeyInfo;
-    SecretBuffer authorityKeyIdentifier;
+    SecretBuffer authorityKeyIdentifier; // empty: that of the key itself
     const ValidityBounds* bounds = nullptr;
     bool mayExceedBounds = false;
 };
@@ -55,8 +56,11 @@ struct CertificateParts {
     AsnList validity;
     if (const int error = plan_validity(validity, plan, parts.bounds, parts.mayExceedBounds))
         return error;
+    const SecretBuffer keyInfo = asn_Encode(parts.publicKeyInfo);
+    const SecretBuffer keyIdentifier = key_identifier({keyInfo.data(), keyInfo.size()});
     AsnList extensions =
-        plan_extensions(plan, key_identifier(parts.publicKeyInfo.head()), parts.authorityKeyIdentifier);
+        plan_extensions(plan, keyIdentifier,
+                        parts.authorityKeyIdentifier.empty() ? keyIdentifier : parts.authorityKeyIdentifier);
     return signer.sign(
         object, asn_NewSequence(asn_LinkList(
                     asn_NewExplicit(0, asn_NewInteger(2)), serial_number(plan), signer.identifier(),
@@ -74,7 +78,7 @@ struct CertificateParts {
     if (const int error = name_check(request.subject))
         return error;
     if (der_single(request.subject, kDerSequence, names))
-        plan.subject = element_of(names);
+        plan.subject = elements_of(names);
     return 0;
 }
 
@@ -108,7 +112,6 @@ int cert_self_sign(const char* certFile, const char* privateKey, const char* des
     CertificateParts parts;
     parts.issuer = asn_NewSequence(asn_CopyList(plan.subject.head()));
     parts.publicKeyInfo = key_public_info(signer.key());
-    parts.authorityKeyIdentifier = key_identifier(parts.publicKeyInfo.head());
     AsnList object;
     if (const int error = make_certificate_object(object, plan, signer, std::move(parts)))
         return error;

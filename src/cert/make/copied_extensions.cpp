@@ -70,7 +70,7 @@ using Plan = CertificatePlan;
         break;
     }
     if (error == 0)
-        name = element_of(view.encoding);
+        name = elements_of(view.encoding);
     return error;
 }
 
@@ -159,10 +159,7 @@ constexpr struct {
     DerElement element;
     if (!reader.take_any(element) || !reader.at_end())
         return malformed();
-    AsnList value = element_of(extension.value);
-    if (!value)
-        return malformed();
-    AsnList copy = extension_make(extension.oid.text(), extension.isCritical, std::move(value));
+    AsnList copy = extension_make(extension.oid.text(), extension.isCritical, elements_of(extension.value));
     if (list_has_type(plan.otherExtensions, copy.head()->next))
         return given_already();
     plan.otherExtensions = asn_Link(std::move(plan.otherExtensions), std::move(copy));

@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "asn1/asn_parse.h"
+#include "asn1/asn_build.h"
 #include "cert/make/plan_extensions.h"
 #include "frame/err.h"
 #include "key/key_der.h"
@@ -10,8 +10,21 @@
 
 namespace zul {
 
-AsnList element_of(DerView encoding) {
-    return asn_ParseAll(encoding.data, encoding.size);
+AsnList elements_of(DerView encoding) {
+    constexpr uint32_t kTagBits = 0x1F;
+    DerReader reader(encoding);
+    DerElement element;
+    AsnList list;
+    while (reader.take_any(element)) {
+        asn_Node* node = asn_make_node(element.identifier & ~kTagBits, element.identifier & kTagBits,
+                                       element.content.size);
+        if (!element.content.empty())
+            memcpy(node->data, element.content.data, element.content.size);
+        node->length = static_cast<uint32_t>(element.content.size);
+        asn_SetHeader(node);
+        list.append(node);
+    }
+    return reader.at_end() ? std::move(list) : AsnList();
 }
 
 int public_key_of(Key& key, DerView publicKeyInfo) {
@@ -49,13 +62,13 @@ int IssuerCertificate::check_issuer(uint32_t usage) const {
 }
 
 AsnList IssuerCertificate::name() const {
-    return element_of(view_.subject);
+    return elements_of(view_.subject);
 }
 
 SecretBuffer IssuerCertificate::key_identifier() const {
     const DerView own = extensions_.subjectKeyIdentifier;
     if (own.empty())
-        return zul::key_identifier(element_of(view_.publicKeyInfo).head());
+        return zul::key_identifier(view_.publicKeyInfo);
     SecretBuffer identifier;
     identifier.append(own.data, own.size);
     return identifier;

@@ -31,9 +31,9 @@ class IssuerCertificate {
     Key key_;
 };
 
-// element_of makes a list of one element in DER. public_key_of reads a SubjectPublicKeyInfo, as
-// key_read_structure does.
-AsnList element_of(DerView encoding);
+// elements_of makes packed elements of DER, byte for byte; an empty list of anything else. public_key_of
+// reads a SubjectPublicKeyInfo, as key_read_structure does.
+AsnList elements_of(DerView encoding);
 [[nodiscard]] int public_key_of(Key& key, DerView publicKeyInfo);
 
 } // namespace zul

@@ -2,7 +2,6 @@
 #include "cert/make/plan_extensions.h"
 
 #include "asn1/asn_build.h"
-#include "asn1/asn_children.h"
 #include "asn1/asn_value.h"
 #include "cert/fields/cert_oids.h"
 #include "cert/make/extension_values.h"
@@ -96,15 +95,18 @@ AsnList plan_extensions(CertificatePlan& plan, const SecretBuffer& subjectKeyIde
     return out.finish();
 }
 
-SecretBuffer key_identifier(const asn_Node* publicKeyInfo) {
-    AsnChildren fields(publicKeyInfo);
-    fields.take();
-    SecretBuffer key, identifier(kSha1Size);
-    if (!asn_GetBitString(fields.peek(), key))
+SecretBuffer key_identifier(DerView publicKeyInfo) {
+    DerView fields, bits;
+    DerElement algorithm;
+    if (!der_single(publicKeyInfo, kDerSequence, fields))
         return {};
+    DerReader reader(fields);
+    if (!reader.take_any(algorithm) || !reader.take(kDerBitString, bits) || bits.empty())
+        return {};
+    SecretBuffer identifier(kSha1Size);
     Sha1Context context;
     sha1_init(context);
-    sha1_update(context, key.data(), key.size());
+    sha1_update(context, bits.data + 1, bits.size - 1);
     sha1_final(context, identifier.data());
     return identifier;
 }

@@ -1,4 +1,5 @@
 #pragma once
+#include "asn1/der_reader.h"
 #include "cert/make/certificate_plan.h"
 
 namespace zul {
@@ -10,6 +11,6 @@ AsnList plan_extensions(CertificatePlan& plan, const SecretBuffer& subjectKeyIde
 
 // key_identifier gives the SHA-1 digest of the key in a SubjectPublicKeyInfo (RFC 5280, 4.2.1.2, method 1),
 // which names a key and protects nothing.
-SecretBuffer key_identifier(const asn_Node* publicKeyInfo);
+SecretBuffer key_identifier(DerView publicKeyInfo);
 
 } // namespace zul

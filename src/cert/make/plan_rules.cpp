@@ -1,9 +1,11 @@
 #include "cert/make/plan_rules.h"
 
 #include "asn1/asn_build.h"
+#include "asn1/asn_element.h"
 #include "cert/fields/cert_extensions.h"
 #include "cert/fields/cert_oids.h"
 #include "frame/err.h"
+#include "frame/slice.h"
 #include "key/key_oids.h"
 #include "zulcore.h"
 
@@ -100,10 +102,14 @@ bool has_name(const CertificatePlan& plan, uint32_t tag) {
 
 // An address that is not ASCII is an otherName.
 bool has_address(const CertificatePlan& plan) {
-    for (const asn_Node* node = plan.alternativeNames.head(); node != nullptr; node = node->next)
-        if (oid_is(node, "\x2B\x06\x01\x05\x05\x07\x08\x09"sv))
+    constexpr std::string_view kMailbox = "\x06\x08\x2B\x06\x01\x05\x05\x07\x08\x09"sv;
+    for (const asn_Node* node = plan.alternativeNames.head(); node != nullptr; node = asn_ElementEnd(node)) {
+        const SecretBuffer name = asn_EncodeElement(node);
+        const std::string_view content = slice({name.text(), name.size()}, node->hdrsize);
+        if (asn_is(node, kAsnContext, 1) || (asn_is(node, kAsnExplicit, 0) && content.starts_with(kMailbox)))
             return true;
-    return has_name(plan, 1);
+    }
+    return false;
 }
 
 [[nodiscard]] int check_names(const CertificatePlan& plan, bool isCa) {

@@ -40,7 +40,7 @@ int SubjectInput::open(const char* keyOrRequest) {
 }
 
 AsnList SubjectInput::public_key_info() const {
-    return isRequest_ ? element_of(request_.publicKeyInfo) : key_public_info(key_);
+    return isRequest_ ? elements_of(request_.publicKeyInfo) : key_public_info(key_);
 }
 
 } // namespace zul
