@@ -1519,8 +1519,8 @@ ZUL_API int SEAL_OpenFile(const char* szFileOut, const char* szFileIn, const cha
  * friendlyName of the key and of its certificate, in a file of certificates that of the first; null or empty: none.
  * The key's certificate has the key's localKeyId and comes first.
  *
- * Key and certificates are encrypted with PBES2: AES-256-CBC under a key of PBKDF2 with HMAC-SHA-256; the MAC is HMAC-
- * SHA-256 under a key of the PKCS #12 derivation. Each has 600,000 iterations and a random salt. nOptions:
+ * Key and certificates are encrypted with PBES2: AES-256-CBC under a key of PBKDF2 with HMAC-SHA-256; the MAC is
+ * HMAC-SHA-256 under a key of the PKCS #12 derivation. Each has 600,000 iterations and a random salt. nOptions:
  *  - ZUL_P12_LEGACY: for old programs, pbeWithSHAAnd3-KeyTripleDES-CBC and a MAC with SHA-1, 2048 iterations;
  *  - ZUL_P12_PBMAC1: the MAC is PBMAC1 with PBKDF2, which programs older than about 2024 cannot verify;
  *  - ZUL_P12_TRUSTED: certificates other than the key's get the attribute by which Java knows trusted certificates;

@@ -3,6 +3,7 @@
 Usage: cryptography_test.py MODULE"""
 import base64
 import ctypes
+import datetime
 import hashlib
 import os
 import pathlib
@@ -11,6 +12,7 @@ import sys
 import tempfile
 import unittest
 
+from cryptography import x509
 from cryptography.exceptions import InvalidSignature
 from cryptography.hazmat.primitives import hashes, serialization
 from cryptography.hazmat.primitives.asymmetric import ec, ed25519, padding, rsa, utils, x25519
@@ -18,7 +20,7 @@ from cryptography.hazmat.primitives.ciphers import aead
 from cryptography.hazmat.primitives.kdf.hkdf import HKDF
 from cryptography.hazmat.primitives.kdf.pbkdf2 import PBKDF2HMAC
 from cryptography.hazmat.primitives.kdf.scrypt import Scrypt
-from cryptography.hazmat.primitives.serialization import Encoding, NoEncryption, PrivateFormat, PublicFormat
+from cryptography.hazmat.primitives.serialization import Encoding, NoEncryption, PrivateFormat, PublicFormat, pkcs12
 
 PEM, OWN, RAW, DETERMINISTIC = 0x10000, 0x40000, 1, 2
 SIGNATURE_ERROR, DECRYPT_ERROR = 22, 15
@@ -203,6 +205,34 @@ class Interop(unittest.TestCase):
                     more = [*sized(key, nonce, aad), name.encode(), 0]
                     self.assertEqual(output(ZUL.AEAD_Encrypt, *sized(plain), *more), sealed)
                     self.assertEqual(output(ZUL.AEAD_Decrypt, *sized(sealed), *more), plain)
+
+    def test_pkcs12_files(self):
+        password, name = "p\u00e4ss\u20ac\U0001F600".encode(), "Own \u00fc".encode()
+        subject = x509.Name([x509.NameAttribute(x509.NameOID.COMMON_NAME, "Own")])
+        schemes = [(pkcs12.PBES.PBESv1SHA1And3KeyTripleDESCBC, hashes.SHA1()),
+                   (pkcs12.PBES.PBESv2SHA256AndAES256CBC, hashes.SHA512())]
+        for kind in ("rsa", "p-256", "p-384", "p-521", "ed25519"):
+            key, certs = KEYS[kind], self.folder / "certs"
+            now = datetime.datetime(2026, 1, 1)
+            certificate = (x509.CertificateBuilder().subject_name(subject).issuer_name(subject).serial_number(1)
+                           .public_key(key.public_key()).not_valid_before(now).not_valid_after(now.replace(year=2036))
+                           .sign(key, None if kind == "ed25519" else hashes.SHA256()))
+            for scheme, digest in schemes:
+                encryption = (PrivateFormat.PKCS12.encryption_builder().kdf_rounds(2000).key_cert_algorithm(scheme)
+                              .hmac_hash(digest).build(password))
+                self.file.write_bytes(pkcs12.serialize_key_and_certificates(name, key, certificate, None, encryption))
+                text = ctypes.create_string_buffer(4000)
+                self.assertEqual(ZUL.P12_Unpack(os.fsencode(certs), text, 3999, os.fsencode(self.file), password, 0), 0,
+                                 last_error())
+                self.assertEqual(ZUL.KEY_Match(text.value, self.public(kind)), 0)
+                self.assertEqual(x509.load_pem_x509_certificate(certs.read_bytes()), certificate)
+            self.file.unlink()
+            for options in (0, 0x100):  # PBES2, and the schemes of old
+                self.assertEqual(ZUL.P12_Pack(os.fsencode(self.file), os.fsencode(certs), text, password, name, options),
+                                 0, last_error())
+                made = pkcs12.load_pkcs12(self.file.read_bytes(), password)
+                self.assertEqual((pkcs8(made.key), made.cert.certificate), (pkcs8(key), certificate))
+                self.assertEqual(made.cert.friendly_name, name)
 
     def test_minisign_signatures(self):
         """The signature is that of a BLAKE2b digest; a second one covers the first and the comment."""

@@ -87,8 +87,8 @@ def derive(digest, purpose, password, salt, iterations, size):
             key = hashlib.new(digest, key).digest()
         out += key
         addend = int.from_bytes((key * block)[:block], 'big') + 1
-        inside = b''.join(((int.from_bytes(inside[i:i + block], 'big') + addend) % 2 ** (8 * block)).to_bytes(block, 'big')
-                          for i in range(0, len(inside), block))
+        blocks = [int.from_bytes(inside[i:i + block], 'big') + addend for i in range(0, len(inside), block)]
+        inside = b''.join((number % 2 ** (8 * block)).to_bytes(block, 'big') for number in blocks)
     return out[:size]
 
 
@@ -220,43 +220,42 @@ DER['broken'] = seq(integer(1))
 lines = ['# PKCS #12 files and what comes of them. Made by make.py.', '']
 
 
-def case(what, der, code=0, password=PASSWORD.encode(), certs=(), **more):
-    """certs: in the order of the output, the key's first; with Key = name that of another one, with NoKey of none."""
+def case(what, der, code=0, password=PASSWORD.encode(), certs=('leaf',), **more):
+    """certs: in the order of the output, the key's first; with Key = name there are none, and with NoKey no key."""
     fields = {'What': what, 'P12': der.hex(), **more}
     if code:
         fields['Code'] = code
     if password != PASSWORD.encode():
         fields['Password'] = 'none' if password is None else password.hex()
-    if certs:
+    if certs != ('leaf',):
         fields['Certs'] = ' '.join(certs)
     lines.extend([f'{name} = {value}' for name, value in fields.items()] + [''])
 
 
-LEAF = {'certs': ['leaf']}
 BOTH = [encrypted(cert_bag('leaf')), data(key_bag('leaf'))]
 
 
 def macs():
     for digest in ('sha1', 'sha224', 'sha256', 'sha384', 'sha512'):
-        case(f'MAC with {digest}', pfx(*BOTH, digest=digest), **LEAF)
-        case(f'PBMAC1 with {digest}', pfx(*BOTH, mac=pbmac1, digest=digest), **LEAF)
+        case(f'MAC with {digest}', pfx(*BOTH, digest=digest))
+        case(f'PBMAC1 with {digest}', pfx(*BOTH, mac=pbmac1, digest=digest))
     for prf in ('sha1', 'sha512', None):
-        case(f'PBMAC1 with PRF {prf}', pfx(*BOTH, mac=pbmac1, prf=prf), **LEAF)
-    case('PBMAC1 with a long key', pfx(*BOTH, mac=pbmac1, size=64), **LEAF)
+        case(f'PBMAC1 with PRF {prf}', pfx(*BOTH, mac=pbmac1, prf=prf))
+    case('PBMAC1 with a long key', pfx(*BOTH, mac=pbmac1, size=64))
     case('PBMAC1 without the length of the key', pfx(*BOTH, mac=pbmac1, written=False), BAD_FORMAT)
     case('PBMAC1 with a short key', pfx(*BOTH, mac=pbmac1, size=19), BAD_FORMAT)
     case('PBMAC1 with another derivation', pfx(*BOTH, mac=pbmac1, kdf='99'), NOT_SUPPORTED)
     case('PBMAC1 with other iterations', pfx(*BOTH, mac=pbmac1, count=4), DECRYPT)
     case('PBMAC1 with too many iterations', pfx(*BOTH, mac=pbmac1, count=10**7 + 1), RANGE)
     case('PBMAC1 under another password', pfx(*BOTH, mac=pbmac1, password=b'other'), DECRYPT)
-    case('no iteration count', pfx(*BOTH, iterations=1, field=b''), **LEAF)
+    case('no iteration count', pfx(*BOTH, iterations=1, field=b''))
     case('MAC with md5', pfx(*BOTH, digest='md5'), NOT_SUPPORTED)
     case('MAC with too many iterations', pfx(*BOTH, field=integer(10**7 + 1)), RANGE)
     case('MAC with no iterations', pfx(*BOTH, field=integer(0)), BAD_FORMAT)
     case('MAC under another password', pfx(*BOTH, password=wide('other')), DECRYPT)
-    case('no MAC', pfx(*BOTH, mac=None), **LEAF)
+    case('no MAC', pfx(*BOTH, mac=None))
     case('no MAC, but demanded', pfx(*BOTH, mac=None), SIGNATURE, Options=NEED_MAC)
-    case('MAC demanded', pfx(*BOTH), Options=NEED_MAC, **LEAF)
+    case('MAC demanded', pfx(*BOTH), Options=NEED_MAC)
     case('no MAC, another password', pfx(*BOTH, mac=None), DECRYPT, password=b'other')
 
 
@@ -266,24 +265,23 @@ def passwords():
                 data(key_bag('leaf', scheme=scheme, password=password))]
     for keys in (2, 3):
         bags = [encrypted(cert_bag('leaf'), scheme=pbe, keys=keys), data(key_bag('leaf', scheme=pbe, keys=keys))]
-        case(f'Triple DES with {keys} keys', pfx(*bags), **LEAF)
+        case(f'Triple DES with {keys} keys', pfx(*bags))
     text = 'p\u00e4ss\u20ac\U0001F600'
-    case('beyond ASCII', pfx(*both(pbe, wide(text)), password=wide(text)), password=text.encode(), **LEAF)
-    case('beyond ASCII, PBES2', pfx(*both(pbes2, text.encode()), password=wide(text)), password=text.encode(), **LEAF)
+    case('beyond ASCII', pfx(*both(pbe, wide(text)), password=wide(text)), password=text.encode())
+    case('beyond ASCII, PBES2', pfx(*both(pbes2, text.encode()), password=wide(text)), password=text.encode())
     case('beyond ASCII, PBMAC1', pfx(*both(pbes2, text.encode()), mac=pbmac1, password=text.encode()),
-         password=text.encode(), **LEAF)
+         password=text.encode())
     byte_wise = wide(text.encode().decode('latin-1'))
-    case('each byte made wide', pfx(*both(pbe, byte_wise), password=byte_wise), password=text.encode(), **LEAF)
+    case('each byte made wide', pfx(*both(pbe, byte_wise), password=byte_wise), password=text.encode())
     latin = 'p\u00e4ss\u00df'
-    case('given in Latin-1', pfx(*both(pbes2, latin.encode()), password=wide(latin)), password=latin.encode('latin-1'),
-         **LEAF)
+    case('given in Latin-1', pfx(*both(pbes2, latin.encode()), password=wide(latin)), password=latin.encode('latin-1'))
     case('Latin-1 as it is', pfx(*both(pbes2, latin.encode('latin-1')), password=wide(latin)),
-         password=latin.encode('latin-1'), **LEAF)
+         password=latin.encode('latin-1'))
     for what, empty in (('two bytes', b'\0\0'), ('no bytes', b'')):
         for given in (b'', None):
-            case(f'empty password of {what}, {given}', pfx(*both(pbe, empty), password=empty), password=given, **LEAF)
-    case('empty password without MAC', pfx(*both(pbe, b''), mac=None), password=b'', **LEAF)
-    case('empty password, PBES2', pfx(*both(pbes2, b''), password=b''), password=b'', **LEAF)
+            case(f'empty password of {what}, {given}', pfx(*both(pbe, empty), password=empty), password=given)
+    case('empty password without MAC', pfx(*both(pbe, b''), mac=None), password=b'')
+    case('empty password, PBES2', pfx(*both(pbes2, b''), password=b''), password=b'')
     case('no bytes are not any password', pfx(*both(pbe, b''), password=b''), DECRYPT)
 
 
@@ -299,7 +297,7 @@ def order():
     case('key of another kind', pfx(*by_id), NOT_SUPPORTED)
     case('its certificates', pfx(*by_id), NoKey=1, certs=['dsa', 'leaf'])
     case('no key', pfx(data(cert_bag('leaf'))), NO_DATA)
-    case('certificates alone', pfx(data(cert_bag('leaf'))), NoKey=1, certs=['leaf'])
+    case('certificates alone', pfx(data(cert_bag('leaf'))), NoKey=1)
     case('no certificate', pfx(data(key_bag('leaf'))), NO_DATA)
     case('key alone', pfx(data(key_bag('leaf'))), Key='leaf')
 
@@ -315,7 +313,8 @@ def structure():
         'PKCS #12 version 3',
         'MAC: algorithm=hmacWithSHA256, kdf=PKCS12, iterations=3, verified=yes',
         'Safe 1: encryption=none, bytes={}, entries=4',
-        'Safe 2: encryption=PBES2, kdf=PBKDF2, prf=hmacWithSHA256, iterations=3, cipher=aes256-CBC, bytes={}, entries=2',
+        'Safe 2: encryption=PBES2, kdf=PBKDF2, prf=hmacWithSHA256, iterations=3, cipher=aes256-CBC, bytes={}, '
+        'entries=2',
         'Safe 3: encryption=none, bytes={}, entries=2',
         'Safe 4: type=envelopedData',
         'Entry 1: kind=crl, safe=1',
@@ -341,14 +340,13 @@ def structure():
     case('what is visible', pfx(*all_of_it), DECRYPT, password=None, List='|'.join(visible).format(*sizes))
 
     algorithm, content = pbes2(seq(cert_bag('leaf')))
-    third = len(content) // 3
-    segments = octets(content[:third]), ber(0x24, octets(content[third:9 + third]), octets()), octets(content[9 + third:])
+    segments = octets(content[:99]), ber(0x24, octets(content[99:109]), octets()), octets(content[109:])
     hidden = ber(0x30, oid(PKCS7 + '6'), ber(0xA0, ber(0x30, integer(0), ber(
         0x30, oid(PKCS7 + '1'), algorithm, ber(0xA0, *segments)))))
     safe = ber(0x30, hidden, data(key_bag('leaf')))
-    whole = ber(0x30, integer(3), ber(0x30, oid(PKCS7 + '1'), ber(0xA0, ber(0x24, octets(safe[:50]), octets(safe[50:])))),
-                mac_data(safe))
-    case('BER', whole, **LEAF)
+    inner = ber(0xA0, ber(0x24, octets(safe[:50]), octets(safe[50:])))
+    whole = ber(0x30, integer(3), ber(0x30, oid(PKCS7 + '1'), inner), mac_data(safe))
+    case('BER', whole)
 
     garbage = data(seq(oid(BAG + '3'), explicit(seq(oid(X509), explicit(octets(b'x'))))))
     case('damaged before the MAC was made', pfx(garbage), BAD_FORMAT)
@@ -367,7 +365,8 @@ def structure():
     case('version 4', pfx(*BOTH, version=4), NOT_SUPPORTED)
     case('signed', seq(integer(3), content_info(seq(integer(1)), 2)), NOT_SUPPORTED)
     case('no PFX', seq(integer(3)), BAD_FORMAT)
-    case('more after the MAC', seq(integer(3), content_info(octets(seq(*BOTH))), mac_data(seq(*BOTH)), NULL), BAD_FORMAT)
+    safe = seq(*BOTH)
+    case('more after the MAC', seq(integer(3), content_info(octets(safe)), mac_data(safe), NULL), BAD_FORMAT)
 
 
 macs()
