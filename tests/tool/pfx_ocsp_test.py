@@ -1,60 +1,151 @@
 """PKCS #12 files and OCSP messages of the command-line tool."""
 import base64
+import json
 import os
+import pathlib
 
-from tool_harness import ToolTest, main, openssl, read, rsa_key, write, zul
+from tool_harness import TOOL, ToolTest, main, openssl, read, rsa_key, write
 
 
 class PfxFiles(ToolTest):
     make = ["pfx", "make", "alice.pem", "alice.key", "--password-file", "pw"]
+    NAME = "M\u00fcller \u0141 \U0001F600"
 
     def prepare(self):
         write("plain.key", rsa_key())
         write("alice.key", openssl("pkcs8 -topk8 -iter 2 -passout pass:pw -in plain.key"))
         write("pw", b"pw\n")
+        write("other", b"x")
         self.done("cert self -k plain.key -s CN=Alice alice.pem")
+        for kind, options in (("rsa", "RSA -pkeyopt rsa_keygen_bits:2048"), ("ed", "ed25519"),
+                              ("ec", "EC -pkeyopt ec_paramgen_curve:P-256"), ("ec5", "EC -pkeyopt ec_paramgen_curve:P-521")):
+            write(kind + ".key", openssl("genpkey -algorithm " + options))
+            openssl(f"req -x509 -new -key {kind}.key -subj /CN={kind} -out {kind}.pem")
+        openssl("req -x509 -new -key rsa.key -subj /CN=Root -out root.pem")
+        openssl("req -new -key ed.key -subj /CN=leaf -out leaf.csr")
+        openssl("x509 -req -in leaf.csr -CA root.pem -CAkey rsa.key -set_serial 2 -out leaf.pem")
+
+    def opens(self, file, key, certificates, *options):
+        """openssl finds the key and the certificates, the key's first."""
+        shown = openssl("pkcs12 -nodes -in", file, "-passin", "pass:pw", *options)
+        self.assertEqual(openssl("pkey", stdin=shown), openssl("pkey -in", key))
+        blocks = [b"-----BEGIN" + block for block in shown.split(b"-----BEGIN")[1:] if block.startswith(b" CERTIFICATE")]
+        self.assertEqual([openssl("x509", stdin=block) for block in blocks], [openssl("x509 -in", each) for each in certificates])
 
     def test_made_and_read(self):
-        self.done(*self.make, "-o", "a.p12", "--name", "M\u00fcller")
-        shown = openssl("pkcs12 -in a.p12 -nodes -passin pass:pw")
-        self.assertIn("friendlyName: M\u00fcller".encode("latin-1"), shown)
-        self.assertEqual(openssl("pkey", stdin=shown), openssl("pkey", stdin=read("plain.key")))
-        self.assertEqual(self.done("pfx verify a.p12 --password-file pw"),
-                         b"a.p12: good MAC, made with this password\n")
-        self.assertEqual(self.done("pfx extract a.p12 --cert c.pem --key=k.pem"), b"")
-        self.assertEqual(openssl("x509 -in c.pem"), openssl("x509 -in alice.pem"))
-        self.assertEqual(read("k.pem").split(), read("alice.key").split())
-        der = self.done("pfx extract - --der --key -", stdin=read("a.p12"))
-        self.assertEqual(der, base64.b64decode(b"".join(read("alice.key").splitlines()[1:-1])))
-        pem = self.done("pfx make - --pem --empty-password", stdin=read("alice.pem"))
+        forms = (([], "hmacWithSHA256", "PBES2", 600000, []), (["--legacy"], "hmacWithSHA1", "pbeWithSHAAnd3-KeyTripleDES-CBC", 2048, []),
+                 (["--pbmac1"], "hmacWithSHA256", "PBES2", 600000, ["-nomacver"]))  # Debian's openssl 3.0 knows no PBMAC1
+        for kind, (options, mac, scheme, iterations, reading) in zip(("rsa", "ed", "ec", "ec5"), (*forms, forms[0])):
+            file = kind + ".p12"
+            self.done("pfx make alice.pem", kind + ".pem", kind + ".key", "-o", file, "--password-file=pw", "--name", self.NAME, *options)
+            self.opens(file, kind + ".key", [kind + ".pem", "alice.pem"], *reading)
+            if not options:  # of plain bags the name can be seen
+                self.assertIn(self.NAME.encode("utf-16-be"), read(file))
+            self.assertEqual(self.done("pfx verify --password-file pw", file), file.encode() + b": good MAC, made with this password\n")
+            self.refused(22, "pfx verify --password-file other", file, says="wrong password")
+            listed = json.loads(self.done("pfx list --json --password-file pw", file))
+            self.assertEqual((listed["mac"]["algorithm"], listed["mac"]["iterations"], listed["mac"]["verified"]), (mac, iterations, True))
+            self.assertEqual([(entry["kind"], entry.get("name")) for entry in listed["entries"]],
+                             [("certificate", self.NAME), ("certificate", None), ("key", self.NAME)])
+            self.assertEqual((listed["entries"][2]["encryption"], listed["entries"][2]["iterations"]), (scheme, iterations))
+            self.done("pfx extract --password-file pw --need-mac", file, "--cert=c.pem", "--chain=rest.pem", "--all-certs=all.pem",
+                      "--key=k.pem", "--force")
+            self.assertEqual([openssl("x509 -in", each) for each in ("c.pem", "rest.pem")], [read(kind + ".pem"), openssl("x509 -in alice.pem")])
+            self.assertEqual(read("all.pem"), read("c.pem") + read("rest.pem"))
+            self.assertIn(b"ENCRYPTED PRIVATE KEY", read("k.pem"))
+            self.assertEqual(openssl("pkey -passin pass:pw -in k.pem"), openssl("pkey -in", kind + ".key"))
+        if os.name == "posix" and not TOOL[1:]:
+            self.assertEqual([os.stat(file).st_mode & 0o777 for file in ("ed.p12", "k.pem")], [0o600, 0o600])
+
+    def test_forms(self):
+        write("new", b"fresh\n")
+        write("both.pem", read("root.pem") + read("ed.key") + read("leaf.pem"))
+        self.done("pfx make both.pem --chain alice.pem -o a.p12 --password-file pw")
+        self.opens("a.p12", "ed.key", ["leaf.pem", "root.pem", "alice.pem"])
+        der = self.done("pfx extract - --der --password-file pw --encrypt aes-128 --count 5 --new-password-file new --key -", stdin=read("a.p12"))
+        self.assertEqual(openssl("pkey -inform DER -passin pass:fresh", stdin=der), read("ed.key"))
+        scheme = openssl("asn1parse -inform DER", stdin=der)
+        self.assertRegex(scheme, rb"(?s)PBKDF2.*INTEGER +:05\n.*aes-128-cbc")
+        self.assertEqual(self.done("pfx extract a.p12 --password-file pw --unencrypted --key=-").split(), read("ed.key").split())
+        self.assertEqual(self.done("pfx extract a.p12 --password-file pw --der --cert -"), openssl("x509 -in leaf.pem -outform DER"))
+
+        # an encrypted key, whose password the new file gets, or another one
+        self.done(*self.make, "--pem", "-o", "b.p12")
+        self.done(*self.make, "--new-password-file", "new", "-o", "c.p12")
+        write("b.der", base64.b64decode(b"".join(read("b.p12").splitlines()[1:-1])))
+        self.opens("b.der", "plain.key", ["alice.pem"])
+        self.refused(15, "pfx list c.p12 --password-file pw", says="wrong password")
+        self.done("pfx extract c.p12 --password-file new --key fresh.key")
+        self.done("key match fresh.key alice.pem --password-file new")
+
+        pem = self.done("pfx make - --pem --empty-password --truststore", stdin=read("alice.pem"))
         self.done("pfx verify - --empty-password", stdin=pem)
-        self.refused(20, "pfx extract - --cert=never --key=never.key", stdin=pem, says="No encrypted private key")
+        self.assertIn(b", trusted=yes", self.done("pfx list - --empty-password", stdin=pem))
+        self.refused(20, "pfx extract - --empty-password --cert=never --key=never.key", stdin=pem, says="no key number 0")
+        self.refused(20, "pfx extract - --empty-password --cert=never --chain=never2", stdin=pem, says="no chain")
         self.assertFalse(os.path.exists("never"))
 
     def test_foreign(self):
-        for options, code in ((["-certpbe", "NONE"], 0), (["-legacy", "-macalg", "sha512"], 19)):
-            write("b.p12", openssl("pkcs12 -export -inkey plain.key -in alice.pem -passout pass:pw", *options))
-            self.done("pfx verify b.p12 --password-file pw")
-            self.done("pfx extract b.p12 --force --key=k.pem")
-            self.done("key check k.pem --password-file pw")
-            self.assertEqual(zul("pfx extract b.p12 --cert=c.pem").returncode, min(code, 1))
-        self.refused(22, "pfx verify b.p12 --password-file", write("other", b"x"), says="wrong password")
+        chained = "-inkey ed.key -in leaf.pem -certfile root.pem"
+        for options, warns in (("", b""), ("-legacy -macalg sha512", b""), ("-certpbe NONE -keypbe NONE", b""), ("-macalg sha224", b""),
+                               ("-nomac", b"has no MAC")):
+            write("b.p12", openssl("pkcs12 -export -passout pass:pw", *chained.split(), *options.split()))
+            self.done("pfx extract b.p12 --force --password-file pw --all-certs=all.pem --key=k.pem", warns=warns)
+            self.assertEqual(read("all.pem").split(), (openssl("x509 -in leaf.pem") + openssl("x509 -in root.pem")).split())
+            self.assertEqual(openssl("pkey -passin pass:pw -in k.pem"), read("ed.key"))
+            self.assertEqual(self.done("pfx list b.p12 --password-file pw", warns=warns).count(b"kind=certificate"), 2)
+            if not options:
+                self.assertNotIn(b"CN=leaf", self.done("pfx list b.p12 --no-password"))
+            self.refused(15, "pfx extract b.p12 --password-file other --cert=never", says="wrong password")
+        self.done("pfx list b.p12 --password-file pw --trust")
+        for command in ("list", "extract --cert=never"):
+            self.refused(22, f"pfx {command} b.p12 --need-mac --password-file pw", says="no MAC")
+        self.refused(20, "pfx verify b.p12 --password-file pw")
+
+        write("b.p12", openssl("pkcs12 -export -nocerts -inkey ed.key -certfile root.pem -passout pass:pw"))
+        self.done("pfx extract b.p12 --force --password-file pw --cert=c.pem --key=k.pem", warns=b"no certificate in b.p12 belongs to the key")
+
+        # A byte of the content that changes under a good structure, and a structure that ends too early.
+        good = openssl("pkcs12 -export -passout pass:pw", *chained.split())
+        at = len(good) // 2
+        write("c.p12", good[:at] + bytes([good[at] ^ 1]) + good[at + 1:])
+        write("d.p12", good[:at])
+        for command in ("list", "extract --cert=never --key=never.key"):
+            self.refused(15, f"pfx {command} c.p12 --password-file pw", says="the file was changed")
+            self.refused(8, f"pfx {command} d.p12 --password-file pw")
+        self.assertFalse(os.path.exists("never"))
+
+    def test_several_keys(self):
+        data = pathlib.Path(__file__).parents[1] / "data/p12"
+        vector = (data / "cases.txt").read_text().split("What = second of two keys\nP12 = ")[1].split("\n")[0]
+        write("two.p12", bytes.fromhex(vector))
+        for number, name in (("0", "leaf"), ("1", "root")):
+            outputs = ["--cert=" + name + ".crt", "--key", name + ".pvt", "--password-file", write("simple", b"simple")]
+            self.done("pfx extract two.p12 --key-number", number, *outputs)
+            self.assertEqual(openssl("x509 -outform DER -in", name + ".crt"), (data / (name + ".der")).read_bytes())
+            self.done("key match --password-file simple", name + ".pvt", str(data / (name + ".der")))
+        self.refused(20, "pfx extract two.p12 --key-number 2 --key=never --password-file simple", says="no key number 2")
 
     def test_refused(self):
-        self.done("key make --password-file pw --bits=512 --count=9 other.pub other.key", warns=b"2048 bits")
         before = {name: read(name) for name in os.listdir()}
-        for code, file, says in ((15, "plain.key", "encrypted key"), (21, "other.key", "not the key of alice.pem"),
-                                 (1, "missing", "missing")):
-            self.refused(code, *self.make[:3], file, *self.make[4:], "-o", "never", says=says)
-        self.refused(7, "pfx make plain.key --empty-password -o never")
+        for code, file, says in ((15, "alice.key", "password is not the right one"), (1, "missing", "missing")):
+            self.refused(code, "pfx make alice.pem --password-file other -o never", file, says=says)
+        self.refused(21, "pfx make alice.pem --password-file pw -o never ed.key", says="ed.key: error 21")
+        self.refused(20, "pfx make plain.key --empty-password -o never", says="without a certificate")
+        self.refused(7, "pfx make --empty-password -o never leaf.csr", says="leaf.csr")
         for out in ("alice.pem", "alice.key", "pw"):
             self.refused(6, *self.make, "-o", "./" + out, says="would replace")
+        self.refused(2, "pfx make alice.pem --empty-password -o plain.key", says="--force")
         self.refused(6, "pfx extract alice.pem --cert=alice.pem", says="would replace")
-        self.refused(8, "pfx extract alice.pem --cert=never", says="Not a valid PFX file")
+        self.refused(7, "pfx extract alice.pem --cert=never --password-file pw", says="Not a PKCS #12 file")
         for says, arguments in (("CERT is required", ["make"]), ("with a password only", [*self.make[1:4], "--empty-password"]),
-                                ("lacks", [*self.make[1:], "--name", "\u0141"]), ("--cert FILE", ["extract", "x"]),
+                                ("both hold a private key", [*self.make[1:], "ed.key"]),
+                                ("--legacy and --pbmac1", [*self.make[1:], "--legacy", "--pbmac1"]), ("--cert FILE", ["extract", "x"]),
                                 ("exclude each other", ["verify", "x", "--empty-password", "--password-file=pw"]),
-                                ("two files", ["extract", "x", "--cert=y", "--key=y"]),
+                                ("exclude each other", ["extract", "x", "--key=y", "--unencrypted", "--count=9"]),
+                                ("need --key", ["extract", "x", "--cert=y", "--unencrypted"]),
+                                ("file of its own", ["extract", "x", "--cert=y", "--key=y"]), ("PEM", ["extract", "x", "--chain=y", "--der"]),
+                                ("--no-password", ["list", "x", "--no-password", "--empty-password"]),
                                 ("standard input", ["make", "-", "-", "--password-file=pw"])):
             self.wrong_usage(says, "pfx", *arguments)
         self.assertEqual({name: read(name) for name in os.listdir()}, before)

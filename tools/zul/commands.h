@@ -28,6 +28,8 @@ void add_request_commands(CLI::App& app);
 void add_crl_commands(CLI::App& app);
 void add_cms_commands(CLI::App& app);
 void add_pfx_commands(CLI::App& app);
+void add_pfx_make_command(CLI::App& group);
+void add_pfx_extract_command(CLI::App& group);
 void add_ocsp_commands(CLI::App& app);
 void add_der_command(CLI::App& app);
 void add_general_commands(CLI::App& app);

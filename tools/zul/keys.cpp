@@ -31,11 +31,15 @@ Key Key::from_xml(const SecretBytes& content, const std::string& name) {
 
 Key Key::read(const std::string& file, const PasswordOption& password) {
     const std::string name = shown_name(file);
-    const SecretBytes content = Input(file).read_all();
+    return read_content(Input(file).read_all(), name, [&] { return password.read(in_quotes(name)); });
+}
+
+Key Key::read_content(const SecretBytes& content, const std::string& name,
+                      const std::function<SecretBytes()>& ask) {
     if (is_key_xml(content))
         return from_xml(content, name);
     const KeyText source = key_text(content, name);
-    const SecretBytes secret = source.isEncrypted ? password.read(in_quotes(name)) : SecretBytes(1);
+    const SecretBytes secret = source.isEncrypted ? ask() : SecretBytes(1);
     Key key;
     key.form_ = source.form;
     key.text_ = key_string(name, [&](char* out, int room) {

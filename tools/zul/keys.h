@@ -16,6 +16,9 @@ class Key {
   public:
     // read reads a file or standard input and detects its form (XML, PEM, base64 or DER) and the key's.
     static Key read(const std::string& file, const PasswordOption& password);
+    // read_content reads what a file held; ask gives the password of an encrypted key. name is for messages.
+    static Key read_content(const SecretBytes& content, const std::string& name,
+                            const std::function<SecretBytes()>& ask);
     // make makes a private key of a type of KEY_Make.
     static Key make(const std::string& type);
     // without_private gives the public part of a key.
