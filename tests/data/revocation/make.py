@@ -176,19 +176,48 @@ def response(*singles, by="CA", responder=None, certs=(), produced="2026-05-01",
     return seq(tlv(10, b"\0"), tlv(0xA0, seq(oid("1.3.6.1.5.5.7.48.1.1"), tlv(4, basic))))
 
 
-def library_response(algorithm, by_hash):
-    """One of the library's own, with P-256: (anchor, leaf, response)."""
+def library_certificates():
+    """An anchor and a leaf of the library's own, with P-256: (keys, certificates, first and last day)."""
     keys = [ec.generate_private_key(ec.SECP256R1()) for _ in range(2)]
     names = [x509.Name([x509.NameAttribute(x509.NameOID.COMMON_NAME, text)]) for text in ("EC CA", "EC leaf")]
     when = [datetime.datetime(NOW.year + years, 1, 1) for years in (0, 1)]
     certs = [x509.CertificateBuilder().subject_name(names[n]).issuer_name(names[0]).serial_number(n + 1)
              .public_key(keys[n].public_key()).not_valid_before(when[0]).not_valid_after(when[1])
+             .add_extension(x509.CRLDistributionPoints([LIBRARY_POINT]), False)
              .sign(keys[0], hashes.SHA256()) for n in range(2)]
+    return keys[0], certs, when
+
+
+LIBRARY_POINT = x509.DistributionPoint([x509.UniformResourceIdentifier("http://a.example")], None, None, None)
+
+
+def library_response(algorithm, by_hash):
+    key, certs, when = library_certificates()
     encoding = lib.OCSPResponderEncoding.HASH if by_hash else lib.OCSPResponderEncoding.NAME
     made = lib.OCSPResponseBuilder().add_response(certs[1], certs[0], algorithm, lib.OCSPCertStatus.GOOD, *when, None,
                                                   None).responder_id(encoding, certs[0])
-    der = Encoding.DER
-    return (*(each.public_bytes(der) for each in certs), made.sign(keys[0], hashes.SHA256()).public_bytes(der))
+    return certs, [made.sign(key, hashes.SHA256())]
+
+
+def library_crls(*lists):
+    """lists: (is the leaf listed, extensions)."""
+    key, certs, when = library_certificates()
+    crls = []
+    for is_listed, *extensions in lists:
+        builder = x509.CertificateRevocationListBuilder().issuer_name(certs[0].subject)
+        builder = builder.last_update(when[0]).next_update(when[1])
+        for each in extensions:
+            builder = builder.add_extension(each, not isinstance(each, x509.CRLNumber))
+        entry = x509.RevokedCertificateBuilder().serial_number(2).revocation_date(when[0])
+        entry = entry.add_extension(x509.CRLReason(x509.ReasonFlags.key_compromise), False)
+        issuer = x509.CertificateIssuer([x509.DirectoryName(certs[0].subject)])
+        builder = builder.add_revoked_certificate(entry.add_extension(issuer, True).build()) if is_listed else builder
+        crls.append(builder.sign(key, hashes.SHA256()))
+    return certs, crls
+
+
+def library_idp(*reasons, indirect=False, full=LIBRARY_POINT.full_name):
+    return x509.IssuingDistributionPoint(full, None, False, False, frozenset(reasons) or None, indirect, False)
 
 
 CA = cert("CA")
@@ -263,6 +292,7 @@ CASES = [
     ("points for some reasons", leaf(point([LDAP], reasons=[1, 2]), point([HTTP], reasons=[3, 4, 5, 6, 7, 8])), "good",
      [crl(extensions=[idp([LDAP])]), crl(extensions=[idp([HTTP])])]),
     ("a point for some reasons", leaf(point([LDAP], reasons=[1, 2])), NO_DATA, [crl(extensions=[idp([LDAP])])]),
+    ("a point for some reasons, a list without point", leaf(point([LDAP], reasons=[1, 2])), NO_DATA, [crl()]),
     ("a list for some reasons", leaf(point([LDAP])), NO_DATA, [crl(extensions=[idp([LDAP], reasons=[1])])]),
     ("a list of attribute certificates", LEAF, NO_DATA, [crl(extensions=[extension("2.5.29.28", seq(tlv(0x85, b"\xff")))])]),
     ("listed for some reasons", leaf(point([LDAP])), "revoked 1",
@@ -356,10 +386,17 @@ def main():
         return names[der]
 
     cases, usual = [], int(datetime.datetime(2026, 6, 1, tzinfo=datetime.timezone.utc).timestamp())
-    library = [(f"OCSP of a library, {kind.name}, {'key' if by_hash else 'name'}", kind, by_hash)
+    library = [(f"OCSP of a library, {kind.name}, {'key' if by_hash else 'name'}", "good", library_response(kind, by_hash))
                for kind in (hashes.SHA1(), hashes.SHA256(), hashes.SHA384(), hashes.SHA512()) for by_hash in (0, 1)]
-    library = [(title, target, "good", [answer], [], anchor, int(NOW.timestamp()) + 3600)
-               for title, (anchor, target, answer) in ((title, library_response(*rest)) for title, *rest in library)]
+    first, *others = set(x509.ReasonFlags) - {x509.ReasonFlags.unspecified, x509.ReasonFlags.remove_from_crl}
+    number, delta = x509.CRLNumber, x509.DeltaCRLIndicator
+    library += [("CRL of a library, indirect", "revoked 1", library_crls((True, library_idp(indirect=True)))),
+                ("CRLs of a library by reason", "good", library_crls((False, library_idp(first)), (False, library_idp(*others)))),
+                ("CRL of a library, another point", f"unknown {NO_DATA}", library_crls(
+                    (False, library_idp(full=[x509.UniformResourceIdentifier("http://b.example")])))),
+                ("delta of a library", "revoked 1", library_crls((False, number(1)), (True, number(2), delta(1))))]
+    library = [(title, certs[1].public_bytes(Encoding.DER), status, [each.public_bytes(Encoding.DER) for each in evidence], [],
+                certs[0].public_bytes(Encoding.DER), int(NOW.timestamp()) + 3600) for title, status, (certs, evidence) in library]
     for title, target, status, evidence, *more in CASES + library:
         signers, anchor, time = (*more, *[[], CA, usual][len(more):])
         status = status if isinstance(status, str) else f"unknown {status}"
