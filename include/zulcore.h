@@ -1644,6 +1644,65 @@ ZUL_API int CERT_Issue(const char* szCertOut, const char* szIssuerCert, const ch
 ZUL_API int CERT_Request(const char* szRequestOut, const char* szPrivateKey, const char* szDescription,
                          int nOptions);
 
+/* --- CERT_: what a certificate says ----------------------------------------------------------------------
+ * szCert and szFileOrText: PEM, base64 of more than 256 characters, or the name of a file of PEM, base64 or DER; the
+ * label of PEM does not matter, keys among its blocks are left out, and a block or file of SignedData (.p7b) counts as
+ * the certificates and CRLs in it. All have to be DER; together at most 64 MiB. Texts that come out are UTF-8.
+ * TeletexString is taken as Latin-1. Hex digits are lower case, times are "2026-01-31T12:30:00Z", object identifiers
+ * with a name are shown by the name of their standard ("secp256r1", "sha256WithRSAEncryption"), others dotted. Names
+ * stand in the order of their encoding: "C=AU, O=Example, CN=Alice", with "+" between attributes of one
+ * RelativeDistinguishedName, and "\" before ,;+"<>, a "#" or blank in front and a blank at the end of a value.
+ *
+ * What comes out cannot be mistaken for another line or value: control characters, line and paragraph separators, the
+ * controls of bidirectional text, tag characters and bytes that encode no character are written as \xNN for each byte,
+ * "\" as "\\". In JSON they have its escapes, and such bytes become U+FFFD.
+ *
+ * Codes of all: BAD_FLAG_ERROR; BAD_PARAM_ERROR: a missing argument; OPEN_ERROR, READ_ERROR; INVALID_DATA_ERROR: neither
+ * PEM nor DER; NO_DATA_ERROR: nothing but keys in it; OUT_OF_RANGE_ERROR: too long; BAD_FORMAT_ERROR: another object,
+ * or a malformed one. */
+
+/* CERT_Query answers one query about a certificate, request, CRL or OCSP response, the first one in szCert. szQuery, in
+ * any case:
+ *  - kind: "certificate", "request", "crl" or "ocspResponse"; version; serialNumber (hex); issuer; subject;
+ *  - notBefore, notAfter; thisUpdate, nextUpdate, revokedCount of a CRL; producedAt of an OCSP response; daysLeft: whole
+ *    days until notAfter or nextUpdate, negative after it;
+ *  - publicKeyAlgorithm; publicKeyBits; curve; publicKey: PEM "PUBLIC KEY"; signatureAlgorithm;
+ *  - isSelfIssued: "1" if issuer and subject are equal, else "0"; selfSigned: "1" if the object's own key verifies its
+ *    signature, else "0"; -NOT_SUPPORTED_ERROR, -BAD_KEY_ERROR if that cannot be told;
+ *  - sha1, sha256: digests of the whole DER; spkiSha256: of subjectPublicKeyInfo;
+ *  - subjectKeyIdentifier; authorityKeyIdentifier (its keyIdentifier); keyUsage; extKeyUsage; isCA: "1" or "0";
+ *    pathLength; crlNumber; tlsFeature; sctCount; extensions: their names;
+ *  - dns, ip, email, uri: names of subjectAltName of one form, email with those of RFC 9598; subjectAltName: all, each
+ *    as "dNSName:www.example.org"; policies: dotted; nameConstraints: "permitted:dNSName:example.org";
+ *  - crl, ocsp, caIssuers: where CRLs, OCSP responders and the issuer's certificate are found.
+ * Several values are joined by line feeds, which stand in no value but that of publicKey. What the object does not
+ * have gives an empty text. Of a request the extensions are those that it asks for. nOptions: 0.
+ * Length. Query. -BAD_QUERY_ERROR: another word; -BAD_FORMAT_ERROR: also an extension asked for that is malformed. */
+ZUL_API int CERT_Query(char* szOutput, int nOutChars, const char* szCert, const char* szQuery, int nOptions);
+
+/* CERT_Report writes all that certificates, requests, CRLs and OCSP responses hold: a text for reading, or with
+ * ZUL_CERT_JSON the JSON that docs/certificate-json.md describes. Several objects of one argument are numbered. Fields
+ * and extensions that are malformed are shown as such, with their bytes in hex, and the report goes on.
+ * Length. Query. -SHORT_BUF_ERROR: JSON that does not fit; a text is cut at a whole character. -BAD_FORMAT_ERROR: not one
+ * of these objects. */
+ZUL_API int CERT_Report(char* szOutput, int nOutChars, const char* szFileOrText, int nOptions);
+
+/* CERT_CheckName tells whether a certificate, the first one in szCert, is for a host, an address or a mailbox
+ * (RFC 9525). It looks at names alone, not at signatures, dates and purposes. szHostOrAddress, UTF-8:
+ *  - a host's name: a dNSName of subjectAltName has to be equal, without regard to case. "*" as the whole first label of
+ *    it stands for one label, if two labels at least follow. A dot at the end of szHostOrAddress does not count.
+ *    Labels of other letters than ASCII are turned into A-labels ("xn--...");
+ *  - an IPv4 or IPv6 address, perhaps in "[" and "]": an iPAddress has to have its 4 or 16 bytes;
+ *  - an e-mail address, known by its "@": an rfc822Name has to be equal, the domain without regard to case; if the part
+ *    before the "@" is not all ASCII, an SmtpUTF8Mailbox (RFC 9598).
+ * Names with zero bytes, empty labels or other characters than letters, digits and hyphens match no host. nOptions:
+ *  - ZUL_CERT_SUBJECT_NAME: the subject's names, which RFC 9525 does not allow to be used, count too: the last
+ *    commonName as a dNSName, if subjectAltName has no dNSName, iPAddress or uniformResourceIdentifier; emailAddress as
+ *    an rfc822Name, if it has no e-mail address.
+ * Status, positive. NO_MATCH_ERROR, with a text that lists the certificate's names; BAD_PARAM_ERROR: also none of the
+ * three; BAD_FORMAT_ERROR: also a malformed extension. */
+ZUL_API int CERT_CheckName(const char* szCert, const char* szHostOrAddress, int nOptions);
+
 #ifdef __cplusplus
 }
 #endif

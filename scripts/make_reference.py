@@ -70,7 +70,11 @@ def pages_of(text):
             title = re.sub(r"[ -]+$", "", re.sub(r"^ -{3} ", "", lines[0]))
             key = re.match(r"[A-Z0-9]+", title)[0].lower()
             intro = markdown_of(lines[1:]) if "".join(lines[1:]).strip() else ""
-            pages[key] = (title, "# " + title + "\n" + ("\n" + intro if intro else ""), [])
+            level = "# "
+            if key in pages:  # a second part of the family
+                level, title = "\n## ", title.partition(": ")[2].capitalize()
+            first, page, names = pages.get(key, (title, "", []))
+            pages[key] = (first, page + level + title + "\n" + ("\n" + intro if intro else ""), names)
         elif functions := functions_in(code):
             title, page, names = pages[key]
             own = [name for _, name in functions]

@@ -137,6 +137,7 @@ constexpr OidNameRow kOidNameRows[] = {
     {"1.3.6.1.4.1.11129.2.4.3", "ctPoison"},
     {"1.3.6.1.4.1.11129.2.4.5", "ocspSignedCertificateTimestampList"},
     {"1.3.6.1.4.1.44363.44", "delegationUsage"},
+    {"2.23.42.7.0", "hashedRootKey"},
     {"2.23.140.3.1", "cabfOrganizationIdentifier"},
     {"2.16.840.1.113730.1.1", "netscapeCertType"},
     {"2.16.840.1.113730.1.2", "netscapeBaseUrl"},
