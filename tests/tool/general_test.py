@@ -107,7 +107,7 @@ class Usage(ToolTest):
             "--from 2026-02-29": "not '2026-02-29'", "--until 2026-01-01T24:00": "not '2026-01-01T24:00'", "--from=": "is empty",
             "--from 2026-01-02 --until 2026-01-01": "lies before", "--from 2026-01-02 --until 2026-01-02T00:00": "lies before",
             "--years=1 --until 2026-01-01": "exclude each other", "--serial 0a3f": "hex after 0x", "--serial 0": "at least 1",
-            "--serial 0x1" + "0" * 40: "at most 20 bytes", "--serial 0x80" + "0" * 38: "below 0x80", "--email alice": "ASCII",
+            "--serial 0x1" + "0" * 40: "at most 20 bytes", "--serial 0x80" + "0" * 38: "below 0x80", "--email alice": "alice@example.com",
             "--usage keyCertSign,signing": "usages: digitalSignature, ", "--version1 --email a@b": "version 1 has no"},
         "cert issue --issuer=a -k": {FILES: "--request FILE or --public-key FILE", "b --public-key=b c": "--subject"},
         "crl make --issuer=a -k in.bin out.crl": {"--issued=2026-01-02T1:00 --next=2026-01-02": "lies before",

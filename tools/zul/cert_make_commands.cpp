@@ -1,11 +1,8 @@
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <memory>
 
-#include "certificates.h"
+#include "certificate_old_forms.h"
 #include "commands.h"
-#include "file_digest.h"
-#include "hex_text.h"
 #include "streams.h"
 
 namespace tool {
@@ -16,100 +13,100 @@ constexpr int kAuthorityUsage = ZUL_KEYUSAGE_KEYCERTSIGN | ZUL_KEYUSAGE_CRLSIGN;
 
 // What certificates of both kinds are made of.
 struct Contents {
-    std::string subject, serial, usage, email, from, until, subjectKeyId, out;
-    int years = 1;
-    bool utf8 = false, version1 = false, noBasic = false, noKeyIds = false;
-    CLI::Option* yearsOption = nullptr;
-    RsaKeyOption key;
+    std::string subject, serial, usage, profile, from, until, out;
+    int years = 0, days = 0;
+    DescriptionOptions described;
+    OldForms old;
+    KeyFileOption key;
     SigningOptions signing;
 
     void add_to(CLI::App& command) {
         command.add_option("OUT", out, "Output file; - for standard output")->required()->option_text(" ");
         command.add_option("-s,--subject", subject, "Name, as \"C=AU;O=Example;CN=Alice\"")
             ->option_text("NAME");
-        command.add_option("--serial", serial, "Serial number, decimal or hex after 0x (random)")
-            ->option_text("N");
-        command.add_option("--from", from, "First day, or time, of the validity (now)")->option_text("DATE");
-        command.add_option("--until", until, "Its last day, or time")->option_text("DATE");
-        yearsOption = command.add_option("--years", years, "Instead of --until: how many years (1)")
-                          ->check(CLI::Range(1, 1000))
-                          ->option_text("N");
+        command
+            .add_option("--profile", profile,
+                        "What it is for: server, client, email, code, ca, ocsp or timestamp")
+            ->option_text("PROFILE");
+        described.add_to(command);
         command.add_option("--usage", usage, "What the key is for: names joined by commas, or none")
             ->option_text("USAGE");
-        command.add_option("--email", email, "E-mail address (subjectAltName)")->option_text("ADDRESS");
-        command.add_option("--subject-key-id", subjectKeyId, "Subject key identifier (SHA-1 of the key)")
-            ->option_text("HEX");
-        command.add_flag("--no-key-ids", noKeyIds, "Leave out both key identifiers");
+        command.add_option("--from", from, "First day, or time, of the validity (now)")->option_text("DATE");
+        command.add_option("--until", until, "Its last day, or time")->option_text("DATE");
+        command.add_option("--days", days, "Instead of --until: how many days (90; an authority 10 years)")
+            ->check(CLI::Range(1, 365000))
+            ->option_text("N");
+        command.add_option("--years", years, "Instead of --until: how many years")
+            ->check(CLI::Range(1, 1000))
+            ->option_text("N");
+        command.add_option("--serial", serial, "Serial number, decimal or hex after 0x (random)")
+            ->option_text("N");
         signing.add_to(command);
-        command.add_flag("--utf8", utf8, "Write the name as UTF8String, as is done where it is not ASCII");
-        command.add_flag("--no-basic", noBasic, "Leave out basicConstraints");
-        command.add_flag("--version1", version1, "Version 1, which has no extensions");
+        old.add_to(command);
     }
+
+    bool is_old() const { return old.are_asked() || usage == "none"; }
 
     void check() const {
-        if (version1 && !(usage.empty() && email.empty() && subjectKeyId.empty()))
-            throw UsageError("a certificate of version 1 has no --usage, --email or --subject-key-id");
-        if (noKeyIds && !subjectKeyId.empty())
-            throw UsageError("--no-key-ids and --subject-key-id exclude each other");
-        if (!until.empty() && yearsOption->count() > 0)
-            throw UsageError("--until and --years exclude each other");
+        if (is_old())
+            old.check(usage, described);
+        refuse_period(until, years, days);
     }
 
-    // notBefore is always given: the library's default shifts with the time zone.
-    std::string extensions() const {
-        const std::string begin = from.empty() ? now_text(60) : date_text(from, "--from", "T00:00:01");
-        std::string text = "notBefore=" + begin;
-        if (!until.empty()) {
-            const std::string end = date_text(until, "--until", "T23:59:59");
-            if (begin > end)
-                throw UsageError("--until lies before the beginning");
-            text += ";notAfter=" + end;
-        }
-        const std::string number = serial.empty() ? random_serial() : serial_hex(serial, "--serial");
+    std::string begin() const { return from.empty() ? "" : date_text(from, "--from", "T00:00:01"); }
+    std::string end() const {
+        const std::string end = until.empty() ? "" : date_text(until, "--until", "T23:59:59");
+        if (!end.empty() && (from.empty() ? now_text(60) : begin()) > end)
+            throw UsageError("--until lies before the beginning");
+        return end;
+    }
+
+    std::string checked_serial() const {
+        const std::string number = serial_hex(serial, "--serial");
         constexpr size_t kDigits = 40;
         if (number == "00" || number.size() > kDigits || (number.size() == kDigits && number[0] > '7'))
             throw UsageError("--serial of a certificate is at least 1 and has at most 20 bytes, the first of "
                              "them below 0x80");
-        text += ";serialNumber=" + number;
-        if (!email.empty())
-            text += ";rfc822Name=" + quote_value(checked_email());
+        return number;
+    }
+
+    Description description() const {
+        Description text;
+        if (!subject.empty())
+            text.pair("subject", read_name(subject, is_old() ? NameForm::old : NameForm::any).text);
+        if (!profile.empty())
+            text.pair("profile", profile);
+        if (!from.empty())
+            text.pair("notBefore", begin());
+        if (!until.empty())
+            text.pair("notAfter", end());
+        if (days > 0)
+            text.pair("days", std::to_string(days));
+        if (years > 0)
+            text.pair("valid", std::to_string(years) + "y");
+        if (!serial.empty())
+            text.pair("serial", checked_serial());
+        if (!usage.empty() && key_usage(usage) != 0)
+            text.text("keyUsage=" + usage);
+        described.put(text);
         return text;
     }
 
-    // key_id is the pair for the identifier of a key: that of RFC 5280, 4.2.1.2 (1), if none is given.
-    std::string key_id(const RsaKey& certified) const {
-        if (version1 || noKeyIds)
-            return {};
-        std::string id;
-        if (subjectKeyId.empty()) {
-            const ScratchFile saved;
-            accept_status(RSA_SavePublicKey(saved.path(), certified.text(), 0), "key");
-            id = file_digest(saved.path(), find_digest("sha1"));
-        } else {
-            const SecretBytes hex = hex_line(decode_hex(subjectKeyId, "--subject-key-id"));
-            id.assign(hex.begin(), hex.end() - 1);
+    // certificate: what was just made as it is made today.
+    OldCertificate old_certificate(const ScratchFile& certificate, bool isAuthority) const {
+        OldCertificate contents;
+        contents.begin = from.empty() ? now_text(60) : begin();
+        contents.end = end();
+        if (contents.end.empty() && years == 0) {
+            contents.end = query(ObjectArgument(certificate.path()), "notAfter");
+            contents.end.pop_back(); // its "Z"
         }
-        return ";subjectKeyIdentifier=" + id;
-    }
-
-    const std::string& checked_email() const {
-        const size_t at = email.find('@');
-        const bool isText =
-            std::all_of(email.begin(), email.end(), [](char c) { return c > ' ' && c < 0x7F; });
-        if (!isText || at == 0 || at == email.npos || at + 1 == email.size())
-            throw UsageError("--email takes an ASCII address such as alice@example.com");
-        return email;
-    }
-
-    int options(bool needsUtf8) const {
-        return signing.algorithm() | ZUL_X509_FORMAT_PEM | (utf8 || needsUtf8 ? ZUL_X509_UTF8 : 0) |
-               (noBasic ? ZUL_X509_NO_BASIC : 0) | (version1 ? ZUL_X509_VERSION1 : 0);
-    }
-
-    int usage_bits(bool isAuthority) const {
-        if (usage.empty())
-            return isAuthority ? kAuthorityUsage : 0;
-        return key_usage(usage);
+        contents.years = years == 0 ? 1 : years;
+        contents.serial = serial.empty() ? random_serial() : checked_serial();
+        contents.email = described.email.empty() ? "" : described.email[0];
+        contents.isAuthority = isAuthority;
+        contents.usage = !usage.empty() ? key_usage(usage) : isAuthority ? kAuthorityUsage : 0;
+        return contents;
     }
 
     void deliver(const ScratchFile& made) const {
@@ -123,35 +120,44 @@ struct Contents {
 struct SelfCommand : Contents {
     void run() const {
         check();
-        const Name name = read_name(subject);
-        const std::string dates = extensions();
-        const int bits = usage_bits(true), choice = options(!name.isAscii);
+        if (subject.empty() && described.describe.empty())
+            throw UsageError("--subject is required");
+        Description text = description();
+        if (profile.empty() && described.describe.empty())
+            text.flag("ca");
         key.refuse_output("-", out);
-        const RsaKey privateKey = signing_key(key, "");
-        const std::string pairs = dates + key_id(privateKey);
+        const Key privateKey = signing_key(key, "");
+        if (!is_old())
+            signing.put(text, privateKey);
         const ScratchFile made;
-        accept_status(X509_MakeCertSelf(made.path(), privateKey.text(), 1, years, name.text.c_str(),
-                                        pairs.c_str(), bits, kNoPassword, choice),
-                      "certificate");
+        accept_status(CERT_SelfSign(made.path(), privateKey.text(), text.c_str(), 0), "certificate");
+        if (is_old()) {
+            OldCertificate contents = old_certificate(made, true);
+            contents.subject = read_name(subject, NameForm::old);
+            contents.self(made.path(), {privateKey, key.file()}, old, signing.algorithm());
+        }
         deliver(made);
     }
 };
 
 struct IssueCommand : Contents {
     std::string issuer, request, publicKey;
-    bool authority = false, authorityKeyId = false;
+    std::vector<std::string> copies;
+    bool authority = false, authorityKeyId = false, beyond = false;
 
     void check_sources() const {
         check();
         if (request.empty() == publicKey.empty())
             throw UsageError("the key that is certified comes from --request FILE or --public-key FILE");
-        if (request.empty() && subject.empty())
+        if (request.empty() && subject.empty() && !described.has_names() && described.describe.empty())
             throw UsageError("--subject is required; a request brings its own name");
-        if (version1 && (authority || authorityKeyId))
+        if (request.empty() && !copies.empty())
+            throw UsageError("--copy takes over what a request asks for");
+        if (old.version1 && (authority || authorityKeyId))
             throw UsageError("a certificate of version 1 has no --ca or --authority-key-id");
-        if (noBasic && authority)
+        if (old.noBasic && authority)
             throw UsageError("--ca and --no-basic exclude each other");
-        if (noKeyIds && authorityKeyId)
+        if (old.noKeyIds && authorityKeyId)
             throw UsageError("--no-key-ids and --authority-key-id exclude each other");
         refuse_shared_input(
             {is_standard_stream(issuer), is_standard_stream(request), is_standard_stream(publicKey)});
@@ -160,77 +166,40 @@ struct IssueCommand : Contents {
                 key.refuse_output(in, out);
     }
 
-    // The library does not compare them. A signature with a wrong key would not verify.
-    void check_issuer(const ObjectArgument& certificate, const RsaKey& privateKey) const {
-        const RsaKey signer = RsaKey::read_certificate(certificate.text(), certificate.name());
-        accept_status(RSA_KeyMatch(privateKey.text(), signer.text()), certificate.name(),
-                      "The private key is not that of the issuer's certificate.");
-        if (authorityKeyId && !has_key_id(certificate))
-            throw UsageError("the issuer's certificate has no subject key identifier to repeat");
-        const int version = X509_QueryCert(nullptr, 0, certificate.text(), "version", 0);
-        const std::string others = ": others may refuse what it issues";
-        if (version < 3)
-            warn(certificate.name() + " is of version " + std::to_string(version) +
-                 ", which has no authorities (CA)" + others);
-        else if (X509_QueryCert(nullptr, 0, certificate.text(), "isCA", 0) == 0)
-            warn(certificate.name() + " is not the certificate of an authority (CA)" + others);
-        if (X509_CertIsValidNow(certificate.text(), 0) == -1)
-            warn(certificate.name() + " has expired or is not valid yet" + others);
-    }
-    static bool has_key_id(const ObjectArgument& certificate) {
-        return !query(certificate, "subjectKeyIdentifier").empty();
-    }
-
-    // certified_request gives the key of a request after checking its signature. The check needs a temporary
-    // certificate of the key.
-    RsaKey certified_request(const RequestParts& parts, const ObjectArgument& object,
-                             const ObjectArgument& issuerCertificate, const RsaKey& privateKey) const {
-        RsaKey certified = RsaKey::read_public(parts.publicKey, object.name());
-        const ScratchFile holder;
-        accept_status(X509_MakeCert(holder.path(), issuerCertificate.text(), certified.text(),
-                                    privateKey.text(), 1, 1, "CN=key", nullptr, 0, kNoPassword,
-                                    signing.algorithm_option()),
-                      object.name());
-        const int result = X509_VerifyCert(object.text(), holder.path());
-        accept_status(result == -1 ? SIGNATURE_ERROR : result, object.name(),
-                      result == -1 ? "It was not signed with its own key, or it was changed." : "");
-        return certified;
-    }
-
     void run() const {
         check_sources();
-        Name name = subject.empty() ? Name{} : read_name(subject);
-        const std::string dates = extensions();
-        const int bits = usage_bits(authority);
-        int choice = options(false) | (authority ? ZUL_X509_SET_CA : 0);
+        Description text = description();
+        if (authority)
+            text.flag("ca");
+        text.list("copy", copies);
         const std::string other = is_standard_stream(request) || is_standard_stream(publicKey) ? "-" : issuer;
-        const RsaKey privateKey = signing_key(key, other);
+        const Key privateKey = signing_key(key, other);
+        if (!is_old())
+            signing.put(text, privateKey);
         const ObjectArgument issuerCertificate = certificate_object(issuer);
-        check_issuer(issuerCertificate, privateKey);
-        if (!version1 && !noKeyIds && has_key_id(issuerCertificate))
-            choice |= ZUL_X509_AUTHKEYID;
-
-        RsaKey certified;
-        if (request.empty()) {
-            certified = RsaKey::read(publicKey, {}).without_private();
-        } else {
-            const SecretBytes content = der_of(request);
-            const ObjectArgument object(request, content);
-            const RequestParts parts(content, object.name());
-            certified = certified_request(parts, object, issuerCertificate, privateKey);
-            if (subject.empty())
-                name = parts.subject();
-            if (parts.asksExtensions)
-                warn(object.name() +
-                     " asks for extensions, which are not taken over: say what the certificate "
-                     "shall have with --usage, --email, --ca");
-        }
-        const std::string pairs = dates + key_id(certified);
+        if (authorityKeyId && query(issuerCertificate, "subjectKeyIdentifier").empty())
+            throw UsageError("the issuer's certificate has no subject key identifier to repeat");
         const ScratchFile made;
-        accept_status(X509_MakeCert(made.path(), issuerCertificate.text(), certified.text(),
-                                    privateKey.text(), 1, years, name.text.c_str(), pairs.c_str(), bits,
-                                    kNoPassword, choice | (name.isAscii ? 0 : ZUL_X509_UTF8)),
-                      "certificate");
+        const auto make = [&](const char* certified) {
+            accept_status(CERT_Issue(made.path(), issuerCertificate.text(), privateKey.text(), certified,
+                                     text.c_str(), beyond ? ZUL_CERT_BEYOND_ISSUER : 0),
+                          "certificate");
+        };
+        if (request.empty()) {
+            const Key certified = Key::read(publicKey, {}).without_private();
+            make(certified.text());
+            if (is_old())
+                make_old(made, issuerCertificate, privateKey, {certified, publicKey},
+                         read_name(subject, NameForm::old));
+        } else {
+            const RequestArgument asked(request);
+            make(asked.text());
+            asked.warn_of_extensions(copies);
+            if (is_old())
+                make_old(made, issuerCertificate, privateKey,
+                         RsaKey::read_public(asked.parts().publicKey, asked.name()),
+                         subject.empty() ? asked.parts().subject() : read_name(subject, NameForm::old));
+        }
         const auto last_day = [](const ObjectArgument& certificate) {
             return query(certificate, "notAfter").substr(0, 10);
         };
@@ -238,14 +207,25 @@ struct IssueCommand : Contents {
             warn("the certificate outlives its issuer's, " + issuerCertificate.name());
         deliver(made);
     }
+
+    void make_old(const ScratchFile& made, const ObjectArgument& issuerCertificate, const Key& privateKey,
+                  const RsaKey& certified, const Name& name) const {
+        OldCertificate contents = old_certificate(made, authority);
+        contents.subject = name;
+        contents.issue(made.path(), issuerCertificate, {privateKey, key.file()}, certified, old,
+                       signing.algorithm());
+    }
 };
 
 std::string footer(const char* text) {
     return std::string(
-               "Names: CN, C, O, OU, L, ST, E (e-mail), SN, G, T, DC, each with = and a value, joined by ;\n"
-               "in quotes (') a value may hold ;. Usages: digitalSignature, nonRepudiation,\n"
-               "keyEncipherment, dataEncipherment, keyAgreement, keyCertSign, cRLSign, encipherOnly,\n"
-               "decipherOnly. Dates: 2026-01-31 or 2026-01-31T12:30:00, UTC.\n") +
+               "Names: CN, C, O, OU, L, ST, E (e-mail), SN, G, T, DC and others, or a dotted number, each "
+               "with\n"
+               "= and a value, joined by ;. In quotes (') a value may hold ;. Usages: digitalSignature,\n"
+               "nonRepudiation, keyEncipherment, dataEncipherment, keyAgreement, keyCertSign, cRLSign,\n"
+               "encipherOnly, decipherOnly; without --usage what fits the key and the profile.\n"
+               "Dates: 2026-01-31 or 2026-01-31T12:30:00, UTC. Keys of any kind, but X25519 signs "
+               "nothing.\n") +
            text;
 }
 
@@ -253,13 +233,14 @@ std::string footer(const char* text) {
 
 void add_cert_make_commands(CLI::App& group) {
     auto self = std::make_shared<SelfCommand>();
-    CLI::App* command = group.add_subcommand("self", "Make the self-signed certificate of an authority (CA)");
-    self->key.add_to(*command, "the authority's private key");
+    CLI::App* command =
+        group.add_subcommand("self", "Make a self-signed certificate, as of an authority (CA)");
+    self->key.add_to(*command, "the private key");
     self->add_to(*command);
-    command->get_option("--subject")->required();
     command->footer(
-        footer("Without --usage the key is for keyCertSign,cRLSign.\n\nExample:\n"
-               "  zul cert self -k ca.key -s \"C=AU;O=Example;CN=Example Root\" --years 10 ca.pem"));
+        footer("Without --profile and --describe it is that of an authority.\n\nExample:\n"
+               "  zul cert self -k ca.key -s \"C=AU;O=Example;CN=Example Root\" --years 10 ca.pem\n"
+               "  zul cert self -k test.key -s CN=localhost --profile server --dns localhost test.pem"));
     command->callback([self] { self->run(); });
 
     auto issue = std::make_shared<IssueCommand>();
@@ -272,17 +253,24 @@ void add_cert_make_commands(CLI::App& group) {
         ->add_option("--request", issue->request,
                      "The request, which brings the key, and the name unless --subject gives one")
         ->option_text("FILE");
+    command
+        ->add_option("--copy", issue->copies,
+                     "Extensions of the request to take over: subjectAltName, keyUsage, extKeyUsage, ...")
+        ->allow_extra_args(false)
+        ->delimiter(',')
+        ->option_text("LIST");
     command->add_option("--public-key", issue->publicKey, "The key, if there is no request")
         ->option_text("FILE");
     command->add_flag("--ca", issue->authority, "The certificate may issue others");
+    command->add_flag("--beyond-issuer", issue->beyond, "It may outlive the issuer's certificate");
     command->add_flag("--authority-key-id", issue->authorityKeyId,
                       "Insist on repeating the issuer's key identifier");
     issue->add_to(*command);
     command->footer(footer(
-        "With --ca and without --usage the key is for keyCertSign,cRLSign. A request's signature is\n"
-        "checked; look at its name first: 'zul request show'. The extensions that it asks for are not taken\n"
-        "over. Key identifiers are written, the authority's if the issuer has one.\n\nExample:\n"
-        "  zul cert issue --issuer ca.pem -k ca.key --request alice.req --years 2 alice.pem"));
+        "A request's signature is checked; look at its name first: 'zul request show'. Of the extensions\n"
+        "that it asks for only those of --copy are taken over. The issuer has to be an authority (CA).\n"
+        "'zul ca' keeps an authority with its records.\n\nExample:\n"
+        "  zul cert issue --issuer ca.pem -k ca.key --request alice.req --profile client alice.pem"));
     command->callback([issue] { issue->run(); });
 }
 

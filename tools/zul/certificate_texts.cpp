@@ -11,6 +11,11 @@ namespace {
 
 constexpr const char* kKeywords[] = {"CN", "C", "O", "OU", "L", "S", "ST", "E", "SN", "G", "T", "DC"};
 
+// What the CERT_ functions know beside.
+constexpr const char* kMoreKeywords[] = {
+    "STREET",       "POSTALCODE",  "INITIALS",  "GENERATIONQUALIFIER",    "UID",
+    "SERIALNUMBER", "DNQUALIFIER", "PSEUDONYM", "ORGANIZATIONIDENTIFIER", "BUSINESSCATEGORY"};
+
 struct UsageRow {
     const char* name;
     int bit;
@@ -38,9 +43,13 @@ bool is_digit(char c) {
     return c >= '0' && c <= '9';
 }
 
-bool is_keyword(std::string_view word) {
-    return std::any_of(std::begin(kKeywords), std::end(kKeywords),
-                       [word](const char* each) { return lower(each) == lower(word); });
+bool is_keyword(std::string_view word, NameForm form = NameForm::any) {
+    const auto isIt = [word](const char* each) { return lower(each) == lower(word); };
+    if (std::any_of(std::begin(kKeywords), std::end(kKeywords), isIt))
+        return true;
+    const bool isDotted = word.find('.') != word.npos && word.find_first_not_of("0123456789.") == word.npos;
+    return form == NameForm::any &&
+           (isDotted || std::any_of(std::begin(kMoreKeywords), std::end(kMoreKeywords), isIt));
 }
 
 // Cursor takes a text apart from its beginning.
@@ -257,7 +266,7 @@ int key_usage(const std::string& names) {
     return bits;
 }
 
-Name read_name(const std::string& text) {
+Name read_name(const std::string& text, NameForm form) {
     std::string_view rest = text;
     Name name;
     for (;;) {
@@ -270,7 +279,7 @@ Name read_name(const std::string& text) {
             throw UsageError(in_quotes(part) + " in the name has no keyword; a name is written as " +
                              "\"C=AU;O=Example;CN=Alice\"");
         const std::string keyword(part.substr(0, equals));
-        if (!is_keyword(keyword)) {
+        if (!is_keyword(keyword, form)) {
             std::string known;
             for (const char* each : kKeywords)
                 known += (known.empty() ? "" : ", ") + std::string(each);

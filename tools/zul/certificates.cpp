@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "armour.h"
+#include "description_options.h"
 #include "operating_system.h"
 #include "streams.h"
 
@@ -149,29 +150,48 @@ std::string query(const ObjectArgument& certificate, const char* name) {
     return readable(text);
 }
 
-RsaKey signing_key(const RsaKeyOption& key, const std::string& in) {
-    RsaKey privateKey = key.read_private(in);
+Key signing_key(const KeyFileOption& key, const std::string& in) {
+    Key privateKey = key.read_private(in);
     privateKey.check("key");
     return privateKey;
 }
 
 void SigningOptions::add_to(CLI::App& command) {
-    command.add_option("-d,--digest", digest, "Digest of the signature (sha256)")->option_text("DIGEST");
+    command.add_option("-d,--digest", digest, "Digest of the signature (sha256, or what the curve has)")
+        ->option_text("DIGEST");
+    command.add_option("--alg", alg, "Algorithm of the signature, such as rsa-pss-sha256")
+        ->option_text("ALG");
     command.add_flag("--pem", pem, "Write PEM (the default)");
     command.add_flag("--der", der, "Write DER");
 }
 
-int SigningOptions::algorithm_option() const {
-    return find_digest(digest).option;
+const Digest& SigningOptions::checked_digest() const {
+    if (der && pem)
+        throw UsageError("--pem and --der exclude each other");
+    if (!digest.empty() && !alg.empty())
+        throw UsageError("--digest and --alg exclude each other");
+    const Digest& algorithm = find_digest(digest_name());
+    if (algorithm.option == ZUL_HASH_MD5 || algorithm.option == ZUL_HASH_MD2)
+        warn(std::string(algorithm.name) + " signatures can be forged; take them for tests only");
+    return algorithm;
+}
+
+void SigningOptions::put(Description& description, const Key& signer) const {
+    const std::string name = checked_digest().name;
+    if (!alg.empty())
+        description.pair("signature", alg);
+    if (digest.empty())
+        return;
+    const std::string type = signer.type();
+    if (type != "rsa" && type != "rsa-pss" && type != "ec")
+        throw UsageError("--digest is for RSA and EC keys; a key of type " + type + " has no choice there");
+    description.pair("signature", (type == "ec" ? "ecdsa" : type) + "-" + name);
 }
 
 int SigningOptions::algorithm() const {
-    if (der && pem)
-        throw UsageError("--pem and --der exclude each other");
-    const Digest& algorithm = find_digest(digest);
-    if (algorithm.option == ZUL_HASH_MD5 || algorithm.option == ZUL_HASH_MD2)
-        warn(std::string(algorithm.name) + " signatures can be forged; take them for tests only");
-    return algorithm.option;
+    if (!alg.empty())
+        throw UsageError("the old forms take --digest, not --alg");
+    return checked_digest().option;
 }
 
 void add_show_command(CLI::App& group, const std::string& what, const std::string& example) {

@@ -1,10 +1,15 @@
 #pragma once
+#include <string>
+#include <vector>
+
 #include "algorithms.h"
 #include "failures.h"
 #include "rsa_keys.h"
 
 // Certificates, requests and revocation lists as arguments and results of commands.
 namespace tool {
+
+class Description;
 
 // ObjectArgument is a file, or standard input, as the library takes it.
 class ObjectArgument {
@@ -56,20 +61,25 @@ std::string readable(std::string_view latin1, bool keepLineFeeds = false);
 std::string query(const ObjectArgument& certificate, const char* name);
 
 // signing_key reads a private key and tries it: one whose values contradict each other would reveal its
-// factors in its signatures. in: the command's other input.
-RsaKey signing_key(const RsaKeyOption& key, const std::string& in);
+// secret numbers in its signatures. in: the command's other input.
+Key signing_key(const KeyFileOption& key, const std::string& in);
 // The library asks for a password also where a key string needs none.
 constexpr const char* kNoPassword = "none";
 
-// SigningOptions are the digest of a signature and the form of what is signed.
+// SigningOptions are the algorithm of a signature and the form of what is signed.
 struct SigningOptions {
-    std::string digest = "sha256";
+    std::string digest, alg;
     bool der = false, pem = false;
 
     void add_to(CLI::App& command);
-    int algorithm() const; // checks the arguments, and warns of a digest that is broken
-    int algorithm_option() const;
+    // put chooses the algorithm in a description; without a choice it is the usual one of the key's kind.
+    void put(Description& description, const Key& signer) const;
+    int algorithm() const; // as the option of the X509_ and CMS_ functions
+    std::string digest_name() const { return digest.empty() ? "sha256" : digest; }
     int form() const { return der ? 0 : ZUL_X509_FORMAT_PEM; }
+
+  private:
+    const Digest& checked_digest() const; // warns of one that is broken
 };
 
 void add_show_command(CLI::App& group, const std::string& what, const std::string& example);
@@ -88,13 +98,14 @@ std::string random_serial();
 // key_usage reads names of RFC 5280 joined by ",": ZUL_KEYUSAGE_ bits; "none" is 0.
 int key_usage(const std::string& names);
 
-// read_name refuses what the library would leave out of a distinguished name, or make something else of,
-// without a word.
+// read_name refuses what the X509_ functions would leave out of a distinguished name, or make something else
+// of, without a word; NameForm::any also takes the attributes that only the CERT_ functions know.
 struct Name {
     std::string text;
     bool isAscii = true; // else it needs UTF8String
 };
-Name read_name(const std::string& text);
+enum class NameForm { old, any };
+Name read_name(const std::string& text, NameForm form);
 // quote_value gives a value that may hold anything but zero bytes.
 std::string quote_value(std::string_view value);
 
@@ -112,6 +123,24 @@ struct RequestParts {
   private:
     const SecretBytes& request_;
     std::string name_;
+};
+
+// RequestArgument is a request in a file or standard input.
+class RequestArgument {
+  public:
+    explicit RequestArgument(const std::string& file)
+        : content_(der_of(file)), object_(file, content_), parts_(content_, object_.name()) {}
+
+    const char* text() const { return object_.text(); }
+    const std::string& name() const { return object_.name(); }
+    const RequestParts& parts() const { return parts_; }
+    // warn_of_extensions: it asks for some, and none is copied.
+    void warn_of_extensions(const std::vector<std::string>& copies) const;
+
+  private:
+    SecretBytes content_;
+    ObjectArgument object_;
+    RequestParts parts_;
 };
 
 } // namespace tool

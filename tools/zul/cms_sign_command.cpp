@@ -36,7 +36,7 @@ struct CmsSignCommand {
     }
 
     // What is signed detached is digested here: it may be of any size.
-    std::string content_digest() const { return file_digest(file, find_digest(signing.digest)); }
+    std::string content_digest() const { return file_digest(file, find_digest(signing.digest_name())); }
 
     void make(const char* path, const std::string& list, const RsaKey& privateKey, int choice) const {
         if (detached) {
@@ -61,7 +61,7 @@ struct CmsSignCommand {
         inputs.insert(inputs.end(), others.begin(), others.end());
         output.check(inputs);
         key.refuse_output(file, output.out);
-        const RsaKey privateKey = signing_key(key, in);
+        const RsaKey privateKey(signing_key(key, in), key.file());
 
         std::vector<Certificate> certificates = {read_certificate(signer)};
         const Certificate first = certificates.front();

@@ -46,7 +46,7 @@ struct MakeCrlCommand {
         const std::string list = entries(), pairs = dates();
         const int options = signing.algorithm() | signing.form();
         key.refuse_output(issuer, out);
-        const RsaKey privateKey = signing_key(key, issuer);
+        const RsaKey privateKey(signing_key(key, issuer), key.file());
         const ObjectArgument certificate = certificate_object(issuer);
         const RsaKey signer = RsaKey::read_certificate(certificate.text(), certificate.name());
         accept_status(RSA_KeyMatch(privateKey.text(), signer.text()), certificate.name(),

@@ -169,4 +169,9 @@ Name RequestParts::subject() const {
     return {text, is_ascii(text)};
 }
 
+void RequestArgument::warn_of_extensions(const std::vector<std::string>& copies) const {
+    if (parts_.asksExtensions && copies.empty())
+        warn(name() + " asks for extensions, which are not taken over: --copy names those that shall be");
+}
+
 } // namespace tool
