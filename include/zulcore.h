@@ -212,6 +212,7 @@ enum zul_error_code {
 #define ZUL_CERT_BEYOND_ISSUER 0x2
 #define ZUL_CERT_JSON 0x10
 #define ZUL_CERT_SUBJECT_NAME 0x20
+#define ZUL_CERT_WEB 0x40
 
 /* P12_. P12_Unpack: the number of the key, from 0, in the low byte */
 #define ZUL_P12_LEGACY 0x100
@@ -1702,6 +1703,61 @@ ZUL_API int CERT_Report(char* szOutput, int nOutChars, const char* szFileOrText,
  * Status, positive. NO_MATCH_ERROR, with a text that lists the certificate's names; BAD_PARAM_ERROR: also none of the
  * three; BAD_FORMAT_ERROR: also a malformed extension. */
 ZUL_API int CERT_CheckName(const char* szCert, const char* szHostOrAddress, int nOptions);
+
+/* CERT_CheckPath tells whether a certificate can be relied on: it looks for a path from it to a trusted certificate and
+ * validates it (RFC 5280, 6; RFC 9618), with CRLs (6.3) and OCSP responses (RFC 6960) that are at hand. Nothing is
+ * fetched. Arguments but the first two and szConditions are lists joined by ";" of files (PEM with any number of
+ * objects, DER, PKCS #7) and texts; those from szOthers on may be null, but szTrusted:
+ *  - szCert: the certificate first; what follows it (the chain that a server sends) goes with szOthers;
+ *  - szOthers: certificates of which a path may be made, in any order;
+ *  - szTrusted: trust anchors. Their dates, basicConstraints, keyUsage, path length and name constraints count
+ *    (RFC 5937). A certificate that is its own issuer may be its own anchor;
+ *  - szEvidence: CRLs and OCSP responses. Certificates of CRL issuers may be among szOthers.
+ * What cannot be read among szOthers and szEvidence is left out, and counted in the report.
+ *
+ * szConditions: keyword=value pairs joined by ";", in any case, or null:
+ *  - time=DATE: the time of the check. Default: now;
+ *  - host=, email=, ip=: a name that the certificate has to be for, as in CERT_CheckName;
+ *  - purpose=any (default), server, client, email, code, timestamp or ocsp: extKeyUsage and keyUsage have to allow it;
+ *    extKeyUsage in the certificates above too, but for ocsp. timestamp and ocsp demand extKeyUsage;
+ *  - policy=OID,...: the acceptable policies (default: any). explicitPolicy, inhibitMapping, inhibitAnyPolicy: flags of
+ *    RFC 5280, 6.1.1;
+ *  - maxDepth=N: certificates between the anchor and the certificate, 0 to 100. Default: 20;
+ *  - revocation=all: each certificate but the anchor has to be good by evidence; leaf: the certificate itself has to be,
+ *    and no other may be revoked; known: none may be revoked; none: evidence is not looked at. Default: all if
+ *    szEvidence is given, else none;
+ *  - anchor=certificate (default) or key: a name and a key alone, as RFC 5280 has it.
+ *
+ * Signatures are RSA (PKCS #1 v1.5, PSS), ECDSA with P-256, P-384, P-521, Ed25519, and DSA; MD2 and MD5 are refused, and
+ * SHA-1 is mentioned in the report. nOptions:
+ *  - ZUL_CERT_WEB: the rules of the public web for servers: a name in subjectAltName, no SHA-1, RSA keys of 2048 bits at
+ *    least, positive serial numbers of at most 20 octets, a validity of at most 398 days (from 2026-03-15 on 200, from
+ *    2027-03-15 on 100, from 2029-03-15 on 47 days, by notBefore);
+ *  - ZUL_CERT_SUBJECT_NAME: as in CERT_CheckName;
+ *  - ZUL_CERT_JSON: the report is JSON (docs/certificate-json.md).
+ *
+ * szReport (may be null) has room for nReportChars characters and a NUL. It gets a text in UTF-8 of the result, of each
+ * certificate from the anchor on with what was checked, and of the valid policies (the user-constrained-policy-set);
+ * values cannot forge a line. Of several paths it shows the valid one, or the one that got furthest. It is cut behind a
+ * whole line; JSON that does not fit is SHORT_BUF_ERROR, whatever the result.
+ *
+ * Status, positive: 0, the certificate is valid. ZUL_LastError tells the certificate and the reason:
+ *  - ISSUER_ERROR: no path to a trusted certificate; an issuer is no authority, may not sign certificates, or has too
+ *    many below it; a name is outside of name constraints;
+ *  - SIGNATURE_ERROR: a certificate's signature does not verify;
+ *  - EXPIRED_ERROR: a certificate is outside its dates, or the evidence for a status that is demanded;
+ *  - BAD_KEY_ERROR: a certificate is revoked;
+ *  - NO_DATA_ERROR: a status that is demanded is not known; no object in an argument;
+ *  - NO_MATCH_ERROR: the certificate is not for the name or the purpose; no acceptable policy is valid;
+ *  - NOT_SUPPORTED_ERROR: a critical extension, signature algorithm, kind of key or form of name constraint that is not
+ *    known; MD2, MD5; SHA-1 with ZUL_CERT_WEB;
+ *  - BAD_FORMAT_ERROR: a malformed certificate, name or extension, a mapping of anyPolicy; not a certificate;
+ *  - BAD_KEY_LEN_ERROR, OUT_OF_RANGE_ERROR: a key that is too short, a serial number or validity against the rules of
+ *    ZUL_CERT_WEB;
+ *  - OUT_OF_RANGE_ERROR: also more work than is reasonable (1,000 signatures, or about a second), and lists above 64 MiB;
+ *  - BAD_PARAM_ERROR: also szConditions; BAD_FLAG_ERROR; OPEN_ERROR, READ_ERROR, INVALID_DATA_ERROR: an argument. */
+ZUL_API int CERT_CheckPath(char* szReport, int nReportChars, const char* szCert, const char* szOthers,
+                           const char* szTrusted, const char* szEvidence, const char* szConditions, int nOptions);
 
 #ifdef __cplusplus
 }

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "cert/names/code_points.h"
+#include "cert/names/string_value.h"
 #include "frame/array.h"
 
 namespace zul {
@@ -39,7 +39,7 @@ class CanonicalBytes {
         for (const uint8_t each : bytes)
             byte(each);
     }
-    void point(uint32_t value) {
+    void point(char32_t value) {
         if (value < 0x80)
             return byte(static_cast<uint8_t>(value));
         for (int shift = 18; shift >= 0; shift -= 6) // wider than UTF-8, and as unique
@@ -58,14 +58,14 @@ class CanonicalBytes {
 };
 
 // is_white_space: what RFC 4518, 2.2 maps to a space, and the spaces that normalisation makes one of.
-bool is_white_space(uint32_t point) {
+bool is_white_space(char32_t point) {
     return point == ' ' || (point >= 0x09 && point <= 0x0D) || point == 0x85 || point == 0xA0 ||
            point == 0x1680 || (point >= 0x2000 && point <= 0x200A) || point == 0x2028 || point == 0x2029 ||
            point == 0x202F || point == 0x205F || point == 0x3000;
 }
 
 // is_ignored: what RFC 4518, 2.2 maps to nothing.
-bool is_ignored(uint32_t point) {
+bool is_ignored(char32_t point) {
     return point < 0x20 || (point >= 0x7F && point <= 0x9F) || point == 0xAD || point == 0x034F ||
            (point >= 0x180B && point <= 0x180E) || (point >= 0x200B && point <= 0x200F) ||
            (point >= 0x202A && point <= 0x202E) || (point >= 0x2060 && point <= 0x206F) ||
@@ -73,7 +73,7 @@ bool is_ignored(uint32_t point) {
 }
 
 // folded gives the small letter of a capital one.
-uint32_t folded(uint32_t point) {
+char32_t folded(char32_t point) {
     if (point < 0x80)
         return point >= 'A' && point <= 'Z' ? point + 0x20 : point;
     if ((point >= 0xC0 && point <= 0xDE && point != 0xD7) || (point >= 0x0410 && point <= 0x042F) ||
@@ -95,11 +95,11 @@ uint32_t folded(uint32_t point) {
 }
 
 // add_string adds the characters of a string, whose white space comes as one space between words.
-void add_string(CanonicalBytes& out, CodePoints points) {
-    bool isAtStart = true, isBehindSpace = false;
-    uint32_t point;
+void add_string(CanonicalBytes& out, StringReader reader) {
+    bool isAtStart = true, isBehindSpace = false, isCharacter;
     out.byte(kString);
-    while (points.next(point)) {
+    while (!reader.at_end()) {
+        const char32_t point = reader.next(isCharacter);
         if (is_white_space(point)) {
             isBehindSpace = true;
             continue;
@@ -124,8 +124,8 @@ void add_attribute(CanonicalBytes& out, DerView content) {
     }
     out.byte(kAttribute);
     out.short_view(type);
-    if (code_points_are_valid(value))
-        return add_string(out, CodePoints(value));
+    if (string_is_valid(value.identifier, value.content))
+        return add_string(out, StringReader(value.identifier, value.content));
     out.byte(kOther);
     out.view(value.encoding);
 }

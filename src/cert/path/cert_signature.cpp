@@ -147,14 +147,14 @@ int64_t SignerKey::cost() const {
         return square(values_->dsa->bits) * 4 * static_cast<int64_t>(mtBitLength(values_->dsa->q));
     const Key& key = values_->key;
     if (key.is_rsa())
-        return square(key.rsa->bits) * (1 + static_cast<int64_t>(mtBitLength(key.rsa->e)));
+        return 4 * square(key.rsa->bits) * (1 + static_cast<int64_t>(mtBitLength(key.rsa->e)));
     return key.kind == KeyKind::p521 ? 400'000 : 200'000;
 }
 
 int SignerKey::check(DerView bytes, const AlgorithmView& algorithm, DerView signature,
                      PathBudget& budget) const {
-    // Digests take three nanoseconds a byte at most.
-    if (!budget.take_signature(cost() + 3 * static_cast<int64_t>(bytes.size)))
+    // Digests take five nanoseconds a byte at most.
+    if (!budget.take_signature(cost() + 5 * static_cast<int64_t>(bytes.size)))
         return err_fail(OUT_OF_RANGE_ERROR, "Too many signatures to verify");
     if (values_->dsa.has_value())
         return check_dsa(bytes, algorithm, signature);
@@ -210,6 +210,16 @@ size_t SignerKey::bits() const {
         return values_->dsa->bits;
     const Key& key = values_->key;
     return key.is_rsa() ? key.rsa->bits : static_cast<size_t>(key_kind_info(key.kind).bits);
+}
+
+bool key_inherits_parameters(DerView publicKeyInfo) {
+    DerView content;
+    AlgorithmView algorithm;
+    if (!der_single(publicKeyInfo, kDerSequence, content))
+        return false;
+    DerReader fields(content);
+    return algorithm_view_read(fields, algorithm) && algorithm.oid.text() == kOidDsa &&
+           is_null_or_none(algorithm.parameters);
 }
 
 bool signature_uses_sha1(const AlgorithmView& algorithm) {

@@ -49,6 +49,9 @@ class SignerKey {
     DerView dsaParameters_;
 };
 
+// key_inherits_parameters tells whether a SubjectPublicKeyInfo is a DSA key without parameters.
+bool key_inherits_parameters(DerView publicKeyInfo);
+
 // signature_uses_sha1 tells whether an algorithm digests with SHA-1, for which two messages can be found.
 bool signature_uses_sha1(const AlgorithmView& algorithm);
 
