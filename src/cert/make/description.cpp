@@ -12,7 +12,6 @@ namespace zul {
 namespace {
 
 constexpr std::string_view kBlanks = " \t\r\n";
-constexpr size_t kEnd = std::string_view::npos;
 
 SecretBuffer text_copy(std::string_view text) {
     SecretBuffer copy;

@@ -26,7 +26,6 @@ bool show_rsa(ReportWriter& report, DerView bits) {
 bool show_curve(ReportWriter& report, DerView curve) {
     DerReader fields(curve);
     DerView a, b, bits;
-    DerElement seed;
     bool hasSeed;
     if (!fields.take(kDerOctetString, a) || !fields.take(kDerOctetString, b))
         return false;
@@ -41,7 +40,7 @@ bool show_curve(ReportWriter& report, DerView curve) {
 
 bool show_field_id(ReportWriter& report, DerView fieldId) {
     DerReader fields(fieldId);
-    DerView type, number;
+    DerView type;
     DerElement parameters;
     if (!fields.take(kDerOid, type) || !show_oid(report, "fieldType", type) || !fields.take_any(parameters) ||
         !fields.at_end())

@@ -207,7 +207,7 @@ bool show_point(ReportWriter& report, DerView content) {
 
 bool show_issuing_point(ReportWriter& report, DerView value) {
     IssuingPoint point;
-    DerView content, bits;
+    DerView content;
     if (!issuing_point_read(value, point) || !der_single(value, kDerSequence, content))
         return false;
     report.begin_object(kExtnValue);
