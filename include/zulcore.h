@@ -1558,7 +1558,7 @@ ZUL_API int P12_Unpack(const char* szCertsOut, char* szKeyOutput, int nKeyChars,
  * Length in characters. Query. -SHORT_BUF_ERROR: it does not fit, and the output is empty. */
 ZUL_API int P12_List(char* szOutput, int nOutChars, const char* szP12, const char* szPassword, int nOptions);
 
-/* --- CERT_: certificates and requests of any kind of key ------------------------------------------------
+/* --- CERT_: certificates, requests and CRLs of any kind of key ------------------------------------------
  * Keys are key strings, or files and texts as in KEY_Read, not encrypted. A description is keyword=value pairs joined
  * by ";". Keywords may be in any case; blanks and line ends around them and around values do not count. A value in
  * single quotes may hold anything, and a backslash there makes the next character literal. A comma parts several values
@@ -1644,6 +1644,52 @@ ZUL_API int CERT_Issue(const char* szCertOut, const char* szIssuerCert, const ch
  * Status, positive. */
 ZUL_API int CERT_Request(const char* szRequestOut, const char* szPrivateKey, const char* szDescription,
                          int nOptions);
+
+/* CERT_IssueCRL makes a CRL of version 2 (RFC 5280). szIssuerCert: the certificate of its issuer, who may sign CRLs.
+ *
+ * szEarlierCrl: a file or text of a CRL of the same issuer, whose signature is verified; null or empty: none. The new
+ * list keeps its entries byte for byte with all their extensions (in an indirect list a certificateIssuer is added where
+ * an entry loses the one that it had from the entry before) and has its issuingDistributionPoint. A certificate there
+ * that is on hold may be revoked now, by default since the date of the hold, or taken off the list with
+ * reason=removeFromCRL. The other extensions are described anew.
+ *
+ * szRevoked: the certificates that are newly revoked; null or empty: none. Entries are joined by ";", each of
+ * keyword=value pairs joined by ",", quotes as in descriptions. At most 1,048,576:
+ *  - serial=HEX, the serial number, at most 20 bytes; or cert=FILE, the certificate itself, a file or PEM;
+ *  - date=DATE (default: thisUpdate), not after thisUpdate;
+ *  - reason= unspecified (default, and not written), keyCompromise, cACompromise, affiliationChanged, superseded,
+ *    cessationOfOperation, certificateHold, privilegeWithdrawn, aACompromise, or removeFromCRL;
+ *  - invalidity=DATE, since when the key may have been known to others, not after thisUpdate;
+ *  - issuer='CN=...;O=...' of the certificate, in an indirect list (default: the list's issuer, or that of cert).
+ *
+ * szDescription, null or empty for the defaults:
+ *  - number=N in decimal, or 0xHEX; at most 20 bytes, above that of the earlier list. Default: that number and 1, without
+ *    one the time in milliseconds since 1970;
+ *  - thisUpdate=DATE (default: now), not before that of the earlier list. nextUpdate=DATE, or days=N, or valid= with a
+ *    number and h, d, w, m or y (default: 30 days). Without a time a date is at 00:00:00;
+ *  - delta (flag): a delta list. Its base is the earlier list if that is complete: then it has what changed since, and
+ *    the same szRevoked makes the next complete list from the same earlier one. An earlier delta list is continued;
+ *  - deltaFrom=N: a delta list to the base of this number, without an earlier list. removeFromCRL stands in the entries
+ *    of delta lists alone;
+ *  - issuingDistributionPoint: idp=LIST of URIs or FORM:NAME with the keywords of alternative names as forms; the flags
+ *    onlyUser, onlyCA, onlyAttribute, indirect; onlyReasons=LIST. New entries have to be within it, as far as the text
+ *    tells. Beside an earlier list it has to be the same;
+ *  - freshestCrl=LIST (not of a delta list), caIssuers=LIST of URIs; expiredCertsOnCRL=DATE: revoked certificates that
+ *    have expired since then are in the list;
+ *  - dropBefore=DATE leaves out entries of the earlier list with an earlier revocation date: those of certificates that
+ *    have all expired, which it cannot see. Not of a delta list;
+ *  - extension=OID:HEX or OID:critical:HEX, again; signature=ALGORITHM.
+ * cRLNumber and authorityKeyIdentifier are always there. nOptions: ZUL_CERT_DER.
+ * Status, positive. Also:
+ *  - NO_MATCH_ERROR: the issuer's key is not that of its certificate; the earlier list or a certificate has another
+ *    issuer; removeFromCRL of what the earlier list does not have on hold;
+ *  - ISSUER_ERROR: the issuer's key usage lacks cRLSign, or its certificate has no subject;
+ *  - DUP_ERROR: a certificate that is given twice, or is in the earlier list and nothing changes;
+ *  - SIGNATURE_ERROR: the earlier list's signature does not verify; NOT_SUPPORTED_ERROR: also an unknown critical
+ *    extension of it; NO_DATA_ERROR: it has no number, for a delta list; OUT_OF_RANGE_ERROR: it has more than 64 MiB. */
+ZUL_API int CERT_IssueCRL(const char* szCrlOut, const char* szIssuerCert, const char* szIssuerKey,
+                          const char* szEarlierCrl, const char* szRevoked, const char* szDescription,
+                          int nOptions);
 
 /* --- CERT_: what a certificate says ----------------------------------------------------------------------
  * szCert and szFileOrText: PEM, base64 of more than 256 characters, or the name of a file of PEM, base64 or DER; the

@@ -21,6 +21,7 @@ class IssuerCertificate {
 
     const CertificateView& view() const { return view_; }
     const CertExtensions& extensions() const { return extensions_; }
+    const Key& key() const { return key_; }
     AsnList name() const;                // a copy of the subject
     SecretBuffer key_identifier() const; // as the certificate has it, or computed from its key
 
