@@ -296,6 +296,7 @@ TEST_F(CertPath, RefusesArguments) {
          "The value is one of: any, server, client, email, code, timestamp, ocsp; in 'purpose=web'"},
         {"revocation=some", "The value is one of: none, known, leaf, all; in 'revocation=some'"},
         {"policy=1.2,x", "A policy is a dotted object identifier; in 'policy=x'"},
+        {"ip=a.example", "Not an IP address; in 'ip=a.example'"},
         {"maxDepth=101", "The value is a number from 0 to 100; in 'maxDepth=101'"},
         {"maxDepth=-1", "The value is a number from 0 to 100; in 'maxDepth=-1'"},
     };
@@ -303,7 +304,8 @@ TEST_F(CertPath, RefusesArguments) {
         EXPECT_EQ(check(cert, laxAuthority_, lax_, row.conditions), BAD_PARAM_ERROR);
         EXPECT_EQ(last_error(), row.text);
     }
-    EXPECT_EQ(check(cert, laxAuthority_, lax_, "host=a b"), BAD_PARAM_ERROR);
+    for (const char* name : {"host=a b", "host=a@b.example", "email=a.example", "email=@b"})
+        EXPECT_EQ(check(cert, laxAuthority_, lax_, name), BAD_PARAM_ERROR) << name;
     EXPECT_EQ(check("", laxAuthority_, lax_), BAD_PARAM_ERROR);
     EXPECT_EQ(check(cert, laxAuthority_, ""), BAD_PARAM_ERROR);
     EXPECT_EQ(check(cert, laxAuthority_, lax_, "", 0x1000), BAD_FLAG_ERROR);

@@ -32,6 +32,7 @@ class CertRecord {
     // own_key gives the key, which is read at the first call; null if it cannot be read, or inherits the
     // parameters of its issuer's. key_code then tells why (0: it inherits them), with key_text.
     const SignerKey* own_key();
+    bool is_key_tried() const { return isKeyTried_; }
     int key_code() const { return keyCode_; }
     const SecretBuffer& key_text() const { return keyText_; }
 

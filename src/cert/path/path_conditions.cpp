@@ -6,6 +6,8 @@
 #include "cert/fields/cert_oids.h"
 #include "cert/make/description.h"
 #include "cert/make/time_value.h"
+#include "cert/names/domain_name.h"
+#include "cert/names/ip_address.h"
 #include "frame/err.h"
 #include "frame/slice.h"
 #include "frame/text.h"
@@ -73,6 +75,36 @@ void copy_text(SecretBuffer& copy, std::string_view text) {
     copy.append(text.data(), text.size());
 }
 
+bool is_address(std::string_view text) {
+    IpAddress address;
+    if (text.starts_with('[') && text.ends_with(']'))
+        text = slice(text, 1, text.size() - 2);
+    return ip_from_text(address, text);
+}
+
+[[nodiscard]] int read_host(C& conditions, const Item& item) {
+    SecretBuffer ascii;
+    std::string_view name = item.value;
+    copy_text(conditions.host, name);
+    if (is_address(name))
+        return 0;
+    if (name.ends_with('.'))
+        name.remove_suffix(1);
+    return domain_to_ascii(ascii, name, DomainForm::name);
+}
+
+[[nodiscard]] int read_email(C& conditions, const Item& item) {
+    SecretBuffer ascii;
+    bool isWide;
+    copy_text(conditions.email, item.value);
+    return email_to_ascii(ascii, isWide, item.value);
+}
+
+[[nodiscard]] int read_ip(C& conditions, const Item& item) {
+    copy_text(conditions.ip, item.value);
+    return is_address(item.value) ? 0 : err_fail(BAD_PARAM_ERROR, "Not an IP address");
+}
+
 [[nodiscard]] int read_time(C& conditions, const Item& item) {
     tm time;
     if (const int error = time_value_read(time, item.value.data(), "00:00:00"))
@@ -104,11 +136,9 @@ void copy_text(SecretBuffer& copy, std::string_view text) {
 
 constexpr DescriptionRow<C> kRows[] = {
     {{"time", DescriptionForm::text, false}, read_time},
-    {{"host", DescriptionForm::text, false},
-     [](C& c, const Item& i) { return copy_text(c.host, i.value), 0; }},
-    {{"email", DescriptionForm::text, false},
-     [](C& c, const Item& i) { return copy_text(c.email, i.value), 0; }},
-    {{"ip", DescriptionForm::text, false}, [](C& c, const Item& i) { return copy_text(c.ip, i.value), 0; }},
+    {{"host", DescriptionForm::text, false}, read_host},
+    {{"email", DescriptionForm::text, false}, read_email},
+    {{"ip", DescriptionForm::text, false}, read_ip},
     {{"purpose", DescriptionForm::text, false},
      [](C& c, const Item& i) { return read_word(c.purpose, kPurposes, i.value); }},
     {{"policy", DescriptionForm::list, true}, read_policy},

@@ -9,11 +9,14 @@ namespace zul {
 
 namespace {
 
-constexpr int64_t kCostOfStep = 5'000, kCostOfCandidate = 500;
+// The point of an elliptic curve may have to be decompressed.
+constexpr int64_t kCostOfStep = 5'000, kCostOfCandidate = 500, kCostOfKey = 200'000;
 
 // signature_state: 1 if an issuer's key has signed a certificate, 0 if not, -1 if that depends on the
 // parameters of a key further up.
 int signature_state(CertRecord& subject, CertRecord& issuer, PathBudget& budget) {
+    if (!issuer.is_key_tried() && !budget.take(kCostOfKey))
+        return 0;
     const SignerKey* const key = issuer.own_key();
     if (key == nullptr)
         return issuer.key_code() == 0 ? -1 : 0;
