@@ -168,6 +168,8 @@ int CertificateNames::read(const CertificateView& certificate, const CertExtensi
         add_alternative(name);
         hasMailbox = hasMailbox || names_.back().type == T::rfc822Name;
     }
+    if (!reader.at_end())
+        return err_fail(BAD_FORMAT_ERROR, "Invalid extension subjectAltName");
     if (!hasMailbox)
         add_addresses(certificate.subject);
     return 0;

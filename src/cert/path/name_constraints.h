@@ -21,7 +21,7 @@ struct ConstrainedName {
 // empty), subjectAltName, and the e-mail addresses of the subject if subjectAltName has none.
 class CertificateNames {
   public:
-    // read: 0, or with a text OUT_OF_RANGE_ERROR (the budget is spent).
+    // read: 0, or with a text BAD_FORMAT_ERROR or OUT_OF_RANGE_ERROR (the budget is spent).
     [[nodiscard]] int read(const CertificateView& certificate, const CertExtensions& extensions,
                            PathBudget& budget);
     const ConstrainedName* begin() const { return names_.begin(); }

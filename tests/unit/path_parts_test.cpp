@@ -1,0 +1,120 @@
+#include "cert/path/name_constraints.h"
+#include "cert/path/policy_graph.h"
+#include "frame/err.h"
+#include "support/unit_test.h"
+#include "zulcore.h"
+
+using namespace zul;
+
+namespace {
+
+DerView view(const Bytes& bytes) {
+    return {bytes.data(), bytes.size()};
+}
+Bytes element(uint8_t identifier, const Bytes& content) {
+    Bytes all = {identifier};
+    if (content.size() >= 0x80)
+        all.insert(all.end(), {0x82, static_cast<uint8_t>(content.size() >> 8)});
+    all.push_back(static_cast<uint8_t>(content.size()));
+    all.insert(all.end(), content.begin(), content.end());
+    return all;
+}
+Bytes oid(uint8_t last) {
+    return element(0x06, {0x2A, 0x03, last}); // 1.2.3.last
+}
+void append(Bytes& all, const Bytes& more) {
+    all.insert(all.end(), more.begin(), more.end());
+}
+
+} // namespace
+
+// GeneralSubtrees of the excluded kind, and a subjectAltName: what cannot be compared is refused where it
+// matters, what is malformed always.
+TEST(NameConstraints, RefuseWhatTheyCannotCompare) {
+    const struct {
+        const char *excluded, *names;
+        int code;
+    } rows[] = {
+        {"3003820161", "820162", 0},
+        {"3003820161", "820161", ISSUER_ERROR},
+        {"3006820161800101", "820162", NOT_SUPPORTED_ERROR}, // minimum 1
+        {"3006820161810101", "820162", NOT_SUPPORTED_ERROR}, // maximum
+        {"300588032a0304", "820162", 0},                     // registeredID; no such name
+        {"300588032a0304", "88032a0305", NOT_SUPPORTED_ERROR},
+        {"3002a300", "820162", 0}, // x400Address
+        {"300a87080a000000ff000000", "87040a010101", ISSUER_ERROR},
+        {"300a87080a000000ff000000", "87040b010101", 0},
+        {"300a87080a000000ff000000", "87050a01010100", NOT_SUPPORTED_ERROR}, // five bytes
+        {"300a87080a000000ff00ff00", "820162", BAD_FORMAT_ERROR},            // a mask with a gap
+        {"300687040a000000", "820162", BAD_FORMAT_ERROR},                    // without a mask
+        {"30058203612062", "820162", BAD_FORMAT_ERROR},                      // a blank in a host
+        {"300481026140", "820162", BAD_FORMAT_ERROR},                        // "a@"
+        {"3003820161", "8203612e62", 0},                                     // a.b
+        {"3003820162", "8203612e62", ISSUER_ERROR},                          // a.b
+        {"3003820162", "82022e62", NOT_SUPPORTED_ERROR},                     // an empty label
+        {"3003820162", "820262ff", BAD_FORMAT_ERROR},
+        {"3003820162", "82026200", NOT_SUPPORTED_ERROR}, // a zero byte
+        {"3003820162", "8202622e", ISSUER_ERROR},        // "b."
+        {"30028200", "820161", ISSUER_ERROR},            // all host names
+        {"", "820161", BAD_FORMAT_ERROR},
+        {"30038201", "820161", BAD_FORMAT_ERROR},
+    };
+    for (const auto& row : rows) {
+        const Bytes excluded = test::from_hex(row.excluded), names = test::from_hex(row.names),
+                    subject = {0x30, 0x00};
+        CertExtensions issuer, extensions;
+        CertificateView certificate;
+        certificate.subject = view(subject);
+        issuer.excluded = {row.excluded, excluded.size()}; // not null
+        if (!excluded.empty())
+            issuer.excluded = view(excluded);
+        extensions.subjectAltName = view(names);
+        PathBudget budget;
+        NameConstraints constraints;
+        CertificateNames all;
+        int code = constraints.read(issuer, budget);
+        if (code == 0)
+            code = all.read(certificate, extensions, budget);
+        if (code == 0)
+            code = constraints.check(all, budget);
+        EXPECT_EQ(code, row.code) << row.excluded << " " << row.names << ": " << err_text();
+        err_clear();
+    }
+}
+
+// Every policy is mapped to every other, again and again: a tree would have 30^20 leaves.
+TEST(PolicyGraph, GrowsWithItsInput) {
+    constexpr uint8_t kPolicies = 30;
+    Bytes policies, mappings;
+    for (uint8_t i = 0; i < kPolicies; i++) {
+        append(policies, element(0x30, oid(i)));
+        for (uint8_t j = 0; j < kPolicies; j++) {
+            Bytes pair = oid(i);
+            append(pair, oid(j));
+            append(mappings, element(0x30, pair));
+        }
+    }
+    CertExtensions extensions;
+    extensions.policies = view(policies);
+    extensions.policyMappings = view(mappings);
+    PathBudget budget;
+    PolicyGraph graph;
+    for (int depth = 0; depth < 20; depth++) {
+        ASSERT_EQ(graph.add_certificate(extensions, true, budget), 0);
+        ASSERT_EQ(graph.map(extensions, true, budget), 0);
+    }
+    Array<DerView> valid;
+    bool isAny;
+    graph.authority_set(valid, isAny);
+    EXPECT_EQ(valid.size(), kPolicies);
+    EXPECT_FALSE(isAny);
+
+    // The same policy twice, and a malformed one.
+    append(policies, element(0x30, oid(1)));
+    extensions.policies = view(policies);
+    EXPECT_EQ(PolicyGraph().add_certificate(extensions, true, budget), BAD_FORMAT_ERROR);
+    policies.pop_back();
+    extensions.policies = view(policies);
+    EXPECT_EQ(PolicyGraph().add_certificate(extensions, true, budget), BAD_FORMAT_ERROR);
+    err_clear();
+}
