@@ -201,6 +201,26 @@ class Certificates(ToolTest):
             self.assertIn(b"out of date: the next list was due at 2056-07-01T00:00:00Z", result.stderr)
         self.refused(1, "crl check alice.pem --crl missing", says="zul: missing:")
 
+    def test_lists_go_on_from_earlier_ones(self):
+        openssl("genpkey -algorithm ed25519 -out ca.key")
+        self.done("cert self -k ca.key -sCN=List ca.pem")
+        make = ["crl", "make", "--issuer=ca.pem", "-k", "ca.key"]
+        self.done(*make, "--revoke=7,2026-01-02,keyCompromise", "--revoke=0x8,CERTIFICATEHOLD", "--describe=number=41", "1.crl")
+        self.done(*make, "--earlier=1.crl", "--revoke=8,removeFromCRL", "--revoke", "9", "--days=3", "--der", "2.crl")
+        self.done(*make, "--earlier=1.crl", "--revoke=8,removeFromCRL", "--delta", "delta.crl")
+        for file, number, present, absent in (("1.crl", 41, "Number: 08;Certificate Hold;Number: 07;Key Compromise;Jan  2 00:00:00 2026", "Number: 09"),
+                                              ("2.crl", 42, "Number: 07;Key Compromise;Number: 09", "Number: 08"),
+                                              ("delta.crl", 42, "Delta CRL Indicator: critical;Number: 08;Remove From CRL", "Number: 07")):
+            openssl("crl -noout -CAfile ca.pem -in", file)
+            text = openssl("crl -noout -text -in", file).decode()
+            for part in present.split(";"):
+                self.assertIn(part, text)
+            self.assertNotIn(absent, text)
+            self.assertRegex(text, rf"X509v3 CRL Number: \n +{number}\n")
+        self.refused(12, *make, "--earlier=2.crl", "--revoke=7", "never.crl")
+        self.refused(21, "crl make --issuer=root.pem -k root.key --earlier=2.crl never.crl")
+        self.assertFalse(os.path.exists("never.crl"))
+
     def test_inputs_are_safe(self):
         before = {name: read(name) for name in os.listdir()}
         for out in ("inter.key", "inter.pem", "alice.req"):

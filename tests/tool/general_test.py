@@ -53,9 +53,9 @@ class Others(ToolTest):
 
     def test_help(self):
         overview = self.done("--help").decode()
-        commands = ("hash hmac encrypt decrypt seal open identity wrap unwrap key sign verify rsa-encrypt rsa-decrypt cert request "
+        commands = ("hash hmac encrypt decrypt seal open identity wrap unwrap key sign verify rsa-encrypt rsa-decrypt ca cert request "
                     "crl cms pfx ocsp encode decode der random wipe error version")
-        inner = {"key": "make show convert match check", "cert": "self issue show query verify path thumb",
+        inner = {"key": "make show convert match check", "ca": "init issue revoke crl list", "cert": "self issue show query verify path thumb",
                  "request": "make show", "crl": "make check show",
                  "cms": "sign verify encrypt decrypt show certs", "cms certs": "make extract", "pfx": "make verify extract",
                  "ocsp": "request read"}
@@ -111,7 +111,7 @@ class Usage(ToolTest):
             "--usage keyCertSign,signing": "usages: digitalSignature, ", "--version1 --email a@b": "version 1 has no"},
         "cert issue --issuer=a -k": {FILES: "--request FILE or --public-key FILE", "b --public-key=b c": "--subject"},
         "crl make --issuer=a -k in.bin out.crl": {"--issued=2026-01-02T1:00 --next=2026-01-02": "lies before",
-                                                  "--revoke 1,June": "--revoke SERIAL,DATE takes"}, }
+                                                  "--revoke 1,June": "--revoke SERIAL,DATE,REASON takes"}, }
 
     def test_a_wrong_argument_names_what_would_be_right(self):
         for begin, rests in self.ROWS.items():

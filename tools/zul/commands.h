@@ -21,6 +21,7 @@ void add_sign_commands(CLI::App& app);
 void add_rsa_commands(CLI::App& app);
 void add_agree_command(CLI::App& app);
 void add_kdf_commands(CLI::App& app);
+void add_ca_commands(CLI::App& app);
 void add_cert_commands(CLI::App& app);
 void add_cert_make_commands(CLI::App& group);
 void add_cert_path_command(CLI::App& group);

@@ -1,9 +1,11 @@
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <memory>
 
 #include "certificates.h"
 #include "commands.h"
 #include "der.h"
+#include "description_options.h"
 #include "operating_system.h"
 #include "streams.h"
 
@@ -13,47 +15,79 @@ namespace {
 
 constexpr const char *kBegin = "T00:00:00", *kEnd = "T23:59:59"; // of a day
 
+constexpr const char* kReasons[] = {
+    "unspecified",          "keyCompromise",   "cACompromise",  "affiliationChanged", "superseded",
+    "cessationOfOperation", "certificateHold", "removeFromCRL", "privilegeWithdrawn", "aACompromise"};
+
 struct MakeCrlCommand {
-    std::string issuer, issued, next, out;
+    std::string issuer, issued, next, earlier, describe, out;
     std::vector<std::string> revoked;
-    RsaKeyOption key;
+    int days = 0;
+    bool delta = false;
+    KeyFileOption key;
     SigningOptions signing;
+
+    // entry reads SERIAL[,DATE][,REASON].
+    static std::string entry(const std::string& text) {
+        const size_t comma = std::min(text.find(','), text.size());
+        std::string result = "serial=" + serial_hex(text.substr(0, comma), "--revoke");
+        for (size_t at = comma; at < text.size();) {
+            const size_t end = std::min(text.find(',', at + 1), text.size());
+            const std::string word = text.substr(at + 1, end - at - 1);
+            const auto* reason =
+                std::find_if(std::begin(kReasons), std::end(kReasons), [&word](const char* each) {
+                    return CLI::detail::to_lower(each) == CLI::detail::to_lower(word);
+                });
+            result += reason != std::end(kReasons)
+                          ? std::string(",reason=") + *reason
+                          : ",date=" + date_text(word, "--revoke SERIAL,DATE,REASON", kBegin);
+            at = end;
+        }
+        return result;
+    }
 
     std::string entries() const {
         std::string list;
-        for (const std::string& entry : revoked) {
-            const size_t comma = entry.find(',');
-            const std::string date = comma == entry.npos
-                                         ? now_text(0)
-                                         : date_text(entry.substr(comma + 1), "--revoke SERIAL,DATE", kBegin);
-            list +=
-                (list.empty() ? "#x" : ";#x") + serial_hex(entry.substr(0, comma), "--revoke") + "," + date;
-        }
+        for (const std::string& each : revoked)
+            list += (list.empty() ? "" : ";") + entry(each);
         return list;
     }
 
-    std::string dates() const {
+    Description description() const {
+        Description text;
         const std::string begin = issued.empty() ? now_text(0) : date_text(issued, "--issued", kBegin);
-        if (next.empty())
-            return "thisUpdate=" + begin;
-        const std::string end = date_text(next, "--next", kBegin);
-        if (begin > end)
-            throw UsageError("--next lies before the list's own date");
-        return "thisUpdate=" + begin + ";nextUpdate=" + end;
+        if (!issued.empty())
+            text.pair("thisUpdate", begin);
+        if (!next.empty()) {
+            const std::string end = date_text(next, "--next", kBegin);
+            if (begin > end)
+                throw UsageError("--next lies before the list's own date");
+            text.pair("nextUpdate", end);
+        }
+        if (days > 0)
+            text.pair("days", std::to_string(days));
+        if (delta)
+            text.flag("delta");
+        text.text(describe);
+        return text;
     }
 
     void run() const {
-        const std::string list = entries(), pairs = dates();
-        const int options = signing.algorithm() | signing.form();
+        if (!next.empty() && days > 0)
+            throw UsageError("--next and --days exclude each other");
+        refuse_shared_input({is_standard_stream(issuer), is_standard_stream(earlier)});
+        const std::string list = entries();
+        Description text = description();
         key.refuse_output(issuer, out);
-        const RsaKey privateKey(signing_key(key, issuer), key.file());
+        const Key privateKey = signing_key(key, is_standard_stream(earlier) ? earlier : issuer);
+        signing.put(text, privateKey);
         const ObjectArgument certificate = certificate_object(issuer);
-        const RsaKey signer = RsaKey::read_certificate(certificate.text(), certificate.name());
-        accept_status(RSA_KeyMatch(privateKey.text(), signer.text()), certificate.name(),
-                      "The private key is not that of the issuer's certificate.");
+        const std::unique_ptr<ObjectArgument> before =
+            earlier.empty() ? nullptr : std::make_unique<ObjectArgument>(earlier);
         const ScratchFile made;
-        accept_status(X509_MakeCRL(made.path(), certificate.text(), privateKey.text(), kNoPassword,
-                                   list.empty() ? nullptr : list.c_str(), pairs.c_str(), options),
+        accept_status(CERT_IssueCRL(made.path(), certificate.text(), privateKey.text(),
+                                    before ? before->text() : nullptr, list.c_str(), text.c_str(),
+                                    signing.der ? ZUL_CERT_DER : 0),
                       "revocation list");
         made.deliver(out);
     }
@@ -185,16 +219,28 @@ void add_crl_commands(CLI::App& app) {
         ->option_text("FILE");
     command
         ->add_option("--revoke", make->revoked,
-                     "Serial number, decimal or hex after 0x, and date (now); once for each certificate")
+                     "Serial number, decimal or hex after 0x, date and reason; for each")
         ->allow_extra_args(false)
-        ->option_text("N[,DATE]");
+        ->option_text("N[,DATE][,REASON]");
+    command->add_option("--earlier", make->earlier, "The list before, which this one goes on from")
+        ->option_text("FILE");
+    command->add_flag("--delta", make->delta, "A delta list: what changed since --earlier");
     command->add_option("--issued", make->issued, "Date of the list (now)")->option_text("DATE");
     command->add_option("--next", make->next, "Date of the next list")->option_text("DATE");
+    command->add_option("--days", make->days, "Instead of --next: after how many days (30)")
+        ->check(CLI::Range(1, 365000))
+        ->option_text("N");
+    command
+        ->add_option("--describe", make->describe,
+                     "More of the contents: keyword=value pairs of CERT_IssueCRL, joined by ;")
+        ->option_text("TEXT");
     make->signing.add_to(*command);
     command->footer(
-        "A list names every certificate that stays revoked: it does not add to the one before.\n"
-        "Dates: 2026-01-31 or 2026-01-31T12:30:00, UTC.\n\nExample:\n"
-        "  zul crl make -k ca.key --issuer ca.pem --revoke 0x0a3f,2026-01-31 --next 2026-03-01 ca.crl");
+        "A list names every certificate that stays revoked: without --earlier those of --revoke alone.\n"
+        "Reasons: unspecified, keyCompromise, cACompromise, affiliationChanged, superseded,\n"
+        "cessationOfOperation, certificateHold, privilegeWithdrawn, aACompromise; removeFromCRL ends a\n"
+        "hold of the earlier list. Dates: 2026-01-31 or 2026-01-31T12:30:00, UTC.\n\nExample:\n"
+        "  zul crl make -k ca.key --issuer ca.pem --earlier old.crl --revoke 0x0a3f,keyCompromise ca.crl");
     command->callback([make] { make->run(); });
 
     auto check = std::make_shared<CheckCrlCommand>();

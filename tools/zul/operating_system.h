@@ -34,6 +34,11 @@ void keep_on_signal(const std::string& folder);
 std::filesystem::path path_of(const std::string& name);
 // comparable gives a path as a text that is equal for two spellings of the same path.
 std::filesystem::path::string_type comparable(const std::filesystem::path& path);
+// bring_to_disk waits until what was written to an unbuffered file is on the disk.
+bool bring_to_disk(std::FILE* file);
+// lock_file keeps other processes from the lock of an open file, until it is closed or the process ends.
+// False if another one has it.
+bool lock_file(std::FILE* file);
 // create_for_owner creates a file, or empties it, for writing. A new one is for its owner alone from the
 // start (on Windows it gets what its folder gives). Null if that fails.
 std::FILE* create_for_owner(const std::string& name);

@@ -106,6 +106,7 @@ int tool::run_tool(int argc, char** argv) {
         tool::add_rsa_commands(app);
         tool::add_agree_command(app);
         tool::add_kdf_commands(app);
+        tool::add_ca_commands(app);
         tool::add_cert_commands(app);
         tool::add_request_commands(app);
         tool::add_crl_commands(app);

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <fcntl.h>
 #include <iterator>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <zulcore.h>
@@ -100,6 +101,14 @@ std::filesystem::path path_of(const std::string& name) {
 
 std::filesystem::path::string_type comparable(const std::filesystem::path& path) {
     return path.native();
+}
+
+bool bring_to_disk(std::FILE* file) {
+    return fsync(fileno(file)) == 0;
+}
+
+bool lock_file(std::FILE* file) {
+    return flock(fileno(file), LOCK_EX | LOCK_NB) == 0;
 }
 
 std::FILE* create_for_owner(const std::string& name) {

@@ -44,22 +44,30 @@ unsigned narrow_page() {
     return GetACP() == CP_UTF8 ? CP_UTF8 : CP_ACP;
 }
 
-// subject_value tells where in an argument a name's text begins, if there is one. That text is UTF-8 on every
-// system.
-bool subject_value(const std::wstring& before, const std::wstring& argument, size_t& begin) {
-    constexpr std::wstring_view kLong = L"--subject=";
+// text_value tells where in an argument a name's text or a description begins, if there is one. That text is
+// UTF-8 on every system.
+bool text_value(const std::wstring& before, const std::wstring& argument, size_t& begin) {
     begin = 0;
-    if (before == L"-s" || before == L"--subject")
+    if (before == L"-s")
         return true;
-    begin = argument.starts_with(kLong) ? kLong.size() : 2;
-    return argument.starts_with(kLong) || (argument.size() > 2 && argument.starts_with(L"-s"));
+    for (const std::wstring option : {L"--subject", L"--name", L"--describe", L"--dns", L"--email"}) {
+        if (before == option)
+            return true;
+        if (argument.starts_with(option + L"=")) {
+            begin = option.size() + 1;
+            return true;
+        }
+    }
+    begin = 2;
+    return argument.size() > 2 && argument.starts_with(L"-s");
 }
 
 std::string narrow_argument(const std::wstring& before, const std::wstring& argument, int number) {
     size_t begin = 0;
-    std::string text;
-    if (subject_value(before, argument, begin) && narrow_text(argument.substr(begin), CP_UTF8, text))
-        return (begin == 2 ? "-s" : begin > 2 ? "--subject=" : "") + text;
+    std::string text, option;
+    if (text_value(before, argument, begin) && narrow_text(argument.substr(begin), CP_UTF8, text) &&
+        narrow_text(argument.substr(0, begin), CP_UTF8, option))
+        return option + text;
     if (!narrow_text(argument, narrow_page(), text))
         throw UsageError("argument " + std::to_string(number) +
                          " holds characters that this system's code page lacks");
@@ -139,6 +147,16 @@ std::filesystem::path::string_type comparable(const std::filesystem::path& path)
     for (wchar_t& c : text)
         c = static_cast<wchar_t>(std::towlower(c));
     return text;
+}
+
+bool bring_to_disk(std::FILE* file) {
+    return _commit(_fileno(file)) == 0;
+}
+
+bool lock_file(std::FILE* file) {
+    OVERLAPPED place{};
+    return LockFileEx(handle_of(file), LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0,
+                      &place) != 0;
 }
 
 std::FILE* create_for_owner(const std::string& name) {
