@@ -201,6 +201,7 @@ demonstrate() {
     make_certificates
     check_certificates
     revoke_certificate
+    serve_tls
     sign_message
     refuse_tampered_message
     encrypt_message
@@ -220,7 +221,7 @@ for preset in native windows; do
 done
 
 work=$(mktemp -d "$root/build/demo.XXXXXX")
-trap 'stop_responder; rm -rf "$work"' EXIT
+trap 'stop_server; rm -rf "$work"' EXIT
 cd "$work"
 [ $# -gt 0 ] || file=$root/build/native/libzulcore.so
 demonstrate "Linux" "$file" "$root/build/native/zul"

@@ -48,11 +48,11 @@ check_certificates() {
 
 revoke_certificate() {
     local before day after serial
-    before=$(date -u -d "+9 days" +%F)
-    day=$(date -u -d "+10 days" +%F)
-    after=$(date -u -d "+11 days" +%F)
+    before=$(date -u -d "-1 day" +%F)
+    day=$(date -u +%F)
+    after=$(date -u -d "+1 day" +%F)
     serial=0x$(item alice.pem serialNumber)
-    "${zul[@]}" crl make --issuer inter.pem -k inter.key --password-file password --revoke "$serial,$day" \
+    "${zul[@]}" crl make --issuer inter.pem -k inter.key --password-file password --revoke "$serial,$day,keyCompromise" \
         --next "$(date -u -d "+30 days" +%F)" inter.crl
     say revoke "Alice's certificate, number $serial, as of $day"
     expect "" "the day before:" answers 0 ": not revoked on $before" \
@@ -63,4 +63,66 @@ revoke_certificate() {
     quote_words
     words=$(openssl verify -crl_check -CAfile root.pem -untrusted inter.pem -CRLfile inter.crl alice.pem 2>&1 || true)
     expect openssl "'openssl verify -crl_check' refuses it too" grep -q "certificate revoked" <<<"$words"
+}
+
+# The server that runs in the background, whatever it serves; at most one at a time.
+server=""
+stop_server() {
+    [ -z "$server" ] || kill "$server" 2>/dev/null || true
+    server=""
+}
+# port_of LOG: the port that the system chose for a server of openssl, from what the server says of it.
+port_of() {
+    local found
+    for _ in {1..100}; do
+        found=$(sed -n 's/^ACCEPT .*:\([0-9]*\)\( PID.*\)\{0,1\}$/\1/p' "$1")
+        [ -z "$found" ] || break
+        sleep 0.1
+    done
+    printf '%s' "$found"
+}
+
+# connects OPTION...: a client of openssl that trusts the root alone accepts the server. Its words are in $words.
+connects() {
+    words=$(openssl s_client -connect "127.0.0.1:$port" -CAfile pki/root.pem -x509_strict -verify_return_error "$@" \
+        2>&1 </dev/null)
+}
+# fetches HOST: so does curl.
+fetches() {
+    words=$(curl -sS --noproxy '*' --cacert pki/root.pem --resolve "$1:$port:127.0.0.1" "https://$1:$port/" 2>&1)
+}
+# refuses WORDS COMMAND...: a client refuses, and says why.
+refuses() {
+    local why=$1
+    shift
+    ! "$@" && [[ $words == *"$why"* ]]
+}
+
+# Three commands from nothing to a server that clients accept, and one to take it back.
+serve_tls() {
+    local type
+    for type in rsa-2048 p-256; do
+        "${zul[@]}" ca init pki --name "C=AU;O=Example" --type "$type" --password-file password >made
+        say authority "$(head -1 made | tr -d '\r')"
+        "${zul[@]}" ca issue pki --password-file password --type "$type" --no-password \
+            --dns localhost --ip 127.0.0.1 --ip ::1 -o web >made
+        say server "a key of type $type and a certificate for $("${zul[@]}" ca list pki | tail -1 | tr -d '\r' | cut -f6)"
+        : >server.log
+        openssl s_server -accept 127.0.0.1:0 -cert web.pem -cert_chain web-chain.pem -key web.key -www \
+            >server.log 2>&1 </dev/null &
+        server=$!
+        port=$(port_of server.log)
+        expect tls "'openssl s_server' has it, on port $port; curl accepts it as localhost" fetches localhost
+        expect "" "and as 127.0.0.1" fetches 127.0.0.1
+        expect "" "and not as example.com" refuses "no alternative certificate subject name" fetches example.com
+        expect openssl "'openssl s_client' accepts it as localhost" connects -verify_hostname localhost
+        expect "" "and as ::1" connects -verify_ip ::1
+        "${zul[@]}" ca revoke pki web.pem --reason superseded --password-file password >made
+        openssl crl -inform DER -in pki/ca.crl -out ca.crl.pem
+        expect revoke "revoked in $(tr -d '\r' <made | cut -d' ' -f3): a client that asks for the list refuses it" \
+            refuses "certificate revoked" connects -crl_check -CRL ca.crl.pem
+        stop_server
+        "${zul[@]}" wipe pki/*.key web.key
+        rm -r pki
+    done
 }

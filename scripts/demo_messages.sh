@@ -70,7 +70,7 @@ pack_and_unpack() {
         [ "$(openssl x509 -in opened.pem)" = "$(openssl x509 -in alice.pem)" ]
     expect "" "and the key: $(openssl pkey -in opened.pem -text -noout | head -1)" \
         [ "$(openssl pkey -in opened.pem)" = "$(openssl pkey -in alice.key -passin file:password)" ]
-    "${zul[@]}" pfx extract alice.p12 --cert out.pem --key out.key
+    "${zul[@]}" pfx extract alice.p12 --password-file password --cert out.pem --key out.key
     expect extract "certificate and key come out as they went in" \
         quietly "${zul[@]}" key match --password-file password out.key alice.pem
     "${zul[@]}" random 16 --hex >wrong.password
@@ -80,11 +80,6 @@ pack_and_unpack() {
     quote_words
 }
 
-responder=""
-stop_responder() {
-    [ -z "$responder" ] || kill "$responder" 2>/dev/null || true
-    responder=""
-}
 # answered NAME WORDS: the responder's answer about a certificate, as the tool reads it, is in $words and has WORDS.
 answered() {
     "${zul[@]}" ocsp request --issuer inter.pem "$1.pem" -o "$1.request" &&
@@ -102,19 +97,14 @@ ask_responder() {
     : >responder.log
     openssl ocsp -index index -CA inter.pem -rsigner inter.pem -rkey responder.key -ndays 1 -port 0 -nrequest 2 \
         >responder.log 2>&1 &
-    responder=$!
-    port=""
-    for _ in {1..50}; do
-        port=$(sed -n 's/^ACCEPT .*:\([0-9]*\) PID.*/\1/p' responder.log)
-        [ -z "$port" ] || break
-        sleep 0.1
-    done
+    server=$!
+    port=$(port_of responder.log)
     say ocsp "'openssl ocsp' answers for the intermediate, on port $port of this machine"
     expect "" "about Bob's certificate, with a good signature:" answered bob "CertStatus=good"
     quote_words
     expect "" "about Alice's, revoked long ago in its list:" answered alice "CertStatus=revoked at 2026-01-02T03:04:05Z"
     quote_words
-    stop_responder
+    stop_server
     expect "" "an answer that another certificate should have signed: refused with 22" \
         refused 22 ocsp read bob.response --issuer root.pem
 }
