@@ -7,6 +7,7 @@
 
 #include "armour.h"
 #include "description_options.h"
+#include "object_lists.h"
 #include "operating_system.h"
 #include "streams.h"
 
@@ -97,25 +98,6 @@ void ScratchFile::deliver_der(const std::string& out) const {
 }
 
 // The folder is removed before anything is written, on systems that can remove an open file.
-void ScratchFile::show() const {
-    Input made(path_);
-    remove();
-    Output output("-");
-    SecretBytes chunk(kChunk);
-    for (size_t held = 0;;) {
-        const size_t wanted = chunk.size() - held;
-        const size_t count = made.read(chunk.data() + held, wanted);
-        size_t size = held + count;
-        held = count == wanted && chunk[size - 1] == '\r' ? 1 : 0; // its line feed comes with the next chunk
-        size -= held;
-        output.write(readable({as_text(chunk), size}, true));
-        if (count < wanted)
-            break;
-        chunk[0] = '\r';
-    }
-    output.finish();
-}
-
 std::string readable(std::string_view latin1, bool keepLineFeeds) {
     std::string text;
     for (size_t i = 0; i < latin1.size(); ++i) {
@@ -197,6 +179,7 @@ int SigningOptions::algorithm() const {
 void add_show_command(CLI::App& group, const std::string& what, const std::string& example) {
     struct Show {
         std::string file, out = "-";
+        bool json = false;
     };
     auto show = std::make_shared<Show>();
     CLI::App* command = group.add_subcommand("show", "Describe " + what);
@@ -204,20 +187,17 @@ void add_show_command(CLI::App& group, const std::string& what, const std::strin
         ->required()
         ->option_text(" ");
     command->add_option("-o,--out", show->out, "Output file (standard output)")->option_text("FILE");
+    command->add_flag("--json", show->json, "Print JSON");
     command->footer(
-        "Nothing is checked: what is shown may be forged. The terminal gets UTF-8 with control\n"
-        "characters as \\x1b; with -o the file gets the plain dump, Latin-1 with nothing escaped.\n\n"
-        "Example:\n  " +
+        "All objects in the file are shown: certificates, requests, revocation lists, OCSP responses.\n"
+        "Nothing is checked: what is shown may be forged. The text is UTF-8; characters that could\n"
+        "steer a terminal are escaped.\n\nExample:\n  " +
         example);
     command->callback([show] {
         refuse_same_file(show->file, show->out);
-        const ObjectArgument object(show->file);
-        const ScratchFile made;
-        accept_status(X509_TextDump(made.path(), object.text(), 0), object.name());
-        if (is_standard_stream(show->out))
-            made.show();
-        else
-            made.deliver(show->out);
+        Output out(show->out);
+        out.write(cert_report(object_list({show->file}), show->file, show->json));
+        out.finish();
     });
 }
 

@@ -44,7 +44,6 @@ class ScratchFile {
     const char* path() const { return path_.c_str(); }
     void deliver(const std::string& out) const;
     void deliver_der(const std::string& out) const; // of what is PEM
-    void show() const;                              // a text, readable, on standard output
 
   private:
     void remove() const;

@@ -1,7 +1,7 @@
 #pragma once
 #include <optional>
 
-#include "certificate_path.h"
+#include "certificate_set.h"
 
 namespace CLI {
 class App;

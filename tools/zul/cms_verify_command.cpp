@@ -5,6 +5,8 @@
 #include "cms_message.h"
 #include "file_digest.h"
 #include "hex_text.h"
+#include "object_lists.h"
+#include "path_options.h"
 #include "streams.h"
 
 namespace tool {
@@ -12,19 +14,21 @@ namespace tool {
 namespace {
 
 struct CmsVerifyCommand {
-    std::string file, signer, trusted, contentFile, digestHex, out;
+    std::string file, signer, contentFile, digestHex, out;
     std::vector<std::string> others;
-    bool ignoreDates = false;
+    PathOptions path;
+    bool isValidated() const { return !path.trusted.empty(); }
 
     void check_arguments() const {
         if (!contentFile.empty() && !digestHex.empty())
             throw UsageError("--content and --content-digest exclude each other");
-        if (trusted.empty() && (ignoreDates || !others.empty()))
-            throw UsageError("--extra-cert and --ignore-dates go with --trusted");
+        if (!isValidated() && (!others.empty() || path.has_status() || !path.conditions().empty()))
+            throw UsageError("options about the path of the certificate go with --trusted");
         std::vector<std::string> inputs = others;
-        inputs.insert(inputs.end(), {file, signer, trusted, contentFile});
-        if (std::count(inputs.begin(), inputs.end(), "-") > 1)
-            refuse_shared_input({true, true});
+        inputs.insert(inputs.end(), {file, signer, contentFile});
+        for (const auto* files : {&path.trusted, &path.crls, &path.responses})
+            inputs.insert(inputs.end(), files->begin(), files->end());
+        refuse_second_standard_input({&inputs});
         for (const std::string& input : inputs)
             if (!input.empty() && !out.empty())
                 refuse_same_file(input, out, "The output would replace the input.");
@@ -111,13 +115,13 @@ struct CmsVerifyCommand {
         return good;
     }
 
-    void validate(const Certificate& each, const std::vector<Certificate>& carried,
-                  const Certificate& anchor) const {
-        check_path(path_to_trusted(each, carried, anchor), &anchor, ignoreDates,
-                   each == anchor ? "The trusted certificate is the signer's own; --cert takes that."
-                                  : "The signature is good, but no valid path leads from the trusted "
-                                    "certificate to the signer's, " +
-                                        each.name() + ".");
+    void validate(const Certificate& each, const std::vector<Certificate>& carried) const {
+        const PathAnswer answer =
+            check_certificate_path(each.argument.text(), certificate_list(carried), path, false);
+        if (answer.code != 0)
+            throw Refused::by_system(answer.code, each.name(),
+                                     "The signature is good, but the signer's certificate is refused: " +
+                                         answer.reason);
         constexpr int kUses = ZUL_KEYUSAGE_DIGITALSIGNATURE | ZUL_KEYUSAGE_NONREPUDIATION;
         const int usage = each.number("keyUsageFlags");
         if (usage < 0 || (usage > 0 && (usage & kUses) == 0))
@@ -126,11 +130,10 @@ struct CmsVerifyCommand {
                                      "nonRepudiation).");
     }
 
-    std::string trust(const Certificate* anchor) const {
-        if (anchor != nullptr)
-            return "validated: a valid path from the trusted " + anchor->name() +
-                   " (not checked: " + (ignoreDates ? "dates, " : "") +
-                   "revocation, path lengths, what else extensions say)";
+    std::string trust() const {
+        if (isValidated())
+            return std::string("validated: a valid path from a trusted certificate") +
+                   (path.crls.empty() && path.responses.empty() ? " (revocation not checked)" : "");
         if (!signer.empty())
             return "the certificate is the one given with --cert; its issuer, usage and revocation not "
                    "checked";
@@ -138,14 +141,14 @@ struct CmsVerifyCommand {
                "              any name. Compare the thumbprint, or give --trusted ROOT or --cert CERT.";
     }
 
-    std::string describe(const Certificate& each, const Certificate* anchor) const {
+    std::string describe(const Certificate& each) const {
         char thumb[65] = "";
         accept_length(X509_CertThumb(each.argument.text(), thumb, sizeof thumb - 1, ZUL_HASH_SHA256),
                       each.name());
         const auto item = [&each](const char* name) { return tool::query(each.argument, name); };
         return "  signer      " + item("subjectName") + "\n  issued by   " + item("issuerName") +
                ", number " + item("serialNumber") + "\n  thumbprint  sha256 " + thumb + "\n  trust       " +
-               trust(anchor) + "\n";
+               trust() + "\n";
     }
 
     void warn_of_digests(const std::vector<std::string>& names) const {
@@ -166,20 +169,18 @@ struct CmsVerifyCommand {
         std::vector<Certificate> certificates = candidates(message);
         const std::vector<Certificate> good = signers(message, certificates, hashes);
 
-        std::vector<Certificate> anchor; // one or none
-        if (!trusted.empty()) {
-            anchor.push_back(read_certificate(trusted));
+        if (isValidated()) {
             if (!signer.empty())
                 add_carried(certificates, message);
             for (const std::string& other : others)
                 add_certificates(certificates, other);
             for (const Certificate& each : good)
-                validate(each, certificates, anchor.front());
+                validate(each, certificates);
         } else if (!signer.empty() && X509_CertIsValidNow(good.front().argument.text(), 0) == -1) {
             warn(good.front().name() + " has expired or is not valid yet");
         }
         warn_of_digests(algorithms);
-        report(message, count, good, anchor.empty() ? nullptr : &anchor.front());
+        report(message, count, good);
     }
 
     static void add_carried(std::vector<Certificate>& certificates, const Message& message) {
@@ -188,14 +189,13 @@ struct CmsVerifyCommand {
             certificates.push_back(message.certificate(i));
     }
 
-    void report(const Message& message, int count, const std::vector<Certificate>& good,
-                const Certificate* anchor) const {
+    void report(const Message& message, int count, const std::vector<Certificate>& good) const {
         std::string text = message.name() + ": good signature";
-        if (anchor == nullptr)
+        if (!isValidated())
             text += signer.empty() ? ", but by whom is not validated" : "";
         text += "\n";
         for (const Certificate& each : good)
-            text += describe(each, anchor);
+            text += describe(each);
         if (count == 1) {
             const std::string time = message.query(CMS_QuerySigData, "SigningTime");
             if (!time.empty())
@@ -230,10 +230,7 @@ void add_cms_verify_command(CLI::App& group) {
     command->add_option("MESSAGE", verify->file, "DER, PEM or base64; - for standard input")
         ->required()
         ->option_text(" ");
-    command
-        ->add_option("--trusted", verify->trusted,
-                     "Demand a valid path from this certificate, of an authority, to every signer's")
-        ->option_text("ROOT");
+    verify->path.add_trust_to(*command, false);
     command
         ->add_option("--cert", verify->signer,
                      "Demand the signature of this certificate, whether the message carries it or not")
@@ -242,7 +239,8 @@ void add_cms_verify_command(CLI::App& group) {
         ->add_option("--extra-cert", verify->others, "Further certificates for the path; once for each file")
         ->allow_extra_args(false)
         ->option_text("FILE");
-    command->add_flag("--ignore-dates", verify->ignoreDates, "Accept certificates that have expired");
+    verify->path.add_names_to(*command);
+    verify->path.add_status_to(*command);
     command->add_option("--content", verify->contentFile, "The content that the message does not carry")
         ->option_text("FILE");
     command->add_option("--content-digest", verify->digestHex, "Its digest instead")->option_text("HEX");

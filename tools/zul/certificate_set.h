@@ -1,7 +1,7 @@
 #pragma once
 #include "certificates.h"
 
-// Certificates in numbers, and the paths that they make.
+// Certificates in numbers.
 namespace tool {
 
 // Certificate holds a certificate that was read once, so that the tool and the library see the same bytes and
@@ -28,15 +28,6 @@ void add_certificates(std::vector<Certificate>& certificates, const std::string&
 // certificate_list gives a list of certificate arguments.
 std::string certificate_list(const std::vector<Certificate>& certificates);
 
-constexpr size_t kLongestPath = 20; // the longest path that the library checks
-
-// check_path refuses an invalid path. trusted is the certificate that the path begins with, or null; hint is
-// a sentence for the reader.
-void check_path(const std::vector<Certificate>& certificates, const Certificate* trusted, bool ignoreDates,
-                const std::string& hint = {});
-// path_to_trusted chooses among any number of certificates those that lead from one to a trusted one. Without
-// a path it gives that one alone.
-std::vector<Certificate> path_to_trusted(const Certificate& last, const std::vector<Certificate>& others,
-                                         const Certificate& trusted);
+constexpr size_t kLongestPath = 20; // of the certificates that a message brings
 
 } // namespace tool
