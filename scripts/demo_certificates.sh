@@ -38,9 +38,10 @@ check_certificates() {
         answers 0 "good signature" cert verify alice.pem --issuer inter.pem
     expect "" "and not by the root's: refused with 22" refused 22 cert verify alice.pem --issuer root.pem
     quote_words
-    expect path "from the root, found in shuffled order" answers 0 "valid path" cert path alice.pem root.pem inter.pem
+    expect path "by the intermediate, to the root, for her mailbox" \
+        answers 0 "subjectName           good" cert path alice.pem inter.pem --trusted root.pem --email alice@example.com
     quote_words
-    expect "" "without the intermediate: refused with 21" refused 21 cert path --trusted root.pem alice.pem
+    expect "" "without the intermediate: refused with 25" refused 25 cert path --trusted root.pem alice.pem
     quote_words
     expect openssl "'openssl verify' finds the same path valid" \
         quietly openssl verify -x509_strict -purpose sslclient -CAfile root.pem -untrusted inter.pem alice.pem

@@ -38,7 +38,7 @@ refuse_tampered_message() {
         refused 22 cms verify tampered.p7m --trusted root.pem -o never.bin
     quote_words
     expect "" "a stranger instead of the root: refused with 21" \
-        refused 21 cms verify signed.p7m --trusted bob.pem -o never.bin
+        refused 25 cms verify signed.p7m --trusted bob.pem -o never.bin
     quote_words
     expect "" "no content was written" [ ! -e never.bin ]
 }
@@ -80,11 +80,12 @@ pack_and_unpack() {
     quote_words
 }
 
-# answered NAME WORDS: the responder's answer about a certificate, as the tool reads it, is in $words and has WORDS.
+# answered NAME STATUS WORDS: the responder's answer about a certificate, as the tool reads it, is in $words and has
+# WORDS; the tool ends with STATUS.
 answered() {
     "${zul[@]}" ocsp request --issuer inter.pem "$1.pem" -o "$1.request" &&
         openssl ocsp -reqin "$1.request" -url "http://127.0.0.1:$port" -noverify -respout "$1.response" >/dev/null 2>&1 &&
-        answers 0 "$2" ocsp read "$1.response" --issuer inter.pem
+        answers "$2" "$3" ocsp read "$1.response" --issuer inter.pem --cert "$1.pem"
 }
 ask_responder() {
     # The responder's list: bob valid, alice revoked.
@@ -100,9 +101,9 @@ ask_responder() {
     server=$!
     port=$(port_of responder.log)
     say ocsp "'openssl ocsp' answers for the intermediate, on port $port of this machine"
-    expect "" "about Bob's certificate, with a good signature:" answered bob "CertStatus=good"
+    expect "" "about Bob's certificate, with a good signature:" answered bob 0 "bob.pem: good"
     quote_words
-    expect "" "about Alice's, revoked long ago in its list:" answered alice "CertStatus=revoked at 2026-01-02T03:04:05Z"
+    expect "" "about Alice's, revoked long ago in its list:" answered alice 1 "revocationTime        2026-01-02T03:04:05Z"
     quote_words
     stop_server
     expect "" "an answer that another certificate should have signed: refused with 22" \

@@ -1,6 +1,7 @@
 """Certificates, requests and revocation lists of the command-line tool."""
 import base64
 import hashlib
+import json
 import os
 import subprocess
 
@@ -103,8 +104,7 @@ class Certificates(ToolTest):
         self.assertFalse(os.path.exists("never.pem"))
 
     def test_queries(self):
-        every = dict(line.split(":", 1) for line in self.done("cert query alice.pem").decode().splitlines())
-        self.assertEqual(len(every), 19)
+        every = dict(line.split(":", 1) for line in self.done("cert query alice.pem").decode().splitlines() if line[0] != " ")
         for name, value in (("version", "3"), ("isCA", "0"), ("sigAlgID", "0"), ("keyUsageString", "digitalSignature,keyEncipherment"),
                             ("signatureAlgorithm", "sha256WithRSAEncryption"), ("rfc822Name", "alice@example.com")):
             self.assertEqual(every[name].strip(), value)
@@ -112,22 +112,49 @@ class Certificates(ToolTest):
         self.assertEqual(self.done("cert query inter.pem isCA authorityKeyIdentifier").split(),
                          [b"isCA:", b"1", b"authorityKeyIdentifier:", b"0a0b"])
         der = openssl("x509 -in alice.pem -outform DER")
+        for name, value in (("sha256", hashlib.sha256(der).hexdigest()), ("publicKeyBits", "1024"), ("email", "alice@example.com"),
+                            ("subject", "C=AU, O=Smith\\; Jones, CN=Alice"), ("selfSigned", "0"), ("kind", "certificate")):
+            self.assertEqual(every[name].strip(), value)
+        self.assertEqual(self.done("cert query alice.pem publicKey"), openssl("x509 -in alice.pem -noout -pubkey"))
+        self.assertEqual(self.done("cert query alice.req subject version kind").split(None, 1)[1].split(b"\n"),
+                         [b"C=AU, O=Smith\\; Jones, CN=Alice", b"version:                   1", b"kind:                      request", b""])
+        self.wrong_usage("queries: version", "cert", "query", "alice.pem", "subj")
         for options, digest in (([], "sha256"), (["-a", "sha1"], "sha1"), (["-d", "SHA-512"], "sha512")):
             self.assertEqual(self.done("cert thumb", *options, "-", stdin=der).decode(),
                              hashlib.new(digest, der).hexdigest() + "  -\n")
 
     def test_show(self):
-        for group, file, begins in (("cert", "alice.pem", "X.509 CERTIFICATE\nVersion: 3\n"),
-                                    ("request", "alice.req", "NEW CERTIFICATE REQUEST\nVersion: 0\n")):
+        for group, file, begins in (("cert", "alice.pem", "Certificate\n  version                     3\n"),
+                                    ("request", "alice.req", "CertificationRequest\n  version                     1\n")):
             shown = self.done(group, "show", file).decode()
             self.assertTrue(shown.startswith(begins), shown)
             self.assertEqual(self.done(group, "show", "-", stdin=read(file)).decode(), shown)
-            self.done(group, "show", file, "-o", "dump.txt")
-            self.assertEqual(read("dump.txt").decode().replace("\r\n", "\n"), shown)
+            self.done(group, "show", write("a;b", read(file)), "-o", "dump.txt")
+            self.assertEqual(read("dump.txt").decode(), shown)
         openssl("req -x509 -new -utf8 -key root.key -out odd.pem -subj", "/CN=\x1b[2J/O=J\u00fcrgen")
-        for command in (["query", "odd.pem", "subjectName"], ["show", "odd.pem"]):
-            self.assertIn("CN=\\x1b[2J;O=J\u00fcrgen", self.done("cert", *command).decode())
+        for command, name in ((["query", "odd.pem", "subjectName"], "CN=\\x1b[2J;O=J"), (["show", "odd.pem"], "CN=\\x1b[2J, O=J")):
+            self.assertIn(name + "\u00fcrgen", self.done("cert", *command).decode())
             self.assertNotIn(b"\x1b", self.done("cert", *command))
+        openssl("crl2pkcs7 -nocrl -certfile alice.pem -certfile root.pem -out two.p7b")
+        for arguments in (["two.p7b"], ["-"]):
+            shown = json.loads(self.done("cert show --json", *arguments, stdin=read("two.p7b")))["objects"]
+            serials = [openssl("x509 -noout -serial -in", file).decode().strip().lower() for file in ("alice.pem", "root.pem")]
+            self.assertEqual(["serial=" + each["serialNumber"] for each in shown], serials)
+        write("kept", b"kept")
+        self.refused(20, "cert show root.key -o kept", says="zul: root.key:")
+        self.assertEqual(read("kept"), b"kept")
+
+    def test_names(self):
+        openssl("req -x509 -new -key root.key -subj /CN=cn.example -out names.pem -addext "
+                "subjectAltName=DNS:*.example.com,IP:10.0.0.1,email:a@example.org")
+        openssl("req -x509 -new -key root.key -subj /CN=cn.example -out bare.pem")
+        for name in ("www.example.com", "10.0.0.1", "a@EXAMPLE.org"):
+            self.assertIn(b"names.pem: is for " + name.encode(), self.done("cert check-name names.pem", name))
+        for name in ("example.com", "a.b.example.com", "10.0.0.2", "A@example.org", "cn.example"):
+            self.refused(21, "cert check-name names.pem", name, says="*.example.com")
+        self.refused(21, "cert check-name bare.pem cn.example")
+        self.done("cert check-name bare.pem cn.example --subject-name")
+        self.done("cert check-name - www.example.com", stdin=read("names.pem"))
 
     def test_a_closed_pipe_leaves_nothing_behind(self):
         selfmade = ["cert", "self", "-k", "root.key", "-sCN=a"]
@@ -138,39 +165,91 @@ class Certificates(ToolTest):
         self.done("cert verify - --issuer root.pem", stdin=read("inter.pem"))
         self.refused(22, "cert verify alice.pem --issuer root.pem", says="not signed with the key of root")
         self.refused(7, "cert verify alice.pem --issuer alice.req")
+
+    def path(self, code, *arguments, stdin=b"", says=""):
+        """The report, whose result agrees with the exit status."""
+        if code == 0:
+            shown = self.done("cert path --json", *arguments, stdin=stdin)
+        else:
+            shown = self.refused(code, "cert path --json", *arguments, stdin=stdin, says=says).stdout
+        report = json.loads(shown)["objects"][0]
+        self.assertEqual((report["code"], report["result"]), (code, "refused" if code else "valid"))
+        return report
+
+    def test_paths(self):
         write("all.pem", read("alice.pem") + read("root.pem") + b"text; more\n" + read("inter.pem"))
         self.done("cert self -k root.key -sCN=old --from=2020-01-01 --until=2020-12-31 old.pem")
         self.refused(25, "cert issue --issuer=alice.pem -k alice.key --public-key=root.key -sCN=Mallory mallory.pem")
         openssl("req -new -subj /CN=Mallory -key root.key -out mallory.req")
         openssl("x509 -req -in mallory.req -CA alice.pem -CAkey alice.key -out mallory.pem")
-        for good in (["alice.pem", "root.pem", "inter.pem"], ["root.pem"], ["all.pem"],
-                     ["inter.pem", "alice.pem", "--trusted", "root.pem"], ["--ignore-dates", "old.pem"]):
-            self.assertIn(b"valid path", self.done("cert path", *good))
-        self.assertIn(b"valid path", self.done("cert path -", stdin=read("all.pem")))
-        for code, bad in (*self.bad_issuers(), (21, ["alice.pem", "root.pem"]), (25, ["alice.pem", "inter.pem"]), (16, ["old.pem"]),
-                          (25, ["alice.pem", "root.pem", "inter.pem", "mallory.pem"]),
-                          (25, ["mallory.pem", "--trusted", "alice.pem"]),
-                          (21, ["--trusted", "old.pem", "--ignore-dates", "inter.pem"]),
-                          (7, ["root.pem", "alice.req"]), (1, ["root.pem", "missing"])):
-            self.assertEqual(self.refused(code, "cert path", *bad).stdout, b"")
+        openssl("x509 -in inter.pem -outform DER -out", "odd;name -----BEGIN")
+        openssl("crl2pkcs7 -nocrl -certfile all.pem -outform DER -out all.p7b")
+        trusted = ["--trusted", "root.pem"]
+        for good in (["alice.pem", "inter.pem", "root.pem"], ["all.pem"], ["alice.pem", "all.p7b"], ["root.pem"],
+                     ["alice.pem", "odd;name -----BEGIN", "mallory.pem"], ["alice.pem", "inter.pem", "--trusted=old.pem"],
+                     ["alice.pem", "inter.pem", "--email=alice@example.com", "--purpose=email"]):
+            self.assertEqual(self.path(0, *good, *trusted)["certificates"][0]["role"], "trustAnchor")
+        self.path(0, "-", *trusted, stdin=read("all.pem"))
+        self.path(0, "all.pem", "--trusted", "-", stdin=read("root.pem"))
+        self.path(0, "old.pem", "--trusted=old.pem", "--time=2020-06-01T12:00")
+        self.assertIn(b"  result                      valid\n", self.done("cert path all.pem", *trusted))
+        for code, bad in ((25, ["alice.pem", *trusted]), (25, ["all.pem", "--trusted=old.pem"]), (16, ["old.pem", "--trusted=old.pem"]),
+                          (16, ["all.pem", *trusted, "--time=2020-06-01"]), (25, ["mallory.pem", "all.pem", *trusted]),
+                          (25, ["mallory.pem", "--trusted=alice.pem"]), (21, ["all.pem", *trusted, "--purpose=timestamp"]),
+                          (21, ["all.pem", *trusted, "--email=bob@example.com"]), (21, ["all.pem", *trusted, "--host=example.com"]),
+                          (21, ["all.pem", *trusted, "--explicit-policy", "--policy=1.2.3"])):
+            report = self.path(code, *bad)
+            self.assertTrue(report["certificates"][-1]["serialNumber"])
+        for code, file, bad in ((1, "missing", ["all.pem", "missing", *trusted]), (1, "missing", ["all.pem", "--trusted=missing"]),
+                                (1, "missing", ["all.pem", *trusted, "--crl=missing"]), (20, "root.key", ["all.pem", "--trusted=root.key"]),
+                                (7, "alice.req", ["alice.req", *trusted]), (6, "all.pem", ["all.pem", *trusted, "--purpose=none"])):
+            self.assertEqual(self.refused(code, "cert path", *bad, says=f"zul: {file}:").stdout, b"")
+        for says, arguments in (("--trusted is required", ["all.pem"]), ("standard input", ["-", "-", *trusted]),
+                                ("';'", ["all.pem", *trusted, "--host=a;revocation=none"]), ("a date", ["all.pem", *trusted, "--time=now"])):
+            self.wrong_usage(says, "cert", "path", *arguments)
 
-    def bad_issuers(self):
-        write("bundled.pem", read("all.pem") + read("mallory.pem"))
-        for form in ("PEM", "DER"):
-            openssl("crl2pkcs7 -nocrl -certfile bundled.pem -outform", form, "-out", form)
-            yield 25, [form]
-            openssl("crl2pkcs7 -nocrl -certfile all.pem -outform", form, "-out", "good")
-            self.assertIn(b"valid path", self.done("cert path good --trusted root.pem"))
+    def test_public_roots(self):
+        bundle = "/etc/ssl/certs/ca-certificates.crt"
+        if not os.path.exists(bundle):
+            self.skipTest("no bundle of roots")
+        write("bundle;.pem", read(bundle) + read("root.pem"))
+        for file in ("bundle;.pem", "-"):
+            self.path(0, "alice.pem", "inter.pem", "--trusted", file, stdin=read("bundle;.pem"))
+        self.path(25, "alice.pem", "inter.pem", "--trusted", bundle)
+        roots = [b"-----BEGIN" + each for each in read(bundle).split(b"-----BEGIN")[1:]]
+        for root in roots[:2]:
+            dates = openssl("x509 -noout -startdate -dateopt iso_8601", stdin=root).decode()  # notBefore=2020-01-01 00:00:00Z
+            self.path(0, write("public.pem", root), "--trusted", bundle, "--time", dates.split("=")[1].strip().replace(" ", "T"))
+
+    def test_rules_of_the_web(self):
+        server = ["--profile=server", "--dns=www.example.com"]
+        self.done(*self.issue, "alice.req", *server, "web.pem")
+        path = ["web.pem", "inter.pem", "--trusted=root.pem", "--host=www.example.com", "--purpose=server"]
+        self.path(0, *path)
+        self.path(33, *path, "--web", says="2048")
+
+    def test_bad_issuers(self):
         for name, options in (("v1", ["--version1"]), ("usage", ["--ca", "--usage=cRLSign"])):
             self.done("cert issue --issuer=root.pem -k root.key --public-key=inter.key -s", "CN=" + name,
                       *options, name + ".pem")
             openssl("x509 -req -in alice.req -CAkey inter.key -CA", name + ".pem", "-out", "leaf" + name)
-            yield 25, ["root.pem", "leaf" + name, name + ".pem"]
-            yield 25, ["--trusted=root.pem", name + ".pem", "leaf" + name]
-        yield 25, ["--trusted=usage.pem", "leafusage"]
-        openssl("req -x509 -new -key root.key -subj /CN=srv -out srv.pem -addext basicConstraints=critical,CA:FALSE")
-        for good in (["--trusted=srv.pem", "srv.pem"], ["--trusted=v1.pem", "leafv1"]):
-            self.assertIn(b"valid path", self.done("cert path", *good))
+            self.path(25, "leaf" + name, name + ".pem", "--trusted=root.pem")
+        self.path(25, "leafusage", "--trusted=usage.pem")
+
+    def test_paths_and_status(self):
+        path = ["alice.pem", "inter.pem", "--trusted=root.pem"]
+        serial = "0x" + self.done("cert query alice.pem serialNumber").decode().strip()
+        for name, options in (("inter", ["--revoke", "7"]), ("alice", ["--revoke", serial + ",2026-01-01"])):
+            self.done("crl make --issuer inter.pem -k inter.key --next 2056-07-01", *options, name + ".crl")
+        self.done("crl make --issuer root.pem -k root.key --next 2056-07-01 root;.crl")
+        self.path(0, *path, "--crl=inter.crl", "--crl=root;.crl")
+        self.path(0, *path, "--crl=inter.crl", "--revocation=leaf")
+        self.path(20, *path, "--crl=inter.crl", says="CN=Inter")
+        for options in ([], ["--revocation=leaf"], ["--revocation=known"]):
+            report = self.path(36, *path, "--crl=alice.crl", "--crl=root;.crl", *options, says="CN=Alice")
+            self.assertIn("revoked", report["certificates"][2]["checks"]["revocation"])
+        self.path(0, *path, "--crl=alice.crl", "--revocation=none")
+        self.path(16, *path, "--crl=inter.crl", "--revocation=leaf", "--time=2026-11-01")
 
     def test_revocation(self):
         serial = self.done("cert query alice.pem serialNumber").decode().strip()
@@ -193,7 +272,9 @@ class Certificates(ToolTest):
         self.assertIn(b"again.pem: not revoked, says", self.done(*check, "again.pem", "--issuer=inter.pem"))
         for code, arguments in ((25, ["inter.pem"]), (22, ["alice.pem", "--issuer=root.pem"]), (1, ["missing"])):
             self.assertEqual(self.refused(code, *check, *arguments).stdout, b"")
-        self.assertIn(b"(CRL)\n", self.done("crl show inter.crl"))
+        self.assertTrue(self.done("crl show inter.crl").startswith(b"CertificateList\n"))
+        shown = json.loads(self.done("crl show --json inter.crl"))["objects"][0]
+        self.assertEqual([each["userCertificate"] for each in shown["revokedCertificates"]], [serial, "07"])
         der = openssl("crl -outform DER", stdin=read("inter.crl"))
         for file, content in ((write("der.crl", der), b""), ("-", der)):
             result = zul("crl check again.pem --crl", file, "--date=2056-07-01", stdin=content)

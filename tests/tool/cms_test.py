@@ -78,12 +78,27 @@ class CmsMessages(ToolTest):
         self.assertIn(b"CN=alice\n", says)
         self.assertIn(b"NOT VALIDATED: the message brought this certificate along", says)
         os.remove("out.bin")
-        for code, options in ((21, ["--trusted=root.pem"]), (21, ["--cert=alice.pem"]), (21, ["--cert=fake.pem"])):
+        for code, options in ((25, ["--trusted=root.pem"]), (21, ["--cert=alice.pem"]), (21, ["--cert=fake.pem"])):
             self.refused(code, "cms verify m.p7m", *options, "-o", "out.bin")
         warned = zul("cms sign in.bin -k root.key --cert=root.pem -o m.p7m")
         self.assertIn(b"does not say that its key is for signing messages", warned.stderr)
         self.refused(25, "cms verify m.p7m --trusted=root.pem -o out.bin", says="not for signing messages")
         self.assertFalse(os.path.exists("out.bin"))
+
+    def test_the_signers_status(self):
+        write("m.p7m", self.done(*self.sign, "--extra-cert=inter.pem"))
+        serial = "0x" + self.done("cert query alice.pem serialNumber").decode().strip()
+        for name, options in (("good", []), ("bad", ["--revoke", serial])):
+            self.done("crl make --issuer inter.pem -k inter.key --next 2056-07-01", *options, name + ".crl")
+        write("bundle;.pem", read("bob.pem") + b"text; more\n" + read("root.pem"))
+        verify = ["cms", "verify", "m.p7m", "--trusted", "bundle;.pem"]
+        self.assertIn(b"validated: a valid path from a trusted certificate (revocation not checked)\n", self.done(*verify))
+        self.assertIn(b"a valid path from a trusted certificate\n", self.done(*verify, "--crl=good.crl", "--revocation=leaf"))
+        self.done("cms verify m.p7m --trusted -", stdin=read("root.pem"))
+        for code, options in ((36, ["--crl=bad.crl", "--revocation=leaf"]), (20, ["--crl=good.crl"]), (16, ["--time=2020-01-01"]),
+                              (21, ["--purpose=timestamp"]), (21, ["--email=alice@example.com"])):
+            self.refused(code, *verify, *options, "-o", "never.bin", says="The signature is good, but")
+        self.assertFalse(os.path.exists("never.bin"))
 
     def test_damage_is_refused(self):
         good = self.done(*self.sign, "--attributes")
@@ -186,7 +201,7 @@ class CmsMessages(ToolTest):
                 ("ciphers: aes-128", ["encrypt", "in.bin", "--to=alice.pem", "--cipher=rc4"]),
                 ("digests: sha1", [*self.sign[1:], "-d", "sha3"]), ("is empty", ["verify", "in.bin", "--cert="]),
                 ("exclude each other", ["verify", "in.bin", "--content=in.bin", "--content-digest=00"]),
-                ("go with --trusted", ["verify", "in.bin", "--ignore-dates"]),
+                ("go with --trusted", ["verify", "in.bin", "--time=2026-01-01"]),
                 ("standard input", ["decrypt", "-", "-k", "-"]), ("--index N", ["certs", "extract", "in.bin", "--der"])):
             self.wrong_usage(says, "cms", *arguments)
         self.assertEqual({name: read(name) for name in os.listdir()}, before)

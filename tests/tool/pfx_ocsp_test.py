@@ -177,23 +177,62 @@ class OcspMessages(ToolTest):
         self.refused(6, "ocsp request --issuer ca.pem alice.pem -o alice.pem", says="replace")
         self.assertEqual(read("alice.pem"), before)
 
-    def test_read(self):
+    def respond(self, out, signer, asked, *options):
         write("index", b"V\t450101000000Z\t\t0A3F\tx\t/CN=a\nR\t450101000000Z\t260102030405Z\tF00D\tx\t/CN=b\n")
-        self.done("ocsp request --issuer ca.pem bob.pem -o request")
-        openssl("ocsp -index index -CA ca.pem -rsigner ca.pem -rkey ca.key -ndays 1 -reqin request -respout response")
-        expected = (rb"Successful response:\n Produced at 20\d\d-\d\d-\d\dT\d\d:\d\d:\d\dZ\n"
-                    rb" CertStatus=revoked at 2026-01-02T03:04:05Z\n SerialNumber=00F00D\n")
-        unchecked = rb"The signature was not checked: --issuer FILE does\n"
-        self.assertRegex(self.done("ocsp read response"), rb"\A" + expected + unchecked + rb"\Z")
+        openssl("ocsp -no_nonce -issuer ca.pem -cert", asked, "-reqout", "request")
+        openssl("ocsp -index index -CA ca.pem -ndays 1 -reqin request -rkey", signer + ".key", "-rsigner", signer + ".pem", *options, "-respout", out)
+
+    def test_read(self):
+        self.respond("response", "ca", "bob.pem")
+        shown = self.refused(36, "ocsp read response", says="number f00d is revoked").stdout
+        self.assertTrue(shown.startswith(b"OCSPResponse\n  responseStatus              successful\n"))
+        for part in (rb"certStatus +revoked\n", rb"revocationTime +2026-01-02T03:04:05Z\n", rb"serialNumber +f00d\n", rb"nextUpdate +20",
+                     rb"The signature was not checked: --issuer FILE does\n\Z"):
+            self.assertRegex(shown, part)
         text = base64.encodebytes(read("response"))
-        self.assertRegex(self.done("ocsp read - --issuer ca.pem", stdin=text),
-                         rb"\A" + expected + rb"Good signature, made with the key of ca.pem\n\Z")
+        shown = self.refused(36, "ocsp read - --issuer ca.pem", stdin=text).stdout
+        self.assertIn(b"Good signature, made with the key of ca.pem\n", shown)
+        shown = self.refused(36, "ocsp read - --json --issuer ca.pem --cert bob.pem", stdin=text, says="bob.pem").stdout
+        self.assertEqual(json.loads(shown)["objects"][0]["responses"][0]["certStatus"], "revoked")
+        self.refused(20, "ocsp read response --issuer ca.pem --cert alice.pem")
+
         write("changed", read("response").replace(b"20260102030405Z", b"20260102030406Z"))
-        self.refused(22, "ocsp read changed --issuer ca.pem", says="the key of ca.pem")
+        for options in ([], ["--cert=bob.pem"]):
+            self.assertEqual(self.refused(22, "ocsp read changed --issuer ca.pem", *options, says="the key of ca.pem").stdout, b"")
         self.refused(7, "ocsp read response --issuer ca.key", says="ca.key")
-        self.refused(8, "ocsp read ca.pem", says="Not a valid OCSPResponse")
+        self.refused(8, "ocsp read ca.pem", says="not a valid OCSP response")
         self.refused(1, "ocsp read missing")
-        self.assertEqual(self.done("ocsp read -", stdin=bytes.fromhex("30030a0103")), b"tryLater.\n")
+        self.assertIn(b"tryLater", self.refused(20, "ocsp read -", stdin=bytes.fromhex("30030a0103")).stdout)
+        self.wrong_usage("needs the --issuer", "ocsp", "read", "response", "--cert=bob.pem")
+
+    def test_responders(self):
+        """An authority's own responder may answer, its other subjects and other authorities' responders may not."""
+        for name, kind in (("p256", "EC -pkeyopt ec_paramgen_curve:P-256"), ("ed", "ED25519")):
+            write(name + ".key", openssl("genpkey -algorithm", *kind.split()))
+        self.done("cert self -k ca.key -s CN=Root other.pem")
+        for issuer, name, profile in (("ca", "p256", "ocsp"), ("ca", "ed", "client"), ("other", "ca", "ocsp")):
+            self.done(f"cert issue --issuer {issuer}.pem -k ca.key --public-key {name}.key --profile={profile} -sCN={name} {issuer}-{name}.pem")
+            write(f"{issuer}-{name}.key", read(name + ".key"))
+        about = ([], ["--cert=alice.pem"])
+        self.respond("good", "ca-p256", "alice.pem")
+        for options in about:
+            shown = self.done("ocsp read good --issuer ca.pem", *options)
+            self.assertIn(b"alice.pem: good" if options else b"the responder CN=p256, which ca.pem has authorized\n", shown)
+        self.respond("bare", "ca-p256", "alice.pem", "-resp_no_certs")
+        self.respond("stranger", "ca-ed", "alice.pem")
+        for file in ("bare", "stranger"):
+            for options in about:
+                self.assertEqual(self.refused(22, "ocsp read", file, "--issuer=ca.pem", *options).stdout, b"")
+        self.respond("old", "ca", "alice.pem")
+        for options in about:
+            self.refused(16, "ocsp read old --issuer ca.pem --time=2045-01-01", *options)
+
+    def test_another_issuer(self):
+        write("other.key", rsa_key())
+        self.done("cert self -k other.key -s CN=Other other.pem")
+        self.respond("response", "other", "alice.pem")
+        self.refused(21, "ocsp read response --issuer other.pem", says="another issuer")
+        self.refused(22, "ocsp read response --issuer ca.pem")
 
 
 if __name__ == "__main__":

@@ -1,9 +1,9 @@
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <memory>
 
 #include "certificates.h"
 #include "commands.h"
+#include "object_lists.h"
 #include "streams.h"
 
 namespace tool {
@@ -32,22 +32,55 @@ constexpr const char* kQueries[] = {
     "authorityInfoAccessURI",
 };
 
+// The answers of CERT_Query, but for those of the names above, which of certificates are X509_QueryCert's.
+constexpr const char* kMoreQueries[] = {
+    "kind",          "issuer",
+    "subject",       "daysLeft",
+    "thisUpdate",    "nextUpdate",
+    "producedAt",    "revokedCount",
+    "crlNumber",     "publicKeyAlgorithm",
+    "publicKeyBits", "curve",
+    "publicKey",     "isSelfIssued",
+    "selfSigned",    "sha1",
+    "sha256",        "spkiSha256",
+    "keyUsage",      "extKeyUsage",
+    "pathLength",    "subjectAltName",
+    "dns",           "ip",
+    "email",         "uri",
+    "policies",      "nameConstraints",
+    "crl",           "ocsp",
+    "caIssuers",     "tlsFeature",
+    "sctCount",      "extensions",
+};
+
 struct QueryCommand {
     std::string file;
     std::vector<std::string> names;
 
-    // The library takes a longer word for the name that it begins with; here a name is a name.
-    static const char* find(const std::string& name) {
-        for (const char* each : kQueries)
+    // X509_QueryCert takes a longer word for the name that it begins with; here a name is a name.
+    template<size_t count>
+    static const char* find(const char* const (&list)[count], const std::string& name) {
+        for (const char* each : list)
             if (CLI::detail::to_lower(each) == CLI::detail::to_lower(name))
                 return each;
+        return nullptr;
+    }
+
+    static const char* find(const std::string& name) {
+        const char* found = find(kQueries, name);
+        if (found == nullptr)
+            found = find(kMoreQueries, name);
+        if (found != nullptr)
+            return found;
         std::string known;
         for (const char* each : kQueries)
             known += (known.empty() ? "" : ", ") + std::string(each);
+        for (const char* each : kMoreQueries)
+            known += ", " + std::string(each);
         throw UsageError("unknown query " + in_quotes(name) + "; queries: " + known);
     }
 
-    static std::string answer(const ObjectArgument& certificate, const char* name) {
+    static std::string old_answer(const ObjectArgument& certificate, const char* name) {
         constexpr int kNumber = 1;
         if (X509_QueryCert(nullptr, 0, nullptr, name, ZUL_QUERY_GETTYPE) != kNumber)
             return query(certificate, name);
@@ -57,19 +90,51 @@ struct QueryCommand {
 
     void run() const {
         std::vector<const char*> wanted;
-        std::transform(names.begin(), names.end(), std::back_inserter(wanted), find);
-        if (names.empty())
+        for (const std::string& name : names)
+            wanted.push_back(find(name));
+        const ObjectArgument object(file);
+        const std::string argument = object.text();
+        // Only CERT_Query knows other objects, and only X509_QueryCert BER.
+        char kind[32] = "";
+        const bool isOther = CERT_Query(kind, sizeof kind - 1, argument.c_str(), "kind", 0) > 0 &&
+                             std::string_view(kind) != "certificate";
+        if (names.empty() && !isOther)
             wanted.assign(std::begin(kQueries), std::end(kQueries));
-        const ObjectArgument certificate(file);
+        if (names.empty())
+            wanted.insert(wanted.end(), std::begin(kMoreQueries), std::end(kMoreQueries));
         std::string text;
         for (const char* name : wanted) {
             const std::string label = std::string(name) + ":";
-            const std::string value = answer(certificate, name);
-            if (wanted.size() > 1)
-                text += label + (value.empty() ? "" : std::string(27 - label.size(), ' '));
+            const bool isOld = find(kQueries, name) != nullptr && !isOther;
+            std::string value = isOld ? old_answer(object, name) : cert_query(argument, object.name(), name);
+            if (value.ends_with('\n'))
+                value.pop_back();
+            if (wanted.size() > 1) {
+                if (value.empty() && names.empty() && !isOld)
+                    continue;
+                for (size_t at = value.find('\n'); at != value.npos; at = value.find('\n', at + 1))
+                    value.insert(at + 1, kLabelWidth, ' ');
+                text += label + (value.empty() ? "" : std::string(kLabelWidth - label.size(), ' '));
+            }
             text += value + "\n";
         }
         Output("-").write(text);
+    }
+
+    static constexpr size_t kLabelWidth = 27;
+};
+
+struct CheckNameCommand {
+    std::string file, name;
+    bool subjectName = false;
+
+    void run() const {
+        const ObjectArgument certificate(file);
+        accept_status(
+            CERT_CheckName(certificate.text(), name.c_str(), subjectName ? ZUL_CERT_SUBJECT_NAME : 0),
+            certificate.name());
+        Output("-").write(certificate.name() + ": is for " + shown_name(name) +
+                          " (signatures and dates not checked)\n");
     }
 };
 
@@ -134,8 +199,28 @@ void add_cert_commands(CLI::App& app) {
     std::string names;
     for (const char* each : kQueries)
         names += std::string("  ") + each + "\n";
-    command->footer("Nothing is checked. With one NAME the value stands alone. Names:\n" + names +
-                    "\nExample:\n  zul cert query alice.pem subjectName notAfter");
+    for (const char* each : kMoreQueries)
+        names += std::string("  ") + each + "\n";
+    command->footer(
+        "Nothing is checked. With one NAME the value stands alone. Requests, revocation lists and\n"
+        "OCSP responses answer too, with an empty text for what they do not have. Names:\n" +
+        names + "\nExample:\n  zul cert query alice.pem subjectName notAfter");
+
+    auto checkName = std::make_shared<CheckNameCommand>();
+    command = add_cert_command(
+        *group, "check-name", "Tell whether a certificate is for a host, an address or a mailbox", checkName);
+    command->add_option("FILE", checkName->file, "The certificate; - for standard input")
+        ->required()
+        ->option_text(" ");
+    command->add_option("NAME", checkName->name, "Such as www.example.com, ::1 or alice@example.com")
+        ->required()
+        ->option_text(" ");
+    command->add_flag("--subject-name", checkName->subjectName,
+                      "Names in the subject count too, where subjectAltName has none");
+    command->footer(
+        "The rules are those of RFC 9525. Only names are looked at: 'zul cert path' checks all. Exit\n"
+        "status 1, with a list of the certificate's names, if it is for others.\n\n"
+        "Example:\n  zul cert check-name server.pem www.example.com");
 
     auto verify = std::make_shared<CertVerifyCommand>();
     command = add_cert_command(*group, "verify",

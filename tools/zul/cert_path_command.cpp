@@ -19,8 +19,7 @@ struct PathCommand {
     void run() const {
         const std::vector<std::string> first{file};
         refuse_second_standard_input({&first, &others, &options.trusted, &options.crls, &options.responses});
-        const PathAnswer answer =
-            check_certificate_path(object_list(first), object_list(others), options, json);
+        const PathAnswer answer = PathCheck(options).check(object_list(first), object_list(others), json);
         Output("-").write(answer.report);
         if (answer.code != 0)
             throw Refused::by_system(answer.code, file, answer.reason);
@@ -42,19 +41,19 @@ void add_cert_path_command(CLI::App& group) {
     command->add_option("OTHER", path->others, "Certificates for the path: PEM, DER, PKCS #7, in any order")
         ->option_text(" ");
     path->options.add_trust_to(*command, true);
-    path->options.add_names_to(*command);
+    path->options.add_hosts_to(*command);
+    path->options.add_purpose_to(*command);
     path->options.add_status_to(*command);
     command->add_flag("--json", path->json, "Print the report as JSON");
     command->footer(
-        "The whole of RFC 5280, section 6, is checked: signatures, dates, authorities (CA), path lengths, "
-        "key\n"
-        "usage, name constraints, policies, critical extensions; revocation by the lists and responses "
-        "given.\n"
-        "The report says which certificate fails and why. Nothing is fetched. Exit status 1 if it is "
-        "refused.\n\n"
-        "Example:\n"
+        "All of RFC 5280, section 6, is checked: signatures, dates, authorities (CA), path lengths, key\n"
+        "usage, name constraints, policies, critical extensions, and revocation by the lists and responses\n"
+        "given. The report says which certificate is refused and why. Nothing is fetched. Exit status 0 for\n"
+        "a valid path, 1 for one that is refused. A self-signed certificate is trusted only by --trusted.\n" +
+        std::string(kRevocationHelp) +
+        "\nExample:\n"
         "  zul cert path server.pem --trusted /etc/ssl/certs/ca-certificates.crt --host www.example.com\n"
-        "  zul cert path alice.pem intermediate.pem --trusted root.pem --crl ca.crl --revocation leaf");
+        "  zul cert path alice.pem inter.pem --trusted root.pem --crl inter.crl --revocation leaf");
 }
 
 } // namespace tool

@@ -195,8 +195,9 @@ void add_show_command(CLI::App& group, const std::string& what, const std::strin
         example);
     command->callback([show] {
         refuse_same_file(show->file, show->out);
+        const std::string report = cert_report(object_list({show->file}), show->file, show->json);
         Output out(show->out);
-        out.write(cert_report(object_list({show->file}), show->file, show->json));
+        out.write(report);
         out.finish();
     });
 }

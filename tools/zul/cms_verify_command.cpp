@@ -22,7 +22,7 @@ struct CmsVerifyCommand {
     void check_arguments() const {
         if (!contentFile.empty() && !digestHex.empty())
             throw UsageError("--content and --content-digest exclude each other");
-        if (!isValidated() && (!others.empty() || path.has_status() || !path.conditions().empty()))
+        if (!isValidated() && (!others.empty() || path.has_conditions()))
             throw UsageError("options about the path of the certificate go with --trusted");
         std::vector<std::string> inputs = others;
         inputs.insert(inputs.end(), {file, signer, contentFile});
@@ -115,9 +115,8 @@ struct CmsVerifyCommand {
         return good;
     }
 
-    void validate(const Certificate& each, const std::vector<Certificate>& carried) const {
-        const PathAnswer answer =
-            check_certificate_path(each.argument.text(), certificate_list(carried), path, false);
+    void validate(const PathCheck& check, const Certificate& each, const std::string& carried) const {
+        const PathAnswer answer = check.check(each.argument.text(), carried, false);
         if (answer.code != 0)
             throw Refused::by_system(answer.code, each.name(),
                                      "The signature is good, but the signer's certificate is refused: " +
@@ -133,7 +132,7 @@ struct CmsVerifyCommand {
     std::string trust() const {
         if (isValidated())
             return std::string("validated: a valid path from a trusted certificate") +
-                   (path.crls.empty() && path.responses.empty() ? " (revocation not checked)" : "");
+                   (path.has_evidence() && path.revocation != "none" ? "" : " (revocation not checked)");
         if (!signer.empty())
             return "the certificate is the one given with --cert; its issuer, usage and revocation not "
                    "checked";
@@ -172,10 +171,11 @@ struct CmsVerifyCommand {
         if (isValidated()) {
             if (!signer.empty())
                 add_carried(certificates, message);
-            for (const std::string& other : others)
-                add_certificates(certificates, other);
+            const std::string extra = object_list(others);
+            const std::string carried = certificate_list(certificates) + (extra.empty() ? "" : ";" + extra);
+            const PathCheck check(path);
             for (const Certificate& each : good)
-                validate(each, certificates);
+                validate(check, each, carried);
         } else if (!signer.empty() && X509_CertIsValidNow(good.front().argument.text(), 0) == -1) {
             warn(good.front().name() + " has expired or is not valid yet");
         }
@@ -239,7 +239,7 @@ void add_cms_verify_command(CLI::App& group) {
         ->add_option("--extra-cert", verify->others, "Further certificates for the path; once for each file")
         ->allow_extra_args(false)
         ->option_text("FILE");
-    verify->path.add_names_to(*command);
+    verify->path.add_purpose_to(*command);
     verify->path.add_status_to(*command);
     command->add_option("--content", verify->contentFile, "The content that the message does not carry")
         ->option_text("FILE");
@@ -251,7 +251,9 @@ void add_cms_verify_command(CLI::App& group) {
     command->footer(
         "Without --trusted or --cert a good signature says only that somebody has signed: the certificate\n"
         "comes with the message, and anybody can make one in any name. The signing time is the signer's\n"
-        "claim.\n"
+        "claim, so dates are checked for now, or for --time. --trusted, which takes bundles too, demands a\n"
+        "valid path (as 'zul cert path' does) for a key that may sign messages.\n" +
+        std::string(kRevocationHelp) +
         "Of a message with several signers all whose certificates are there must be good, of several\n"
         "signatures of one signer the first. Exit status 1 for a signature, or a path, that is not good.\n\n"
         "Example:\n  zul cms verify report.p7m --trusted root.pem -o report.pdf");

@@ -4,6 +4,8 @@
 #include "armour.h"
 #include "cms_message.h"
 #include "commands.h"
+#include "object_lists.h"
+#include "ocsp_answer.h"
 #include "streams.h"
 
 namespace tool {
@@ -48,34 +50,65 @@ struct OcspRequestCommand {
 };
 
 struct OcspReadCommand {
-    std::string file, issuer;
+    std::string file, issuer, certificate, time;
+    bool json = false;
 
     void run() const {
-        refuse_shared_input({is_standard_stream(file), is_standard_stream(issuer)});
-        const ObjectArgument response(file);
-        const bool isChecked = !issuer.empty();
-        const ObjectArgument signer = isChecked ? certificate_object(issuer) : response;
-        char report[kLongestReport + 1];
-        const int result = OCSP_ReadResponse(report, kLongestReport, response.text(),
-                                             isChecked ? signer.text() : nullptr, nullptr, 0);
-        accept_length(result, response.name(),
-                      result == -SIGNATURE_ERROR
-                          ? "It was not signed with the key of " + signer.name() +
-                                ", or it was changed. A responder may have a key of its own."
-                          : "");
-        std::string text(report);
-        if (text.size() == kLongestReport)
-            warn(response.name() + " says more than fits into a report");
-        const bool isSigned = text.find('\n') != text.npos;
-        text += '\n';
-        if (isSigned && isChecked)
-            text += "Good signature, made with the key of " + signer.name() + "\n";
-        else if (isSigned)
-            text += "The signature was not checked: --issuer FILE does\n";
-        Output("-").write(text);
+        if (!certificate.empty() && issuer.empty())
+            throw UsageError("--cert needs the --issuer of the certificate");
+        refuse_shared_input(
+            {is_standard_stream(file), is_standard_stream(issuer), is_standard_stream(certificate)});
+        const std::string moment = time.empty() ? "" : date_text(time, "--time", "T00:00:00");
+        const SecretBytes der = der_of(file);
+        const ObjectArgument argument(file, der);
+        const OcspResponse response(der, argument.name());
+        if (!certificate.empty())
+            return read_about(argument, response, read_certificate(certificate), moment);
+        std::string end;
+        if (!response.statuses().empty() && issuer.empty()) {
+            end = "The signature was not checked: --issuer FILE does\n";
+        } else if (!response.statuses().empty()) {
+            const Certificate authority = read_certificate(issuer);
+            end = "Good signature, made with the key of " + response.signer(authority, moment) + "\n";
+            response.refuse_others_than(authority.argument);
+        }
+        print(argument, end);
+        if (response.statuses().empty())
+            throw Refused::by_system(NO_DATA_ERROR, argument.name(), "It tells no status.");
+        for (const OcspStatus& each : response.statuses())
+            accept(each, argument.name(), moment.empty() ? now_text(0) : moment);
     }
 
-    static constexpr int kLongestReport = 1023;
+    void read_about(const ObjectArgument& argument, const OcspResponse& response, const Certificate& about,
+                    const std::string& moment) const {
+        const std::string conditions =
+            "revocation=leaf;maxDepth=0;anchor=key" + (moment.empty() ? "" : ";time=" + moment);
+        const Certificate authority = read_certificate(issuer); // its end would empty the error state
+        const int code = CERT_CheckPath(nullptr, 0, about.argument.text(), nullptr, authority.argument.text(),
+                                        argument.text(), conditions.c_str(), 0);
+        const std::string reason = last_error();
+        const bool isTold = code == 0 || code == BAD_KEY_ERROR;
+        if (!isTold && response.has_known_algorithm())
+            response.signer(authority, moment); // or refused: what a stranger says is not printed
+        if (isTold || response.has_known_algorithm())
+            print(argument, code == 0 ? about.name() + ": good, says " + argument.name() + "\n" : "");
+        if (code != 0)
+            throw Refused::by_system(code, about.name(), reason);
+    }
+
+    void print(const ObjectArgument& response, const std::string& end) const {
+        Output("-").write(cert_report(response.text(), response.name(), json) + (json ? "" : end));
+    }
+
+    static void accept(const OcspStatus& status, const std::string& name, const std::string& moment) {
+        const int code = status.refusal(moment);
+        if (code == 0)
+            return;
+        const std::string is = code == EXPIRED_ERROR   ? " has no status for " + moment + "Z."
+                               : code == BAD_KEY_ERROR ? " is revoked."
+                                                       : " is unknown to the responder.";
+        throw Refused::by_system(code, name, "The certificate with the number " + status.serial_hex() + is);
+    }
 };
 
 } // namespace
@@ -87,7 +120,7 @@ void add_ocsp_commands(CLI::App& app) {
                   "  zul ocsp request --issuer ca.pem alice.pem -o alice.req\n"
                   "  curl -H \"Content-Type: application/ocsp-request\" --data-binary @alice.req \\\n"
                   "       http://ocsp.example.com/ -o alice.resp\n"
-                  "  zul ocsp read alice.resp --issuer ca.pem");
+                  "  zul ocsp read alice.resp --issuer ca.pem --cert alice.pem");
 
     auto request = std::make_shared<OcspRequestCommand>();
     CLI::App* command = group->add_subcommand("request", "Ask for the status of a certificate");
@@ -112,14 +145,23 @@ void add_ocsp_commands(CLI::App& app) {
         ->required()
         ->option_text(" ");
     command
-        ->add_option("--issuer", read->issuer,
-                     "The certificate of who signed the response, to check the signature")
-        ->option_text("FILE");
+        ->add_option(
+            "--issuer", read->issuer,
+            "The certificate of the issuer, to check who signed: it, or a responder it has authorized")
+        ->option_text("CA");
+    command->add_option("--cert", read->certificate, "The certificate whose status is asked, needs --issuer")
+        ->option_text("CERT");
+    command->add_option("--time", read->time, "Check for this time instead of now")->option_text("DATE");
+    command->add_flag("--json", read->json, "Print JSON");
     command->footer(
-        "A responder may have a certificate of its own: check it first ('zul cert path'). The serial\n"
-        "number tells whose status it is, \"Produced at\" how old. Exit status 0 whatever the status is, 1\n"
-        "if there is none to be read or the signature is not good.\n\n"
-        "Example:\n  zul ocsp read alice.resp --issuer ca.pem");
+        "Exit status:\n"
+        "  0  good and up to date: with --cert that certificate, else all in the response\n"
+        "  1  revoked, unknown, out of date (nextUpdate is over; without one: a day), no status, or with\n"
+        "     --issuer: signed by somebody else, or about certificates of another issuer\n"
+        "What is signed by somebody else is not printed. Without --issuer anybody may have made the "
+        "response;\n"
+        "without --cert the serial number tells whose status it is.\n\n"
+        "Example:\n  zul ocsp read alice.resp --issuer ca.pem --cert alice.pem");
     command->callback([read] { read->run(); });
     for (CLI::App* each : group->get_subcommands([](const CLI::App*) { return true; }))
         each->group("Commands");
