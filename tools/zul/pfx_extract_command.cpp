@@ -179,8 +179,7 @@ void add_pfx_extract_command(CLI::App& group) {
     command->add_option("--key-number", extract->keyNumber, "Which of several keys, from 0 (0)")
         ->check(CLI::Range(0, 255))
         ->option_text("N");
-    extract->newPassword.add_to(*command, "new-password",
-                                "Password of the new key file, if it is another one");
+    extract->newPassword.add_to(*command, "new-password", "Password of the key file, if it differs");
     extract->encryption.add_to(*command, "aes-128, aes-192, aes-256 or 3des (aes-256)");
     command->add_flag("--unencrypted", extract->unencrypted, "Write the key without a password");
     command->add_flag("--der", extract->der, "Write DER instead of PEM");

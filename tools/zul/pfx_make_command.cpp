@@ -165,8 +165,8 @@ void add_pfx_make_command(CLI::App& group) {
         ->expected(1)
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
         ->option_text("FILE");
-    make->password.add_to(*command, "Password of an encrypted key, and of the new file");
-    make->newPassword.add_to(*command, "new-password", "Password of the new file, if it is another one");
+    make->password.add_to(*command, "Password of an encrypted key and the new file");
+    make->newPassword.add_to(*command, "new-password", "Password of the new file, if it differs");
     command->add_flag("--legacy", make->legacy, "Weak, for old programs: Triple DES, SHA-1, 2048 iterations");
     command->add_flag("--pbmac1", make->pbmac1, "MAC of RFC 9579, which programs before 2024 cannot check");
     command->add_flag("--truststore", make->truststore,
