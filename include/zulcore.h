@@ -1503,6 +1503,7 @@ ZUL_API int SEAL_OpenFile(const char* szFileOut, const char* szFileIn, const cha
  * derivation and cipher of KEY_Read; a MAC of the PKCS #12 derivation or PBMAC1 with SHA-1 or SHA-2, or none. Both
  * forms of an empty password are tried, and beyond ASCII those that older programs use. Files have 16 MiB and 4096
  * entries at most. A derivation may ask for 10,000,000 iterations, and all those of a file for 100,000,000.
+ * scrypt may fill 4 GiB (128 N r p bytes); of a file's 100,000,000, each KiB of that takes 6.
  *
  * Codes of P12_Unpack and P12_List:
  *  - DECRYPT_ERROR: the MAC does not match, or without a MAC the data do not decrypt: a wrong password, or the file was
@@ -1532,7 +1533,7 @@ ZUL_API int SEAL_OpenFile(const char* szFileOut, const char* szFileIn, const cha
  *  - NO_MATCH_ERROR: no certificate belongs to the key; NO_DATA_ERROR: a file or text without a certificate;
  *  - BAD_FORMAT_ERROR: no certificate or key where one should be; MSG_TOO_LONG_ERROR: too long for a file;
  *    OUT_OF_RANGE_ERROR: too many certificates; BAD_LENGTH_ERROR: the password is too long;
- *  - CREATE_ERROR, WRITE_ERROR, and the codes of KEY_Read. */
+ *  - CREATE_ERROR: also for a file of szCerts or szPrivateKey as szFileOut; WRITE_ERROR, and the codes of KEY_Read. */
 ZUL_API int P12_Pack(const char* szFileOut, const char* szCerts, const char* szPrivateKey,
                      const char* szPassword, const char* szName, int nOptions);
 
@@ -1550,7 +1551,7 @@ ZUL_API int P12_Unpack(const char* szCertsOut, char* szKeyOutput, int nKeyChars,
 /* P12_List describes a PKCS #12 file in UTF-8: a line for the version, the MAC, each part ("Safe") with its scheme, and
  * each entry: kind (key, certificate, crl, secret or other), friendlyName, localKeyId, key and bits, subject and end of
  * the validity of a certificate, and the number of the entry that belongs to it. Lines end with LF and have the form
- *     Entry 2: kind=certificate, safe=1, name="Alice", algorithm=RSA, bits=2048, subject="C=AU;CN=Alice", ..., key=1
+ *     Entry 2: kind=certificate, safe=1, name="Alice", algorithm=rsa, bits=2048, subject="C=AU;CN=Alice", ..., key=1
  * Values in quotes are JSON strings in which controls are escaped, so none can begin a line. szPassword: null shows
  * what is visible without one, and does not verify the MAC. nOptions:
  *  - ZUL_P12_JSON: one JSON object of the same fields, {"version":3,"mac":{...},"safes":[...],"entries":[...]};
@@ -1608,8 +1609,8 @@ ZUL_API int P12_List(char* szOutput, int nOutChars, const char* szP12, const cha
  * Extensions are critical as RFC 5280 has it. basicConstraints and the identifiers of the keys (SHA-1 digests, RFC 5280,
  * 4.2.1.2; that of the issuer as its certificate has it) are always in a certificate.
  *
- * The output is a file, which is replaced in one step; a file of a key that is an argument is not overwritten. nOptions
- * of all: ZUL_CERT_DER: DER instead of PEM.
+ * The output is a file, which is replaced in one step; a file of a key, an issuer's certificate or a request
+ * that is an argument is not overwritten (CREATE_ERROR). nOptions of all: ZUL_CERT_DER: DER instead of PEM.
  * Codes of all: BAD_FLAG_ERROR, CREATE_ERROR, WRITE_ERROR, and
  *  - BAD_PARAM_ERROR: also the description; a key that is encrypted;
  *  - OPEN_ERROR, INVALID_DATA_ERROR, BAD_FORMAT_ERROR: an input cannot be read;
@@ -1633,9 +1634,11 @@ ZUL_API int CERT_SelfSign(const char* szCertOut, const char* szPrivateKey, const
  *    keep within it.
  * Status, positive. Also:
  *  - NO_MATCH_ERROR: the issuer's key is not that of its certificate;
- *  - ISSUER_ERROR: the issuer is no authority, its key usage lacks keyCertSign, its path length forbids;
+ *  - ISSUER_ERROR: the issuer is no authority, its key usage lacks keyCertSign, or its path length is 0 and
+ *    the subject an authority;
  *  - SIGNATURE_ERROR: the request's signature does not verify;
- *  - BAD_FORMAT_ERROR: also a subject or copied extension of the request that breaks the rules. */
+ *  - BAD_FORMAT_ERROR: also a subject or copied extension of the request that breaks the rules. A copied keyUsage or
+ *    basicConstraints that does not go with the description, the key or the issuer is BAD_PARAM_ERROR, as if typed. */
 ZUL_API int CERT_Issue(const char* szCertOut, const char* szIssuerCert, const char* szIssuerKey,
                        const char* szSubjectKeyOrRequest, const char* szDescription, int nOptions);
 
@@ -1682,7 +1685,8 @@ ZUL_API int CERT_Request(const char* szRequestOut, const char* szPrivateKey, con
  * cRLNumber and authorityKeyIdentifier are always there. nOptions: ZUL_CERT_DER.
  * Status, positive. Also:
  *  - NO_MATCH_ERROR: the issuer's key is not that of its certificate; the earlier list or a certificate has another
- *    issuer; removeFromCRL of what the earlier list does not have on hold;
+ *    issuer; removeFromCRL of what the earlier list has, but not on hold, or lacks (a delta list may lack it: its base,
+ *    which is not at hand, has to have it on hold);
  *  - ISSUER_ERROR: the issuer's key usage lacks cRLSign, or its certificate has no subject;
  *  - DUP_ERROR: a certificate that is given twice, or is in the earlier list and nothing changes;
  *  - SIGNATURE_ERROR: the earlier list's signature does not verify; NOT_SUPPORTED_ERROR: also an unknown critical

@@ -161,6 +161,14 @@ int key_encrypt(AsnList& list, const SecretBuffer& plain, const char* password,
     return 0;
 }
 
+int key_scrypt_cost(ScryptCost& cost, const asn_Node* algorithm) {
+    ScryptParams params;
+    if (const int error = read_scrypt(params, algorithm))
+        return error;
+    cost = {params.n, params.r, params.p};
+    return scrypt_check_file(cost);
+}
+
 int key_decrypt(SecretBuffer& plain, const asn_Node* encrypted, const char* password) {
     AsnChildren children(encrypted);
     const asn_Node* algorithm = children.take_sequence();

@@ -2,6 +2,7 @@
 #include "asn1/asn_node.h"
 #include "cipher/block_cipher.h"
 #include "frame/memory.h"
+#include "pbe/scrypt.h"
 
 // EncryptedPrivateKeyInfo (RFC 5958, 3).
 namespace zul {
@@ -23,6 +24,10 @@ struct KeyEncryption {
 // key_encrypt gives an EncryptedPrivateKeyInfo of PBES2 with a random salt and IV.
 [[nodiscard]] int key_encrypt(AsnList& list, const SecretBuffer& plain, const char* password,
                               const KeyEncryption& encryption);
+
+// key_scrypt_cost reads the cost from an AlgorithmIdentifier of PBES2 with scrypt: 0, BAD_FORMAT_ERROR,
+// NOT_SUPPORTED_ERROR, or OUT_OF_RANGE_ERROR beyond what scrypt_check_file allows.
+[[nodiscard]] int key_scrypt_cost(ScryptCost& cost, const asn_Node* algorithm);
 
 // key_decrypt decrypts one of any scheme that pbe_decrypt knows, and of PBES2 with scrypt: 0 or a positive
 // code with a text.

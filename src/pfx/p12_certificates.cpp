@@ -7,6 +7,7 @@
 #include "encode/base64.h"
 #include "encode/whole_file.h"
 #include "frame/err.h"
+#include "frame/file_stream.h"
 #include "frame/slice.h"
 #include "frame/text.h"
 #include "pfx/pfx_reader.h"
@@ -83,22 +84,38 @@ bool has(const P12Entries& certificates, const SecretBuffer& der) {
     return error != 0 ? error : add_list(certificates, list);
 }
 
+// take_item takes the next item, without its blanks, off a list; false at its end.
+bool take_item(std::string_view& rest, SecretBuffer& item) {
+    while (!rest.empty()) {
+        const size_t end = rest.find(';');
+        const std::string_view text = trimmed(slice(rest, 0, end));
+        rest = end == std::string_view::npos ? std::string_view() : slice(rest, end + 1);
+        item = SecretBuffer();
+        item.append(text.data(), text.size());
+        if (!text.empty())
+            return true;
+    }
+    return false;
+}
+
 } // namespace
 
 int p12_read_certificates(P12Entries& certificates, const char* list) {
     std::string_view rest(list);
-    while (!rest.empty()) {
-        const size_t end = rest.find(';');
-        const std::string_view item = trimmed(slice(rest, 0, end));
-        rest = end == std::string_view::npos ? std::string_view() : slice(rest, end + 1);
-        if (item.empty())
-            continue;
-        SecretBuffer text; // with a NUL
-        text.append(item.data(), item.size());
-        if (const int error = add_item(certificates, text.text()))
+    SecretBuffer item;
+    while (take_item(rest, item))
+        if (const int error = add_item(certificates, item.text()))
             return error;
-    }
     return 0;
+}
+
+bool p12_lists_file(const char* list, const char* path) {
+    std::string_view rest(list);
+    SecretBuffer item;
+    while (take_item(rest, item))
+        if (may_be_name(item.text()) && is_same_file(item.text(), path))
+            return true;
+    return false;
 }
 
 } // namespace zul

@@ -9,4 +9,7 @@ namespace zul {
 // INVALID_DATA_ERROR, OUT_OF_RANGE_ERROR.
 [[nodiscard]] int p12_read_certificates(P12Entries& certificates, const char* list);
 
+// p12_lists_file tells whether an item of the list names the file at a path.
+[[nodiscard]] bool p12_lists_file(const char* list, const char* path);
+
 } // namespace zul

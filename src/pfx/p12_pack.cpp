@@ -224,9 +224,11 @@ int p12_pack(const P12PackOrder& order) {
     const AsnList pfx = asn_NewSequence(
         asn_LinkList(asn_NewInteger(kPfxVersion), data_content_info(safe), p12_new_mac(safe, password, mac)));
     // There may be no other copy of the key.
-    const int error = asn_write_file(
-        order.newFile, pfx.head(), (order.options & ZUL_KEY_FORMAT_PEM) != 0 ? "PKCS12" : nullptr,
-        kPemLineLen, {.secret = hasKey, .replaces = true, .input = order.privateKey});
+    int error = CREATE_ERROR;
+    if (!p12_lists_file(order.certs, order.newFile))
+        error = asn_write_file(order.newFile, pfx.head(),
+                               (order.options & ZUL_KEY_FORMAT_PEM) != 0 ? "PKCS12" : nullptr, kPemLineLen,
+                               {.secret = hasKey, .replaces = true, .input = order.privateKey});
     return error == CREATE_ERROR ? err_fail(error, "Cannot create file '%s'", shown_name(order.newFile))
                                  : error;
 }

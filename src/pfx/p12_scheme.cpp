@@ -80,12 +80,17 @@ SecretBuffer copy_of(const SecretBuffer& bytes) {
 }
 
 [[nodiscard]] int decrypt_scrypt(AsnList& list, const asn_Node* algorithm, const SecretBuffer& data,
-                                 P12Password& password) {
+                                 P12Password& password, P12Work& work) {
+    ScryptCost cost{};
+    if (const int error = key_scrypt_cost(cost, algorithm))
+        return error;
     const AsnList encrypted = asn_NewSequence(
         asn_LinkList(asn_CopyElement(algorithm), asn_NewOctetString(data.data(), data.size())));
     for (size_t form = 0; form < password.byte_forms(); form++) {
         SecretBuffer plain;
         err_clear();
+        if (const int error = work.take_scrypt(cost))
+            return error;
         const int error = key_decrypt(plain, encrypted.head(), password.bytes(form).text());
         if (error != 0 && error != DECRYPT_ERROR)
             return error;
@@ -137,17 +142,22 @@ P12Scheme p12_describe(const asn_Node* algorithm) {
     return scheme;
 }
 
-int P12Work::take(uint32_t iterations) {
+int P12Work::take(uint64_t iterations) {
     if (iterations > left_)
         return err_fail(OUT_OF_RANGE_ERROR, "The file asks for too many iterations in all");
     left_ -= iterations;
     return 0;
 }
 
+int P12Work::take_scrypt(const ScryptCost& cost) {
+    constexpr uint64_t kPerKib = 6;
+    return take((128 * cost.n * cost.r * cost.p / 1024 + 1) * kPerKib);
+}
+
 int p12_decrypt(AsnList& list, const asn_Node* algorithm, const SecretBuffer& data, P12Password& password,
                 P12Work& work) {
     if (is_scrypt(algorithm))
-        return decrypt_scrypt(list, algorithm, data, password);
+        return decrypt_scrypt(list, algorithm, data, password, work);
     PbeContext context;
     PbeParams& params = *context;
     if (const int error = read_scheme(params, algorithm))

@@ -2,6 +2,7 @@
 #include "asn1/asn_node.h"
 #include "asn1/oid.h"
 #include "frame/memory.h"
+#include "pbe/scrypt.h"
 #include "pfx/p12_password.h"
 
 // Password-based encryption in PKCS #12 files: the schemes of RFC 7292, appendix C, and PBES2 (RFC 8018).
@@ -20,10 +21,12 @@ struct P12Scheme {
 };
 P12Scheme p12_describe(const asn_Node* algorithm);
 
-// P12Work bounds the iterations that all the derivations of a file may ask for together.
+// P12Work bounds the work that all the derivations of a file may ask for together, in iterations. A KiB that
+// scrypt fills takes about the time of six iterations of PBKDF2.
 class P12Work {
   public:
-    [[nodiscard]] int take(uint32_t iterations); // 0, or OUT_OF_RANGE_ERROR with a text
+    [[nodiscard]] int take(uint64_t iterations);           // 0, or OUT_OF_RANGE_ERROR with a text
+    [[nodiscard]] int take_scrypt(const ScryptCost& cost); // one that scrypt_check_file allows
 
   private:
     uint64_t left_ = 100'000'000;

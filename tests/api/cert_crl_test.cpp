@@ -42,7 +42,7 @@ class CertCrl : public testing::Test {
     const std::string first_ =
         list("", "serial=01,reason=keyCompromise;serial=02,reason=certificateHold,date=2024-05-06;serial=03",
              "number=255;thisUpdate=2025-01-01");
-    const std::string delta_ = list(first_, "serial=04;serial=03,reason=removeFromCRL", "delta");
+    const std::string delta_ = list(first_, "serial=04;serial=02,reason=removeFromCRL", "delta");
 };
 
 } // namespace
@@ -120,7 +120,11 @@ TEST_F(CertCrl, RefusesWhatIsWrongByName) {
         {first_, "serial=1,reason=removeFromCRL", "", NO_MATCH_ERROR, "not on hold"},
         {first_, "serial=9,reason=removeFromCRL", "", NO_MATCH_ERROR, "not in the earlier list"},
         {first_, "serial=3,reason=superseded", "delta", DUP_ERROR, "number 03"},
-        {delta_, "serial=3,reason=removeFromCRL", "delta", DUP_ERROR, "number 03"},
+        {first_, "serial=3,reason=removeFromCRL", "delta", NO_MATCH_ERROR, "not on hold"},
+        {first_, "serial=9,reason=removeFromCRL", "delta", NO_MATCH_ERROR, "not in the earlier list"},
+        {delta_, "serial=4,reason=removeFromCRL", "delta", NO_MATCH_ERROR, "not on hold"},
+        {delta_, "serial=2,reason=removeFromCRL", "delta", DUP_ERROR, "number 02"},
+        {delta_, "serial=9,reason=removeFromCRL", "delta", 0, ""},
     };
     for (const auto& row : rows) {
         EXPECT_RESULT(issue(row.earlier, row.revoked, row.description), row.code);
@@ -150,6 +154,9 @@ TEST_F(CertCrl, IssuersThatMayNotSign) {
     dir_.write("out.pem", "old");
     EXPECT_EQ(issue("", "serial=x"), BAD_PARAM_ERROR);
     EXPECT_EQ(made(), "old");
+    dir_.write("out.pem", root_);
+    EXPECT_EQ(by(out_, rootKey()), CREATE_ERROR);
+    EXPECT_EQ(made(), root_);
 }
 
 // The fields are those that RFC 5280 prescribes, in hex.

@@ -330,6 +330,9 @@ TEST_F(CertMake, FilesOfKeysStay) {
     EXPECT_EQ(CERT_Issue(file.c_str(), root_.c_str(), rootKey().c_str(), file.c_str(), "CN=a", 0),
               CREATE_ERROR);
     EXPECT_EQ(read_text(file), saved);
+    dir_.write("out.pem", root_);
+    EXPECT_EQ(issue_by(out_, key(), "CN=a"), CREATE_ERROR);
+    EXPECT_EQ(made(), root_);
     EXPECT_EQ(self_sign(file, wide, ZUL_CERT_DER), 0);
     const std::string der = made();
     EXPECT_EQ(der[0], '\x30');

@@ -207,6 +207,10 @@ TEST_F(P12Made, SaysWhatIsWrong) {
         EXPECT_RESULT(pack(c.certs, c.key, c.password, "", c.options), c.code);
         EXPECT_FALSE(file_exists(made));
     }
+    const std::string before = read_text(cert);
+    EXPECT_RESULT(P12_Pack(cert.c_str(), (leaf + "; " + cert).c_str(), "", "p", "", ZUL_P12_LEGACY),
+                  CREATE_ERROR);
+    EXPECT_EQ(read_text(cert), before);
     ASSERT_EQ(pack(cert, key), 0);
     char text[100] = "old";
     const char* const p12 = made.c_str();

@@ -1,11 +1,15 @@
 #include <ctime>
 #include <map>
 
+#include "asn1/asn_children.h"
+#include "asn1/asn_value.h"
 #include "frame/debug_output.h"
 #include "hash/digest.h"
+#include "key/key_encryption.h"
 #include "pbe/kdf.h"
 #include "pbe/pbe.h"
 #include "pbe/pbe_params.h"
+#include "pfx/p12_scheme.h"
 #include "support/asn_lists.h"
 #include "zulcore.h"
 
@@ -223,4 +227,24 @@ TEST(Pbe, TracesItsSteps) {
     encrypted_hex("password", 1, 0);
     debugOutput.structures = 0;
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "Made salt\nMade key\nMade ciphertext\n");
+}
+
+// What scrypt fills counts for a PKCS #12 file too: here 2 KiB.
+TEST(Pbe, ScryptTakesOfTheWorkOfAFile) {
+    KeyEncryption encryption;
+    encryption.kdf = KeyKdf::scrypt;
+    encryption.n = 16;
+    encryption.r = encryption.p = 1;
+    SecretBuffer plain, data;
+    plain.append(kPlain.data(), kPlain.size());
+    AsnList encrypted, list;
+    ASSERT_EQ(key_encrypt(encrypted, plain, "pw", encryption), 0);
+    AsnChildren fields(encrypted.head());
+    const asn_Node* const algorithm = fields.take_sequence();
+    ASSERT_TRUE(asn_GetOctets(fields.take_octets(), data));
+    P12Password password("pw");
+    P12Work work;
+    EXPECT_EQ(p12_decrypt(list, algorithm, data, password, work), 0);
+    ASSERT_EQ(work.take(99'999'970), 0);
+    EXPECT_EQ(p12_decrypt(list, algorithm, data, password, work), OUT_OF_RANGE_ERROR);
 }

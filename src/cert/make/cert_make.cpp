@@ -33,13 +33,18 @@ AsnList serial_number(const CertificatePlan& plan) {
     return asn_NewIntegerBytes(bytes, sizeof bytes);
 }
 
-// write_object replaces a file in one step, but never one of a key that the object was made with.
-[[nodiscard]] int write_object(const char* path, const AsnList& object, const char* label, const char* key,
-                               const char* otherKey, int options) {
+struct WriteInputs {
+    const char *key, *subject = nullptr, *issuer = nullptr; // arguments, which may be texts
+};
+
+// write_object replaces a file in one step, but never one that the object was made from.
+[[nodiscard]] int write_object(const char* path, const AsnList& object, const char* label,
+                               const WriteInputs& inputs, int options) {
     int error = CREATE_ERROR;
-    if (otherKey == nullptr || !is_same_file(otherKey, path))
+    const auto names_it = [path](const char* input) { return input != nullptr && is_same_file(input, path); };
+    if (!names_it(inputs.subject) && !names_it(inputs.issuer))
         error = asn_write_file(path, object.head(), (options & ZUL_CERT_DER) != 0 ? nullptr : label,
-                               kPemLineLen, {.replaces = true, .input = key});
+                               kPemLineLen, {.replaces = true, .input = inputs.key});
     return error == CREATE_ERROR ? err_fail(error, "Cannot create file '%s'", shown_name(path)) : error;
 }
 
@@ -115,7 +120,7 @@ int cert_self_sign(const char* certFile, const char* privateKey, const char* des
     AsnList object;
     if (const int error = make_certificate_object(object, plan, signer, std::move(parts)))
         return error;
-    return write_object(certFile, object, "CERTIFICATE", privateKey, nullptr, options);
+    return write_object(certFile, object, "CERTIFICATE", {privateKey}, options);
 }
 
 int cert_issue(const char* certFile, const char* issuerCert, const char* issuerKey, const char* subject,
@@ -154,7 +159,7 @@ int cert_issue(const char* certFile, const char* issuerCert, const char* issuerK
     AsnList object;
     if (const int error = make_certificate_object(object, plan, signer, std::move(parts)))
         return error;
-    return write_object(certFile, object, "CERTIFICATE", issuerKey, subject, options);
+    return write_object(certFile, object, "CERTIFICATE", {issuerKey, subject, issuerCert}, options);
 }
 
 int cert_request(const char* requestFile, const char* privateKey, const char* description, int options) {
@@ -181,7 +186,7 @@ int cert_request(const char* requestFile, const char* privateKey, const char* de
                                                  key_public_info(signer.key()),
                                                  asn_NewExplicit(0, std::move(attributes))))))
         return error;
-    return write_object(requestFile, object, "CERTIFICATE REQUEST", privateKey, nullptr, options);
+    return write_object(requestFile, object, "CERTIFICATE REQUEST", {privateKey}, options);
 }
 
 } // namespace zul

@@ -93,13 +93,15 @@ int EntryList::meet(const KeptEntry& kept, RevokedEntry& entry) {
     const bool wasHeld = kept.extensions.reason == kReasonCertificateHold,
                wasRemoved = kept.extensions.reason == kReasonRemoveFromCrl,
                isRemoved = entry.reason == kReasonRemoveFromCrl;
-    if (isRemoved && rules_.earlier == EarlierList::grows) {
+    entry.isMet = true;
+    // No other revocation can be taken back (RFC 5280, 5.3.1).
+    if (isRemoved && !wasHeld && !wasRemoved)
+        return fail(NO_MATCH_ERROR, kept.view.serialNumber, "is not on hold");
+    if (isRemoved && wasHeld && rules_.earlier == EarlierList::grows) {
         entry.isDone = true;
-        return wasHeld ? 0 : fail(NO_MATCH_ERROR, kept.view.serialNumber, "is not on hold");
+        return 0;
     }
-    const bool isChange = wasHeld      ? entry.reason != kReasonCertificateHold
-                          : wasRemoved ? !isRemoved
-                                       : isRemoved;
+    const bool isChange = wasHeld ? entry.reason != kReasonCertificateHold : wasRemoved && !isRemoved;
     if (!isChange)
         return fail(DUP_ERROR, kept.view.serialNumber, "is in the earlier list already");
     // A certificate that was on hold is revoked since then (X.509, 9.5.3.1).
@@ -147,7 +149,9 @@ int EntryList::write_new() {
     for (RevokedEntry& entry : entries_) {
         if (entry.isDone)
             continue;
-        if (entry.reason == kReasonRemoveFromCrl && !rules_.isDelta)
+        // The base of an earlier delta list, or of deltaFrom, is not at hand.
+        const bool mayLackEarlier = rules_.isDelta && rules_.earlier != EarlierList::base;
+        if (entry.reason == kReasonRemoveFromCrl && !entry.isMet && !mayLackEarlier)
             return rules_.earlier == EarlierList::none
                        ? fail(BAD_PARAM_ERROR, entry.serialNumber,
                               "cannot be removed: the list is complete and has no earlier one")

@@ -24,8 +24,9 @@ struct EntryListRules {
 // then the new ones. In an indirect list a kept entry may need a certificateIssuer that it had inherited.
 // 0, or with a text that names the serial number:
 // - DUP_ERROR: a certificate that stands twice in the new entries, or in the earlier list, and not on hold;
-// - BAD_PARAM_ERROR, NO_MATCH_ERROR: removeFromCRL in a complete list without an earlier one, for a
-//   certificate that is not on hold there;
+// - BAD_PARAM_ERROR: removeFromCRL in a complete list without an earlier one;
+// - NO_MATCH_ERROR: removeFromCRL of a certificate that the earlier list has, but not on hold, or that it
+//   lacks, unless it is a delta list;
 // - BAD_FORMAT_ERROR: a malformed entry in the earlier list.
 [[nodiscard]] int crl_entry_list(SecretBuffer& revoked, RevokedList& list, const RevokedScope& scope,
                                  const EntryListRules& rules);

@@ -213,8 +213,10 @@ int crl_issue(const char* crlFile, const char* issuerCert, const char* issuerKey
     if (const int error = maker.sign(crl))
         return error;
     const char* const label = (options & ZUL_CERT_DER) != 0 ? nullptr : "X509 CRL";
-    const int error =
-        asn_write_file(crlFile, crl.head(), label, kPemLineLen, {.replaces = true, .input = issuerKey});
+    int error = CREATE_ERROR;
+    if (!is_same_file(issuerCert, crlFile))
+        error =
+            asn_write_file(crlFile, crl.head(), label, kPemLineLen, {.replaces = true, .input = issuerKey});
     return error == CREATE_ERROR ? err_fail(error, "Cannot create file '%s'", shown_name(crlFile)) : error;
 }
 

@@ -221,11 +221,26 @@ DerView IssuerTable::find(DerView names) const {
     DerView name;
     if (!read_name(names, name))
         return names;
-    const NameDigest digest = name_digest(name);
-    for (const Row& row : rows_)
-        if (row.digest == digest)
-            return row.names;
-    return names;
+    const uint32_t slot = slots_.empty() ? 0 : slots_[slot_of(name_digest(name))];
+    return slot == 0 ? names : rows_[slot - 1].names;
+}
+
+size_t IssuerTable::slot_of(const NameDigest& digest) const {
+    const size_t mask = slots_.size() - 1;
+    size_t i = digest.hash() & mask;
+    while (slots_[i] != 0 && !(rows_[slots_[i] - 1].digest == digest))
+        i = (i + 1) & mask;
+    return i;
+}
+
+void IssuerTable::grow() {
+    const size_t size = slots_.empty() ? 16 : 2 * slots_.size();
+    slots_.clear();
+    slots_.reserve(size);
+    while (slots_.size() < size)
+        slots_.add(0);
+    for (size_t i = 0; i < rows_.size(); i++)
+        slots_[slot_of(rows_[i].digest)] = static_cast<uint32_t>(i + 1);
 }
 
 DerView IssuerTable::add(DerView names, StableBytes& bytes) {
@@ -233,7 +248,11 @@ DerView IssuerTable::add(DerView names, StableBytes& bytes) {
     DerView name;
     if (found.data != names.data || !read_name(names, name))
         return found;
-    return rows_.add({name_digest(name), bytes.add(names)}).names;
+    if (2 * (rows_.size() + 1) >= slots_.size())
+        grow();
+    const Row& row = rows_.add({name_digest(name), bytes.add(names)});
+    slots_[slot_of(row.digest)] = static_cast<uint32_t>(rows_.size());
+    return row.names;
 }
 
 DerView StableBytes::add(DerView bytes) {

@@ -27,6 +27,7 @@ struct RevokedEntry {
     int64_t date = 0, invalidityDate = 0;
     int reason = 0;
     bool hasDate = false, hasInvalidityDate = false;
+    bool isMet = false;  // the earlier list has the certificate
     bool isDone = false; // it stands in the list, or took an entry out of it
 };
 
@@ -50,7 +51,11 @@ class IssuerTable {
         NameDigest digest;
         DerView names;
     };
+    size_t slot_of(const NameDigest& digest) const; // where the name stands, or would
+    void grow();
+
     Array<Row> rows_;
+    Array<uint32_t> slots_; // a power of two, more than half of them free (0); else the index of a row and 1
 };
 
 struct RevokedList {
