@@ -1769,7 +1769,8 @@ ZUL_API int CERT_CheckName(const char* szCert, const char* szHostOrAddress, int 
  *  - time=DATE: the time of the check. Default: now;
  *  - host=, email=, ip=: a name that the certificate has to be for, as in CERT_CheckName;
  *  - purpose=any (default), server, client, email, code, timestamp or ocsp: extKeyUsage and keyUsage have to allow it;
- *    extKeyUsage in the certificates above too, but for ocsp. timestamp and ocsp demand extKeyUsage;
+ *    extKeyUsage in the certificates above too, but for ocsp. timestamp and ocsp demand extKeyUsage, timestamp
+ *    one that is critical and has no other purpose (RFC 3161, 2.3);
  *  - policy=OID,...: the acceptable policies (default: any). explicitPolicy, inhibitMapping, inhibitAnyPolicy: flags of
  *    RFC 5280, 6.1.1;
  *  - maxDepth=N: certificates between the anchor and the certificate, 0 to 100. Default: 20;

@@ -91,6 +91,9 @@ TEST_F(CertPath, RightsAndConditions) {
         {"ca", "ca", "CN=a;ip=192.0.2.1;email=a@b.example", "ip=192.0.2.1;email=a@B.example", 0},
         {"ca", "ca", "CN=a;ip=192.0.2.1", "ip=192.0.2.2", NO_MATCH_ERROR},
         {"ca", "ca", "CN=a;ip=192.0.2.1;dns=a.example", "host=a.example;email=a@b.example", NO_MATCH_ERROR},
+        {"ca", "ca", "CN=a;dns=*.example.com", "host=r3---sn-abc.example.com", 0},
+        {"ca", "ca", "CN=a;dns=*.example.com", "host=xn--i-7iq.example.com", 0},
+        {"ca", "ca", "CN=a;ip=2001:db8::1", "host=[2001:db8::1]", 0},
         // Purposes
         {"ca", "ca", "CN=a", "purpose=server", 0},
         {"ca", "ca", "CN=a;extKeyUsage=clientAuth", "purpose=server", NO_MATCH_ERROR},
@@ -102,7 +105,8 @@ TEST_F(CertPath, RightsAndConditions) {
         {"ca", "ca", "CN=a;keyUsage=keyAgreement", "purpose=code", NO_MATCH_ERROR},
         {"ca", "ca", "CN=a", "purpose=timestamp", NO_MATCH_ERROR},
         {"ca", "ca", "CN=a;extKeyUsage=anyExtendedKeyUsage", "purpose=timestamp", NO_MATCH_ERROR},
-        {"ca", "ca", "CN=a;extKeyUsage=timeStamping", "purpose=timestamp", 0},
+        {"ca", "ca", "CN=a;extKeyUsage=timeStamping", "purpose=timestamp", 0}, // made critical
+        {"ca", "ca", "CN=a;extKeyUsage=timeStamping,serverAuth", "purpose=timestamp", NO_MATCH_ERROR},
         {"ca", "ca;extKeyUsage=serverAuth", "CN=a;extKeyUsage=OCSPSigning", "purpose=ocsp", 0},
         // Policies
         {"ca", "ca;policy=1.2.3", "CN=a;policy=1.2.3", "explicitPolicy;policy=1.2.3", 0},
@@ -171,6 +175,23 @@ TEST_F(CertPath, NameConstraints) {
     for (const auto& row : rows)
         EXPECT_EQ(check(leaf(std::string(row.leaf) + ";CN=a"),
                         authority("ca;" + std::string(row.constraints)), lax_),
+                  row.code)
+            << row.constraints << " | " << row.leaf << ": " << last_error();
+    // A commonName that may stand for a host is constrained like one.
+    const struct {
+        const char *constraints, *leaf, *host;
+        int code;
+    } hosts[] = {
+        {"permit=dns:good.example", "CN=evil.example", "evil.example", ISSUER_ERROR},
+        {"permit=dns:good.example", "CN=www.good.example", "www.good.example", 0},
+        {"exclude=dns:evil.example", "CN=good.example;CN=evil.example", "evil.example", ISSUER_ERROR},
+        {"exclude=dns:evil.example", "CN=evil.example;dns=good.example", "good.example", 0},
+        {"exclude=dns:www.evil.example", "CN=*.evil.example;email=a@b.example", "www.evil.example",
+         ISSUER_ERROR},
+    };
+    for (const auto& row : hosts)
+        EXPECT_EQ(check(leaf(row.leaf), authority("ca;" + std::string(row.constraints)), lax_,
+                        "host=" + std::string(row.host), ZUL_CERT_SUBJECT_NAME),
                   row.code)
             << row.constraints << " | " << row.leaf << ": " << last_error();
     // The anchor's count too, unless it is a name and a key alone.
@@ -304,7 +325,8 @@ TEST_F(CertPath, RefusesArguments) {
         EXPECT_EQ(check(cert, laxAuthority_, lax_, row.conditions), BAD_PARAM_ERROR);
         EXPECT_EQ(last_error(), row.text);
     }
-    for (const char* name : {"host=a b", "host=a@b.example", "email=a.example", "email=@b"})
+    for (const char* name :
+         {"host=a b", "host=a@b.example", "host=[1.2.3.4]", "ip=[1.2.3.4]", "email=a.example", "email=@b"})
         EXPECT_EQ(check(cert, laxAuthority_, lax_, name), BAD_PARAM_ERROR) << name;
     EXPECT_EQ(check("", laxAuthority_, lax_), BAD_PARAM_ERROR);
     EXPECT_EQ(check(cert, laxAuthority_, ""), BAD_PARAM_ERROR);

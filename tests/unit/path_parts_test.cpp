@@ -1,4 +1,5 @@
 #include "cert/path/name_constraints.h"
+#include "cert/path/path_conditions.h"
 #include "cert/path/policy_graph.h"
 #include "frame/err.h"
 #include "support/unit_test.h"
@@ -116,5 +117,24 @@ TEST(PolicyGraph, GrowsWithItsInput) {
     policies.pop_back();
     extensions.policies = view(policies);
     EXPECT_EQ(PolicyGraph().add_certificate(extensions, true, budget), BAD_FORMAT_ERROR);
+    err_clear();
+}
+
+// RFC 3161, 2.3.
+TEST(PathPurpose, TimestampStandsAloneAndCritical) {
+    const struct {
+        const char* purposes;
+        bool isCritical;
+        int code;
+    } rows[] = {{"06082b06010505070308", true, 0},
+                {"06082b06010505070308", false, NO_MATCH_ERROR},
+                {"06082b0601050507030806082b06010505070301", true, NO_MATCH_ERROR}};
+    for (const auto& row : rows) {
+        const Bytes purposes = test::from_hex(row.purposes);
+        CertExtensions extensions;
+        extensions.extKeyUsage = view(purposes);
+        extensions.extKeyUsageIsCritical = row.isCritical;
+        EXPECT_EQ(check_leaf_purpose(extensions, PathPurpose::timestamp), row.code) << row.purposes;
+    }
     err_clear();
 }

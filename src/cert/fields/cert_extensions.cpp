@@ -149,6 +149,8 @@ int cert_extensions_read(const CertificateView& certificate, CertExtensions& ext
                 return err_fail(BAD_FORMAT_ERROR, "Invalid extension %s", known->name);
             if (extension.is(kOidSubjectAltName))
                 extensions.subjectAltNameIsCritical = extension.isCritical;
+            if (extension.is(kOidExtKeyUsage))
+                extensions.extKeyUsageIsCritical = extension.isCritical;
         } else if (extension.isCritical && extensions.unknownCritical.data == nullptr) {
             extensions.unknownCritical = extension.oid;
         }

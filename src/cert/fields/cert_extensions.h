@@ -23,7 +23,8 @@ struct CertExtensions {
     // A view with null data stands for an extension that is missing.
     DerView subjectKeyIdentifier;
     AuthorityKeyId authorityKeyIdentifier;
-    DerView extKeyUsage;    // content of SEQUENCE OF KeyPurposeId
+    DerView extKeyUsage; // content of SEQUENCE OF KeyPurposeId
+    bool extKeyUsageIsCritical = false;
     DerView subjectAltName; // content of GeneralNames
     bool subjectAltNameIsCritical = false;
     bool hasNameConstraints = false;

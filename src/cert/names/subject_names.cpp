@@ -60,10 +60,8 @@ bool is_ascii(std::string_view text) {
     return true;
 }
 
-enum class ReferenceKind { host, address, email };
-
 struct Reference {
-    ReferenceKind kind = ReferenceKind::host;
+    ReferenceForm form = ReferenceForm::host;
     SecretBuffer text; // of a host or an e-mail address, with an ASCII domain
     bool isWide = false;
     IpAddress address;
@@ -95,14 +93,14 @@ struct Reference {
 
 [[nodiscard]] int read_reference(Reference& reference, std::string_view text) {
     if (text.find('@') != kNone) {
-        reference.kind = ReferenceKind::email;
+        reference.form = ReferenceForm::email;
         return email_to_ascii(reference.text, reference.isWide, text);
     }
     const bool isBracketed = text.size() > 2 && text.front() == '[' && text.back() == ']';
     if (isBracketed)
         text = slice(text, 1, text.size() - 2);
     if (text.find(':') != kNone || (!isBracketed && ip_from_text(reference.address, text))) {
-        reference.kind = ReferenceKind::address;
+        reference.form = ReferenceForm::address;
         return ip_from_text(reference.address, text) ? 0 : bad_reference("a malformed IPv6 address");
     }
     return isBracketed ? bad_reference("brackets are for IPv6 addresses") : read_host(reference, text);
@@ -128,14 +126,14 @@ bool mailbox_of(const GeneralNameView& name, std::string_view& mailbox) {
 
 bool name_matches(const GeneralNameView& name, const Reference& reference) {
     std::string_view mailbox;
-    switch (reference.kind) {
-    case ReferenceKind::host:
+    switch (reference.form) {
+    case ReferenceForm::host:
         return name.type == GeneralNameType::dNSName &&
                host_name_matches(name.value.text(), reference.view());
-    case ReferenceKind::address:
+    case ReferenceForm::address:
         return name.type == GeneralNameType::iPAddress &&
                name.value == DerView(reference.address.bytes, reference.address.size);
-    case ReferenceKind::email:
+    case ReferenceForm::email:
         if (reference.isWide)
             return mailbox_of(name, mailbox) && email_matches(mailbox, reference.view());
         return name.type == GeneralNameType::rfc822Name && email_matches(name.value.text(), reference.view());
@@ -144,35 +142,52 @@ bool name_matches(const GeneralNameView& name, const Reference& reference) {
 }
 
 // precludes_subject tells whether a name of subjectAltName says that the subject's names do not count.
-bool precludes_subject(const GeneralNameView& name, ReferenceKind kind) {
+bool precludes_subject(const GeneralNameView& name, ReferenceForm form) {
     std::string_view mailbox;
-    if (kind == ReferenceKind::email)
+    if (form == ReferenceForm::email)
         return name.type == GeneralNameType::rfc822Name || mailbox_of(name, mailbox);
     return name.type == GeneralNameType::dNSName || name.type == GeneralNameType::iPAddress ||
            name.type == GeneralNameType::uniformResourceIdentifier;
 }
 
-bool subject_matches(DerView subject, const Reference& reference) {
-    const bool isHost = reference.kind == ReferenceKind::host;
-    if (!isHost && (reference.kind != ReferenceKind::email || reference.isWide))
-        return false;
+// is_plain_text tells whether the value of an attribute is ASCII in a type of string that names stand in.
+bool is_plain_text(const DerElement& value) {
+    const uint8_t type = value.identifier;
+    return (type == kDerPrintableString || type == kDerIa5String || type == kDerUtf8String ||
+            type == kDerTeletexString) &&
+           is_ascii(value.content.text());
+}
+
+// last_common_name is false too if the last one is no plain text.
+bool last_common_name(DerView subject, DerView& host) {
+    NameReader reader = NameReader::of_name(subject);
+    NameAttribute attribute;
+    bool isFound = false;
+    while (reader.next(attribute)) {
+        if (attribute.type.text() != kOidCommonName)
+            continue;
+        isFound = is_plain_text(attribute.value);
+        host = attribute.value.content;
+    }
+    return isFound && reader.is_good();
+}
+
+bool subject_has_email(DerView subject, std::string_view email) {
     NameReader reader = NameReader::of_name(subject);
     NameAttribute attribute;
     bool matches = false;
-    while (reader.next(attribute)) {
-        if (attribute.type.text() != (isHost ? kOidCommonName : kOidEmailAddress))
-            continue;
-        const std::string_view value = attribute.value.content.text();
-        const uint8_t type = attribute.value.identifier;
-        const bool isText = (type == kDerPrintableString || type == kDerIa5String || type == kDerUtf8String ||
-                             type == kDerTeletexString) &&
-                            is_ascii(value);
-        if (isHost)
-            matches = isText && host_name_matches(value, reference.view());
-        else
-            matches = matches || (isText && email_matches(value, reference.view()));
-    }
+    while (reader.next(attribute))
+        matches = matches || (attribute.type.text() == kOidEmailAddress && is_plain_text(attribute.value) &&
+                              email_matches(attribute.value.content.text(), email));
     return matches && reader.is_good();
+}
+
+bool subject_matches(DerView subject, const Reference& reference) {
+    DerView host;
+    if (reference.form == ReferenceForm::host)
+        return last_common_name(subject, host) && host_name_matches(host.text(), reference.view());
+    return reference.form == ReferenceForm::email && !reference.isWide &&
+           subject_has_email(subject, reference.view());
 }
 
 // put_names lists the names that the certificate has, as many as an error text has room for.
@@ -225,6 +240,22 @@ bool host_name_matches(std::string_view presented, std::string_view host) {
            dot > 0 && same_letters(parent, slice(host, dot + 1));
 }
 
+int reference_form(std::string_view text, ReferenceForm& form) {
+    Reference reference;
+    const int error = read_reference(reference, text);
+    form = reference.form;
+    return error;
+}
+
+bool subject_host(const CertificateView& certificate, const CertExtensions& extensions, DerView& host) {
+    GeneralNameReader reader(extensions.subjectAltName);
+    GeneralNameView name;
+    while (reader.next(name))
+        if (precludes_subject(name, ReferenceForm::host))
+            return false;
+    return last_common_name(certificate.subject, host);
+}
+
 int check_subject_name(const CertificateView& certificate, const CertExtensions& extensions,
                        std::string_view text, int options) {
     Reference reference;
@@ -236,7 +267,7 @@ int check_subject_name(const CertificateView& certificate, const CertExtensions&
     while (reader.next(name)) {
         if (name_matches(name, reference))
             return 0;
-        mayUseSubject = mayUseSubject && !precludes_subject(name, reference.kind);
+        mayUseSubject = mayUseSubject && !precludes_subject(name, reference.form);
     }
     if (mayUseSubject && subject_matches(certificate.subject, reference))
         return 0;

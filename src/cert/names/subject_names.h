@@ -18,6 +18,16 @@ namespace zul {
 [[nodiscard]] int check_subject_name(const CertificateView& certificate, const CertExtensions& extensions,
                                      std::string_view reference, int options);
 
+// ReferenceForm is what a reference stands for. reference_form reads a reference as check_subject_name does:
+// 0, or BAD_PARAM_ERROR with a text.
+enum class ReferenceForm : uint8_t { host, address, email };
+[[nodiscard]] int reference_form(std::string_view reference, ReferenceForm& form);
+
+// subject_host gives the last commonName of the subject if it may count as a dNSName with
+// ZUL_CERT_SUBJECT_NAME: false if it may not.
+[[nodiscard]] bool subject_host(const CertificateView& certificate, const CertExtensions& extensions,
+                                DerView& host);
+
 // host_name_matches tells whether the content of a dNSName is for a host, in lower case and without a dot at
 // the end. What is not made of labels of letters, digits and hyphens matches nothing.
 [[nodiscard]] bool host_name_matches(std::string_view presented, std::string_view host);

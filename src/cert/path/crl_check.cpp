@@ -77,7 +77,7 @@ class CrlSearch {
         if (!isWhole)
             finding_.note(RevocationGap::malformed);
         else if (covered == kAllReasons)
-            finding_.add_good(false, context_.time);
+            finding_.add_good(false, holdLiftedAt_);
         else if (covered != 0)
             finding_.note(RevocationGap::reasons);
     }
@@ -110,6 +110,7 @@ class CrlSearch {
             return;
         const bool addsReasons = (candidate.reasons & ~covered) != 0;
         bool isCurrent = candidate.isCurrent;
+        int64_t madeAt = crl.view.thisUpdate;
         const PathLink* signer = nullptr;
         bool signerIsGood = false;
         if (crl.extensions.isDelta) {
@@ -117,6 +118,7 @@ class CrlSearch {
             finding_.note(RevocationGap::scope);
         } else if (const CrlRecord* delta = find_delta(crl, signer, signerIsGood, listing)) {
             isCurrent = isCurrent || is_current(delta->view, context_.time);
+            madeAt = std::max(madeAt, delta->view.thisUpdate);
         }
 
         if (!crl.entriesAreReadable)
@@ -135,9 +137,16 @@ class CrlSearch {
         if (provesRevoked)
             finding_.add_revoked(false, listing.reason, listing.revokedAt);
         else if (signerIsGood)
-            covered |= candidate.reasons;
+            cover(candidate.reasons, madeAt, covered);
         else
             finding_.note(RevocationGap::signerStatus);
+    }
+
+    // cover notes the reasons that a list of a time, which does not name the certificate, speaks for.
+    void cover(uint32_t reasons, int64_t madeAt, uint32_t& covered) {
+        if ((reasons & ~covered & kHoldReason) != 0)
+            holdLiftedAt_ = madeAt;
+        covered |= reasons;
     }
 
     // find_delta gives the newest delta that can be joined with a complete CRL and is signed with the same
@@ -205,12 +214,14 @@ class CrlSearch {
     }
 
     static constexpr int64_t kDeltaCost = 300;
+    static constexpr uint32_t kHoldReason = 1U << kReasonCertificateHold; // in ReasonFlags
 
     const RevocationContext& context_;
     const RevocationProgress& progress_;
     const PathLink& link_;
     RevocationFinding& finding_;
     CrlScope scope_;
+    int64_t holdLiftedAt_ = INT64_MIN; // when the newest list for this reason was made
     Array<Candidate> candidates_;
 };
 

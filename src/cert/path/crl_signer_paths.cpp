@@ -10,11 +10,11 @@ namespace {
 class FirstValid final : public ChainVisitor {
   public:
     FirstValid(const PathConditions& conditions, PathBudget& budget, Array<PathStep>& path)
-        : validator_(conditions, budget), path_(path) {}
+        : validator_(conditions, budget), anchorIsCertificate_(conditions.anchorIsCertificate), path_(path) {}
 
     bool visit(CertRecord& anchor, const Array<CertRecord*>& chain) override {
         PathOutcome outcome;
-        make_path(path_, anchor, chain);
+        make_path(path_, anchor, chain, anchorIsCertificate_);
         validator_.run(path_, outcome);
         if (outcome.code == 0)
             return true;
@@ -25,6 +25,7 @@ class FirstValid final : public ChainVisitor {
 
   private:
     PathValidator validator_;
+    const bool anchorIsCertificate_;
     Array<PathStep>& path_;
 };
 
@@ -36,12 +37,11 @@ CrlSignerPaths::CrlSignerPaths(const CertPool& pool, const PathConditions& condi
     conditions_.anchorIsCertificate = conditions.anchorIsCertificate;
 }
 
-const PathLink* CrlSignerPaths::link_of(CertRecord& record, const CertificateView& anchor,
-                                        PathBudget& budget) {
+const PathLink* CrlSignerPaths::link_of(CertRecord& record, DerView anchor, PathBudget& budget) {
     for (const Found& each : found_)
-        if (each.record == &record && each.anchor == &anchor)
+        if (each.record == &record && each.anchor == anchor.data)
             return each.path.empty() ? nullptr : &each.path.back().link;
-    Found found{&record, &anchor, {}};
+    Found found{&record, anchor.data, {}};
     FirstValid visitor(conditions_, budget, found.path);
     PathSearch search(pool_, conditions_, budget, visitor);
     search.only_anchor(anchor);
@@ -56,8 +56,6 @@ const PathLink* CrlSignerPaths::link_of(CertRecord& record, const CertificateVie
 
 const PathLink* CrlSignerPaths::candidate(DerView name, DerView keyIdentifier, const PathLink& anchor,
                                           size_t n, PathBudget& budget) {
-    if (anchor.certificate == nullptr)
-        return nullptr;
     const CertRange range = pool_.of_subject(name_digest(name));
     // Those that are asked for come first.
     for (const bool isAskedFor : {true, false}) {
@@ -68,7 +66,7 @@ const PathLink* CrlSignerPaths::candidate(DerView name, DerView keyIdentifier, c
                 continue;
             if (!budget.take(1000 + static_cast<int64_t>(found_.size())))
                 return nullptr;
-            const PathLink* link = link_of(*record, *anchor.certificate, budget);
+            const PathLink* link = link_of(*record, anchor.publicKeyInfo, budget);
             if (link != nullptr && n-- == 0)
                 return link;
         }

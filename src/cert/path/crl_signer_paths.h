@@ -16,11 +16,11 @@ class CrlSignerPaths final : public CrlSigners {
     // The path of one certificate to one anchor, empty if there is none.
     struct Found {
         const CertRecord* record;
-        const CertificateView* anchor;
+        const uint8_t* anchor; // where its key stands
         Array<PathStep> path;
     };
 
-    const PathLink* link_of(CertRecord& record, const CertificateView& anchor, PathBudget& budget);
+    const PathLink* link_of(CertRecord& record, DerView anchor, PathBudget& budget);
 
     const CertPool& pool_;
     PathConditions conditions_; // the time, and nothing that is about the end entity

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "cert/fields/cert_oids.h"
+#include "cert/names/subject_names.h"
 #include "cert/path/constrained_text.h"
 #include "frame/err.h"
 #include "zulcore.h"
@@ -173,6 +174,12 @@ int CertificateNames::read(const CertificateView& certificate, const CertExtensi
     if (!hasMailbox)
         add_addresses(certificate.subject);
     return 0;
+}
+
+void CertificateNames::add_host(const CertificateView& certificate, const CertExtensions& extensions) {
+    DerView host;
+    if (subject_host(certificate, extensions, host))
+        add(T::dNSName, host);
 }
 
 int NameConstraints::read(const CertExtensions& extensions, PathBudget& budget) {

@@ -24,6 +24,8 @@ class CertificateNames {
     // read: 0, or with a text BAD_FORMAT_ERROR or OUT_OF_RANGE_ERROR (the budget is spent).
     [[nodiscard]] int read(const CertificateView& certificate, const CertExtensions& extensions,
                            PathBudget& budget);
+    // add_host adds the subject's commonName as a dNSName where it may count as one (subject_host).
+    void add_host(const CertificateView& certificate, const CertExtensions& extensions);
     const ConstrainedName* begin() const { return names_.begin(); }
     const ConstrainedName* end() const { return names_.end(); }
 

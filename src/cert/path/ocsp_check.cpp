@@ -139,7 +139,11 @@ class OcspSearch {
             if ((single.thisUpdate > context_.time && single.revocationTime > context_.time) ||
                 (single.reason == kReasonCertificateHold && single.thisUpdate < finding_.goodAt))
                 return;
-            if (is_by_responder(*statement.response))
+            if (!is_by_responder(*statement.response))
+                return;
+            if (single.reason == kReasonCertificateHold)
+                finding_.add_hold(single.thisUpdate, single.revocationTime);
+            else
                 finding_.add_revoked(true, single.reason, single.revocationTime);
             return;
         }

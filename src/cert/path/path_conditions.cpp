@@ -6,10 +6,8 @@
 #include "cert/fields/cert_oids.h"
 #include "cert/make/description.h"
 #include "cert/make/time_value.h"
-#include "cert/names/domain_name.h"
-#include "cert/names/ip_address.h"
+#include "cert/names/subject_names.h"
 #include "frame/err.h"
-#include "frame/slice.h"
 #include "frame/text.h"
 #include "platform/platform.h"
 #include "zulcore.h"
@@ -75,34 +73,31 @@ void copy_text(SecretBuffer& copy, std::string_view text) {
     copy.append(text.data(), text.size());
 }
 
-bool is_address(std::string_view text) {
-    IpAddress address;
-    if (text.starts_with('[') && text.ends_with(']'))
-        text = slice(text, 1, text.size() - 2);
-    return ip_from_text(address, text);
-}
-
 [[nodiscard]] int read_host(C& conditions, const Item& item) {
-    SecretBuffer ascii;
-    std::string_view name = item.value;
-    copy_text(conditions.host, name);
-    if (is_address(name))
-        return 0;
-    if (name.ends_with('.'))
-        name.remove_suffix(1);
-    return domain_to_ascii(ascii, name, DomainForm::name);
+    ReferenceForm form;
+    copy_text(conditions.host, item.value);
+    if (const int error = reference_form(item.value, form))
+        return error;
+    return form != ReferenceForm::email
+               ? 0
+               : err_fail(BAD_PARAM_ERROR, "An e-mail address is not the name of a host");
 }
 
 [[nodiscard]] int read_email(C& conditions, const Item& item) {
-    SecretBuffer ascii;
-    bool isWide;
+    ReferenceForm form;
     copy_text(conditions.email, item.value);
-    return email_to_ascii(ascii, isWide, item.value);
+    if (const int error = reference_form(item.value, form))
+        return error;
+    return form == ReferenceForm::email ? 0 : err_fail(BAD_PARAM_ERROR, "Not an e-mail address");
 }
 
 [[nodiscard]] int read_ip(C& conditions, const Item& item) {
+    ReferenceForm form;
     copy_text(conditions.ip, item.value);
-    return is_address(item.value) ? 0 : err_fail(BAD_PARAM_ERROR, "Not an IP address");
+    if (reference_form(item.value, form) == 0 && form == ReferenceForm::address)
+        return 0;
+    err_set_text("%s", "");
+    return err_fail(BAD_PARAM_ERROR, "Not an IP address");
 }
 
 [[nodiscard]] int read_time(C& conditions, const Item& item) {
@@ -171,17 +166,20 @@ struct PurposeRules {
     uint32_t keyUsage;
     bool isDemanded;  // extKeyUsage may not be missing (RFC 3161, 2.3; RFC 6960, 4.2.2.2)
     bool isInherited; // an extKeyUsage of the authorities above has to have it too
+    bool isAlone;     // extKeyUsage of the end entity is critical and has no other purpose (RFC 3161, 2.3)
 };
 constexpr PurposeRules kRules[] = {
     {PathPurpose::server, kOidServerAuth, kUsageDigitalSignature | kUsageKeyEncipherment | kUsageKeyAgreement,
-     false, true},
-    {PathPurpose::client, kOidClientAuth, kUsageDigitalSignature | kUsageKeyAgreement, false, true},
+     false, true, false},
+    {PathPurpose::client, kOidClientAuth, kUsageDigitalSignature | kUsageKeyAgreement, false, true, false},
     {PathPurpose::email, kOidEmailProtection,
-     kUsageDigitalSignature | kUsageNonRepudiation | kUsageKeyEncipherment | kUsageKeyAgreement, false, true},
-    {PathPurpose::code, kOidCodeSigning, kUsageDigitalSignature, false, true},
-    {PathPurpose::timestamp, kOidTimeStamping, kUsageDigitalSignature | kUsageNonRepudiation, true, true},
+     kUsageDigitalSignature | kUsageNonRepudiation | kUsageKeyEncipherment | kUsageKeyAgreement, false, true,
+     false},
+    {PathPurpose::code, kOidCodeSigning, kUsageDigitalSignature, false, true, false},
+    {PathPurpose::timestamp, kOidTimeStamping, kUsageDigitalSignature | kUsageNonRepudiation, true, true,
+     true},
     // The authority that issues a responder's certificate issues certificates for other purposes.
-    {PathPurpose::ocsp, kOidOcspSigning, kUsageDigitalSignature | kUsageNonRepudiation, true, false},
+    {PathPurpose::ocsp, kOidOcspSigning, kUsageDigitalSignature | kUsageNonRepudiation, true, false, false},
 };
 
 const PurposeRules* rules_of(PathPurpose purpose) {
@@ -195,6 +193,11 @@ const PurposeRules* rules_of(PathPurpose purpose) {
 bool has_purpose(const CertExtensions& extensions, const PurposeRules& rules) {
     return oid_list_has(extensions.extKeyUsage, rules.oid) ||
            (!rules.isDemanded && oid_list_has(extensions.extKeyUsage, kOidAnyExtKeyUsage));
+}
+
+bool oid_list_is_single(DerView content) {
+    DerView oid;
+    return der_single(content, kDerOid, oid);
 }
 
 } // namespace
@@ -221,6 +224,10 @@ int check_leaf_purpose(const CertExtensions& extensions, PathPurpose purpose) {
     const bool isMissing = extensions.extKeyUsage.data == nullptr;
     if (isMissing ? rules->isDemanded : !has_purpose(extensions, *rules))
         return err_fail(NO_MATCH_ERROR, "extKeyUsage does not allow the purpose '%s'", purpose_name(purpose));
+    if (rules->isAlone && !(extensions.extKeyUsageIsCritical && oid_list_is_single(extensions.extKeyUsage)))
+        return err_fail(NO_MATCH_ERROR,
+                        "The purpose '%s' demands an extKeyUsage that is critical and has no other",
+                        purpose_name(purpose));
     return extensions.allows(rules->keyUsage)
                ? 0
                : err_fail(NO_MATCH_ERROR, "keyUsage does not allow the purpose '%s'", purpose_name(purpose));

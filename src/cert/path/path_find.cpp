@@ -17,14 +17,15 @@ constexpr int kMostExplanations = 50; // chains that cannot be valid, looked at 
 // BestPath validates chains and keeps the best outcome.
 class BestPath final : public ChainVisitor {
   public:
-    BestPath(PathValidator& validator, PathSummary& summary) : validator_(validator), summary_(summary) {}
+    BestPath(PathValidator& validator, PathSummary& summary, bool anchorIsCertificate)
+        : validator_(validator), summary_(summary), anchorIsCertificate_(anchorIsCertificate) {}
 
     // leave_after ends the search after so many chains.
     void leave_after(int chains) { left_ = chains; }
 
     bool visit(CertRecord& anchor, const Array<CertRecord*>& chain) override {
         PathOutcome outcome;
-        make_path(path_, anchor, chain);
+        make_path(path_, anchor, chain, anchorIsCertificate_);
         validator_.run(path_, outcome);
         return keep(std::move(outcome));
     }
@@ -53,6 +54,7 @@ class BestPath final : public ChainVisitor {
 
     PathValidator& validator_;
     PathSummary& summary_;
+    const bool anchorIsCertificate_;
     Array<PathStep> path_;
     bool hasBest_ = false;
     int left_ = INT_MAX;
@@ -65,7 +67,7 @@ void path_find(PathSummary& summary, CertPool& pool, CertRecord& endEntity, Evid
     PathBudget budget;
     CrlSignerPaths signers(pool, conditions);
     PathValidator validator(conditions, budget, evidence, &signers);
-    BestPath visitor(validator, summary);
+    BestPath visitor(validator, summary, conditions.anchorIsCertificate);
     PathSearch search(pool, conditions, budget, visitor);
     summary.best.code = ISSUER_ERROR;
     search.run(endEntity, false);

@@ -4,7 +4,8 @@
 
 namespace zul {
 
-void make_path(Array<PathStep>& steps, CertRecord& anchor, const Array<CertRecord*>& chain) {
+void make_path(Array<PathStep>& steps, CertRecord& anchor, const Array<CertRecord*>& chain,
+               bool anchorIsCertificate) {
     steps.clear();
     steps.reserve(chain.size() + 1);
     for (size_t i = 0; i <= chain.size(); i++) {
@@ -14,6 +15,10 @@ void make_path(Array<PathStep>& steps, CertRecord& anchor, const Array<CertRecor
         step.link = {&record.view,        &record.extensions,
                      record.view.subject, record.view.publicKeyInfo,
                      record.own_key(),    i == 0 ? nullptr : &steps[i - 1].link};
+        if (i == 0 && !anchorIsCertificate) {
+            step.link.certificate = nullptr;
+            step.link.extensions = nullptr;
+        }
         if (step.link.key != nullptr || record.key_code() != 0 || i == 0)
             continue;
         const SignerKey* above = steps[i - 1].link.key;

@@ -15,8 +15,10 @@ struct PathStep {
 };
 
 // make_path fills steps with an anchor and, from the last to the first, the certificates of a chain that
-// begins with the end entity. A key that cannot be read is null in its link.
-void make_path(Array<PathStep>& steps, CertRecord& anchor, const Array<CertRecord*>& chain);
+// begins with the end entity. A key that cannot be read is null in its link. Without anchorIsCertificate the
+// first link is a name and a key alone.
+void make_path(Array<PathStep>& steps, CertRecord& anchor, const Array<CertRecord*>& chain,
+               bool anchorIsCertificate);
 
 // What is checked of a certificate, in this order.
 enum class PathCheck : uint8_t {

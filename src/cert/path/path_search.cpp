@@ -55,7 +55,7 @@ void PathSearch::find_candidates(Array<Candidate>& candidates) {
         if (!budget_.take(kCostOfCandidate))
             return;
         // The anchor may be the end entity itself.
-        if (record->isAnchor ? onlyAnchor_ == nullptr || onlyAnchor_ == &record->view
+        if (record->isAnchor ? onlyAnchor_ == nullptr || onlyAnchor_ == record->view.publicKeyInfo.data
                              : !is_in_chain(*record) && (isLenient_ || may_stand(*record)))
             candidates.add({record, likelihood(*record, subject)});
     }

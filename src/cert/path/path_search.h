@@ -25,8 +25,8 @@ class PathSearch {
                ChainVisitor& visitor)
         : pool_(pool), conditions_(conditions), budget_(budget), visitor_(visitor) {}
 
-    // only_anchor lets chains end at one anchor alone.
-    void only_anchor(const CertificateView& anchor) { onlyAnchor_ = &anchor; }
+    // only_anchor lets chains end at one anchor alone: the one whose key stands in this place of the input.
+    void only_anchor(DerView publicKeyInfo) { onlyAnchor_ = publicKeyInfo.data; }
 
     // run looks for chains in which each certificate may be where it stands, as far as it alone and its
     // signature tell; with isLenient for any others too, so that it can be told what is wrong with them. It
@@ -50,7 +50,7 @@ class PathSearch {
     const PathConditions& conditions_;
     PathBudget& budget_;
     ChainVisitor& visitor_;
-    const CertificateView* onlyAnchor_ = nullptr;
+    const uint8_t* onlyAnchor_ = nullptr;
     bool isLenient_ = false;
     Array<CertRecord*> chain_;
 };

@@ -168,6 +168,9 @@ bool PathValidator::check_names(State& state, size_t i) {
         return true;
     CertificateNames names;
     int code = names.read(record.view, record.extensions, budget_);
+    // A name that may be relied on is a name that constraints are about.
+    if (i == state.last() && !conditions_.host.empty() && conditions_.nameOptions != 0)
+        names.add_host(record.view, record.extensions);
     for (size_t c = 0; code == 0 && c < state.constraints.size(); c++)
         code = state.constraints[c].check(names, budget_);
     return state.passes(i, PathCheck::nameConstraints, code);

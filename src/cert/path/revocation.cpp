@@ -89,6 +89,7 @@ RevocationAnswer check_revocation(const RevocationContext& context, const PathLi
         ocsp_check(context, progress, finding);
         if (!finding.is_revoked())
             crl_check(context, progress, finding);
+        finding.settle_hold();
     }
     // What has not been looked at might have told that it is revoked.
     if (context.budget.is_spent() && !finding.is_revoked()) {

@@ -1,4 +1,5 @@
 #pragma once
+#include "cert/path/crl_listing.h"
 #include "cert/path/revocation.h"
 
 namespace zul {
@@ -25,6 +26,10 @@ struct RevocationFinding {
     RevocationAnswer answer;
     RevocationGap gap = RevocationGap::noEvidence;
     int64_t goodAt = INT64_MIN; // when the newest evidence that says good was made
+    // The newest hold that an OCSP response tells. It counts if nothing newer says good.
+    bool isOnHold = false;
+    int64_t heldAt = INT64_MIN; // when the response was made
+    int64_t heldSince = 0;
 
     bool is_revoked() const { return answer.state == RevocationState::revoked; }
     bool is_good() const { return answer.state == RevocationState::good; }
@@ -37,6 +42,17 @@ struct RevocationFinding {
             goodAt = at;
         if (answer.state == RevocationState::unknown)
             answer = {RevocationState::good, isByOcsp, -1, 0, 0, ""};
+    }
+    void add_hold(int64_t at, int64_t since) {
+        if (isOnHold && at <= heldAt)
+            return;
+        isOnHold = true;
+        heldAt = at;
+        heldSince = since;
+    }
+    void settle_hold() {
+        if (isOnHold && heldAt >= goodAt)
+            add_revoked(true, kReasonCertificateHold, heldSince);
     }
     void add_revoked(bool isByOcsp, int reason, int64_t revokedAt) {
         if (!is_revoked())
