@@ -1582,7 +1582,8 @@ ZUL_API int P12_List(char* szOutput, int nOutChars, const char* szP12, const cha
  *  - other=OID:utf8:TEXT or other=OID:HEX (DER), again.
  * Purpose:
  *  - profile=server, client, email, code, ca, ocsp or timestamp: sets ca, keyUsage (by the kind of key), extKeyUsage,
- *    and noCheck for ocsp. Explicit keywords go before it. A server needs dns or ip, email needs email;
+ *    and noCheck for ocsp. Explicit keywords go before it. A server needs dns or ip, email needs email. An X25519
+ *    key, which does not sign, has no profile but email;
  *  - ca (flag), pathLength=N;
  *  - keyUsage=LIST of digitalSignature, nonRepudiation, keyEncipherment, dataEncipherment, keyAgreement, keyCertSign,
  *    cRLSign, encipherOnly, decipherOnly. Without it and a profile: digitalSignature, for RSA also keyEncipherment,

@@ -126,6 +126,11 @@ TEST_F(CertCrl, RefusesWhatIsWrongByName) {
         {delta_, "serial=2,reason=removeFromCRL", "delta", DUP_ERROR, "number 02"},
         {delta_, "serial=9,reason=removeFromCRL", "delta", 0, ""},
     };
+    std::string many = "serial=1,issuer='CN=a3'";
+    for (int i = 0; i < 100; i++)
+        many += ";serial=1,issuer='CN=A" + std::to_string(i) + "'";
+    EXPECT_RESULT(issue("", many, "indirect"), DUP_ERROR);
+    EXPECT_EQ(issue("", many.substr(many.find(';') + 1), "indirect"), 0) << last_error();
     for (const auto& row : rows) {
         EXPECT_RESULT(issue(row.earlier, row.revoked, row.description), row.code);
         EXPECT_NE(last_error().find(row.text), std::string::npos)

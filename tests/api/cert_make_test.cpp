@@ -66,6 +66,16 @@ TEST_F(CertMake, DescriptionsAreRefusedByName) {
         {"SERIALNUMBER=a_b", "A character that a PrintableString lacks; in 'SERIALNUMBER=a_b'"},
         {"CN=a\xFF", "Not valid UTF-8; in 'CN=a\xFF'"},
         {"CN=a\tb", "A control character; in 'CN=a\tb'"},
+        {"CN=#x", "An empty value; in 'CN=#x'"},
+        {"CN=a;uri=http://[::1]:abc/", "The URI's port is no number; in 'uri=http://[::1]:abc/'"},
+        {"CN=a;uri=http://[::1]8/", "The URI's port is no number; in 'uri=http://[::1]8/'"},
+        {"CN=a;uri=http://a@b@c/",
+         "A label has a character other than letters, digits and hyphens; in 'uri=http://a@b@c/'"},
+        {"CN=a;uri=http://[@a/", "A bracket outside the URI's host; in 'uri=http://[@a/'"},
+        {"CN=a;uri=http://a/[", "A bracket outside the URI's host; in 'uri=http://a/['"},
+        {"CN=a;uri=urn:a#b#c", "A second # in the URI; in 'uri=urn:a#b#c'"},
+        {"CN=a;notBefore=9999-12-31T00:00:01;days=1", "A date beyond the year 9999"},
+        {"CN=a;notBefore=9999-12-02;valid=1m", "A date beyond the year 9999"},
         {"CN=#x410", "Not pairs of hex digits; in 'CN=#x410'"},
         {"1.2.x=a", "Unknown keyword; in '1.2.x=a'"},
         {"DC=a.b", "A domain component is one label; in 'DC=a.b'"},
@@ -145,6 +155,10 @@ TEST_F(CertMake, KeysAndAlgorithms) {
         EXPECT_EQ(self_sign(make_key(row.key), std::string("CN=a;signature=") + row.signature), row.code)
             << row.signature << " " << last_error();
     }
+    for (const char* profile : {"code", "ocsp", "timestamp", "client", "server;dns=a"})
+        EXPECT_FAILURE(issue(make_key("x25519"), std::string("CN=a;profile=") + profile), BAD_PARAM_ERROR,
+                       "An X25519 key does not sign: of the profiles email alone is for it");
+    EXPECT_EQ(issue(make_key("x25519"), "CN=a;profile=email;email=a@b"), 0) << last_error();
     EXPECT_FAILURE(self_sign(public_of(key()), "CN=a"), BAD_KEY_ERROR,
                    "Not a private key; in the signer's key");
     EXPECT_EQ(self_sign("no-such-file", "CN=a"), OPEN_ERROR);
@@ -203,6 +217,9 @@ TEST_F(CertMake, ValiditiesAndSerialNumbers) {
         {"notBefore=2026-01-31;days=1", "2026-01-31T00:00:00Z", "2026-01-31T23:59:59Z"},
         {"notBefore=2026-01-31T12:00:00;valid=1m", "2026-01-31T12:00:00Z", "2026-02-28T11:59:59Z"},
         {"notBefore=2026-01-31;notAfter=2049-12-31", "2026-01-31T00:00:00Z", "2049-12-31T23:59:59Z"},
+        {"notBefore=9999-12-31;days=1", "9999-12-31T00:00:00Z", "9999-12-31T23:59:59Z"},
+        {"notBefore=9999-12-01;valid=1m;uri='http://u:p@[::1]:80/?#,urn:a'", "9999-12-01T00:00:00Z",
+         "9999-12-31T23:59:59Z"},
         {"notBefore=2050;notAfter=never", "2050-01-01T00:00:00Z", "9999-12-31T23:59:59Z"},
         {"notBefore=2026-01-01", "2026-01-01T00:00:00Z", "2026-03-31T23:59:59Z"},
         {"notBefore=2026-01-01;ca", "2026-01-01T00:00:00Z", "2035-12-31T23:59:59Z"},
@@ -278,6 +295,19 @@ TEST_F(CertMake, RequestsGiveWhatIsNamed) {
     };
     for (const auto& row : refused)
         EXPECT_FAILURE(issue(full, row.description), row.code, row.text);
+    const struct {
+        const char* name;
+        int code;
+    } others[] = {{"1.3.6.1.5.5.7.8.9:utf8:\u00FC@a.example", 0},
+                  {"1.3.6.1.5.5.7.8.9:utf8:u@a.example", BAD_FORMAT_ERROR}, // is an rfc822Name
+                  {"1.3.6.1.5.5.7.8.9:utf8:\u00FC", BAD_FORMAT_ERROR},
+                  {"1.3.6.1.5.5.7.8.9:020105", BAD_FORMAT_ERROR},
+                  {"1.3.6.1.4.1.311.20.2.3:utf8:u@a", 0},
+                  {"1.3.6.1.4.1.311.20.2.3:1603750040", BAD_FORMAT_ERROR},
+                  {"1.2.3:020105", 0}};
+    for (const auto& row : others)
+        EXPECT_EQ(issue(asked(std::string("CN=a;other=") + row.name), "copy=subjectAltName"), row.code)
+            << row.name << " " << last_error();
 }
 
 TEST_F(CertMake, RequestsAreNotTrusted) {

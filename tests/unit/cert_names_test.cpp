@@ -6,6 +6,7 @@
 #include "cert/make/name_values.h"
 #include "cert/make/time_value.h"
 #include "cert/names/domain_name.h"
+#include "cert/names/name_check.h"
 #include "frame/err.h"
 #include "support/unit_test.h"
 #include "zulcore.h"
@@ -238,4 +239,24 @@ TEST(CertNames, DottedIdentifiers) {
     for (const char* text : {"", "1", "1.", "3.1", "1.40", "0.39.", "1..2", "1.2.03", "1.2.a", "1.2 "})
         EXPECT_FALSE(oid_from_dotted(text)) << text;
     EXPECT_FALSE(oid_from_dotted("1.2." + std::string(150, '9')));
+}
+
+TEST(CertNames, EncodedNamesAreChecked) {
+    const struct {
+        const char *rdn, *what; // what: a part of the text, null if the RDN is good
+    } rows[] = {{"300806035504031301613008060355040a130161", nullptr},
+                {"3008060355040a13016130080603550403130161", "order of DER"},
+                {"3008060355040313016130080603550403130162", "twice"},
+                {"300b06035504031e04d83dde00", nullptr}, // two surrogates
+                {"300906035504031e02d800", "not encoded"},
+                {"300b06035504031c0400110000", "not encoded"}};
+    for (const auto& row : rows) {
+        const Bytes rdn = test::from_hex(row.rdn);
+        Bytes name = {0x30, static_cast<uint8_t>(rdn.size() + 2), 0x31, static_cast<uint8_t>(rdn.size())};
+        name.insert(name.end(), rdn.begin(), rdn.end());
+        err_clear();
+        EXPECT_EQ(name_check({name.data(), name.size()}), row.what == nullptr ? 0 : BAD_FORMAT_ERROR)
+            << row.rdn;
+        EXPECT_NE(std::string(err_text()).find(row.what == nullptr ? "" : row.what), std::string::npos);
+    }
 }

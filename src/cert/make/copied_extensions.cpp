@@ -26,21 +26,34 @@ using Plan = CertificatePlan;
     return err_fail(BAD_PARAM_ERROR, "The description gives it too");
 }
 
-// check_other_name refuses texts that would deceive a reader.
-[[nodiscard]] int check_other_name(DerView content) {
-    DerReader fields(content);
+constexpr std::string_view kOidSmtpUtf8Mailbox = "\x2B\x06\x01\x05\x05\x07\x08\x09"sv;
+constexpr std::string_view kOidPrincipalName = "\x2B\x06\x01\x04\x01\x82\x37\x14\x02\x03"sv;
+
+// copy_other_name refuses texts that would deceive a reader. An address that an rfc822Name can hold has to
+// stand there, where constraints of names apply (RFC 9598, 3).
+[[nodiscard]] int copy_other_name(AsnList& name, const GeneralNameView& view) {
+    DerReader fields(view.value);
     DerView type, value, string;
-    if (!fields.take(kDerOid, type) || !fields.take(der_explicit(0), value))
+    if (!fields.take(kDerOid, type) || !fields.take(der_explicit(0), value) || !fields.at_end())
         return malformed();
-    if (!der_single(value, kDerUtf8String, string))
-        return 0;
+    const bool isString = der_single(value, kDerUtf8String, string);
+    const bool isMailbox = type.text() == kOidSmtpUtf8Mailbox;
+    if (isMailbox || type.text() == kOidPrincipalName) {
+        if (!isString)
+            return malformed();
+        const GeneralForm form = isMailbox ? GeneralForm::email : GeneralForm::principal;
+        if (const int error = general_name_make(name, form, string.text()))
+            return error;
+        return asn_is(name.head(), kAsnExplicit, 0) ? 0 : malformed();
+    }
     std::string_view rest = string.text();
-    while (!rest.empty()) {
+    while (isString && !rest.empty()) {
         char32_t c = 0;
         if (!utf8_next(rest, c) || c < 0x20 || (c >= 0x7F && c < 0xA0))
             return malformed();
     }
-    return string.empty() ? malformed() : 0;
+    name = elements_of(view.encoding);
+    return isString && string.empty() ? malformed() : 0;
 }
 
 // copy_name makes a name anew where a description has a form for it.
@@ -62,8 +75,7 @@ using Plan = CertificatePlan;
         error = name_check(view.value);
         break;
     case GeneralNameType::otherName:
-        error = check_other_name(view.value);
-        break;
+        return copy_other_name(name, view);
     case GeneralNameType::x400Address:
     case GeneralNameType::ediPartyName:
         error = malformed();

@@ -138,6 +138,11 @@ bool has_address(const CertificatePlan& plan) {
 int plan_complete(CertificatePlan& plan, const Key& subjectKey) {
     if (plan.profile == CertificateProfile::ca && plan.isCa == false)
         return bad("The profile ca contradicts ca=false");
+    // Such a key has no usage that agrees with the purpose (RFC 5280, 4.2.1.12); TLS has no use for it
+    // either.
+    if (subjectKey.kind == KeyKind::x25519 && plan.profile != CertificateProfile::none &&
+        plan.profile != CertificateProfile::email)
+        return bad("An X25519 key does not sign: of the profiles email alone is for it");
     put_defaults(plan, subjectKey);
     const bool isCa = plan.isCa.value_or(false);
     if (const int error = check_names(plan, isCa))

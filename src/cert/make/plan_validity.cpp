@@ -13,12 +13,14 @@ namespace {
 constexpr int64_t kMinute = 60;
 constexpr TimeSpan kEndEntitySpan{int64_t{90} * 86400, 0}, kAuthoritySpan{0, 120};
 
-// end_of gives the last second of a span: both ends belong to a validity (RFC 5280, 4.1.2.5).
-[[nodiscard]] int end_of(int64_t& last, int64_t first, const TimeSpan& span) {
+// end_of gives the last second of a span: both ends belong to a validity (RFC 5280, 4.1.2.5). The second
+// after it may be beyond the year 9999.
+[[nodiscard]] int end_of(int64_t& last, int64_t first, TimeSpan span) {
     tm time = time_of_seconds(first);
+    span.seconds--;
     if (const int error = time_add(time, span))
         return error;
-    last = time_seconds(time) - 1;
+    last = time_seconds(time);
     return 0;
 }
 

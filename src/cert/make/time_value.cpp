@@ -79,14 +79,11 @@ int time_add(tm& time, const TimeSpan& span) {
         const year_month_day_last last(first.year(), month_day_last(first.month()));
         sum.tm_mday = std::min(time.tm_mday, static_cast<int>(static_cast<unsigned>(last.day())));
     }
-    if (sum.tm_year + kTmYear <= kLastYear) {
-        const int64_t seconds = time_seconds(sum) + span.seconds;
-        if (seconds <= kLastSecond) {
-            time = time_of_seconds(seconds);
-            return 0;
-        }
-    }
-    return err_fail(BAD_PARAM_ERROR, "A date beyond the year 9999");
+    const int64_t seconds = time_seconds(sum) + span.seconds;
+    if (seconds > kLastSecond)
+        return err_fail(BAD_PARAM_ERROR, "A date beyond the year 9999");
+    time = time_of_seconds(seconds);
+    return 0;
 }
 
 } // namespace zul

@@ -12,6 +12,9 @@
 namespace zul {
 namespace {
 
+constexpr char kBadPort[] = "The URI's port is no number",
+               kStrayBracket[] = "A bracket outside the URI's host";
+
 [[nodiscard]] int bad(const char* why) {
     return err_fail(BAD_PARAM_ERROR, "%s", why);
 }
@@ -42,20 +45,31 @@ bool has_uri_characters(std::string_view text) {
     return true;
 }
 
+// A port may be empty (RFC 3986, 3.2.3).
+bool is_number(std::string_view port) {
+    return port.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
 [[nodiscard]] int check_host(std::string_view authority) {
-    authority = slice(authority, authority.rfind('@') + 1);
+    if (const size_t at = authority.find('@'); at != std::string_view::npos) {
+        if (slice(authority, 0, at).find_first_of("[]") != std::string_view::npos)
+            return bad(kStrayBracket);
+        authority = slice(authority, at + 1);
+    }
     IpAddress address;
     if (authority.starts_with('[')) {
         const size_t end = authority.find(']');
         const bool isAddress = end != std::string_view::npos &&
                                ip_from_text(address, slice(authority, 1, end - 1)) && address.size == 16;
-        const std::string_view port = slice(authority, end == std::string_view::npos ? end : end + 1);
-        return isAddress && (port.empty() || port[0] == ':') ? 0 : bad("The URI's host is no IPv6 address");
+        if (!isAddress)
+            return bad("The URI's host is no IPv6 address");
+        const std::string_view port = slice(authority, end + 1);
+        return port.empty() || (port[0] == ':' && is_number(slice(port, 1))) ? 0 : bad(kBadPort);
     }
     const size_t colon = authority.find(':');
     const std::string_view port = colon == std::string_view::npos ? "" : slice(authority, colon + 1);
-    if (port.find_first_not_of("0123456789") != std::string_view::npos)
-        return bad("The URI's port is no number");
+    if (!is_number(port))
+        return bad(kBadPort);
     const std::string_view host = slice(authority, 0, colon);
     SecretBuffer ascii;
     return ip_from_text(address, host) ? 0 : domain_to_ascii(ascii, host, DomainForm::name);
@@ -74,10 +88,16 @@ int uri_check(std::string_view text) {
         return bad("Not an absolute URI");
     if (!has_uri_characters(text))
         return bad("A character that a URI has to write as % and two hex digits");
-    if (!rest.starts_with("//"))
+    const bool hasAuthority = rest.starts_with("//");
+    rest.remove_prefix(hasAuthority ? 2 : 0);
+    const std::string_view authority = slice(rest, 0, hasAuthority ? rest.find_first_of("/?#") : 0);
+    rest.remove_prefix(authority.size());
+    if (rest.find_first_of("[]") != std::string_view::npos)
+        return bad(kStrayBracket);
+    if (rest.find('#') != rest.rfind('#'))
+        return bad("A second # in the URI");
+    if (!hasAuthority)
         return 0;
-    rest.remove_prefix(2);
-    const std::string_view authority = slice(rest, 0, rest.find_first_of("/?#"));
     // Directories of the caller's own domain have no host in their URIs.
     const bool mayLackHost =
         same_word(scheme, "ldap") || same_word(scheme, "ldaps") || same_word(scheme, "file");

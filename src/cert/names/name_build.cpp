@@ -110,6 +110,8 @@ int name_attribute_make(AsnList& relativeName, std::string_view keyword, std::st
     SecretBuffer bytes;
     if (const int error = value_bytes(bytes, value))
         return error;
+    if (bytes.empty())
+        return bad("An empty value");
     AsnList string;
     if (const int error = make_value(string, bytes, *row))
         return error;

@@ -1,7 +1,8 @@
 #include "cert/names/name_check.h"
 
 #include "cert/names/name_attribute.h"
-#include "encode/utf8_scalar.h"
+#include "cert/names/string_value.h"
+#include "frame/array.h"
 #include "frame/err.h"
 #include "zulcore.h"
 
@@ -12,34 +13,22 @@ namespace {
     return err_fail(BAD_FORMAT_ERROR, "Invalid name: %s", why);
 }
 
-// Characters of a fixed number of bytes each: 1 for those of ASCII types and T61String.
-bool next_character(std::string_view& rest, size_t width, char32_t& character) {
-    if (rest.size() < width)
-        return false;
-    character = 0;
-    for (size_t i = 0; i < width; i++)
-        character = character << 8 | static_cast<unsigned char>(rest[i]);
-    rest.remove_prefix(width);
-    return true;
-}
-
 [[nodiscard]] int check_value(const DerElement& value, const NameAttribute& attribute) {
     const uint8_t type = value.identifier;
     const bool isUtf8 = type == kDerUtf8String, isWide = type == kDerBmpString || type == kDerUniversalString;
     const bool isAscii = type == kDerPrintableString || type == kDerIa5String || type == kDerVisibleString;
     if (!isUtf8 && !isWide && !isAscii && type != kDerTeletexString)
         return bad("a value that is no string");
-    const size_t width = type == kDerUniversalString ? 4 : type == kDerBmpString ? 2 : 1;
-    std::string_view rest = value.content.text();
+    StringReader reader(type, value.content);
     size_t count = 0;
-    for (; !rest.empty(); count++) {
-        char32_t c = 0;
-        if (!(isUtf8 ? utf8_next(rest, c) : next_character(rest, width, c)))
+    for (; !reader.at_end(); count++) {
+        bool isCharacter = false;
+        const char32_t c = reader.next(isCharacter);
+        if (!isCharacter)
             return bad("a string that is not encoded as its type says");
         if (c < 0x20 || (c >= 0x7F && c < 0xA0 && type != kDerTeletexString))
             return bad("a control character");
-        if ((isAscii && c >= 0x7F) ||
-            (type == kDerPrintableString && !is_printable_character(static_cast<char>(c))))
+        if (type == kDerPrintableString && !is_printable_character(static_cast<char>(c)))
             return bad("a character that the type of its string lacks");
     }
     if (count == 0 || count > attribute.most || (attribute.kind == NameValueKind::country && count != 2))
@@ -47,18 +36,32 @@ bool next_character(std::string_view& rest, size_t width, char32_t& character) {
     return 0;
 }
 
+// check_relative_name also holds the attributes to the order of DER (X.690, 11.6), and their types to be
+// different ones (X.501, 9.3).
 [[nodiscard]] int check_relative_name(DerView attributes) {
+    constexpr size_t kMostTypes = 64; // each is compared with all the others
     DerReader all(attributes);
+    Array<DerView> types;
+    std::string_view before;
     do {
-        DerView attribute, type;
-        DerElement value;
-        if (!all.take(kDerSequence, attribute))
+        DerView type;
+        DerElement attribute, value;
+        if (!all.take_any(attribute) || !attribute.is(kDerSequence))
             return bad("not a SET of attributes");
-        DerReader fields(attribute);
+        if (attribute.encoding.text() < before)
+            return bad("a SET that is not in the order of DER");
+        before = attribute.encoding.text();
+        DerReader fields(attribute.content);
         if (!fields.take(kDerOid, type) || !der_is_oid(type) || !fields.take_any(value) || !fields.at_end())
             return bad("an attribute that is no type and value");
         if (const int error = check_value(value, name_attribute_of(type.text())))
             return error;
+        for (const DerView& other : types)
+            if (other == type)
+                return bad("an attribute that stands twice in one RDN");
+        if (types.size() == kMostTypes)
+            return bad("too many attributes in one RDN");
+        types.add(type);
     } while (!all.at_end());
     return 0;
 }
