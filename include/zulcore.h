@@ -1764,7 +1764,8 @@ ZUL_API int CERT_CheckName(const char* szCert, const char* szHostOrAddress, int 
  *  - szTrusted: trust anchors. Their dates, basicConstraints, keyUsage, path length and name constraints count
  *    (RFC 5937). A certificate that is its own issuer may be its own anchor;
  *  - szEvidence: CRLs and OCSP responses. Certificates of CRL issuers may be among szOthers.
- * What cannot be read among szOthers and szEvidence is left out, and counted in the report.
+ * What cannot be read among szOthers and szEvidence is left out, and counted in the report; an argument of which nothing
+ * can be read is an error.
  *
  * szConditions: keyword=value pairs joined by ";", in any case, or null:
  *  - time=DATE: the time of the check. Default: now;

@@ -306,6 +306,34 @@ TEST_F(CertPath, Reports) {
     EXPECT_NE(report_.find("  codeName                    ISSUER_ERROR\n"), std::string::npos);
 }
 
+TEST_F(CertPath, LeavesOutWhatCannotBeRead) {
+    const std::string cert = leaf("CN=a"), ca = laxAuthority_, count = "unreadableObjects           1\n";
+    const std::string cut = "-----BEGIN CERTIFICATE-----\nMIIBAAAA\n-----END CERTIFICATE-----\n",
+                      other = "-----BEGIN X-----\nMAYCAQECAQI=\n-----END X-----\n";
+    for (const std::string& others : {cut + ca, ca + cut, ca + other, ca + cut.substr(0, 35)}) {
+        EXPECT_EQ(check(cert, others, lax_), 0) << last_error();
+        EXPECT_NE(report_.find(count), std::string::npos) << report_;
+    }
+    EXPECT_EQ(check(cert, ca + ";" + cut, lax_), INVALID_DATA_ERROR);
+    EXPECT_EQ(check(cert, ca, lax_ + cut), INVALID_DATA_ERROR);
+    EXPECT_EQ(check(cert + cut, ca, lax_), INVALID_DATA_ERROR);
+}
+
+// With anchor=key the anchor's keyUsage does not say who signs CRLs.
+TEST_F(CertPath, AnchorKeySignsCrls) {
+    const std::string crl = dir_.file("crl.pem"), certSignOnly = root("ca;keyUsage=keyCertSign");
+    ASSERT_EQ(CERT_IssueCRL(crl.c_str(), lax_.c_str(), key("ed25519/root").c_str(), nullptr, nullptr,
+                            "thisUpdate=2026-05-01;nextUpdate=2026-07-01", 0),
+              0)
+        << last_error();
+    const auto status = [&](const char* conditions) {
+        return CERT_CheckPath(nullptr, 0, laxAuthority_.c_str(), nullptr, certSignOnly.c_str(), crl.c_str(),
+                              conditions, 0);
+    };
+    EXPECT_EQ(status("time=2026-06-01"), NO_DATA_ERROR);
+    EXPECT_EQ(status("time=2026-06-01;anchor=key"), 0) << last_error();
+}
+
 TEST_F(CertPath, RefusesArguments) {
     const std::string cert = leaf("CN=a");
     const struct {

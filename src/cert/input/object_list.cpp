@@ -119,7 +119,7 @@ int ObjectList::add_content(SecretBuffer content, const char* name) {
 }
 
 int ObjectList::add_pem(std::string_view text, const char* name) {
-    const size_t before = entries_.size();
+    const size_t before = entries_.size(), unreadableBefore = unreadable_;
     for (;;) {
         const size_t begin = text.find(kBegin);
         if (begin == std::string_view::npos)
@@ -129,17 +129,28 @@ int ObjectList::add_pem(std::string_view text, const char* name) {
         const std::string_view label = slice(text, 0, labelEnd);
         const std::string_view inside = slice(text, label.size() + kDashes.size());
         const size_t end = inside.find(kEnd);
-        if (end == std::string_view::npos)
-            return no_object(name);
+        if (end == std::string_view::npos) {
+            if (!leavesOut_)
+                return no_object(name);
+            unreadable_++;
+            break;
+        }
         const std::string_view body = slice(inside, 0, end);
         text = slice(inside, end + kEnd.size());
         if (is_left_out(label))
             continue;
-        if (const int code = add_der(decode(body), name, label == "PKCS7" || label == "CMS"))
+        const int code = add_der(decode(body), name, label == "PKCS7" || label == "CMS");
+        if (code == 0)
+            continue;
+        if (!leavesOut_ || code == OUT_OF_RANGE_ERROR)
             return code;
+        err_set_text("%s", "");
+        unreadable_++;
     }
-    return entries_.size() > before
-               ? 0
+    if (entries_.size() > before)
+        return 0;
+    return unreadable_ > unreadableBefore
+               ? no_object(name)
                : err_fail(NO_DATA_ERROR, "No certificate or the like in '%s'", shown_name(name));
 }
 
@@ -153,6 +164,10 @@ int ObjectList::add_der(SecretBuffer der, const char* name, bool isPkcs7) {
     const size_t before = entries_.size();
     while (!reader.at_end()) {
         if (!reader.next_is(kDerSequence) || !reader.take_any(element)) {
+            if (leavesOut_ && entries_.size() > before) {
+                unreadable_++;
+                break;
+            }
             entries_.shrink(before);
             return no_object(name);
         }

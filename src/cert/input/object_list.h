@@ -28,6 +28,10 @@ class ObjectList {
     // Null adds nothing. 0, or with a text OPEN_ERROR, READ_ERROR, INVALID_DATA_ERROR (neither),
     // NO_DATA_ERROR (no object in it), OUT_OF_RANGE_ERROR (more than kMaxBytes).
     [[nodiscard]] int add(const char* list);
+    // leave_out_unreadable lets add go on where a block, or what follows in a file, is no DER, as long as its
+    // argument has an object: unreadable counts such places.
+    void leave_out_unreadable() { leavesOut_ = true; }
+    size_t unreadable() const { return unreadable_; }
     // add_argument is add for one argument, whose name may hold ";".
     [[nodiscard]] int add_argument(const char* argument, size_t length);
 
@@ -45,7 +49,8 @@ class ObjectList {
 
     Array<SecretBuffer> memory_;
     Array<ObjectEntry> entries_;
-    size_t bytes_ = 0;
+    size_t bytes_ = 0, unreadable_ = 0;
+    bool leavesOut_ = false;
 };
 
 } // namespace zul

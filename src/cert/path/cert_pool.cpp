@@ -72,9 +72,12 @@ const SignerKey* CertRecord::own_key() {
 }
 
 int CertRecord::check_signature(const SignerKey& key, DerView publicKeyInfo, PathBudget& budget) {
-    for (const Tried& each : tried_)
+    for (const Tried& each : tried_) {
+        if (!budget.take_comparison(publicKeyInfo.size))
+            return err_fail(OUT_OF_RANGE_ERROR, "Too many keys of one issuer");
         if (each.publicKeyInfo == publicKeyInfo && each.parameters == key.dsa_parameters())
             return each.code == 0 ? 0 : err_fail(each.code, "%s", each.text.text());
+    }
     Tried tried{publicKeyInfo, key.dsa_parameters(), 0, {}};
     tried.code = key.check_object(view, view.innerAlgorithm, budget);
     if (tried.code != 0) {
@@ -85,7 +88,9 @@ int CertRecord::check_signature(const SignerKey& key, DerView publicKeyInfo, Pat
 }
 
 void CertPool::add(const ObjectList& list, size_t from, bool areAnchors) {
+    unreadable_ += list.unreadable();
     for (size_t i = from; i < list.size(); i++) {
+        unreadable_ += list[i].kind == ObjectKind::other ? 1U : 0U;
         if (list[i].kind != ObjectKind::certificate)
             continue;
         CertRecord& record = records_.add({});

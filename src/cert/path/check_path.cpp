@@ -54,6 +54,8 @@ int check_path(const CheckPathInput& input, TextBuffer* report) {
     CertPool pool;
     Evidence evidence;
     PathSummary summary;
+    others.leave_out_unreadable();
+    evidenceList.leave_out_unreadable();
     for (const auto& [list, argument] :
          {std::pair(&leafList, input.certificate), std::pair(&others, input.others),
           std::pair(&trusted, input.trusted), std::pair(&evidenceList, input.evidence)})

@@ -181,7 +181,7 @@ class CrlSearch {
     bool find_signer(CrlRecord& crl, const PathLink*& signer, bool& isGood) {
         signer = nullptr;
         for (const PathLink* each = link_.issuer; each != nullptr; each = each->issuer)
-            if (names_match(each->name, crl.view.issuer) && try_signer(crl, *each, signer, isGood))
+            if (is_named(*each, crl) && try_signer(crl, *each, signer, isGood))
                 return true;
         const DerView keyIdentifier = crl.extensions.authorityKeyIdentifier.keyIdentifier;
         for (size_t n = 0; context_.budget.take(kDeltaCost); n++) {
@@ -193,6 +193,11 @@ class CrlSearch {
         if (signer == nullptr)
             finding_.note(RevocationGap::noSigner);
         return signer != nullptr;
+    }
+
+    bool is_named(const PathLink& link, const CrlRecord& crl) const {
+        return link.name == crl.view.issuer ||
+               (context_.budget.take_name(link.name.size) && name_digest(link.name) == crl.issuer);
     }
 
     // try_signer is true if there is no need to look further.

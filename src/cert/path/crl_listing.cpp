@@ -27,8 +27,9 @@ int weight(int reason) {
 // that follow too (RFC 5280, 5.3.3); without one an entry is about a certificate of the CRL's issuer.
 class EntrySearch {
   public:
-    EntrySearch(const CrlRecord& crl, DerView serialNumber, const NameDigest& issuer, CrlListing& listing)
-        : crl_(crl), serialNumber_(serialNumber), issuer_(issuer), listing_(listing) {}
+    EntrySearch(const CrlRecord& crl, DerView serialNumber, const NameDigest& issuer, CrlListing& listing,
+                PathBudget& budget)
+        : crl_(crl), serialNumber_(serialNumber), issuer_(issuer), listing_(listing), budget_(budget) {}
 
     void set_issuer(DerView names) {
         if (names.data != nullptr) {
@@ -38,7 +39,8 @@ class EntrySearch {
     }
     void add(const CrlEntryView& entry, const CrlEntryExtensions& extensions) {
         if (!isCompared_) {
-            isOfIssuer_ = certificateIssuer_.data != nullptr ? names_have(certificateIssuer_, issuer_)
+            isOfIssuer_ = certificateIssuer_.data != nullptr ? budget_.take_name(certificateIssuer_.size) &&
+                                                                   names_have(certificateIssuer_, issuer_)
                                                              : crl_.issuer == issuer_;
             isCompared_ = true;
         }
@@ -103,6 +105,7 @@ class EntrySearch {
     DerView serialNumber_;
     const NameDigest& issuer_;
     CrlListing& listing_;
+    PathBudget& budget_;
     DerView certificateIssuer_; // names, null data before the first
     bool isCompared_ = false, isOfIssuer_ = false;
 };
@@ -115,7 +118,7 @@ bool crl_find(CrlRecord& crl, DerView serialNumber, const NameDigest& issuer, Cr
     const auto size = static_cast<int64_t>(crl.view.revoked.size);
     if (!budget.take(size * (crl.isRead && !crl.hasCertificateIssuers ? kSearchCost : kReadCost)))
         return false;
-    EntrySearch search(crl, serialNumber, issuer, listing);
+    EntrySearch search(crl, serialNumber, issuer, listing, budget);
     if (crl.isRead)
         search.search();
     else

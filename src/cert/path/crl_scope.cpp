@@ -28,7 +28,7 @@ NameDigest general_name_digest(const GeneralNameView& name) {
     GeneralNameReader reader(names);
     GeneralNameView name;
     while (reader.next(name)) {
-        if (!budget.take(kDigestCost + static_cast<int64_t>(name.encoding.size)))
+        if (!budget.take(kDigestCost) || !budget.take_name(name.encoding.size))
             return false;
         if (!onlyDirectoryNames || name.type == GeneralNameType::directoryName)
             digests.add(general_name_digest(name));
@@ -36,14 +36,25 @@ NameDigest general_name_digest(const GeneralNameView& name) {
     return true;
 }
 
+// DigestedBase is the issuer of a CRL as the beginning of full names. Many points may have the same one.
+struct DigestedBase {
+    DerView name;
+    NameDigester digester;
+};
+
 // add_point_name adds the full names that a DistributionPointName stands for. base is the issuer of the CRL.
 [[nodiscard]] bool add_point_name(Array<NameDigest>& digests, const DistributionPointName& name, DerView base,
-                                  PathBudget& budget) {
+                                  DigestedBase& digested, PathBudget& budget) {
     if (!name.relativeName.empty()) {
-        if (!budget.take(kDigestCost + static_cast<int64_t>(base.size + name.relativeName.size)))
+        if (digested.name.data != base.data) {
+            if (!budget.take_name(base.size))
+                return false;
+            digested = {base, NameDigester()};
+            digested.digester.add_name(base);
+        }
+        if (!budget.take(kDigestCost) || !budget.take_name(name.relativeName.size))
             return false;
-        NameDigester digester;
-        digester.add_name(base);
+        NameDigester digester = digested.digester;
         digester.add_rdn(name.relativeName);
         digests.add(digester.digest());
     }
@@ -70,8 +81,12 @@ bool have_common(const Array<NameDigest>& some, const Array<NameDigest>& others,
 bool CrlScope::read(const CertificateView& certificate, const CertExtensions& extensions,
                     PathBudget& budget) {
     isCa_ = extensions.isCa;
+    const bool isIssuerPaid = budget.take_name(certificate.issuer.size); // there is always one
     issuers_.add(name_digest(certificate.issuer));
     issuerPoint_.names.add(issuers_[0]);
+    if (!isIssuerPaid)
+        return false;
+    DigestedBase digested;
     ExtensionView altName;
     DerView altNames;
     if (find_extension(certificate.extensions, kOidIssuerAltName, altName) &&
@@ -94,7 +109,7 @@ bool CrlScope::read(const CertificateView& certificate, const CertExtensions& ex
         while (crlIssuers.next(crlIssuer))
             if (crlIssuer.type == GeneralNameType::directoryName)
                 base = crlIssuer.value;
-        if (!add_point_name(point.names, view.name, base, budget))
+        if (!add_point_name(point.names, view.name, base, digested, budget))
             return false;
         crlIssuers_ += point.crlIssuers.size();
         for (const NameDigest& each : point.crlIssuers)
@@ -128,8 +143,9 @@ uint32_t CrlScope::reasons(const CrlRecord& crl, PathBudget& budget) const {
     if (issuing.onlyAttributeCerts || (issuing.onlyUserCerts && isCa_) || (issuing.onlyCaCerts && !isCa_))
         return 0;
     Array<NameDigest> crlNames;
+    DigestedBase digested;
     if (!budget.take(static_cast<int64_t>(points_.size() + crlIssuers_) * kComparisonCost) ||
-        !add_point_name(crlNames, issuing.name, crl.view.issuer, budget))
+        !add_point_name(crlNames, issuing.name, crl.view.issuer, digested, budget))
         return 0;
     uint32_t reasons = 0;
     bool isNamed = false;

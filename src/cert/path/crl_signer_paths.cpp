@@ -56,6 +56,8 @@ const PathLink* CrlSignerPaths::link_of(CertRecord& record, DerView anchor, Path
 
 const PathLink* CrlSignerPaths::candidate(DerView name, DerView keyIdentifier, const PathLink& anchor,
                                           size_t n, PathBudget& budget) {
+    if (!budget.take_name(name.size))
+        return nullptr;
     const CertRange range = pool_.of_subject(name_digest(name));
     // Those that are asked for come first.
     for (const bool isAskedFor : {true, false}) {

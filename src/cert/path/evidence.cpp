@@ -23,9 +23,12 @@ bool SignatureMemo::verified(DerView bytes, const AlgorithmView& algorithm, DerV
     if (signer.key == nullptr || !signer.key->is_read())
         return false;
     const DerView parameters = signer.key->dsa_parameters();
-    for (const Tried& each : tried_)
+    for (const Tried& each : tried_) {
+        if (!budget.take_comparison(signer.publicKeyInfo.size))
+            return false;
         if (each.publicKeyInfo == signer.publicKeyInfo && each.parameters == parameters)
             return each.isGood;
+    }
     const int code = signer.key->check(bytes, algorithm, signature, budget);
     if (code == OUT_OF_RANGE_ERROR)
         return false;
@@ -66,6 +69,9 @@ void Evidence::read(const ObjectList& list) {
             add_crl(object.der);
         else if (object.kind == ObjectKind::ocspResponse)
             add_response(object.der);
+        else if (object.kind == ObjectKind::other)
+            unreadable_++;
+    unreadable_ += list.unreadable();
     order_.clear();
     order_.reserve(crls_.size());
     for (uint32_t i = 0; i < crls_.size(); i++)

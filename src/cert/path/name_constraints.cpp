@@ -54,6 +54,14 @@ bool is_mask(DerView mask) {
     return true;
 }
 
+// take_cost: a directoryName is digested, with a result for each RDN.
+bool take_cost(const GeneralNameView& name, PathBudget& budget) {
+    if (name.type == T::directoryName)
+        return budget.take_name(name.value.size) &&
+               budget.take(kCostOfName * static_cast<int64_t>(1 + name_depth(name.value)));
+    return budget.take(kCostOfName + static_cast<int64_t>(10 * name.value.size));
+}
+
 bool is_good_base(GeneralNameType type, DerView base) {
     const std::string_view text = base.text();
     const bool isMailbox = text.find('@') != std::string_view::npos;
@@ -157,14 +165,14 @@ void CertificateNames::add_addresses(DerView subject) {
 int CertificateNames::read(const CertificateView& certificate, const CertExtensions& extensions,
                            PathBudget& budget) {
     bool hasMailbox = false;
-    if (!budget.take(static_cast<int64_t>(100 * certificate.subject.size)))
+    if (!budget.take_name(certificate.subject.size))
         return too_much();
     if (name_depth(certificate.subject) > 0)
         add_directory(certificate.subject);
     GeneralNameReader reader(extensions.subjectAltName);
     GeneralNameView name;
     while (reader.next(name)) {
-        if (!budget.take(kCostOfName + static_cast<int64_t>(10 * name.value.size)))
+        if (!take_cost(name, budget))
             return too_much();
         add_alternative(name);
         hasMailbox = hasMailbox || names_.back().type == T::rfc822Name;
@@ -200,7 +208,7 @@ int NameConstraints::read_subtrees(Array<Subtree>& subtrees, DerView content, Pa
             return bad_constraints();
         if (!fields.at_end())
             return err_fail(NOT_SUPPORTED_ERROR, "Name constraint with minimum or maximum");
-        if (!budget.take(kCostOfName + static_cast<int64_t>(10 * base.value.size)))
+        if (!take_cost(base, budget))
             return too_much();
         Subtree each{base.type, base.value, 0, {}};
         if (base.type == T::directoryName) {

@@ -100,7 +100,10 @@ class OcspSearch {
         while (reader.next(single)) {
             if (!(single.id.serialNumber == link_.certificate->serialNumber))
                 continue;
-            if (!context_.budget.take(kIdCost + static_cast<int64_t>(issuer_.publicKeyInfo.size)))
+            if (!context_.budget.take(kIdCost +
+                                      kHashCost * static_cast<int64_t>(issuer_.publicKeyInfo.size +
+                                                                       issuer_.name.size +
+                                                                       link_.certificate->issuer.size)))
                 return false;
             if (is_asked_for(single.id))
                 statements_.add({&response, single, is_current(view, single),
@@ -178,9 +181,13 @@ class OcspSearch {
         return false;
     }
 
-    static bool is_named(const OcspResponseView& view, DerView name, DerView bits) {
+    bool is_named(const OcspResponseView& view, DerView name, DerView bits) {
         return view.responderName.empty() ? is_digest_of(view.responderKeyHash, bits, kDigestSha1)
-                                          : names_match(view.responderName, name);
+                                          : are_same(view.responderName, name);
+    }
+
+    bool are_same(DerView a, DerView b) {
+        return a == b || (context_.budget.take_name(a.size + b.size) && names_match(a, b));
     }
 
     bool is_by_delegate(OcspRecord& response, DerView encoding) {
@@ -193,7 +200,7 @@ class OcspSearch {
             !oid_list_has(extensions.extKeyUsage, kOidOcspSigning) ||
             !extensions.allows(kUsageDigitalSignature | kUsageNonRepudiation) ||
             context_.time < certificate.notBefore || context_.time > certificate.notAfter ||
-            !names_match(certificate.issuer, issuer_.name))
+            !are_same(certificate.issuer, issuer_.name))
             return false;
         SignerKey key;
         if (issuer_.key == nullptr ||
@@ -215,7 +222,7 @@ class OcspSearch {
         return true;
     }
 
-    static constexpr int64_t kIdCost = 1000;
+    static constexpr int64_t kIdCost = 1000, kHashCost = 3;
 
     const RevocationContext& context_;
     const RevocationProgress& progress_;

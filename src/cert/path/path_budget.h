@@ -1,4 +1,5 @@
 #pragma once
+#include <cstddef>
 #include <cstdint>
 
 namespace zul {
@@ -9,6 +10,8 @@ class PathBudget {
   public:
     static constexpr int kMaxSignatures = 1000;
     static constexpr int64_t kMaxCost = 1'000'000'000;
+    // The most that an octet of a Name costs to digest: an attribute of 9 octets is one digest.
+    static constexpr int64_t kCostOfNameOctet = 100;
 
     // take_signature and take tell whether there is enough left, and take it.
     [[nodiscard]] bool take_signature(int64_t cost) { return signatures_ > 0 && (signatures_--, take(cost)); }
@@ -20,6 +23,9 @@ class PathBudget {
         left_ -= cost;
         return true;
     }
+    [[nodiscard]] bool take_name(size_t size) { return take(kCostOfNameOctet * static_cast<int64_t>(size)); }
+    // take_comparison is for comparing two keys of one size, of which many may be known.
+    [[nodiscard]] bool take_comparison(size_t size) { return take(10 + static_cast<int64_t>(size / 16)); }
     bool is_spent() const { return isSpent_ || signatures_ == 0; }
     int signatures() const { return kMaxSignatures - signatures_; } // verified so far
 

@@ -85,6 +85,16 @@ void lower(int& value, int limit) {
 
 } // namespace
 
+template<class Check>
+int PathValidator::once(LeafCheck& known, const CertRecord& record, Check check) {
+    if (known.record != &record) {
+        known = {&record, check(), {}};
+        if (known.code != 0)
+            take_error_text(known.text);
+    }
+    return known.code == 0 ? 0 : err_fail(known.code, "%s", known.text.text());
+}
+
 void PathValidator::run(const Array<PathStep>& path, PathOutcome& outcome) {
     outcome = {};
     outcome.hasAnchor = true;
@@ -142,11 +152,19 @@ bool PathValidator::check_certificate(State& state, size_t i) {
 }
 
 bool PathValidator::check_purpose(State& state, size_t i) {
-    const CertExtensions& extensions = state.record(i).extensions;
-    return conditions_.purpose == PathPurpose::any ||
-           state.passes(i, PathCheck::purpose,
-                        i == state.last() ? check_leaf_purpose(extensions, conditions_.purpose)
-                                          : check_authority_purpose(extensions, conditions_.purpose));
+    constexpr int64_t kCostOfOctet = 10; // of extKeyUsage
+    const CertRecord& record = state.record(i);
+    const CertExtensions& extensions = record.extensions;
+    if (conditions_.purpose == PathPurpose::any)
+        return true;
+    int code;
+    if (i == state.last())
+        code = once(purpose_, record, [&] { return check_leaf_purpose(extensions, conditions_.purpose); });
+    else if (budget_.take(kCostOfOctet * static_cast<int64_t>(extensions.extKeyUsage.size)))
+        code = check_authority_purpose(extensions, conditions_.purpose);
+    else
+        code = err_fail(OUT_OF_RANGE_ERROR, "Too many purposes");
+    return state.passes(i, PathCheck::purpose, code);
 }
 
 bool PathValidator::check_web(State& state, size_t i) {
@@ -157,7 +175,7 @@ bool PathValidator::check_web(State& state, size_t i) {
         if (code == 0 && key != nullptr)
             code = check_web_key(*key);
     if (code == 0 && i == state.last())
-        code = check_web_leaf(record.view, record.extensions);
+        code = once(web_, record, [&] { return check_web_leaf(record.view, record.extensions); });
     return state.passes(i, PathCheck::webRules, code);
 }
 
@@ -210,13 +228,18 @@ bool PathValidator::finish_policies(State& state) {
 
 bool PathValidator::check_subject_names(State& state, size_t i) {
     const CertRecord& record = state.record(i);
+    return (conditions_.host.empty() && conditions_.email.empty() && conditions_.ip.empty()) ||
+           state.passes(i, PathCheck::subjectName,
+                        once(subjectName_, record, [&] { return subject_names_code(record); }));
+}
+
+int PathValidator::subject_names_code(const CertRecord& record) const {
     for (const SecretBuffer* each : {&conditions_.host, &conditions_.email, &conditions_.ip})
-        if (!each->empty() &&
-            !state.passes(i, PathCheck::subjectName,
-                          check_subject_name(record.view, record.extensions, {each->text(), each->size()},
-                                             conditions_.nameOptions)))
-            return false;
-    return true;
+        if (!each->empty())
+            if (const int code = check_subject_name(record.view, record.extensions,
+                                                    {each->text(), each->size()}, conditions_.nameOptions))
+                return code;
+    return 0;
 }
 
 bool PathValidator::check_status(State& state, size_t i) {

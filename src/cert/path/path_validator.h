@@ -21,6 +21,15 @@ class PathValidator {
   private:
     struct State;
 
+    // LeafCheck keeps a result that depends on the end entity alone: many paths begin with it.
+    struct LeafCheck {
+        const CertRecord* record = nullptr;
+        int code = 0;
+        SecretBuffer text;
+    };
+    template<class Check>
+    [[nodiscard]] static int once(LeafCheck& known, const CertRecord& record, Check check);
+
     [[nodiscard]] bool check_anchor(State& state);
     [[nodiscard]] bool check_certificate(State& state, size_t i);
     [[nodiscard]] bool check_authority(State& state, size_t i);
@@ -30,12 +39,14 @@ class PathValidator {
     [[nodiscard]] bool check_policies(State& state, size_t i);
     [[nodiscard]] bool finish_policies(State& state);
     [[nodiscard]] bool check_subject_names(State& state, size_t i);
+    [[nodiscard]] int subject_names_code(const CertRecord& record) const;
     [[nodiscard]] bool check_status(State& state, size_t i);
 
     const PathConditions& conditions_;
     PathBudget& budget_;
     Evidence* evidence_;
     CrlSigners* signers_;
+    LeafCheck purpose_, web_, subjectName_;
 };
 
 } // namespace zul
