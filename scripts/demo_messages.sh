@@ -37,7 +37,7 @@ refuse_tampered_message() {
     expect damage "one bit of the content flipped: refused with 22" \
         refused 22 cms verify tampered.p7m --trusted root.pem -o never.bin
     quote_words
-    expect "" "a stranger instead of the root: refused with 21" \
+    expect "" "a stranger instead of the root: refused with 25" \
         refused 25 cms verify signed.p7m --trusted bob.pem -o never.bin
     quote_words
     expect "" "no content was written" [ ! -e never.bin ]
@@ -87,6 +87,11 @@ answered() {
         openssl ocsp -reqin "$1.request" -url "http://127.0.0.1:$port" -noverify -respout "$1.response" >/dev/null 2>&1 &&
         answers "$2" "$3" ocsp read "$1.response" --issuer inter.pem --cert "$1.pem"
 }
+# quote_status: of a long report what it comes to.
+quote_status() {
+    words=$(grep -E ' (producedAt|certStatus|revocationTime) |^[a-z]+\.pem:|^zul:|It is revoked' <<<"$words" || true)
+    quote_words
+}
 ask_responder() {
     # The responder's list: bob valid, alice revoked.
     local bob alice
@@ -102,9 +107,9 @@ ask_responder() {
     port=$(port_of responder.log)
     say ocsp "'openssl ocsp' answers for the intermediate, on port $port of this machine"
     expect "" "about Bob's certificate, with a good signature:" answered bob 0 "bob.pem: good"
-    quote_words
-    expect "" "about Alice's, revoked long ago in its list:" answered alice 1 "revocationTime        2026-01-02T03:04:05Z"
-    quote_words
+    quote_status
+    expect "" "about Alice's, revoked long ago in its list:" answered alice 1 " 2026-01-02T03:04:05Z"
+    quote_status
     stop_server
     expect "" "an answer that another certificate should have signed: refused with 22" \
         refused 22 ocsp read bob.response --issuer root.pem

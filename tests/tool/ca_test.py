@@ -158,11 +158,14 @@ class Authorities(ToolTest):
         self.assertEqual(sorted(os.listdir()), sorted({name.split(os.sep)[1] for name in before}))
 
     def test_the_index(self):
-        write("pki/index.txt", read("pki/index.txt") + b"0a0b\t2026-01")  # of a run that lost its power
+        write("pki/index.txt", read("pki/index.txt") + b"0a0b\t2026-01")  # of a run that was killed
+        for name in ("new.pem", "ca.crl.0123.tmp"):
+            write("pki/" + name, b"")
         states = self.states()
         self.assertEqual(len(states), 2)
         serial = self.issue("more", "-sCN=a\\b;OU=J\u00fcrgen", "--dns=more.example")
         self.assertEqual(list(self.states()), [*states, serial])
+        self.assertEqual([name for name in os.listdir("pki") if name.startswith("new") or name.endswith("tmp")], [])
         last = read("pki/index.txt").decode().splitlines()[-1].split("\t")
         self.assertEqual((len(last), last[0], last[3:5]), (7, serial, ["ca", "server"]))
         self.assertIn("OU=J\u00fcrgen", last[5])

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <chrono>
 #include <thread>
+#include <vector>
 
 #include "certificates.h"
 #include "description_options.h"
@@ -38,6 +39,21 @@ std::string_view without_blanks(std::string_view text) {
     constexpr const char* kBlanks = " \t\r";
     text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
     return text.substr(0, text.find_last_not_of(kBlanks) + 1);
+}
+
+// remove_remains removes what a command left that was killed while it wrote.
+void remove_remains(const AuthorityFolder& folder) {
+    std::error_code error;
+    std::vector<std::filesystem::path> remains;
+    for (const auto& entry : std::filesystem::directory_iterator(path_of(folder.name()), error)) {
+        const std::string name = entry.path().filename().string();
+        const bool isOurs =
+            name.starts_with("ca.crl.") || name.starts_with("root.crl.") || name.starts_with("new.pem.");
+        if (name == AuthorityFolder::kNew || (isOurs && name.ends_with(".tmp")))
+            remains.push_back(entry.path());
+    }
+    for (const std::filesystem::path& each : remains)
+        std::filesystem::remove(each, error);
 }
 
 } // namespace
@@ -99,6 +115,7 @@ AuthorityLock::AuthorityLock(const AuthorityFolder& folder) {
         }
         std::this_thread::sleep_for(kPause);
     }
+    remove_remains(folder);
 }
 
 AuthorityLock::~AuthorityLock() {

@@ -25,6 +25,8 @@ inline const Signer kRoot = "root", kIssuing = "ca";
 
 class AuthorityFolder {
   public:
+    static constexpr const char* kNew = "new.pem"; // a certificate before the index has it
+
     explicit AuthorityFolder(const std::string& folder) : folder_(folder) {}
     // open refuses a folder without an authority.
     static AuthorityFolder open(const std::string& folder);

@@ -151,7 +151,7 @@ struct CaIssueCommand {
     void issue(const AuthorityFolder& files, const Key& signingKey, const char* certified,
                const std::string& text, const Key& made, const SecretBytes& secret) const {
         const AuthorityLock lock(files);
-        const std::string issuer = files.file(signer() + ".pem"), fresh = files.file("issued/new.pem");
+        const std::string issuer = files.file(signer() + ".pem"), fresh = files.file(AuthorityFolder::kNew);
         Removed copy(fresh);
         accept_status(
             CERT_Issue(fresh.c_str(), issuer.c_str(), signingKey.text(), certified, text.c_str(), 0),
