@@ -57,10 +57,12 @@ void PathSearch::find_candidates(Array<Candidate>& candidates) {
         // The anchor may be the end entity itself.
         if (record->isAnchor ? onlyAnchor_ == nullptr || onlyAnchor_ == record->view.publicKeyInfo.data
                              : !is_in_chain(*record) && (isLenient_ || may_stand(*record)))
-            candidates.add({record, likelihood(*record, subject)});
+            candidates.add({record, likelihood(*record, subject), candidates.size()});
     }
-    std::stable_sort(candidates.begin(), candidates.end(),
-                     [](const Candidate& a, const Candidate& b) { return a.likelihood > b.likelihood; });
+    // Not std::stable_sort, whose buffer would come from outside of frame/memory.h, and exceptions with it.
+    std::sort(candidates.begin(), candidates.end(), [](const Candidate& a, const Candidate& b) {
+        return a.likelihood != b.likelihood ? a.likelihood > b.likelihood : a.place < b.place;
+    });
 }
 
 bool PathSearch::try_candidates(const Array<Candidate>& candidates, bool isSigned, bool& wasExtended) {

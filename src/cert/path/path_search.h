@@ -37,6 +37,7 @@ class PathSearch {
     struct Candidate {
         CertRecord* record;
         int likelihood;
+        size_t place; // in the order of the pool
     };
 
     bool extend();
