@@ -1,6 +1,5 @@
 #include "cert/make/crl_issue.h"
 
-#include <chrono>
 #include <cstring>
 
 #include "asn1/asn_build.h"
@@ -11,6 +10,7 @@
 #include "cert/make/crl_extension_list.h"
 #include "frame/err.h"
 #include "frame/text.h"
+#include "platform/platform.h"
 #include "x509/fields/x509_time.h"
 #include "zulcore.h"
 
@@ -113,7 +113,8 @@ int CrlMaker::settle_times() {
 }
 
 int CrlMaker::settle_numbers() {
-    using namespace std::chrono;
+    // The system's clock counts units of 100 ns since 1601; the number is milliseconds since 1970.
+    constexpr uint64_t kTicksOfMillisecond = 10'000, kMillisecondsTo1970 = 11'644'473'600'000;
     const CrlExtensions& before = earlier_.extensions();
     CrlNumber last;
     bool hasLast = false;
@@ -126,8 +127,7 @@ int CrlMaker::settle_numbers() {
     if (plan_.number)
         settled_.number = *plan_.number;
     else if (!hasLast)
-        settled_.number = CrlNumber(static_cast<uint64_t>(
-            duration_cast<milliseconds>(system_clock::now().time_since_epoch()).count()));
+        settled_.number = CrlNumber(platform::system_time() / kTicksOfMillisecond - kMillisecondsTo1970);
     else if (!settled_.number.increment())
         return bad("No number follows that of the earlier list");
     if (hasLast && !(last < settled_.number))
