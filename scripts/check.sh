@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# check.sh [format|layers|words|reference]: the quick checks of the sources, all of them if none is named.
+# check.sh [format|layers|words|reference|bindings]: the quick checks of the sources, all of them if none is named.
 set -uo pipefail
 cd "$(dirname "$0")/.."
 
@@ -20,11 +20,16 @@ check_reference() {
     python3 scripts/make_reference.py --check
 }
 
+check_bindings() {
+    python3 scripts/make_bindings.py --check
+}
+
 check_words() {
     local found
     found=$({
         sources
         find scripts cmake docs .ci README.md CMakeLists.txt -type f
+        find bindings packaging -type f 2>/dev/null | grep -v /node_modules/
     } | grep -v '^scripts/check.sh$' |
         xargs grep -nE '\b(TODO|FIXME|XXX|HACK)\b|^ *# *if 0\b|DISABLED_|not implemented|unimplemented')
     if [ -n "$found" ]; then
@@ -34,7 +39,7 @@ check_words() {
 }
 
 status=0
-for check in ${1:-format layers words reference}; do
+for check in ${1:-format layers words reference bindings}; do
     if "check_$check"; then
         echo "check $check: good"
     else
