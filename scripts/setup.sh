@@ -1,14 +1,36 @@
 #!/usr/bin/env bash
-# setup.sh: installs the Debian packages that building and testing need. Does nothing where all are there.
+# setup.sh [--bindings | --all]: installs the Debian packages that building and testing the library and the tool need;
+# --bindings: what the bindings' languages need; --all: both, and what packages and the site need. Does nothing where all
+# are there.
 set -euo pipefail
 
-packages=(
+library=(
     cmake ninja-build g++ g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64 python3
     wine wine64 xvfb xauth xdotool imagemagick
     openssl curl gnutls-bin osslsigncode argon2 age libargon2-dev libssl-dev libcli11-dev googletest libbenchmark-dev
     openjdk-17-jre-headless
     clang-format clang libclang-rt-14-dev valgrind python3-cryptography ca-certificates minisign
 )
+bindings=(
+    mono-mcs mono-runtime libmono-system-core4.0-cil libmono-system-numerics4.0-cil
+    python3-venv python3-wheel python3-setuptools python3-mypy
+    libreoffice-calc-nogui
+    fp-compiler fp-units-base fp-units-rtl
+    openjdk-17-jdk-headless libjna-java
+    golang-go
+)
+packaging=(wixl msitools lintian fakeroot)
+site=(mkdocs mkdocs-material python3-pymdownx)
+
+case "${1:-}" in
+    "") packages=("${library[@]}") ;;
+    --bindings) packages=("${bindings[@]}") ;;
+    --all) packages=("${library[@]}" "${bindings[@]}" "${packaging[@]}" "${site[@]}") ;;
+    *)
+        echo "usage: setup.sh [--bindings | --all]" >&2
+        exit 2
+        ;;
+esac
 
 missing=()
 for package in "${packages[@]}"; do

@@ -9,7 +9,7 @@ step() {
 }
 
 step "packages"
-scripts/setup.sh
+scripts/setup.sh --all
 
 presets=(native windows asan tsan fuzz)
 mkdir -p build
