@@ -14,30 +14,6 @@ struct EncryptCommand {
     std::vector<std::string> recipients;
     MessageOutput output;
 
-    static Certificate recipient(const std::string& file) {
-        Certificate certificate = read_certificate(file);
-        RsaKey::read_certificate(certificate.argument.text(), certificate.name());
-        warn_of_use(certificate, ZUL_KEYUSAGE_KEYENCIPHERMENT, "encrypting keys (keyEncipherment)");
-        return certificate;
-    }
-
-    // The library leaves out a recipient whose key cannot be used. The tool refuses then: all recipients or
-    // none.
-    [[noreturn]] static void refuse_unserved(const std::vector<Certificate>& certificates, int choice) {
-        std::string names, reason;
-        for (const Certificate& each : certificates) {
-            const ScratchFile trial;
-            if (CMS_MakeEnvDataFromString(trial.path(), "trial", each.argument.text(), nullptr, 0, choice) ==
-                1)
-                continue;
-            reason = last_error();
-            names += (names.empty() ? "" : ", ") + each.name();
-        }
-        throw Refused::by_system(NOT_SUPPORTED_ERROR, names.empty() ? "recipients" : names,
-                                 "The message's key cannot be encrypted for this certificate" +
-                                     (reason.empty() ? "." : ": " + reason) + "\n     Nothing was written.");
-    }
-
     void run() const {
         const int choice = find_cipher(cipher).options | output.option();
         check_list(recipients.size());
@@ -47,19 +23,9 @@ struct EncryptCommand {
         std::vector<std::string> inputs = recipients;
         inputs.push_back(file);
         output.check(inputs);
-        std::vector<Certificate> certificates;
-        for (const std::string& each : recipients)
-            certificates.push_back(recipient(each));
+        const std::vector<Certificate> certificates = read_recipients(recipients);
         const ScratchFile made;
-        {
-            const ContentFile content(file);
-            const int served = CMS_MakeEnvData(made.path(), content.path(),
-                                               certificate_list(certificates).c_str(), nullptr, 0, choice);
-            accept_length(served, content.name(),
-                          served == -MSG_TOO_LONG_ERROR ? "'zul encrypt' takes files of any size." : "");
-            if (served != static_cast<int>(certificates.size()))
-                refuse_unserved(certificates, choice);
-        }
+        encrypt_message(made, ContentFile(file), certificates, choice);
         made.deliver(output.out);
     }
 };
@@ -74,21 +40,7 @@ struct DecryptCommand {
         if (!recipient.empty())
             refuse_same_file(recipient, out, "The output would replace the certificate.");
         const RsaKey privateKey = key.read_private(is_standard_stream(recipient) ? recipient : file);
-        std::vector<Certificate> certificate; // one or none
-        if (!recipient.empty())
-            certificate.push_back(read_certificate(recipient));
-        const Message message(file);
-        SecretBytes content(message.size() + 1);
-        const char* who = certificate.empty() ? nullptr : certificate.front().argument.text();
-        const int length =
-            CMS_ReadEnvDataToString(reinterpret_cast<char*>(content.data()), int_length(content) - 1,
-                                    message.path(), who, privateKey.text(), 0);
-        accept_length(length, message.name(),
-                      length == -DECRYPT_ERROR
-                          ? "The key is not that of a recipient, or the message was damaged."
-                      : length == -INVALID_DATA_ERROR ? "Is it an encrypted message? 'zul cms show' tells."
-                                                      : "");
-        content.resize(static_cast<size_t>(length));
+        const SecretBytes content = decrypt_message(Message(file), recipient, privateKey);
         Output output(out);
         output.write(content);
         output.finish();

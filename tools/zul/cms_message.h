@@ -15,6 +15,7 @@ namespace tool {
 class Message {
   public:
     explicit Message(const std::string& file);
+    Message(const std::string& name, const SecretBytes& content);
 
     const char* path() const { return copy_.path(); }
     const std::string& name() const { return name_; }
@@ -50,6 +51,24 @@ class ContentFile {
     std::string name_, path_;
     std::optional<ScratchFile> scratch_;
 };
+
+// MessageSigner is who signs a message: the key, and the certificates that go with it, the signer's first.
+// Refused if that is not the key's; in is the command's other input.
+struct MessageSigner {
+    RsaKey key;
+    std::vector<Certificate> certificates;
+
+    MessageSigner(const RsaKeyOption& keyOption, const std::string& in, const std::string& signer,
+                  const std::vector<std::string>& others);
+};
+
+// read_recipients reads the certificates of those who will read a message. Refused for a key that is not RSA.
+std::vector<Certificate> read_recipients(const std::vector<std::string>& files);
+// encrypt_message encrypts content for all recipients, or is refused. choice: options of CMS_MakeEnvData.
+void encrypt_message(const ScratchFile& made, const ContentFile& content,
+                     const std::vector<Certificate>& recipients, int choice);
+// decrypt_message gives the content; recipient is the name of a certificate's file, or empty.
+SecretBytes decrypt_message(const Message& message, const std::string& recipient, const RsaKey& key);
 
 // What makers share: the file that they make, DER or base64.
 struct MessageOutput {

@@ -1,5 +1,4 @@
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <memory>
 
 #include "cms_message.h"
@@ -61,23 +60,9 @@ struct CmsSignCommand {
         inputs.insert(inputs.end(), others.begin(), others.end());
         output.check(inputs);
         key.refuse_output(file, output.out);
-        const RsaKey privateKey(signing_key(key, in), key.file());
-
-        std::vector<Certificate> certificates = {read_certificate(signer)};
-        const Certificate first = certificates.front();
-        const RsaKey certified = RsaKey::read_certificate(first.argument.text(), first.name());
-        accept_status(RSA_KeyMatch(privateKey.text(), certified.text()), first.name(),
-                      "The private key is not that of the signer's certificate.");
-        warn_of_use(first, ZUL_KEYUSAGE_DIGITALSIGNATURE | ZUL_KEYUSAGE_NONREPUDIATION, "signing messages");
-        std::vector<Certificate> further;
-        for (const std::string& other : others)
-            add_certificates(further, other);
-        for (Certificate& each : further) // a chain may begin with the signer's
-            if (std::find(certificates.begin(), certificates.end(), each) == certificates.end())
-                certificates.push_back(std::move(each));
-        check_list(certificates.size());
+        const MessageSigner by(key, in, signer, others);
         const ScratchFile made(!is_on_disk(file));
-        make(made.path(), certificate_list(certificates), privateKey, choice);
+        make(made.path(), certificate_list(by.certificates), by.key, choice);
         made.deliver(output.out);
     }
 };
