@@ -223,7 +223,7 @@ done
 work=$(mktemp -d "$root/build/demo.XXXXXX")
 trap 'stop_server; rm -rf "$work"' EXIT
 cd "$work"
-[ $# -gt 0 ] || file=$root/build/native/libzulcore.so
+[ $# -gt 0 ] || file=$(realpath "$root/build/native/libzulcore.so")
 demonstrate "Linux" "$file" "$root/build/native/zul"
 [ $# -gt 0 ] || file=$root/build/windows/zulcore.dll
 demonstrate "Windows, under Wine" "Z:$file" "$root/scripts/wine.sh" "$root/build/windows/zul.exe"
