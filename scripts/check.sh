@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# check.sh [format|layers|words|reference|bindings]: the quick checks of the sources, all of them if none is named.
+# check.sh [format|layers|words|reference|bindings|snippets]: the quick checks of the sources, all of them if none is named.
 set -uo pipefail
 cd "$(dirname "$0")/.."
 
@@ -24,6 +24,10 @@ check_bindings() {
     python3 scripts/make_bindings.py --check
 }
 
+check_snippets() {
+    python3 scripts/snippets.py --check
+}
+
 check_words() {
     local found
     found=$({
@@ -39,7 +43,7 @@ check_words() {
 }
 
 status=0
-for check in ${1:-format layers words reference bindings}; do
+for check in ${1:-format layers words reference bindings snippets}; do
     if "check_$check"; then
         echo "check $check: good"
     else

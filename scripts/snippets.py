@@ -1,0 +1,86 @@
+#!/usr/bin/env python3
+"""Fills the code blocks of the pages from files that run. A block stands below a line
+
+    <!-- from examples/digest.c -->              the whole file
+    <!-- from examples/digest.c [name] -->       the lines between the comments [name] and [end]
+
+With --check it writes nothing and fails if a block is not what its file says, if a page in PAGES has code that comes from
+no file (blocks of `text`, which show what a program prints, apart), or if a file of the cookbook is on no page."""
+import pathlib
+import re
+import sys
+import textwrap
+
+ROOT = pathlib.Path(__file__).resolve().parents[1]
+PAGES = ["index.md", "coming-from.md", "old-and-new.md", *(f"cookbook/{path.name}" for path in
+                                                          sorted((ROOT / "docs/cookbook").glob("*.md")))]
+BLOCK = re.compile(r"^(<!-- from (\S+)(?: \[([\w-]+)\])? -->\n)(?:```\w*\n(?:.*\n)*?```\n)?", re.M)
+MARK = re.compile(r"^\s*(?://|/\*|#|'|\{|--|<!--)\s*\[([\w-]+)\]\s*(?:\*/|\}|-->)?\s*$")
+LANGUAGES = {".sh": "bash", ".c": "c", ".h": "c", ".cpp": "cpp", ".hpp": "cpp", ".py": "python", ".cs": "csharp",
+             ".bas": "vb", ".pas": "pascal", ".js": "javascript", ".mjs": "javascript", ".ts": "typescript",
+             ".java": "java", ".go": "go", ".yml": "yaml", ".toml": "toml"}
+
+
+def region(path, name=None):
+    """The whole file, or all lines between the marks [name] and [end], without their common indentation."""
+    lines = path.read_text().splitlines()
+    if name is None:
+        return "\n".join(line for line in lines if not MARK.match(line)) + "\n"
+    parts, isInside = [], False
+    for line in lines:
+        if mark := MARK.match(line):
+            if mark[1] == name:
+                parts.append([])
+            isInside = mark[1] == name or (isInside and mark[1] != "end")
+        elif isInside:
+            parts[-1].append(line)
+    if not any(parts):
+        raise ValueError(f"{path.relative_to(ROOT)} has no region [{name}]")
+    return "\n".join(textwrap.dedent("\n".join(part)).strip("\n") + "\n" for part in parts)
+
+
+def filled(text):
+    def block(match):
+        path = ROOT / match[2]
+        return f"{match[1]}```{LANGUAGES[path.suffix]}\n{region(path, match[3])}```\n"
+    return BLOCK.sub(block, text)
+
+
+def loose_code(text):
+    """The first lines of blocks that come from no file and are no output."""
+    lines, found, isInside = text.splitlines(), [], False
+    for number, line in enumerate(lines):
+        if line.startswith("```"):
+            if not isInside and line != "```text" and not lines[number - 1].startswith("<!-- from "):
+                found.append(lines[number + 1])
+            isInside = not isInside
+    return found
+
+
+def main():
+    isCheck = sys.argv[1:] == ["--check"]
+    faults, used = [], set()
+    for path in sorted((ROOT / "docs").rglob("*.md")):
+        text = path.read_text()
+        name = str(path.relative_to(ROOT / "docs"))
+        try:
+            new = filled(text)
+        except (OSError, KeyError, ValueError) as error:
+            faults.append(f"docs/{name}: {error}")
+            continue
+        used.update(match[2] for match in BLOCK.finditer(text))
+        if new != text and isCheck:
+            faults.append(f"docs/{name} is not what its files say: run scripts/snippets.py")
+        elif new != text:
+            path.write_text(new)
+        if name in PAGES:
+            faults += [f"docs/{name}: code that comes from no file: {line}" for line in loose_code(new)]
+    for path in sorted((ROOT / "examples/cookbook").glob("[0-9]*")):
+        if str(path.relative_to(ROOT)) not in used:
+            faults.append(f"{path.relative_to(ROOT)} is on no page")
+    if faults:
+        sys.exit("\n".join("snippets: " + fault for fault in faults))
+
+
+if __name__ == "__main__":
+    main()
