@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# setup.sh [--bindings | --all]: installs the Debian packages that building and testing the library and the tool need;
-# --bindings: what the bindings' languages need; --all: both, and what packages and the site need. Does nothing where all
-# are there.
+# setup.sh [--bindings | --site | --screens | --all]: installs the Debian packages that building and testing the library and
+# the tool need; --bindings: what the bindings' languages need; --site: what the site needs; --screens: what pictures of it
+# need; --all: all but the last, and what packages need. Does nothing where all are there.
 set -euo pipefail
 
 library=(
@@ -15,19 +15,22 @@ bindings=(
     mono-mcs mono-runtime libmono-system-core4.0-cil libmono-system-numerics4.0-cil
     python3-venv python3-wheel python3-setuptools python3-mypy
     libreoffice-calc-nogui
-    fp-compiler fp-units-base fp-units-rtl fpc-source
+    fp-compiler fp-units-base fp-units-rtl
     openjdk-17-jdk-headless libjna-java
     golang-go
 )
 packaging=(wixl msitools lintian fakeroot)
 site=(mkdocs mkdocs-material python3-pymdownx)
+screens=(chromium imagemagick)
 
 case "${1:-}" in
     "") packages=("${library[@]}") ;;
     --bindings) packages=("${bindings[@]}") ;;
+    --site) packages=("${site[@]}") ;;
+    --screens) packages=("${screens[@]}") ;;
     --all) packages=("${library[@]}" "${bindings[@]}" "${packaging[@]}" "${site[@]}") ;;
     *)
-        echo "usage: setup.sh [--bindings | --all]" >&2
+        echo "usage: setup.sh [--bindings | --site | --screens | --all]" >&2
         exit 2
         ;;
 esac
