@@ -4,12 +4,12 @@ set -uo pipefail
 cd "$(dirname "$0")/.."
 
 sources() {
-    find include src tools tests bench fuzz examples -name '*.[ch]' -o -name '*.cpp' | sort
+    find include src tools tests bench fuzz examples bindings -name '*.[ch]' -o -name '*.cpp' -o -name '*.hpp' | sort
 }
 
 check_format() {
     # The exported header has the layout of C headers, kept by hand.
-    sources | grep -v '^include/' | xargs clang-format --dry-run -Werror
+    sources | grep -v '^include/.*\.h$' | xargs clang-format --dry-run -Werror
 }
 
 check_layers() {

@@ -5,7 +5,7 @@ Counts C, C++ (headers and .inc files too) and Python, but not tests/data."""
 import pathlib
 import sys
 
-ENDINGS = {".c", ".cpp", ".h", ".inc", ".py"}
+ENDINGS = {".c", ".cpp", ".h", ".hpp", ".inc", ".py"}
 
 
 def lines(root, folder):
