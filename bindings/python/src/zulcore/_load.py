@@ -7,6 +7,8 @@ import pathlib
 import sys
 
 NAME = "zulcore.dll" if sys.platform == "win32" else "libzulcore.so"
+# The name under which a system has the library without its files for developers.
+SEARCHED = "zulcore.dll" if sys.platform == "win32" else "libzulcore.so.3"
 
 
 def load_library() -> ctypes.CDLL:
@@ -19,7 +21,7 @@ def load_library() -> ctypes.CDLL:
             raise ImportError(f"ZULCORE_LIBRARY has to be a full path: {named}")
         return ctypes.CDLL(named)
     try:
-        return ctypes.CDLL(NAME)
+        return ctypes.CDLL(SEARCHED)
     except OSError as error:
         raise ImportError(f"{NAME} is not beside the package, ZULCORE_LIBRARY is not set, and the system's search "
                           f"gives: {error}") from error
