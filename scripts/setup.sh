@@ -10,6 +10,7 @@ library=(
     openssl curl gnutls-bin osslsigncode argon2 age libargon2-dev libssl-dev libcli11-dev googletest libbenchmark-dev
     openjdk-17-jre-headless
     clang-format clang libclang-rt-14-dev valgrind python3-cryptography ca-certificates minisign
+    mandoc man-db groff-base zsh fish
 )
 bindings=(
     mono-mcs mono-runtime libmono-system-core4.0-cil libmono-system-numerics4.0-cil

@@ -54,7 +54,7 @@ class Others(ToolTest):
     def test_help(self):
         overview = self.done("--help").decode()
         commands = ("hash hmac encrypt decrypt seal open identity wrap unwrap key sign verify rsa-encrypt rsa-decrypt ca cert request "
-                    "crl cms pfx ocsp encode decode der random wipe error version")
+                    "crl cms pfx ocsp encode decode der random wipe error version help completions man")
         inner = {"key": "make show convert match check", "ca": "init issue revoke crl list", "cert": "self issue show query verify path thumb",
                  "request": "make show", "crl": "make check show",
                  "cms": "sign verify encrypt decrypt show certs", "cms certs": "make extract", "pfx": "make verify extract",

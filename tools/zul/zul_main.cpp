@@ -6,6 +6,7 @@
 #include "failures.h"
 #include "operating_system.h"
 #include "streams.h"
+#include "suggestions.h"
 
 namespace {
 
@@ -34,6 +35,32 @@ struct Chosen {
     }
 };
 
+const auto kAll = [](const CLI::App*) { return true; };
+
+// similar_commands gives the commands that a misspelt one may stand for: those beside it, or those of groups
+// that have just its name.
+std::vector<std::string> similar_commands(const CLI::App& app, const CLI::App& group,
+                                          const std::string& word) {
+    std::vector<std::string> names;
+    for (const CLI::App* each : group.get_subcommands(kAll))
+        names.push_back(each->get_name());
+    names = tool::similar_names(word, names);
+    if (names.empty())
+        for (const CLI::App* each : app.get_subcommands(kAll))
+            for (const CLI::App* inner : each->get_subcommands(kAll))
+                if (inner->get_name() == word && names.size() < 3)
+                    names.push_back(each->get_name() + " " + word);
+    return names;
+}
+
+std::vector<std::string> similar_options(const CLI::App& command, const std::string& name) {
+    std::vector<std::string> names;
+    for (const CLI::Option* option : command.get_options())
+        for (const std::string& each : option->get_lnames())
+            names.push_back("--" + each);
+    return tool::similar_names(name, names);
+}
+
 // explain gives the message of a parse error. It shows only command and option names of the arguments, since
 // a key could stand in the wrong place.
 std::string explain(const CLI::App& app, const CLI::ParseError& error) {
@@ -42,13 +69,16 @@ std::string explain(const CLI::App& app, const CLI::ParseError& error) {
     if (chosen.is_group() && (left.empty() || !left[0].starts_with("-"))) {
         if (!left.empty())
             return "unknown command " + tool::in_quotes(left[0]) +
-                   "; commands: " + command_names(*chosen.command);
+                   "; commands: " + command_names(*chosen.command) +
+                   tool::did_you_mean(similar_commands(app, *chosen.command, left[0]));
         return "a command is needed; commands: " + command_names(*chosen.command);
     }
     for (const std::string& argument : left)
-        if (argument.starts_with("-") && argument.size() > 1)
-            return "unknown option " +
-                   argument.substr(0, argument.starts_with("--") ? argument.find('=') : size_t{2});
+        if (argument.starts_with("-") && argument.size() > 1) {
+            const std::string name =
+                argument.substr(0, argument.starts_with("--") ? argument.find('=') : size_t{2});
+            return "unknown option " + name + tool::did_you_mean(similar_options(*chosen.command, name));
+        }
     if (!left.empty())
         return "too many arguments";
     return error.what();
@@ -117,6 +147,7 @@ int tool::run_tool(int argc, char** argv) {
         tool::add_der_command(app);
         tool::add_random_command(app);
         tool::add_general_commands(app);
+        tool::add_help_commands(app);
         for (CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; }))
             command->group("Commands");
         return run(app, argc, argv);
