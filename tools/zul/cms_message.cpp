@@ -82,6 +82,11 @@ ContentFile::ContentFile(const std::string& file) : name_(shown_name(file)), pat
     copy_all(content, copy);
 }
 
+ContentFile::ContentFile(const std::string& name, const SecretBytes& content) : name_(name) {
+    path_ = scratch_.emplace(true).path();
+    write_file(path_, content, true);
+}
+
 void MessageOutput::add_to(CLI::App& command) {
     command.add_option("-o,--out", out, "Output file (standard output)")->option_text("FILE");
     command.add_flag("--base64", base64, "Write base64 text instead of DER");

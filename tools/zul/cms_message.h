@@ -41,6 +41,7 @@ class Message {
 class ContentFile {
   public:
     explicit ContentFile(const std::string& file);
+    ContentFile(const std::string& name, const SecretBytes& content);
     ContentFile(const ContentFile&) = delete;
     ContentFile& operator=(const ContentFile&) = delete;
 

@@ -28,6 +28,7 @@ void add_cert_path_command(CLI::App& group);
 void add_request_commands(CLI::App& app);
 void add_crl_commands(CLI::App& app);
 void add_cms_commands(CLI::App& app);
+void add_mail_commands(CLI::App& app);
 void add_pfx_commands(CLI::App& app);
 void add_pfx_make_command(CLI::App& group);
 void add_pfx_extract_command(CLI::App& group);

@@ -141,6 +141,7 @@ int tool::run_tool(int argc, char** argv) {
         tool::add_request_commands(app);
         tool::add_crl_commands(app);
         tool::add_cms_commands(app);
+        tool::add_mail_commands(app);
         tool::add_pfx_commands(app);
         tool::add_ocsp_commands(app);
         tool::add_encode_commands(app);

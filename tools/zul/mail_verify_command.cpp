@@ -1,0 +1,190 @@
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <memory>
+
+#include "cms_signatures.h"
+#include "mail_message.h"
+#include "mime_text.h"
+#include "streams.h"
+
+namespace tool {
+
+namespace {
+
+[[noreturn]] void refuse(const IncomingMail& mail, int code, const std::string& reason) {
+    throw Refused::by_system(code, mail.name(), reason);
+}
+
+// SignedMail is a signed message taken apart, as nobody has verified it yet.
+struct SignedMail {
+    SecretBytes content, signature;
+    bool isDetached = false, hasTextBehind = false;
+
+    explicit SignedMail(const IncomingMail& mail) {
+        const MimeEntity& entity = mail.entity();
+        if (is_multipart_signed(entity)) {
+            take_parts(mail);
+        } else if (is_cms_entity(entity)) {
+            const std::string type = lower_ascii(entity.type().parameter("smime-type"));
+            if (type.find("enveloped") != type.npos)
+                refuse(mail, BAD_FORMAT_ERROR, "It is encrypted: 'zul mail decrypt' comes first.");
+            signature = entity.decoded();
+        } else {
+            refuse(mail, BAD_FORMAT_ERROR,
+                   "It is not signed as a whole: its Content-Type is neither multipart/signed nor "
+                   "application/pkcs7-mime.");
+        }
+    }
+
+  private:
+    void take_parts(const IncomingMail& mail) {
+        constexpr std::string_view kProtocols[] = {"application/pkcs7-signature",
+                                                   "application/x-pkcs7-signature"};
+        const auto isKnown = [&](const std::string& type) {
+            return std::find(std::begin(kProtocols), std::end(kProtocols), type) != std::end(kProtocols);
+        };
+        const std::string protocol = lower_ascii(mail.entity().type().parameter("protocol"));
+        if (!protocol.empty() && !isKnown(protocol))
+            refuse(mail, NOT_SUPPORTED_ERROR, "It is signed in another way than S/MIME.");
+        const Multipart parts(mail.entity(), true);
+        if (parts.parts.size() != 2)
+            refuse(mail, BAD_FORMAT_ERROR,
+                   "A signed message has two parts, content and signature; here are " +
+                       std::to_string(parts.parts.size()) + ".");
+        const MimeEntity second(parts.parts[1], mail.name());
+        if (!isKnown(second.type().word()))
+            refuse(mail, BAD_FORMAT_ERROR,
+                   "Its second part is not a signature (application/pkcs7-signature).");
+        append_canonical(content, parts.parts[0]);
+        signature = second.decoded();
+        isDetached = true;
+        hasTextBehind = parts.after.find_first_not_of(" \t\r\n") != parts.after.npos;
+    }
+};
+
+struct MailVerifyCommand {
+    std::string file, out;
+    bool fromAny = false, subjectName = false, body = false;
+    SignatureOptions options;
+
+    // addresses gives those of From, outside and in what was signed.
+    static std::vector<std::string> addresses(const IncomingMail& mail, const SecretBytes& content) {
+        std::vector<std::string> all;
+        const auto add = [&](const MimeHeader& header) {
+            if (!header.has("from"))
+                return;
+            for (std::string& each : mailboxes(header.value("from"), mail.name()))
+                if (std::find(all.begin(), all.end(), each) == all.end())
+                    all.push_back(std::move(each));
+        };
+        add(mail.entity().header);
+        if (looks_like_message(view_of(content)))
+            add(MimeEntity(view_of(content), mail.name()).header);
+        if (all.empty())
+            refuse(mail, NO_DATA_ERROR,
+                   "The signature is good, but there is no field From to compare with the certificate; "
+                   "--from-any does without.");
+        return all;
+    }
+
+    // compare demands for each address a signer with that address; it gives a line of the report.
+    std::string compare(const IncomingMail& mail, const SecretBytes& content,
+                        const std::vector<Certificate>& signers) const {
+        std::string line = "  from        ";
+        if (fromAny)
+            return line + "NOT COMPARED with the certificate (--from-any): anybody can have sent it\n";
+        std::string names;
+        for (const std::string& address : addresses(mail, content)) {
+            const int choice = subjectName ? ZUL_CERT_SUBJECT_NAME : 0;
+            const auto isFor = [&](const Certificate& each) {
+                return CERT_CheckName(each.argument.text(), address.c_str(), choice) == 0;
+            };
+            if (std::none_of(signers.begin(), signers.end(), isFor))
+                refuse(
+                    mail, NO_MATCH_ERROR,
+                    "The signature is good, but the signer's certificate is not for the address of From, " +
+                        printable(address) + ".");
+            names += (names.empty() ? "" : ", ") + printable(address);
+        }
+        return line + names + ", as the signer's certificate says\n";
+    }
+
+    // printable escapes what could steer a terminal.
+    static std::string printable(const std::string& address) {
+        return is_ascii_text(address) ? address : readable(address);
+    }
+
+    static std::string about(const SecretBytes& content, const std::string& name) {
+        if (!looks_like_message(view_of(content)))
+            return "";
+        const MimeEntity inner(view_of(content), name);
+        return is_multipart_signed(inner) || is_cms_entity(inner)
+                   ? "  content     is itself signed or encrypted, which was not looked at\n"
+                   : "";
+    }
+
+    void run() const {
+        options.check({file}, out);
+        if (body && out.empty())
+            throw UsageError("--body goes with --out");
+        SignatureOptions demands = options;
+        if (demands.isValidated() && demands.path.purpose.empty())
+            demands.path.purpose = "email";
+        const IncomingMail mail(file);
+        const SignedMail parts(mail);
+        const Message message(mail.name(), parts.signature);
+        if (!parts.isDetached && CMS_QuerySigData(nullptr, 0, message.path(), "HASeContent", 0) == 0)
+            refuse(mail, NO_DATA_ERROR, "The message holds a signature alone, without content.");
+        const VerifiedMessage verified(message, demands, [&](const Digest* algorithm) {
+            return parts.isDetached && algorithm != nullptr ? content_digest(parts.content, *algorithm)
+                                                            : std::string();
+        });
+        const SecretBytes content = parts.isDetached ? parts.content : verified.content();
+        const std::string report =
+            verified.report() + compare(mail, content, verified.signers()) + about(content, mail.name());
+        if (parts.hasTextBehind)
+            warn("text behind the signed parts is not signed");
+        if (!out.empty())
+            write_file(out, body ? body_of(content, mail.name()) : content);
+        if (is_standard_stream(out))
+            std::fputs(report.c_str(), stderr);
+        else
+            Output("-").write(report);
+    }
+};
+
+} // namespace
+
+void add_mail_verify_command(CLI::App& group) {
+    auto verify = std::make_shared<MailVerifyCommand>();
+    CLI::App* command = group.add_subcommand("verify", "Check a message's signature, and who signed");
+    command->add_option("MESSAGE", verify->file, "The message; - for standard input")
+        ->required()
+        ->option_text(" ");
+    verify->options.add_to(*command);
+    command->add_flag("--from-any", verify->fromAny, "Do not compare From with the signer's certificate");
+    command->add_flag("--subject-name", verify->subjectName,
+                      "An address in the subject counts too, where subjectAltName has none");
+    command
+        ->add_option("-o,--out", verify->out,
+                     "File for the content, once all is good; with - the report goes to standard error")
+        ->option_text("FILE");
+    command->add_flag("--body", verify->body, "Write the decoded body alone, of content of one part");
+    command->footer(
+        "The signature is of the content alone: Subject, To, Date and all other fields outside may be "
+        "forged,\n"
+        "but for From, whose address the signer's certificate has to have (rfc822Name). --out gives what "
+        "was\n"
+        "signed. Without --trusted or --cert a good signature says only that somebody has signed: the\n"
+        "certificate comes with the message, and anybody can make one in any name. --trusted demands a "
+        "valid\n"
+        "path (as 'zul cert path' does), for --purpose email unless another one is given. The signing time "
+        "is\n"
+        "the signer's claim, so dates are checked for now, or for --time.\n" +
+        std::string(kRevocationHelp) +
+        "Exit status 1 for a signature, a path or a sender that is not good.\n\n"
+        "Example:\n  zul mail verify signed.eml --trusted root.pem -o content.eml");
+    command->callback([verify] { verify->run(); });
+}
+
+} // namespace tool
