@@ -1,13 +1,17 @@
 #!/usr/bin/env python3
-"""Writes docs/reference/, one page for each family of functions, from the comments of include/zulcore.h. With --check
-it writes nothing and fails if a page is not what the header says."""
+"""Writes docs/reference/, one page for each family of functions, from the comments of include/zulcore.h and the examples
+in examples/functions, which are programs that run. With --check it writes nothing and fails if a page is not what they
+say, or if a function has no example."""
 import pathlib
 import re
 import sys
 
+import snippets
+
 ROOT = pathlib.Path(__file__).resolve().parents[1]
 HEADER = ROOT / "include" / "zulcore.h"
 FOLDER = ROOT / "docs" / "reference"
+EXAMPLES = ROOT / "examples" / "functions"
 WIDTH = 110  # of the header
 
 SECTION = re.compile(r"/\* -{3} (.+?) ?-{3,} ?(.*)$", re.S)
@@ -55,7 +59,37 @@ def functions_in(code):
     return re.findall(r"ZUL_API ([^;]*?(\w+)\([^;]*\);)", code, re.S)
 
 
-def pages_of(text):
+def examples():
+    """Of each function the file and the marks of its example. One that asks the user has the mark not-run too."""
+    found = {}
+    for path in sorted(EXAMPLES.glob("*.c")):
+        for line in path.read_text().splitlines():
+            if mark := snippets.MARK.match(line):
+                names = mark[1].split()
+                found.update({name: (path, "not-run" in names) for name in names if re.match(r"[A-Z0-9]+_", name)})
+    return found
+
+
+def example_of(names, found, shown):
+    """The examples of functions that are described together; of one that stands under another function a link to it."""
+    texts, title = {}, ", ".join(names)
+    for name in names:
+        if name not in found:
+            continue
+        path, isAsking = found[name]
+        code = snippets.region(path, name)
+        where = shown.setdefault(code, title)
+        link = f"[examples/functions/{path.name}](../../examples/functions/{path.name})"
+        if where != title:
+            texts.setdefault(f"\nExample: that of [{where}](#{where.lower().replace(',', '').replace(' ', '-')}).\n")
+        elif isAsking:
+            texts.setdefault(f"\nExample, compiled but not run by the tests, from {link}:\n\n```c\n{code}```\n")
+        else:
+            texts.setdefault(f"\nExample, from {link}:\n\n```c\n{code}```\n")
+    return "".join(texts)
+
+
+def pages_of(text, found):
     start = next(number for number, (comment, _) in enumerate(text) if SECTION.match(comment))
     constants = "# Error codes and options\n"
     for comment, code in text[1:start]:
@@ -63,7 +97,7 @@ def pages_of(text):
             continue
         constants += "\n" + markdown_of(lines_of(comment)) + "\n```c\n" + code.strip("\n") + "\n```\n"
     pages = {"constants": ("Error codes and options", constants, [])}
-    key = None
+    key, shown = None, {}
     for comment, code in text[start:]:
         if section := SECTION.match(comment):
             lines = lines_of(comment)
@@ -79,13 +113,14 @@ def pages_of(text):
             title, page, names = pages[key]
             own = [name for _, name in functions]
             page += "\n## " + ", ".join(own) + "\n\n```c\n" + "\n".join(code.replace("\n        ", "\n") for code, _ in functions) + "\n```\n\n"
-            pages[key] = (title, page + markdown_of(lines_of(comment)), names + own)
+            page += markdown_of(lines_of(comment)) + example_of(own, found, shown)
+            pages[key] = (title, page, names + own)
     return pages
 
 
 def files_of(text):
     blocks = blocks_of(text)
-    pages = pages_of(blocks)
+    pages = pages_of(blocks, examples())
     files = {f"{key}.md": page for key, (_, page, _) in pages.items()}
     index = "# Reference\n\nMade from `include/zulcore.h` by `scripts/make_reference.py`.\n\n"
     index += markdown_of(lines_of(blocks[0][0])[2:]) + "\n"
@@ -102,6 +137,8 @@ def main():
     missing = [name for name in sorted(listed) if f"`{name}`" not in files["README.md"]]
     if missing:
         sys.exit(f"make_reference: no comment stands before {', '.join(missing)}")
+    if bare := sorted(listed - examples().keys()):
+        sys.exit(f"make_reference: no example in examples/functions of {', '.join(bare)}")
     there = {path.name: path.read_text() for path in FOLDER.glob("*.md")}
     if sys.argv[1:] == ["--check"]:
         if there != files:

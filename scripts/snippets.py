@@ -4,6 +4,7 @@
     <!-- from examples/digest.c -->              the whole file
     <!-- from examples/digest.c [name] -->       the lines between the comments [name] and [end]
 
+A comment may have several names. 
 With --check it writes nothing and fails if a block is not what its file says, if a page in PAGES has code that comes from
 no file (blocks of `text`, which show what a program prints, apart), or if a file of the cookbook is on no page."""
 import pathlib
@@ -15,7 +16,7 @@ ROOT = pathlib.Path(__file__).resolve().parents[1]
 PAGES = ["index.md", "coming-from.md", "old-and-new.md", *(f"cookbook/{path.name}" for path in
                                                           sorted((ROOT / "docs/cookbook").glob("*.md")))]
 BLOCK = re.compile(r"^(<!-- from (\S+)(?: \[([\w-]+)\])? -->\n)(?:```\w*\n(?:.*\n)*?```\n)?", re.M)
-MARK = re.compile(r"^\s*(?://|/\*|#|'|\{|--|<!--)\s*\[([\w-]+)\]\s*(?:\*/|\}|-->)?\s*$")
+MARK = re.compile(r"^\s*(?://|/\*|#|'|\{|--|<!--)\s*\[([\w-]+(?: [\w-]+)*)\]\s*(?:\*/|\}|-->)?\s*$")
 LANGUAGES = {".sh": "bash", ".c": "c", ".h": "c", ".cpp": "cpp", ".hpp": "cpp", ".py": "python", ".cs": "csharp",
              ".bas": "vb", ".pas": "pascal", ".js": "javascript", ".mjs": "javascript", ".ts": "typescript",
              ".java": "java", ".go": "go", ".yml": "yaml", ".toml": "toml"}
@@ -29,9 +30,10 @@ def region(path, name=None):
     parts, isInside = [], False
     for line in lines:
         if mark := MARK.match(line):
-            if mark[1] == name:
+            isNamed = name in mark[1].split()
+            if isNamed:
                 parts.append([])
-            isInside = mark[1] == name or (isInside and mark[1] != "end")
+            isInside = isNamed or (isInside and mark[1] != "end")
         elif isInside:
             parts[-1].append(line)
     if not any(parts):

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""run_cookbook.py FOLDER PROGRAMS [TOOL MODULE] [-- LAUNCHER]: runs every file of the cookbook in an empty folder of its
-own, those in C as built in PROGRAMS, perhaps through a launcher; the scripts only if there are TOOL and MODULE. Each has
-to exit 0: they have their checks in them. They run one after another for each processor."""
+"""run_cookbook.py FOLDER PROGRAMS [TOOL MODULE] [-- LAUNCHER]: runs every example of a folder in an empty folder of its own,
+those in C as built in PROGRAMS under the folder's name, perhaps through a launcher; the scripts only if there are TOOL and
+MODULE. Each has to exit 0: they have their checks in them."""
 import concurrent.futures
 import os
 import pathlib
@@ -15,7 +15,7 @@ folder, programs, *built = (pathlib.Path(name).resolve() for name in arguments.s
 
 def command_of(path):
     if path.suffix == ".c":
-        names = [programs / f"cookbook_{path.stem}{suffix}" for suffix in ("", ".exe")]
+        names = [programs / f"{folder.name}_{path.stem}{suffix}" for suffix in ("", ".exe")]
         return [*launcher.split(), str(next(name for name in names if name.exists()))]
     if path.suffix == ".py":
         return [sys.executable, str(path), str(built[1])]
@@ -32,7 +32,7 @@ def run(path):
     return path.name, done.returncode, done.stdout
 
 
-paths = sorted(path for path in folder.glob("[0-9]*") if path.suffix == ".c" or built)
+paths = sorted(path for path in folder.iterdir() if path.suffix == ".c" or built and path.name[0].isdigit())
 with concurrent.futures.ThreadPoolExecutor(1 if launcher else os.cpu_count()) as pool:
     results = list(pool.map(run, paths))
 for name, status, output in results:
