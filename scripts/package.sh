@@ -104,6 +104,8 @@ sign_in_place() {
 }
 
 if [ -z "$native" ]; then
+    scripts/setup.sh
+    scripts/setup.sh --packaging
     build native
     build windows --toolchain cmake/mingw-w64.cmake
     native=$root/build/package/native windows=$root/build/package/windows
@@ -145,7 +147,7 @@ if [ -n "$bindings" ]; then
     for script in bindings/*/package.sh; do
         [ -e "$script" ] || continue
         echo "package: $(basename "$(dirname "$script")")"
-        ZUL_NATIVE=$native ZUL_WINDOWS=$windows ZUL_VERSION=$version "$script" "$out"
+        "$script" "$out" "$work/$linuxName/lib/libzulcore.so" "$work/$windowsName/bin/zulcore.dll"
     done
 fi
 

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# setup.sh [--bindings | --site | --screens | --all]: installs the Debian packages that building and testing the library and
-# the tool need; --bindings: what the bindings' languages need; --site: what the site needs; --screens: what pictures of it
-# need; --all: all but the last, and what packages need. Does nothing where all are there.
+# setup.sh [--bindings | --packaging | --site | --screens | --all]: installs the Debian packages that building and testing
+# the library and the tool need; --bindings: what the bindings' languages need; --packaging: what making and testing
+# packages needs; --site: what the site needs; --screens: what pictures of it need; --all: all but the last. Does nothing
+# where all are there.
 set -euo pipefail
 
 library=(
@@ -20,18 +21,19 @@ bindings=(
     openjdk-17-jdk-headless libjna-java
     golang-go
 )
-packaging=(wixl msitools lintian fakeroot)
+packaging=(wixl msitools zip dpkg-dev fakeroot lintian pkg-config llvm lld)
 site=(mkdocs mkdocs-material python3-pymdownx)
 screens=(chromium imagemagick)
 
 case "${1:-}" in
     "") packages=("${library[@]}") ;;
     --bindings) packages=("${bindings[@]}") ;;
+    --packaging) packages=("${packaging[@]}") ;;
     --site) packages=("${site[@]}") ;;
     --screens) packages=("${screens[@]}") ;;
     --all) packages=("${library[@]}" "${bindings[@]}" "${packaging[@]}" "${site[@]}") ;;
     *)
-        echo "usage: setup.sh [--bindings | --site | --screens | --all]" >&2
+        echo "usage: setup.sh [--bindings | --packaging | --site | --screens | --all]" >&2
         exit 2
         ;;
 esac
