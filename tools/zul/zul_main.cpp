@@ -3,14 +3,13 @@
 
 #include "arguments.h"
 #include "commands.h"
+#include "exit_status.h"
 #include "failures.h"
 #include "operating_system.h"
 #include "streams.h"
 #include "suggestions.h"
 
 namespace {
-
-constexpr int kRefused = 1, kUsage = 2;
 
 std::string command_names(const CLI::App& app) {
     std::string names;
@@ -91,24 +90,24 @@ int report_usage(const CLI::App& app, const std::string& text) {
     formatter.label("SUBCOMMAND", "COMMAND");
     std::fprintf(stderr, "%s: %s\n%s'%s --help' tells more.\n", name.c_str(), text.c_str(),
                  formatter.make_usage(chosen.command, name).c_str(), name.c_str());
-    return kUsage;
+    return tool::kUsage;
 }
 
 int run(CLI::App& app, int argc, char** argv) {
     try {
         app.parse(tool::take_arguments(argc, argv));
-        return 0;
+        return tool::kDone;
     } catch (const CLI::CallForHelp&) {
         tool::Output("-").write(app.help());
-        return 0;
+        return tool::kDone;
     } catch (const CLI::Success&) {
-        return 0;
+        return tool::kDone;
     } catch (const CLI::ParseError& error) {
         return report_usage(app, explain(app, error));
     } catch (const tool::UsageError& error) {
         return report_usage(app, error.what());
     } catch (const tool::SilentFailure&) {
-        return kRefused;
+        return tool::kRefused;
     }
 }
 
@@ -126,7 +125,7 @@ int tool::run_tool(int argc, char** argv) {
         app.get_formatter()->label("SUBCOMMAND", "COMMAND");
         app.get_formatter()->column_width(24);
         app.footer("'zul COMMAND --help' shows a command's options and an example.\n"
-                   "Exit status: 0 done, 1 refused by the library, 2 wrong arguments.");
+                   "Exit status: 0 done, or yes; 1 refused, or no; 2 wrong arguments.");
         tool::add_digest_commands(app);
         tool::add_cipher_commands(app);
         tool::add_seal_commands(app);
