@@ -57,7 +57,7 @@ class Others(ToolTest):
                     "crl cms pfx ocsp encode decode der random wipe error version help completions man")
         inner = {"key": "make show convert match check", "ca": "init issue revoke crl list", "cert": "self issue show query verify path thumb",
                  "request": "make show", "crl": "make check show",
-                 "cms": "sign verify encrypt decrypt show certs", "cms certs": "make extract", "pfx": "make verify extract",
+                 "cms": "sign verify encrypt decrypt show certs", "cms certs": "make extract list", "pfx": "make verify extract",
                  "ocsp": "request read"}
         for command in commands.split() + [f"{group} {name}" for group, names in inner.items() for name in names.split()]:
             with self.subTest(command):
@@ -66,6 +66,30 @@ class Others(ToolTest):
                 text = self.done(*command.split(), "--help").decode()
                 self.assertRegex(text, rf"Example:\n(.*\n)*  zul {command}")
                 self.assertLess(max(map(len, text.splitlines())), 120)
+
+
+class Secrets(ToolTest):
+    # a command: the option that the only warning names, and what keeps it secret; or none
+    ROWS = {"hmac md5 --key=00 in.bin": ("--key", "--key-file FILE"), "hmac md5 --key-file in.bin in.bin": None,
+            f"wrap -a aes256 --kek {KEY.hex()} --data {KEY.hex()}": ("--kek", "--kek-file FILE"),
+            f"wrap -a aes256 --kek-file key --data {KEY.hex()}": ("--data", "a file IN"), "random 16 --hex": None,
+            "kdf pbkdf2 --salt 00 --iterations=1 --password=a": ("--password", "--password-file FILE or the prompt"),
+            "seal --password a in.bin -": ("--password", "--password-file FILE or -p"),
+            "key make --type ed25519 --force --password=a pub pri": ("--password", "--password-file FILE or the prompt"),
+            "key convert --force --encrypt aes-128 --count=9 --password=a --new-password=b pri new": ("--password", "--password-file FILE or the prompt")}
+
+    def test_a_warning_of_secrets_among_the_arguments(self):
+        write("key", KEY)
+        for allowed in (None, "0", "1"):
+            variables = {name: value for name, value in os.environ.items() if name != "ZUL_ALLOW_ARGUMENT_SECRETS"}
+            if allowed is not None:
+                variables["ZUL_ALLOW_ARGUMENT_SECRETS"] = allowed
+            for words, said in self.ROWS.items():
+                result = zul(words, env=variables)
+                expected = b"" if said is None or allowed == "1" else (
+                    "zul: warning: other users can see what stands after {}, and the shell's history keeps it; {} keeps it "
+                    "secret\n").format(*said).encode()
+                self.assertEqual((result.returncode, result.stderr.replace(b"\r", b"")), (0, expected), words)
 
 
 class Usage(ToolTest):

@@ -47,8 +47,7 @@ void KeyOption::require_one() const {
 SecretBytes KeyOption::read_exactly(size_t bytes, const std::string& algorithm) const {
     require_one();
     if (!mark_.empty()) {
-        const SecretBytes& text = hidden_argument(mark_);
-        SecretBytes key = decode_hex(text.data(), text.size(), name_);
+        SecretBytes key = argument();
         if (key.size() != bytes)
             wrong_length(name_, key.size(), bytes, algorithm, " (");
         return key;
@@ -67,6 +66,11 @@ SecretBytes KeyOption::read_any() const {
     require_one();
     if (!file_.empty())
         return Input(file_).read_all();
+    return argument();
+}
+
+SecretBytes KeyOption::argument() const {
+    warn_of_secret(name_, name_ + "-file FILE");
     const SecretBytes& text = hidden_argument(mark_);
     return decode_hex(text.data(), text.size(), name_);
 }

@@ -27,6 +27,7 @@ class KeyOption {
 
   private:
     void require_one() const;
+    SecretBytes argument() const; // the value of --NAME
 
     std::string name_, mark_, file_;
 };
@@ -35,7 +36,9 @@ class KeyOption {
 // the terminal, once it turns out that a password is needed.
 class PasswordOption {
   public:
-    void add_to(CLI::App& command, const std::string& name, const std::string& what);
+    // prompt is what the user takes to be asked.
+    void add_to(CLI::App& command, const std::string& name, const std::string& what,
+                const std::string& prompt = "the prompt");
 
     bool is_given() const { return !mark_.empty() || !file_.empty(); }
     bool is_standard_input() const { return is_standard_stream(file_); }
@@ -47,7 +50,7 @@ class PasswordOption {
   private:
     SecretBytes read(const std::string& subject, bool isNew) const;
 
-    std::string name_, mark_, file_;
+    std::string name_, prompt_, mark_, file_;
 };
 
 // ask_secretly asks at the terminal, whatever the standard streams are, and reads a line without showing it.

@@ -29,8 +29,10 @@ SecretBytes first_line(const std::string& file) {
 
 } // namespace
 
-void PasswordOption::add_to(CLI::App& command, const std::string& name, const std::string& what) {
+void PasswordOption::add_to(CLI::App& command, const std::string& name, const std::string& what,
+                            const std::string& prompt) {
     name_ = "--" + name;
+    prompt_ = prompt;
     command.add_option(name_, mark_, what + ", visible to all users; without it you are asked")
         ->type_name("TEXT");
     command.add_option(name_ + "-file", file_, what + ": first line of a file; - for standard input")
@@ -49,9 +51,7 @@ SecretBytes PasswordOption::read(const std::string& subject, bool isNew) const {
     if (!file_.empty()) {
         password = first_line(file_);
     } else if (!mark_.empty()) {
-        print_error(("a password after " + name_ + " is visible in the list of processes and the shell's " +
-                     "history; " + name_ + "-file or the prompt keeps it secret")
-                        .c_str());
+        warn_of_secret(name_, name_ + "-file FILE or " + prompt_);
         password = hidden_argument(mark_);
     } else {
         password = ask_secretly((isNew ? "New password for " : "Password for ") + subject, isNew);
