@@ -76,6 +76,7 @@ void add_agree_command(CLI::App& app) {
     command->add_option("--length", state->length, "hkdf: bytes of the key (32)")
         ->check(CLI::Range(1, 1 << 20))
         ->option_text("N");
+    state->output.add_json_to(*command);
     command->footer(
         "Both keys are on P-256, P-384 or P-521, or both are X25519. The plain secret is not evenly\n"
         "random; --kdf makes a key of it.\n\n"

@@ -1,6 +1,7 @@
 #include "ca_index.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 
 #include "certificates.h"
@@ -105,6 +106,22 @@ std::vector<IndexLine> index_read(const AuthorityFolder& folder) {
         lines.push_back({fields[0], fields[1], fields[2], fields[3], fields[4], fields[5], fields[6]});
     }
     return lines;
+}
+
+std::string index_value(const std::string& field) {
+    std::string value;
+    for (size_t i = 0; i < field.size(); ++i) {
+        const char next = field[i] == '\\' && i + 1 < field.size() ? field[++i] : '\0';
+        if (next == 'x' && i + 2 < field.size()) {
+            value += static_cast<char>(std::strtoul(field.substr(i + 1, 2).c_str(), nullptr, 16));
+            i += 2;
+        } else if (next != '\0') {
+            value += next == 't' ? '\t' : next == 'n' ? '\n' : next == 'r' ? '\r' : next;
+        } else {
+            value += field[i];
+        }
+    }
+    return value;
 }
 
 IndexLine index_find(const AuthorityFolder& folder, const std::string& serial) {

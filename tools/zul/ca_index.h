@@ -22,6 +22,7 @@ struct IndexLine {
 // The folder has to be locked for index_append.
 void index_append(const AuthorityFolder& folder, const IndexLine& line);
 std::vector<IndexLine> index_read(const AuthorityFolder& folder); // fields as they stand there, escaped
+std::string index_value(const std::string& field);                // without the escapes
 // index_find gives the line of a serial number in hex; Refused if there is none.
 IndexLine index_find(const AuthorityFolder& folder, const std::string& serial);
 extern const char* const kIndexHead;

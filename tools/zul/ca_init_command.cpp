@@ -6,6 +6,7 @@
 #include "ca_index.h"
 #include "certificates.h"
 #include "description_options.h"
+#include "json_output.h"
 #include "operating_system.h"
 #include "streams.h"
 
@@ -89,7 +90,7 @@ std::string authority_name(std::string name, const std::string& suffix) {
 struct CaInitCommand {
     std::string folder, name, type = "p-256", url, ocsp;
     int rootYears = 20, years = 10;
-    bool noPassword = false;
+    bool noPassword = false, json = false;
     PasswordOption password;
 
     void check() {
@@ -175,9 +176,13 @@ struct CaInitCommand {
         output.finish();
     }
     void tell() const {
-        Output("-").write("made " + folder + ": a root and an issuing authority, valid for " +
-                          std::to_string(rootYears) + " and " + std::to_string(years) + " years\n" +
-                          "install root.cer where certificates shall be trusted; keep root.key safe\n");
+        JsonObject object;
+        object.add_file("folder", folder).add_file("certificate", folder + "/root.cer");
+        object.add("rootYears", rootYears).add("years", years);
+        print_report(json, object,
+                     "made " + folder + ": a root and an issuing authority, valid for " +
+                         std::to_string(rootYears) + " and " + std::to_string(years) + " years\n" +
+                         "install root.cer where certificates shall be trusted; keep root.key safe\n");
     }
 };
 
@@ -206,6 +211,7 @@ void add_ca_init_command(CLI::App& group) {
     command->add_option("--root-years", init->rootYears, "Validity of the root (20)")
         ->check(CLI::Range(1, 1000))
         ->option_text("N");
+    add_json_flag(*command, init->json);
     command->footer(
         "The names are NAME with a CN that ends with \"Root CA\" and \"Issuing CA\". Browsers take no\n"
         "certificates of Ed25519. The folder appears when all of it is made. settings.txt there has the\n"

@@ -5,6 +5,7 @@
 #include "ca_index.h"
 #include "certificates.h"
 #include "description_options.h"
+#include "json_output.h"
 #include "key_output.h"
 #include "operating_system.h"
 #include "streams.h"
@@ -42,7 +43,7 @@ struct CaIssueCommand {
     std::string folder, out, profile = "server", subject, request, publicKey, type = "p-256";
     std::vector<std::string> copies;
     int days = 0;
-    bool noPassword = false;
+    bool noPassword = false, json = false;
     const CLI::App* command = nullptr;
     DescriptionOptions described;
     PasswordOption password, newPassword;
@@ -174,8 +175,14 @@ struct CaIssueCommand {
             chain.insert(chain.end(), above.begin(), above.end());
         }
         write_file(chain_file(), chain);
-        Output("-").write("issued " + line.serial + " until " + line.until + ": " + certificate_file() +
-                          ", " + chain_file() + (is_new_key() ? ", " + key_file() : "") + "\n");
+        JsonObject object;
+        object.add("serialNumber", line.serial).add("notAfter", line.until).add("profile", profile);
+        object.add_file("certificate", certificate_file()).add_file("chain", chain_file());
+        if (is_new_key())
+            object.add_file("key", key_file());
+        print_report(json, object,
+                     "issued " + line.serial + " until " + line.until + ": " + certificate_file() + ", " +
+                         chain_file() + (is_new_key() ? ", " + key_file() : "") + "\n");
     }
 };
 
@@ -220,6 +227,7 @@ void add_ca_issue_command(CLI::App& group) {
     command->add_flag("--no-password", issue->noPassword,
                       "The new key is not encrypted: many servers need that");
     issue->replace.add_to(*command);
+    add_json_flag(*command, issue->json);
     command->footer(
         "OUT-chain.pem has the certificate and that of the issuing authority, as servers send them. With\n"
         "the profile ca the root signs: another issuing authority. What settings.txt says is in every\n"

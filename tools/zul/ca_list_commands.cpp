@@ -7,6 +7,7 @@
 #include "ca_index.h"
 #include "certificates.h"
 #include "der.h"
+#include "json_output.h"
 #include "streams.h"
 
 namespace tool {
@@ -68,6 +69,7 @@ std::map<std::string, std::string> revoked_of(const std::string& list) {
 struct CaRevokeCommand {
     std::string folder, certificate, reason, invalidity;
     int days = 0;
+    bool json = false;
     PasswordOption password;
 
     // The number of a certificate of this authority: that of a file, which has to be the copy's equal, or in
@@ -112,14 +114,16 @@ struct CaRevokeCommand {
         const Key key = files.key(line.issuer, password);
         const AuthorityLock lock(files);
         files.make_list(line.issuer, key, revoked, days > 0 ? days : settings.list_days(line.issuer), false);
-        Output("-").write("revoked " + line.serial + ": " + files.file(line.issuer + ".crl") + "\n");
+        const std::string list = files.file(line.issuer + ".crl");
+        print_report(json, JsonObject().add("serialNumber", line.serial).add_file("crl", list),
+                     "revoked " + line.serial + ": " + list + "\n");
     }
 };
 
 struct CaListCommand {
     std::string folder;
     int days = 0;
-    bool ofRoot = false;
+    bool ofRoot = false, json = false;
     PasswordOption password;
 
     void renew() const {
@@ -129,6 +133,8 @@ struct CaListCommand {
         const Key key = files.key(signer, password);
         const AuthorityLock lock(files);
         files.make_list(signer, key, "", days > 0 ? days : settings.list_days(signer), false);
+        if (json)
+            print_json(JsonObject().add_file("crl", files.file(signer + ".crl")));
     }
 
     void show() const {
@@ -137,17 +143,35 @@ struct CaListCommand {
         for (const Signer& signer : {kRoot, kIssuing})
             revoked[signer] = revoked_of(files.file(signer + ".crl"));
         const std::string now = now_text(0);
-        Output output("-");
+        std::string text;
+        JsonArray certificates;
         for (const IndexLine& line : index_read(files)) {
             const auto& of = revoked[line.issuer];
             const auto found = of.find(line.serial);
             const std::string status = found != of.end()  ? "revoked " + found->second
                                        : line.until < now ? "expired"
                                                           : "valid";
-            output.write(line.serial + "\t" + status + "\tuntil " + line.until + "\t" + line.profile + "\t" +
-                         line.subject + "\t" + line.names + "\n");
+            text += line.serial + "\t" + status + "\tuntil " + line.until + "\t" + line.profile + "\t" +
+                    line.subject + "\t" + line.names + "\n";
+            JsonObject one;
+            one.add("serialNumber", line.serial).add("status", status.substr(0, status.find(' ')));
+            if (found != of.end())
+                add_revocation(one, found->second);
+            one.add("notBefore", line.from).add("notAfter", line.until).add("issuer", line.issuer);
+            one.add("profile", line.profile)
+                .add("subject", index_value(line.subject))
+                .add("names", index_value(line.names));
+            certificates.add(one);
         }
-        output.finish();
+        print_report(json, JsonObject().add_file("folder", folder).add("certificates", certificates), text);
+    }
+
+    // revocation: the day, and perhaps a blank and the reason.
+    static void add_revocation(JsonObject& object, const std::string& revocation) {
+        const size_t blank = revocation.find(' ');
+        object.add("revokedOn", revocation.substr(0, blank));
+        if (blank != revocation.npos)
+            object.add("reason", revocation.substr(blank + 1));
     }
 };
 
@@ -177,6 +201,7 @@ void add_ca_list_commands(CLI::App& group) {
         ->option_text("DATE");
     add_list_days(*command, revoke->days);
     revoke->password.add_to(*command, "password", "Password of the authority's key");
+    add_json_flag(*command, revoke->json);
     command->footer(
         "Reasons: unspecified, keyCompromise, cACompromise, affiliationChanged, superseded,\n"
         "cessationOfOperation, certificateHold, privilegeWithdrawn, aACompromise; removeFromCRL ends a\n"
@@ -189,12 +214,14 @@ void add_ca_list_commands(CLI::App& group) {
     command->add_flag("--root", list->ofRoot, "The root's list, root.crl, instead of ca.crl");
     add_list_days(*command, list->days);
     list->password.add_to(*command, "password", "Password of the authority's key");
+    add_json_flag(*command, list->json);
     command->footer("To be made anew and published before the last one is out of date.\n\n"
                     "Example:\n  zul ca crl pki --days 7");
     command->callback([list] { list->renew(); });
 
     auto show = std::make_shared<CaListCommand>();
     command = add_list_command(group, "list", "Show the certificates and which are revoked", show->folder);
+    add_json_flag(*command, show->json);
     command->footer(
         "Fields are parted by tabs: serial number, status (valid, expired, or revoked with day and\n"
         "reason), end of the validity, profile, subject, other names.\n\n"

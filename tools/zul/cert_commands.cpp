@@ -3,6 +3,7 @@
 
 #include "certificates.h"
 #include "commands.h"
+#include "json_output.h"
 #include "object_lists.h"
 #include "streams.h"
 
@@ -53,7 +54,14 @@ constexpr const char* kMoreQueries[] = {
     "sctCount",      "extensions",
 };
 
+// The answers that may be several, parted by line ends.
+constexpr const char* kListQueries[] = {
+    "keyUsage",   "extKeyUsage", "subjectAltName",  "dns", "ip",   "email",
+    "uri",        "policies",    "nameConstraints", "crl", "ocsp", "caIssuers",
+    "tlsFeature", "extensions"};
+
 struct QueryCommand {
+    bool json = false;
     std::string file;
     std::vector<std::string> names;
 
@@ -103,12 +111,15 @@ struct QueryCommand {
         if (names.empty())
             wanted.insert(wanted.end(), std::begin(kMoreQueries), std::end(kMoreQueries));
         std::string text;
+        JsonObject values;
         for (const char* name : wanted) {
             const std::string label = std::string(name) + ":";
             const bool isOld = find(kQueries, name) != nullptr && !isOther;
             std::string value = isOld ? old_answer(object, name) : cert_query(argument, object.name(), name);
             if (value.ends_with('\n'))
                 value.pop_back();
+            if (!value.empty() || !names.empty())
+                add_value(values, name, value);
             if (wanted.size() > 1) {
                 if (value.empty() && names.empty() && !isOld)
                     continue;
@@ -118,7 +129,21 @@ struct QueryCommand {
             }
             text += value + "\n";
         }
-        Output("-").write(text);
+        print_report(json, JsonObject().add_file("file", file).add("values", values), text);
+    }
+
+    static void add_value(JsonObject& values, const char* name, const std::string& value) {
+        if (find(kListQueries, name) == nullptr) {
+            values.add(name, value);
+            return;
+        }
+        JsonArray items;
+        for (size_t at = 0; at < value.size();) {
+            const size_t end = std::min(value.find('\n', at), value.size());
+            items.add(std::string_view(value).substr(at, end - at));
+            at = end + 1;
+        }
+        values.add(name, items);
     }
 
     static constexpr size_t kLabelWidth = 27;
@@ -126,23 +151,33 @@ struct QueryCommand {
 
 struct CheckNameCommand {
     std::string file, name;
-    bool subjectName = false;
+    bool subjectName = false, json = false;
 
     void run() const {
+        report_verdict(json, [this](JsonObject& about) { return check(about); });
+    }
+
+    std::string check(JsonObject& about) const {
+        about.add_file("file", file).add("name", name);
         const ObjectArgument certificate(file);
         accept_status(
             CERT_CheckName(certificate.text(), name.c_str(), subjectName ? ZUL_CERT_SUBJECT_NAME : 0),
             certificate.name());
-        Output("-").write(certificate.name() + ": is for " + shown_name(name) +
-                          " (signatures and dates not checked)\n");
+        return certificate.name() + ": is for " + shown_name(name) + " (signatures and dates not checked)\n";
     }
 };
 
 struct CertVerifyCommand {
     std::string file, issuer;
+    bool json = false;
 
     void run() const {
         refuse_shared_input({is_standard_stream(file), is_standard_stream(issuer)});
+        report_verdict(json, [this](JsonObject& about) { return check(about); });
+    }
+
+    std::string check(JsonObject& about) const {
+        about.add_file("file", file).add_file("issuer", issuer);
         const ObjectArgument object(file), signer = certificate_object(issuer);
         const int result = X509_VerifyCert(object.text(), signer.text());
         if (result == -1)
@@ -150,13 +185,14 @@ struct CertVerifyCommand {
                                       "It was not signed with the key of " + signer.name() +
                                           ", or it was changed.");
         accept_status(result, object.name());
-        Output("-").write(object.name() + ": good signature, made with the key of " + signer.name() +
-                          " (dates, names and revocation not checked)\n");
+        return object.name() + ": good signature, made with the key of " + signer.name() +
+               " (dates, names and revocation not checked)\n";
     }
 };
 
 struct ThumbCommand {
     std::string digest = "sha256", file;
+    bool json = false;
 
     void run() const {
         const Digest& algorithm = find_digest(digest);
@@ -164,7 +200,9 @@ struct ThumbCommand {
         char hash[129] = "";
         accept_length(X509_CertThumb(certificate.text(), hash, sizeof hash - 1, algorithm.option),
                       certificate.name());
-        Output("-").write(digest_line(hash, file));
+        JsonObject object;
+        object.add_file("file", file).add("algorithm", algorithm.name).add("thumbprint", hash);
+        print_report(json, object, digest_line(hash, file));
     }
 };
 
@@ -196,6 +234,7 @@ void add_cert_commands(CLI::App& app) {
         ->required()
         ->option_text(" ");
     command->add_option("NAME", query->names, "What to print; all if none is named")->option_text(" ");
+    add_json_flag(*command, query->json);
     std::string names;
     for (const char* each : kQueries)
         names += std::string("  ") + each + "\n";
@@ -217,6 +256,7 @@ void add_cert_commands(CLI::App& app) {
         ->option_text(" ");
     command->add_flag("--subject-name", checkName->subjectName,
                       "Names in the subject count too, where subjectAltName has none");
+    add_json_flag(*command, checkName->json);
     command->footer(
         "The rules are those of RFC 9525. Only names are looked at: 'zul cert path' checks all. Exit\n"
         "status 1, with a list of the certificate's names, if it is for others.\n\n"
@@ -231,6 +271,7 @@ void add_cert_commands(CLI::App& app) {
     command->add_option("--issuer", verify->issuer, "Needed: the issuer's certificate")
         ->required()
         ->option_text("FILE");
+    add_json_flag(*command, verify->json);
     command->footer(
         "The signature alone is checked: 'zul cert path' checks names and dates too. Exit status 1\n"
         "for a signature that is not good.\n\n"
@@ -244,6 +285,7 @@ void add_cert_commands(CLI::App& app) {
         ->required()
         ->option_text(" ");
     command->add_option("-a,-d,--digest", thumb->digest, "Digest (sha256)")->option_text("DIGEST");
+    add_json_flag(*command, thumb->json);
     command->footer("Example:\n  zul cert thumb -a sha1 alice.pem");
     for (CLI::App* each : group->get_subcommands([](const CLI::App*) { return true; }))
         each->group("Commands");

@@ -2,6 +2,7 @@
 #include <memory>
 
 #include "commands.h"
+#include "json_output.h"
 #include "object_lists.h"
 #include "path_options.h"
 #include "streams.h"
@@ -19,10 +20,27 @@ struct PathCommand {
     void run() const {
         const std::vector<std::string> first{file};
         refuse_second_standard_input({&first, &others, &options.trusted, &options.crls, &options.responses});
-        const PathAnswer answer = PathCheck(options).check(object_list(first), object_list(others), json);
-        Output("-").write(answer.report);
+        if (json)
+            report_verdict(true, [&](JsonObject& about) {
+                const PathAnswer answer = check(first);
+                about.join_text(answer.report);
+                accept(answer);
+                return "";
+            });
+        else
+            print_text(check(first));
+    }
+
+    PathAnswer check(const std::vector<std::string>& first) const {
+        return PathCheck(options).check(object_list(first), object_list(others), json);
+    }
+    void accept(const PathAnswer& answer) const {
         if (answer.code != 0)
             throw Refused::by_system(answer.code, file, answer.reason);
+    }
+    void print_text(const PathAnswer& answer) const {
+        Output("-").write(answer.report);
+        accept(answer);
     }
 };
 
@@ -44,7 +62,7 @@ void add_cert_path_command(CLI::App& group) {
     path->options.add_hosts_to(*command);
     path->options.add_purpose_to(*command);
     path->options.add_status_to(*command);
-    command->add_flag("--json", path->json, "Print the report as JSON");
+    add_json_flag(*command, path->json);
     command->footer(
         "All of RFC 5280, section 6, is checked: signatures, dates, authorities (CA), path lengths, key\n"
         "usage, name constraints, policies, critical extensions, and revocation by the lists and responses\n"

@@ -7,6 +7,7 @@
 
 #include "armour.h"
 #include "description_options.h"
+#include "json_output.h"
 #include "object_lists.h"
 #include "operating_system.h"
 #include "streams.h"
@@ -187,7 +188,7 @@ void add_show_command(CLI::App& group, const std::string& what, const std::strin
         ->required()
         ->option_text(" ");
     command->add_option("-o,--out", show->out, "Output file (standard output)")->option_text("FILE");
-    command->add_flag("--json", show->json, "Print JSON");
+    add_json_flag(*command, show->json);
     command->footer(
         "All objects in the file are shown: certificates, requests, revocation lists, OCSP responses.\n"
         "Nothing is checked: what is shown may be forged. The text is UTF-8; characters that could\n"

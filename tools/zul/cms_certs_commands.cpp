@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "cms_message.h"
+#include "json_output.h"
 #include "streams.h"
 
 namespace tool {
@@ -28,6 +29,33 @@ struct MakeCertsCommand {
                                       ZUL_CMS_CERTS_ONLY | (pem ? ZUL_CMS_FORMAT_BASE64 : 0)),
                       "message");
         made.deliver(out);
+    }
+};
+
+struct ListCertsCommand {
+    std::string file;
+    bool json = false;
+
+    void run() const {
+        const Message message(file);
+        std::string text;
+        JsonArray list;
+        for (int i = 1; i <= message.certificate_count(); ++i) {
+            const Certificate each = message.certificate(i);
+            const bool isReadable = each.number("version") >= 0;
+            JsonObject object;
+            object.add("number", i).add("isReadable", isReadable);
+            text += std::to_string(i);
+            for (const char* name : {"serialNumber", "notAfter", "subjectName", "issuerName"}) {
+                const std::string value = isReadable ? query(each.argument, name) : "?";
+                text += "\t" + value;
+                if (isReadable)
+                    object.add(name, value);
+            }
+            text += "\n";
+            list.add(object);
+        }
+        print_report(json, JsonObject().add_file("file", file).add("certificates", list), text);
     }
 };
 
@@ -67,7 +95,8 @@ struct ExtractCertsCommand {
 } // namespace
 
 void add_cms_certs_commands(CLI::App& app) {
-    CLI::App* group = app.add_subcommand("certs", "Make a message of certificates alone, or take them out");
+    CLI::App* group =
+        app.add_subcommand("certs", "Make a message of certificates alone, list them or take them out");
     group->require_subcommand(1);
     group->footer("Example:\n  zul cms certs make alice.pem ca.pem -o chain.p7b\n"
                   "  zul cms certs extract chain.p7b -o chain.pem");
@@ -97,6 +126,17 @@ void add_cms_certs_commands(CLI::App& app) {
     command->footer("Nothing is checked: anybody can put a certificate into a message.\n\n"
                     "Example:\n  zul cms certs extract report.p7m --index 1 -o alice.pem");
     command->callback([extract] { extract->run(); });
+
+    auto list = std::make_shared<ListCertsCommand>();
+    command = group->add_subcommand("list", "List the certificates of a message");
+    command->add_option("MESSAGE", list->file, "A signed message or a p7b; - for standard input")
+        ->required()
+        ->option_text(" ");
+    add_json_flag(*command, list->json);
+    command->footer(
+        "Nothing is checked. Fields are parted by tabs: the N of 'zul cms certs extract', serial number,\n"
+        "end of the validity, subject, issuer.\n\nExample:\n  zul cms certs list chain.p7b");
+    command->callback([list] { list->run(); });
 
     for (CLI::App* each : group->get_subcommands([](const CLI::App*) { return true; }))
         each->group("Commands");

@@ -31,6 +31,13 @@ const Digest* known_digest(const std::string& name) {
     }
 }
 
+std::string thumbprint(const Certificate& each) {
+    char thumb[65] = "";
+    accept_length(X509_CertThumb(each.argument.text(), thumb, sizeof thumb - 1, ZUL_HASH_SHA256),
+                  each.name());
+    return thumb;
+}
+
 void warn_of_digest(const std::string& name) {
     if (name.find("md") != name.npos || name.find("sha1") != name.npos || name.find("sha-1") != name.npos)
         warn("signed with " + name + ", which is broken: two contents with the same signature can be made");
@@ -160,12 +167,10 @@ std::string VerifiedMessage::trust() const {
 }
 
 std::string VerifiedMessage::describe(const Certificate& each) const {
-    char thumb[65] = "";
-    accept_length(X509_CertThumb(each.argument.text(), thumb, sizeof thumb - 1, ZUL_HASH_SHA256),
-                  each.name());
     const auto item = [&each](const char* name) { return tool::query(each.argument, name); };
     return "  signer      " + item("subjectName") + "\n  issued by   " + item("issuerName") + ", number " +
-           item("serialNumber") + "\n  thumbprint  sha256 " + thumb + "\n  trust       " + trust() + "\n";
+           item("serialNumber") + "\n  thumbprint  sha256 " + thumbprint(each) + "\n  trust       " +
+           trust() + "\n";
 }
 
 std::string VerifiedMessage::report() const {
@@ -185,6 +190,26 @@ std::string VerifiedMessage::report() const {
                 (static_cast<size_t>(count_) > signers_.size() ? ", and no other\n" : "\n");
     }
     return text;
+}
+
+void VerifiedMessage::report_to(JsonObject& about) const {
+    JsonArray signers;
+    for (const Certificate& each : signers_) {
+        JsonObject one;
+        for (const char* name : {"subjectName", "issuerName", "serialNumber"})
+            one.add(name, tool::query(each.argument, name));
+        signers.add(one.add("sha256", thumbprint(each)));
+    }
+    about.add("signers", signers).add("countOfSigners", count_);
+    if (count_ == 1) {
+        const std::string time = message_.query(CMS_QuerySigData, "SigningTime");
+        if (!time.empty())
+            about.add("signingTime", time);
+    }
+    const PathOptions& path = options_.path;
+    about.add("trust", options_.isValidated() ? "path" : options_.signer.empty() ? "none" : "certificate");
+    about.add("isRevocationChecked",
+              options_.isValidated() && path.has_evidence() && path.revocation != "none");
 }
 
 SecretBytes VerifiedMessage::content() const {

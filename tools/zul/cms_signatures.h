@@ -2,6 +2,7 @@
 #include <functional>
 
 #include "cms_message.h"
+#include "json_text.h"
 #include "path_options.h"
 
 // The signatures of a message, and who signed.
@@ -31,7 +32,8 @@ class VerifiedMessage {
 
     // Those whose signatures are good.
     const std::vector<Certificate>& signers() const { return signers_; }
-    std::string report() const;  // lines
+    std::string report() const; // lines
+    void report_to(JsonObject& about) const;
     SecretBytes content() const; // that the message carries
 
   private:

@@ -5,6 +5,7 @@
 #include "cms_signatures.h"
 #include "file_digest.h"
 #include "hex_text.h"
+#include "json_output.h"
 #include "streams.h"
 
 namespace tool {
@@ -14,11 +15,26 @@ namespace {
 struct CmsVerifyCommand {
     std::string file, contentFile, digestHex, out;
     SignatureOptions options;
+    bool json = false;
 
     void run() const {
         if (!contentFile.empty() && !digestHex.empty())
             throw UsageError("--content and --content-digest exclude each other");
+        if (json && is_standard_stream(out))
+            throw UsageError("--json and -o - exclude each other: both write to standard output");
         options.check({file, contentFile}, out);
+        JsonObject unused;
+        if (json)
+            report_verdict(true, [this](JsonObject& about) {
+                verify(about);
+                return "";
+            });
+        else
+            verify(unused);
+    }
+
+    void verify(JsonObject& about) const {
+        about.add_file("file", file);
         const Message message(file);
         std::optional<ContentFile> content; // a stream can be read only once
         if (!contentFile.empty())
@@ -31,11 +47,15 @@ struct CmsVerifyCommand {
             return content && algorithm != nullptr ? file_digest(content->path(), *algorithm) : std::string();
         });
         const std::string report = verified.report();
+        verified.report_to(about);
         if (!out.empty()) {
             Output output(out);
             output.write(verified.content());
             output.finish();
+            about.add_file("content", out);
         }
+        if (json)
+            return;
         if (is_standard_stream(out))
             std::fputs(report.c_str(), stderr);
         else
@@ -59,6 +79,7 @@ void add_cms_verify_command(CLI::App& group) {
         ->add_option("-o,--out", verify->out,
                      "File for the content, once all is good; with - the report goes to standard error")
         ->option_text("FILE");
+    add_json_flag(*command, verify->json);
     command->footer(
         "Without --trusted or --cert a good signature says only that somebody has signed: the certificate\n"
         "comes with the message, and anybody can make one in any name. The signing time is the signer's\n"

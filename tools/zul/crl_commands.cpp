@@ -6,6 +6,7 @@
 #include "commands.h"
 #include "der.h"
 #include "description_options.h"
+#include "json_output.h"
 #include "operating_system.h"
 #include "streams.h"
 
@@ -163,6 +164,7 @@ SecretBytes list_head(const std::string& file) {
 
 struct CheckCrlCommand {
     std::string file, crl, issuer, date;
+    bool json = false;
 
     // An old list does not know the latest revocations.
     static std::string age(const ListDates& dates, const std::string& moment, const std::string& name) {
@@ -179,6 +181,28 @@ struct CheckCrlCommand {
 
     void run() const {
         refuse_shared_input({is_standard_stream(file), is_standard_stream(crl), is_standard_stream(issuer)});
+        bool isRevoked = false;
+        JsonObject about;
+        try {
+            const std::string text = check(about, isRevoked);
+            if (!json)
+                Output("-").write(text);
+            else if (isRevoked)
+                throw Refused::by_system(BAD_KEY_ERROR, file, "The certificate is revoked.");
+            else
+                print_verdict(nullptr, about);
+        } catch (const Refused& refused) {
+            if (json)
+                print_verdict(&refused, about);
+            if (!isRevoked)
+                throw;
+        }
+        if (isRevoked)
+            throw SilentFailure{};
+    }
+
+    std::string check(JsonObject& about, bool& isRevoked) const {
+        about.add_file("file", file).add_file("crl", crl);
         const std::string moment = date.empty() ? "" : date_text(date, "--date", kEnd);
         const ObjectArgument certificate = certificate_object(file);
         std::error_code ignored;
@@ -193,13 +217,16 @@ struct CheckCrlCommand {
                                                              isChecked ? signer.text() : nullptr,
                                                              moment.empty() ? nullptr : moment.c_str(), 0),
                                          list.name());
+        isRevoked = result != 0;
+        about.add("isRevoked", isRevoked).add("isSignatureChecked", isChecked);
+        for (const auto& [name, time] : {std::pair("thisUpdate", dates.made),
+                                         std::pair("nextUpdate", dates.next), std::pair("date", moment)})
+            if (!time.empty())
+                about.add(name, time + "Z");
         std::string text = certificate.name() + (result == 0 ? ": not revoked" : ": REVOKED");
         text += moment.empty() ? "" : " on " + moment + "Z";
         text += ", says " + list.name() + age(dates, moment.empty() ? now_text(0) : moment, list.name());
-        text += isChecked ? "\n" : " (whose signature was not checked: --issuer FILE does)\n";
-        Output("-").write(text);
-        if (result != 0)
-            throw SilentFailure{};
+        return text + (isChecked ? "\n" : " (whose signature was not checked: --issuer FILE does)\n");
     }
 };
 

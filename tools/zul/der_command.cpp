@@ -5,7 +5,7 @@
 #include "armour.h"
 #include "commands.h"
 #include "der.h"
-#include "failures.h"
+#include "json_output.h"
 #include "streams.h"
 
 namespace tool {
@@ -64,21 +64,46 @@ void list(const SecretBytes& bytes, const std::string& name) {
     }
 }
 
+JsonObject der_object(const SecretBytes& bytes, const std::string& name) {
+    JsonArray elements;
+    DerWalk walk(bytes, name);
+    for (DerElement element; walk.next(element);) {
+        const unsigned char* content = element.header + element.headerSize;
+        JsonObject one;
+        one.add("level", element.level).add("offset", element.header - bytes.data());
+        one.add_hex("header", element.header, element.headerSize);
+        one.add("isConstructed", element.isConstructed);
+        if (element.isIndefinite)
+            one.add_raw("length", "null");
+        else
+            one.add("length", element.length);
+        if (!element.isConstructed)
+            one.add_hex("content", content, element.length);
+        elements.add(one);
+    }
+    return JsonObject().add_file("file", name).add("elements", elements);
+}
+
 } // namespace
 
 void add_der_command(CLI::App& app) {
     auto file = std::make_shared<std::string>();
+    auto json = std::make_shared<bool>(false);
     CLI::App* command = app.add_subcommand("der", "List the elements of an ASN.1 encoding (DER or BER)");
     command->add_option("FILE", *file, "DER, PEM or base64; - for standard input")
         ->required()
         ->option_text(" ");
+    add_json_flag(*command, *json);
     command->footer("Of several PEM blocks the first counts. A private key is listed with all its values.\n\n"
                     "Example:\n  zul der server.pem");
-    command->callback([file] {
+    command->callback([file, json] {
         const SecretBytes bytes = binary_content(Input(*file).read_all(), *file);
         if (bytes.empty())
             throw Refused::by_system(NO_DATA_ERROR, *file);
-        list(bytes, *file);
+        if (*json)
+            print_json(der_object(bytes, *file));
+        else
+            list(bytes, *file);
     });
 }
 

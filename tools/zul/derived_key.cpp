@@ -2,8 +2,8 @@
 
 #include <CLI/CLI.hpp>
 
-#include "failures.h"
 #include "hex_text.h"
+#include "json_output.h"
 #include "operating_system.h"
 #include "streams.h"
 
@@ -30,7 +30,15 @@ void DerivedOutput::add_to(CLI::App& command) {
         ->option_text(" ");
 }
 
+void DerivedOutput::add_json_to(CLI::App& command) {
+    add_json_flag(command, json_);
+}
+
 void DerivedOutput::write(const SecretBytes& secret) const {
+    if (json_ && !file_.empty())
+        throw UsageError("--json prints the key in hex; leave out OUT");
+    if (json_)
+        return print_json(JsonObject().add_hex("key", secret.data(), secret.size()));
     if (file_.empty()) {
         Output out("-");
         out.write(hex_line(secret));

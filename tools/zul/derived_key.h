@@ -25,11 +25,13 @@ class SaltOption {
 class DerivedOutput {
   public:
     void add_to(CLI::App& command);
+    void add_json_to(CLI::App& command);
     void write(const SecretBytes& secret) const;
     const std::string& file() const { return file_; }
 
   private:
     std::string file_;
+    bool json_ = false;
 };
 
 } // namespace tool

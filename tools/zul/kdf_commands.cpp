@@ -119,6 +119,7 @@ void add(CLI::App& group, const char* name, const char* what, const char* exampl
     command->add_option("--length", state->length, "Bytes of the key (32)")
         ->check(CLI::Range(1, 1 << 20))
         ->option_text("N");
+    state->output.add_json_to(*command);
     command->footer(std::string("Example:\n  ") + example);
     command->callback([state] { state->run(); });
     command->group("Commands");

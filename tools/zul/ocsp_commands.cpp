@@ -4,6 +4,7 @@
 #include "armour.h"
 #include "cms_message.h"
 #include "commands.h"
+#include "json_output.h"
 #include "object_lists.h"
 #include "ocsp_answer.h"
 #include "streams.h"
@@ -14,6 +15,7 @@ namespace {
 
 struct OcspRequestCommand {
     std::string issuer, file, serial, digest = "sha1";
+    bool json = false;
     MessageOutput output;
 
     // The library takes the number as the INTEGER's content, so a first bit of 1 needs a sign octet before
@@ -29,7 +31,8 @@ struct OcspRequestCommand {
         const std::string number = serial.empty() ? "" : serial_argument(serial);
         const int options = find_digest(digest).option;
         refuse_shared_input({is_standard_stream(issuer), is_standard_stream(file)});
-        output.check(serial.empty() ? std::vector{issuer, file} : std::vector{issuer});
+        if (!json || !is_standard_stream(output.out))
+            output.check(serial.empty() ? std::vector{issuer, file} : std::vector{issuer});
         const ObjectArgument signer = certificate_object(issuer);
         const ObjectArgument certificate = serial.empty() ? certificate_object(file) : signer;
         const char* asked = serial.empty() ? certificate.text() : number.c_str();
@@ -40,6 +43,20 @@ struct OcspRequestCommand {
         std::string text(static_cast<size_t>(make(nullptr, 0)), '\0');
         make(text.data(), static_cast<int>(text.size()));
 
+        if (json) {
+            JsonObject object;
+            object.add("digest", find_digest(digest).name).add_file("issuer", issuer);
+            if (serial.empty())
+                object.add_file("file", file);
+            else
+                object.add("serialNumber", serial_hex(serial, "--serial"));
+            object.add("request", text);
+            if (!is_standard_stream(output.out))
+                object.add_file("output", output.out);
+            print_json(object);
+            if (is_standard_stream(output.out))
+                return;
+        }
         Output out(output.out);
         if (output.base64)
             out.write(text + "\n");
@@ -59,20 +76,34 @@ struct OcspReadCommand {
         refuse_shared_input(
             {is_standard_stream(file), is_standard_stream(issuer), is_standard_stream(certificate)});
         const std::string moment = time.empty() ? "" : date_text(time, "--time", "T00:00:00");
+        JsonObject unused;
+        if (json)
+            report_verdict(true, [&](JsonObject& about) {
+                read(about, moment);
+                return "";
+            });
+        else
+            read(unused, moment);
+    }
+
+    void read(JsonObject& about, const std::string& moment) const {
+        about.add_file("file", file);
         const SecretBytes der = der_of(file);
         const ObjectArgument argument(file, der);
         const OcspResponse response(der, argument.name());
         if (!certificate.empty())
-            return read_about(argument, response, read_certificate(certificate), moment);
+            return read_about(argument, response, read_certificate(certificate), moment, about);
         std::string end;
         if (!response.statuses().empty() && issuer.empty()) {
             end = "The signature was not checked: --issuer FILE does\n";
         } else if (!response.statuses().empty()) {
             const Certificate authority = read_certificate(issuer);
-            end = "Good signature, made with the key of " + response.signer(authority, moment) + "\n";
+            const std::string signer = response.signer(authority, moment);
+            end = "Good signature, made with the key of " + signer + "\n";
+            about.add("signer", signer);
             response.refuse_others_than(authority.argument);
         }
-        print(argument, end);
+        print(argument, end, about);
         if (response.statuses().empty())
             throw Refused::by_system(NO_DATA_ERROR, argument.name(), "It tells no status.");
         for (const OcspStatus& each : response.statuses())
@@ -80,7 +111,7 @@ struct OcspReadCommand {
     }
 
     void read_about(const ObjectArgument& argument, const OcspResponse& response, const Certificate& about,
-                    const std::string& moment) const {
+                    const std::string& moment, JsonObject& object) const {
         const std::string conditions =
             "revocation=leaf;maxDepth=0;anchor=key" + (moment.empty() ? "" : ";time=" + moment);
         const Certificate authority = read_certificate(issuer); // its end would empty the error state
@@ -91,13 +122,17 @@ struct OcspReadCommand {
         if (!isTold && response.has_known_algorithm())
             response.signer(authority, moment); // or refused: what a stranger says is not printed
         if (isTold || response.has_known_algorithm())
-            print(argument, code == 0 ? about.name() + ": good, says " + argument.name() + "\n" : "");
+            print(argument, code == 0 ? about.name() + ": good, says " + argument.name() + "\n" : "", object);
         if (code != 0)
             throw Refused::by_system(code, about.name(), reason);
     }
 
-    void print(const ObjectArgument& response, const std::string& end) const {
-        Output("-").write(cert_report(response.text(), response.name(), json) + (json ? "" : end));
+    void print(const ObjectArgument& response, const std::string& end, JsonObject& object) const {
+        const std::string report = cert_report(response.text(), response.name(), json);
+        if (json)
+            object.join_text(report);
+        else
+            Output("-").write(report + end);
     }
 
     static void accept(const OcspStatus& status, const std::string& name, const std::string& moment) {
@@ -135,6 +170,7 @@ void add_ocsp_commands(CLI::App& app) {
     command->add_option("-d,--digest", request->digest, "Digest that names the issuer (sha1)")
         ->option_text("DIGEST");
     request->output.add_to(*command);
+    add_json_flag(*command, request->json);
     command->footer("Many responders know no other digest than sha1. The request is not signed.\n\n"
                     "Example:\n  zul ocsp request --issuer ca.pem alice.pem -o alice.req");
     command->callback([request] { request->run(); });
@@ -152,7 +188,7 @@ void add_ocsp_commands(CLI::App& app) {
     command->add_option("--cert", read->certificate, "The certificate whose status is asked, needs --issuer")
         ->option_text("CERT");
     command->add_option("--time", read->time, "Check for this time instead of now")->option_text("DATE");
-    command->add_flag("--json", read->json, "Print JSON");
+    add_json_flag(*command, read->json);
     command->footer(
         "Exit status:\n"
         "  0  good and up to date: with --cert that certificate, else all in the response\n"

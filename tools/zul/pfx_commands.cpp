@@ -2,6 +2,7 @@
 #include <memory>
 
 #include "commands.h"
+#include "json_output.h"
 #include "pfx_input.h"
 #include "streams.h"
 
@@ -38,18 +39,22 @@ struct ListCommand {
             return length;
         };
         report.resize(static_cast<size_t>(accept_length(input.read(pfx, list), pfx.name())));
-        write_file("-", report);
+        if (json)
+            print_json(JsonObject().join_text({as_text(report), report.size()}));
+        else
+            write_file("-", report);
     }
 };
 
 struct VerifyPfxCommand {
     std::string file;
+    bool json = false;
     PfxPassword password;
 
     // PFX_VerifySig looks at nothing but the MAC, and knows only those of RFC 7292 and passwords in Latin-1.
     // P12_List knows the others; it reads the whole file, which needs the same password.
-    void run() const {
-        password.check({file});
+    std::string check(JsonObject& about) const {
+        about.add_file("file", file);
         const ObjectArgument pfx(file);
         const SecretBytes secret = password.read(in_quotes(pfx.name()));
         const int result = PFX_VerifySig(pfx.text(), as_text(secret), 0);
@@ -63,7 +68,12 @@ struct VerifyPfxCommand {
                     "The MAC does not match: a wrong password, or the file was changed.");
             accept_length(length, pfx.name());
         }
-        Output("-").write(pfx.name() + ": good MAC, made with this password\n");
+        return pfx.name() + ": good MAC, made with this password\n";
+    }
+
+    void run() const {
+        password.check({file});
+        report_verdict(json, [this](JsonObject& about) { return check(about); });
     }
 };
 
@@ -82,7 +92,7 @@ void add_pfx_commands(CLI::App& app) {
     CLI::App* command = group->add_subcommand("list", "Print what a file holds and how it is protected");
     list->input.add_to(*command);
     command->add_flag("--no-password", list->withoutPassword, "Print what is visible without a password");
-    command->add_flag("--json", list->json, "Print one JSON object");
+    add_json_flag(*command, list->json);
     command->footer("A line for the MAC, for each part of the file and for each key and certificate in it.\n"
                     "Exit status 1 with error 15 for a wrong password.\n\n"
                     "Example:\n  zul pfx list alice.p12");
@@ -94,6 +104,7 @@ void add_pfx_commands(CLI::App& app) {
         ->required()
         ->option_text(" ");
     verify->password.add_to(*command, "Password of FILE");
+    add_json_flag(*command, verify->json);
     command->footer("Exit status 1 for a wrong password, or if the file was changed or has no MAC.\n\n"
                     "Example:\n  zul pfx verify alice.p12");
     command->callback([verify] { verify->run(); });

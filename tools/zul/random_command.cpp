@@ -6,6 +6,7 @@
 #include "commands.h"
 #include "failures.h"
 #include "hex_text.h"
+#include "json_output.h"
 #include "operating_system.h"
 #include "streams.h"
 
@@ -18,7 +19,7 @@ constexpr size_t kMaxRequest = 65536; // of one call of the generator
 struct RandomCommand {
     std::string count, out = "-", report;
     std::vector<int> range;
-    bool hex = false, test = false;
+    bool hex = false, test = false, json = false;
 
     void print_number() const {
         const int64_t lower = range[0], upper = range[1];
@@ -26,13 +27,34 @@ struct RandomCommand {
             throw UsageError("--number takes the lower bound first: LOWER UPPER");
         if (upper - lower >= std::numeric_limits<int>::max())
             throw UsageError("--number takes a range of at most 2147483647 numbers");
-        Output("-").write(std::to_string(RNG_Number(range[0], range[1])) + "\n");
+        const int number = RNG_Number(range[0], range[1]);
+        print_report(json, JsonObject().add("number", number), std::to_string(number) + "\n");
     }
 
     void run_test() const {
         accept_length(RNG_Test(report.empty() ? nullptr : report.c_str(), 0), "test of the generator");
-        Output("-").write(
-            "The generator passed its known-answer test and the statistical tests of FIPS 140-2.\n");
+        print_report(json, JsonObject().add("passed", true),
+                     "The generator passed its known-answer test and the statistical tests of FIPS 140-2.\n");
+    }
+
+    static SecretBytes draw(uint64_t most) {
+        SecretBytes bytes(static_cast<size_t>(std::min<uint64_t>(most, kMaxRequest)));
+        accept_status(RNG_Bytes(bytes.data(), int_length(bytes), nullptr, 0), "random");
+        return bytes;
+    }
+
+    void print_object(uint64_t size) const {
+        constexpr uint64_t kMost = 1 << 24;
+        if (!hex || !is_standard_stream(out))
+            throw UsageError("--json goes with --hex without OUT, --number and --test");
+        if (size > kMost)
+            throw UsageError("--json takes at most 16777216 bytes");
+        SecretBytes all;
+        while (all.size() < size) {
+            const SecretBytes bytes = draw(size - all.size());
+            all.insert(all.end(), bytes.begin(), bytes.end());
+        }
+        print_json(JsonObject().add_hex("bytes", all.data(), all.size()));
     }
 
     void write_bytes() const {
@@ -42,15 +64,15 @@ struct RandomCommand {
         if (count.size() > 18 || count.find_first_not_of("0123456789") != count.npos)
             throw UsageError("N is a number of bytes, such as 32, not " + in_quotes(count));
         left = std::stoull(count);
+        if (json)
+            return print_object(left);
         if (is_standard_stream(out) && !hex && output_is_terminal())
             throw UsageError(
                 "random bytes would disturb the terminal; use --hex, or name a file: zul random " + count +
                 " FILE");
         Output output(out);
-        SecretBytes bytes;
         while (left > 0) {
-            bytes.resize(static_cast<size_t>(std::min<uint64_t>(left, kMaxRequest)));
-            accept_status(RNG_Bytes(bytes.data(), int_length(bytes), nullptr, 0), "random");
+            const SecretBytes bytes = draw(left);
             left -= bytes.size();
             if (!hex) {
                 output.write(bytes);
@@ -93,6 +115,7 @@ void add_random_command(CLI::App& app) {
     command->add_flag("--test", random->test, "Test the generator");
     command->add_option("--report", random->report, "With --test: write a report to a file")
         ->type_name("FILE");
+    add_json_flag(*command, random->json);
     command->footer("Example:\n  zul random 32 aes.key\n  zul random 16 --hex\n  zul random --number 1 6");
     command->callback([random] { random->run(); });
 }

@@ -7,6 +7,7 @@
 #include "commands.h"
 #include "failures.h"
 #include "input_watch.h"
+#include "json_output.h"
 #include "key_option.h"
 #include "key_output.h"
 #include "operating_system.h"
@@ -55,7 +56,7 @@ struct SealedFile {
 
     void add_to(CLI::App& command, const std::string& outText) {
         command.add_flag("-p", asks, "Under a password, for which you are asked");
-        password.add_to(command, "password", "Password");
+        password.add_to(command, "password", "Password", "-p");
         replace.add_to(command);
         command.add_option("IN", in, "Input file; - for standard input")->required()->option_text(" ");
         command.add_option("OUT", out, outText)->option_text(" ");
@@ -164,7 +165,7 @@ struct OpenCommand {
 
 struct IdentityCommand {
     std::string file = "-";
-    bool recipient = false;
+    bool recipient = false, json = false;
     ReplaceOption replace;
 
     static std::string recipient_of(const char* identity, const std::string& subject) {
@@ -179,9 +180,11 @@ struct IdentityCommand {
                 throw UsageError("--recipient needs FILE");
             std::string list;
             KeyFiles{{file}}.append_to(list);
-            Output("-").write(recipient_of(list.c_str(), file) + "\n");
+            print_recipient(recipient_of(list.c_str(), file));
             return;
         }
+        if (json && is_standard_stream(file))
+            throw UsageError("--json needs FILE: the identity itself goes to standard output");
         replace.for_private(file);
         std::error_code ignored;
         if (is_on_disk(file)) // others may have the right to read it
@@ -196,7 +199,11 @@ struct IdentityCommand {
         output.write(identity);
         output.finish();
         if (!is_standard_stream(file))
-            Output("-").write(text + "\n");
+            print_recipient(text);
+    }
+
+    void print_recipient(const std::string& text) const {
+        print_report(json, JsonObject().add_file("file", file).add("recipient", text), text + "\n");
     }
 };
 
@@ -239,6 +246,7 @@ void add_identity_command(CLI::App& app) {
     CLI::App* command = app.add_subcommand("identity", "Make an identity that opens sealed files");
     command->add_flag("--recipient", identity->recipient, "Print the recipient of the identity in FILE");
     identity->replace.add_to(*command);
+    add_json_flag(*command, identity->json);
     command
         ->add_option("FILE", identity->file, "The file, for its owner alone; none or - for standard output")
         ->option_text(" ");

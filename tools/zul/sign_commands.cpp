@@ -4,9 +4,9 @@
 
 #include "algorithms.h"
 #include "commands.h"
-#include "failures.h"
 #include "file_digest.h"
 #include "hex_text.h"
+#include "json_output.h"
 #include "keys.h"
 #include "progress.h"
 #include "streams.h"
@@ -155,6 +155,7 @@ struct SignCommand {
 
 struct VerifyCommand {
     std::string in, signature;
+    bool json = false;
     MethodOption choice;
     KeyFileOption key;
 
@@ -177,8 +178,15 @@ struct VerifyCommand {
 
     void run() const {
         refuse_shared_input({is_standard_stream(in), is_standard_stream(signature)});
+        report_verdict(json, [this](JsonObject& about) { return check(about); });
+    }
+
+    std::string check(JsonObject& about) const {
+        about.add_file("file", in).add_file("signature", signature).add_file("key", key.file());
         const Key publicKey = key.read_public(is_standard_stream(in) ? in : signature);
         const Method method = choice.method(publicKey);
+        if (!method.algorithm.empty())
+            about.add("algorithm", method.algorithm);
         const int result = verify(Input(signature).read_all(), publicKey, method);
         if (result == SIGNATURE_ERROR)
             throw Refused::by_system(
@@ -186,7 +194,7 @@ struct VerifyCommand {
                 "The file or the signature was changed, or the key, the algorithm or the "
                 "digest is not the signer's.");
         accept_status(result, in, hint_for(result, publicKey, method.algorithm));
-        Output("-").write(shown_name(in) + ": good signature\n");
+        return shown_name(in) + ": good signature\n";
     }
 };
 
@@ -214,6 +222,7 @@ void add_sign_commands(CLI::App& app) {
         ->option_text(" ");
     verify->key.add_to(*command, "the signer's public key or certificate");
     verify->choice.add_to(*command);
+    add_json_flag(*command, verify->json);
     command->footer(std::string(kAlgorithms) + "Exit status 1 for a signature that is not good.\n\n"
                                                "Example:\n  zul verify -k public.pem report.pdf report.sig");
     command->callback([verify] { verify->run(); });

@@ -6,6 +6,7 @@
 #include "commands.h"
 #include "failures.h"
 #include "hex_text.h"
+#include "json_output.h"
 #include "key_option.h"
 #include "streams.h"
 
@@ -16,6 +17,7 @@ namespace {
 struct WrapCommand {
     bool wrap;
     std::string algorithm, dataMark, in, out = "-";
+    bool json = false;
     KeyOption kek;
 
     SecretBytes read_data() const {
@@ -24,6 +26,8 @@ struct WrapCommand {
                              " either as --data HEX or as the file IN");
         if (!in.empty())
             return hex_or_raw(Input(in).read_all(), in_quotes(in));
+        if (wrap)
+            warn_of_secret("--data", "a file IN");
         const SecretBytes& text = hidden_argument(dataMark);
         return decode_hex(text.data(), text.size(), "--data");
     }
@@ -50,6 +54,8 @@ struct WrapCommand {
         const SecretBytes data = read_data();
         const auto call = wrap ? CIPHER_KeyWrap : CIPHER_KeyUnwrap;
         const std::string subject = wrap ? "key wrap" : "key unwrap";
+        if (json && !is_standard_stream(out))
+            throw UsageError("--json prints the key in hex; leave out --out");
         if (data.size() > kMaxLength - 24)
             throw UsageError("a key to wrap is less than 2 GiB long");
         SecretBytes result(data.size() + 24); // 8 bytes more with AES, 16 with Triple DES
@@ -58,6 +64,8 @@ struct WrapCommand {
         accept_length(length, subject, hint(std::abs(length), cipher));
         result.resize(static_cast<size_t>(length));
 
+        if (json)
+            return print_json(JsonObject().add_hex("key", result.data(), result.size()));
         write_file(out, is_standard_stream(out) ? hex_line(result) : result);
     }
 };
@@ -79,6 +87,7 @@ void add_wrap_command(CLI::App& app, bool wrap) {
     command->add_option("--data", state->dataMark, "The key in hex, instead of IN")->type_name("HEX");
     command->add_option("-o,--out", state->out, "Write the raw bytes to a file instead of printing hex")
         ->type_name("FILE");
+    add_json_flag(*command, state->json);
     command->footer(wrap ? "Example:\n  zul wrap -a aes-256 --kek-file master.key -o aes.wrapped aes.key"
                          : "Example:\n  zul unwrap -a aes-256 --kek-file master.key -o aes.key aes.wrapped");
     command->callback([state] { state->run(); });
