@@ -9,6 +9,7 @@ class App;
 namespace tool {
 
 void add_digest_commands(CLI::App& app);
+void add_hash_command(CLI::App& app);
 void add_cipher_commands(CLI::App& app);
 void add_seal_commands(CLI::App& app);
 void add_wrap_commands(CLI::App& app);

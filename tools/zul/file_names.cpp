@@ -23,13 +23,18 @@ std::string shown_name(const std::string& file) {
     return text;
 }
 
-std::string digest_line(const std::string& hex, const std::string& file) {
+std::string escaped_name(const std::string& file) {
     std::string name;
     for (const char c : file)
         if (c == '\\' || c == '\n' || c == '\r')
             name += c == '\\' ? "\\\\" : c == '\n' ? "\\n" : "\\r";
         else
             name += c;
+    return name;
+}
+
+std::string digest_line(const std::string& hex, const std::string& file) {
+    const std::string name = escaped_name(file);
     return (name.size() > file.size() ? "\\" : "") + hex + "  " + name + "\n";
 }
 

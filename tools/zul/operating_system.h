@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 // What the standard library does not have. posix/ and win32/ implement it, file for file. The rest of the
 // tool does not depend on the system.
@@ -42,6 +43,15 @@ bool lock_file(std::FILE* file);
 // create_for_owner creates a file, or empties it, for writing. A new one is for its owner alone from the
 // start (on Windows it gets what its folder gives). Null if that fails.
 std::FILE* create_for_owner(const std::string& name);
+
+// FolderEntry is something in a folder. Its name is empty if the tool could not open it by any name.
+struct FolderEntry {
+    enum class Kind { file, folder, linkToFolder, other };
+    Kind kind;
+    std::string name;
+};
+// list_folder adds what a folder holds. False if it cannot be read to its end.
+bool list_folder(const std::string& folder, std::vector<FolderEntry>& entries);
 
 // temporary_folder gives a name that ends with a separator; temporary_variable names the environment variable
 // that chooses the folder.

@@ -116,6 +116,24 @@ std::FILE* create_for_owner(const std::string& name) {
     return file < 0 ? nullptr : fdopen(file, "wb");
 }
 
+bool list_folder(const std::string& folder, std::vector<FolderEntry>& entries) {
+    using std::filesystem::file_type;
+    std::error_code error;
+    for (std::filesystem::directory_iterator each(folder, error), end; !error && each != end;
+         each.increment(error)) {
+        std::error_code ignored;
+        const bool isLink = each->symlink_status(ignored).type() == file_type::symlink;
+        const file_type type = each->status(ignored).type();
+        FolderEntry::Kind kind = FolderEntry::Kind::other;
+        if (type == file_type::regular)
+            kind = FolderEntry::Kind::file;
+        else if (type == file_type::directory)
+            kind = isLink ? FolderEntry::Kind::linkToFolder : FolderEntry::Kind::folder;
+        entries.push_back({kind, each->path().filename().string()});
+    }
+    return !error;
+}
+
 std::string temporary_folder() {
     std::error_code error;
     const std::filesystem::path folder = std::filesystem::temp_directory_path(error);

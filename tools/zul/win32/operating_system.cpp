@@ -9,6 +9,7 @@
 #include <zulcore.h>
 
 #include "../commands.h"
+#include "../exit_status.h"
 #include "../failures.h"
 
 // The manifest makes UTF-8 the code page of narrow names. A system older than Windows 10, version 1903,
@@ -163,6 +164,33 @@ std::FILE* create_for_owner(const std::string& name) {
     return std::fopen(name.c_str(), "wb");
 }
 
+// The runtime does not tell junctions and symbolic links from folders.
+bool list_folder(const std::string& folder, std::vector<FolderEntry>& entries) {
+    WIN32_FIND_DATAW found{};
+    const HANDLE search = FindFirstFileExW((path_of(folder) / L"*").c_str(), FindExInfoBasic, &found,
+                                           FindExSearchNameMatch, nullptr, FIND_FIRST_EX_LARGE_FETCH);
+    if (search == INVALID_HANDLE_VALUE)
+        return false;
+    do {
+        const std::wstring wide = found.cFileName;
+        if (wide == L"." || wide == L"..")
+            continue;
+        const bool isLink = (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
+                            IsReparseTagNameSurrogate(found.dwReserved0);
+        FolderEntry entry{FolderEntry::Kind::file, ""};
+        if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
+            entry.kind = isLink ? FolderEntry::Kind::linkToFolder : FolderEntry::Kind::folder;
+        else if ((found.dwFileAttributes & FILE_ATTRIBUTE_DEVICE) != 0)
+            entry.kind = FolderEntry::Kind::other;
+        if (!narrow_text(wide, narrow_page(), entry.name))
+            entry.name.clear();
+        entries.push_back(entry);
+    } while (FindNextFileW(search, &found) != 0);
+    const bool isWhole = GetLastError() == ERROR_NO_MORE_FILES;
+    FindClose(search);
+    return isWhole;
+}
+
 std::string temporary_folder() {
     wchar_t wide[MAX_PATH + 2] = L"", small[MAX_PATH + 2] = L"";
     std::string text;
@@ -187,7 +215,7 @@ extern "C" int wmain(int argc, wchar_t** argv) {
             texts.push_back(i == 0 ? "zul" : tool::narrow_argument(argv[i - 1], argv[i], i));
     } catch (const tool::UsageError& error) {
         tool::print_error(error.what());
-        return 2;
+        return tool::kUsage;
     }
     std::vector<char*> narrow;
     for (std::string& text : texts)
