@@ -13,10 +13,10 @@ import sys
 import textwrap
 
 ROOT = pathlib.Path(__file__).resolve().parents[1]
-PAGES = ["index.md", "coming-from.md", "old-and-new.md", *(f"cookbook/{path.name}" for path in
-                                                          sorted((ROOT / "docs/cookbook").glob("*.md")))]
+PAGES = ["README.md", "docs/index.md", "docs/coming-from.md", "docs/old-and-new.md",
+         *(f"docs/cookbook/{path.name}" for path in sorted((ROOT / "docs/cookbook").glob("*.md")))]
 BLOCK = re.compile(r"^(<!-- from (\S+)(?: \[([\w-]+)\])? -->\n)(?:```\w*\n(?:.*\n)*?```\n)?", re.M)
-MARK = re.compile(r"^\s*(?://|/\*|#|'|\{|--|<!--)\s*\[([\w-]+(?: [\w-]+)*)\]\s*(?:\*/|\}|-->)?\s*$")
+MARK = re.compile(r"^\s*(?://|/\*|#|'|\{|--|<!--)\s*(?:--8<-- )?\[(?:start:)?((?:end:)?[\w-]+(?: [\w-]+)*)\]\s*(?:\*/|\}|-->)?\s*$")
 LANGUAGES = {".sh": "bash", ".c": "c", ".h": "c", ".cpp": "cpp", ".hpp": "cpp", ".py": "python", ".cs": "csharp",
              ".bas": "vb", ".pas": "pascal", ".js": "javascript", ".mjs": "javascript", ".ts": "typescript",
              ".java": "java", ".go": "go", ".yml": "yaml", ".toml": "toml"}
@@ -33,9 +33,9 @@ def region(path, name=None):
             isNamed = name in mark[1].split()
             if isNamed:
                 parts.append([])
-            isInside = isNamed or (isInside and mark[1] != "end")
+            isInside = isNamed or (isInside and mark[1].partition(":")[0] != "end")
         elif isInside:
-            parts[-1].append(line)
+            parts[-1].append(line.rstrip())
     if not any(parts):
         raise ValueError(f"{path.relative_to(ROOT)} has no region [{name}]")
     return "\n".join(textwrap.dedent("\n".join(part)).strip("\n") + "\n" for part in parts)
@@ -62,21 +62,21 @@ def loose_code(text):
 def main():
     isCheck = sys.argv[1:] == ["--check"]
     faults, used = [], set()
-    for path in sorted((ROOT / "docs").rglob("*.md")):
+    for path in [ROOT / "README.md", *sorted((ROOT / "docs").rglob("*.md"))]:
         text = path.read_text()
-        name = str(path.relative_to(ROOT / "docs"))
+        name = str(path.relative_to(ROOT))
         try:
             new = filled(text)
         except (OSError, KeyError, ValueError) as error:
-            faults.append(f"docs/{name}: {error}")
+            faults.append(f"{name}: {error}")
             continue
         used.update(match[2] for match in BLOCK.finditer(text))
         if new != text and isCheck:
-            faults.append(f"docs/{name} is not what its files say: run scripts/snippets.py")
+            faults.append(f"{name} is not what its files say: run scripts/snippets.py")
         elif new != text:
             path.write_text(new)
         if name in PAGES:
-            faults += [f"docs/{name}: code that comes from no file: {line}" for line in loose_code(new)]
+            faults += [f"{name}: code that comes from no file: {line}" for line in loose_code(new)]
     for path in sorted((ROOT / "examples/cookbook").glob("[0-9]*")):
         if str(path.relative_to(ROOT)) not in used:
             faults.append(f"{path.relative_to(ROOT)} is on no page")
