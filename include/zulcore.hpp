@@ -633,13 +633,21 @@ class Key {
     // from_key_string takes over a key string of the C interface, unseen.
     [[nodiscard]] static Key from_key_string(SecretText keyString) { return Key(std::move(keyString)); }
 
-    // save writes PEM, unless flags are given: ZUL_KEY_FORMAT_PEM, ZUL_KEY_FORMAT_OWN. A private key without
-    // a password is not encrypted. Parameters: as in KEY_Save, "kdf=scrypt".
+    // save writes PEM: a private key encrypted under a password, a public key without one. Parameters: as in
+    // KEY_Save, "kdf=scrypt". Flags: ZUL_KEY_FORMAT_PEM, or 0 for DER.
     void save(std::string_view file, std::optional<std::string_view> password = std::nullopt,
               std::string_view parameters = {}, int flags = ZUL_KEY_FORMAT_PEM) const {
+        if (!password && isPrivate())
+            throw Error(BAD_PARAM_ERROR,
+                        "a private key without a password: save_unencrypted writes such files");
         const detail::Text name(file), text(parameters);
         const detail::OptionalText secret(password);
         detail::status(KEY_Save(name.c_str(), c_str(), secret.c_str(), text.c_str(), flags));
+    }
+    // save_unencrypted writes a private key as it is. Flags: also ZUL_KEY_FORMAT_OWN.
+    void save_unencrypted(std::string_view file, int flags = ZUL_KEY_FORMAT_PEM) const {
+        const detail::Text name(file);
+        detail::status(KEY_Save(name.c_str(), c_str(), nullptr, nullptr, flags));
     }
 
     [[nodiscard]] Key public_key() const {

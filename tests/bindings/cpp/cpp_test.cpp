@@ -201,7 +201,8 @@ TEST(Cpp, RefusesWhatTheCallWouldCut) {
         {[&] { static_cast<void>(zulcore::Hash(cut)); }, BAD_PARAM_ERROR},
         {[&] { static_cast<void>(zulcore::hash_file(cut)); }, BAD_PARAM_ERROR},
         {[&] { key.save("unused", cut); }, BAD_PARAM_ERROR},
-        {[&] { key.save("unused", ""); }, BAD_PARAM_ERROR}, // not an unencrypted file
+        {[&] { key.save("unused", ""); }, BAD_PARAM_ERROR}, // neither writes an unencrypted file
+        {[&] { key.save("unused"); }, BAD_PARAM_ERROR},
         {[&] { zulcore::seal::seal_file_with_password("unused", "unused", ""); }, BAD_PARAM_ERROR},
         {[&] { static_cast<void>(zulcore::hash_file("no such file")); }, OPEN_ERROR},
         {[&] { static_cast<void>(Key::generate("p-257")); }, NOT_SUPPORTED_ERROR},
@@ -250,6 +251,10 @@ TEST(Cpp, Keys) {
         key.save(file, "secret", "kdf=scrypt;n=2");
         EXPECT_EQ(code_of([&] { static_cast<void>(Key::read(file)); }), BAD_PARAM_ERROR);
         EXPECT_EQ(code_of([&] { static_cast<void>(Key::read(file, "wrong")); }), DECRYPT_ERROR);
+        const std::string plain = dir.file("plain"), publicFile = dir.file("public");
+        key.save_unencrypted(plain, 0);
+        key.public_key().save(publicFile);
+        EXPECT_TRUE(Key::read(plain).matches(Key::read(publicFile)));
         const Key again = Key::read(file, "secret"), known = Key::read(again.public_pem());
         EXPECT_TRUE(again.isPrivate() && !known.isPrivate() && again.matches(known));
         EXPECT_FALSE(again.matches(Key::generate("ed25519")));
