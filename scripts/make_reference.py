@@ -123,7 +123,8 @@ def files_of(text):
     pages = pages_of(blocks, examples())
     files = {f"{key}.md": page for key, (_, page, _) in pages.items()}
     index = "# Reference\n\nMade from `include/zulcore.h` by `scripts/make_reference.py`.\n\n"
-    index += markdown_of(lines_of(blocks[0][0])[2:]) + "\n"
+    index += markdown_of(lines_of(blocks[0][0])[2:]).replace("docs/conventions.md has", "[Conventions](../conventions.md) has")
+    index += "\n## Families\n\n"
     for key, (title, _, names) in pages.items():
         index += f"- [{title}]({key}.md)" + (": " + ", ".join(f"`{name}`" for name in names) if names else "") + "\n"
     files["README.md"] = index

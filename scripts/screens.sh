@@ -22,9 +22,10 @@ shoot() {
     }
 }
 
-pages=(index cookbook/index cookbook/files reference/README reference/cert conventions coming-from old-and-new)
+pages=(index cookbook/index cookbook/files reference/index reference/cert conventions coming-from old-and-new)
 for page in ${*:-${pages[@]}}; do
     name=${page//\//-}
+    [ -f "$site/$page.html" ] || { echo "screens: no page $page" >&2; exit 1; }
     shoot "build/screens/$name-desktop.png" "file://$site/$page.html" 1280 900
     # A window is never narrower than 500 points; a frame in it is as narrow as a phone.
     printf '<body style="margin:0"><iframe src="file://%s/%s.html" style="border:0;width:390px;height:844px"></iframe>' \
