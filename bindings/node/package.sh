@@ -10,4 +10,6 @@ cp -r "$here/package.json" "$here/README.md" "$here"/index.* "$here/lib" "$here/
 mkdir -p "$stage/prebuilds/linux-x64" "$stage/prebuilds/win32-x64"
 install -m 755 "$2" "$stage/prebuilds/linux-x64/libzulcore.so"
 install -m 644 "$3" "$stage/prebuilds/win32-x64/zulcore.dll"
-npm pack --silent --offline --ignore-scripts --pack-destination "$1" "$stage"
+packed=$(npm pack --silent --offline --ignore-scripts --pack-destination "$stage" "$stage")
+mv "$stage/$packed" "$1/zulcore-node-${packed#zulcore-}"
+echo "$1/zulcore-node-${packed#zulcore-}"

@@ -5,6 +5,7 @@ const fs = require('node:fs');
 const os = require('node:os');
 const path = require('node:path');
 const url = require('node:url');
+const { isUint8Array } = require('node:util/types');
 const koffi = require('koffi');
 const raw = require('./raw.js');
 const { isWindows } = require('./load.js');
@@ -23,7 +24,7 @@ function count(size) {
 
 /** Bytes as an argument and its length. */
 function bytesIn(data) {
-  if (!(data instanceof Uint8Array)) {
+  if (!isUint8Array(data)) {
     throw new TypeError('a Uint8Array or Buffer is needed');
   }
   count(data.length);
@@ -42,7 +43,7 @@ function withText(pieces, separator, call) {
   try {
     let at = 0;
     parts.forEach((part, number) => {
-      if (!(part instanceof Uint8Array)) {
+      if (!isUint8Array(part)) {
         throw new TypeError('a text or its bytes are needed');
       }
       if (part.includes(0)) {
@@ -149,7 +150,7 @@ function wrapped(base64, label) {
 
 /** A file's name, PEM text or object as an argument of the library. The label rarely matters. */
 function sourceIn(source, label = 'CERTIFICATE') {
-  if (!(source instanceof Uint8Array)) {
+  if (!isUint8Array(source)) {
     return fileIn(source);
   }
   if (source.length === 0) {

@@ -1,6 +1,7 @@
 'use strict';
 
 const { inspect } = require('node:util');
+const { isUint8Array } = require('node:util/types');
 const raw = require('./raw.js');
 const { Owner } = require('./owner.js');
 const { armoured, bytesIn, bytesOut, fileIn, fileOut, room, textIn, withPassword, withText } = require('./buffers.js');
@@ -46,7 +47,7 @@ class Key extends Owner {
   static read(source, password) {
     return withPassword(password, (secret) => {
       const read = (text) => made((out, size) => raw.KEY_Read(out, size, text, secret, 0));
-      if (!(source instanceof Uint8Array)) {
+      if (!isUint8Array(source)) {
         return read(fileIn(source));
       }
       const pem = armoured(source, 'KEY');

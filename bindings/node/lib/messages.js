@@ -2,6 +2,7 @@
 // Signed and encrypted messages (CMS) with RSA keys.
 
 const fs = require('node:fs');
+const { isUint8Array } = require('node:util/types');
 const raw = require('./raw.js');
 const { Owner } = require('./owner.js');
 const { bytesOut, fileIn, fileOut, listIn, sourceIn, textIn, textOut } = require('./buffers.js');
@@ -22,7 +23,7 @@ function optionOf(table, name) {
 
 /** Content is bytes, or { file: name }: calls of the library take the one or the other. */
 function contentIn(content, fromText, fromFile) {
-  if (!(content instanceof Uint8Array)) {
+  if (!isUint8Array(content)) {
     return [fromFile, fileIn(content.file)];
   }
   if (content.includes(0)) {
@@ -32,7 +33,7 @@ function contentIn(content, fromText, fromFile) {
 }
 
 function hexDigest(content, hash) {
-  return textIn((content instanceof Uint8Array ? digestOf(content, hash) : hashFile(content.file, hash)).toString('hex'));
+  return textIn((isUint8Array(content) ? digestOf(content, hash) : hashFile(content.file, hash)).toString('hex'));
 }
 
 function certificatesIn(certificates) {

@@ -9,6 +9,7 @@ const path = require('node:path');
 const test = require('node:test');
 const { pathToFileURL } = require('node:url');
 const { inspect } = require('node:util');
+const { runInNewContext } = require('node:vm');
 
 const root = process.argv[2];
 const here = createRequire(path.join(process.cwd(), 'test.js'));
@@ -85,6 +86,8 @@ test('data in pieces', () => {
   const mac = new zulcore.Hmac('key').add(data);
   assert.deepStrictEqual(mac.finish(), zulcore.hmac(bytes('key'), data));
   assert.throws(() => mac.add(data), /finished/);
+  // Test runners give programs globals of their own.
+  assert.strictEqual(zulcore.hashHex(runInNewContext('new Uint8Array(3)')), zulcore.hashHex(Buffer.alloc(3)));
 });
 
 test('keys', () => {

@@ -28,7 +28,7 @@ else
 fi
 "$root/bindings/node/package.sh" one "$@" >/dev/null
 mkdir -p node_modules/zulcore
-tar xzf one/zulcore-*.tgz -C node_modules/zulcore --strip-components=1
+tar xzf one/zulcore-node-*.tgz -C node_modules/zulcore --strip-components=1
 ln -s "$packages/node_modules/koffi" "$packages/node_modules/@koromix" "$packages/node_modules/@types" node_modules/
 cp -r "$root/bindings/node/examples" examples
 
