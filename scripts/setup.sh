@@ -17,7 +17,7 @@ bindings=(
     mono-mcs mono-runtime libmono-system-core4.0-cil libmono-system-numerics4.0-cil
     python3-venv python3-wheel python3-setuptools python3-mypy
     libreoffice-calc-nogui
-    fp-compiler fp-units-base fp-units-rtl
+    fp-compiler fp-units-base fp-units-rtl fpc-source
     openjdk-17-jdk-headless libjna-java
     golang-go
 )

@@ -1,0 +1,15 @@
+#!/usr/bin/env bash
+# package_sources.sh ARCHIVE FOLDER MODULE...: a reproducible archive of a binding that is handed out as sources, without
+# this project's own scripts, together with modules. All files have the time SOURCE_DATE_EPOCH.
+set -euo pipefail
+archive=$1 folder=$(cd "$2" && pwd)
+shift 2
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+name=$(basename "$archive" .tar.gz)
+cp -r "$folder" "$work/$name"
+rm -f "$work/$name/package.sh"
+cp "$(dirname "$0")/../LICENSE" "$@" "$work/$name/"
+chmod -R u=rwX,go=rX "$work/$name"
+tar --sort=name --owner=0 --group=0 --numeric-owner --mtime="@${SOURCE_DATE_EPOCH:-0}" -C "$work" -cf - "$name" |
+    gzip -n >"$archive"
