@@ -6,10 +6,14 @@ import os
 import random
 from email.message import EmailMessage
 
-from tool_harness import CONTENT, ToolTest, main, openssl, read, rsa_key, write, zul
+from cryptography import x509
+from cryptography.hazmat.primitives import hashes, serialization
+from cryptography.hazmat.primitives.serialization import pkcs7
+from tool_harness import CONTENT, TOOL, ToolTest, main, openssl, read, rsa_key, write, zul
 
 HEAD = b"From: Alice <alice@example.com>\r\nTo: bob@example.com\r\nSubject: folded\r\n\t over lines\r\n"
 TEXT = b"Content-Type: text/plain; charset=utf-8\r\n"
+BINARY = b"From: alice@example.com\r\nContent-Type: application/pkcs7-mime\r\nContent-Transfer-Encoding: binary\r\n\r\n"
 
 
 def with_parts():
@@ -45,6 +49,11 @@ def leaves(message):
             for part in email.message_from_bytes(message, policy=email.policy.default).walk() if not part.is_multipart()]
 
 
+def some(cases):
+    """All cases natively; through a launcher, which is slow, every third one: text is the same everywhere."""
+    return list(cases)[::3 if len(TOOL) > 1 else 1]
+
+
 def signed_by_openssl(letter, *options, signer="alice"):
     return openssl("cms -sign -signer", signer + ".pem", "-inkey", signer + ".key", *options, stdin=letter)
 
@@ -72,7 +81,7 @@ class Mail(ToolTest):
         return openssl("cms -verify -CAfile root.pem", stdin=message)
 
     def test_signed_here(self):
-        for name, letter in LETTERS.items():
+        for name, letter in some(LETTERS.items()):
             for line_end, options in ((b"\r\n", []), (b"\n", ["--opaque", "-d", "sha384"])):
                 with self.subTest(name, options=options):
                     write("in.eml", letter.replace(b"\r\n", line_end))
@@ -95,16 +104,16 @@ class Mail(ToolTest):
 
     def test_signed_by_openssl(self):
         from_alice = ["-from", "Alice <alice@example.com>"]
-        for name, options in (("plain", ["-nosmimecap"]), ("8bit", ["-md", "sha512"]), ("quoted", [*from_alice, "-crlfeol"]),
+        for name, options in some((("plain", ["-nosmimecap"]), ("8bit", ["-md", "sha512"]), ("quoted", [*from_alice, "-crlfeol"]),
                 ("spaces", ["-nodetach"]), ("boundary-like", ["-noattr"]), ("long", ["-stream", "-nodetach"]), ("no end", []),
-                ("parts", from_alice), ("parts", ["-nodetach", "-crlfeol", *from_alice])):
+                ("parts", from_alice), ("parts", ["-nodetach", "-crlfeol", *from_alice]))):
             for letter in (LETTERS[name], LETTERS[name].replace(b"\r\n", b"\n")):
                 with self.subTest(name, options=options):
                     message = signed_by_openssl(letter, *options)
                     self.assertEqual(self.verified(message), self.verified_by_openssl(message))
 
     def test_encryption(self):
-        for name, letter in LETTERS.items():
+        for name, letter in some(LETTERS.items()):
             with self.subTest(name):
                 write("in.eml", letter.replace(b"\r\n", b"\n"))
                 message = self.done("mail encrypt in.eml --to=bob.pem --to=alice.pem")
@@ -170,7 +179,7 @@ class Mail(ToolTest):
         for fields in ("From: alice@example.com", "From: alice@EXAMPLE.com", 'From: "mallory@evil.test" <alice@example.com>',
                        "From: (mallory@evil.test) alice@example.com (or (so))", "from :\r\n <alice@example.com>"):
             self.verified(read(sent_by(fields)))
-        for code, says, fields in ((21, "not for the address of From, mallory@evil.test", "From: alice@example.com <mallory@evil.test>".replace("alice@", '"alice@"')),
+        for code, says, fields in some(((21, "not for the address of From, mallory@evil.test", "From: alice@example.com <mallory@evil.test>".replace("alice@", '"alice@"')),
                 (21, "mallory@evil.test", "From: mallory@evil.test (alice@example.com)"),
                 (21, "mallory@evil.test", "From: alice@example.com, mallory@evil.test"),
                 (7, "several fields from", "From: alice@example.com\r\nFrom: mallory@evil.test"),
@@ -179,7 +188,7 @@ class Mail(ToolTest):
                 (7, "malformed", "From: all: alice@example.com;"), (7, "malformed", "From:"), (7, "malformed", "From: <alice@example.com> x"),
                 (7, "does not end", "From: alice@example.com (comment"), (7, "a CR that ends no line", "From: alice@example.com\rX: y"),
                 (7, "blanks alone", "From: alice@example.com\r\n \r\n <x@y>"), (20, "no field From", "Sender: alice@example.com"),
-                (7, "begins with a blank", " From: alice@example.com"), (7, "is no field", "From: alice@example.com\r\nX y: z")):
+                (7, "begins with a blank", " From: alice@example.com"), (7, "is no field", "From: alice@example.com\r\nX y: z"))):
             with self.subTest(fields):
                 self.refused(code, "mail verify", sent_by(fields), *self.trusted, "-o", "never", says=says)
         sent_by("From: mallory@evil.test")
@@ -187,9 +196,7 @@ class Mail(ToolTest):
         inside = signed_by_openssl(b"From: mallory@evil.test\r\n" + TEXT + b"\r\nText\r\n", "-from", "alice@example.com")
         self.refused(21, "mail verify", write("m.eml", inside), *self.trusted, "-o", "never", says="mallory@evil.test")
         self.done("cert issue --issuer=root.pem -k root.key --public-key alice.key -s CN=a;E=alice@example.com old.pem")
-        warned = zul("mail sign letter.eml --from bob@example.com -k alice.key --cert=old.pem -o m.eml")
-        self.assertIn(b"is not for the address of From", warned.stderr)
-        self.done("mail sign letter.eml -k alice.key --cert=old.pem -o m.eml")
+        self.done("mail sign letter.eml -k alice.key --cert=old.pem -o m.eml", warns=b"is not for the address of From")
         self.refused(21, "mail verify m.eml -o never", *self.trusted)
         self.done("mail verify m.eml --subject-name", *self.trusted)
         self.assertFalse(os.path.exists("never"))
@@ -207,9 +214,19 @@ class Mail(ToolTest):
         self.refused(21, "mail verify m.eml -o never", *self.trusted)
         self.done("mail sign letter.eml --no-certs", *self.by, "-o", "m.eml")
         self.verified(read("m.eml"), "--cert=alice.pem")
-        both = signed_by_openssl(LETTERS["plain"], "-signer", "bob.pem", "-inkey", "bob.key")
-        self.verified(both)
-        self.assertIn("CN=bob", self.report)
+        two = pkcs7.PKCS7SignatureBuilder().set_data(LETTERS["8bit"])
+        for name, digest in (("alice", hashes.SHA256()), ("bob", hashes.SHA512())):
+            two = two.add_signer(x509.load_pem_x509_certificate(read(name + ".pem")),
+                                 serialization.load_pem_private_key(read(name + ".key"), None), digest)
+        for options in ([], [pkcs7.PKCS7Options.DetachedSignature]):
+            message = two.sign(serialization.Encoding.SMIME, options)
+            self.verified(message)
+            for says in ("CN=alice", "CN=bob", "2 in the message; verified is one for each signer above\n"):
+                self.assertIn(says, self.report)
+        self.refused(22, "mail verify", write("m.eml", message.replace(b"H\xc3\xa4llo", b"Hello")), *self.trusted, "-o", "never")
+        stamp = signed_by_openssl(LETTERS["plain"], "-nodetach", "-econtent_type", "1.2.840.113549.1.9.16.1.4", "-outform", "DER")
+        write("m.eml", BINARY + stamp.replace(b"\2\1\3", b"\2\1\1", 1))
+        self.refused(8, "mail verify m.eml -o never", *self.trusted, says="contentType must be 'data'")
         openssl("req -x509 -newkey ec -pkeyopt ec_paramgen_curve:P-256 -nodes -keyout ec.key -subj /CN=ec -out ec.pem")
         self.refused(36, "mail sign letter.eml -k ec.key --cert=ec.pem -o never", says="takes an RSA key")
         self.refused(7, "mail encrypt letter.eml --to=ec.pem -o never")
@@ -236,7 +253,8 @@ class Mail(ToolTest):
         signature = signed[signed.rindex(boundary, 0, signed.rindex(boundary)):signed.rindex(boundary) - 2]
         evil = boundary + b"\r\n" + TEXT + b"\r\nForged.\r\n"
         opaque = self.done("mail sign letter.eml --opaque", *self.by)
-        for code, says, old, new in (
+        other = self.done("mail sign --opaque --from=alice@example.com in.bin", *self.by)
+        for code, says, old, new in some((
                 (22, "was changed", b"Text.", b"Test."), (22, "was changed", b"Text.", b"Text. "),
                 (22, "was changed", b"us-ascii\r\n", b"us-ascii\r\nX-More: 1\r\n"),
                 (7, "here are 3", boundary + b"\r\nContent-Type: text", evil + boundary + b"\r\nContent-Type: text"),
@@ -255,8 +273,10 @@ class Mail(ToolTest):
                 (19, "another way than S/MIME", b"application/pkcs7-signature\";", b"application/pgp-signature\";"),
                 (19, "none of base64", b"Encoding: base64", b"Encoding: uuencode"), (7, "not base64", b"base64\r\n", b"base64\r\n\r\n?"),
                 (7, "base64 was cut off", signature, signature.rstrip()[:-3]), (7, "holds a zero byte", b"Subject:", b"Sub\0ject:"),
+                (7, "have a transfer encoding", b"MIME-Version", b"Content-Transfer-Encoding: base64\r\nMIME-Version"),
+                (22, "was changed", signature[signature.index(b"\r\n\r\n") + 4:], other[other.index(b"\r\n\r\n") + 4:]),
                 (7, "not signed as a whole", b"multipart/signed", b"multipart/mixed"),
-                (7, "1 MiB", b"Subject:", b"X:" + b" x" * 600000 + b"\r\nSubject:"), (7, "1 MiB", b"Subject:", b"X:\r\n" * 2001 + b"Subject:")):
+                (7, "1 MiB", b"Subject:", b"X:" + b" x" * 600000 + b"\r\nSubject:"), (7, "1 MiB", b"Subject:", b"X:\r\n" * 2001 + b"Subject:"))):
             with self.subTest(says, new=new[:60]):
                 self.assertIn(old, signed)
                 self.refused(code, "mail verify", write("m.eml", signed.replace(old, new, 1)), *self.trusted, "-o", "never", says=says)
@@ -265,9 +285,8 @@ class Mail(ToolTest):
         der = openssl("cms -cmsout -outform DER", stdin=opaque)
         for body, code in ((b"garbage", 8), (der[:-9], 8), (der.replace(b"Text.", b"Test."), 22),
                            (base64.b64decode(signature.partition(b"\r\n\r\n")[2]), 20)):
-            head = b"From: alice@example.com\r\nContent-Type: application/pkcs7-mime\r\nContent-Transfer-Encoding: binary\r\n\r\n"
-            self.refused(code, "mail verify", write("m.eml", head + body), *self.trusted, "-o", "never")
-        self.assertEqual(self.verified(head + der), content)
+            self.refused(code, "mail verify", write("m.eml", BINARY + body), *self.trusted, "-o", "never")
+        self.assertEqual(self.verified(BINARY + der), content)
         nested = b"--b\r\nContent-Type: multipart/mixed; boundary=b\r\n\r\n" * 40 + b"--b--\r\n"
         many = b"Content-Type: message/rfc822\r\n\r\n" * 60
         for letter in (HEAD + b"Content-Type: multipart/mixed; boundary=b\r\n\r\n" + nested, HEAD + many + b"\r\n",
@@ -281,7 +300,7 @@ class Mail(ToolTest):
         signed, dice = read("signed.eml"), random.Random(8551)
         content = self.verified(signed)
         start = signed.index(b"Content-Type")
-        for _ in range(40):
+        for _ in some(range(40)):
             at = dice.randrange(start, len(signed))
             length = dice.choice((1, 1, 2, 40, 300))
             damaged = signed[:at] + dice.choice((b"", b"\n", b"--", b";", b"\"", signed[start:start + 50])) + signed[at + length:]

@@ -79,10 +79,10 @@ VerifiedMessage::VerifiedMessage(const Message& message, const SignatureOptions&
     std::vector<std::string> algorithms, hashes;
     if (count_ > 0)
         algorithms.push_back(message.query(CMS_QuerySigData, "digestAlgorithm"));
-    for (const std::string& name : algorithms)
-        hashes.push_back(digest(known_digest(name)));
-    if (hashes.empty())
-        hashes.push_back(digest(nullptr));
+    hashes.push_back(digest(algorithms.empty() ? nullptr : known_digest(algorithms.front())));
+    if (count_ > 1 && !hashes.front().empty())
+        for (const char* other : {"sha1", "sha224", "sha256", "sha384", "sha512"})
+            hashes.push_back(digest(known_digest(other)));
     std::vector<Certificate> certificates = candidates();
     find_signers(certificates, hashes);
     if (options.isValidated())
@@ -130,9 +130,12 @@ void VerifiedMessage::find_signers(const std::vector<Certificate>& certificates,
     };
     for (const Certificate& each : certificates) {
         int result = 0;
-        for (const std::string& hash : hashes)
-            if ((result = CMS_VerifySigData(message_.path(), each.argument.text(), hash.c_str(), 0)) == 0)
+        for (const std::string& hash : hashes) {
+            const int answer = CMS_VerifySigData(message_.path(), each.argument.text(), hash.c_str(), 0);
+            result = answer == 0 || &hash == &hashes.front() ? answer : result;
+            if (answer == 0)
                 break;
+        }
         if (result == 0)
             signers_.push_back(each);
         else if (result != NO_MATCH_ERROR || isChosen)

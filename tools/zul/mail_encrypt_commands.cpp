@@ -43,7 +43,8 @@ struct MailDecryptCommand {
     // message gives the content as a message, with the fields that stood outside and are not inside.
     static SecretBytes message(const IncomingMail& outer, const SecretBytes& content) {
         SecretBytes text;
-        if (!looks_like_message(view_of(content)))
+        // Behind other fields the first line of a mailbox file would be no line of a header.
+        if (!looks_like_message(view_of(content)) || view_of(content).starts_with("From "))
             return content;
         const MimeHeader inner = MimeEntity(view_of(content), outer.name()).header;
         for (const MimeField& field : outer.entity().header.fields())

@@ -185,6 +185,8 @@ bool is_multipart_signed(const MimeEntity& entity) {
 }
 
 std::string content_digest(const SecretBytes& content, const Digest& digest) {
+    if (content.size() > kMaxLength)
+        throw Refused::by_system(OUT_OF_RANGE_ERROR, "content", "This takes less than 2 GiB of data.");
     char hex[129] = "";
     accept_length(HASH_HexFromBytes(hex, sizeof hex - 1, content.data(), int_length(content), digest.option),
                   digest.name);

@@ -54,9 +54,15 @@ struct MailSignCommand {
                 from = field.value();
         if (from.empty())
             return;
-        for (const std::string& address : mailboxes(from, mail.name()))
-            if (CERT_CheckName(certificate.argument.text(), address.c_str(), ZUL_CERT_SUBJECT_NAME) != 0)
-                warn(certificate.name() + " is not for the address of From: others may refuse the message");
+        bool isFor = true;
+        try {
+            for (const std::string& address : mailboxes(from, mail.name()))
+                isFor = isFor && CERT_CheckName(certificate.argument.text(), address.c_str(), 0) == 0;
+        } catch (const Refused&) {
+            isFor = false;
+        }
+        if (!isFor)
+            warn(certificate.name() + " is not for the address of From: others may refuse the message");
     }
 
     void append_detached(SecretBytes& mail, const SecretBytes& content, const MessageSigner& by) const {

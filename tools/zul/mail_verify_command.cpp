@@ -111,7 +111,13 @@ struct MailVerifyCommand {
 
     // printable escapes what could steer a terminal.
     static std::string printable(const std::string& address) {
-        return is_ascii_text(address) ? address : readable(address);
+        std::string text;
+        for (size_t i = 0; i < address.size(); ++i) {
+            const bool isControl = address[i] == '\xC2' && i + 1 < address.size() &&
+                                   static_cast<unsigned char>(address[i + 1]) < 0xA0;
+            text += isControl ? '?' : address[i];
+        }
+        return is_utf8(text) ? text : readable(text);
     }
 
     static std::string about(const SecretBytes& content, const std::string& name) {

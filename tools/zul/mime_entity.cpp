@@ -16,6 +16,10 @@ constexpr int kDeepest = 30;
     throw Refused::by_system(BAD_FORMAT_ERROR, name, reason);
 }
 
+bool is_coded(const std::string& encoding) {
+    return !encoding.empty() && encoding != "7bit" && encoding != "8bit" && encoding != "binary";
+}
+
 std::string boundary_of(const MimeEntity& entity) {
     constexpr size_t kLongest = 70;
     const std::string boundary = entity.type().parameter("boundary");
@@ -34,8 +38,7 @@ class Canonical {
                    "Its parts are nested more than " + std::to_string(kDeepest) + " levels deep.");
         const MimeValue type = entity.type();
         const std::string encoding = entity.encoding();
-        const bool isCoded =
-            !encoding.empty() && encoding != "7bit" && encoding != "8bit" && encoding != "binary";
+        const bool isCoded = is_coded(encoding);
         if (type.group() == "multipart" && !isCoded) {
             const Multipart multipart(entity, false);
             header(entity, keep, encoding, encoding == "7bit" ? encoding : "");
@@ -150,6 +153,8 @@ bool looks_like_message(std::string_view text) {
 }
 
 Multipart::Multipart(const MimeEntity& entity, bool isStrict) {
+    if (is_coded(entity.encoding()))
+        refuse(entity.name, "Its parts as a whole have a transfer encoding, which is not allowed.");
     const std::string mark = "--" + boundary_of(entity);
     std::string_view rest = entity.body;
     const char* begin = rest.data(); // of the present part, or of what is before the first one
