@@ -59,6 +59,13 @@ std::string Message::query(Query ask, const std::string& name) const {
     return readable(value);
 }
 
+std::string Message::query_time(Query ask, const std::string& name) const {
+    std::string text = query(ask, name);
+    if (const size_t blank = text.find(' '); blank != text.npos)
+        text[blank] = 'T';
+    return text.empty() || text.ends_with('Z') ? text : text + "Z";
+}
+
 int Message::certificate_count() const {
     return accept_length(X509_GetCertFromP7Chain(nullptr, path(), 0, 0), name());
 }

@@ -26,6 +26,9 @@ class Message {
     int number(Query ask, const std::string& name) const;
     std::string query(Query ask, const std::string& name) const;
 
+    // query_time gives a time of a query as "2026-01-31T12:30:00Z", or empty.
+    std::string query_time(Query ask, const std::string& name) const;
+
     // The X.509 certificates that a signed message carries.
     int certificate_count() const;
     Certificate certificate(int number) const; // from 1

@@ -57,7 +57,8 @@ std::string row(const Message& message, const Kind& kind, const std::string& ind
     } else {
         value = message.query(kind.ask, name);
         if (!value.empty())
-            object.add(field_name(name), value);
+            object.add(field_name(name),
+                       std::string_view(name) == "SigningTime" ? message.query_time(kind.ask, name) : value);
     }
     std::string line = indent + name + ":";
     if (!value.empty())

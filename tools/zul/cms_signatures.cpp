@@ -205,7 +205,7 @@ void VerifiedMessage::report_to(JsonObject& about) const {
     }
     about.add("signers", signers).add("countOfSigners", count_);
     if (count_ == 1) {
-        const std::string time = message_.query(CMS_QuerySigData, "SigningTime");
+        const std::string time = message_.query_time(CMS_QuerySigData, "SigningTime");
         if (!time.empty())
             about.add("signingTime", time);
     }

@@ -281,6 +281,7 @@ void add_crl_commands(CLI::App& app) {
     command->add_option("--issuer", check->issuer, "The issuer's certificate, to check the list's signature")
         ->option_text("FILE");
     command->add_option("--date", check->date, "Was it revoked on this date?")->option_text("DATE");
+    add_json_flag(*command, check->json);
     command->footer(
         "Without --date whatever the list names is revoked. A date without a time means the end of that\n"
         "day, UTC. A list that was not the latest at that moment is a warning only. Exit status 0: not\n"

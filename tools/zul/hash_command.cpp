@@ -26,8 +26,15 @@ struct ListCheck {
         size_t good = 0, failed = 0, unreadable = 0, missing = 0, badLines = 0;
     };
 
-    // All lists are read first: wrong arguments show before anything was checked.
     void run(const Digest* digest) const {
+        report_verdict(json, [&](JsonObject& about) {
+            check_all(digest, about);
+            return "";
+        });
+    }
+
+    // All lists are read first: wrong arguments show before anything was checked.
+    void check_all(const Digest* digest, JsonObject& about) const {
         Counts counts;
         std::vector<ListedDigest> listed;
         for (const std::string& list : lists) {
@@ -39,22 +46,14 @@ struct ListCheck {
         JsonArray results;
         for (const ListedDigest& each : listed)
             check(each, counts, results);
-        JsonObject about;
         about.add("files", results).add("good", counts.good).add("failed", counts.failed);
         about.add("unreadable", counts.unreadable).add("missing", counts.missing);
         about.add("badLines", counts.badLines);
         const std::string problem = problem_of(counts);
-        if (problem.empty()) {
-            if (json)
-                print_verdict(nullptr, about);
-            return;
-        }
-        const Refused refused = Refused::by_system(
-            counts.good + counts.failed + counts.unreadable == 0 ? NO_DATA_ERROR : NO_MATCH_ERROR,
-            lists.front(), problem);
-        if (json)
-            print_verdict(&refused, about);
-        throw refused;
+        if (!problem.empty())
+            throw Refused::by_system(counts.good + counts.failed + counts.unreadable == 0 ? NO_DATA_ERROR
+                                                                                          : NO_MATCH_ERROR,
+                                     lists.front(), problem);
     }
 
     static std::string problem_of(const Counts& counts) {

@@ -75,9 +75,9 @@ std::string utf8_name(const std::string& file) {
 
 void JsonObject::begin(std::string_view name) {
     if (!members_.empty())
-        append(members_, ", ");
+        append(members_, ",");
     append_string(members_, name);
-    append(members_, ": ");
+    append(members_, ":");
 }
 
 JsonObject& JsonObject::add(std::string_view name, std::string_view text) {
@@ -137,7 +137,7 @@ JsonObject& JsonObject::join_text(std::string_view json) {
     if (json.starts_with('{') && json.ends_with('}'))
         json = json.substr(1, json.size() - 2);
     if (!json.empty() && !members_.empty())
-        append(members_, ", ");
+        append(members_, ",");
     append(members_, json);
     return *this;
 }
@@ -153,7 +153,7 @@ SecretBytes JsonObject::text() const {
 
 void JsonArray::begin() {
     if (!items_.empty())
-        append(items_, ", ");
+        append(items_, ",");
 }
 
 JsonArray& JsonArray::add(std::string_view text) {
