@@ -43,9 +43,9 @@ configure_file(cmake/zulcore.pc.in zulcore.pc @ONLY)
 install(FILES ${CMAKE_BINARY_DIR}/zulcore.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
 
 install(FILES LICENSE DESTINATION ${docFolder} COMPONENT runtime)
-install(FILES README.md DESTINATION ${docFolder} COMPONENT development)
-install(DIRECTORY docs/ DESTINATION ${docFolder} COMPONENT development FILES_MATCHING PATTERN *.md PATTERN *.json)
-install(DIRECTORY examples DESTINATION ${docFolder} COMPONENT development)
+install(DIRECTORY docs/ DESTINATION ${docFolder} COMPONENT development
+        FILES_MATCHING PATTERN *.md PATTERN *.json PATTERN *.svg)
+install(DIRECTORY examples DESTINATION ${docFolder} COMPONENT development PATTERN __pycache__ EXCLUDE)
 
 # The tool's own description, where the build has made it.
 if(NOT WIN32)

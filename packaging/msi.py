@@ -14,6 +14,7 @@ import xml.etree.ElementTree as xml
 SPACE = uuid.UUID("6d0f7a9e-58c1-4f0b-9a51-0d3c2f6b7e84")  # of this product's identifiers, for ever
 AUTHOR = "The zulcore authors"
 SUBJECT = "zulcore: cryptographic library and command-line tool"
+KEY = r"Software\zulcore"
 # What a program needs to run; everything else is for development.
 RUNTIME = ("LICENSE.txt", "NOTICES.txt", "bin", "completions")
 
@@ -64,6 +65,11 @@ def description(tree, version):
     target = xml.SubElement(product, "Directory", Id="TARGETDIR", Name="SourceDir")
     programs = xml.SubElement(target, "Directory", Id="ProgramFiles64Folder")
     own = xml.SubElement(programs, "Directory", Id="INSTALLDIR", Name="zulcore")
+    # The next installer, and on some systems the removal, learns from here where this one went.
+    xml.SubElement(component(own, main, "place"), "RegistryValue", Root="HKLM", Key=KEY, Name="InstallDir", Type="string",
+                   Value="[INSTALLDIR]", KeyPath="yes")
+    place = xml.SubElement(product, "Property", Id="INSTALLDIR")
+    xml.SubElement(place, "RegistrySearch", Id="Place", Root="HKLM", Key=KEY, Name="InstallDir", Type="raw", Win64="yes")
     add_folder(own, tree, tree, (development, main))
     return wix
 

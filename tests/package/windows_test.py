@@ -71,6 +71,16 @@ class WindowsPackages(PackageTest):
         self.assertNotIn("zulcore", run(WINE, "reg", "query", ENVIRONMENT, "/v", "PATH"))
         self.assertNotIn("zulcore", run(WINE, "reg", "query", UNINSTALL, "/s"))
 
+    def test_installer_in_another_folder(self):
+        installer = path_of(self.packages / f"zulcore-{VERSION}-x64.msi")
+        place = PREFIX / "drive_c" / "some tools"
+        run(WINE, "msiexec", "/i", installer, "/qn", "ADDLOCAL=Main", r"INSTALLDIR=C:\some tools")
+        self.assertEqual(sorted(path.name for path in place.iterdir() if path.name != "completions"),
+                         ["LICENSE.txt", "NOTICES.txt", "bin"])
+        self.assert_works(place / "bin", r"C:\some tools\bin\zulcore.dll")
+        run(WINE, "msiexec", "/x", installer, "/qn")
+        self.assertEqual(list(place.rglob("*")), [])
+
     def test_import_libraries(self):
         programs = self.folder / "programs"
         programs.mkdir()
