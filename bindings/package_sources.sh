@@ -8,7 +8,7 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 name=$(basename "$archive" .tar.gz)
 cp -r "$folder" "$work/$name"
-rm -f "$work/$name/package.sh"
+rm -f "$work/$name/package.sh" "$work/$name"/*.hand.bas
 cp "$(dirname "$0")/../LICENSE" "$@" "$work/$name/"
 chmod -R u=rwX,go=rX "$work/$name"
 tar --sort=name --owner=0 --group=0 --numeric-owner --mtime="@${SOURCE_DATE_EPOCH:-0}" -C "$work" -cf - "$name" |
