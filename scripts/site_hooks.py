@@ -8,8 +8,25 @@ import textwrap
 from mkdocs.structure.files import File
 
 ROOT = pathlib.Path(__file__).resolve().parents[1]
-TABS = re.compile(r"^<!-- tabs -->\n(.*?)^<!-- end of tabs -->\n", re.M | re.S)
+TABS = re.compile(r"^<!-- tabs(?: of \w+)? -->\n(.*?)^<!-- end of tabs -->\n", re.M | re.S)
 FENCE = re.compile(r"^```.*?^```$", re.M | re.S)
+
+
+def named(nav):
+    """All pages that a part of the navigation names."""
+    if isinstance(nav, str):
+        return {nav}
+    return set().union(*(named(item) for item in (nav.values() if isinstance(nav, dict) else nav)))
+
+
+def on_config(config):
+    """What came later stands at the end of its part, under its own title."""
+    there = named(config["nav"])
+    parts = {title: pages for item in config["nav"] for title, pages in item.items()}
+    for part, folder, pattern in (("Languages", ROOT, "bindings/*/README.md"), ("Guide", ROOT / "docs", "*.md")):
+        names = [str(path.relative_to(folder)) for path in sorted(folder.glob(pattern))]
+        parts[part] += [name for name in names if name not in there]
+    return config
 
 
 def on_files(files, config):
