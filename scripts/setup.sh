@@ -25,6 +25,9 @@ packaging=(wixl msitools zip dpkg-dev fakeroot lintian pkg-config llvm lld)
 site=(mkdocs mkdocs-material python3-pymdownx)
 screens=(chromium imagemagick)
 
+# Node.js often comes from elsewhere than Debian, and then with its own npm.
+command -v npm >/dev/null || bindings+=(nodejs npm)
+
 case "${1:-}" in
     "") packages=("${library[@]}") ;;
     --bindings) packages=("${bindings[@]}") ;;

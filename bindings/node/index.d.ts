@@ -172,7 +172,7 @@ export function openFile(output: File, input: File,
   options: { identities?: Identity | File | readonly (Identity | File)[]; password?: Password }): void;
 
 export namespace certs {
-  type Value = string | number | bigint | Date;
+  type Value = string | number | bigint | Date | Uint8Array;
   /** Text as CERT_ functions take it, or keywords and values: true is a flag, arrays have several values. */
   type Description = string | { readonly [keyword: string]: Value | boolean | null | undefined | readonly Value[] };
   interface Output {
@@ -195,7 +195,7 @@ export namespace certs {
     options?: Output & { beyondIssuer?: boolean }): Buffer;
   /** A certificate request (PKCS #10). */
   function request(key: Key, description: Description, options?: Output): Buffer;
-  /** A CRL. Entries are as { serial: "0a3f", reason: "superseded" }, or { cert: "name of a file" }. */
+  /** A CRL. Entries are as { serial: "0a3f", reason: "superseded" }, or { cert: its bytes }. */
   function issueCrl(issuer: Source, issuerKey: Key, revoked?: readonly Exclude<Description, string>[],
     options?: Output & { earlier?: Source; description?: Description }): Buffer;
   /** Answers a query of CERT_Query: "subject", "notAfter", "sha256" ... Several values are joined by line feeds. */

@@ -211,7 +211,7 @@ class Package(unittest.TestCase):
         self.refused("NO_MATCH_ERROR", certs.check_name, leaf, "example.org")
         report = certs.check_path(leaf, root, conditions={"purpose": "server"})
         self.assertEqual(report["objects"][0]["result"], "valid")
-        crl = certs.issue_crl(root, rootKey, [{"cert": "leaf.pem", "reason": "superseded"}])
+        crl = certs.issue_crl(root, rootKey, [{"cert": leaf, "reason": "superseded"}])
         error = self.refused("BAD_KEY_ERROR", certs.check_path, "leaf.pem", [root], evidence=[crl])
         self.assertEqual(error.report["objects"][0]["code"], error.code)
         self.refused("DUP_ERROR", certs.issue_crl, root, rootKey, [{"serial": "0a3f"}], earlier=crl)

@@ -3,6 +3,7 @@
 
 const fs = require('node:fs');
 const path = require('node:path');
+const { isUint8Array } = require('node:util/types');
 const raw = require('./raw.js');
 const { Owner } = require('./owner.js');
 const { fileIn, fileOut, listIn, room, sourceIn, textIn, textOut, withFolder, withPassword } = require('./buffers.js');
@@ -16,8 +17,11 @@ class PathError extends ZulError {
 }
 
 function quoted(value) {
+  if (isUint8Array(value)) {
+    return quoted(sourceIn(value).subarray(0, -1).toString());
+  }
   if (!(value instanceof Date) && !['string', 'number', 'bigint'].includes(typeof value)) {
-    throw new TypeError('a value of a description is a text, a number, a Date or a list of them');
+    throw new TypeError('a value of a description is a text, a number, a Date, bytes or a list of them');
   }
   const text = value instanceof Date ? `${value.toISOString().slice(0, 19)}Z` : String(value);
   return `'${text.replace(/[\\']/g, '\\$&')}'`;

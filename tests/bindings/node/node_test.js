@@ -205,7 +205,7 @@ test('certificates', () => {
   certs.checkName(leaf, 'example.com');
   refused('NO_MATCH_ERROR', () => certs.checkName(leaf, 'example.org'));
   assert.strictEqual(certs.checkPath(leaf, authority, { conditions: { purpose: 'server' } }).objects[0].result, 'valid');
-  const crl = certs.issueCrl(authority, rootKey, [{ cert: 'leaf.pem', reason: 'superseded' }]);
+  const crl = certs.issueCrl(authority, rootKey, [{ cert: leaf, reason: 'superseded' }]);
   const error = refused('BAD_KEY_ERROR', () => certs.checkPath('leaf.pem', [authority], { evidence: [crl] }));
   assert.strictEqual(error.report.objects[0].code, error.code);
   refused('DUP_ERROR', () => certs.issueCrl(authority, rootKey, [{ serial: '0a3f' }], { earlier: crl }));

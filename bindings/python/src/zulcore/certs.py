@@ -18,7 +18,7 @@ from .encoding import base64_decode
 from .errors import ZulError, length, status
 from .keys import Key, key_text
 
-Value = Union[str, int, bool, datetime.date]
+Value = Union[str, int, bool, datetime.date, bytes]
 # Keywords and values as CERT_ functions take them: text, or a mapping whose values are quoted where they need it.
 Description = Union[str, Mapping[str, Union[Value, Iterable[Value]]]]
 Sources = Union[Source, Iterable[Source]]
@@ -37,6 +37,8 @@ def _value(value: Value) -> str:
         if value.tzinfo is None:
             raise ValueError("a time without a time zone")
         value = value.astimezone(datetime.timezone.utc).strftime("%Y-%m-%dT%H:%M:%SZ")
+    elif isinstance(value, bytes):
+        value = source_in(value).decode()
     return "'" + str(value).replace("\\", "\\\\").replace("'", "\\'") + "'"
 
 
@@ -52,7 +54,7 @@ def describe(description: Description, separator: str = ";") -> str:
             parts.append(keyword)
         elif value is False or value is None:
             continue
-        elif isinstance(value, (str, int, datetime.date)):
+        elif isinstance(value, (str, int, datetime.date, bytes)):
             parts.append(f"{keyword}={_value(value)}")
         else:
             parts.append(f"{keyword}={','.join(_value(item) for item in value)}")
@@ -91,7 +93,7 @@ def request(key: Key, description: Description, *, file: Optional[Path] = None, 
 def issue_crl(issuer: Source, issuer_key: Key, revoked: Iterable[Mapping[str, Value]] = (), *,
               earlier: Optional[Source] = None, description: Description = "", file: Optional[Path] = None,
               der: bool = False) -> bytes:
-    """A CRL. Entries are mappings: {"serial": "0a3f", "reason": "superseded"}, or {"cert": "name of a file"}."""
+    """A CRL. Entries are mappings: {"serial": "0a3f", "reason": "superseded"}, or {"cert": its bytes}."""
     entries = text_in(";".join(describe(entry, ",") for entry in revoked))
     arguments = (source_in(issuer), key_text(issuer_key), None if earlier is None else source_in(earlier), entries,
                  _text(description), _options(der))
