@@ -14,7 +14,8 @@ class Terminal:
         self.shown = b""
         self.process, self.device = pty.fork()
         if self.process == 0:
-            os.execvpe(command[0], command, {**os.environ, "TERM": "xterm", **variables})
+            ours = {name: value for name, value in os.environ.items() if name not in ("NO_COLOR", "CLICOLOR_FORCE")}
+            os.execvpe(command[0], command, {**ours, "TERM": "xterm", **variables})
         fcntl.ioctl(self.device, termios.TIOCSWINSZ, struct.pack("HHHH", 24, columns, 0, 0))
 
     def __enter__(self):

@@ -5,6 +5,7 @@
 #include <system_error>
 #include <utility>
 
+#include "activity.h"
 #include "operating_system.h"
 #include "streams.h"
 
@@ -151,6 +152,7 @@ std::vector<Certificate> read_recipients(const std::vector<std::string>& files) 
 
 void encrypt_message(const ScratchFile& made, const ContentFile& content,
                      const std::vector<Certificate>& recipients, int choice) {
+    const Activity activity("encrypting");
     const int served = CMS_MakeEnvData(made.path(), content.path(), certificate_list(recipients).c_str(),
                                        nullptr, 0, choice);
     accept_length(served, content.name(),
@@ -165,6 +167,7 @@ SecretBytes decrypt_message(const Message& message, const std::string& recipient
         certificate.push_back(read_certificate(recipient));
     SecretBytes content(message.size() + 1);
     const char* who = certificate.empty() ? nullptr : certificate.front().argument.text();
+    const Activity activity("decrypting");
     const int length = CMS_ReadEnvDataToString(reinterpret_cast<char*>(content.data()),
                                                int_length(content) - 1, message.path(), who, key.text(), 0);
     accept_length(length, message.name(),

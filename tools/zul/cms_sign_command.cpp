@@ -1,6 +1,7 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 
+#include "activity.h"
 #include "cms_message.h"
 #include "file_digest.h"
 #include "streams.h"
@@ -45,6 +46,7 @@ struct CmsSignCommand {
             return;
         }
         const ContentFile content(file);
+        const Activity activity("signing");
         const int result = CMS_MakeSigData(path, content.path(), list.c_str(), privateKey.text(), choice);
         accept_status(result, content.name(),
                       result == NO_DATA_ERROR || result == MSG_TOO_LONG_ERROR

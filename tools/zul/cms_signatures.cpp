@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 
+#include "activity.h"
 #include "object_lists.h"
 #include "streams.h"
 
@@ -128,6 +129,7 @@ void VerifiedMessage::find_signers(const std::vector<Certificate>& certificates,
             hint = "The content or the message was changed, or the certificate is not the signer's.";
         throw Refused::by_library(result, message_.name(), hint);
     };
+    const Activity activity("checking the signatures");
     for (const Certificate& each : certificates) {
         int result = 0;
         for (const std::string& hash : hashes) {

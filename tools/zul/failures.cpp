@@ -3,6 +3,7 @@
 #include <cstdlib>
 
 #include "file_names.h"
+#include "terminal_style.h"
 
 namespace tool {
 
@@ -139,12 +140,12 @@ void accept_status(int result, const std::string& subject, const std::string& hi
 }
 
 void print_error(const char* text) {
-    std::fprintf(stderr, "zul: %s\n", text);
+    std::fprintf(stderr, "%s %s\n", styled(Style::error, "zul:", stderr).c_str(), text);
 }
 
 void warn(const std::string& text) {
     all_warnings().push_back(text);
-    print_error(("warning: " + text).c_str());
+    std::fprintf(stderr, "%s %s\n", styled(Style::warning, "zul: warning:", stderr).c_str(), text.c_str());
 }
 
 void warn_of_secret(const std::string& option, const std::string& instead) {

@@ -10,6 +10,7 @@
 #include "operating_system.h"
 #include "streams.h"
 #include "suggestions.h"
+#include "terminal_style.h"
 
 namespace tool {
 
@@ -71,9 +72,10 @@ void print_help(const CLI::App& app, const std::vector<std::string>& words) {
     std::string above;
     const CLI::App* command = find_command(app, words, above);
     // The tool's own help would be that of the command in use.
-    Output("-").write(command == &app
-                          ? app.get_formatter()->make_help(&app, app.get_name(), CLI::AppFormatMode::Normal)
-                          : command->help(above));
+    const std::string text =
+        command == &app ? app.get_formatter()->make_help(&app, app.get_name(), CLI::AppFormatMode::Normal)
+                        : command->help(above);
+    Output("-").write(styled_help(text));
 }
 
 void print_completions(const CLI::App& app, const std::string& shell) {

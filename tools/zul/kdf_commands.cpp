@@ -2,6 +2,7 @@
 #include <limits>
 #include <memory>
 
+#include "activity.h"
 #include "commands.h"
 #include "derived_key.h"
 #include "failures.h"
@@ -29,7 +30,10 @@ struct KdfCommand {
         const SecretBytes saltBytes = salt.read(Function::kNeedsSalt);
         const SecretBytes secret = function.read_secret();
         SecretBytes key(static_cast<size_t>(length));
-        accept_length(function.derive(key, secret, saltBytes), "key");
+        {
+            const Activity activity("deriving the key");
+            accept_length(function.derive(key, secret, saltBytes), "key");
+        }
         output.write(key);
     }
 };

@@ -1,6 +1,7 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 
+#include "activity.h"
 #include "commands.h"
 #include "failures.h"
 #include "key_output.h"
@@ -90,6 +91,7 @@ struct ConvertCommand {
         } else {
             const int options = encryption.rsa_options() | formatOption;
             const SecretBytes secret = newPassword.read_new(in_quotes(out));
+            const Activity activity("encrypting the key");
             accept_status(
                 RSA_SaveEncPrivateKey(file, key.text(), encryption.rsa_count(), as_text(secret), options),
                 out);
@@ -105,6 +107,7 @@ struct ConvertCommand {
         } else {
             const std::string parameters = encryption.parameters();
             const SecretBytes secret = newPassword.read_new(in_quotes(out));
+            const Activity activity("encrypting the key");
             accept_status(KEY_Save(file, key.text(), as_text(secret), parameters.c_str(), options), out);
         }
     }

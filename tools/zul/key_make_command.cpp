@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "activity.h"
 #include "commands.h"
 #include "failures.h"
 #include "key_output.h"
@@ -58,6 +59,7 @@ struct KeyMakeCommand {
         check_files();
         const SecretBytes secret = password.read_new(in_quotes(privateFile));
         const Key key = Key::make(type);
+        const Activity activity("writing the keys");
         accept_status(
             KEY_Save(privateFile.c_str(), key.text(), as_text(secret), parameters.c_str(), formatOption),
             privateFile);
@@ -76,11 +78,15 @@ struct KeyMakeCommand {
             warn("a key of fewer than 2048 bits is too short to be secure");
         const SecretBytes secret = password.read_new(in_quotes(privateFile));
 
+        // A terminal gets a line of the tool's own; elsewhere the library shows its marks on demand.
+        const bool showsMarks = progress && !StatusLine::is_possible();
+        const Activity activity("searching for two primes",
+                                progress ? Activity::From::now : Activity::From::later);
         // The bit that shows progress is also one of AES-192's: with either, Triple DES at first.
         const bool hasAes = (wanted & ZUL_PBE_PBES2) != 0 && (wanted & kAesBits) != 0;
-        const bool isMistaken = hasAes && (progress || (wanted & kAesBits) == ZUL_PBE_CIPHER_AES192);
+        const bool isMistaken = hasAes && (showsMarks || (wanted & kAesBits) == ZUL_PBE_CIPHER_AES192);
         const int options =
-            (isMistaken ? wanted & ~kAesBits : wanted) | (progress ? ZUL_KEY_SHOW_PROGRESS : 0);
+            (isMistaken ? wanted & ~kAesBits : wanted) | (showsMarks ? ZUL_KEY_SHOW_PROGRESS : 0);
         accept_status(RSA_MakeKeys(publicFile.c_str(), privateFile.c_str(), bits, index, tests,
                                    encryption.rsa_count(), as_text(secret), nullptr, 0, options),
                       "key pair", hint());
@@ -134,7 +140,7 @@ void add_key_make_command(CLI::App& group) {
     make->encryption.add_to(*command, "Encryption of the private key (aes-256)");
     make->password.add_to(*command, "password", "Password for the private key");
     make->replace.add_to(*command);
-    command->add_flag("--progress", make->progress, "rsa: show the search for primes");
+    command->add_flag("--progress", make->progress, "rsa: show the search for primes from its beginning");
     command->footer(
         std::string(KeyEncryption::kSchemes) +
         "p-256, p-384, p-521 and ed25519 sign, x25519 and the p- types agree on secrets, rsa signs\n"

@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include "activity.h"
 #include "failures.h"
 #include "key_forms.h"
 #include "streams.h"
@@ -42,6 +43,7 @@ Key Key::read_content(const SecretBytes& content, const std::string& name,
     const SecretBytes secret = source.isEncrypted ? ask() : SecretBytes(1);
     Key key;
     key.form_ = source.form;
+    const Activity activity("reading the key");
     key.text_ = key_string(name, [&](char* out, int room) {
         return KEY_Read(out, room, as_text(source.text), as_text(secret), 0);
     });
@@ -51,6 +53,7 @@ Key Key::read_content(const SecretBytes& content, const std::string& name,
 Key Key::make(const std::string& type) {
     Key key;
     key.form_ = "private key";
+    const Activity activity("making the key");
     key.text_ = key_string(type, [&](char* out, int room) { return KEY_Make(out, room, type.c_str(), 0); });
     return key;
 }
@@ -75,6 +78,7 @@ std::string Key::query(const char* what) const {
 }
 
 void Key::check(const std::string& file) const {
+    const Activity activity("checking the key");
     if (is_rsa()) // compares the two exponents too
         accept_length(RSA_CheckKey(text(), 0), file, "It does not undo its public part.");
     else

@@ -16,6 +16,10 @@ namespace tool {
 void prepare_streams();
 bool output_is_terminal();
 bool errors_are_terminal(); // standard error
+// enable_colours tells whether a stream is a terminal that shows colours, and has it show them.
+bool enable_colours(std::FILE* stream);
+bool is_dumb_terminal(); // one whose lines cannot be written again
+int terminal_columns();  // of standard error; 0 if not known
 
 // bytes_left gives the number of bytes from the position of an unbuffered stream to the end of its file,
 // negative if it is no regular file. Another thread may read meanwhile.

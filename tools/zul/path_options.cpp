@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 
+#include "activity.h"
 #include "certificates.h"
 #include "object_lists.h"
 
@@ -89,6 +90,7 @@ PathCheck::PathCheck(const PathOptions& options)
 PathAnswer PathCheck::check(const std::string& certificate, const std::string& others, bool json) const {
     constexpr size_t kLongestReport = 1 << 20;
     std::string report(kLongestReport, '\0');
+    const Activity activity("checking the path");
     const int code =
         CERT_CheckPath(report.data(), static_cast<int>(kLongestReport), certificate.c_str(), others.c_str(),
                        trusted_.c_str(), evidence_.empty() ? nullptr : evidence_.c_str(), conditions_.c_str(),

@@ -1,6 +1,7 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 
+#include "activity.h"
 #include "commands.h"
 #include "json_output.h"
 #include "pfx_input.h"
@@ -27,6 +28,7 @@ struct ListCommand {
         // Each call derives keys, so the usual report takes a single one.
         const auto list = [&](int options) {
             options |= form;
+            const Activity activity("decrypting");
             report.resize((1 << 16) + 1);
             int length = P12_List(reinterpret_cast<char*>(report.data()), int_length(report) - 1, pfx.text(),
                                   password, options);
@@ -53,21 +55,26 @@ struct VerifyPfxCommand {
 
     // PFX_VerifySig looks at nothing but the MAC, and knows only those of RFC 7292 and passwords in Latin-1.
     // P12_List knows the others; it reads the whole file, which needs the same password.
-    std::string check(JsonObject& about) const {
-        about.add_file("file", file);
-        const ObjectArgument pfx(file);
-        const SecretBytes secret = password.read(in_quotes(pfx.name()));
-        const int result = PFX_VerifySig(pfx.text(), as_text(secret), 0);
+    static void check_mac(const ObjectArgument& pfx, const char* secret) {
+        const Activity activity("checking");
+        const int result = PFX_VerifySig(pfx.text(), secret, 0);
         if (result == NO_DATA_ERROR)
             throw Refused::by_library(result, pfx.name());
         if (result != 0) {
-            const int length = P12_List(nullptr, 0, pfx.text(), as_text(secret), ZUL_P12_NEED_MAC);
+            const int length = P12_List(nullptr, 0, pfx.text(), secret, ZUL_P12_NEED_MAC);
             if (length == -DECRYPT_ERROR)
                 throw Refused::by_system(
                     SIGNATURE_ERROR, pfx.name(),
                     "The MAC does not match: a wrong password, or the file was changed.");
             accept_length(length, pfx.name());
         }
+    }
+
+    std::string check(JsonObject& about) const {
+        about.add_file("file", file);
+        const ObjectArgument pfx(file);
+        const SecretBytes secret = password.read(in_quotes(pfx.name()));
+        check_mac(pfx, as_text(secret));
         return pfx.name() + ": good MAC, made with this password\n";
     }
 

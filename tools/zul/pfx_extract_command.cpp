@@ -1,6 +1,7 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 
+#include "activity.h"
 #include "arguments.h"
 #include "armour.h"
 #include "commands.h"
@@ -86,6 +87,7 @@ struct ExtractCommand {
         auto* keyOut = wantsKey ? reinterpret_cast<char*>(taken.key.data()) : nullptr;
         accept_status(input.read(pfx,
                                  [&](int options) {
+                                     const Activity activity("decrypting");
                                      return P12_Unpack(wants_certificates() ? found.path() : nullptr, keyOut,
                                                        wantsKey ? kKeyRoom : 0, pfx.text(), as_text(secret),
                                                        keyNumber | options);

@@ -3,6 +3,7 @@
 #include <memory>
 #include <optional>
 
+#include "activity.h"
 #include "armour.h"
 #include "commands.h"
 #include "key_forms.h"
@@ -134,6 +135,7 @@ struct PfxMakeCommand {
             warn("the password is not ASCII: some programs make something else of it");
 
         const auto pack = [&](const char* path) {
+            const Activity activity("encrypting");
             const int result = P12_Pack(path, contents.certificates.c_str(), hasKey ? key->text() : nullptr,
                                         as_text(secret), name.c_str(), options());
             accept_status(result, result == NO_MATCH_ERROR ? contents.keyName : out);

@@ -3,19 +3,18 @@
 #include <cstdint>
 #include <string>
 
+#include "terminal_style.h"
+
 namespace tool {
 
 class Input;
 
-// Progress shows on standard error how much of an input was processed, in one line that is wiped at the end:
-// only at a terminal, and only once the work has taken a second.
+// Progress shows how much of an input was processed, how fast, and how long the rest takes: only at a
+// terminal, and only once the work has taken a second.
 class Progress {
   public:
     // out is what the data goes to: nothing is shown among data on the terminal.
     explicit Progress(const Input& input, const std::string& out = {});
-    Progress(const Progress&) = delete;
-    Progress& operator=(const Progress&) = delete;
-    ~Progress();
 
     // is_wanted tells whether the progress of reading a regular file would be seen: it is large, and standard
     // error a terminal.
@@ -25,12 +24,12 @@ class Progress {
 
   private:
     using Clock = std::chrono::steady_clock;
-    void show(Clock::time_point now);
+    std::string text(Clock::time_point now, size_t room) const;
 
+    StatusLine line_;
     bool isShown_;
     int64_t total_, done_ = 0; // a total of 0 or less is not known
     Clock::time_point begin_ = Clock::now(), next_ = begin_ + std::chrono::seconds(1);
-    size_t width_ = 0; // of the line on the terminal
 };
 
 } // namespace tool

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "activity.h"
 #include "algorithms.h"
 #include "commands.h"
 #include "file_digest.h"
@@ -148,7 +149,10 @@ struct SignCommand {
         };
         const SignedData data(in, method);
         SecretBytes signature(accept(sign(data, nullptr, 0)));
-        signature.resize(accept(sign(data, signature.data(), int_length(signature))));
+        {
+            const Activity activity("signing");
+            signature.resize(accept(sign(data, signature.data(), int_length(signature))));
+        }
         write_file(out, signature);
     }
 };
@@ -163,6 +167,7 @@ struct VerifyCommand {
         const char *algorithm = method.algorithm.c_str(), *keyText = publicKey.text();
         const SignedData data(in, method);
         const int size = int_length(data.bytes);
+        const Activity activity("checking the signature");
         switch (data.form) {
         case SignedData::file:
             return SIG_VerifyFile(made.data(), int_length(made), in.c_str(), keyText, algorithm,

@@ -8,6 +8,7 @@
 #include "operating_system.h"
 #include "streams.h"
 #include "suggestions.h"
+#include "terminal_style.h"
 
 namespace {
 
@@ -88,7 +89,8 @@ int report_usage(const CLI::App& app, const std::string& text) {
     const std::string& name = chosen.name;
     CLI::Formatter formatter;
     formatter.label("SUBCOMMAND", "COMMAND");
-    std::fprintf(stderr, "%s: %s\n%s'%s --help' tells more.\n", name.c_str(), text.c_str(),
+    std::fprintf(stderr, "%s %s\n%s'%s --help' tells more.\n",
+                 tool::styled(tool::Style::error, name + ":", stderr).c_str(), text.c_str(),
                  formatter.make_usage(chosen.command, name).c_str(), name.c_str());
     return tool::kUsage;
 }
@@ -98,7 +100,7 @@ int run(CLI::App& app, int argc, char** argv) {
         app.parse(tool::take_arguments(argc, argv));
         return tool::kDone;
     } catch (const CLI::CallForHelp&) {
-        tool::Output("-").write(app.help());
+        tool::Output("-").write(tool::styled_help(app.help()));
         return tool::kDone;
     } catch (const CLI::Success&) {
         return tool::kDone;

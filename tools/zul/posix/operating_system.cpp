@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <csignal>
+#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <iterator>
 #include <sys/file.h>
+#include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <zulcore.h>
@@ -73,6 +75,20 @@ bool output_is_terminal() {
 
 bool errors_are_terminal() {
     return isatty(STDERR_FILENO) != 0;
+}
+
+bool enable_colours(std::FILE* stream) {
+    return isatty(fileno(stream)) != 0 && !is_dumb_terminal();
+}
+
+bool is_dumb_terminal() {
+    const char* name = std::getenv("TERM");
+    return name == nullptr || *name == '\0' || std::strcmp(name, "dumb") == 0;
+}
+
+int terminal_columns() {
+    winsize size{};
+    return ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 ? size.ws_col : 0;
 }
 
 int64_t bytes_left(std::FILE* file) {

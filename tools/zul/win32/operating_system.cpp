@@ -1,6 +1,8 @@
 #include "../operating_system.h"
 
 #include <windows.h>
+#include <cstdlib>
+#include <cstring>
 #include <cwctype>
 #include <fcntl.h>
 #include <io.h>
@@ -106,6 +108,25 @@ bool output_is_terminal() {
 
 bool errors_are_terminal() {
     return _isatty(_fileno(stderr)) != 0;
+}
+
+bool enable_colours(std::FILE* stream) {
+    DWORD mode = 0;
+    return _isatty(_fileno(stream)) != 0 && !is_dumb_terminal() &&
+           GetConsoleMode(handle_of(stream), &mode) != 0 &&
+           SetConsoleMode(handle_of(stream), mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
+}
+
+bool is_dumb_terminal() {
+    const char* name = std::getenv("TERM"); // only programs from elsewhere set it
+    return name != nullptr && std::strcmp(name, "dumb") == 0;
+}
+
+int terminal_columns() {
+    CONSOLE_SCREEN_BUFFER_INFO screen{};
+    if (GetConsoleScreenBufferInfo(handle_of(stderr), &screen) == 0)
+        return 0;
+    return screen.srWindow.Right - screen.srWindow.Left + 1;
 }
 
 int64_t bytes_left(std::FILE* file) {
