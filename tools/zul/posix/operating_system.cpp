@@ -78,12 +78,13 @@ bool errors_are_terminal() {
 }
 
 bool enable_colours(std::FILE* stream) {
-    return isatty(fileno(stream)) != 0 && !is_dumb_terminal();
+    const char* name = std::getenv("TERM");
+    return isatty(fileno(stream)) != 0 && name != nullptr && *name != '\0' && !is_dumb_terminal();
 }
 
 bool is_dumb_terminal() {
     const char* name = std::getenv("TERM");
-    return name == nullptr || *name == '\0' || std::strcmp(name, "dumb") == 0;
+    return name != nullptr && std::strcmp(name, "dumb") == 0;
 }
 
 int terminal_columns() {
