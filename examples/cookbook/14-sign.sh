@@ -2,8 +2,8 @@
 . "$(dirname "$0")/common.sh"
 echo "a report" >report.txt
 echo "correct horse battery staple" >password.txt
-zul key make --type ed25519 --password-file password.txt my.pub my.key
 # [show]
+zul key make --type ed25519 --password-file password.txt my.pub my.key
 zul sign -k my.key --password-file password.txt report.txt report.sig
 
 # Everybody who has the public key:
