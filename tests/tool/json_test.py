@@ -62,6 +62,8 @@ class Documents(ToolTest):
         self.done("crl make -k key.pem --issuer ca.pem empty.crl")
         self.done("cms sign in.bin -k other.pem --cert alice.pem --extra-cert ca.pem --signing-time -o in.p7m")
         self.done("cms encrypt in.bin --to alice.pem -o secret.p7m")
+        self.done("mail sign in.bin -k other.pem --cert alice.pem --from alice@example.com -o in.eml")
+        write("bob.eml", read("in.eml").replace(b"alice@", b"bob@"))
         self.done("pfx make alice.pem other.pem -o alice.p12 --name", "M\u00fcller", *PW)
         self.done("ca init pki --no-password --name O=Example")
         self.done("ca issue pki --dns a.example --no-password -o a")
@@ -140,6 +142,10 @@ class Documents(ToolTest):
                        ["in.p7m", 0, {"valid": True, "trust": "none", "signingTime": re.compile(r"^\d{4}-")}],
                        ["in.p7m --cert alice.pem", 0, {"trust": "certificate"}],
                        ["in.p7m --trusted ca.pem --time 2045-01-01", 1, no(16, "EXPIRED_ERROR")], ["secret.p7m", 1, {"valid": False}]],
+        "mail verify": [["in.eml --trusted ca.pem -o out.eml", 0, {"valid": True, "trust": "path", "from": ["alice@example.com"], "isFromCompared": True,
+                                                                   "isDetached": True, "content": "out.eml", "signers": [{"subjectName": "CN=Alice"}]}],
+                        ["bob.eml --from-any", 0, {"valid": True, "trust": "none", "isFromCompared": False}],
+                        ["bob.eml --trusted ca.pem", 1, no(21, "NO_MATCH_ERROR", trust="path")], ["in.bin", 1, {"valid": False}]],
         "cms certs list": [["in.p7m", 0, {"certificates": [{"number": 1, "subjectName": "CN=Alice"}, {"number": 2, "subjectName": "CN=Root"}]}]],
         "pfx list": [["alice.p12 --password-file pw", 0, {"mac": {"verified": True}, "entries": [{"kind": "certificate", "name": "M\u00fcller", "key": 2}, {"kind": "key"}]}],
                      ["alice.p12 --no-password", 0, {"mac": {"verified": False}, "entries": [{"kind": "key"}]}],

@@ -323,7 +323,8 @@ class Mail(ToolTest):
                 ("one line", [*sign, "--from=a@b\nX: y"]), ("one address", [*sign, "--from=alice"]), ("one address", [*sign, "--to=a@b, c@d"]),
                 ("message,text,attachment", [*sign, "--as=mail"]), ("digests: sha1", [*sign, "-d", "sha3"]),
                 ("at most 10", ["encrypt", "letter.eml", *["--to=bob.pem"] * 11]), ("go with --trusted", ["verify", "signed.eml", "--time=2026-01-01"]),
-                ("goes with --out", ["verify", "signed.eml", "--body"]), ("standard input", ["decrypt", "-", "-k", "-"])):
+                ("goes with --out", ["verify", "signed.eml", "--body"]),
+                ("exclude each other", ["verify", "signed.eml", "--json", "-o", "-"]), ("standard input", ["decrypt", "-", "-k", "-"])):
             self.wrong_usage(says, "mail", *arguments)
         self.assertEqual({name: read(name) for name in os.listdir()}, before)
         self.leaves_nothing(["mail", *sign], ["mail", "encrypt", "letter.eml", "--to=bob.pem"], ["mail", "verify", "signed.eml", "-o", "-"])

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "cms_signatures.h"
+#include "json_output.h"
 #include "mail_message.h"
 #include "mime_text.h"
 #include "streams.h"
@@ -64,7 +65,7 @@ struct SignedMail {
 
 struct MailVerifyCommand {
     std::string file, out;
-    bool fromAny = false, subjectName = false, body = false;
+    bool fromAny = false, subjectName = false, body = false, json = false;
     SignatureOptions options;
 
     // addresses gives those of From, outside and in what was signed.
@@ -87,14 +88,11 @@ struct MailVerifyCommand {
         return all;
     }
 
-    // compare demands for each address a signer with that address; it gives a line of the report.
-    std::string compare(const IncomingMail& mail, const SecretBytes& content,
-                        const std::vector<Certificate>& signers) const {
-        std::string line = "  from        ";
-        if (fromAny)
-            return line + "NOT COMPARED with the certificate (--from-any): anybody can have sent it\n";
-        std::string names;
-        for (const std::string& address : addresses(mail, content)) {
+    // compare demands for each address a signer with that address; it gives the addresses.
+    std::vector<std::string> compare(const IncomingMail& mail, const SecretBytes& content,
+                                     const std::vector<Certificate>& signers) const {
+        std::vector<std::string> all = addresses(mail, content);
+        for (const std::string& address : all) {
             const int choice = subjectName ? ZUL_CERT_SUBJECT_NAME : 0;
             const auto isFor = [&](const Certificate& each) {
                 return CERT_CheckName(each.argument.text(), address.c_str(), choice) == 0;
@@ -104,9 +102,8 @@ struct MailVerifyCommand {
                     mail, NO_MATCH_ERROR,
                     "The signature is good, but the signer's certificate is not for the address of From, " +
                         printable(address) + ".");
-            names += (names.empty() ? "" : ", ") + printable(address);
         }
-        return line + names + ", as the signer's certificate says\n";
+        return all;
     }
 
     // printable escapes what could steer a terminal.
@@ -120,19 +117,31 @@ struct MailVerifyCommand {
         return is_utf8(text) ? text : readable(text);
     }
 
-    static std::string about(const SecretBytes& content, const std::string& name) {
+    static bool is_protected(const SecretBytes& content, const std::string& name) {
         if (!looks_like_message(view_of(content)))
-            return "";
+            return false;
         const MimeEntity inner(view_of(content), name);
-        return is_multipart_signed(inner) || is_cms_entity(inner)
-                   ? "  content     is itself signed or encrypted, which was not looked at\n"
-                   : "";
+        return is_multipart_signed(inner) || is_cms_entity(inner);
     }
 
     void run() const {
         options.check({file}, out);
         if (body && out.empty())
             throw UsageError("--body goes with --out");
+        if (json && is_standard_stream(out))
+            throw UsageError("--json and -o - exclude each other: both write to standard output");
+        JsonObject unused;
+        if (json)
+            report_verdict(true, [this](JsonObject& about) {
+                verify(about);
+                return "";
+            });
+        else
+            verify(unused);
+    }
+
+    void verify(JsonObject& about) const {
+        about.add_file("file", file);
         SignatureOptions demands = options;
         if (demands.isValidated() && demands.path.purpose.empty())
             demands.path.purpose = "email";
@@ -146,12 +155,34 @@ struct MailVerifyCommand {
                                                             : std::string();
         });
         const SecretBytes content = parts.isDetached ? parts.content : verified.content();
-        const std::string report =
-            verified.report() + compare(mail, content, verified.signers()) + about(content, mail.name());
+        std::string report = verified.report();
+        verified.report_to(about);
+        about.add("isDetached", parts.isDetached).add("isFromCompared", !fromAny);
+        if (fromAny) {
+            report +=
+                "  from        NOT COMPARED with the certificate (--from-any): anybody can have sent it\n";
+        } else {
+            JsonArray list;
+            std::string names;
+            for (const std::string& address : compare(mail, content, verified.signers())) {
+                list.add(address);
+                names += (names.empty() ? "" : ", ") + printable(address);
+            }
+            about.add("from", list);
+            report += "  from        " + names + ", as the signer's certificate says\n";
+        }
+        const bool isProtected = is_protected(content, mail.name());
+        about.add("isContentProtected", isProtected);
+        if (isProtected)
+            report += "  content     is itself signed or encrypted, which was not looked at\n";
         if (parts.hasTextBehind)
             warn("text behind the signed parts is not signed");
-        if (!out.empty())
+        if (!out.empty()) {
             write_file(out, body ? body_of(content, mail.name()) : content);
+            about.add_file("content", out);
+        }
+        if (json)
+            return;
         if (is_standard_stream(out))
             std::fputs(report.c_str(), stderr);
         else
@@ -175,6 +206,7 @@ void add_mail_verify_command(CLI::App& group) {
         ->add_option("-o,--out", verify->out,
                      "File for the content, once all is good; with - the report goes to standard error")
         ->option_text("FILE");
+    add_json_flag(*command, verify->json);
     command->add_flag("--body", verify->body, "Write the decoded body alone, of content of one part");
     command->footer(
         "The signature is of the content alone: Subject, To, Date and all other fields outside may be "
