@@ -166,6 +166,7 @@ class Package(unittest.TestCase):
                 ("NOT_SUPPORTED_ERROR", lambda: zulcore.Hash("sha0")),
                 ("BAD_KEY_LEN_ERROR", lambda: zulcore.encrypt(b"short", b"")),
                 ("BAD_LENGTH_ERROR", lambda: zulcore.decrypt(bytes(32), b"short")),
+                ("DECRYPT_ERROR", lambda: zulcore.decrypt(bytes(32), bytes(28))),
                 ("OPEN_ERROR", lambda: Key.read("missing.pem")),
                 ("INVALID_DATA_ERROR", lambda: Key.read(b"\x30\x82")),
                 ("BAD_KEY_ERROR", lambda: zulcore.Identity("AGE-SECRET-KEY-1").recipient()),

@@ -39,7 +39,8 @@ function room(size) {
 /** Calls with pieces as one text that ends with a NUL and is wiped at the end. */
 function withText(pieces, separator, call) {
   const parts = pieces.map((piece) => (typeof piece === 'string' ? encoded(piece) : piece));
-  const text = room(parts.reduce((sum, part) => sum + part.length, 0) + Math.max(0, parts.length - 1) * separator.length + 1);
+  const separators = Math.max(0, parts.length - 1) * separator.length;
+  const text = room(parts.reduce((sum, part) => sum + part.length, separators) + 1);
   try {
     let at = 0;
     parts.forEach((part, number) => {
@@ -109,7 +110,8 @@ function ansi(name) {
       const noBestFit = 0x400;
       const output = Buffer.alloc(text.length * 4 + 1);
       const replaced = Buffer.alloc(4);
-      const size = convert(0, noBestFit, Buffer.from(text, 'utf16le'), text.length, output, output.length, null, replaced);
+      const wide = Buffer.from(text, 'utf16le');
+      const size = convert(0, noBestFit, wide, text.length, output, output.length, null, replaced);
       if (size === 0 || replaced.readInt32LE() !== 0) {
         throw new TypeError(`the name of a file cannot be written in the system's code page: ${text}`);
       }

@@ -102,8 +102,9 @@ function checkPath(certificate, trusted, { others = [], evidence = [], condition
 function p12Pack(file, certificates, key, password, { name, legacy, pbmac1, trusted, pem } = {}) {
   const options = (legacy ? raw.ZUL_P12_LEGACY : 0) | (pbmac1 ? raw.ZUL_P12_PBMAC1 : 0) |
     (trusted ? raw.ZUL_P12_TRUSTED : 0) | (pem ? raw.ZUL_KEY_FORMAT_PEM : 0);
-  withPassword(password, (secret) => status(raw.P12_Pack(fileIn(file), listIn(certificates)[0], key ? Owner.open(key) : null,
-    secret, name === undefined || name === null ? null : textIn(name), options)));
+  const label = name === undefined || name === null ? null : textIn(name);
+  withPassword(password, (secret) => status(raw.P12_Pack(fileIn(file), listIn(certificates)[0],
+    key ? Owner.open(key) : null, secret, label, options)));
 }
 
 function p12Unpack(source, password, { key = 0, certificates = true, needMac } = {}) {
@@ -140,6 +141,6 @@ function ocspResponse(response, issuer) {
 }
 
 module.exports = {
-  PathError, checkName, checkPath, describe, issue, issueCrl, ocspRequest, ocspResponse, p12List, p12Pack, p12Unpack, query,
-  report, reportText, request, selfSign,
+  PathError, checkName, checkPath, describe, issue, issueCrl, ocspRequest, ocspResponse, p12List, p12Pack, p12Unpack,
+  query, report, reportText, request, selfSign,
 };

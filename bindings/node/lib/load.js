@@ -25,8 +25,7 @@ function loadLibrary() {
   try {
     return koffi.load(searched);
   } catch (error) {
-    throw new Error(`${beside} is not there, ZULCORE_LIBRARY is not set, and the system's search for ${searched} gives: ` +
-      error.message);
+    throw new Error(`${beside} is not there, ZULCORE_LIBRARY is not set, and the system's search gives: ${error.message}`);
   }
 }
 

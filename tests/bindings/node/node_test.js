@@ -50,7 +50,8 @@ function computed(record) {
       { aad: data('Aad'), nonce: data('Nonce'), algorithm: record.Algorithm });
     case 'hkdf': return zulcore.hkdf(data('Key'), { size, salt: data('Salt'), info: data('Info'), hash });
     case 'pbkdf2': return zulcore.pbkdf2(data('Password'), data('Salt'), { size, iterations: +record.Iterations, hash });
-    case 'scrypt': return zulcore.scrypt(data('Password'), data('Salt'), { size, n: +record.N, r: +record.R, p: +record.P });
+    case 'scrypt': return zulcore.scrypt(data('Password'), data('Salt'),
+      { size, n: +record.N, r: +record.R, p: +record.P });
     default: throw new Error(record.Kind);
   }
 }
@@ -91,8 +92,8 @@ test('data in pieces', () => {
 });
 
 test('keys', () => {
-  for (const [kind, password, options] of [['rsa-1024', 'pässword', {}], ['p-256', bytes('x'), { parameters: 'kdf=scrypt' }],
-    ['p-384', null, { own: true, unencrypted: true }], ['ed25519', null, { der: true, unencrypted: true }]]) {
+  for (const [kind, password, options] of [['rsa-1024', 'pässword', {}],
+    ['p-256', bytes('x'), { parameters: 'kdf=scrypt' }], ['p-384', null, { own: true, unencrypted: true }], ['ed25519', null, { der: true, unencrypted: true }]]) {
     const key = Key.generate(kind);
     key.save('schlüssel', password, options);
     key.publicKey().save('public');
@@ -159,6 +160,7 @@ test('misuse', () => {
     ['NOT_SUPPORTED_ERROR', () => new zulcore.Hash('sha0')],
     ['BAD_KEY_LEN_ERROR', () => zulcore.encrypt(bytes('short'), none)],
     ['BAD_LENGTH_ERROR', () => zulcore.decrypt(Buffer.alloc(32), bytes('short'))],
+    ['DECRYPT_ERROR', () => zulcore.decrypt(Buffer.alloc(32), Buffer.alloc(28))],
     ['OPEN_ERROR', () => Key.read('missing.pem')],
     ['INVALID_DATA_ERROR', () => Key.read(Buffer.from([0x30, 0x82]))],
     ['BAD_KEY_ERROR', () => new zulcore.Identity('AGE-SECRET-KEY-1')],
@@ -192,8 +194,8 @@ test('certificates', () => {
   const authority = certs.selfSign(rootKey, { subject: 'C=AU;O=Example', profile: 'ca' }, { der: true });
   const name = "a'b\\c;O=Evil";
   const request = certs.request(key, { CN: name, dns: ['www.example.com', 'example.com'] }, { file: 'request.pem' });
-  const leaf = certs.issue(authority, rootKey, 'request.pem', { copy: ['subjectAltName'], profile: 'server', serial: '0a3f',
-    notAfter: new Date(Date.now() + 1e9) }, { file: 'leaf.pem' });
+  const leaf = certs.issue(authority, rootKey, 'request.pem', { copy: ['subjectAltName'], profile: 'server',
+    serial: '0a3f', notAfter: new Date(Date.now() + 1e9) }, { file: 'leaf.pem' });
   for (const subject of [certs.request(key, { CN: name }, { der: true }), key, bytes(key.publicPem())]) {
     const made = certs.issue(authority, rootKey, subject, { CN: 'Made' });
     assert.strictEqual(Key.read(made).fingerprint, key.fingerprint);

@@ -91,6 +91,7 @@ def open_file(output: Path, input: Path, identities: Union[Identity, Path, Itera
     """Decrypts a file with identities (objects, or names of files) or a password."""
     items: list[Union[Identity, Path]] = ([identities] if isinstance(identities, (str, os.PathLike, Identity))
                                           else list(identities))
-    pieces: list[Union[Password, Chars]] = [item._open() if isinstance(item, Identity) else _entry(file_in(item)) for item in items]
+    pieces: list[Union[Password, Chars]] = [item._open() if isinstance(item, Identity) else _entry(file_in(item))
+                                            for item in items]
     with secret_text(pieces, b";") as entries, password_text(password) as secret:
         status(_raw.SEAL_OpenFile(file_in(output), file_in(input), entries if pieces else None, secret, 0))
