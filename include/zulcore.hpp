@@ -895,12 +895,12 @@ class PathError : public Error {
 
 // PathCheck is what check_path takes, all as in CERT_CheckPath.
 struct PathCheck {
-    std::string_view certificate;
-    std::string_view others = {};
-    std::string_view trusted = {};
-    std::string_view evidence = {};
-    std::string_view conditions = {}; // "host=www.example.com;purpose=server"
-    int flags = 0;                    // ZUL_CERT_WEB, ZUL_CERT_SUBJECT_NAME, ZUL_CERT_JSON
+    std::string certificate;
+    std::string others = {};
+    std::string trusted = {};
+    std::string evidence = {};
+    std::string conditions = {}; // "host=www.example.com;purpose=server"
+    int flags = 0;               // ZUL_CERT_WEB, ZUL_CERT_SUBJECT_NAME, ZUL_CERT_JSON
 };
 
 // check_path returns the report if the certificate is valid, and throws PathError if it is not.
