@@ -189,6 +189,8 @@ TEST(Cpp, ErrorsTellAll) {
 }
 
 TEST(Cpp, RefusesWhatTheCallWouldCut) {
+    const test::TempDir dir;
+    const std::string unused = dir.file("unused");
     const unsigned char byte = 0;
     const zulcore::ByteView tooLong(&byte, static_cast<size_t>(INT_MAX) + 1);
     const std::string cut("sha256\0x", 8);
@@ -200,16 +202,16 @@ TEST(Cpp, RefusesWhatTheCallWouldCut) {
         {[&] { static_cast<void>(zulcore::pbkdf2(16, tooLong, "salt", 1)); }, OUT_OF_RANGE_ERROR},
         {[&] { static_cast<void>(zulcore::Hash(cut)); }, BAD_PARAM_ERROR},
         {[&] { static_cast<void>(zulcore::hash_file(cut)); }, BAD_PARAM_ERROR},
-        {[&] { key.save("unused", cut); }, BAD_PARAM_ERROR},
-        {[&] { key.save("unused", ""); }, BAD_PARAM_ERROR}, // neither writes an unencrypted file
-        {[&] { key.save("unused"); }, BAD_PARAM_ERROR},
-        {[&] { zulcore::seal::seal_file_with_password("unused", "unused", ""); }, BAD_PARAM_ERROR},
+        {[&] { key.save(unused, cut); }, BAD_PARAM_ERROR},
+        {[&] { key.save(unused, ""); }, BAD_PARAM_ERROR}, // neither writes an unencrypted file
+        {[&] { key.save(unused); }, BAD_PARAM_ERROR},
+        {[&] { zulcore::seal::seal_file_with_password(unused, unused, ""); }, BAD_PARAM_ERROR},
         {[&] { static_cast<void>(zulcore::hash_file("no such file")); }, OPEN_ERROR},
         {[&] { static_cast<void>(Key::generate("p-257")); }, NOT_SUPPORTED_ERROR},
     };
     for (const auto& [call, code] : calls)
         EXPECT_EQ(code_of(call), code) << &call - &calls[0].first;
-    EXPECT_FALSE(test::file_exists("unused"));
+    EXPECT_FALSE(test::file_exists(unused));
 }
 
 TEST(Cpp, SecretsAreWiped) {

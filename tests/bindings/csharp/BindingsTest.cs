@@ -4,6 +4,7 @@ using System;
 using System.Collections.Generic;
 using System.IO;
 using System.Linq;
+using System.Reflection;
 using System.Runtime.InteropServices;
 using System.Text;
 using Zulcore;
@@ -21,7 +22,7 @@ internal static class BindingsTest
             return 0;
         }
         folder = words[1];
-        Action[] tests = { () => Vectors(words[0]), Texts, AeadWithRandomNonce, Errors, Refusals, Closed, Wiped, Keys, Sealed,
+        Action[] tests = { () => Vectors(words[0]), EveryFunctionBinds, Texts, AeadWithRandomNonce, Errors, Refusals, Closed, Wiped, Keys, Sealed,
                            Certificates, Messages };
         foreach (Action test in tests)
         {
@@ -181,6 +182,20 @@ internal static class BindingsTest
             }
         }
         Expect(count > 25, "vectors in the file");
+    }
+
+    private static void EveryFunctionBinds()
+    {
+        const BindingFlags hidden = BindingFlags.Static | BindingFlags.NonPublic;
+        MethodInfo bind = typeof(Raw).Assembly.GetType("Zulcore.Module").GetMethod("Bind", hidden);
+        var names = new HashSet<string>();
+        foreach (FieldInfo slot in typeof(Raw).GetFields(hidden))
+        {
+            string name = slot.Name.Remove(slot.Name.LastIndexOf('_'));
+            Expect(bind.MakeGenericMethod(slot.FieldType).Invoke(null, new object[] { null, name }) != null, name);
+            names.Add(name);
+        }
+        Expect(names.Count >= 158, names.Count + " functions");
     }
 
     private static void Texts()
