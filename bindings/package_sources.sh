@@ -9,7 +9,13 @@ trap 'rm -rf "$work"' EXIT
 name=$(basename "$archive" .tar.gz)
 cp -r "$folder" "$work/$name"
 rm -f "$work/$name/package.sh" "$work/$name"/*.hand.bas
-cp "$(dirname "$0")/../LICENSE" "$@" "$work/$name/"
+cp "$(dirname "$0")/../LICENSE" "$work/$name/"
+for module in "$@"; do
+    soname=$(objdump -p "$module" 2>/dev/null | sed -n 's/^ *SONAME *//p')
+    cp "$module" "$work/$name/${soname:-$(basename "$module")}"
+    # What links the module asks for it by its SONAME, what loads it by the plain name.
+    [ -z "$soname" ] || ln -s "$soname" "$work/$name/libzulcore.so"
+done
 chmod -R u=rwX,go=rX "$work/$name"
 tar --sort=name --owner=0 --group=0 --numeric-owner --mtime="@${SOURCE_DATE_EPOCH:-0}" -C "$work" -cf - "$name" |
     gzip -n >"$archive"

@@ -20,6 +20,6 @@ run Sign | grep -q 'good signature by public ed25519 key of 256 bits'
 run Error | grep -q 'no such file: OPEN_ERROR (1)'
 
 # A module beside the classes goes before the variable.
-cp "$ZULCORE_LIBRARY" .
+cp "$ZULCORE_LIBRARY" libzulcore.so
 ZULCORE_LIBRARY=/nowhere run Hash message >/dev/null
-rm "./$(basename "$ZULCORE_LIBRARY")"
+rm libzulcore.so
