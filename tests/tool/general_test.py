@@ -1,8 +1,10 @@
 """Random numbers, wiping, help and wrong arguments of the command-line tool."""
 import os
+import re
 import shlex
+import tempfile
 
-from tool_harness import KEY, ToolTest, main, read, write, zul
+from tool_harness import KEY, TOOL, ToolTest, main, read, write, zul
 
 
 class Others(ToolTest):
@@ -51,10 +53,21 @@ class Others(ToolTest):
         self.assertEqual(self.done("--version"), self.done("version"))
         self.assertIn(os.path.basename(lines["module"].replace("\\", "/")), ("zulcore.dll", "libzulcore.so.3.6.0"))
 
+    def test_doctor(self):
+        text = self.done("doctor").decode()
+        self.assertEqual(re.findall(r"(?m)^  (?:ok|FAILED) +(\w.*?)  ", text), ["self-tests", "generator", "random bytes", "temporary files", "options"])
+        self.assertIn("Everything works.", text)
+        self.assertEqual([name for name in os.listdir(tempfile.gettempdir()) if name.startswith("zul-doctor")], [])
+        if len(TOOL) == 1:
+            result = zul("doctor", env={**os.environ, "TMPDIR": "no/where"})
+            self.assertEqual((result.returncode, result.stderr), (1, b""))
+            self.assertRegex(result.stdout.decode(), r"(?m)^  FAILED  temporary files .*error 2")
+            self.assertEqual(result.stdout.count(b"FAILED"), 1)
+
     def test_help(self):
         overview = self.done("--help").decode()
         commands = ("hash hmac encrypt decrypt seal open identity wrap unwrap key sign verify rsa-encrypt rsa-decrypt ca cert request "
-                    "crl cms pfx ocsp encode decode der random wipe error version help completions man")
+                    "crl cms pfx ocsp encode decode der random wipe error version doctor help completions man")
         inner = {"key": "make show convert match check", "ca": "init issue revoke crl list", "cert": "self issue show query verify path thumb",
                  "request": "make show", "crl": "make check show",
                  "cms": "sign verify encrypt decrypt show certs", "cms certs": "make extract list", "pfx": "make verify extract",

@@ -163,6 +163,7 @@ class Documents(ToolTest):
         "random": [["--number 7 7", 0, {"number": 7}], ["3 --hex", 0, {"bytes": re.compile("^[0-9a-f]{6}$")}], ["--test", 0, {"passed": True}]],
         "wipe": [["gone pw", 1, {"files": [{"file": "gone", "wiped": False, "error": {"code": 1}}, {"file": "pw", "wiped": True}]}]],
         "error": [["-22", 0, {"errors": [{"code": 22, "name": "SIGNATURE_ERROR", "text": "Signature is invalid or missing"}]}], ["", 0, {}]],
+        "doctor": [["", 0, {"passed": True, "zulcore": "3.6.0"}], ["--speed", 0, {"passed": True}]],
         "version": [["", 0, {"zulcore": "3.6.0", "module": re.compile("zulcore")}]], }
 
     def run_one(self, command, arguments, status, expected):

@@ -36,6 +36,7 @@ void add_pfx_extract_command(CLI::App& group);
 void add_ocsp_commands(CLI::App& app);
 void add_der_command(CLI::App& app);
 void add_general_commands(CLI::App& app);
+void add_doctor_command(CLI::App& app);
 void add_help_commands(CLI::App& app);
 
 int run_tool(int argc, char** argv); // (zul_main.cpp)

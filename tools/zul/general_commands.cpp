@@ -3,6 +3,7 @@
 
 #include "commands.h"
 #include "json_output.h"
+#include "library.h"
 #include "streams.h"
 
 namespace tool {
@@ -62,24 +63,14 @@ void explain_error(const std::string& code, bool json) {
     print_error_codes({number}, json);
 }
 
-std::string module_name(int option) {
-    char text[261] = {};
-    accept_length(ZUL_ModuleName(text, sizeof text - 1, option), "name of the module");
-    return text;
-}
-
 void print_version(bool json) {
-    const int number = ZUL_Version(nullptr, nullptr);
-    const std::string version = std::to_string(number / 100) + "." + std::to_string(number / 10 % 10) + "." +
-                                std::to_string(number % 10);
-    char built[32] = {};
-    accept_length(ZUL_CompileTime(built, sizeof built - 1), "time of the build");
-    const std::string module = module_name(0), platform = module_name(ZUL_MODULE_PLATFORM);
+    const Library library = about_library();
     JsonObject object;
-    object.add("zulcore", version).add("built", built).add_file("module", module).add("platform", platform);
+    object.add("zulcore", library.version).add("built", library.built);
+    object.add_file("module", library.module).add("platform", library.platform);
     print_report(json, object,
-                 "zulcore " + version + "\nbuilt     " + built + "\nmodule    " + module + "\nplatform  " +
-                     platform + "\n");
+                 "zulcore " + library.version + "\nbuilt     " + library.built + "\nmodule    " +
+                     library.module + "\nplatform  " + library.platform + "\n");
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 #include "commands.h"
 #include "completions.h"
 #include "failures.h"
+#include "library.h"
 #include "man_page.h"
 #include "operating_system.h"
 #include "streams.h"
@@ -94,21 +95,13 @@ void print_completions(const CLI::App& app, const std::string& shell) {
     throw UsageError("unknown shell " + in_quotes(shell) + "; shells: " + names);
 }
 
-// build_date gives the day on which the library was built: "Jan  2 2026 10:00:00" as 2026-01-02.
-std::string build_date() {
-    char built[32] = {};
-    accept_length(ZUL_CompileTime(built, sizeof built - 1), "time of the build");
-    const std::string text = built, months = "JanFebMarAprMayJunJulAugSepOctNovDec";
-    const size_t month = months.find(text.substr(0, 3)) / 3 + 1;
+// day_of turns "Jan  2 2026 10:00:00" into 2026-01-02.
+std::string day_of(const std::string& built) {
+    const std::string months = "JanFebMarAprMayJunJulAugSepOctNovDec";
+    const size_t month = months.find(built.substr(0, 3)) / 3 + 1;
     const auto two_digits = [](std::string number) { return number.size() < 2 ? "0" + number : number; };
-    return text.substr(7, 4) + "-" + two_digits(std::to_string(month)) + "-" +
-           two_digits(CLI::detail::trim_copy(text.substr(4, 2)));
-}
-
-std::string build_version() {
-    const int version = ZUL_Version(nullptr, nullptr);
-    return std::to_string(version / 100) + "." + std::to_string(version / 10 % 10) + "." +
-           std::to_string(version % 10);
+    return built.substr(7, 4) + "-" + two_digits(std::to_string(month)) + "-" +
+           two_digits(CLI::detail::trim_copy(built.substr(4, 2)));
 }
 
 struct ManCommand {
@@ -119,7 +112,8 @@ struct ManCommand {
         if (folder.empty() == page.empty())
             throw UsageError("give DIR for all pages, or --page COMMAND for one on standard output");
         const Command root = read_commands(app);
-        const std::string version = build_version(), date = build_date();
+        const Library library = about_library();
+        const std::string date = day_of(library.built);
         if (!page.empty()) {
             std::string above;
             find_command(
@@ -131,10 +125,10 @@ struct ManCommand {
         each_command(root, [&](const Command& command) {
             if (page.empty()) {
                 Output out((path_of(folder) / (man_page_name(command) + ".1")).string());
-                out.write(man_page(root, command, version, date));
+                out.write(man_page(root, command, library.version, date));
                 out.finish();
             } else if (command.name == wanted) {
-                Output("-").write(man_page(root, command, version, date));
+                Output("-").write(man_page(root, command, library.version, date));
             }
         });
     }

@@ -149,6 +149,7 @@ int tool::run_tool(int argc, char** argv) {
         tool::add_der_command(app);
         tool::add_random_command(app);
         tool::add_general_commands(app);
+        tool::add_doctor_command(app);
         tool::add_help_commands(app);
         for (CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; }))
             command->group("Commands");

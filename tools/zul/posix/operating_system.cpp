@@ -5,7 +5,9 @@
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <fstream>
 #include <iterator>
+#include <strings.h>
 #include <sys/file.h>
 #include <sys/ioctl.h>
 #include <sys/stat.h>
@@ -14,6 +16,7 @@
 
 #include "../commands.h"
 #include "../failures.h"
+#include "../machine.h"
 
 namespace tool {
 
@@ -158,6 +161,36 @@ std::string temporary_folder() {
         throw Refused::by_system(CREATE_ERROR, "folder for temporary files",
                                  "What is made goes there first; TMPDIR does not name a folder.");
     return folder.string() + "/";
+}
+
+std::vector<Named> library_options() {
+    std::ifstream file(options_place());
+    std::vector<Named> options;
+    const auto trimmed = [](const std::string& text) {
+        const size_t begin = text.find_first_not_of(" \t\r"), end = text.find_last_not_of(" \t\r");
+        return begin == text.npos ? "" : text.substr(begin, end - begin + 1);
+    };
+    for (std::string line; std::getline(file, line);) {
+        const size_t equals = line.find('=');
+        if (equals == line.npos)
+            continue;
+        const std::string name = trimmed(line.substr(0, equals));
+        for (const char* known : {"NoMessageBox", "NoErrorLog", "ErrorLogDir"}) {
+            const bool isSet = std::any_of(options.begin(), options.end(),
+                                           [&](const Named& each) { return each.first == known; });
+            if (strcasecmp(name.c_str(), known) == 0 && !isSet) // the first one counts
+                options.emplace_back(known, trimmed(line.substr(equals + 1)));
+        }
+    }
+    return options;
+}
+
+std::string memory_protection() {
+    return "the work memory of scrypt and Argon2id is left out of core dumps; nothing is locked";
+}
+
+std::string options_place() {
+    return "/etc/zulkit/options";
 }
 
 const char* temporary_variable() {

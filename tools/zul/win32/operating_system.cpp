@@ -13,6 +13,7 @@
 #include "../commands.h"
 #include "../exit_status.h"
 #include "../failures.h"
+#include "../machine.h"
 
 // The manifest makes UTF-8 the code page of narrow names. A system older than Windows 10, version 1903,
 // ignores it: there a name with characters that the system's page lacks is refused, where the C runtime would
@@ -80,6 +81,8 @@ std::string narrow_argument(const std::wstring& before, const std::wstring& argu
 HANDLE handle_of(std::FILE* file) {
     return reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(file)));
 }
+
+constexpr char kOptionsKey[] = "Software\\Vantorel\\Zulkit\\Options";
 
 // Messages show names of files in the page that the names have.
 UINT pageBefore = 0;
@@ -221,6 +224,30 @@ std::string temporary_folder() {
         return text;
     throw Refused::by_system(CREATE_ERROR, "folder for temporary files",
                              "TMP names one with characters that this system's code page lacks.");
+}
+
+std::vector<Named> library_options() {
+    std::vector<Named> options;
+    for (const char* name : {"NoMessageBox", "NoErrorLog"}) {
+        DWORD value = 0, size = sizeof value;
+        if (RegGetValueA(HKEY_LOCAL_MACHINE, kOptionsKey, name, RRF_RT_REG_DWORD, nullptr, &value, &size) ==
+            ERROR_SUCCESS)
+            options.emplace_back(name, std::to_string(value));
+    }
+    char folder[MAX_PATH + 1] = "";
+    DWORD size = sizeof folder;
+    if (RegGetValueA(HKEY_LOCAL_MACHINE, kOptionsKey, "ErrorLogDir", RRF_RT_REG_SZ, nullptr, folder, &size) ==
+        ERROR_SUCCESS)
+        options.emplace_back("ErrorLogDir", folder);
+    return options;
+}
+
+std::string memory_protection() {
+    return "nothing is locked";
+}
+
+std::string options_place() {
+    return std::string("HKEY_LOCAL_MACHINE\\") + kOptionsKey;
 }
 
 const char* temporary_variable() {
