@@ -74,8 +74,15 @@ def spans_of(line):
 
 
 def wrapped(line):
-    """A line of plain text, cut where the terminal's width ends."""
-    return [line] if "\x1b" in line else [line[at:at + COLUMNS] for at in range(0, max(len(line), 1), COLUMNS)]
+    """A line cut where the terminal's width ends; codes take no room."""
+    lines, room = [""], COLUMNS
+    for part in re.findall(r"\x1b\[[0-9;?]*[A-Za-z]|.", line):
+        if len(part) == 1 and room == 0:
+            lines.append("")
+            room = COLUMNS
+        lines[-1] += part
+        room -= len(part) == 1
+    return lines
 
 
 def main():
