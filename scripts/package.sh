@@ -2,7 +2,7 @@
 # package.sh [OPTION...]: makes the packages for Debian, other Linux systems and Windows, with their sums, from builds of
 # its own. The same sources give the same bytes, whenever and wherever they are built by the same compilers.
 #   --from NATIVE WINDOWS   packages these two build folders instead
-#   --to FOLDER             instead of build/packages, which is emptied first
+#   --to FOLDER             an empty or new folder, instead of build/packages, which is emptied
 #   --sign KEY CERT         signs DLL, tool and installer for Windows with a PEM key and certificate (osslsigncode); the
 #                           file that ZUL_SIGN_PASSWORD_FILE names has the key's password
 #   --no-bindings           leaves out the packages of the bindings
@@ -14,8 +14,7 @@ usage() {
     sed -n '2,/^set /{/^#/s/^# \{0,1\}//p}' "$0"
     exit "$1"
 }
-native="" windows="" out=$root/build/packages key="" certificate="" bindings=yes twice=""
-options=("$@")
+native="" windows="" out="" key="" certificate="" bindings=yes twice=""
 while [ $# -gt 0 ]; do
     case $1 in
         --from)
@@ -41,6 +40,18 @@ while [ $# -gt 0 ]; do
     shift
 done
 cd "$root"
+if [ -n "$twice" ] && [ -n "$native" ]; then
+    echo "package: --twice compares builds of its own, and --from names others" >&2
+    exit 2
+fi
+if [ -z "$out" ]; then
+    out=$root/build/packages
+    rm -rf "$out"
+elif [ -n "$(ls -A "$out" 2>/dev/null)" ]; then
+    echo "package: $out is not empty" >&2
+    exit 2
+fi
+mkdir -p "$out"
 
 version=$(sed -n 's/^project(zulcore VERSION \([0-9.]*\) .*/\1/p' CMakeLists.txt)
 SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct 2>/dev/null || stat -c %Y CMakeLists.txt)}
@@ -110,8 +121,6 @@ if [ -z "$native" ]; then
     build windows --toolchain cmake/mingw-w64.cmake
     native=$root/build/package/native windows=$root/build/package/windows
 fi
-rm -rf "$out"
-mkdir -p "$out"
 
 echo "package: Linux"
 linuxName=zulcore-$version-linux-x86_64
@@ -160,11 +169,10 @@ if [ -n "$twice" ]; then
     again=$work/a/copy/of/zulcore
     mkdir -p "$again"
     tar --exclude=./build --exclude=./.git -cf - . | tar -C "$again" -xf -
-    remaining=()
-    for option in "${options[@]}"; do
-        [ "$option" = --twice ] || remaining+=("$option")
-    done
-    "$again/scripts/package.sh" "${remaining[@]}" --to "$work/again" >"$work/again.log" || {
+    same=(--to "$work/again")
+    [ -z "$key" ] || same+=(--sign "$key" "$certificate")
+    [ -n "$bindings" ] || same+=(--no-bindings)
+    "$again/scripts/package.sh" "${same[@]}" >"$work/again.log" || {
         cat "$work/again.log"
         exit 1
     }

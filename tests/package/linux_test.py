@@ -3,6 +3,7 @@
 import hashlib
 import json
 import os
+import re
 import subprocess
 import tarfile
 import zipfile
@@ -95,6 +96,12 @@ class LinuxPackages(PackageTest):
     def test_library_without_development(self):
         root = self.install("runtime", "zulcore")
         self.assert_works(root / "usr/bin/zul", root / "usr" / MACHINE / f"libzulcore.so.{VERSION}")
+
+    def test_glibc_that_the_documents_promise(self):
+        tree = self.unpack("promised")
+        for file, promised in (("bin/zul", (2, 35)), (f"lib/libzulcore.so.{VERSION}", (2, 34))):
+            found = re.findall(r"GLIBC_(\d+)\.(\d+)", run("objdump", "-T", tree / file))
+            self.assertEqual(max((int(major), int(minor)) for major, minor in found), promised, file)
 
     def test_archive_works_where_it_is_unpacked(self):
         tree = self.unpack("a folder")

@@ -34,6 +34,7 @@ class WindowsPackages(PackageTest):
         session.stdout.readline()
         tool_harness.start_desktop()
         cls.tree = cls.unpack("unpacked", cls.packages)
+        cls.installer = path_of(cls.packages / f"zulcore-{VERSION}-x64.msi")
 
     @classmethod
     def unpack(cls, name, packages):
@@ -50,15 +51,22 @@ class WindowsPackages(PackageTest):
         self.assertEqual(self.digest_by(folder / "zul.exe", "hash", "sha256"), ABC)
         run(WINE, BUILDS[1] / "load_module.exe", module, "time")  # runs its tests once more
 
+    def remove(self):
+        subprocess.run([WINE, "msiexec", "/x", self.installer, "/qn"], capture_output=True, timeout=300)
+
+    def install(self, *properties):
+        self.remove()  # what a run that was stopped may have left
+        # Wine leaves a separator behind at each removal.
+        run(WINE, "reg", "add", ENVIRONMENT, "/v", "PATH", "/t", "REG_EXPAND_SZ", "/d", r"C:\windows\system32;C:\windows", "/f")
+        self.addCleanup(self.remove)
+        run(WINE, "msiexec", "/i", self.installer, "/qn", *properties)
+
     def test_archive(self):
         self.assert_works(self.tree / "bin", path_of(self.tree / "bin" / "zulcore.dll"))
         self.assert_tells_no_place(self.tree)
 
     def test_installer(self):
-        installer = path_of(self.packages / f"zulcore-{VERSION}-x64.msi")
-        # Wine leaves a separator behind at each removal.
-        run(WINE, "reg", "add", ENVIRONMENT, "/v", "PATH", "/t", "REG_EXPAND_SZ", "/d", r"C:\windows\system32;C:\windows", "/f")
-        run(WINE, "msiexec", "/i", installer, "/qn")
+        self.install()
         self.assertEqual({path.relative_to(INSTALLED) for path in INSTALLED.rglob("*")},
                          {path.relative_to(self.tree) for path in self.tree.rglob("*")})
         self.assert_works(INSTALLED / "bin", r"C:\Program Files\zulcore\bin\zulcore.dll")
@@ -66,19 +74,18 @@ class WindowsPackages(PackageTest):
         self.assertEqual(self.digest_by("cmd", "/c", "zul", "hash", "sha256"), ABC)
         self.assertRegex(run(WINE, "reg", "query", UNINSTALL, "/s"), rf"DisplayName +REG_SZ +zulcore\s+DisplayVersion +REG_SZ +{VERSION}")
 
-        run(WINE, "msiexec", "/x", installer, "/qn")
+        run(WINE, "msiexec", "/x", self.installer, "/qn")
         self.assertEqual([path for path in (INSTALLED, *INSTALLED.rglob("*")) if path.is_file()], [])
         self.assertNotIn("zulcore", run(WINE, "reg", "query", ENVIRONMENT, "/v", "PATH"))
         self.assertNotIn("zulcore", run(WINE, "reg", "query", UNINSTALL, "/s"))
 
     def test_installer_in_another_folder(self):
-        installer = path_of(self.packages / f"zulcore-{VERSION}-x64.msi")
         place = PREFIX / "drive_c" / "some tools"
-        run(WINE, "msiexec", "/i", installer, "/qn", "ADDLOCAL=Main", r"INSTALLDIR=C:\some tools")
+        self.install("ADDLOCAL=Main", r"INSTALLDIR=C:\some tools")
         self.assertEqual(sorted(path.name for path in place.iterdir() if path.name != "completions"),
                          ["LICENSE.txt", "NOTICES.txt", "bin"])
         self.assert_works(place / "bin", r"C:\some tools\bin\zulcore.dll")
-        run(WINE, "msiexec", "/x", installer, "/qn")
+        run(WINE, "msiexec", "/x", self.installer, "/qn")
         self.assertEqual(list(place.rglob("*")), [])
 
     def test_import_libraries(self):
