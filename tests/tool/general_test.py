@@ -97,7 +97,7 @@ class Secrets(ToolTest):
             variables = {name: value for name, value in os.environ.items() if name != "ZUL_ALLOW_ARGUMENT_SECRETS"}
             if allowed is not None:
                 variables["ZUL_ALLOW_ARGUMENT_SECRETS"] = allowed
-            for words, said in self.ROWS.items():
+            for words, said in list(self.ROWS.items())[:1 if allowed else None]:
                 result = zul(words, env=variables)
                 expected = b"" if said is None or allowed == "1" else (
                     "zul: warning: other users can see what stands after {}, and the shell's history keeps it; {} keeps it "

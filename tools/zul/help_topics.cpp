@@ -16,6 +16,8 @@ const std::vector<HelpTopic>& help_topics() {
          "  CLICOLOR_FORCE   not empty and not 0: colours even where the output is no terminal\n"
          "  TERM             dumb: no colours and no progress\n"
          "  TMPDIR           folder for temporary files (TMP on Windows)\n"
+         "  ZUL_ALLOW_ARGUMENT_SECRETS\n"
+         "                   1: no warning of keys and passwords among the arguments\n"
          "\n"
          "Colours and progress are for terminals; a pipe or a file never gets them unasked.\n"},
         {"formats", "Forms in which keys, certificates and messages are read",
