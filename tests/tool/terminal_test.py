@@ -4,7 +4,7 @@ import re
 import unittest
 
 from terminal import Terminal
-from tool_harness import TOOL, ToolTest, main, zul
+from tool_harness import TOOL, ToolTest, main, openssl, write, zul
 
 
 class Shown(ToolTest):
@@ -49,9 +49,17 @@ class Shown(ToolTest):
         self.assertNotIn(b"\r", marks)
 
     def test_colours(self):
-        red, yellow, bold, end = b"\x1b[1;31m", b"\x1b[1;33m", b"\x1b[1m", b"\x1b[0m"
+        red, yellow, green, bold, end = b"\x1b[1;31m", b"\x1b[1;33m", b"\x1b[1;32m", b"\x1b[1m", b"\x1b[0m"
+        write("key.pem", openssl("genpkey", "-algorithm", "ED25519"))
+        write("good", self.done("hash sha1 in.bin"))
+        write("bad", b"0" * 40 + b"  in.bin\n")
+        self.done("cert self -k key.pem -s CN=a cert.pem")
         cases = [(["hash", "--help"], bold + b"Options:" + end), (["help", "hash"], bold + b"Usage:" + end + b" zul hash"),
                  (["hash", "sha256", "none"], red + b"zul:" + end + b" none: error 1"), (["hsah"], red + b"zul:" + end + b" unknown"),
+                 (["key", "match", "key.pem", "key.pem"], green + b"the keys match" + end),
+                 (["hash", "--check", "good"], green + b"OK" + end), (["hash", "--check", "bad"], red + b"FAILED" + end),
+                 (["cert", "path", "cert.pem", "--trusted", "cert.pem"], green + b"valid" + end),
+                 (["cert", "path", "cert.pem", "--trusted", "cert.pem", "--host", "b"], red + b"refused" + end),
                  (["key", "make", "--bits", "512", "--no-such"], red + b"zul key make:" + end),
                  (["key", "make", "--bits", "512", "--password", "x", "a", "b"], yellow + b"zul: warning:" + end + b" a key of fewer")]
         for arguments, coloured in cases:

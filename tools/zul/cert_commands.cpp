@@ -6,6 +6,7 @@
 #include "json_output.h"
 #include "object_lists.h"
 #include "streams.h"
+#include "terminal_style.h"
 
 namespace tool {
 
@@ -163,7 +164,8 @@ struct CheckNameCommand {
         accept_status(
             CERT_CheckName(certificate.text(), name.c_str(), subjectName ? ZUL_CERT_SUBJECT_NAME : 0),
             certificate.name());
-        return certificate.name() + ": is for " + shown_name(name) + " (signatures and dates not checked)\n";
+        return certificate.name() + ": " + styled(Style::good, "is for " + shown_name(name), stdout) +
+               " (signatures and dates not checked)\n";
     }
 };
 
@@ -185,8 +187,8 @@ struct CertVerifyCommand {
                                       "It was not signed with the key of " + signer.name() +
                                           ", or it was changed.");
         accept_status(result, object.name());
-        return object.name() + ": good signature, made with the key of " + signer.name() +
-               " (dates, names and revocation not checked)\n";
+        return object.name() + ": " + styled(Style::good, "good signature", stdout) +
+               ", made with the key of " + signer.name() + " (dates, names and revocation not checked)\n";
     }
 };
 

@@ -6,6 +6,7 @@
 #include "object_lists.h"
 #include "path_options.h"
 #include "streams.h"
+#include "terminal_style.h"
 
 namespace tool {
 
@@ -39,7 +40,14 @@ struct PathCommand {
             throw Refused::by_system(answer.code, file, answer.reason);
     }
     void print_text(const PathAnswer& answer) const {
-        Output("-").write(answer.report);
+        // The report's first line is a title, its second one tells the result.
+        const size_t line = answer.report.find('\n') + 1,
+                     end = std::min(answer.report.find('\n', line), answer.report.size());
+        const size_t begin = answer.report.rfind(' ', end) + 1;
+        const Style style = answer.code == 0 ? Style::good : Style::bad;
+        Output("-").write(answer.report.substr(0, begin) +
+                          styled(style, std::string_view(answer.report).substr(begin, end - begin), stdout) +
+                          answer.report.substr(end));
         accept(answer);
     }
 };

@@ -6,6 +6,7 @@
 #include "activity.h"
 #include "object_lists.h"
 #include "streams.h"
+#include "terminal_style.h"
 
 namespace tool {
 
@@ -179,10 +180,12 @@ std::string VerifiedMessage::describe(const Certificate& each) const {
 }
 
 std::string VerifiedMessage::report() const {
-    std::string text = message_.name() + ": good signature";
-    if (!options_.isValidated())
-        text += options_.signer.empty() ? ", but by whom is not validated" : "";
-    text += "\n";
+    const bool isAnybody = !options_.isValidated() && options_.signer.empty();
+    std::string text =
+        message_.name() + ": " +
+        (isAnybody ? styled_anywhere(Style::warning, "good signature, but by whom is not validated")
+                   : styled_anywhere(Style::good, "good signature")) +
+        "\n";
     for (const Certificate& each : signers_)
         text += describe(each);
     if (count_ == 1) {

@@ -9,6 +9,7 @@
 #include "json_output.h"
 #include "operating_system.h"
 #include "streams.h"
+#include "terminal_style.h"
 
 namespace tool {
 
@@ -223,7 +224,9 @@ struct CheckCrlCommand {
                                          std::pair("nextUpdate", dates.next), std::pair("date", moment)})
             if (!time.empty())
                 about.add(name, time + "Z");
-        std::string text = certificate.name() + (result == 0 ? ": not revoked" : ": REVOKED");
+        std::string text = certificate.name() + ": " +
+                           (result == 0 ? styled(Style::good, "not revoked", stdout)
+                                        : styled(Style::bad, "REVOKED", stdout));
         text += moment.empty() ? "" : " on " + moment + "Z";
         text += ", says " + list.name() + age(dates, moment.empty() ? now_text(0) : moment, list.name());
         return text + (isChecked ? "\n" : " (whose signature was not checked: --issuer FILE does)\n");

@@ -10,6 +10,7 @@
 #include "json_output.h"
 #include "operating_system.h"
 #include "streams.h"
+#include "terminal_style.h"
 
 namespace tool {
 
@@ -118,9 +119,9 @@ struct ListCheck {
         const std::string name = escaped_name(file);
         const std::string shown = is_standard_stream(file) ? name : shown_name(name);
         Output("-").write((name.size() > file.size() ? "\\" : "") + shown + ": " +
-                          (status == "good"     ? "OK"
-                           : status == "failed" ? "FAILED"
-                                                : "FAILED open or read") +
+                          (status == "good"     ? styled(Style::good, "OK", stdout)
+                           : status == "failed" ? styled(Style::bad, "FAILED", stdout)
+                                                : styled(Style::bad, "FAILED open or read", stdout)) +
                           "\n");
     }
 };

@@ -5,6 +5,7 @@
 #include "json_output.h"
 #include "rsa_keys.h"
 #include "streams.h"
+#include "terminal_style.h"
 
 namespace tool {
 
@@ -115,7 +116,7 @@ struct MatchCommand {
             throw Refused::by_system(BAD_FORMAT_ERROR, privateFile, "It holds no private key.");
         const Key publicKey = Key::read(publicFile, password).without_private();
         accept_status(KEY_Match(privateKey.text(), publicKey.text()), privateFile);
-        return "the keys match\n";
+        return styled(Style::good, "the keys match", stdout) + "\n";
     }
 };
 
@@ -138,7 +139,8 @@ struct CheckCommand {
         const std::string validity = key.is_private() ? "valid private key"
                                      : isRsa          ? "public key"
                                                       : "valid public key";
-        return validity + (isRsa ? " of " + std::to_string(key.bits()) + " bits" : ", " + key.kind()) + "\n";
+        return styled(Style::good, validity, stdout) +
+               (isRsa ? " of " + std::to_string(key.bits()) + " bits" : ", " + key.kind()) + "\n";
     }
 };
 

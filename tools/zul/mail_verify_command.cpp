@@ -7,6 +7,7 @@
 #include "mail_message.h"
 #include "mime_text.h"
 #include "streams.h"
+#include "terminal_style.h"
 
 namespace tool {
 
@@ -159,8 +160,8 @@ struct MailVerifyCommand {
         verified.report_to(about);
         about.add("isDetached", parts.isDetached).add("isFromCompared", !fromAny);
         if (fromAny) {
-            report +=
-                "  from        NOT COMPARED with the certificate (--from-any): anybody can have sent it\n";
+            report += "  from        " + styled_anywhere(Style::warning, "NOT COMPARED") +
+                      " with the certificate (--from-any): anybody can have sent it\n";
         } else {
             JsonArray list;
             std::string names;

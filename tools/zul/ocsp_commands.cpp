@@ -8,6 +8,7 @@
 #include "object_lists.h"
 #include "ocsp_answer.h"
 #include "streams.h"
+#include "terminal_style.h"
 
 namespace tool {
 
@@ -99,7 +100,7 @@ struct OcspReadCommand {
         } else if (!response.statuses().empty()) {
             const Certificate authority = read_certificate(issuer);
             const std::string signer = response.signer(authority, moment);
-            end = "Good signature, made with the key of " + signer + "\n";
+            end = styled(Style::good, "Good signature", stdout) + ", made with the key of " + signer + "\n";
             about.add("signer", signer);
             response.refuse_others_than(authority.argument);
         }
@@ -122,7 +123,11 @@ struct OcspReadCommand {
         if (!isTold && response.has_known_algorithm())
             response.signer(authority, moment); // or refused: what a stranger says is not printed
         if (isTold || response.has_known_algorithm())
-            print(argument, code == 0 ? about.name() + ": good, says " + argument.name() + "\n" : "", object);
+            print(argument,
+                  code == 0 ? about.name() + ": " + styled(Style::good, "good", stdout) + ", says " +
+                                  argument.name() + "\n"
+                            : "",
+                  object);
         if (code != 0)
             throw Refused::by_system(code, about.name(), reason);
     }

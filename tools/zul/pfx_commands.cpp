@@ -6,6 +6,7 @@
 #include "json_output.h"
 #include "pfx_input.h"
 #include "streams.h"
+#include "terminal_style.h"
 
 namespace tool {
 
@@ -75,7 +76,7 @@ struct VerifyPfxCommand {
         const ObjectArgument pfx(file);
         const SecretBytes secret = password.read(in_quotes(pfx.name()));
         check_mac(pfx, as_text(secret));
-        return pfx.name() + ": good MAC, made with this password\n";
+        return pfx.name() + ": " + styled(Style::good, "good MAC", stdout) + ", made with this password\n";
     }
 
     void run() const {

@@ -11,6 +11,7 @@
 #include "keys.h"
 #include "progress.h"
 #include "streams.h"
+#include "terminal_style.h"
 
 namespace tool {
 
@@ -199,7 +200,7 @@ struct VerifyCommand {
                 "The file or the signature was changed, or the key, the algorithm or the "
                 "digest is not the signer's.");
         accept_status(result, in, hint_for(result, publicKey, method.algorithm));
-        return shown_name(in) + ": good signature\n";
+        return shown_name(in) + ": " + styled(Style::good, "good signature", stdout) + "\n";
     }
 };
 

@@ -51,6 +51,10 @@ std::string styled(Style style, std::string_view text, std::FILE* stream) {
     return has_colours(stream) ? code(style) + std::string(text) + "\x1b[0m" : std::string(text);
 }
 
+std::string styled_anywhere(Style style, std::string_view text) {
+    return has_colours(stderr) ? styled(style, text, stdout) : std::string(text);
+}
+
 std::string styled_help(const std::string& text) {
     if (!has_colours(stdout))
         return text;

@@ -11,6 +11,8 @@ enum class Style { error, warning, heading, good, bad };
 // styled gives a text in colours if the stream is a terminal that has them. NO_COLOR forbids them,
 // CLICOLOR_FORCE demands them.
 std::string styled(Style style, std::string_view text, std::FILE* stream);
+// styled_anywhere is for a text that may go to standard output or standard error: both have to show colours.
+std::string styled_anywhere(Style style, std::string_view text);
 // styled_help makes the headings of a help bold.
 std::string styled_help(const std::string& text);
 
