@@ -22,8 +22,8 @@ BAR = rb"\r\[=*>? *\] +\d+ %, [\d.]+ [kMG]B/s(, [\d:]+ left)?"
 def at_terminal(words, **streams):
     """The running tool, and the terminal that is its standard error."""
     terminal, stderr = os.openpty()
-    plain = {**os.environ, "TERM": "xterm", "NO_COLOR": "1"}
-    work = subprocess.Popen([*TOOL, *words.split()], stdout=subprocess.PIPE, stderr=stderr, env=plain, **streams)
+    named = {**os.environ, "TERM": "xterm"}
+    work = subprocess.Popen([*TOOL, *words.split()], stdout=subprocess.PIPE, stderr=stderr, env=named, **streams)
     os.close(stderr)
     return work, terminal
 

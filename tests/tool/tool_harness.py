@@ -10,6 +10,7 @@ import unittest
 
 TOOL = []  # launcher and tool
 os.environ["ZUL_ALLOW_ARGUMENT_SECRETS"] = "1"  # keys and passwords of tests are no secrets
+os.environ["NO_COLOR"] = "1"
 CONTENT = bytes(range(256)) * 300 + b"the end"  # 76,807 bytes: no whole number of blocks
 KEY = bytes(range(0x40, 0x60))
 IV = bytes(range(0xE0, 0xF0))
