@@ -50,8 +50,8 @@ def leaves(message):
 
 
 def some(cases):
-    """All cases natively; through a launcher, which is slow, every third one: text is the same everywhere."""
-    return list(cases)[::3 if len(TOOL) > 1 else 1]
+    """All cases natively; through a launcher, which is slow, every fifth one: text is the same everywhere."""
+    return list(cases)[::5 if len(TOOL) > 1 else 1]
 
 
 def signed_by_openssl(letter, *options, signer="alice"):
@@ -153,7 +153,7 @@ class Mail(ToolTest):
         write("text", "Zeile\nnoch eine".encode())
         for file, kind, body in (("bücher.bin", [], CONTENT), ("text", [], b"Zeile\r\nnoch eine"),
                                  ("text", ["--as=attachment"], b"Zeile\nnoch eine"), ("letter.eml", ["--as=attachment"], LETTERS["plain"])):
-            for options in ([], ["--opaque"]):
+            for options in some(([], ["--opaque"])):
                 message = self.done("mail sign", file, *self.by, *kind, *options, *header)
                 content = self.verified(message)
                 self.done("mail verify m.eml -o body --body", *self.trusted)
@@ -235,13 +235,13 @@ class Mail(ToolTest):
     def test_forms_of_others(self):
         signed = read("signed.eml")
         boundary = signed[signed.index(b"boundary=") + 10:].split(b'"')[0]
-        for old, new in ((b"boundary=\"" + boundary, b"boundary*1*=%" + b"%02X" % boundary[3] + boundary[4:] + b"; boundary*0=\"" + boundary[:3]),
+        for old, new in some(((b"boundary=\"" + boundary, b"boundary*1*=%" + b"%02X" % boundary[3] + boundary[4:] + b"; boundary*0=\"" + boundary[:3]),
                          (b"boundary=\"" + boundary, b"boundary*=us-ascii'en'" + boundary + b"; x=\""),
                          (b"boundary=\"" + boundary + b'"', b"boundary=" + boundary + b" (comment; boundary=x)"),
                          (b'multipart/signed; protocol="application/pkcs7-signature";',
                           b"(a (b)) Multipart/Signed ; Protocol*=us-ascii''application/x-pkcs7-signature; ;"),
                          (b"micalg=sha-256", b"micalg=md5"), (b"application/pkcs7-signature;\r\n name", b"application/x-pkcs7-signature;\r\n name"),
-                         (b"--" + boundary + b"\r\nContent-Type: text", b"--" + boundary + b" \t\r\nContent-Type: text")):
+                         (b"--" + boundary + b"\r\nContent-Type: text", b"--" + boundary + b" \t\r\nContent-Type: text"))):
             self.assertIn(old, signed)
             self.assertIn(b"Text.", self.verified(signed.replace(old, new)), new)
         self.assertIn(b"is not signed", zul("mail verify", write("m.eml", signed + b"Forged words\r\n"), *self.trusted).stderr)

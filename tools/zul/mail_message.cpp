@@ -44,15 +44,14 @@ void append_file(SecretBytes& out, const std::string& file, const SecretBytes& c
                  LineForm form) {
     const std::string name = is_standard_stream(file) ? "" : base_name(file);
     const bool isNamed = !name.empty() && is_utf8(name);
-    SecretBytes entity;
-    append(entity, isText
-                       ? "Content-Type: text/plain; charset=utf-8\r\nContent-Transfer-Encoding: 8bit\r\n"
-                       : "Content-Type: application/octet-stream" + (isNamed ? parameter("name", name) : "") +
-                             "\r\nContent-Transfer-Encoding: binary\r\nContent-Disposition: attachment" +
-                             (isNamed ? parameter("filename", name) : "") + "\r\n");
-    append(entity, "\r\n");
-    append(entity, view_of(content));
-    append_entity(out, {view_of(entity), shown_name(file)}, form, nullptr);
+    std::string head =
+        isText ? "Content-Type: text/plain; charset=utf-8\r\nContent-Transfer-Encoding: 8bit\r\n\r\n"
+               : "Content-Type: application/octet-stream" + (isNamed ? parameter("name", name) : "") +
+                     "\r\nContent-Transfer-Encoding: binary\r\nContent-Disposition: attachment" +
+                     (isNamed ? parameter("filename", name) : "") + "\r\n\r\n";
+    MimeEntity entity(head, shown_name(file));
+    entity.body = view_of(content);
+    append_entity(out, entity, form, nullptr);
 }
 
 // with_address makes "NAME <ADDRESS>" or an address fit for a field.
@@ -60,7 +59,7 @@ std::string with_address(const std::string& text, size_t column) {
     const size_t angle = text.rfind('<');
     if (is_ascii_text(text) || angle == text.npos)
         return text;
-    std::string_view phrase = trimmed(std::string_view(text).substr(0, angle));
+    std::string_view phrase = without_blanks(std::string_view(text).substr(0, angle));
     if (phrase.size() > 1 && phrase.front() == '"' && phrase.back() == '"')
         phrase = phrase.substr(1, phrase.size() - 2);
     return header_text(phrase, column) + " " + text.substr(angle);
@@ -151,6 +150,7 @@ Mail::Mail(const MailSource& source, LineForm form)
     const std::string kind = kind_of(source, view_of(text_));
     if (kind != kMessage) {
         append_file(inside_, source.file, text_, kind == kText, form);
+        SecretBytes().swap(text_); // which may be large
         return;
     }
     const MimeEntity message(view_of(text_), name_);

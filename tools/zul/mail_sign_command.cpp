@@ -65,7 +65,9 @@ struct MailSignCommand {
             warn(certificate.name() + " is not for the address of From: others may refuse the message");
     }
 
-    void append_detached(SecretBytes& mail, const SecretBytes& content, const MessageSigner& by) const {
+    // append_detached adds what stands before the content; the result is what follows it.
+    SecretBytes append_detached(SecretBytes& mail, const SecretBytes& content,
+                                const MessageSigner& by) const {
         const Digest& digest = find_digest(signing.digest_name());
         const ScratchFile made;
         accept_status(CMS_MakeDetachedSig(made.path(), content_digest(content, digest).c_str(),
@@ -77,10 +79,11 @@ struct MailSignCommand {
                          micalg(digest.name) + "; boundary=\"" + boundary +
                          "\"\r\n\r\nThis is a signed message in MIME format (S/MIME).\r\n\r\n--" + boundary +
                          "\r\n");
-        append(mail, view_of(content));
-        append(mail, "\r\n--" + boundary + "\r\n");
-        append_cms_part(mail, "application/pkcs7-signature", "smime.p7s", made);
-        append(mail, "\r\n--" + boundary + "--\r\n");
+        SecretBytes behind;
+        append(behind, "\r\n--" + boundary + "\r\n");
+        append_cms_part(behind, "application/pkcs7-signature", "smime.p7s", made);
+        append(behind, "\r\n--" + boundary + "--\r\n");
+        return behind;
     }
 
     void append_opaque(SecretBytes& mail, const SecretBytes& content, const MessageSigner& by) const {
@@ -101,11 +104,17 @@ struct MailSignCommand {
         warn_of_sender(mail, by.certificates.front());
         SecretBytes text = header.fields(mail.outside());
         append(text, "MIME-Version: 1.0\r\n");
+        SecretBytes behind;
         if (opaque)
             append_opaque(text, mail.inside(), by);
         else
-            append_detached(text, mail.inside(), by);
-        write_file(out, text);
+            behind = append_detached(text, mail.inside(), by);
+        Output output(out);
+        output.write(text);
+        if (!opaque)
+            output.write(mail.inside());
+        output.write(behind);
+        output.finish();
     }
 };
 

@@ -155,7 +155,8 @@ struct MailVerifyCommand {
             return parts.isDetached && algorithm != nullptr ? content_digest(parts.content, *algorithm)
                                                             : std::string();
         });
-        const SecretBytes content = parts.isDetached ? parts.content : verified.content();
+        const SecretBytes opened = parts.isDetached ? SecretBytes() : verified.content();
+        const SecretBytes& content = parts.isDetached ? parts.content : opened;
         std::string report = verified.report();
         verified.report_to(about);
         about.add("isDetached", parts.isDetached).add("isFromCompared", !fromAny);

@@ -163,7 +163,7 @@ std::string MimeField::value() const {
     std::string line;
     for (std::string_view rest = body; !rest.empty();)
         line += without_line_end(next_line(rest)); // what goes on begins with a blank
-    return std::string(trimmed(line));
+    return std::string(without_blanks(line));
 }
 
 MimeHeader MimeHeader::read(std::string_view& text, const std::string& name) {
@@ -182,7 +182,7 @@ MimeHeader MimeHeader::read(std::string_view& text, const std::string& name) {
             refuse(name, "Its header is longer than 1 MiB or 2,000 fields.");
         if (line.find_first_of(std::string_view("\0\r", 2)) != line.npos)
             refuse_line("holds a zero byte or a CR that ends no line.");
-        if (trimmed(line).empty())
+        if (without_blanks(line).empty())
             refuse_line("holds blanks alone; some readers end the header there and others do not.");
         if (is_blank(line.front())) {
             if (header.fields_.empty())
@@ -193,7 +193,7 @@ MimeHeader MimeHeader::read(std::string_view& text, const std::string& name) {
             continue;
         }
         const size_t colon = line.find(':');
-        const std::string_view word = trimmed(line.substr(0, colon == line.npos ? 0 : colon));
+        const std::string_view word = without_blanks(line.substr(0, colon == line.npos ? 0 : colon));
         if (number == 1 && line.starts_with("From ") && word != "From")
             continue; // what parts the messages of a mailbox file
         if (word.empty() ||

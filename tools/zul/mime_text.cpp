@@ -40,8 +40,14 @@ SecretBytes base64_of(std::string_view content) {
 }
 
 SecretBytes decode_base64(std::string_view body, const std::string& name) {
-    SecretBytes text;
-    text.reserve(body.size() + 1);
+    constexpr size_t kPiece = 64 * 1024;
+    SecretBytes out, text;
+    out.reserve(body.size() / 4 * 3);
+    text.reserve(kPiece + 1);
+    const auto decode = [&] {
+        append(out, view_of(decode_text(text, false, name)));
+        text.clear();
+    };
     size_t padding = 0;
     for (const char c : body) {
         if (is_blank(c) || c == '\r' || c == '\n')
@@ -51,11 +57,17 @@ SecretBytes decode_base64(std::string_view body, const std::string& name) {
         padding += c == '=' ? 1 : 0;
         if ((!isDigit && c != '=') || (isDigit && padding > 0))
             refuse(name, "Its body is not base64.");
+        if (padding > 2)
+            break;
         text.push_back(static_cast<unsigned char>(c));
+        if (text.size() == kPiece)
+            decode();
     }
     if (text.size() % 4 != 0 || padding > 2)
         refuse(name, "Its base64 was cut off.");
-    return text.empty() ? text : decode_text(std::move(text), false, name);
+    if (!text.empty())
+        decode();
+    return out;
 }
 
 SecretBytes decode_quoted_printable(std::string_view body, const std::string& name) {
@@ -116,7 +128,7 @@ bool is_blank(char c) {
     return c == ' ' || c == '\t';
 }
 
-std::string_view trimmed(std::string_view text) {
+std::string_view without_blanks(std::string_view text) {
     while (!text.empty() && is_blank(text.front()))
         text.remove_prefix(1);
     while (!text.empty() && is_blank(text.back()))
