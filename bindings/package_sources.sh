@@ -11,7 +11,8 @@ cp -r "$folder" "$work/$name"
 rm -f "$work/$name/package.sh" "$work/$name"/*.hand.bas
 cp "$(dirname "$0")/../LICENSE" "$work/$name/"
 for module in "$@"; do
-    soname=$(objdump -p "$module" 2>/dev/null | sed -n 's/^ *SONAME *//p')
+    soname=
+    [[ $module != *.so* ]] || soname=$(objdump -p "$module" | sed -n 's/^ *SONAME *//p')
     cp "$module" "$work/$name/${soname:-$(basename "$module")}"
     # What links the module asks for it by its SONAME, what loads it by the plain name.
     [ -z "$soname" ] || ln -s "$soname" "$work/$name/libzulcore.so"
