@@ -129,6 +129,7 @@ public final class BindingsTest {
 
     private static void digests() throws Exception {
         try (Digest digest = Digest.hash("shake128")) {
+            refused(Zulcore.OUT_OF_RANGE_ERROR, "no length", () -> digest.finish(0));
             digest.add(ascii("ab")).add(NONE).add(new ByteArrayInputStream(ascii("c")));
             claim(HexFormat.of().formatHex(digest.finish(8)).equals("5881092dd818bf5c"), "shake128 in pieces");
             refused(Zulcore.INVALID_DATA_ERROR, "an ended digest", () -> digest.add(ascii("c")));

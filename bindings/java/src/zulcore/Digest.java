@@ -76,6 +76,9 @@ public final class Digest implements AutoCloseable {
 
     /** Of shake128 and shake256 as many bytes as asked for; of others at most those. */
     public byte[] finish(int size) {
+        if (size < 1) {
+            throw new ZulException(Zulcore.OUT_OF_RANGE_ERROR, "a length below 1");
+        }
         try (Call call = new Call()) {
             Memory room = call.room(size);
             return Call.copy(room, check(end(room, size)));

@@ -1,0 +1,3 @@
+module zulcore
+
+go 1.19
