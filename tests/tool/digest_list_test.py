@@ -93,9 +93,9 @@ class Lists(ToolTest):
             self.wrong_usage(f"or {other}", "hash", "--check", write("list", line))
             self.check(0, ["abc: OK"], "hash --check -", stdin=coreutils(name, "--tag", "abc").stdout)
         self.check(0, ["abc: OK"], "hash --check -", stdin=openssl("sha3-256 abc"))
-        for words, says in (("--check list in.bin abc", "unknown digest 'in.bin'"), ("sha1 abc --check list", "no FILE"), ("sha1 -r --check list", "no FILE"),
+        for words, says in (("--check list in.bin abc", "unknown digest 'in.bin'"), ("sha1 abc --check list", "no other FILE"), ("sha1 -r --check list", "no other FILE"),
                             ("sha1 -r", "needs a folder"), ("sha1 --quiet abc", "go with --check"), ("sha1 --check - --check -", "one thing"),
-                            ("shake128 --length=9 --check list", "no FILE"), ("", "ALG is required")):
+                            ("shake128 --length=9 --check list", "no other FILE"), ("", "ALG is required")):
             self.wrong_usage(says, *("hash " + words).split())
 
     def test_verdicts(self):

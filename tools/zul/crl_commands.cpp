@@ -288,7 +288,7 @@ void add_crl_commands(CLI::App& app) {
     command->footer(
         "Without --date whatever the list names is revoked. A date without a time means the end of that\n"
         "day, UTC. A list that was not the latest at that moment is a warning only. Exit status 0: not\n"
-        "revoked, 1: revoked, or it cannot be told (then with an error and nothing on standard output).\n\n"
+        "revoked, 1: revoked, or it cannot be told (then with an error, and without --json nothing else).\n\n"
         "Example:\n  zul crl check alice.pem --crl ca.crl --issuer ca.pem");
     command->callback([check] { check->run(); });
 

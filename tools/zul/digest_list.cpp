@@ -64,7 +64,7 @@ const Digest* digest_of_length(size_t digits) {
     for (const char* name : row->names)
         names += (names.empty() ? "" : " or ") + std::string(name);
     throw UsageError(std::to_string(digits) + " hex digits may be " + names +
-                     "; say which: zul hash ALG --check LIST");
+                     "; say which: zul hash ALG --check FILE");
 }
 
 // unescape undoes the escapes of digest_line. False for any other, and for zero bytes.

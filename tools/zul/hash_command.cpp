@@ -142,7 +142,7 @@ struct HashCommand {
         const Digest* digest = algorithm.empty() ? nullptr : &find_digest(algorithm, DigestUse::hash);
         if (!lists.lists.empty()) {
             if (!files.empty() || isRecursive || form.bytes != 0)
-                throw UsageError("--check takes no FILE, -r and --length: the list has the names of files");
+                throw UsageError("--check takes a list alone, no other FILE, -r and --length");
             if (std::count(lists.lists.begin(), lists.lists.end(), "-") > 1)
                 throw UsageError("only one thing can come from standard input");
             return lists.run(digest);
@@ -207,7 +207,7 @@ void add_hash_command(CLI::App& app) {
         ->add_option("-c,--check", hash->lists.lists,
                      "Check the files in a list that zul hash, sha256sum or the like wrote")
         ->allow_extra_args(false)
-        ->option_text("LIST");
+        ->option_text("FILE");
     command->add_flag("--ignore-missing", hash->lists.ignoresMissing,
                       "With --check: leave out files that are not there");
     command->add_flag("-q,--quiet", hash->lists.isQuiet, "With --check: print no line for a good file");

@@ -44,6 +44,8 @@ struct OcspRequestCommand {
         std::string text(static_cast<size_t>(make(nullptr, 0)), '\0');
         make(text.data(), static_cast<int>(text.size()));
 
+        if (!json || !is_standard_stream(output.out))
+            write(text);
         if (json) {
             JsonObject object;
             object.add("digest", find_digest(digest).name).add_file("issuer", issuer);
@@ -55,9 +57,10 @@ struct OcspRequestCommand {
             if (!is_standard_stream(output.out))
                 object.add_file("output", output.out);
             print_json(object);
-            if (is_standard_stream(output.out))
-                return;
         }
+    }
+
+    void write(const std::string& text) const {
         Output out(output.out);
         if (output.base64)
             out.write(text + "\n");
