@@ -54,6 +54,8 @@ constexpr WordRow kRows[] = {
     {"zul encode", "FORMAT", "hex base64 pem"},
     {"zul decode", "FORMAT", "hex base64 pem"},
     {"zul completions", "SHELL", "bash zsh fish powershell"},
+    {"zul mail", "--as", "message text attachment"},
+    {"zul hash", "--check", "", ValueKind::file},
     {"zul cert check-name", "NAME", "", ValueKind::text},
     {"zul random", "N", "", ValueKind::text},
     {"zul help", "COMMAND", "", ValueKind::text}, // its words depend on those before
