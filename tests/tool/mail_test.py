@@ -145,6 +145,14 @@ class Mail(ToolTest):
         self.done("mail sign signed.eml", *self.by, "-o", "twice.eml")
         self.verified(read("twice.eml"))
         self.assertIn("is itself signed", self.report)
+        # What is signed already stays as it is, also where that is no form for mail.
+        for inner in (b"Content-Type: text/plain", LETTERS["8bit"], b"Content-Transfer-Encoding: binary\r\n\r\n\xff\x00"):
+            write("in.eml", signed_by_openssl(inner, "-from", "alice@example.com"))
+            self.done("mail sign in.eml --opaque", *self.by, "-o", "twice.eml")
+            self.verified(self.verified(read("twice.eml")), *self.trusted, "--from-any")
+            self.done("mail encrypt in.eml --to bob.pem -o secret.eml")
+            self.verified(self.done("mail decrypt secret.eml -k bob.key"))
+        self.refused(7, "mail sign in.eml -o never", *self.by, says="--opaque takes it")
 
     def test_files(self):
         header = ["--from", "Älice <alice@example.com>", "--to=bob@example.com", "--to", '"B, C" <c@example.com>',

@@ -39,7 +39,14 @@ class Canonical {
         const MimeValue type = entity.type();
         const std::string encoding = entity.encoding();
         const bool isCoded = is_coded(encoding);
-        if (type.group() == "multipart" && !isCoded) {
+        if (type.word() == "multipart/signed" && !isCoded) {
+            if (form_ == LineForm::sevenBits && !fits_seven_bits(entity.body))
+                refuse(entity.name,
+                       "It holds a signed part that is not ASCII in lines of 998 characters at most, "
+                       "and must not be changed; --opaque takes it.");
+            header(entity, keep, encoding, encoding);
+            append_canonical(out_, entity.body);
+        } else if (type.group() == "multipart" && !isCoded) {
             const Multipart multipart(entity, false);
             header(entity, keep, encoding, encoding == "7bit" ? encoding : "");
             parts(multipart, boundary_of(entity), entity.name, depth);
