@@ -57,5 +57,7 @@ def on_page_markdown(markdown, page, files, **_):
     code = []
     text = FENCE.sub(lambda match: code.append(match[0]) or f"\0{len(code) - 1}\0", markdown)
     text = re.sub(r"\[([^\]]+)\]\((?![a-z]+:)([^)#\s]+)(#[^)]*)?\)", link, text)
+    # A git host needs the backslash before | in the code of a table; this Markdown would show it.
+    text = re.sub(r"^\|.*", lambda row: re.sub(r"`[^`]*`", lambda part: part[0].replace("\\|", "|"), row[0]), text, flags=re.M)
     text = re.sub("\0(\\d+)\0", lambda match: code[int(match[1])], text)
     return TABS.sub(tabs_of, re.sub(r"^<!-- from .* -->\n", "", text, flags=re.M))
