@@ -59,7 +59,7 @@ def description(tree, version):
     condition = xml.SubElement(product, "Condition", Message="zulcore needs 64-bit Windows.")
     condition.text = "VersionNT64"
     xml.SubElement(product, "Media", Id="1", Cabinet="zulcore.cab", EmbedCab="yes")
-    main = xml.SubElement(product, "Feature", Id="Main", Title="Library and tool", Level="1", Absent="disallow")
+    main = xml.SubElement(product, "Feature", Id="Main", Title="Library and tool", Level="1")
     development = xml.SubElement(product, "Feature", Id="Development", Title="Header, import libraries, documents",
                                  Level="1")
     target = xml.SubElement(product, "Directory", Id="TARGETDIR", Name="SourceDir")
@@ -103,10 +103,13 @@ def main():
             write_table(work, "Environment", ["Environment", "Name", "Value", "Component_"],
                         ["s72", "l255", "L255", "s72"], ["Environment"],
                         ["SearchPath", "=-*PATH", f"[~];[{identifier('d', 'bin')}]", identifier("c", "bin/zul.exe")])]
-        actions = [f"INSERT INTO InstallExecuteSequence (Action, Sequence) VALUES ('{action}', {number})"
-                   for action, number in (("RemoveEnvironmentStrings", 3300), ("WriteEnvironmentStrings", 5200))]
+        # Windows passes to the part with administrator's rights only the properties that are listed.
+        changes = ["UPDATE Property SET Value = 'INSTALLDIR;WIX_DOWNGRADE_DETECTED;WIX_UPGRADE_DETECTED' "
+                   "WHERE Property = 'SecureCustomProperties'"]
+        changes += [f"INSERT INTO InstallExecuteSequence (Action, Sequence) VALUES ('{action}', {number})"
+                    for action, number in (("RemoveEnvironmentStrings", 3300), ("WriteEnvironmentStrings", 5200))]
         subprocess.run(["msibuild", out, *(part for table in tables for part in ("-i", table)),
-                        *(part for action in actions for part in ("-q", action))], check=True)
+                        *(part for change in changes for part in ("-q", change))], check=True)
 
 
 if __name__ == "__main__":

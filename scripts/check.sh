@@ -32,7 +32,7 @@ check_words() {
     local found
     found=$({
         sources
-        find scripts cmake docs .ci README.md CMakeLists.txt -type f
+        find scripts packaging cmake docs .ci README.md CMakeLists.txt -type f
         find bindings packaging -type f 2>/dev/null | grep -v /node_modules/
     } | grep -v '^scripts/check.sh$' |
         xargs grep -nE '\b(TODO|FIXME|XXX|HACK)\b|^ *# *if 0\b|DISABLED_|not implemented|unimplemented')
