@@ -85,7 +85,7 @@ class Documents(ToolTest):
                  ["sha1 -r pki/issued", 0, {"files": [{"file": re.compile("^pki/issued/[0-9a-f]+.pem$")}] * 3}],
                  ["--check list", 1, no(21, "NO_MATCH_ERROR", good=1, failed=1, unreadable=1, missing=0, badLines=1, files=[
                      {"file": "in.bin", "status": "good", "algorithm": "sha1"}, {"file": "pw", "status": "failed"},
-                     {"file": "gone", "status": "unreadable"}], warnings=["list: line 3 holds no digest, or one of another algorithm"])],
+                     {"file": "gone", "status": "unreadable"}], warnings=["list: 1 of 4 lines hold no digest, or one of another algorithm: line 3"])],
                  ["sha1 --check list --ignore-missing", 1, no(21, "NO_MATCH_ERROR", missing=1)], ["sha1 --check good -q", 0, {"valid": True, "files": []}],
                  ["sha1 --check nowhere", 1, no(1, "OPEN_ERROR")]],
         "hmac": [["md5 --key-file pw in.bin", 0, {"algorithm": "md5", "file": "in.bin", "hmac": hmac.new(b"pw\n", CONTENT, "md5").hexdigest()}]],

@@ -40,7 +40,7 @@ struct ListCheck {
         std::vector<ListedDigest> listed;
         for (const std::string& list : lists) {
             const DigestList content(Input(list).read_all(), digest);
-            warn_of_lines(list, content.badLines);
+            warn_of_lines(list, content);
             counts.badLines += content.badLines.size();
             listed.insert(listed.end(), content.digests.begin(), content.digests.end());
         }
@@ -72,13 +72,18 @@ struct ListCheck {
         return text;
     }
 
-    static void warn_of_lines(const std::string& list, const std::vector<int>& lines) {
+    static void warn_of_lines(const std::string& list, const DigestList& content) {
         constexpr size_t kMostShown = 10;
-        for (size_t i = 0; i < std::min(lines.size(), kMostShown); ++i)
-            warn(shown_name(list) + ": line " + std::to_string(lines[i]) + " holds no digest, or one of " +
-                 "another algorithm");
-        if (lines.size() > kMostShown)
-            warn(shown_name(list) + ": so do " + std::to_string(lines.size() - kMostShown) + " more lines");
+        const size_t count = content.badLines.size();
+        if (count == 0)
+            return;
+        std::string numbers;
+        for (size_t i = 0; i < std::min(count, kMostShown); ++i)
+            numbers += (i == 0 ? "" : ", ") + std::to_string(content.badLines[i]);
+        warn(shown_name(list) + ": " + std::to_string(count) + " of " +
+             std::to_string(count + content.digests.size()) +
+             " lines hold no digest, or one of another algorithm: line " + numbers +
+             (count > kMostShown ? " ..." : ""));
     }
 
     void check(const ListedDigest& each, Counts& counts, JsonArray& results) const {
