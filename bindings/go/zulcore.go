@@ -4,6 +4,8 @@ package zulcore
 
 import (
 	"bytes"
+	"os"
+	"path/filepath"
 	"unsafe"
 
 	"zulcore/raw"
@@ -174,6 +176,21 @@ func OpenFile(fileOut, fileIn string, identities, password []byte) error {
 	defer c.end()
 	target, source, list, secret := c.name(fileOut), c.name(fileIn), c.secret(identities), c.secret(password)
 	return c.status(func() int32 { return raw.SEAL_OpenFile(target, source, list, secret, 0) })
+}
+
+// Output calls a function that writes a file, for one in a private folder that is removed, and gives what it wrote:
+// Output(func(file string) error { return SelfSign(file, key, description) }). It is not for secrets.
+func Output(write func(file string) error) ([]byte, error) {
+	folder, err := os.MkdirTemp("", "zulcore")
+	if err != nil {
+		return nil, err
+	}
+	defer os.RemoveAll(folder)
+	file := filepath.Join(folder, "output")
+	if err = write(file); err != nil {
+		return nil, err
+	}
+	return os.ReadFile(file)
 }
 
 // SelfSign makes a certificate that is described by keyword=value pairs: "CN=Example Root;profile=ca".

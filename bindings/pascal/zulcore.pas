@@ -163,6 +163,13 @@ procedure ZulIssue(const CertOut, IssuerCert: string; IssuerKey, SubjectKey: TZu
   Options: Integer = 0); overload;
 procedure ZulIssueCrl(const CrlOut, IssuerCert: string; IssuerKey: TZulKey; const EarlierCrl: string;
   const Revoked: UTF8String; const Description: UTF8String = ''; Options: Integer = 0);
+/// The same as PEM.
+function ZulSelfSignPem(Key: TZulKey; const Description: UTF8String): UTF8String;
+function ZulRequestPem(Key: TZulKey; const Description: UTF8String): UTF8String;
+function ZulIssuePem(const IssuerCert: string; IssuerKey: TZulKey; const Request: string;
+  const Description: UTF8String = ''): UTF8String; overload;
+function ZulIssuePem(const IssuerCert: string; IssuerKey, SubjectKey: TZulKey;
+  const Description: UTF8String): UTF8String; overload;
 /// Cert is the name of a file, or PEM.
 function ZulCertQuery(const Cert: string; const Query: UTF8String): UTF8String;
 function ZulCertReport(const Cert: string; Options: Integer = 0): UTF8String;
@@ -192,6 +199,11 @@ function ZulOcspRequest(const IssuerCert, CertOrSerial: string; Options: Integer
 function ZulOcspRead(const Response: string; const IssuerCert: string = ''): UTF8String;
 
 implementation
+
+{$IFNDEF FPC}
+uses
+  System.IOUtils;
+{$ENDIF}
 
 const
   kLongestKey = 90000;
@@ -919,6 +931,90 @@ begin
   Earlier := Native(EarlierCrl);
   ZulCheckStatus(CERT_IssueCRL(PAnsiChar(Target), PAnsiChar(Issuer), KeyHandle(IssuerKey), OrNil(Earlier),
     Utf8OrNil(Revoked), Utf8OrNil(Description), Options));
+end;
+
+// A new folder, whose name nobody can have taken before.
+function NewFolder: string;
+begin
+  Result := IncludeTrailingPathDelimiter({$IFDEF FPC}GetTempDir{$ELSE}TPath.GetTempPath{$ENDIF}) + 'zulcore' +
+    string(ZulToHex(ZulRandomBytes(16)));
+  if not CreateDir(Result) then
+    raise EZulError.CreateCode(CREATE_ERROR, 'no temporary folder');
+  Result := IncludeTrailingPathDelimiter(Result);
+end;
+
+function TakeText(const FileName: string): UTF8String;
+var
+  Stream: TFileStream;
+begin
+  Stream := TFileStream.Create(FileName, fmOpenRead or fmShareDenyWrite);
+  try
+    SetLength(Result, Stream.Size);
+    if Result <> '' then
+      Stream.ReadBuffer(Result[1], Length(Result));
+  finally
+    Stream.Free;
+  end;
+end;
+
+procedure RemoveFolder(const Folder: string);
+begin
+  {$IFDEF FPC}SysUtils{$ELSE}System.SysUtils{$ENDIF}.DeleteFile(Folder + 'output');
+  RemoveDir(ExcludeTrailingPathDelimiter(Folder));
+end;
+
+function ZulSelfSignPem(Key: TZulKey; const Description: UTF8String): UTF8String;
+var
+  Folder: string;
+begin
+  Folder := NewFolder;
+  try
+    ZulSelfSign(Folder + 'output', Key, Description);
+    Result := TakeText(Folder + 'output');
+  finally
+    RemoveFolder(Folder);
+  end;
+end;
+
+function ZulRequestPem(Key: TZulKey; const Description: UTF8String): UTF8String;
+var
+  Folder: string;
+begin
+  Folder := NewFolder;
+  try
+    ZulRequest(Folder + 'output', Key, Description);
+    Result := TakeText(Folder + 'output');
+  finally
+    RemoveFolder(Folder);
+  end;
+end;
+
+function ZulIssuePem(const IssuerCert: string; IssuerKey: TZulKey; const Request: string;
+  const Description: UTF8String): UTF8String;
+var
+  Folder: string;
+begin
+  Folder := NewFolder;
+  try
+    ZulIssue(Folder + 'output', IssuerCert, IssuerKey, Request, Description);
+    Result := TakeText(Folder + 'output');
+  finally
+    RemoveFolder(Folder);
+  end;
+end;
+
+function ZulIssuePem(const IssuerCert: string; IssuerKey, SubjectKey: TZulKey;
+  const Description: UTF8String): UTF8String;
+var
+  Folder: string;
+begin
+  Folder := NewFolder;
+  try
+    ZulIssue(Folder + 'output', IssuerCert, IssuerKey, SubjectKey, Description);
+    Result := TakeText(Folder + 'output');
+  finally
+    RemoveFolder(Folder);
+  end;
 end;
 
 function ZulCertQuery(const Cert: string; const Query: UTF8String): UTF8String;

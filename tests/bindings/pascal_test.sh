@@ -3,7 +3,8 @@
 # Windows, with a run-time library compiled here from the sources of Debian's package fpc-source.
 set -euo pipefail
 root=$1 module=$2 wine=${3:-}
-mkdir -p bin units
+mkdir -p bin units temp
+export TEMP=$PWD/temp TMP=$PWD/temp TMPDIR=$PWD/temp
 options=(-Mdelphi -O1 -FEbin -FUunits "-Fu$root/bindings/pascal")
 if [ -n "$wine" ]; then
     "$root/tests/bindings/pascal_rtl.sh" "$PWD/rtl"

@@ -8,6 +8,7 @@ import (
 	"errors"
 	"fmt"
 	"os"
+	"path/filepath"
 	"strconv"
 	"strings"
 	"testing"
@@ -227,6 +228,18 @@ func TestCertificates(t *testing.T) {
 	}
 	must(t, zulcore.CheckName("leaf.pem", "leaf.example"))
 	must(t, zulcore.IssueCRL("root.crl", "root.pem", root, "", "cert=leaf.pem", ""))
+	var file string
+	leafPEM, err := zulcore.Output(func(name string) error {
+		file = name
+		return zulcore.IssueForKey(name, "root.pem", root, leaf, "CN=bytes")
+	})
+	must(t, err)
+	if answer, err := zulcore.CertQuery(string(leafPEM), "subject"); answer != "CN=bytes" {
+		t.Error("a certificate as bytes", err)
+	}
+	if _, err = os.Stat(filepath.Dir(file)); err == nil {
+		t.Error("a folder that stays:", file)
+	}
 	report, err := zulcore.CheckPath("leaf.pem", "", "root.pem", "", "host=leaf.example", 0)
 	if err != nil || report == "" {
 		t.Error("a path", err)

@@ -183,6 +183,10 @@ public final class BindingsTest {
             claim(Zul.certQuery("root.pem", "subject").equals("CN=R\u00f6t"), "a subject in UTF-8");
             claim(Zul.certQuery("leaf.pem", "crl").isEmpty(), "an empty answer");
             claim(Zul.certReport("leaf.pem", Zulcore.ZUL_CERT_JSON).contains("\"leaf.example\""), "report");
+            String[] file = new String[1];
+            byte[] pem = Zul.output(name -> Zul.issue(file[0] = name, "root.pem", root, leaf, "CN=bytes"));
+            claim(Zul.certQuery(new String(pem, StandardCharsets.US_ASCII), "subject").equals("CN=bytes"), "bytes");
+            claim(!Files.exists(Path.of(file[0]).getParent()), "a folder that stays");
             Zul.checkName("leaf.pem", "leaf.example");
             claim(!Zul.checkPath("leaf.pem", null, "root.pem", null, "host=leaf.example", 0, null).isEmpty(), "a path");
             Zul.issueCrl("root.crl", "root.pem", root, null, "cert=leaf.pem", null);

@@ -293,7 +293,8 @@ end;
 procedure Certificates;
 var
   Root, Leaf, Unpacked: TZulKey;
-  Report: UTF8String;
+  Report, Pem: UTF8String;
+  Found: TSearchRec;
 begin
   Root := TZulKey.Generate('rsa-2048');
   Leaf := TZulKey.Generate('rsa-2048');
@@ -303,6 +304,11 @@ begin
   Claim((ZulCertQuery('leaf.pem', 'serialNumber') = '77') and (ZulCertQuery('leaf.pem', 'crl') = ''), 'query');
   Claim(ZulCertQuery('root.pem', 'subject') = 'CN=R'#$C3#$B6't', 'a subject in UTF-8');
   Claim(Pos('"leaf.example"', ZulCertReport('leaf.pem', ZUL_CERT_JSON)) > 0, 'report');
+  Pem := ZulIssuePem('root.pem', Root, ZulRequestPem(Leaf, 'CN=pem'), 'profile=client');
+  Claim(ZulCertQuery(Pem, 'subject') = 'CN=pem', 'a certificate as PEM');
+  Claim(ZulCertQuery(ZulIssuePem(ZulSelfSignPem(Root, 'CN=R;profile=ca'), Root, Leaf, 'CN=x'), 'issuer') = 'CN=R',
+    'an issuer as PEM');
+  Claim(FindFirst(GetTempDir + 'zulcore????????????????????????????????', faAnyFile, Found) <> 0, 'a folder that stays');
   ZulCheckName('leaf.pem', 'leaf.example');
   ZulIssueCrl('root.crl', 'root.pem', Root, '', 'cert=leaf.pem');
   ZulCheckPath('leaf.pem', '', 'root.pem', '', 'host=leaf.example', Report);

@@ -208,6 +208,27 @@ public final class Zul {
         }
     }
 
+    /** A function that writes a file. */
+    public interface FileWriter {
+        void write(String file) throws IOException;
+    }
+
+    /**
+     * Has a file written in a private folder that is removed, and gives what is in it:
+     * output(file -&gt; Zul.selfSign(file, key, description)). It is not for secrets.
+     */
+    public static byte[] output(FileWriter writer) throws IOException {
+        Path folder = Files.createTempDirectory("zulcore");
+        Path file = folder.resolve("output");
+        try {
+            writer.write(file.toString());
+            return Files.readAllBytes(file);
+        } finally {
+            Files.deleteIfExists(file);
+            Files.delete(folder);
+        }
+    }
+
     // Certificates, requests and CRLs, described by keyword=value pairs: "CN=Alice;profile=client"
 
     public static void selfSign(String certOut, Key key, String description) {
