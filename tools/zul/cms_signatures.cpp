@@ -47,7 +47,7 @@ void warn_of_digest(const std::string& name) {
 
 } // namespace
 
-void SignatureOptions::add_to(CLI::App& command) {
+void SignatureOptions::add_to(CLI::App& command, const std::string& usualPurpose) {
     path.add_trust_to(command, false);
     command
         .add_option("--cert", signer,
@@ -56,7 +56,7 @@ void SignatureOptions::add_to(CLI::App& command) {
     command.add_option("--extra-cert", others, "Further certificates for the path; once for each file")
         ->allow_extra_args(false)
         ->option_text("FILE");
-    path.add_purpose_to(command);
+    path.add_purpose_to(command, usualPurpose);
     path.add_status_to(command);
 }
 

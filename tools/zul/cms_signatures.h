@@ -14,7 +14,7 @@ struct SignatureOptions {
     std::vector<std::string> others;
     PathOptions path;
 
-    void add_to(CLI::App& command);
+    void add_to(CLI::App& command, const std::string& usualPurpose = "any");
     bool isValidated() const { return !path.trusted.empty(); }
     // check refuses options that contradict each other, two inputs from one stream, and an output that would
     // replace an input; inputs are the command's others.

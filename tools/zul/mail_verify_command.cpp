@@ -13,6 +13,8 @@ namespace tool {
 
 namespace {
 
+constexpr const char* kPurpose = "email"; // unless another one is given
+
 [[noreturn]] void refuse(const IncomingMail& mail, int code, const std::string& reason) {
     throw Refused::by_system(code, mail.name(), reason);
 }
@@ -145,7 +147,7 @@ struct MailVerifyCommand {
         about.add_file("file", file);
         SignatureOptions demands = options;
         if (demands.isValidated() && demands.path.purpose.empty())
-            demands.path.purpose = "email";
+            demands.path.purpose = kPurpose;
         const IncomingMail mail(file);
         const SignedMail parts(mail);
         const Message message(mail.name(), parts.signature);
@@ -200,7 +202,7 @@ void add_mail_verify_command(CLI::App& group) {
     command->add_option("MESSAGE", verify->file, "The message; - for standard input")
         ->required()
         ->option_text(" ");
-    verify->options.add_to(*command);
+    verify->options.add_to(*command, kPurpose);
     command->add_flag("--from-any", verify->fromAny, "Do not compare From with the signer's certificate");
     command->add_flag("--subject-name", verify->subjectName,
                       "An address in the subject counts too, where subjectAltName has none");
@@ -208,8 +210,8 @@ void add_mail_verify_command(CLI::App& group) {
         ->add_option("-o,--out", verify->out,
                      "File for the content, once all is good; with - the report goes to standard error")
         ->option_text("FILE");
-    add_json_flag(*command, verify->json);
     command->add_flag("--body", verify->body, "Write the decoded body alone, of content of one part");
+    add_json_flag(*command, verify->json);
     command->footer(
         "The signature is of the content alone: Subject, To, Date and all other fields outside may be "
         "forged,\n"

@@ -52,12 +52,14 @@ void PathOptions::add_hosts_to(CLI::App& command) {
     command.add_flag("--web", web, "Apply the rules of the public web too");
 }
 
-void PathOptions::add_purpose_to(CLI::App& command) {
+void PathOptions::add_purpose_to(CLI::App& command, const std::string& usual) {
     command.add_option("--email", email, "The mailbox that the certificate has to be for")
         ->option_text("ADDRESS");
     command
-        .add_option("--purpose", purpose,
-                    "What it has to be for: server, client, email, code, timestamp, ocsp, any (the default)")
+        .add_option(
+            "--purpose", purpose,
+            "What it has to be for: server, client, email, code, timestamp, ocsp, any; the default is " +
+                usual)
         ->option_text("PURPOSE");
     command.add_option("--policy", policies, "An acceptable policy, dotted; once for each")
         ->allow_extra_args(false)

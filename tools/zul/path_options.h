@@ -15,9 +15,10 @@ struct PathOptions {
     bool explicitPolicy = false, web = false, subjectName = false;
 
     void add_trust_to(CLI::App& command, bool isDemanded);
-    void add_hosts_to(CLI::App& command);   // hosts and addresses, and the rules for them
-    void add_purpose_to(CLI::App& command); // mailboxes, purposes and policies
-    void add_status_to(CLI::App& command);  // CRLs, OCSP responses, the time
+    void add_hosts_to(CLI::App& command); // hosts and addresses, and the rules for them
+    // Mailboxes, purposes and policies; usual is the purpose without an option.
+    void add_purpose_to(CLI::App& command, const std::string& usual = "any");
+    void add_status_to(CLI::App& command); // CRLs, OCSP responses, the time
     bool has_conditions() const { return has_evidence() || !conditions().empty(); }
     bool has_evidence() const { return !crls.empty() || !responses.empty(); }
 
