@@ -12,12 +12,11 @@ const std::vector<HelpTopic>& help_topics() {
          "A message on standard error tells why. It holds the library's error code: 'zul error CODE'\n"
          "says what that means.\n"},
         {"environment", "Variables that the tool looks at",
-         "  NO_COLOR         not empty: no colours\n"
-         "  CLICOLOR_FORCE   not empty and not 0: colours even where the output is no terminal\n"
-         "  TERM             dumb: no colours and no progress\n"
-         "  TMPDIR           folder for temporary files (TMP on Windows)\n"
-         "  ZUL_ALLOW_ARGUMENT_SECRETS\n"
-         "                   1: no warning of keys and passwords among the arguments\n"
+         "  NO_COLOR                    not empty: no colours\n"
+         "  CLICOLOR_FORCE              not empty and not 0: colours even into pipes and files\n"
+         "  TERM                        dumb: no colours and no progress\n"
+         "  TMPDIR                      folder for temporary files (TMP on Windows)\n"
+         "  ZUL_ALLOW_ARGUMENT_SECRETS  1: no warning of secrets among the arguments\n"
          "\n"
          "Colours and progress are for terminals; a pipe or a file never gets them unasked.\n"},
         {"formats", "Forms in which keys, certificates and messages are read",

@@ -90,6 +90,13 @@ void restore_page() {
     SetConsoleOutputCP(pageBefore);
 }
 
+// Both streams show one console, which has one mode for what it shows.
+HANDLE consoleBefore = INVALID_HANDLE_VALUE;
+DWORD modeBefore = 0;
+void restore_mode() {
+    SetConsoleMode(consoleBefore, modeBefore);
+}
+
 } // namespace
 
 void remove_on_signal(const std::string&, const std::string&) {}
@@ -115,9 +122,19 @@ bool errors_are_terminal() {
 
 bool enable_colours(std::FILE* stream) {
     DWORD mode = 0;
-    return _isatty(_fileno(stream)) != 0 && !is_dumb_terminal() &&
-           GetConsoleMode(handle_of(stream), &mode) != 0 &&
-           SetConsoleMode(handle_of(stream), mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
+    const HANDLE handle = handle_of(stream);
+    if (_isatty(_fileno(stream)) == 0 || is_dumb_terminal() || GetConsoleMode(handle, &mode) == 0)
+        return false;
+    if ((mode & ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0)
+        return true;
+    if (SetConsoleMode(handle, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) == 0)
+        return false;
+    if (consoleBefore == INVALID_HANDLE_VALUE) { // the console belongs to the programs that come after
+        consoleBefore = handle;
+        modeBefore = mode;
+        std::atexit(restore_mode);
+    }
+    return true;
 }
 
 bool is_dumb_terminal() {
