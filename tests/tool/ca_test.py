@@ -47,6 +47,11 @@ class Authorities(ToolTest):
         for kind in ("rsa-2048", "p-256", "ed25519"):
             self.done("ca init --name=O=Test --type", kind, "--no-password", kind)
             self.done("ca issue", kind, *NAMES, "--type", kind, "--no-password", "--force", "-o", "server.pem")
+            for what, signer in (("server.pem", "ca"), (f"{kind}/ca.crl", "ca"), (f"{kind}/ca.pem", "root")):
+                self.done("cert verify", what, "--issuer", f"{kind}/{signer}.pem")
+                self.refused(22, "cert verify", what, "--issuer", f"{kind}/{'root' if signer == 'ca' else 'ca'}.pem")
+            self.assertIn(b"not revoked", self.done("crl check server.pem --crl", f"{kind}/ca.crl", "--issuer", f"{kind}/ca.pem"))
+            self.refused(22, "crl check server.pem --crl", f"{kind}/ca.crl", "--issuer", f"{kind}/root.pem")
             # The server sends leaf and issuing authority; the client knows the root alone.
             with tls_server("server") as port:
                 curl = ["curl", "-sS", "--noproxy", "*", "--cacert", kind + "/root.pem"]

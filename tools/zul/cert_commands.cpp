@@ -5,6 +5,7 @@
 #include "commands.h"
 #include "json_output.h"
 #include "object_lists.h"
+#include "object_signature.h"
 #include "streams.h"
 #include "terminal_style.h"
 
@@ -173,6 +174,14 @@ struct CertVerifyCommand {
     std::string file, issuer;
     bool json = false;
 
+    void verify_with_old_key(const ObjectArgument& signer) const {
+        const ObjectArgument object(file);
+        const int result = X509_VerifyCert(object.text(), signer.text());
+        if (result == -1)
+            throw Refused::by_library(SIGNATURE_ERROR, object.name(), not_signed_by(signer));
+        accept_status(result, object.name());
+    }
+
     void run() const {
         refuse_shared_input({is_standard_stream(file), is_standard_stream(issuer)});
         report_verdict(json, [this](JsonObject& about) { return check(about); });
@@ -180,14 +189,12 @@ struct CertVerifyCommand {
 
     std::string check(JsonObject& about) const {
         about.add_file("file", file).add_file("issuer", issuer);
-        const ObjectArgument object(file), signer = certificate_object(issuer);
-        const int result = X509_VerifyCert(object.text(), signer.text());
-        if (result == -1)
-            throw Refused::by_library(SIGNATURE_ERROR, object.name(),
-                                      "It was not signed with the key of " + signer.name() +
-                                          ", or it was changed.");
-        accept_status(result, object.name());
-        return object.name() + ": " + styled(Style::good, "good signature", stdout) +
+        const ObjectArgument signer = certificate_object(issuer);
+        if (has_new_key(signer))
+            verify_with_new_key(der_of(file), shown_name(file), signer);
+        else
+            verify_with_old_key(signer);
+        return shown_name(file) + ": " + styled(Style::good, "good signature", stdout) +
                ", made with the key of " + signer.name() + " (dates, names and revocation not checked)\n";
     }
 };

@@ -7,6 +7,7 @@
 #include "der.h"
 #include "description_options.h"
 #include "json_output.h"
+#include "object_signature.h"
 #include "operating_system.h"
 #include "streams.h"
 #include "terminal_style.h"
@@ -214,8 +215,11 @@ struct CheckCrlCommand {
         const ListDates dates(head, list.name());
         const bool isChecked = !issuer.empty();
         const ObjectArgument signer = isChecked ? certificate_object(issuer) : certificate;
+        const bool isNew = isChecked && has_new_key(signer);
+        if (isNew)
+            verify_with_new_key(isFile ? der_of(crl) : head, list.name(), signer);
         const int result = accept_length(X509_CheckCertInCRL(certificate.text(), list.text(),
-                                                             isChecked ? signer.text() : nullptr,
+                                                             isChecked && !isNew ? signer.text() : nullptr,
                                                              moment.empty() ? nullptr : moment.c_str(), 0),
                                          list.name());
         isRevoked = result != 0;
