@@ -78,7 +78,9 @@ class Mail(ToolTest):
         return read("content")
 
     def verified_by_openssl(self, message):
-        return openssl("cms -verify -CAfile root.pem", stdin=message)
+        contents = [openssl(command + " -verify -CAfile root.pem", stdin=message) for command in ("cms", "smime")]
+        self.assertEqual(contents[0], contents[1])
+        return contents[0]
 
     def test_signed_here(self):
         for name, letter in some(LETTERS.items()):
@@ -124,9 +126,11 @@ class Mail(ToolTest):
                 self.assertEqual(self.done("mail decrypt - -k alice.key --cert alice.pem --entity", stdin=message), entity)
                 self.assertTrue(opened.endswith(entity))
                 self.assertEqual(leaves(opened), leaves(letter))
-                self.assertEqual(email.message_from_bytes(opened)["Subject"], email.message_from_bytes(opened)["Subject"])
-                theirs = openssl("cms -encrypt -aes128 bob.pem", stdin=letter)
-                self.assertEqual(self.done("mail decrypt - -k bob.key", stdin=theirs), letter)
+                self.assertEqual(openssl("smime -decrypt -recip bob.pem -inkey bob.key", stdin=message), entity)
+                self.assertEqual(email.message_from_bytes(opened)["Subject"], email.message_from_bytes(letter)["Subject"])
+                for command in ("cms -encrypt -aes128", "smime -encrypt -aes256"):
+                    theirs = openssl(command, "bob.pem", stdin=letter)
+                    self.assertEqual(self.done("mail decrypt - -k bob.key", stdin=theirs), letter)
         self.refused(15, "mail decrypt", write("m.eml", message), "-k", "root.key", "-o", "never", says="not that of a recipient")
         self.refused(7, "mail decrypt letter.eml -k bob.key -o never", says="not encrypted")
         self.refused(7, "mail verify m.eml --trusted root.pem -o never", says="'zul mail decrypt' comes first")
