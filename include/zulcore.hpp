@@ -3,11 +3,9 @@
 //
 //  - Every failure is an exception of type zulcore::Error, whatever the convention of the C function.
 //  - Bytes come in as ByteView: any container of bytes, an array of unsigned char, pointer and size, or a
-//  text without its
-//    NUL. More than INT_MAX bytes are refused.
+//    text without its NUL. More than INT_MAX bytes are refused.
 //  - Texts come in as std::string_view. One with a zero byte in it is refused. Names of files are in the
-//  system's encoding
-//    (UTF-8 on Linux, the ANSI code page on Windows), all other texts are UTF-8.
+//    system's encoding (UTF-8 on Linux, the ANSI code page on Windows), all other texts are UTF-8.
 //  - Secrets come out in SecretBytes, SecretText and Key, which wipe their memory.
 //  - "flags" are the options of the C functions beside those that a parameter stands for.
 #ifndef ZULCORE_HPP
@@ -979,18 +977,18 @@ list(std::string_view p12, std::optional<std::string_view> password = std::nullo
 
 namespace cms {
 
-// What sign does unless flags are given.
+// Flags of a signature with the time of signing in it.
 inline constexpr int kSignedWithAttributes = ZUL_HASH_SHA256 | ZUL_CMS_INCLUDE_ATTRS | ZUL_CMS_ADD_SIGNTIME;
 
 // The certificates are joined by ";", the signer's first. Flags: ZUL_HASH_ and ZUL_CMS_ as in
 // CMS_MakeSigData.
 inline void sign_file(std::string_view out, std::string_view in, std::string_view certificates,
-                      const Key& key, int flags = kSignedWithAttributes) {
+                      const Key& key, int flags = ZUL_HASH_SHA256) {
     const detail::Text target(out), source(in), list(certificates);
     detail::status(CMS_MakeSigData(target.c_str(), source.c_str(), list.c_str(), key.c_str(), flags));
 }
 inline void sign_text(std::string_view out, std::string_view text, std::string_view certificates,
-                      const Key& key, int flags = kSignedWithAttributes) {
+                      const Key& key, int flags = ZUL_HASH_SHA256) {
     const detail::Text target(out), content(text), list(certificates);
     detail::status(
         CMS_MakeSigDataFromString(target.c_str(), content.c_str(), list.c_str(), key.c_str(), flags));
@@ -998,7 +996,7 @@ inline void sign_text(std::string_view out, std::string_view text, std::string_v
 
 // sign_digest gives a signature of content that stays elsewhere, as base64; its digest is hash(content).
 [[nodiscard]] inline std::string sign_digest(ByteView digest, std::string_view certificates, const Key& key,
-                                             int flags = kSignedWithAttributes) {
+                                             int flags = ZUL_HASH_SHA256) {
     const detail::Text list(certificates);
     const std::string hex = to_hex(digest);
     return detail::content_of([&](const char* file) {
@@ -1041,7 +1039,7 @@ inline void encrypt_file(std::string_view out, std::string_view in,
         detail::length(CMS_MakeEnvData(target.c_str(), source.c_str(), list.c_str(), nullptr, 0, flags));
     if (served != certificates.size()) {
         std::remove(target.c_str());
-        throw Error(BAD_KEY_ERROR, "a certificate's key cannot be used to encrypt");
+        detail::fail(BAD_KEY_ERROR); // the text tells the certificate
     }
 }
 

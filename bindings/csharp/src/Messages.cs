@@ -9,12 +9,12 @@ namespace Zulcore
     /// ";" where several may stand, the signer's first.</summary>
     public static class Cms
     {
-        /// <summary>The options of signatures: SHA-256, with the time of signing.</summary>
+        /// <summary>Options of a signature with the time of signing in it.</summary>
         public const int SignedWithAttributes = Raw.ZUL_HASH_SHA256 | Raw.ZUL_CMS_INCLUDE_ATTRS | Raw.ZUL_CMS_ADD_SIGNTIME;
 
         /// <summary>Signs a file's content.</summary>
         public static void SignFile(string fileOut, string fileIn, string certificates, Key key,
-                                    int options = SignedWithAttributes)
+                                    int options = Raw.ZUL_HASH_SHA256)
         {
             using (var arguments = new Arguments())
             {
@@ -25,7 +25,7 @@ namespace Zulcore
 
         /// <summary>Signs the UTF-8 of a text.</summary>
         public static void SignText(string fileOut, string text, string certificates, Key key,
-                                    int options = SignedWithAttributes)
+                                    int options = Raw.ZUL_HASH_SHA256)
         {
             using (var arguments = new Arguments())
             {
@@ -35,7 +35,7 @@ namespace Zulcore
         }
 
         /// <summary>Signs content that stays elsewhere, by its digest. Gives base64.</summary>
-        public static string SignDigest(byte[] digest, string certificates, Key key, int options = SignedWithAttributes)
+        public static string SignDigest(byte[] digest, string certificates, Key key, int options = Raw.ZUL_HASH_SHA256)
         {
             return PublicFile.ContentOf(file =>
             {
@@ -89,8 +89,9 @@ namespace Zulcore
                                                               arguments.Name(string.Join(";", list)), IntPtr.Zero, 0, options));
                 if (served != list.Count)
                 {
+                    ZulException error = Result.Failure(Raw.BAD_KEY_ERROR); // its detail tells the certificate
                     File.Delete(fileOut);
-                    throw new ZulException(Raw.BAD_KEY_ERROR, "a certificate's key cannot be used to encrypt");
+                    throw error;
                 }
             }
         }

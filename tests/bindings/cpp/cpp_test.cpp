@@ -342,6 +342,12 @@ TEST(Cpp, Messages) {
     cms::encrypt_file(sealed, in, {certificate});
     const auto opened = cms::decrypt(sealed, key);
     EXPECT_EQ(std::string(opened.begin(), opened.end()), "Meet me at noon.");
-    EXPECT_EQ(code_of([&] { cms::encrypt_file(sealed, in, {certificate, other}); }), BAD_KEY_ERROR);
+    try {
+        cms::encrypt_file(sealed, in, {certificate, other});
+        ADD_FAILURE() << "a key that cannot encrypt";
+    } catch (const zulcore::Error& error) {
+        EXPECT_EQ(error.code(), BAD_KEY_ERROR);
+        EXPECT_STRNE(error.detail(), "");
+    }
     EXPECT_FALSE(test::file_exists(sealed));
 }

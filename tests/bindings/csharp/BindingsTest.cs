@@ -272,6 +272,10 @@ internal static class BindingsTest
                 Same(CodeOf(call.Value.Value), call.Value.Key, call.Key);
             }
             Expect(!File.Exists(unused), "refused calls write nothing");
+            foreach (string text in new[] { "AGE-SECRET-KEY-1", "identity.txt", "AGE-SECRET-KEY-1\0" })
+            {
+                Same(CodeOf(() => Identity.Of(text)), Raw.BAD_KEY_ERROR, "no identity");
+            }
             Expect(Throws<ArgumentNullException>(() => key.Sign(null)), "no data");
             Expect(Throws<ArgumentNullException>(() => key.Agree(null)), "no key");
             Expect(Throws<ArgumentOutOfRangeException>(() => new Hash().Add(new byte[4], 2, int.MaxValue)), "beyond the array");
@@ -486,8 +490,16 @@ internal static class BindingsTest
                  "another content");
             Cms.EncryptFile(secret, file, new[] { certificate });
             Same(Encoding.UTF8.GetString(Cms.Decrypt(secret, key)), text, "a decrypted message");
-            Same(CodeOf(() => Cms.EncryptFile(secret, file, new[] { certificate, other })), Raw.BAD_KEY_ERROR,
-                 "a recipient without an RSA key");
+            try
+            {
+                Cms.EncryptFile(secret, file, new[] { certificate, other });
+                Expect(false, "a recipient without an RSA key");
+            }
+            catch (ZulException error)
+            {
+                Same(error.Code, Raw.BAD_KEY_ERROR, "a recipient without an RSA key");
+                Expect(error.Detail != "", "the library tells the certificate");
+            }
             Expect(!File.Exists(secret), "a message that not all can read is removed");
         }
     }
