@@ -41,6 +41,9 @@ cp "$module" elsewhere/libzulcore.so.3
 [ "$(ZULCORE_LIBRARY=$module found alone)" = "$module" ] || fail "variable"
 [ "$(LD_LIBRARY_PATH=elsewhere found alone)" -ef elsewhere/libzulcore.so.3 ] || fail "system"
 [ "$(ZULCORE_LIBRARY=$module found beside)" -ef beside/libzulcore.so ] || fail "beside"
+for named in "$PWD/missing.so" elsewhere/libzulcore.so.3; do
+    output=$(ZULCORE_LIBRARY=$named LD_LIBRARY_PATH=elsewhere found alone) && fail "in the stead of $named: $output"
+done
 output=$(found alone) && fail "a module was found: $output"
 grep -q DllNotFoundException <<<"$output" || fail "without a module: $output"
 

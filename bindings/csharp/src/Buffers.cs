@@ -167,11 +167,18 @@ namespace Zulcore
                 }
                 byte[] bytes = new byte[length];
                 Marshal.Copy(copy, bytes, 0, length);
-                return Own(new SecretMemory(bytes));
+                try
+                {
+                    return Own(new SecretMemory(bytes));
+                }
+                finally
+                {
+                    Array.Clear(bytes, 0, length);
+                }
             }
             finally
             {
-                Marshal.FreeHGlobal(copy);
+                Marshal.ZeroFreeGlobalAllocAnsi(copy); // the text may be a private key
             }
         }
 

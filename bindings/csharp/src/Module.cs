@@ -1,6 +1,6 @@
 using System;
-using System.Collections.Generic;
 using System.IO;
+using System.Linq;
 using System.Runtime.InteropServices;
 
 namespace Zulcore
@@ -10,6 +10,8 @@ namespace Zulcore
     internal static class Module
     {
         internal static readonly bool IsWindows = Path.DirectorySeparatorChar == '\\';
+
+        private static readonly string FileName = IsWindows ? "zulcore.dll" : "libzulcore.so";
 
         // The address of the module, loaded by the first call. A load that fails is tried again by the next call.
         private static readonly object Lock = new object();
@@ -40,48 +42,40 @@ namespace Zulcore
                 {
                     return loaded;
                 }
-                foreach (string path in Candidates())
+                // A file that is there has to load: another one in its stead would be a surprise.
+                string named = Beside() ?? Environment.GetEnvironmentVariable("ZULCORE_LIBRARY");
+                if (!string.IsNullOrEmpty(named))
                 {
-                    loaded = Open(path);
-                    if (loaded != IntPtr.Zero)
+                    loaded = Path.IsPathRooted(named) ? Open(named) : IntPtr.Zero;
+                    if (loaded == IntPtr.Zero)
                     {
-                        return loaded;
+                        throw new DllNotFoundException("No module that can be loaded, or not a full path: " + named);
                     }
+                    return loaded;
                 }
+                loaded = IsWindows ? IntPtr.Zero : Open("libzulcore.so.3");
+                if (loaded == IntPtr.Zero)
+                {
+                    loaded = Open(FileName);
+                }
+                if (loaded == IntPtr.Zero)
+                {
+                    throw new DllNotFoundException("No zulcore module beside " + typeof(Module).Assembly.Location +
+                                                   ", in ZULCORE_LIBRARY or where the system looks");
+                }
+                return loaded;
             }
-            throw new DllNotFoundException("No zulcore module beside " + typeof(Module).Assembly.Location +
-                                           ", in ZULCORE_LIBRARY or where the system looks");
         }
 
-        private static IEnumerable<string> Candidates()
+        // The module of a package or program, or null.
+        private static string Beside()
         {
-            string file = IsWindows ? "zulcore.dll" : "libzulcore.so";
-            string native = Path.Combine("runtimes", IsWindows ? "win-x64" : "linux-x64", "native", file);
+            string native = Path.Combine("runtimes", IsWindows ? "win-x64" : "linux-x64", "native", FileName);
             string assembly = typeof(Module).Assembly.Location;
-            if (assembly != "")
-            {
-                string folder = Path.GetDirectoryName(assembly);
-                // A package that was unpacked has the assembly in lib/net45.
-                string[] places = { file, native, Path.Combine("..", "..", native) };
-                foreach (string place in places)
-                {
-                    string path = Path.Combine(folder, place);
-                    if (File.Exists(path))
-                    {
-                        yield return path;
-                    }
-                }
-            }
-            string named = Environment.GetEnvironmentVariable("ZULCORE_LIBRARY");
-            if (!string.IsNullOrEmpty(named))
-            {
-                yield return named;
-            }
-            if (!IsWindows)
-            {
-                yield return "libzulcore.so.3";
-            }
-            yield return file;
+            string folder = assembly != "" ? Path.GetDirectoryName(assembly) : "";
+            // A package that was unpacked has the assembly in lib/net45.
+            string[] places = { FileName, native, Path.Combine("..", "..", native) };
+            return folder != "" ? places.Select(place => Path.Combine(folder, place)).FirstOrDefault(File.Exists) : null;
         }
 
         private static IntPtr Open(string path)

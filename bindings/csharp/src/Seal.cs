@@ -1,4 +1,5 @@
 using System;
+using System.Text;
 
 namespace Zulcore
 {
@@ -25,7 +26,23 @@ namespace Zulcore
             {
                 throw new ArgumentNullException("text");
             }
-            return new Identity(text.Copy());
+            SecretMemory memory = text.Copy();
+            try
+            {
+                const string start = "age-secret-key-1"; // anything else would be the name of a file
+                string first = Encoding.ASCII.GetString(memory.ToArray(Math.Min(start.Length, memory.Size)));
+                if (first.ToLowerInvariant() != start || memory.LengthOfText() != memory.Size)
+                {
+                    throw new ZulException(Raw.BAD_KEY_ERROR, "not the text of an identity");
+                }
+                Result.Length(Raw.SEAL_Recipient(IntPtr.Zero, 0, memory.Address));
+                return new Identity(memory);
+            }
+            catch
+            {
+                memory.Dispose();
+                throw;
+            }
         }
 
         /// <summary>The public key, "age1...".</summary>
