@@ -88,6 +88,7 @@ class Package(unittest.TestCase):
 
     def test_pieces(self):
         data = bytes(range(256)) * 5000
+        self.assertEqual(zulcore.hex_encode(data[:256]), data[:256].hex())
         pathlib.Path("data").write_bytes(data)
         digest = zulcore.Hash("sha512").add(data[:1000])
         twin = digest.copy()
@@ -163,6 +164,9 @@ class Package(unittest.TestCase):
                 (TypeError, lambda: zulcore.hash_bytes("text")),
                 (TypeError, lambda: zulcore.wipe(b"constant")),
                 (TypeError, lambda: messages.sign("text", b"M", key)),
+                (TypeError, lambda: messages.sign("text", b"M", key, detached=True)),
+                (TypeError, lambda: certs.describe({"dns": ["a.example", None]})),
+                (ValueError, lambda: zulcore.Identity("identity.txt")),
                 ("NOT_SUPPORTED_ERROR", lambda: zulcore.Hash("sha0")),
                 ("BAD_KEY_LEN_ERROR", lambda: zulcore.encrypt(b"short", b"")),
                 ("BAD_LENGTH_ERROR", lambda: zulcore.decrypt(bytes(32), b"short")),
@@ -212,7 +216,7 @@ class Package(unittest.TestCase):
         self.refused("NO_MATCH_ERROR", certs.check_name, leaf, "example.org")
         report = certs.check_path(leaf, root, conditions={"purpose": "server"})
         self.assertEqual(report["objects"][0]["result"], "valid")
-        crl = certs.issue_crl(root, rootKey, [{"cert": leaf, "reason": "superseded"}])
+        crl = certs.issue_crl(root, rootKey, [{"cert": bytearray(leaf), "reason": "superseded"}])
         error = self.refused("BAD_KEY_ERROR", certs.check_path, "leaf.pem", [root], evidence=[crl])
         self.assertEqual(error.report["objects"][0]["code"], error.code)
         self.refused("DUP_ERROR", certs.issue_crl, root, rootKey, [{"serial": "0a3f"}], earlier=crl)
@@ -238,6 +242,7 @@ class Package(unittest.TestCase):
             self.refused("SIGNATURE_ERROR", messages.verify, detached, content=b"other")
             self.assertEqual(messages.decrypt(messages.encrypt(content, cert), key, cert), plain)
         self.assertEqual(messages.query(detached, "CountOfSigners"), 1)
+        self.assertEqual(messages.decrypt(messages.encrypt(bytearray(b"text"), cert), key), b"text")
         self.refused("BAD_KEY_ERROR", messages.encrypt, b"text", [cert, foreign], file="message")
         self.assertFalse(os.path.exists("message"))
 

@@ -4,6 +4,7 @@ from ._buffers import text_out as _text_out
 from ._raw import ErrorCode, ZUL_ModuleName, ZUL_Version
 from .encoding import base64_decode, base64_encode, hex_decode, hex_encode
 from .errors import ZulError
+from .errors import decoded as _decoded
 from .hashes import Hash, Hmac, hash_bytes, hash_file, hash_file_hex, hash_hex, hmac
 from .keys import Key
 from .seal import Identity, make_identity, open_file, seal_file
@@ -25,4 +26,4 @@ def module_version() -> int:
 
 def module_path() -> str:
     """The full path of the module."""
-    return _text_out(ZUL_ModuleName, 0).decode("utf-8", "replace")
+    return _decoded(_text_out(ZUL_ModuleName, 0))

@@ -122,14 +122,19 @@ def file_in(name: Path) -> bytes:
     return encoded
 
 
-def armoured(data: Union[bytes, bytearray], label: str) -> Optional[bytes]:
-    """An object that is text already, PEM or base64, as PEM; nothing if it is DER or BER."""
+def is_text(data: Union[bytes, bytearray]) -> bool:
+    """Whether an object is PEM or base64, not DER or BER."""
     looksBinary = data[:1] == b"0" and data[1:2] >= b"\x80"
-    if not looksBinary and b"-----BEGIN " in data:
+    return not looksBinary and b"-----BEGIN " in data or re.fullmatch(rb"M[A-Za-z0-9+/=\s]*", data) is not None
+
+
+def armoured(data: Union[bytes, bytearray], label: str) -> Optional[bytes]:
+    """An object that is text already as PEM; nothing if it is DER or BER."""
+    if not is_text(data):
+        return None
+    if b"-----BEGIN " in data:
         return bytes(data)
-    if re.fullmatch(rb"M[A-Za-z0-9+/=\s]*", data):
-        return f"-----BEGIN {label}-----\n{data.decode()}\n-----END {label}-----\n".encode()
-    return None
+    return f"-----BEGIN {label}-----\n{data.decode()}\n-----END {label}-----\n".encode()
 
 
 def source_in(source: Source, label: str = "CERTIFICATE") -> bytes:

@@ -18,7 +18,7 @@ from .encoding import base64_decode
 from .errors import ZulError, length, status
 from .keys import Key, key_text
 
-Value = Union[str, int, bool, datetime.date, bytes]
+Value = Union[str, int, bool, datetime.date, bytes, bytearray]
 # Keywords and values as CERT_ functions take them: text, or a mapping whose values are quoted where they need it.
 Description = Union[str, Mapping[str, Union[Value, Iterable[Value]]]]
 Sources = Union[Source, Iterable[Source]]
@@ -37,8 +37,10 @@ def _value(value: Value) -> str:
         if value.tzinfo is None:
             raise ValueError("a time without a time zone")
         value = value.astimezone(datetime.timezone.utc).strftime("%Y-%m-%dT%H:%M:%SZ")
-    elif isinstance(value, bytes):
+    elif isinstance(value, (bytes, bytearray)):
         value = source_in(value).decode()
+    elif isinstance(value, bool) or not isinstance(value, (str, int, datetime.date)):
+        raise TypeError(f"no value of a description: {type(value).__name__}")
     return "'" + str(value).replace("\\", "\\\\").replace("'", "\\'") + "'"
 
 
@@ -54,7 +56,7 @@ def describe(description: Description, separator: str = ";") -> str:
             parts.append(keyword)
         elif value is False or value is None:
             continue
-        elif isinstance(value, (str, int, datetime.date, bytes)):
+        elif isinstance(value, (str, int, datetime.date, bytes, bytearray)):
             parts.append(f"{keyword}={_value(value)}")
         else:
             parts.append(f"{keyword}={','.join(_value(item) for item in value)}")

@@ -9,8 +9,8 @@ from .errors import length
 
 
 def hex_encode(data: Bytes) -> str:
-    """Hex in upper case."""
-    return text_out(_raw.CNV_HexStrFromBytes, *bytes_in(data)).decode()
+    """Hex in lower case."""
+    return text_out(_raw.CNV_HexStrFromBytes, *bytes_in(data)).decode().lower()
 
 
 def hex_decode(text: str) -> bytearray:

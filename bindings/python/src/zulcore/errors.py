@@ -2,8 +2,17 @@
 from __future__ import annotations
 
 import ctypes
+import sys
 
 from . import _raw
+
+
+def decoded(text: bytes) -> str:
+    """A text of the library: UTF-8, but on Windows names of files are in the ANSI code page."""
+    try:
+        return text.decode()
+    except UnicodeDecodeError:
+        return text.decode("mbcs" if sys.platform == "win32" else "utf-8", "replace")
 
 
 class ZulError(Exception):
@@ -13,14 +22,14 @@ class ZulError(Exception):
         """Reads the texts of the calling thread's last call, so it is made in the thread of the call, at once."""
         buffer = ctypes.create_string_buffer(512)
         _raw.ZUL_LastError(buffer, 511)
-        self.detail = buffer.value.decode("utf-8", "replace")
+        self.detail = decoded(buffer.value)
         self.code = abs(code)
         try:
             self.name = _raw.ErrorCode(self.code).name
         except ValueError:
             self.name = "UNKNOWN"
         _raw.ZUL_ErrorLookup(buffer, 512, self.code)  # this room counts the NUL
-        self.text = buffer.value.decode("utf-8", "replace")
+        self.text = decoded(buffer.value)
         super().__init__(self.code, self.name, self.text, self.detail)
 
     def __str__(self) -> str:

@@ -5,7 +5,7 @@ import ctypes
 from typing import Callable, Optional
 
 from . import _raw
-from ._buffers import (Bytes, Chars, Password, Path, Source, armoured, bytes_in, file_in, file_out, password_text, room,
+from ._buffers import (Bytes, Chars, Password, Path, Source, bytes_in, file_in, file_out, is_text, password_text, room,
                        secret_out, secret_text, text_in, wiped)
 from .errors import length, status
 
@@ -52,7 +52,7 @@ class Key:
             if not isinstance(source, (bytes, bytearray)):
                 name = file_in(source)
                 return cls._made(lambda out, size: _raw.KEY_Read(out, size, name, secret, 0))
-            if armoured(source, "KEY") is not None:
+            if is_text(source):
                 with secret_text([source]) as pem:
                     return cls._made(lambda out, size: _raw.KEY_Read(out, size, pem, secret, 0))
             data = bytes_in(source)

@@ -4,16 +4,18 @@ A message is the name of a file (str or path), or its bytes, DER, PEM or base64.
 the library takes content in memory as text, so that what holds zero bytes has to come from a file."""
 from __future__ import annotations
 
+import contextlib
 import os
-from typing import Callable, Iterable, Optional, Union
+from typing import Callable, Iterable, Iterator, Optional, Union
 
 from . import _raw
-from ._buffers import Path, Source, file_in, file_out, list_in, secret_out, source_in, text_in, text_out
+from ._buffers import (Chars, Path, Source, file_in, file_out, list_in, secret_out, secret_text, source_in, text_in,
+                       text_out)
 from .errors import ZulError, length, status
 from .hashes import hash_bytes, hash_file
 from .keys import Key, key_text
 
-Content = Union[bytes, "os.PathLike[str]"]
+Content = Union[bytes, bytearray, "os.PathLike[str]"]
 _HASHES = {"sha1": _raw.ZUL_HASH_SHA1, "sha224": _raw.ZUL_HASH_SHA224, "sha256": _raw.ZUL_HASH_SHA256,
            "sha384": _raw.ZUL_HASH_SHA384, "sha512": _raw.ZUL_HASH_SHA512, "md5": _raw.ZUL_HASH_MD5}
 _CIPHERS = {"aes-128": _raw.ZUL_CMS_CIPHER_AES128, "aes-192": _raw.ZUL_CMS_CIPHER_AES192,
@@ -26,15 +28,22 @@ def _option(table: dict[str, int], name: str) -> int:
     return table[name]
 
 
-def _content(content: Content) -> tuple[bool, bytes]:
+@contextlib.contextmanager
+def _content(content: Content) -> Iterator[tuple[bool, Union[bytes, Chars]]]:
     """Whether the content is a file, and the argument of the library."""
-    if not isinstance(content, bytes):
-        if isinstance(content, str):
-            raise TypeError("content is bytes or a path, not str")
-        return True, file_in(content)
+    if not isinstance(content, (bytes, bytearray)):
+        yield True, file_in(_path(content))
+        return
     if b"\0" in content:
         raise ValueError("content with zero bytes has to come from a file")
-    return False, content
+    with secret_text([content]) as text:
+        yield False, text
+
+
+def _path(content: Path) -> Path:
+    if isinstance(content, str):
+        raise TypeError("content is bytes or a path, not str")
+    return content
 
 
 def _certificates(certificates: Union[Source, Iterable[Source]]) -> tuple[bytes, int]:
@@ -55,13 +64,15 @@ def sign(content: Content, certificates: Union[Source, Iterable[Source]], key: K
     if detached:
         digest = text_in(_digest(content, hash))
         return file_out(lambda name: _raw.CMS_MakeDetachedSig(name, digest, *tail), file)
-    isFile, argument = _content(content)
-    function = _raw.CMS_MakeSigData if isFile else _raw.CMS_MakeSigDataFromString
-    return file_out(lambda name: function(name, argument, *tail), file)
+    with _content(content) as (isFile, argument):
+        function = _raw.CMS_MakeSigData if isFile else _raw.CMS_MakeSigDataFromString
+        return file_out(lambda name: function(name, argument, *tail), file)
 
 
 def _digest(content: Content, hash: str) -> str:
-    return hash_bytes(content, hash).hex() if isinstance(content, bytes) else hash_file(content, hash).hex()
+    if isinstance(content, (bytes, bytearray)):
+        return hash_bytes(content, hash).hex()
+    return hash_file(_path(content), hash).hex()
 
 
 def verify(message: Source, certificate: Optional[Source] = None, *, content: Optional[Content] = None) -> None:
@@ -101,18 +112,18 @@ def encrypt(content: Content, certificates: Union[Source, Iterable[Source]], *, 
     """A message for the holders of certificates with RSA keys. It is base64 unless DER is asked for."""
     joined, number = _certificates(certificates)
     options = _option(_CIPHERS, cipher) | (0 if der else _raw.ZUL_CMS_FORMAT_BASE64)
-    isFile, argument = _content(content)
-    function = _raw.CMS_MakeEnvData if isFile else _raw.CMS_MakeEnvDataFromString
+    with _content(content) as (isFile, argument):
+        function = _raw.CMS_MakeEnvData if isFile else _raw.CMS_MakeEnvDataFromString
 
-    def write(name: bytes) -> int:
-        made = length(function(name, argument, joined, None, 0, options))
-        if made != number:
+        def write(name: bytes) -> int:
+            if length(function(name, argument, joined, None, 0, options)) == number:
+                return 0
             error = ZulError(_raw.ErrorCode.BAD_KEY_ERROR)
-            os.unlink(name)
+            if file is not None:
+                os.unlink(file)
             raise error
-        return 0
 
-    return file_out(write, file)
+        return file_out(write, file)
 
 
 def decrypt(message: Source, key: Key, certificate: Optional[Source] = None) -> bytearray:

@@ -16,6 +16,8 @@ class Identity:
 
     def __init__(self, text: Union[str, bytes, bytearray]) -> None:
         with secret_text([text]) as given:
+            if bytes(memoryview(given).cast("B")[:16]).lower() != b"age-secret-key-1":
+                raise ValueError("not the text of an identity")  # the library would take it for the name of a file
             self._text: Optional[Chars] = type(given).from_buffer_copy(given)
         self.recipient()
 
