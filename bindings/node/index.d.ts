@@ -61,7 +61,7 @@ export function hashFile(file: File, algorithm?: string): Buffer;
 export function hashFileHex(file: File, algorithm?: string): string;
 export function hmac(key: Password, data: Uint8Array, algorithm?: string): Buffer;
 
-/** Hex in upper case. */
+/** Hex in lower case. */
 export function hexEncode(data: Uint8Array): string;
 /** The bytes of hex digits; other characters are skipped. */
 export function hexDecode(text: string): Buffer;

@@ -31,9 +31,10 @@ function bytesIn(data) {
   return [data.length > 0 ? data : NOTHING, data.length];
 }
 
-/** Memory without secrets of its own, which the caller wipes where it gets some. */
+/** Memory without secrets of its own, which the caller wipes where it gets some. Small arrays lie in the collected heap
+ * until a native call moves them out of it, and what they held stays behind; an ArrayBuffer never does. */
 function room(size) {
-  return Buffer.alloc(count(size));
+  return Buffer.from(new ArrayBuffer(count(size)));
 }
 
 /** Calls with pieces as one text that ends with a NUL and is wiped at the end. */
@@ -67,8 +68,17 @@ function withPassword(password, call) {
 
 /** Calls with the bytes of a password or key and their number. */
 function withSecret(secret, call) {
-  return typeof secret === 'string' ? withText([secret], '', (text) => call([text, text.length - 1])) :
-    call(bytesIn(secret));
+  if (typeof secret === 'string') {
+    return withText([secret], '', (text) => call([text, text.length - 1]));
+  }
+  const [bytes, size] = bytesIn(secret);
+  const own = room(bytes.length);
+  try {
+    own.set(bytes);
+    return call([own, size]);
+  } finally {
+    own.fill(0);
+  }
 }
 
 function encoded(text) {
@@ -81,7 +91,7 @@ function encoded(text) {
   if (/[\ud800-\udfff]/u.test(text)) {
     throw new TypeError('a text with half a character');
   }
-  const bytes = Buffer.alloc(Buffer.byteLength(text));
+  const bytes = room(Buffer.byteLength(text));
   bytes.write(text);
   return bytes;
 }

@@ -5,7 +5,7 @@ const fs = require('node:fs');
 const path = require('node:path');
 const { isUint8Array } = require('node:util/types');
 const raw = require('./raw.js');
-const { Owner } = require('./owner.js');
+const { memoryOf } = require('./owner.js');
 const { fileIn, fileOut, listIn, room, sourceIn, textIn, textOut, withFolder, withPassword } = require('./buffers.js');
 const { base64Decode } = require('./encoding.js');
 const { ZulError, status } = require('./errors.js');
@@ -52,23 +52,23 @@ const json = (bytes) => JSON.parse(bytes.toString());
 const orNull = (source) => (source === undefined || source === null ? null : sourceIn(source));
 
 function selfSign(key, description, { file, der } = {}) {
-  return fileOut((name) => raw.CERT_SelfSign(name, Owner.open(key), text(description), formOf(der)), file);
+  return fileOut((name) => raw.CERT_SelfSign(name, memoryOf(key, Key), text(description), formOf(der)), file);
 }
 
 function issue(issuer, issuerKey, subject, description = '', { file, der, beyondIssuer } = {}) {
-  const of = subject instanceof Key ? Owner.open(subject) : sourceIn(subject, 'DATA');
+  const of = subject instanceof Key ? memoryOf(subject, Key) : sourceIn(subject, 'DATA');
   const options = formOf(der) | (beyondIssuer ? raw.ZUL_CERT_BEYOND_ISSUER : 0);
-  return fileOut((name) => raw.CERT_Issue(name, sourceIn(issuer), Owner.open(issuerKey), of, text(description), options),
+  return fileOut((name) => raw.CERT_Issue(name, sourceIn(issuer), memoryOf(issuerKey, Key), of, text(description), options),
     file);
 }
 
 function request(key, description, { file, der } = {}) {
-  return fileOut((name) => raw.CERT_Request(name, Owner.open(key), text(description), formOf(der)), file);
+  return fileOut((name) => raw.CERT_Request(name, memoryOf(key, Key), text(description), formOf(der)), file);
 }
 
 function issueCrl(issuer, issuerKey, revoked = [], { earlier, description = '', file, der } = {}) {
   const entries = textIn(revoked.map((entry) => describe(entry, ',')).join(';'));
-  return fileOut((name) => raw.CERT_IssueCRL(name, sourceIn(issuer), Owner.open(issuerKey), orNull(earlier), entries,
+  return fileOut((name) => raw.CERT_IssueCRL(name, sourceIn(issuer), memoryOf(issuerKey, Key), orNull(earlier), entries,
     text(description), formOf(der)), file);
 }
 
@@ -104,7 +104,7 @@ function p12Pack(file, certificates, key, password, { name, legacy, pbmac1, trus
     (trusted ? raw.ZUL_P12_TRUSTED : 0) | (pem ? raw.ZUL_KEY_FORMAT_PEM : 0);
   const label = name === undefined || name === null ? null : textIn(name);
   withPassword(password, (secret) => status(raw.P12_Pack(fileIn(file), listIn(certificates)[0],
-    key ? Owner.open(key) : null, secret, label, options)));
+    key === null ? null : memoryOf(key, Key), secret, label, options)));
 }
 
 function p12Unpack(source, password, { key = 0, certificates = true, needMac } = {}) {

@@ -13,5 +13,5 @@ module.exports = {
   base64Decode: (text) => decoded(raw.CNV_BytesFromB64Str, text),
   base64Encode: (data) => textOut(raw.CNV_B64StrFromBytes, ...bytesIn(data)).toString(),
   hexDecode: (text) => decoded(raw.CNV_BytesFromHexStr, text),
-  hexEncode: (data) => textOut(raw.CNV_HexStrFromBytes, ...bytesIn(data)).toString(),
+  hexEncode: (data) => textOut(raw.CNV_HexStrFromBytes, ...bytesIn(data)).toString().toLowerCase(),
 };

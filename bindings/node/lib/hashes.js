@@ -3,7 +3,7 @@
 const fs = require('node:fs');
 const raw = require('./raw.js');
 const { bytesIn, bytesOut, room, textIn, withSecret } = require('./buffers.js');
-const { Owner } = require('./owner.js');
+const { Owner, memoryOf } = require('./owner.js');
 const { length, status } = require('./errors.js');
 
 const PIECE = 1 << 20;
@@ -20,13 +20,13 @@ class Pieces extends Owner {
   }
 
   add(data) {
-    status(this.#add(Owner.open(this), ...bytesIn(data)));
+    status(this.#add(memoryOf(this), ...bytesIn(data)));
     return this;
   }
 
   /** The result, and the end of the object. The size is for shake128 and shake256; others are cut to it. */
   finish(size) {
-    const context = Owner.open(this);
+    const context = memoryOf(this);
     const most = size ?? length(this.#end(null, 0, context));
     if (!(most >= 1)) {
       throw new RangeError('no room for a result');
@@ -44,7 +44,7 @@ class Hash extends Pieces {
 
   /** Another digest that continues from here. */
   copy() {
-    const context = Owner.open(this);
+    const context = memoryOf(this);
     const twin = room(context.length);
     twin.set(context);
     return new Hash(new Copied(twin));

@@ -3,7 +3,7 @@
 const { inspect } = require('node:util');
 const { isUint8Array } = require('node:util/types');
 const raw = require('./raw.js');
-const { Owner } = require('./owner.js');
+const { Owner, memoryOf } = require('./owner.js');
 const { armoured, bytesIn, bytesOut, fileIn, fileOut, room, textIn, withPassword, withText } = require('./buffers.js');
 const { length, status } = require('./errors.js');
 
@@ -66,7 +66,7 @@ class Key extends Owner {
   }
 
   save(file, password, { unencrypted = false, parameters, der = false, own = false } = {}) {
-    const text = Owner.open(this);
+    const text = memoryOf(this);
     const hasPassword = password !== undefined && password !== null;
     if (this.#isPrivate && hasPassword === unencrypted) {
       throw new TypeError('a private key needs either a password or { unencrypted: true }');
@@ -76,14 +76,14 @@ class Key extends Owner {
   }
 
   publicKey() {
-    const text = Owner.open(this);
+    const text = memoryOf(this);
     return made((out, size) => raw.KEY_Public(out, size, text));
   }
 
   publicPem() {
     const key = this.publicKey();
     try {
-      return fileOut((name) => raw.KEY_Save(name, Owner.open(key), null, null, raw.ZUL_KEY_FORMAT_PEM)).toString();
+      return fileOut((name) => raw.KEY_Save(name, memoryOf(key), null, null, raw.ZUL_KEY_FORMAT_PEM)).toString();
     } finally {
       key.close();
     }
@@ -91,7 +91,7 @@ class Key extends Owner {
 
   query(word) {
     const buffer = room(4096 * 4 + 1);
-    length(raw.KEY_Query(buffer, buffer.length - 1, Owner.open(this), textIn(word), 0));
+    length(raw.KEY_Query(buffer, buffer.length - 1, memoryOf(this), textIn(word), 0));
     return buffer.toString('utf8', 0, buffer.indexOf(0));
   }
 
@@ -116,7 +116,7 @@ class Key extends Owner {
   }
 
   matches(publicKey) {
-    const result = raw.KEY_Match(Owner.open(this), Owner.open(publicKey));
+    const result = raw.KEY_Match(memoryOf(this), memoryOf(publicKey, Key));
     if (result !== raw.ErrorCode.NO_MATCH_ERROR) {
       status(result);
     }
@@ -124,7 +124,7 @@ class Key extends Owner {
   }
 
   check() {
-    status(raw.KEY_Check(Owner.open(this), 0));
+    status(raw.KEY_Check(memoryOf(this), 0));
   }
 
   sign(data, algorithm, options) {
@@ -145,16 +145,16 @@ class Key extends Owner {
 
   #sign(call, data, algorithm, { raw: plain = false, deterministic = false } = {}) {
     const options = (plain ? raw.ZUL_SIG_RAW : 0) | (deterministic ? raw.ZUL_SIG_DETERMINISTIC : 0);
-    const tail = [...data, Owner.open(this), optional(algorithm), options];
+    const tail = [...data, memoryOf(this), optional(algorithm), options];
     return bytesOut(length(call(null, 0, ...tail)), (out, size) => call(out, size, ...tail));
   }
 
   #verify(call, signature, data, algorithm, { raw: plain = false } = {}) {
-    status(call(...bytesIn(signature), ...data, Owner.open(this), optional(algorithm), plain ? raw.ZUL_SIG_RAW : 0));
+    status(call(...bytesIn(signature), ...data, memoryOf(this), optional(algorithm), plain ? raw.ZUL_SIG_RAW : 0));
   }
 
   agree(peer) {
-    const keys = [Owner.open(this), Owner.open(peer), 0];
+    const keys = [memoryOf(this), memoryOf(peer, Key), 0];
     return bytesOut(length(raw.KEY_Agree(null, 0, ...keys)), (out, size) => raw.KEY_Agree(out, size, ...keys));
   }
 

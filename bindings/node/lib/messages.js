@@ -4,9 +4,10 @@
 const fs = require('node:fs');
 const { isUint8Array } = require('node:util/types');
 const raw = require('./raw.js');
-const { Owner } = require('./owner.js');
-const { bytesOut, fileIn, fileOut, listIn, sourceIn, textIn, textOut } = require('./buffers.js');
+const { memoryOf } = require('./owner.js');
+const { bytesOut, fileIn, fileOut, listIn, sourceIn, textIn, textOut, withText } = require('./buffers.js');
 const { ZulError, length, status } = require('./errors.js');
+const { Key } = require('./keys.js');
 const { hash: digestOf, hashFile } = require('./hashes.js');
 
 const HASHES = new Map(Object.entries({ sha1: raw.ZUL_HASH_SHA1, sha224: raw.ZUL_HASH_SHA224, sha256: raw.ZUL_HASH_SHA256,
@@ -21,19 +22,26 @@ function optionOf(table, name) {
   return table.get(name);
 }
 
-/** Content is bytes, or { file: name }: calls of the library take the one or the other. */
-function contentIn(content, fromText, fromFile) {
+/** Calls with the function for content that is bytes, or { file: name }, and its argument, which is wiped. */
+function withContent(content, fromText, fromFile, call) {
   if (!isUint8Array(content)) {
-    return [fromFile, fileIn(content.file)];
+    return call(fromFile, fileIn(fileOf(content)));
   }
   if (content.includes(0)) {
     throw new TypeError('content with zero bytes has to come from a file');
   }
-  return [fromText, Buffer.concat([content, Buffer.alloc(1)])];
+  return withText([content], '', (text) => call(fromText, text));
+}
+
+function fileOf(content) {
+  if (!content?.file) {
+    throw new TypeError('content is bytes, or { file: name }');
+  }
+  return content.file;
 }
 
 function hexDigest(content, hash) {
-  return textIn((isUint8Array(content) ? digestOf(content, hash) : hashFile(content.file, hash)).toString('hex'));
+  return textIn((isUint8Array(content) ? digestOf(content, hash) : hashFile(fileOf(content), hash)).toString('hex'));
 }
 
 function certificatesIn(certificates) {
@@ -49,13 +57,14 @@ const orNull = (source) => (source === undefined || source === null ? null : sou
 function sign(content, certificates, key, { hash = 'sha256', detached, attributes, signingTime, der, file } = {}) {
   const options = optionOf(HASHES, hash) | (der ? 0 : raw.ZUL_CMS_FORMAT_BASE64) |
     (attributes || signingTime ? raw.ZUL_CMS_INCLUDE_ATTRS : 0) | (signingTime ? raw.ZUL_CMS_ADD_SIGNTIME : 0);
-  const [call, argument] = detached ? [raw.CMS_MakeDetachedSig, hexDigest(content, hash)] :
-    contentIn(content, raw.CMS_MakeSigDataFromString, raw.CMS_MakeSigData);
-  return fileOut((name) => call(name, argument, certificatesIn(certificates)[0], Owner.open(key), options), file);
+  const signed = (call, argument) => fileOut((name) => call(name, argument, certificatesIn(certificates)[0],
+    memoryOf(key, Key), options), file);
+  return detached ? signed(raw.CMS_MakeDetachedSig, hexDigest(content, hash)) :
+    withContent(content, raw.CMS_MakeSigDataFromString, raw.CMS_MakeSigData, signed);
 }
 
 function verify(message, certificate, { content } = {}) {
-  const digest = content ? hexDigest(content, query(message, 'digestAlgorithm').toLowerCase().replace('-', '')) : null;
+  const digest = content !== undefined && content !== null ? hexDigest(content, query(message, 'digestAlgorithm').toLowerCase().replace('-', '')) : null;
   status(raw.CMS_VerifySigData(sourceIn(message), orNull(certificate), digest, 0));
 }
 
@@ -73,8 +82,7 @@ const queryEncrypted = (message, word) => answer(raw.CMS_QueryEnvData, message, 
 function encrypt(content, certificates, { cipher = 'aes-256', der, file } = {}) {
   const [joined, number] = certificatesIn(certificates);
   const options = optionOf(CIPHERS, cipher) | (der ? 0 : raw.ZUL_CMS_FORMAT_BASE64);
-  const [call, argument] = contentIn(content, raw.CMS_MakeEnvDataFromString, raw.CMS_MakeEnvData);
-  return fileOut((name) => {
+  return withContent(content, raw.CMS_MakeEnvDataFromString, raw.CMS_MakeEnvData, (call, argument) => fileOut((name) => {
     if (length(call(name, argument, joined, null, 0, options)) !== number) {
       const error = new ZulError(raw.ErrorCode.BAD_KEY_ERROR);
       if (file) {
@@ -83,11 +91,11 @@ function encrypt(content, certificates, { cipher = 'aes-256', der, file } = {}) 
       throw error;
     }
     return 0;
-  }, file);
+  }, file));
 }
 
 function decrypt(message, key, certificate) {
-  const tail = [sourceIn(message), orNull(certificate), Owner.open(key), 0];
+  const tail = [sourceIn(message), orNull(certificate), memoryOf(key, Key), 0];
   const size = length(raw.CMS_ReadEnvDataToString(null, 0, ...tail));
   return bytesOut(size + 1, (out) => raw.CMS_ReadEnvDataToString(out, size, ...tail));
 }

@@ -3,7 +3,7 @@
 const fs = require('node:fs');
 const { inspect } = require('node:util');
 const raw = require('./raw.js');
-const { Owner } = require('./owner.js');
+const { Owner, memoryOf } = require('./owner.js');
 const { fileIn, room, withPassword, withText } = require('./buffers.js');
 const { length, status } = require('./errors.js');
 
@@ -13,6 +13,9 @@ class Identity extends Owner {
     super(withText([text], '', (given) => {
       const own = room(given.length);
       given.copy(own);
+      if (own.toString('latin1', 0, 16).toLowerCase() !== 'age-secret-key-1') {
+        throw new TypeError('not the text of an identity'); // the library would take it for the name of a file
+      }
       return own;
     }), 'the identity is closed');
     this.recipient();
@@ -20,12 +23,12 @@ class Identity extends Owner {
 
   recipient() {
     const buffer = room(128);
-    return buffer.toString('latin1', 0, length(raw.SEAL_Recipient(buffer, 127, Owner.open(this))));
+    return buffer.toString('latin1', 0, length(raw.SEAL_Recipient(buffer, 127, memoryOf(this))));
   }
 
   /** Writes the identity to a new file that only its owner may read. */
   save(file) {
-    const text = Owner.open(this);
+    const text = memoryOf(this);
     const stream = fs.openSync(file, 'wx', 0o600);
     try {
       for (const piece of [Buffer.from(`# recipient: ${this.recipient()}\n`), text.subarray(0, -1), Buffer.from('\n')]) {
@@ -74,7 +77,7 @@ function sealFile(output, input, { recipients = [], password, armour = false } =
 }
 
 function openFile(output, input, { identities = [], password } = {}) {
-  const entries = listOf(identities).map((item) => (item instanceof Identity ? Owner.open(item).subarray(0, -1) :
+  const entries = listOf(identities).map((item) => (item instanceof Identity ? memoryOf(item).subarray(0, -1) :
     entry(item)));
   withText(entries, ';', (list) => withPassword(password, (secret) => status(raw.SEAL_OpenFile(fileIn(output),
     fileIn(input), entries.length > 0 ? list : null, secret, 0))));

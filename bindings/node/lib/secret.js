@@ -2,16 +2,19 @@
 // Authenticated encryption, keys from passwords and other keys, random numbers, wiping.
 
 const raw = require('./raw.js');
-const { bytesIn, bytesOut, count, fileIn, textIn, withSecret } = require('./buffers.js');
+const { bytesIn, bytesOut, count, fileIn, room, textIn, withSecret } = require('./buffers.js');
 const { length, status } = require('./errors.js');
 
 const RNG_MOST = 65536;
 const NONE = Buffer.alloc(0);
 
 function aead(call, key, data, { aad = NONE, nonce = null, algorithm = 'aes-256-gcm' } = {}) {
-  const tail = [...bytesIn(data), ...bytesIn(key), ...bytesIn(nonce ?? NONE), ...bytesIn(aad), textIn(algorithm),
-    nonce === null ? raw.ZUL_AEAD_RANDOM_NONCE : 0];
-  return bytesOut(length(call(null, 0, ...tail)), (out, size) => call(out, size, ...tail));
+  bytesIn(key); // no text
+  return withSecret(key, (secret) => {
+    const tail = [...bytesIn(data), ...secret, ...bytesIn(nonce ?? NONE), ...bytesIn(aad), textIn(algorithm),
+      nonce === null ? raw.ZUL_AEAD_RANDOM_NONCE : 0];
+    return bytesOut(length(call(null, 0, ...tail)), (out, size) => call(out, size, ...tail));
+  });
 }
 
 function derived(secret, size, call) {
@@ -24,6 +27,7 @@ function pbkdf2(password, salt, { size = 32, iterations = 600000, hash = 'sha256
 }
 
 function hkdf(key, { size = 32, salt = NONE, info = NONE, hash = 'sha256' } = {}) {
+  bytesIn(key); // no text: a password needs one of the others
   const tail = [...bytesIn(salt), ...bytesIn(info), textIn(hash)];
   return derived(key, size, (...front) => raw.KDF_Hkdf(...front, ...tail));
 }
@@ -39,7 +43,7 @@ function argon2id(password, salt, { size = 32, memoryKiB = 65536, passes = 3, la
 }
 
 function randomBytes(size) {
-  const result = Buffer.alloc(count(size));
+  const result = room(size);
   for (let at = 0; at < size; at += RNG_MOST) {
     const piece = result.subarray(at, at + RNG_MOST);
     status(raw.RNG_Bytes(piece, piece.length, null, 0));
@@ -58,10 +62,8 @@ function randomNumber(lower, upper) {
 
 /** Overwrites bytes with zeros. */
 function wipe(data) {
-  const [bytes, size] = bytesIn(data);
-  if (size > 0) {
-    status(raw.WIPE_Data(bytes, size));
-  }
+  bytesIn(data);
+  data.fill(0); // where it lies: a native call would move a small array first
 }
 
 module.exports = {

@@ -15,7 +15,7 @@ const root = process.argv[2];
 const here = createRequire(path.join(process.cwd(), 'test.js'));
 const zulcore = here('zulcore');
 const { Key, ZulError, certs, messages } = zulcore;
-const { Owner } = require(path.join(process.cwd(), 'node_modules/zulcore/lib/owner.js'));
+const { memoryOf } = require(path.join(process.cwd(), 'node_modules/zulcore/lib/owner.js'));
 const bytes = (text) => Buffer.from(text);
 
 fs.rmSync('files', { recursive: true, force: true });
@@ -79,6 +79,7 @@ test('version and both ways to load', async () => {
 test('data in pieces', () => {
   const data = Buffer.alloc(1_300_000, 'abc');
   fs.writeFileSync('dätä-鍵', data);
+  assert.strictEqual(zulcore.hexEncode(data.subarray(0, 9)), data.toString('hex', 0, 9));
   const digest = new zulcore.Hash('sha512').add(data.subarray(0, 1000));
   const twin = digest.copy();
   assert.deepStrictEqual(digest.add(data.subarray(1000)).finish(), zulcore.hashFile('dätä-鍵', 'sha512'));
@@ -116,7 +117,7 @@ test('keys', () => {
 
 test('secrets are wiped and hidden', async () => {
   const owners = [Key.generate('p-256'), zulcore.makeIdentity(), new zulcore.Hash().add(bytes('secret'))];
-  const memories = owners.map((owner) => Owner.open(owner));
+  const memories = owners.map((owner) => memoryOf(owner));
   assert.match(inspect(owners[0]), /p-256, 256 bits, private/);
   owners.slice(0, 2).forEach((owner, number) => assert.ok(!inspect(owner, { showHidden: true })
     .includes(memories[number].toString('latin1', 0, 60))));
@@ -136,6 +137,46 @@ test('secrets are wiped and hidden', async () => {
   assert.ok(random.subarray(1).every((byte) => byte === 0));
 });
 
+/** How often a secret is in the memory of the process. It is given masked, so as not to be found in the arguments. */
+function copiesOf(masked) {
+  const memory = fs.openSync('/proc/self/mem', 'r');
+  const piece = Buffer.alloc(1 << 20);
+  let copies = 0;
+  for (const line of fs.readFileSync('/proc/self/maps', 'utf8').split('\n').filter((text) => / rw/.test(text))) {
+    const [start, end] = line.split(' ')[0].split('-').map((text) => parseInt(text, 16));
+    for (let at = start; at < end; at += piece.length - masked.length) {
+      let size = 0;
+      try {
+        size = fs.readSync(memory, piece, 0, Math.min(piece.length, end - at), at);
+      } catch {
+        break; // given back by another thread meanwhile
+      }
+      // Nothing is allocated here, so that the collector does not clean up meanwhile.
+      for (let i = 0; i < size; ++i) {
+        let same = 0;
+        while (same < masked.length && piece[i + same] === (masked[same] ^ 0x55)) {
+          ++same;
+        }
+        copies += same === masked.length ? 1 : 0;
+      }
+      piece.fill(0);
+    }
+  }
+  fs.closeSync(memory);
+  return copies;
+}
+
+test('no copy of a password stays', { skip: process.platform !== 'linux' }, () => {
+  const masked = zulcore.randomBytes(24).map((byte) => byte % 80 + 1);
+  const password = zulcore.randomBytes(masked.length);
+  password.forEach((_, number) => { password[number] = masked[number] ^ 0x55; });
+  assert.strictEqual(copiesOf(masked), 1);
+  Key.generate('p-256').save('key', password);
+  zulcore.hmac(password, bytes('text'));
+  zulcore.wipe(password);
+  assert.strictEqual(copiesOf(masked), 0);
+});
+
 test('misuse', () => {
   const key = Key.generate('ed25519');
   const none = bytes('');
@@ -152,6 +193,11 @@ test('misuse', () => {
     [TypeError, () => certs.describe({ 'CN=a;O': 'b' })],
     [TypeError, () => certs.describe({ CN: {} })],
     [TypeError, () => messages.sign(bytes('a\0b'), 'M', key)],
+    [TypeError, () => messages.sign('text', 'M', key, { detached: true })],
+    [TypeError, () => certs.selfSign(new zulcore.Hash(), 'CN=a')],
+    [TypeError, () => certs.p12Pack('p12', 'M', undefined, 'password')],
+    [TypeError, () => new zulcore.Identity('identity.txt')],
+    [TypeError, () => zulcore.hkdf('password')],
     [TypeError, () => zulcore.hash('text')],
     [TypeError, () => new Key()],
     [RangeError, () => zulcore.randomNumber(2, 1)],
