@@ -182,7 +182,8 @@ procedure ZulCheckPath(const Cert, Others, Trusted, Evidence: string; const Cond
 /// TZulKey.UnpackP12 reads such files. Key may be nil.
 procedure ZulP12Pack(const FileOut, Certs: string; Key: TZulKey; const Password: UTF8String;
   const FriendlyName: UTF8String = ''; Options: Integer = 0);
-function ZulP12List(const FileName: string; const Password: UTF8String; Options: Integer = 0): UTF8String;
+/// Without a password it shows what is visible without one.
+function ZulP12List(const FileName: string; const Password: UTF8String = ''; Options: Integer = 0): UTF8String;
 
 /// Messages (CMS) with RSA keys. Certs: files or PEM joined by ";", the signer's first.
 procedure ZulCmsSign(const FileOut, FileIn, Certs: string; Key: TZulKey; Options: Integer = ZUL_HASH_SHA256);
@@ -203,7 +204,10 @@ implementation
 {$IFNDEF FPC}
 uses
   System.IOUtils;
-{$ENDIF}
+{$ELSE}{$IFDEF UNIX}
+uses
+  BaseUnix;
+{$ENDIF}{$ENDIF}
 
 const
   kLongestKey = 90000;
@@ -684,12 +688,12 @@ end;
 
 function ZulHashHex(const Data: TBytes; const Algorithm: UTF8String): string;
 begin
-  Result := LowerCase(string(ZulToHex(ZulHash(Data, Algorithm))));
+  Result := string(ZulToHex(ZulHash(Data, Algorithm)));
 end;
 
 function ZulHashFileHex(const FileName: string; const Algorithm: UTF8String): string;
 begin
-  Result := LowerCase(string(ZulToHex(ZulHashFile(FileName, Algorithm))));
+  Result := string(ZulToHex(ZulHashFile(FileName, Algorithm)));
 end;
 
 function ZulHmac(const Key, Data: TBytes; const Algorithm: UTF8String): TBytes;
@@ -768,6 +772,8 @@ end;
 
 function ZulRandomNumber(Lower, Upper: Integer): Integer;
 begin
+  if (Lower > Upper) or (Int64(Upper) - Lower >= $FFFFFFFF) then
+    raise EZulError.CreateCode(OUT_OF_RANGE_ERROR, 'no such range of numbers');
   Result := RNG_Number(Lower, Upper);
 end;
 
@@ -806,6 +812,7 @@ begin
   SetLength(Result, ZulCheck(CNV_HexStrFromBytes(nil, 0, Start(Data), Size(Data))));
   if Result <> '' then
     ZulCheck(CNV_HexStrFromBytes(PAnsiChar(Result), Length(Result), Start(Data), Size(Data)));
+  Result := UTF8String(LowerCase(string(Result)));
 end;
 
 function ZulFromHex(const Text: UTF8String): TBytes;
@@ -933,12 +940,12 @@ begin
     Utf8OrNil(Revoked), Utf8OrNil(Description), Options));
 end;
 
-// A new folder, whose name nobody can have taken before.
+// A new folder that nobody else can enter.
 function NewFolder: string;
 begin
   Result := IncludeTrailingPathDelimiter({$IFDEF FPC}GetTempDir{$ELSE}TPath.GetTempPath{$ENDIF}) + 'zulcore' +
     string(ZulToHex(ZulRandomBytes(16)));
-  if not CreateDir(Result) then
+  if {$IFDEF UNIX}FpMkdir(Result, &700) <> 0{$ELSE}not CreateDir(Result){$ENDIF} then
     raise EZulError.CreateCode(CREATE_ERROR, 'no temporary folder');
   Result := IncludeTrailingPathDelimiter(Result);
 end;
@@ -1050,7 +1057,8 @@ procedure ZulCheckPath(const Cert, Others, Trusted, Evidence: string; const Cond
 var
   Name, Chain, Anchors, Proof: RawByteString;
   Room: UTF8String;
-  Status, Count: Integer;
+  Status, Count, Used: Integer;
+  IsShort: Boolean;
 begin
   Report := '';
   Name := Native(Cert);
@@ -1063,9 +1071,12 @@ begin
     Room[1] := #0;
     Status := CERT_CheckPath(PAnsiChar(Room), Count, PAnsiChar(Name), OrNil(Chain), PAnsiChar(Anchors), OrNil(Proof),
       Utf8OrNil(Conditions), Options);
+    Used := TextLength(PAnsiChar(Room));
+    // A text that fills so much of the room may have been cut.
+    IsShort := (Status = SHORT_BUF_ERROR) or (Used > Count div 2);
     Count := Count * 8;
-  until (Status <> SHORT_BUF_ERROR) or (Count > kLongestReport);
-  Report := Copy(Room, 1, TextLength(PAnsiChar(Room)));
+  until not IsShort or (Count > kLongestReport);
+  Report := Copy(Room, 1, Used);
   ZulCheckStatus(Status);
 end;
 
@@ -1090,8 +1101,8 @@ var
   Name: RawByteString;
 begin
   Name := Native(FileName);
-  SetLength(Result, ZulCheck(P12_List(nil, 0, PAnsiChar(Name), Utf8(Password), Options)));
-  ZulCheck(P12_List(PAnsiChar(Result), Length(Result), PAnsiChar(Name), PAnsiChar(Password), Options));
+  SetLength(Result, ZulCheck(P12_List(nil, 0, PAnsiChar(Name), Utf8OrNil(Password), Options)));
+  ZulCheck(P12_List(PAnsiChar(Result), Length(Result), PAnsiChar(Name), Utf8OrNil(Password), Options));
 end;
 
 procedure ZulCmsSign(const FileOut, FileIn, Certs: string; Key: TZulKey; Options: Integer);

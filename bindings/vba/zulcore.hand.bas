@@ -271,6 +271,9 @@ End Sub
 
 ' A uniform number from lower to upper, both included.
 Public Function zulRandomNumber(ByVal lower As Long, ByVal upper As Long) As Long
+    If lower > upper Or CDbl(upper) - CDbl(lower) >= 4294967295# Then
+        zulRefuse OUT_OF_RANGE_ERROR, "no such range of numbers"
+    End If
     zulRandomNumber = RNG_Number(lower, upper)
 End Function
 
@@ -714,7 +717,7 @@ End Sub
 Public Sub zulCheckPath(ByVal cert As String, ByVal others As String, ByVal trusted As String, ByVal evidence As String, _
     ByVal conditions As String, ByRef report As String, Optional ByVal options As Long = 0)
     Dim source() As Byte, chain() As Byte, anchors() As Byte, proof() As Byte, words() As Byte, room() As Byte
-    Dim count As Long, status As Long
+    Dim count As Long, status As Long, used As Long
     source = zulZeroName(cert)
     chain = zulZeroName(others)
     anchors = zulZeroName(trusted)
@@ -725,13 +728,14 @@ Public Sub zulCheckPath(ByVal cert As String, ByVal others As String, ByVal trus
         ReDim room(0 To count)
         status = CERT_CheckPathPtr(VarPtr(room(0)), count, VarPtr(source(0)), zulTextAt(chain), VarPtr(anchors(0)), _
             zulTextAt(proof), zulTextAt(words), options)
+        used = 0
+        Do While room(used) <> 0
+            used = used + 1
+        Loop
         count = count * 8
-    Loop While status = SHORT_BUF_ERROR And count <= kLongestReport
-    count = 0
-    Do While room(count) <> 0
-        count = count + 1
-    Loop
-    report = zulTextOf(room, count)
+        ' A text that fills so much of the room may have been cut.
+    Loop While (status = SHORT_BUF_ERROR Or used > count \ 16) And count <= kLongestReport
+    report = zulTextOf(room, used)
     zulCheckStatus status
 End Sub
 
