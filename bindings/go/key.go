@@ -62,7 +62,7 @@ func UnpackP12(file string, password []byte, certsOut string, options int32) (*K
 
 // Close wipes the key.
 func (k *Key) Close() {
-	if *k.text != nil {
+	if k != nil && k.text != nil && *k.text != nil {
 		Wipe(*k.text)
 		*k.text = nil
 	}

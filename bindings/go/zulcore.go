@@ -4,8 +4,10 @@ package zulcore
 
 import (
 	"bytes"
+	"math"
 	"os"
 	"path/filepath"
+	"strings"
 	"unsafe"
 
 	"zulcore/raw"
@@ -60,8 +62,11 @@ func RandomBytes(count int) ([]byte, error) {
 }
 
 // RandomNumber gives a uniform number from lower to upper, both included.
-func RandomNumber(lower, upper int32) int32 {
-	return raw.RNG_Number(lower, upper)
+func RandomNumber(lower, upper int32) (int32, error) {
+	if lower > upper || int64(upper)-int64(lower) >= math.MaxUint32 {
+		return 0, refusal(raw.OUT_OF_RANGE_ERROR, "no such range of numbers")
+	}
+	return raw.RNG_Number(lower, upper), nil
 }
 
 func nonceOption(nonce []byte) int32 {
@@ -277,10 +282,14 @@ func CheckPath(cert, others, trusted, evidence, conditions string, options int32
 		err := c.status(func() int32 {
 			return raw.CERT_CheckPath(unsafe.Pointer(&room[0]), int32(size), source, chain, anchors, proof, words, options)
 		})
-		if refused, isRefused := err.(*Error); isRefused && refused.Code == raw.SHORT_BUF_ERROR && size < longestReport {
+		report := string(room[:bytes.IndexByte(room, 0)])
+		refused, isRefused := err.(*Error)
+		isShort := isRefused && refused.Code == raw.SHORT_BUF_ERROR
+		// A text that fills so much of the room may have been cut.
+		if (isShort || len(report) > size/2) && size < longestReport {
 			continue
 		}
-		return string(room[:bytes.IndexByte(room, 0)]), err
+		return report, err
 	}
 }
 
@@ -332,14 +341,27 @@ func CMSContent(fileOut, fileIn string) error {
 	return err
 }
 
-// CMSEncrypt gives the number of recipients who can read the message: compare it with the number of certificates.
-func CMSEncrypt(fileOut, fileIn, certs string) (int, error) {
+// CMSEncrypt is refused, and leaves no message, unless the owners of all certificates can read it; there may be ten.
+func CMSEncrypt(fileOut, fileIn string, certs ...string) error {
 	c := begin()
 	defer c.end()
-	target, source, list := c.name(fileOut), c.name(fileIn), c.name(certs)
-	return c.length(func() int32 {
+	if len(certs) < 1 || len(certs) > 10 {
+		c.refuse(raw.OUT_OF_RANGE_ERROR, "a message has 1 to 10 recipients")
+	}
+	for _, cert := range certs {
+		if cert == "" || strings.Contains(cert, ";") {
+			c.refuse(raw.BAD_PARAM_ERROR, "a certificate without a name, or with a ';' in it")
+		}
+	}
+	target, source, list := c.name(fileOut), c.name(fileIn), c.name(strings.Join(certs, ";"))
+	served, err := c.length(func() int32 {
 		return raw.CMS_MakeEnvData(target, source, list, nil, 0, raw.ZUL_CMS_CIPHER_AES256)
 	})
+	if err == nil && served != len(certs) {
+		err = c.failure(raw.BAD_KEY_ERROR) // the text tells the certificate
+		os.Remove(fileOut)
+	}
+	return err
 }
 
 // CMSDecrypt decrypts a message for the owner of a certificate.

@@ -161,6 +161,8 @@ func TestEncryption(t *testing.T) {
 	refused(t, raw.DECRYPT_ERROR, "other data beside it", err)
 	_, err = zulcore.Decrypt("", nil, key, nil, nil)
 	refused(t, raw.BAD_LENGTH_ERROR, "too short", err)
+	_, err = zulcore.RandomNumber(2, 1)
+	refused(t, raw.OUT_OF_RANGE_ERROR, "no range", err)
 	_, err = zulcore.RandomBytes(-1)
 	refused(t, raw.OUT_OF_RANGE_ERROR, "a negative length", err)
 	zulcore.Wipe(data)
@@ -265,8 +267,13 @@ func TestCertificates(t *testing.T) {
 	must(t, zulcore.CMSSign("abc.p7m", "abc", "leaf.pem", leaf))
 	must(t, zulcore.CMSVerify("abc.p7m", "leaf.pem"))
 	must(t, zulcore.CMSContent("abc.read", "abc.p7m"))
-	if count, err := zulcore.CMSEncrypt("abc.env", "abc.read", "leaf.pem;root.pem"); count != 2 {
-		t.Error("recipients", count, err)
+	must(t, zulcore.CMSEncrypt("abc.env", "abc.read", "leaf.pem", "root.pem"))
+	elliptic, err := zulcore.GenerateKey("p-256")
+	must(t, err)
+	must(t, zulcore.SelfSign("ec.pem", elliptic, "CN=ec"))
+	refused(t, raw.BAD_KEY_ERROR, "a key that cannot encrypt", zulcore.CMSEncrypt("none.env", "abc", "leaf.pem", "ec.pem"))
+	if _, err = os.Stat("none.env"); err == nil {
+		t.Error("a message that not all can read")
 	}
 	must(t, zulcore.CMSDecrypt("abc.plain", "abc.env", "leaf.pem", leaf))
 	if plain, _ := os.ReadFile("abc.plain"); string(plain) != "abc" {

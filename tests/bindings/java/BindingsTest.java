@@ -147,6 +147,7 @@ public final class BindingsTest {
         claim(Zul.decrypt(empty, key, ascii("aad")).length == 0, "an empty message");
         refused(Zulcore.DECRYPT_ERROR, "other data beside it", () -> Zul.decrypt(empty, key, ascii("add")));
         refused(Zulcore.BAD_LENGTH_ERROR, "too short", () -> Zul.decrypt(NONE, key, NONE));
+        refused(Zulcore.OUT_OF_RANGE_ERROR, "no range", () -> Zul.randomNumber(2, 1));
         claim(Zul.randomBytes(0).length == 0 && Zul.randomNumber(3, 3) == 3, "bounds of random numbers");
     }
 
@@ -207,7 +208,13 @@ public final class BindingsTest {
             Zul.cmsSign("abc.p7m", "abc", "leaf.pem", leaf);
             Zul.cmsVerify("abc.p7m", "leaf.pem");
             Zul.cmsContent("abc.read", "abc.p7m");
-            claim(Zul.cmsEncrypt("abc.env", "abc.read", "leaf.pem;root.pem") == 2, "recipients");
+            Zul.cmsEncrypt("abc.env", "abc.read", "leaf.pem", "root.pem");
+            try (Key elliptic = Key.generate("p-256")) {
+                Zul.selfSign("ec.pem", elliptic, "CN=ec");
+            }
+            refused(Zulcore.BAD_KEY_ERROR, "a key that cannot encrypt",
+                    () -> Zul.cmsEncrypt("none.env", "abc", "leaf.pem", "ec.pem"));
+            claim(!Files.exists(Path.of("none.env")), "a message that not all can read");
             Zul.cmsDecrypt("abc.plain", "abc.env", "leaf.pem", leaf);
             claim(Files.readString(Path.of("abc.plain")).equals("abc"), "a message");
             leaf.verifyFile(leaf.signFile("abc", null, 0), "abc", null, 0);

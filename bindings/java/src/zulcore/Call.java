@@ -7,8 +7,8 @@ import com.sun.jna.Pointer;
 import java.io.File;
 import java.nio.ByteBuffer;
 import java.nio.CharBuffer;
-import java.nio.charset.CharacterCodingException;
 import java.nio.charset.Charset;
+import java.nio.charset.CharsetEncoder;
 import java.nio.charset.StandardCharsets;
 import java.util.ArrayList;
 import java.util.List;
@@ -35,6 +35,9 @@ final class Call implements AutoCloseable {
             // Classes that come from elsewhere have nothing beside them.
         }
         String named = System.getenv("ZULCORE_LIBRARY");
+        if (named != null && !named.isEmpty() && !new File(named).isAbsolute()) {
+            throw new UnsatisfiedLinkError("ZULCORE_LIBRARY has to be a full path: " + named);
+        }
         return Native.load(named != null && !named.isEmpty() ? named : "zulcore", Zulcore.class);
     }
 
@@ -77,14 +80,16 @@ final class Call implements AutoCloseable {
 
     // A text for the library ends at its first zero byte: one with such a byte inside would be cut.
     private Pointer text(CharBuffer characters, Charset charset) {
-        ByteBuffer encoded;
-        try {
-            encoded = charset.newEncoder().encode(characters);
-        } catch (CharacterCodingException wrong) {
-            throw new ZulException(Zulcore.BAD_PARAM_ERROR, "a text that " + charset + " cannot write");
-        }
+        // Room for the longest encoding: an encoder that makes its own leaves the smaller ones behind.
+        CharsetEncoder encoder = charset.newEncoder();
+        ByteBuffer encoded = ByteBuffer.allocate(
+                Math.toIntExact((long) Math.ceil((double) characters.remaining() * encoder.maxBytesPerChar())));
         byte[] bytes = encoded.array();
         try {
+            if (encoder.encode(characters, encoded, true).isError() || encoder.flush(encoded).isError()) {
+                throw new ZulException(Zulcore.BAD_PARAM_ERROR, "a text that " + charset + " cannot write");
+            }
+            encoded.flip();
             for (int i = 0; i < encoded.limit(); i++) {
                 if (bytes[i] == 0) {
                     throw new ZulException(Zulcore.BAD_PARAM_ERROR, "a text with a zero byte");

@@ -6,6 +6,7 @@ import static zulcore.Call.checkStatus;
 
 import com.sun.jna.Memory;
 import com.sun.jna.Pointer;
+import java.io.File;
 import java.io.IOException;
 import java.io.InputStream;
 import java.nio.file.Files;
@@ -151,6 +152,9 @@ public final class Zul {
 
     /** A uniform number from lower to upper, both included. */
     public static int randomNumber(int lower, int upper) {
+        if (lower > upper || (long) upper - lower >= 0xffffffffL) {
+            throw new ZulException(Zulcore.OUT_OF_RANGE_ERROR, "no such range of numbers");
+        }
         return LIBRARY.RNG_Number(lower, upper);
     }
 
@@ -306,7 +310,9 @@ public final class Zul {
                 Memory room = call.room(size);
                 int status = LIBRARY.CERT_CheckPath(room, size, call.name(cert), call.nameOrNull(others),
                         call.name(trusted), call.nameOrNull(evidence), call.utf8OrNull(conditions), options);
-                if (status == Zulcore.SHORT_BUF_ERROR && size < LONGEST_REPORT) {
+                // A text that fills so much of the room may have been cut.
+                boolean isShort = status == Zulcore.SHORT_BUF_ERROR || room.indexOf(0, (byte) 0) > size / 2;
+                if (isShort && size < LONGEST_REPORT) {
                     continue;
                 }
                 String report = room.getString(0, "UTF-8");
@@ -362,11 +368,26 @@ public final class Zul {
         }
     }
 
-    /** The number of recipients who can read the message: compare it with the number of certificates. */
-    public static int cmsEncrypt(String fileOut, String fileIn, String certs) {
+    /** Throws, and leaves no message, unless the owners of all certificates can read it; there may be ten. */
+    public static void cmsEncrypt(String fileOut, String fileIn, String... certs) {
+        if (certs.length < 1 || certs.length > 10) {
+            throw new ZulException(Zulcore.OUT_OF_RANGE_ERROR, "a message has 1 to 10 recipients");
+        }
+        for (String cert : certs) {
+            if (cert.isEmpty() || cert.contains(";")) {
+                throw new ZulException(Zulcore.BAD_PARAM_ERROR, "a certificate without a name, or with a ';' in it");
+            }
+        }
         try (Call call = new Call()) {
-            return check(LIBRARY.CMS_MakeEnvData(call.name(fileOut), call.name(fileIn), call.name(certs), null, 0,
-                    Zulcore.ZUL_CMS_CIPHER_AES256));
+            int served = check(LIBRARY.CMS_MakeEnvData(call.name(fileOut), call.name(fileIn),
+                    call.name(String.join(";", certs)), null, 0, Zulcore.ZUL_CMS_CIPHER_AES256));
+            if (served != certs.length) {
+                try {
+                    checkStatus(Zulcore.BAD_KEY_ERROR); // the library's text tells the certificate
+                } finally {
+                    new File(fileOut).delete();
+                }
+            }
         }
     }
 
