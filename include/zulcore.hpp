@@ -236,6 +236,13 @@ class OptionalText {
     std::optional<Text> text_;
 };
 
+// certificate_or_none: whoever wants none has to say so; an empty text is a mistake.
+inline OptionalText certificate_or_none(std::optional<std::string_view> certificate) {
+    if (certificate && certificate->empty())
+        throw Error(BAD_PARAM_ERROR, "an empty text for a certificate");
+    return OptionalText(certificate);
+}
+
 inline int size_of(ByteView bytes) {
     return size_of(bytes.size());
 }
@@ -1005,10 +1012,12 @@ inline void sign_text(std::string_view out, std::string_view text, std::string_v
     });
 }
 
-// verify throws SIGNATURE_ERROR if the message was not signed with that certificate's key. Without a
-// certificate anybody in the message can have signed. digest: of content that the message does not carry.
-inline void verify(std::string_view message, std::string_view certificate, ByteView digest = {}) {
-    const detail::Text source(message), signer(certificate);
+// verify throws SIGNATURE_ERROR if the message was not signed with that certificate's key. With std::nullopt
+// anybody in the message can have signed. digest: of content that the message does not carry.
+inline void verify(std::string_view message, std::optional<std::string_view> certificate,
+                   ByteView digest = {}) {
+    const detail::Text source(message);
+    const detail::OptionalText signer = detail::certificate_or_none(certificate);
     const std::string hex = to_hex(digest);
     detail::status(CMS_VerifySigData(source.c_str(), signer.c_str(), hex.c_str(), 0));
 }
@@ -1073,16 +1082,18 @@ namespace ocsp {
 [[nodiscard]] inline Bytes request(std::string_view issuer, std::string_view certificate,
                                    int flags = ZUL_HASH_SHA1) {
     const detail::Text authority(issuer), subject(certificate);
-    if (certificate.empty())
-        throw Error(BAD_PARAM_ERROR, "no certificate");
+    if (issuer.empty() || certificate.empty()) // the one code that is not negated
+        throw Error(BAD_PARAM_ERROR, "no issuer or certificate");
     return from_base64(detail::text_of([&](char* out, int room) {
         return OCSP_MakeRequest(out, room, authority.c_str(), subject.c_str(), nullptr, flags);
     }));
 }
 
-// read gives a report of a response, and throws SIGNATURE_ERROR if the issuer's key did not sign it.
-[[nodiscard]] inline std::string read(std::string_view response, std::string_view issuer) {
-    const detail::Text source(response), authority(issuer);
+// read gives a report of a response, and throws SIGNATURE_ERROR if the issuer's key did not sign it. With
+// std::nullopt the signature is not verified.
+[[nodiscard]] inline std::string read(std::string_view response, std::optional<std::string_view> issuer) {
+    const detail::Text source(response);
+    const detail::OptionalText authority = detail::certificate_or_none(issuer);
     return detail::text_of([&](char* out, int room) {
         return OCSP_ReadResponse(out, room, source.c_str(), authority.c_str(), nullptr, 0);
     });

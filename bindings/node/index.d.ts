@@ -156,7 +156,7 @@ export class Identity implements Owned {
   constructor(text: Password);
   /** The public key, "age1...". */
   recipient(): string;
-  /** Writes the identity to a new file that only its owner may read. */
+  /** Writes the identity to a new file that only its owner may read (on Windows: whoever may read in its folder). */
   save(file: File): void;
   toString(): string;
   readonly closed: boolean;

@@ -187,7 +187,8 @@ function ZulP12List(const FileName: string; const Password: UTF8String = ''; Opt
 
 /// Messages (CMS) with RSA keys. Certs: files or PEM joined by ";", the signer's first.
 procedure ZulCmsSign(const FileOut, FileIn, Certs: string; Key: TZulKey; Options: Integer = ZUL_HASH_SHA256);
-/// Raises unless the signature verifies. HexDigest: of content that the message does not carry.
+/// Raises unless the signature verifies. Without SignerCert anybody in the message can have signed. HexDigest: of content
+/// that the message does not carry.
 procedure ZulCmsVerify(const FileIn: string; const SignerCert: string = ''; const HexDigest: UTF8String = '');
 procedure ZulCmsContent(const FileOut, FileIn: string);
 /// Raises, and leaves no message, unless all of the count of recipients can read it.
@@ -197,6 +198,7 @@ procedure ZulCmsDecrypt(const FileOut, FileIn, RecipientCert: string; Key: TZulK
 
 /// A request to an OCSP responder: the bytes to send.
 function ZulOcspRequest(const IssuerCert, CertOrSerial: string; Options: Integer = ZUL_HASH_SHA1): TBytes;
+/// Without IssuerCert the signature is not verified.
 function ZulOcspRead(const Response: string; const IssuerCert: string = ''): UTF8String;
 
 implementation
@@ -1180,8 +1182,8 @@ begin
   Issuer := Native(IssuerCert);
   Asked := Native(CertOrSerial);
   // The library does not negate this one code.
-  if Asked = '' then
-    raise EZulError.CreateCode(BAD_PARAM_ERROR, 'no certificate');
+  if (Issuer = '') or (Asked = '') then
+    raise EZulError.CreateCode(BAD_PARAM_ERROR, 'no issuer or certificate');
   SetLength(Text, ZulCheck(OCSP_MakeRequest(nil, 0, PAnsiChar(Issuer), PAnsiChar(Asked), nil, Options)));
   ZulCheck(OCSP_MakeRequest(PAnsiChar(Text), Length(Text), PAnsiChar(Issuer), PAnsiChar(Asked), nil, Options));
   Result := ZulFromBase64(Text);

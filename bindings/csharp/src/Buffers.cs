@@ -65,6 +65,7 @@ namespace Zulcore
             allocated = room;
             Size = size;
             SetHandle(Marshal.AllocHGlobal(Math.Max(room, 1)));
+            Clear();
         }
 
         // Without the zero byte of a text.
@@ -107,6 +108,10 @@ namespace Zulcore
 
         internal byte[] ToArray(int size)
         {
+            if (size > allocated)
+            {
+                throw new InvalidOperationException("more than there is room for");
+            }
             byte[] bytes = new byte[size];
             Marshal.Copy(handle, bytes, 0, size);
             return bytes;
@@ -124,12 +129,17 @@ namespace Zulcore
 
         protected override bool ReleaseHandle()
         {
+            Clear();
+            Marshal.FreeHGlobal(handle);
+            return true;
+        }
+
+        private void Clear()
+        {
             for (int done = 0; done < allocated; done += Zeros.Length)
             {
                 Marshal.Copy(Zeros, 0, new IntPtr(handle.ToInt64() + done), Math.Min(Zeros.Length, allocated - done));
             }
-            Marshal.FreeHGlobal(handle);
-            return true;
         }
     }
 
@@ -180,6 +190,16 @@ namespace Zulcore
             {
                 Marshal.ZeroFreeGlobalAllocAnsi(copy); // the text may be a private key
             }
+        }
+
+        // Whoever wants no certificate has to say null; an empty text is a mistake.
+        internal IntPtr NameOrNone(string certificate)
+        {
+            if (certificate == "")
+            {
+                throw new ZulException(Raw.BAD_PARAM_ERROR, "an empty text for a certificate");
+            }
+            return Name(certificate);
         }
 
         internal IntPtr Secret(Password password)

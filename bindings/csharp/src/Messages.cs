@@ -48,14 +48,14 @@ namespace Zulcore
             });
         }
 
-        /// <summary>Throws SIGNATURE_ERROR if a message was not signed with that certificate's key. Without a certificate anybody
-        /// in the message can have signed. digest: of content that the message does not carry.</summary>
+        /// <summary>Throws SIGNATURE_ERROR if a message was not signed with that certificate's key. If that is null, anybody in
+        /// the message can have signed. digest: of content that the message does not carry.</summary>
         public static void Verify(string message, string certificate, byte[] digest = null)
         {
             using (var arguments = new Arguments())
             {
                 IntPtr hex = digest == null ? IntPtr.Zero : arguments.Text(Zul.ToHex(digest));
-                Result.Status(Raw.CMS_VerifySigData(arguments.Name(message), arguments.Name(certificate), hex, 0));
+                Result.Status(Raw.CMS_VerifySigData(arguments.Name(message), arguments.NameOrNone(certificate), hex, 0));
             }
         }
 
@@ -126,9 +126,9 @@ namespace Zulcore
         /// of names than SHA-1.</summary>
         public static byte[] Request(string issuer, string certificate, int options = Raw.ZUL_HASH_SHA1)
         {
-            if (string.IsNullOrEmpty(certificate))
+            if (string.IsNullOrEmpty(issuer) || string.IsNullOrEmpty(certificate)) // the one code that is not negated
             {
-                throw new ZulException(Raw.BAD_PARAM_ERROR, "no certificate");
+                throw new ZulException(Raw.BAD_PARAM_ERROR, "no issuer or certificate");
             }
             using (var arguments = new Arguments())
             {
@@ -138,12 +138,13 @@ namespace Zulcore
             }
         }
 
-        /// <summary>A report of a response. Throws SIGNATURE_ERROR if the issuer's key did not sign it.</summary>
+        /// <summary>A report of a response. Throws SIGNATURE_ERROR if the issuer's key did not sign it. If the issuer is null,
+        /// the signature is not verified.</summary>
         public static string Read(string response, string issuer)
         {
             using (var arguments = new Arguments())
             {
-                IntPtr source = arguments.Name(response), authority = arguments.Name(issuer);
+                IntPtr source = arguments.Name(response), authority = arguments.NameOrNone(issuer);
                 return Output.Text(
                     (room, size) => Raw.OCSP_ReadResponse(room, size, source, authority, IntPtr.Zero, 0));
             }

@@ -26,7 +26,7 @@ class Identity extends Owner {
     return buffer.toString('latin1', 0, length(raw.SEAL_Recipient(buffer, 127, memoryOf(this))));
   }
 
-  /** Writes the identity to a new file that only its owner may read. */
+  /** Writes the identity to a new file that only its owner may read (on Windows: whoever may read in its folder). */
   save(file) {
     const text = memoryOf(this);
     const stream = fs.openSync(file, 'wx', 0o600);

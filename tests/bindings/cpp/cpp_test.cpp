@@ -320,6 +320,7 @@ TEST(Cpp, Certificates) {
     EXPECT_NE(zulcore::p12::list(file, "secret").find("kind=key"), std::string::npos);
     EXPECT_EQ(code_of([&] { static_cast<void>(zulcore::p12::unpack_key(file, "wrong")); }), DECRYPT_ERROR);
     EXPECT_FALSE(zulcore::ocsp::request(root, leaf).empty());
+    EXPECT_EQ(code_of([&] { static_cast<void>(zulcore::ocsp::request("", leaf)); }), BAD_PARAM_ERROR);
 }
 
 TEST(Cpp, Messages) {
@@ -333,6 +334,7 @@ TEST(Cpp, Messages) {
     cms::sign_text(signedFile, "Meet me at noon.", certificate, key);
     cms::verify(signedFile, certificate);
     EXPECT_EQ(code_of([&] { cms::verify(signedFile, other); }), NO_MATCH_ERROR);
+    EXPECT_EQ(code_of([&] { cms::verify(signedFile, ""); }), BAD_PARAM_ERROR);
     const auto content = cms::read(signedFile);
     EXPECT_EQ(std::string(content.begin(), content.end()), "Meet me at noon.");
     const std::string detached = cms::sign_digest(zulcore::hash_file(in), certificate, key);

@@ -483,6 +483,9 @@ internal static class BindingsTest
             Cms.SignText(signed, text, certificate, key);
             Cms.Verify(signed, certificate);
             Same(CodeOf(() => Cms.Verify(signed, other)), Raw.NO_MATCH_ERROR, "another signer");
+            Same(CodeOf(() => Cms.Verify(signed, "")), Raw.BAD_PARAM_ERROR, "no signer by mistake");
+            Same(CodeOf(() => Ocsp.Request("", certificate)), Raw.BAD_PARAM_ERROR, "a request without an issuer");
+            Same(CodeOf(() => Ocsp.Read(signed, "")), Raw.BAD_PARAM_ERROR, "a response without an issuer");
             Same(Encoding.UTF8.GetString(Cms.Read(signed)), text, "the content of a message");
             string detached = Cms.SignDigest(Hash.ComputeFile(file), certificate, key);
             Cms.Verify(detached, certificate, Hash.ComputeFile(file));

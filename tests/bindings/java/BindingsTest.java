@@ -207,6 +207,7 @@ public final class BindingsTest {
             Files.writeString(Path.of("abc"), "abc");
             Zul.cmsSign("abc.p7m", "abc", "leaf.pem", leaf);
             Zul.cmsVerify("abc.p7m", "leaf.pem");
+            refused(Zulcore.BAD_PARAM_ERROR, "no signer by mistake", () -> Zul.cmsVerify("abc.p7m", ""));
             Zul.cmsContent("abc.read", "abc.p7m");
             Zul.cmsEncrypt("abc.env", "abc.read", "leaf.pem", "root.pem");
             try (Key elliptic = Key.generate("p-256")) {

@@ -355,9 +355,12 @@ public final class Zul {
         }
     }
 
-    /** Throws unless the signature verifies. The signer's certificate may be null: one in the message. */
+    /** Throws unless the signature verifies. If the signer's certificate is null, anybody in the message can have signed. */
     public static void cmsVerify(String fileIn, String signerCert) {
         try (Call call = new Call()) {
+            if (signerCert != null && signerCert.isEmpty()) {
+                throw new ZulException(Zulcore.BAD_PARAM_ERROR, "an empty text for a certificate");
+            }
             checkStatus(LIBRARY.CMS_VerifySigData(call.name(fileIn), call.nameOrNull(signerCert), null, 0));
         }
     }

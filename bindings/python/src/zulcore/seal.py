@@ -33,7 +33,7 @@ class Identity:
         return buffer.value.decode()
 
     def save(self, file: Path) -> None:
-        """Writes the identity to a new file that only its owner may read."""
+        """Writes the identity to a new file that only its owner may read (on Windows: whoever may read in its folder)."""
         text = self._open()
         with open(os.open(os.fspath(file), os.O_WRONLY | os.O_CREAT | os.O_EXCL, 0o600), "wb", buffering=0) as stream:
             stream.write(f"# recipient: {self.recipient()}\n".encode())
