@@ -84,6 +84,21 @@ done
             with self.subTest(line):
                 self.assertEqual(sorted(reply.split()), sorted(kinds.get(words, words).split()))
 
+    def test_bash_at_its_prompt(self):
+        """Names of files and folders are left to the shell, which quotes them."""
+        write("zul.bash", self.done("completions bash"))
+        write("my file.key", b"")
+        os.mkdir("pki dir")
+        lines = {"ha\tsha256 m\t": "<hash><sha256><my file.key>", "hmac --key-file=m\t": "<hmac><--key-file=my file.key>",
+                 "ca list p\t": "<ca><list><pki dir/>", "ca revoke --reason=keyC\t": "<ca><revoke><--reason=keyCompromise>"}
+        with Terminal(["bash", "--norc", "--noprofile", "-i"], 120, TERM="dumb", INPUTRC="/dev/null") as shell:
+            shell.send(b"PS1=; source ./zul.bash; zul() { printf '<%s>' \"$@\"; echo END; }; echo REA''DY\n")
+            shell.until(b"READY")
+            for line, words in lines.items():
+                shell.send(f"zul {line}\n".encode())
+                self.assertEqual(shell.until(rb"(<[^\n]*)END")[1].decode(), words)
+            shell.send(b"exit\n")
+
     def test_every_offered_word_is_taken(self):
         """With whatever else the command demands: a key where one is needed, and any file for the rest."""
         write("ec.pem", openssl("genpkey", "-algorithm", "EC", "-pkeyopt", "ec_paramgen_curve:P-256"))
