@@ -190,7 +190,7 @@ func (k *Key) Agree(other *Key) ([]byte, error) {
 }
 
 // String shows kind and bits, never the key.
-func (k *Key) String() string {
+func (k Key) String() string {
 	algorithm, err := k.Query("algorithm")
 	if err != nil {
 		return "closed key"
@@ -203,7 +203,7 @@ func (k *Key) String() string {
 	return kind + " " + algorithm + " key of " + bits + " bits"
 }
 
-// Format keeps every verb from showing what is inside.
-func (k *Key) Format(state fmt.State, verb rune) {
+// Format keeps every verb from showing what is inside, of a key and of a pointer to one.
+func (k Key) Format(state fmt.State, verb rune) {
 	io.WriteString(state, k.String())
 }

@@ -194,7 +194,7 @@ func TestKeys(t *testing.T) {
 	must(t, public.Save("x.pub", nil))
 	shown, _ := json.Marshal(mine)
 	for _, verb := range []string{"%v", "%+v", "%s", "%d", "%x", "%q"} {
-		if found := fmt.Sprintf(verb, mine); found != "private x25519 key of 256 bits" {
+		if found := fmt.Sprintf(verb+verb, mine, *mine); found != strings.Repeat("private x25519 key of 256 bits", 2) {
 			t.Error(verb, found)
 		}
 	}
