@@ -13,7 +13,8 @@ if(WIN32)
                        COMMAND ${ZUL_DLLTOOL} -m i386:x86-64 -d ${CMAKE_BINARY_DIR}/zulcore.def -D zulcore.dll
                                -l ${CMAKE_BINARY_DIR}/zulcore.lib
                        DEPENDS ${CMAKE_BINARY_DIR}/zulcore.def)
-    add_custom_target(import_library ALL DEPENDS ${CMAKE_BINARY_DIR}/zulcore.lib)
+    add_custom_target(import_library DEPENDS ${CMAKE_BINARY_DIR}/zulcore.lib)
+    add_dependencies(zulcore import_library)
     install(FILES $<TARGET_LINKER_FILE:zulcore> ${CMAKE_BINARY_DIR}/zulcore.lib DESTINATION ${CMAKE_INSTALL_LIBDIR}
             COMPONENT development)
 else()
@@ -48,7 +49,9 @@ install(DIRECTORY docs/ DESTINATION ${docFolder} COMPONENT development
 install(DIRECTORY examples DESTINATION ${docFolder} COMPONENT development PATTERN __pycache__ EXCLUDE)
 
 # The tool's own description, where the build has made it.
-if(NOT WIN32)
+if(WIN32)
+    install(FILES ${CMAKE_BINARY_DIR}/completions/zul.ps1 DESTINATION completions COMPONENT runtime OPTIONAL)
+else()
     install(DIRECTORY ${CMAKE_BINARY_DIR}/man/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT runtime OPTIONAL
             FILES_MATCHING PATTERN *.1)
     foreach(file completions/zul.bash=bash-completion/completions/zul completions/_zul=zsh/site-functions/_zul

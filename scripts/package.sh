@@ -117,6 +117,7 @@ sign_in_place() {
 if [ -z "$native" ]; then
     scripts/setup.sh
     scripts/setup.sh --packaging
+    [ -z "$bindings" ] || scripts/setup.sh --bindings
     build native
     build windows --toolchain cmake/mingw-w64.cmake
     native=$root/build/package/native windows=$root/build/package/windows
@@ -137,9 +138,6 @@ windowsName=zulcore-$version-windows-x86_64
 stage "$windows" "$windowsName"
 mv "$work/$windowsName/doc/LICENSE" "$work/$windowsName/LICENSE.txt"
 notices "$windowsName" libcli11-dev mingw-w64-x86-64-dev gcc-mingw-w64-base
-if [ -e "$native/completions/zul.ps1" ]; then
-    install -D -m 644 "$native/completions/zul.ps1" "$work/$windowsName/completions/zul.ps1"
-fi
 if [ -n "$key" ]; then
     sign_in_place "$work/$windowsName/bin/zulcore.dll"
     sign_in_place "$work/$windowsName/bin/zul.exe"
