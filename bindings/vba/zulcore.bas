@@ -1606,9 +1606,14 @@ End Function
 
 ' --- Wiping and random numbers ---
 
-' Zeroes an array and takes its size away.
+' Zeroes an array and takes its size away. A call of the library would empty what it has to say about the call before.
 Public Sub zulWipe(ByRef data() As Byte)
-    If zulLength(data) > 0 Then WIPE_DataPtr VarPtr(data(LBound(data))), zulLength(data)
+    Dim i As Long
+    If zulLength(data) > 0 Then
+        For i = LBound(data) To UBound(data)
+            data(i) = 0
+        Next
+    End If
     Erase data
 End Sub
 
@@ -1738,9 +1743,9 @@ End Sub
 Public Sub zulPbkdf2(ByRef key() As Byte, ByVal size As Long, ByVal password As String, ByRef salt() As Byte, _
     Optional ByVal iterations As Long = 600000, Optional ByVal hash As String = "sha256")
     Dim secret() As Byte, digest() As Byte, result As Long
-    secret = zulZero(password)
-    digest = zulZero(hash)
     If size < 1 Then zulRefuse OUT_OF_RANGE_ERROR, "a size below 1"
+    digest = zulZero(hash)
+    secret = zulZero(password)
     ReDim key(0 To size - 1)
     result = KDF_Pbkdf2Ptr(VarPtr(key(0)), size, VarPtr(secret(0)), UBound(secret), zulDataAt(salt), zulLength(salt), _
         iterations, VarPtr(digest(0)))
@@ -1751,8 +1756,8 @@ End Sub
 Public Sub zulArgon2id(ByRef key() As Byte, ByVal size As Long, ByVal password As String, ByRef salt() As Byte, _
     Optional ByVal memoryKiB As Long = 65536, Optional ByVal passes As Long = 3, Optional ByVal lanes As Long = 4)
     Dim secret() As Byte, result As Long
-    secret = zulZero(password)
     If size < 1 Then zulRefuse OUT_OF_RANGE_ERROR, "a size below 1"
+    secret = zulZero(password)
     ReDim key(0 To size - 1)
     result = KDF_Argon2idPtr(VarPtr(key(0)), size, VarPtr(secret(0)), UBound(secret), zulDataAt(salt), zulLength(salt), _
         memoryKiB, passes, lanes)
@@ -2137,15 +2142,19 @@ Public Sub zulP12Unpack(ByRef key() As Byte, ByVal certsOut As String, ByVal fil
     zulCheckStatus status
 End Sub
 
-Public Function zulP12List(ByVal fileName As String, ByVal password As String, Optional ByVal options As Long = 0) As String
+' Without a password it shows what is visible without one.
+Public Function zulP12List(ByVal fileName As String, Optional ByVal password As String = "", _
+    Optional ByVal options As Long = 0) As String
     Dim source() As Byte, secret() As Byte, room() As Byte, count As Long
     source = zulZeroName(fileName)
     secret = zulZero(password)
-    count = zulCheck(P12_ListPtr(0, 0, VarPtr(source(0)), VarPtr(secret(0)), options))
-    ReDim room(0 To count)
-    count = zulCheck(P12_ListPtr(VarPtr(room(0)), count, VarPtr(source(0)), VarPtr(secret(0)), options))
+    count = P12_ListPtr(0, 0, VarPtr(source(0)), zulTextAt(secret), options)
+    If count > 0 Then
+        ReDim room(0 To count)
+        count = P12_ListPtr(VarPtr(room(0)), count, VarPtr(source(0)), zulTextAt(secret), options)
+    End If
     zulWipe secret
-    zulP12List = zulTextOf(room, count)
+    zulP12List = zulTextOf(room, zulCheck(count))
 End Function
 
 ' --- Messages (CMS) with RSA keys ---

@@ -29,6 +29,11 @@ Sub Main
     Claim CStr(ZUL_X509_VERSION1), "134217728", "bit 27"
     Dim none() As Byte
     Claim CStr(zulLength(none)), "0", "an array without a size"
+    Dim secret() As Byte
+    secret = zulUtf8("abc")
+    zulWipe secret
+    ' Erase leaves the size to an argument here, and takes it away in Office.
+    Claim Replace(zulHex(secret), "0", ""), "", "bytes that were wiped without the library"
     Print #results, "end"
     Close #results
     Exit Sub
