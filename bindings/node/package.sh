@@ -6,7 +6,7 @@ here=$(cd "$(dirname "$0")" && pwd)
 mkdir -p "$1"
 stage=$(mktemp -d)
 trap 'rm -rf "$stage"' EXIT
-cp -r "$here/package.json" "$here/README.md" "$here"/index.* "$here/lib" "$here/../../LICENSE" "$stage/"
+cp -r "$here/package.json" "$here/README.md" "$here"/index.* "$here/lib" "$here/examples" "$here/../../LICENSE" "$stage/"
 mkdir -p "$stage/prebuilds/linux-x64" "$stage/prebuilds/win32-x64"
 install -m 755 "$2" "$stage/prebuilds/linux-x64/libzulcore.so"
 install -m 644 "$3" "$stage/prebuilds/win32-x64/zulcore.dll"
