@@ -6,8 +6,8 @@ const os = require('node:os');
 const path = require('node:path');
 const url = require('node:url');
 const { isUint8Array } = require('node:util/types');
-const koffi = require('koffi');
 const raw = require('./raw.js');
+const { toAnsi } = require('./ansi.js');
 const { isWindows } = require('./load.js');
 const { ZulError, length } = require('./errors.js');
 
@@ -105,32 +105,6 @@ function textIn(text) {
   return terminated(encoded(text));
 }
 
-let ansiFromWide;
-/** The name of a file in the ANSI code page, exactly or not at all. */
-function ansi(name) {
-  if (!ansiFromWide) {
-    const kernel = koffi.load('kernel32.dll');
-    const convert = kernel.func('WideCharToMultiByte', 'int',
-      ['uint', 'uint', 'void *', 'int', 'void *', 'int', 'void *', 'void *']);
-    const isUtf8 = kernel.func('GetACP', 'uint', [])() === 65001;
-    ansiFromWide = (text) => {
-      if (isUtf8) {
-        return encoded(text);
-      }
-      const noBestFit = 0x400;
-      const output = Buffer.alloc(text.length * 4 + 1);
-      const replaced = Buffer.alloc(4);
-      const wide = Buffer.from(text, 'utf16le');
-      const size = convert(0, noBestFit, wide, text.length, output, output.length, null, replaced);
-      if (size === 0 || replaced.readInt32LE() !== 0) {
-        throw new TypeError(`the name of a file cannot be written in the system's code page: ${text}`);
-      }
-      return output.subarray(0, size);
-    };
-  }
-  return ansiFromWide(name);
-}
-
 function plainName(name) {
   const text = name instanceof URL ? url.fileURLToPath(name) : name;
   const bytes = encoded(text);
@@ -143,7 +117,7 @@ function plainName(name) {
 /** The name of a file in the encoding that the library expects: UTF-8, or on Windows the ANSI code page. */
 function fileIn(name) {
   const { text, bytes } = plainName(name);
-  return terminated(isWindows && !/^[\x00-\x7f]*$/.test(text) ? ansi(text) : bytes);
+  return terminated(isWindows && !/^[\x00-\x7f]*$/.test(text) ? toAnsi(text) : bytes);
 }
 
 /** An object that is text already, PEM or base64, as PEM; null if it is DER or BER. */

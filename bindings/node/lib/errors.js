@@ -1,11 +1,22 @@
 'use strict';
 
 const raw = require('./raw.js');
+const { fromAnsi } = require('./ansi.js');
+const { isWindows } = require('./load.js');
 
 const names = new Map(Object.entries(raw.ErrorCode).map(([name, code]) => [code, name]));
 
+/** A text of the library: UTF-8, but on Windows names of files are in the code page. */
+function decoded(bytes) {
+  try {
+    return new TextDecoder('utf-8', { fatal: true, ignoreBOM: true }).decode(bytes);
+  } catch {
+    return isWindows ? fromAnsi(bytes) : bytes.toString();
+  }
+}
+
 function textOf(buffer) {
-  return buffer.toString('utf8', 0, buffer.indexOf(0));
+  return decoded(buffer.subarray(0, buffer.indexOf(0)));
 }
 
 /** A call that failed: its code, the code's name and general text, and what the call had to say. */
@@ -40,4 +51,4 @@ function status(result) {
   }
 }
 
-module.exports = { ZulError, length, status };
+module.exports = { ZulError, decoded, length, status };

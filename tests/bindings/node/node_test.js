@@ -215,6 +215,7 @@ test('misuse', () => {
     typeof expected === 'string' ? refused(expected, call) : assert.throws(call, expected, String(call));
   }
   assert.match(refused('BAD_PARAM_ERROR', () => certs.selfSign(key, { colour: 'red' })).detail, /colour/);
+  assert.match(refused('OPEN_ERROR', () => Key.read('schlüssel fehlt')).detail, /schlüssel fehlt/);
   if (process.platform === 'win32') {
     assert.throws(() => key.publicKey().save('鍵'), /code page/);
   }
