@@ -7,6 +7,7 @@ import com.sun.jna.Pointer;
 import java.io.File;
 import java.nio.ByteBuffer;
 import java.nio.CharBuffer;
+import java.nio.charset.CharacterCodingException;
 import java.nio.charset.Charset;
 import java.nio.charset.CharsetEncoder;
 import java.nio.charset.StandardCharsets;
@@ -122,7 +123,17 @@ final class Call implements AutoCloseable {
         try (Memory memory = new Memory(LONGEST_DETAIL + 1)) {
             memory.clear();
             LIBRARY.ZUL_LastError(memory, LONGEST_DETAIL);
-            return new ZulException(Math.abs(result), memory.getString(0, "UTF-8"));
+            byte[] detail = memory.getByteArray(0, (int) memory.indexOf(0, (byte) 0));
+            return new ZulException(Math.abs(result), decoded(detail));
+        }
+    }
+
+    // Names of files in it are as they were given: on Windows in the code page.
+    private static String decoded(byte[] detail) {
+        try {
+            return StandardCharsets.UTF_8.newDecoder().decode(ByteBuffer.wrap(detail)).toString();
+        } catch (CharacterCodingException isName) {
+            return new String(detail, NAMES);
         }
     }
 
