@@ -39,6 +39,8 @@ End Sub
 Private Sub zulFail(ByVal code As Long)
     Dim room(0 To kLongestDetail) As Byte, detail As String
     detail = zulTextOf(room, ZUL_LastErrorPtr(VarPtr(room(0)), kLongestDetail))
+    ' The name of a file in it is in the code page.
+    If InStr(1, detail, zulUnit(&HFFFD&), vbBinaryCompare) > 0 Then detail = Split(StrConv(room, vbUnicode), ChrW$(0))(0)
     If Len(detail) > 0 Then detail = ": " & detail
     zulRefuse code, zulErrorText(code) & detail
 End Sub
