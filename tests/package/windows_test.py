@@ -51,8 +51,18 @@ class WindowsPackages(PackageTest):
         self.assertEqual(self.digest_by(folder / "zul.exe", "hash", "sha256"), ABC)
         run(WINE, BUILDS[1] / "load_module.exe", module, "time")  # runs its tests once more
 
-    def remove(self):
-        subprocess.run([WINE, "msiexec", "/x", self.installer, "/qn"], capture_output=True, timeout=300)
+    @classmethod
+    def remove(cls):
+        """Removes what is installed, if anything is. The first msiexec of a session of Wine at times waits for ever,
+        before it does anything; the next one does not."""
+        for attempt in range(4):
+            try:
+                subprocess.run([WINE, "msiexec", "/x", cls.installer, "/qn"], capture_output=True, timeout=30,
+                               stdin=subprocess.DEVNULL)
+                return
+            except subprocess.TimeoutExpired:
+                pass
+        raise AssertionError("msiexec does not come to an end")
 
     def install(self, *properties):
         self.remove()  # what a run that was stopped may have left
