@@ -230,8 +230,9 @@ class Mail(ToolTest):
         for name, digest in (("alice", hashes.SHA256()), ("bob", hashes.SHA512())):
             two = two.add_signer(x509.load_pem_x509_certificate(read(name + ".pem")),
                                  serialization.load_pem_private_key(read(name + ".key"), None), digest)
-        for options in ([], [pkcs7.PKCS7Options.DetachedSignature]):
-            message = two.sign(serialization.Encoding.SMIME, options)
+        opaque = BINARY + two.sign(serialization.Encoding.DER, [])
+        detached = two.sign(serialization.Encoding.SMIME, [pkcs7.PKCS7Options.DetachedSignature])
+        for message in (opaque, detached):
             self.verified(message)
             for says in ("CN=alice", "CN=bob", "2 in the message; verified is one for each signer above\n"):
                 self.assertIn(says, self.report)
