@@ -5,6 +5,8 @@
 #include <array>
 #include <cstring>
 
+#include "encode/encode_kernels.h"
+
 namespace zul {
 namespace {
 
@@ -65,7 +67,8 @@ size_t b64_encode(char* out, size_t outSize, const uint8_t* data, size_t len) {
         return 0;
     size_t room = (outSize - 1) / 4; // in groups
     size_t whole = std::min(len / 3, room);
-    for (size_t i = 0; i < whole; i++)
+    size_t i = has_vector_encoding() ? b64_encode_avx2(out, data, 3 * whole) / 3 : 0;
+    for (; i < whole; i++)
         encode_group(out + 4 * i, data + 3 * i);
     size_t written = 4 * whole;
     size_t rest = len - 3 * whole;
@@ -82,9 +85,19 @@ size_t b64_encode(char* out, size_t outSize, const uint8_t* data, size_t len) {
 }
 
 size_t b64_decode(uint8_t* out, size_t outMax, const char* text, size_t textLen) {
+    const bool hasVectors = has_vector_encoding();
     size_t written = 0, next = 0;
     unsigned bits = 0, count = 0; // the values of the group begun
+    bool isLineStart = hasVectors;
     while (next < textLen) {
+        if (isLineStart && count == 0) {
+            const size_t room = (outMax - written) / 3 * 4;
+            const size_t decoded =
+                b64_decode_avx2(out + written, text + next, std::min(textLen - next, room));
+            written += decoded / 4 * 3;
+            next += decoded;
+        }
+        isLineStart = false;
         // Whole groups without a break between them.
         while (count == 0 && textLen - next >= 4 && outMax - written >= 3) {
             unsigned a = char_value(text[next]), b = char_value(text[next + 1]);
@@ -97,11 +110,14 @@ size_t b64_decode(uint8_t* out, size_t outMax, const char* text, size_t textLen)
         }
         if (next == textLen || text[next] == '\0')
             break;
-        unsigned value = char_value(text[next++]);
+        const char c = text[next++];
+        unsigned value = char_value(c);
         if (value == kPad)
             break;
-        if (value == kNotBase64)
+        if (value == kNotBase64) {
+            isLineStart = hasVectors && c == '\n';
             continue;
+        }
         bits = bits << 6 | value;
         if (++count < 4)
             continue;
@@ -133,8 +149,11 @@ size_t b64_decode(uint8_t* out, size_t outMax, const char* text) {
 }
 
 size_t b64_decoded_length(const char* text, size_t textLen) {
+    for (const char end : {'\0', '='})
+        if (const void* found = textLen == 0 ? nullptr : memchr(text, end, textLen))
+            textLen = static_cast<size_t>(static_cast<const char*>(found) - text);
     size_t values = 0;
-    for (size_t i = 0; i < textLen && text[i] != '\0' && text[i] != '='; i++)
+    for (size_t i = has_vector_encoding() ? b64_count_avx2(&values, text, textLen) : 0; i < textLen; i++)
         values += char_value(text[i]) < 64;
     // Two values left over are one byte, three are two, a lone one is none.
     size_t rest = values % 4;

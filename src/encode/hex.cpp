@@ -4,6 +4,7 @@
 #include <array>
 #include <cstring>
 
+#include "encode/encode_kernels.h"
 #include "frame/wipe.h"
 
 namespace zul {
@@ -22,8 +23,9 @@ constexpr DigitPairs make_pairs(const char* digits) {
     return pairs;
 }
 
+constexpr char kLowerDigits[] = "0123456789abcdef";
 constexpr DigitPairs kUpper = make_pairs(kHexDigits);
-constexpr DigitPairs kLower = make_pairs("0123456789abcdef");
+constexpr DigitPairs kLower = make_pairs(kLowerDigits);
 
 // The value of each character as a digit; kNotDigit has bits outside a digit's four, so that the values of
 // two characters or-ed together tell whether both are digits.
@@ -50,11 +52,21 @@ unsigned digit_value(char c) {
     return kValues[static_cast<uint8_t>(c)];
 }
 
-size_t encode(char* out, size_t outSize, const uint8_t* data, size_t len, const DigitPairs& pairs) {
+// skip_to_digit leaves text at the next digit or at the NUL and tells whether it passed the end of a line.
+bool skip_to_digit(const char*& text) {
+    bool isLineStart = false;
+    for (; digit_value(*text) == kNotDigit && *text != '\0'; text++)
+        isLineStart = *text == '\n';
+    return isLineStart;
+}
+
+size_t encode(char* out, size_t outSize, const uint8_t* data, size_t len, const char* digits,
+              const DigitPairs& pairs) {
     if (outSize == 0)
         return 0;
     size_t count = std::min(len, (outSize - 1) / 2);
-    for (size_t i = 0; i < count; i++)
+    size_t i = has_vector_encoding() ? hex_encode_avx2(out, data, count, digits) : 0;
+    for (; i < count; i++)
         memcpy(out + 2 * i, pairs.pair[data[i]], 2);
     out[2 * count] = '\0';
     return 2 * count;
@@ -63,16 +75,28 @@ size_t encode(char* out, size_t outSize, const uint8_t* data, size_t len, const 
 } // namespace
 
 size_t hex_encode(char* out, size_t outSize, const uint8_t* data, size_t len) {
-    return encode(out, outSize, data, len, kUpper);
+    return encode(out, outSize, data, len, kHexDigits, kUpper);
 }
 
 size_t hex_encode_lower(char* out, size_t outSize, const uint8_t* data, size_t len) {
-    return encode(out, outSize, data, len, kLower);
+    return encode(out, outSize, data, len, kLowerDigits, kLower);
 }
 
 size_t hex_decode(uint8_t* out, size_t outMax, const char* text) {
+    const char* const end = text + strlen(text);
+    const bool hasVectors = has_vector_encoding();
     size_t written = 0;
+    bool isLineStart = hasVectors;
     while (written < outMax) {
+        if (isLineStart) {
+            const size_t room = (outMax - written) * 2;
+            const size_t digits =
+                hex_decode_avx2(out + written, text, std::min(static_cast<size_t>(end - text), room));
+            text += digits;
+            written += digits / 2;
+            isLineStart = false;
+            continue;
+        }
         // Two digits side by side are the usual case. Reading text[1] is safe: text[0] is not NUL.
         unsigned high = digit_value(text[0]), low;
         if (high != kNotDigit && (low = digit_value(text[1])) != kNotDigit) {
@@ -80,17 +104,17 @@ size_t hex_decode(uint8_t* out, size_t outMax, const char* text) {
             text += 2;
             continue;
         }
-        while ((high = digit_value(*text)) == kNotDigit) {
-            if (*text == '\0')
-                return written;
-            text++;
-        }
+        isLineStart = skip_to_digit(text) && hasVectors;
+        if (isLineStart)
+            continue;
+        high = digit_value(*text);
+        if (high == kNotDigit)
+            return written;
         text++;
-        while ((low = digit_value(*text)) == kNotDigit) {
-            if (*text == '\0')
-                return written;
-            text++;
-        }
+        skip_to_digit(text);
+        low = digit_value(*text);
+        if (low == kNotDigit)
+            return written;
         text++;
         out[written++] = static_cast<uint8_t>(high << 4 | low);
     }
@@ -99,6 +123,8 @@ size_t hex_decode(uint8_t* out, size_t outMax, const char* text) {
 
 size_t hex_decoded_length(const char* text) {
     size_t digits = 0;
+    if (has_vector_encoding())
+        text += hex_count_avx2(&digits, text, strlen(text));
     for (; *text != '\0'; text++)
         digits += digit_value(*text) != kNotDigit;
     return digits / 2;
@@ -110,7 +136,8 @@ bool hex_decode_strict(uint8_t* out, size_t* outLen, const char* text, size_t te
         return false;
     // Every value is looked at before the verdict, so that the loop has no early way out to slow it.
     unsigned seen = 0;
-    for (size_t i = 0; i < textLen / 2; i++) {
+    for (size_t i = has_vector_encoding() ? hex_decode_avx2(out, text, textLen) / 2 : 0; i < textLen / 2;
+         i++) {
         unsigned high = digit_value(text[2 * i]), low = digit_value(text[2 * i + 1]);
         seen |= high | low;
         out[i] = static_cast<uint8_t>(high << 4 | low);

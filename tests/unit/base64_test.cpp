@@ -1,5 +1,6 @@
 #include "encode/base64.h"
 #include "encode/hex.h"
+#include "platform/cpu.h"
 #include "support/unit_test.h"
 
 using namespace zul;
@@ -82,5 +83,63 @@ TEST(Base64, RoundTripsWhateverTheLines) {
             lines += text.substr(i, width) + "\r\n";
         EXPECT_EQ(b64_decoded_length(lines.c_str()), data.size()) << width;
         EXPECT_EQ(decode(lines, data.size()), data) << width;
+    }
+}
+
+namespace {
+
+// What the readers of encodings make of a text, with a mark after the room that they were given.
+Bytes readings(const std::string& text, size_t room) {
+    Bytes all;
+    for (const bool isHex : {false, true}) {
+        Bytes out(room + 1, 0xAA);
+        const size_t size = isHex ? hex_decode(out.data(), room, text.c_str())
+                                  : b64_decode(out.data(), room, text.data(), text.size());
+        const size_t wanted = isHex ? hex_decoded_length(text.c_str()) : b64_decoded_length(text.c_str());
+        out.push_back(static_cast<uint8_t>(size));
+        out.push_back(static_cast<uint8_t>(wanted));
+        all.insert(all.end(), out.begin(), out.end());
+    }
+    return all;
+}
+
+} // namespace
+
+// Each value of a character at each place of a text of several vectors.
+TEST(EncodingKernels, ReadAsThePortableCode) {
+    Bytes data(150);
+    for (size_t i = 0; i < data.size(); i++)
+        data[i] = static_cast<uint8_t>(i * 89 + 7);
+    std::string hex(300, '\0');
+    hex_encode_lower(hex.data(), hex.size() + 1, data.data(), data.size());
+    for (const std::string& whole : {encode(data), hex})
+        for (unsigned c = 0; c < 256; c++)
+            for (size_t at = 0; at < whole.size(); at += c == '\n' ? 1 : 7) {
+                std::string text = whole;
+                text[at] = static_cast<char>(c);
+                const size_t room = at % 3 == 0 ? 150 : 150 - at % 100;
+                cpu_mask_features(kCpuAvx2);
+                const Bytes portable = readings(text, room);
+                cpu_mask_features(0);
+                ASSERT_EQ(readings(text, room), portable) << text << " " << c << " at " << at;
+            }
+}
+
+TEST(EncodingKernels, WriteAsThePortableCode) {
+    for (size_t size = 0; size < 130; size++) {
+        const Bytes data(size, static_cast<uint8_t>(0xF0 + size));
+        std::string texts[2][3];
+        for (const bool masked : {false, true}) {
+            cpu_mask_features(masked ? kCpuAvx2 : 0u);
+            texts[masked][0] = encode(data);
+            for (const bool lower : {false, true}) {
+                std::string& hex = texts[masked][1 + lower];
+                hex.resize(2 * size);
+                (lower ? hex_encode_lower : hex_encode)(hex.data(), 2 * size + 1, data.data(), size);
+            }
+        }
+        cpu_mask_features(0);
+        for (int i = 0; i < 3; i++)
+            EXPECT_EQ(texts[0][i], texts[1][i]);
     }
 }
