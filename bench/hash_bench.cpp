@@ -11,18 +11,18 @@
 
 namespace {
 
-constexpr int kSize = 16384;
-std::vector<unsigned char> message(kSize, 0x5a);
+std::vector<unsigned char> message(1 << 20, 0x5a);
 std::array<unsigned char, 64> ours, theirs;
 
 // The peer's fastest way: the algorithm fetched once and the context used again.
-void add_digest(const char* name, int option, const char* peerName) {
+void add_digest(const char* name, int size, int option, const char* peerName) {
     EVP_MD* algorithm = EVP_MD_fetch(nullptr, peerName, nullptr);
     EVP_MD_CTX* context = EVP_MD_CTX_new();
-    bench_register({name, kSize, [option] { HASH_Bytes(ours.data(), 64, message.data(), kSize, option); },
-                    [algorithm, context] {
+    bench_register({name, static_cast<size_t>(size),
+                    [option, size] { HASH_Bytes(ours.data(), 64, message.data(), size, option); },
+                    [algorithm, context, size] {
                         EVP_DigestInit_ex2(context, algorithm, nullptr);
-                        EVP_DigestUpdate(context, message.data(), kSize);
+                        EVP_DigestUpdate(context, message.data(), static_cast<size_t>(size));
                         EVP_DigestFinal_ex(context, theirs.data(), nullptr);
                     }});
 }
@@ -38,10 +38,22 @@ BENCH_ROWS {
         return std::string("SHA-1 ") + zul::sha1_kernel() + ", SHA-256 " + zul::sha256_kernel() +
                ", SHA-512 " + zul::sha512_kernel();
     });
-    add_digest("SHA-256, 16 KiB", ZUL_HASH_SHA256, "SHA256");
-    add_digest("SHA-1, 16 KiB", ZUL_HASH_SHA1, "SHA1");
-    add_digest("SHA-512, 16 KiB", ZUL_HASH_SHA512, "SHA512");
-    add_digest("MD5, 16 KiB", ZUL_HASH_MD5, "MD5");
+    constexpr struct {
+        const char* name;
+        int option;
+        const char* peerName;
+    } kDigests[] = {{"SHA-256", ZUL_HASH_SHA256, "SHA256"},
+                    {"SHA-1", ZUL_HASH_SHA1, "SHA1"},
+                    {"SHA-512", ZUL_HASH_SHA512, "SHA512"},
+                    {"MD5", ZUL_HASH_MD5, "MD5"}};
+    constexpr struct {
+        const char* name;
+        int bytes;
+    } kSizes[] = {{", 64 bytes", 64}, {", 1 KiB", 1 << 10}, {", 16 KiB", 1 << 14}, {", 1 MiB", 1 << 20}};
+    for (const auto& digest : kDigests)
+        for (const auto& size : kSizes)
+            add_digest((std::string(digest.name) + size.name).c_str(), size.bytes, digest.option,
+                       digest.peerName);
 
     bench_register({"HMAC-SHA-256, 64 bytes", 0, our_hmac, [] {
                         HMAC(EVP_sha256(), message.data(), 32, message.data(), 64, theirs.data(), nullptr);

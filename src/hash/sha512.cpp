@@ -12,6 +12,8 @@ void sha512_compress_portable(uint64_t state[8], const uint8_t* data, size_t blo
 
 static void compress(uint64_t state[8], const uint8_t* data, size_t blocks) {
 #if ZUL_X86_64
+    if (sha512_has_avx512())
+        return sha512_compress_avx512(state, data, blocks);
     if (sha512_has_avx2())
         return sha512_compress_avx2(state, data, blocks);
 #endif
@@ -20,6 +22,8 @@ static void compress(uint64_t state[8], const uint8_t* data, size_t blocks) {
 
 const char* sha512_kernel() {
 #if ZUL_X86_64
+    if (sha512_has_avx512())
+        return "avx512";
     if (sha512_has_avx2())
         return "avx2";
 #endif

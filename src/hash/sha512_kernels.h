@@ -16,6 +16,11 @@ inline bool sha512_has_avx2() {
     return cpu_has(kCpuAvx2);
 }
 void sha512_compress_avx2(uint64_t state[8], const uint8_t* data, size_t blocks);
+
+inline bool sha512_has_avx512() {
+    return cpu_has(kCpuAvx2 | kCpuAvx512);
+}
+void sha512_compress_avx512(uint64_t state[8], const uint8_t* data, size_t blocks);
 #endif
 
 } // namespace zul

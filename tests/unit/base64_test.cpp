@@ -127,7 +127,9 @@ TEST(EncodingKernels, ReadAsThePortableCode) {
 
 TEST(EncodingKernels, WriteAsThePortableCode) {
     for (size_t size = 0; size < 130; size++) {
-        const Bytes data(size, static_cast<uint8_t>(0xF0 + size));
+        Bytes data(size);
+        for (size_t i = 0; i < size; i++)
+            data[i] = static_cast<uint8_t>(i * 89 + size);
         std::string texts[2][3];
         for (const bool masked : {false, true}) {
             cpu_mask_features(masked ? kCpuAvx2 : 0u);

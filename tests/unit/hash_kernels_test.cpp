@@ -20,8 +20,9 @@ struct Level {
 };
 
 constexpr Level kLevels[] = {
-    {kCpuShani | kCpuSsse3 | kCpuAvx2, 0, "sha-ni", "sha-ni", "avx2"},
-    {kCpuAvx2, kCpuShani, "avx2", "avx2", "avx2"},
+    {kCpuShani | kCpuSsse3 | kCpuAvx2 | kCpuAvx512, 0, "sha-ni", "sha-ni", "avx512"},
+    {kCpuShani | kCpuSsse3 | kCpuAvx2, kCpuAvx512, "sha-ni", "sha-ni", "avx2"},
+    {kCpuAvx2, kCpuShani | kCpuAvx512, "avx2", "avx2", "avx2"},
     {0, kCpuShani | kCpuAvx2, "portable", "portable", "portable"},
 };
 
@@ -114,6 +115,8 @@ TEST(HashKernelFunctions, EqualThePortableOnes) {
         expect_same_as_portable<uint32_t, 8>(sha256_compress_avx2, sha256_compress_portable);
     if (sha512_has_avx2())
         expect_same_as_portable<uint64_t, 8>(sha512_compress_avx2, sha512_compress_portable);
+    if (sha512_has_avx512())
+        expect_same_as_portable<uint64_t, 8>(sha512_compress_avx512, sha512_compress_portable);
 }
 #endif
 
