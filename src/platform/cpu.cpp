@@ -1,5 +1,6 @@
 #include "platform/cpu.h"
 
+#include "platform/platform.h"
 #include "platform/target.h"
 
 #if ZUL_X86_64
@@ -100,6 +101,9 @@ void cpu_clear_vectors() {
                          ".endr");
 }
 #else
+uint64_t cpu_cycles() {
+    return platform::precise_ticks();
+}
 void cpu_clear_vectors() {}
 #endif
 

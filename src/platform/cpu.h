@@ -2,6 +2,8 @@
 #include <atomic>
 #include <cstdint>
 
+#include "platform/target.h"
+
 namespace zul {
 
 // Sets of instruction-set extensions that kernels ask for. A vector set counts as present only when the
@@ -31,6 +33,15 @@ inline bool cpu_has(uint32_t set) {
         have = cpu_detail::detect();
     return (have & set) == set;
 }
+
+// cpu_cycles reads the processor's cycle counter, which is the cheapest clock; elsewhere the finest one.
+#if ZUL_X86_64
+inline uint64_t cpu_cycles() {
+    return __builtin_ia32_rdtsc();
+}
+#else
+uint64_t cpu_cycles();
+#endif
 
 // cpu_mask_features hides the given features from cpu_has until it is called again; 0 shows all that the
 // processor has. For tests, so that every kernel can be reached on one machine.

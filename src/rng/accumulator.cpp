@@ -5,6 +5,7 @@
 #include "frame/call_frame.h"
 #include "frame/thread_record.h"
 #include "frame/wipe.h"
+#include "platform/cpu.h"
 #include "platform/platform.h"
 #include "rng/rng.h"
 
@@ -61,13 +62,14 @@ void stage_readings(RngState& state) {
     }
     const uint32_t ticks = platform::tick_count();
     // The memory status can be a system call, which costs far more than the clocks. It changes little within
-    // one tick.
-    if (ticks != state.memoryTicks) {
+    // one tick. The system time changes, but the cycle counter, which costs less, carries it on.
+    if (ticks != state.readTicks) {
         state.memory = condensed_memory();
-        state.memoryTicks = ticks;
+        state.time = static_cast<uint32_t>(platform::system_time() - cpu_cycles());
+        state.readTicks = ticks;
     }
     const uint32_t call = state.stagedCalls++;
-    state.stagedTime[call] = static_cast<uint32_t>(platform::system_time());
+    state.stagedTime[call] = state.time + static_cast<uint32_t>(cpu_cycles());
     state.stagedTicks[call] = ticks;
     state.stagedMemory[call] = state.memory;
 }
