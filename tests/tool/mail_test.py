@@ -189,13 +189,14 @@ class Mail(ToolTest):
             return write("m.eml", fields.encode() + b"\r\n" + signed[start:])
 
         for fields in ("From: alice@example.com", "From: alice@EXAMPLE.com", 'From: "mallory@evil.test" <alice@example.com>',
-                       "From: (mallory@evil.test) alice@example.com (or (so))", "from :\r\n <alice@example.com>"):
+                       "From: (mallory@evil.test) alice@example.com (or (so))", "from:\r\n <alice@example.com>"):
             self.verified(read(sent_by(fields)))
         for code, says, fields in some(((21, "not for the address of From, mallory@evil.test", "From: alice@example.com <mallory@evil.test>".replace("alice@", '"alice@"')),
                 (21, "mallory@evil.test", "From: mallory@evil.test (alice@example.com)"),
                 (21, "mallory@evil.test", "From: alice@example.com, mallory@evil.test"),
                 (7, "several fields from", "From: alice@example.com\r\nFrom: mallory@evil.test"),
-                (7, "several fields from", "From: alice@example.com\r\nfRoM : mallory@evil.test"),
+                (7, "several fields from", "From: alice@example.com\r\nfRoM: mallory@evil.test"),
+                (7, "blank before its colon", "From: alice@example.com\r\nfRoM : mallory@evil.test"), (7, "malformed", "From: =?utf-8?q?mallory=40evil.test?=@example.com"),
                 (7, "malformed", "From: alice@example.com <mallory@evil.test>"), (7, "malformed", "From: Alice alice@example.com"),
                 (7, "malformed", "From: all: alice@example.com;"), (7, "malformed", "From:"), (7, "malformed", "From: <alice@example.com> x"),
                 (7, "does not end", "From: alice@example.com (comment"), (7, "a CR that ends no line", "From: alice@example.com\rX: y"),
@@ -205,8 +206,9 @@ class Mail(ToolTest):
                 self.refused(code, "mail verify", sent_by(fields), *self.trusted, "-o", "never", says=says)
         sent_by("From: mallory@evil.test")
         self.assertIn(b"NOT COMPARED", self.done("mail verify m.eml --from-any", *self.trusted))
-        inside = signed_by_openssl(b"From: mallory@evil.test\r\n" + TEXT + b"\r\nText\r\n", "-from", "alice@example.com")
-        self.refused(21, "mail verify", write("m.eml", inside), *self.trusted, "-o", "never", says="mallory@evil.test")
+        for code, says, field in ((21, "mallory@evil.test", b"From: "), (7, "malformed header", b"From : "), (7, "malformed header", b"X: y\rFrom: ")):
+            inside = signed_by_openssl(field + b"mallory@evil.test\r\n" + TEXT + b"\r\nText\r\n", "-nodetach", "-from", "alice@example.com")
+            self.refused(code, "mail verify", write("m.eml", inside), *self.trusted, "-o", "never", says=says)
         self.done("cert issue --issuer=root.pem -k root.key --public-key alice.key -s CN=a;E=alice@example.com old.pem")
         self.done("mail sign letter.eml -k alice.key --cert=old.pem -o m.eml", warns=b"is not for the address of From")
         self.refused(21, "mail verify m.eml -o never", *self.trusted)
@@ -276,7 +278,8 @@ class Mail(ToolTest):
                 (7, "here are 0", signed[signed.index(boundary):], boundary + b"--\r\n"),
                 (7, "not a signature", b"Content-Type: application/pkcs7-signature", b"Content-Type: text/plain"),
                 (7, "follows the last one", boundary + b"--\r\n", boundary + b"--\r\n" + evil + boundary + b"--\r\n"),
-                (7, "readers disagree", b"Text.", boundary + b"x"), (7, "cut off", boundary + b"--", b""),
+                (7, "readers disagree", b"Text.", boundary + b"x"), (7, "a CR that ends no line", b"This is", b"x\r" + evil.replace(b"\r\n", b"\r")),
+                (7, "malformed", b"; boundary=", b"; boundary*1=x; boundary="), (7, "cut off", boundary + b"--", b""),
                 (7, "no boundary", b"; boundary=", b"; bound="), (7, "twice", b"; boundary=", b"; boundary*0=x; boundary="),
                 (7, "twice", b"; boundary=", b"; boundary=x; boundary="), (7, "malformed", b'boundary="', b'boundary*1="'),
                 (7, "does not end", b'"\r\n\r\nThis', b"\r\n\r\nThis"), (7, "wrong percent", b'boundary="', b"boundary*=''%4; x=\""),

@@ -22,7 +22,6 @@ struct CmsVerifyCommand {
             throw UsageError("--content and --content-digest exclude each other");
         if (json && is_standard_stream(out))
             throw UsageError("--json and -o - exclude each other: both write to standard output");
-        options.check({file, contentFile}, out);
         JsonObject unused;
         if (json)
             report_verdict(true, [this](JsonObject& about) {
@@ -35,6 +34,7 @@ struct CmsVerifyCommand {
 
     void verify(JsonObject& about) const {
         about.add_file("file", file);
+        options.check({file, contentFile}, out);
         const Message message(file);
         std::optional<ContentFile> content; // a stream can be read only once
         if (!contentFile.empty())

@@ -71,6 +71,20 @@ struct MailVerifyCommand {
     bool fromAny = false, subjectName = false, body = false, json = false;
     SignatureOptions options;
 
+    // claims_sender is true for a malformed header in which some readers may find a field From.
+    static bool claims_sender(std::string_view content) {
+        while (!content.empty()) {
+            const std::string line = lower_ascii(without_line_end(next_line(content)));
+            if (line.empty())
+                return false;
+            for (size_t at = line.find("from"); at != line.npos; at = line.find("from", at + 1))
+                if ((at == 0 || line[at - 1] == '\r') &&
+                    without_blanks(std::string_view(line).substr(at + 4)).starts_with(':'))
+                    return true;
+        }
+        return false;
+    }
+
     // addresses gives those of From, outside and in what was signed.
     static std::vector<std::string> addresses(const IncomingMail& mail, const SecretBytes& content) {
         std::vector<std::string> all;
@@ -84,6 +98,8 @@ struct MailVerifyCommand {
         add(mail.entity().header);
         if (looks_like_message(view_of(content)))
             add(MimeEntity(view_of(content), mail.name()).header);
+        else if (claims_sender(view_of(content)))
+            refuse(mail, BAD_FORMAT_ERROR, "What was signed has a field From in a malformed header.");
         if (all.empty())
             refuse(mail, NO_DATA_ERROR,
                    "The signature is good, but there is no field From to compare with the certificate; "
@@ -128,7 +144,6 @@ struct MailVerifyCommand {
     }
 
     void run() const {
-        options.check({file}, out);
         if (body && out.empty())
             throw UsageError("--body goes with --out");
         if (json && is_standard_stream(out))
@@ -145,6 +160,7 @@ struct MailVerifyCommand {
 
     void verify(JsonObject& about) const {
         about.add_file("file", file);
+        options.check({file}, out);
         SignatureOptions demands = options;
         if (demands.isValidated() && demands.path.purpose.empty())
             demands.path.purpose = kPurpose;

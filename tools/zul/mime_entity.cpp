@@ -164,6 +164,9 @@ Multipart::Multipart(const MimeEntity& entity, bool isStrict) {
         refuse(entity.name, "Its parts as a whole have a transfer encoding, which is not allowed.");
     const std::string mark = "--" + boundary_of(entity);
     std::string_view rest = entity.body;
+    if (isStrict && rest.find("\r" + mark) != rest.npos)
+        refuse(entity.name,
+               "A boundary of its parts follows a CR that ends no line; readers disagree about such lines.");
     const char* begin = rest.data(); // of the present part, or of what is before the first one
     bool isBefore = true, isClosed = false;
     const auto take_part = [&](const char* end) {

@@ -154,7 +154,8 @@ bool is_address(const std::string& text) {
            (text.find('@') == at || (text.front() == '"' && text[at - 1] == '"')) &&
            std::all_of(text.begin(), text.end(),
                        [](char c) { return static_cast<unsigned char>(c) >= 0x20 && c != 0x7F; }) &&
-           text.find_first_of(" <>", at) == text.npos;
+           text.find_first_of(" <>", at) == text.npos &&
+           text.find("=?") == text.npos; // some readers would decode it, to another address
 }
 
 } // namespace
@@ -193,9 +194,11 @@ MimeHeader MimeHeader::read(std::string_view& text, const std::string& name) {
             continue;
         }
         const size_t colon = line.find(':');
-        const std::string_view word = without_blanks(line.substr(0, colon == line.npos ? 0 : colon));
-        if (number == 1 && line.starts_with("From ") && word != "From")
+        const std::string_view word = line.substr(0, colon == line.npos ? 0 : colon);
+        if (number == 1 && line.starts_with("From ") && without_blanks(word) != "From")
             continue; // what parts the messages of a mailbox file
+        if (!word.empty() && is_blank(word.back()))
+            refuse_line("has a blank before its colon; some readers end the header there and others do not.");
         if (word.empty() ||
             !std::all_of(word.begin(), word.end(), [](char c) { return c > 0x20 && c < 0x7F; }))
             refuse_line("is no field: NAME: VALUE.");
@@ -262,8 +265,14 @@ MimeValue::MimeValue(const std::string& value, const std::string& name) : name_(
         const auto value_of = [&](const Segment& piece) {
             return piece.isEncoded ? percent_decoded(piece.value, piece.index == 0, name) : piece.value;
         };
-        if (each.index > 0)
+        if (each.index > 0) {
+            const bool hasFirst = std::any_of(segments.begin(), segments.end(), [&](const Segment& piece) {
+                return piece.base == each.base && piece.isNumbered && piece.index == 0;
+            });
+            if (!hasFirst) // readers disagree whether it counts
+                refuse_value();
             continue;
+        }
         std::string joined = value_of(each);
         size_t next = 1;
         if (each.isNumbered)
