@@ -1,5 +1,6 @@
 """Lists of digests of the command-line tool, written and checked, both ways with sha256sum and its kin."""
 import hashlib
+import json
 import os
 import subprocess
 
@@ -63,6 +64,13 @@ class Lists(ToolTest):
         self.assertEqual(sorted(result.stderr.decode().splitlines()), [
             "zul: warning: tree/dangling: left out, since it is no file", "zul: warning: tree/loop: a link to a folder is not followed",
             "zul: warning: tree/pipe: left out, since it is no file"])
+        start = os.getcwd()
+        for _ in range(25):  # longer than any path that the system opens
+            os.mkdir("d" * 200)
+            os.chdir("d" * 200)
+        os.chdir(start)
+        result = zul("hash sha1 --json -r", "d" * 200)
+        self.assertEqual((result.returncode, [each["error"]["code"] for each in json.loads(result.stdout)["files"]]), (1, [1]))
         os.symlink("tree/b", "folder")
         self.assertEqual(self.done("hash sha1 -r folder"), self.done("hash sha1 folder/1"))
 
@@ -138,6 +146,8 @@ class Lists(ToolTest):
         name = "a\x1b[2J\nb\\"
         write(name, b"abc")
         self.check(0, ["\\a?[2J\\nb\\\\: OK"], "hash sha256 --check -", stdin=self.done("hash sha256", name))
+        self.wrong_usage("unknown digest '?[2J?'", "hash", "\x1b[2J\x7f", name)
+        self.refused(1, "hash sha1", "AGE-SECRET-KEY-1QQQ", says="zul: a private key in place of a file's name:")
 
 
 if __name__ == "__main__":

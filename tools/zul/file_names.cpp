@@ -17,6 +17,8 @@ bool is_on_disk(const std::string& file) {
 std::string shown_name(const std::string& file) {
     if (is_standard_stream(file))
         return "standard input";
+    if (file.find("PRIVATE KEY-----") != file.npos || file.starts_with("AGE-SECRET-KEY-1"))
+        return "a private key in place of a file's name"; // messages get into logs
     std::string text;
     for (const char c : file)
         text += static_cast<unsigned char>(c) >= 0x20 && c != 0x7F ? c : '?';

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "failures.h"
 #include "file_names.h"
 #include "operating_system.h"
 
@@ -20,21 +19,23 @@ std::string with_slashes(std::string folder) {
 
 } // namespace
 
-std::vector<std::string> files_below(const std::string& folder, bool& isWhole) {
+std::vector<std::string>
+files_below(const std::string& folder,
+            const std::function<void(const std::string& file, const Refused&)>& onFailure) {
     std::vector<std::string> files, folders{with_slashes(folder)};
     while (!folders.empty()) {
         const std::string current = folders.back();
         folders.pop_back();
         std::vector<FolderEntry> entries;
-        if (!list_folder(current, entries)) {
-            print_error(Refused::by_system(READ_ERROR, current, "The folder cannot be read.").what());
-            isWhole = false;
-        }
+        if (!list_folder(current, entries))
+            onFailure(current, Refused::by_system(READ_ERROR, current, "The folder cannot be read."));
         for (const FolderEntry& entry : entries) {
             const std::string name = current + (current.ends_with('/') ? "" : "/") + entry.name;
             if (entry.name.empty()) {
-                print_error((shown_name(current) + " holds a file whose name has no characters").c_str());
-                isWhole = false;
+                onFailure(current, Refused::by_system(READ_ERROR, current,
+                                                      "It holds a file whose name has no characters."));
+            } else if (entry.kind == FolderEntry::Kind::unreadable) {
+                onFailure(name, Refused::by_system(OPEN_ERROR, name));
             } else if (entry.kind == FolderEntry::Kind::file) {
                 files.push_back(name);
             } else if (entry.kind == FolderEntry::Kind::folder) {

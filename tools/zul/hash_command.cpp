@@ -163,6 +163,12 @@ struct HashCommand {
         bool isWhole = true;
         Output out("-");
         JsonArray results;
+        const auto fail = [&](const std::string& file, const Refused& refused) {
+            print_error(refused.what());
+            isWhole = false;
+            if (lists.json)
+                results.add(JsonObject().add_file("file", file).add("error", error_object(refused)));
+        };
         const auto add = [&](const std::string& file) {
             try {
                 const std::string hex = file_digest(file, digest, form);
@@ -171,15 +177,12 @@ struct HashCommand {
                 else
                     out.write(digest_line(hex, file));
             } catch (const Refused& refused) { // the other files are still processed
-                print_error(refused.what());
-                isWhole = false;
-                if (lists.json)
-                    results.add(JsonObject().add_file("file", file).add("error", error_object(refused)));
+                fail(file, refused);
             }
         };
         for (const std::string& file : files.empty() ? std::vector<std::string>{"-"} : files)
             if (isRecursive && is_folder(file))
-                for (const std::string& each : files_below(file, isWhole))
+                for (const std::string& each : files_below(file, fail))
                     add(each);
             else
                 add(file);

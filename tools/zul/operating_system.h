@@ -48,9 +48,10 @@ bool lock_file(std::FILE* file);
 // start (on Windows it gets what its folder gives). Null if that fails.
 std::FILE* create_for_owner(const std::string& name);
 
-// FolderEntry is something in a folder. Its name is empty if the tool could not open it by any name.
+// FolderEntry is something in a folder, unreadable if the system does not tell what. Its name is empty if the
+// tool could not open it by any name.
 struct FolderEntry {
-    enum class Kind { file, folder, linkToFolder, other };
+    enum class Kind { file, folder, linkToFolder, other, unreadable };
     Kind kind;
     std::string name;
 };

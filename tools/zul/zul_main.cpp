@@ -1,4 +1,5 @@
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <memory>
 
 #include "arguments.h"
@@ -84,13 +85,20 @@ std::string explain(const CLI::App& app, const CLI::ParseError& error) {
     return error.what();
 }
 
+// without_controls replaces what could steer a terminal: a text may repeat an argument.
+std::string without_controls(std::string text) {
+    std::replace_if(
+        text.begin(), text.end(), [](unsigned char c) { return (c < 0x20 && c != '\n') || c == 0x7F; }, '?');
+    return text;
+}
+
 int report_usage(const CLI::App& app, const std::string& text) {
     const Chosen chosen(app);
     const std::string& name = chosen.name;
     CLI::Formatter formatter;
     formatter.label("SUBCOMMAND", "COMMAND");
     std::fprintf(stderr, "%s %s\n%s'%s --help' tells more.\n",
-                 tool::styled(tool::Style::error, name + ":", stderr).c_str(), text.c_str(),
+                 tool::styled(tool::Style::error, name + ":", stderr).c_str(), without_controls(text).c_str(),
                  formatter.make_usage(chosen.command, name).c_str(), name.c_str());
     return tool::kUsage;
 }

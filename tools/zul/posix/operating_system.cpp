@@ -141,14 +141,16 @@ bool list_folder(const std::string& folder, std::vector<FolderEntry>& entries) {
     std::error_code error;
     for (std::filesystem::directory_iterator each(folder, error), end; !error && each != end;
          each.increment(error)) {
-        std::error_code ignored;
+        std::error_code ignored, reason;
         const bool isLink = each->symlink_status(ignored).type() == file_type::symlink;
-        const file_type type = each->status(ignored).type();
+        const file_type type = each->status(reason).type();
         FolderEntry::Kind kind = FolderEntry::Kind::other;
         if (type == file_type::regular)
             kind = FolderEntry::Kind::file;
         else if (type == file_type::directory)
             kind = isLink ? FolderEntry::Kind::linkToFolder : FolderEntry::Kind::folder;
+        else if (type == file_type::none && reason != std::errc::too_many_symbolic_link_levels)
+            kind = FolderEntry::Kind::unreadable;
         entries.push_back({kind, each->path().filename().string()});
     }
     return !error;
