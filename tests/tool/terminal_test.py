@@ -1,6 +1,9 @@
 """What the command-line tool shows in a terminal: progress, colours, and nothing of both elsewhere."""
 import os
 import re
+import signal
+import subprocess
+import time
 import unittest
 
 from terminal import Terminal
@@ -47,6 +50,22 @@ class Shown(ToolTest):
         marks = zul("key make --bits 1024 --progress --password x c d").stderr
         self.assertRegex(marks, rb"\.+\*")
         self.assertNotIn(b"\r", marks)
+
+    def test_interrupted(self):
+        """What a signal leaves: no part of an output."""
+        recipient = self.done("identity me.key").decode().strip()
+        for command in (["encrypt", "-a", "aes-256-ctr", "--key", "00" * 32, "--iv", "00" * 16], ["seal", "-r", recipient]):
+            for end in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
+                with self.subTest(command, end=end), subprocess.Popen([TOOL[0], *command, "-", "out"], stdin=subprocess.PIPE) as process:
+                    process.stdin.write(bytes(1 << 20))
+                    process.stdin.flush()
+                    until = time.monotonic() + 20
+                    while time.monotonic() < until and not (os.path.exists("out") and os.path.getsize("out")):
+                        time.sleep(0.01)
+                    self.assertTrue(os.path.exists("out"))
+                    process.send_signal(end)
+                    self.assertEqual(process.wait(20), -end)
+                    self.assertFalse(os.path.exists("out"))
 
     def test_colours(self):
         red, yellow, green, bold, end = b"\x1b[1;31m", b"\x1b[1;33m", b"\x1b[1;32m", b"\x1b[1m", b"\x1b[0m"

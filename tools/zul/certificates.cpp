@@ -83,7 +83,7 @@ void ScratchFile::remove() const {
     if (isSecret_)
         WIPE_File(path_.c_str(), 0);
     std::filesystem::remove_all(path_of(folder_), ignored);
-    keep_on_signal(folder_);
+    keep_on_signal(folder_, path_);
 }
 
 void ScratchFile::deliver(const std::string& out) const {

@@ -30,10 +30,10 @@ bool make_standard_input(std::FILE* file);
 // are_one_file is true for two streams on the same regular file.
 bool are_one_file(std::FILE* one, std::FILE* other);
 
-// remove_on_signal makes a signal that ends the tool remove a file and its folder; keep_on_signal undoes
-// that. Windows has no such signals.
+// remove_on_signal makes a signal that ends the tool remove a file, and its folder unless that is "";
+// keep_on_signal undoes that. Windows has no such signals.
 void remove_on_signal(const std::string& folder, const std::string& file);
-void keep_on_signal(const std::string& folder);
+void keep_on_signal(const std::string& folder, const std::string& file);
 
 // path_of gives the path of a name as the library takes it.
 std::filesystem::path path_of(const std::string& name);

@@ -86,10 +86,15 @@ struct SealedFile {
         int result;
         bool hasRedirected;
         {
+            std::error_code ignored;
+            const bool isNew = !is_standard_stream(out) && !std::filesystem::exists(path_of(out), ignored);
+            if (isNew) // what is replaced stays as it was until the end
+                remove_on_signal("", out);
             const InputWatch watch(in, out);
             hasRedirected = watch.has_redirected();
             result = call((is_standard_stream(in) || hasRedirected ? ZUL_SEAL_STDIN : 0) |
                           (is_standard_stream(out) ? ZUL_SEAL_STDOUT : 0));
+            keep_on_signal("", out);
         }
         // The library speaks of standard input then, which the user did not name.
         if (result == READ_ERROR && hasRedirected && last_error().find("standard input") != std::string::npos)

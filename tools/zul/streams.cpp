@@ -100,6 +100,8 @@ Output::Output(const std::string& name, bool forOwnerAlone) : name_(name), file_
     if (file_ == nullptr)
         throw Refused::by_system(CREATE_ERROR, name);
     std::setvbuf(file_, nullptr, _IONBF, 0);
+    if (is_on_disk(name)) // never a device
+        remove_on_signal("", name);
 }
 
 Output::~Output() {
@@ -111,6 +113,7 @@ Output::~Output() {
         return;
     std::filesystem::resize_file(path_of(name_), 0, ignored); // it may have other names
     std::filesystem::remove(path_of(name_), ignored);
+    keep_on_signal("", name_);
 }
 
 void Output::write(const void* data, size_t size) {
@@ -121,6 +124,8 @@ void Output::write(const void* data, size_t size) {
 void Output::finish() {
     std::FILE* file = file_ == stdout ? stdout : std::exchange(file_, nullptr);
     const bool lost = file == stdout ? std::fflush(file) != 0 : std::fclose(file) != 0;
+    if (file != stdout)
+        keep_on_signal("", name_);
     if (lost)
         throw Refused::by_system(WRITE_ERROR, name_);
 }

@@ -31,6 +31,10 @@ Doomed doomed[8];
 extern "C" void remove_and_end(int signal) {
     for (Doomed& each : doomed)
         if (each.isThere != 0) {
+            const int emptied =
+                open(each.file, O_WRONLY | O_TRUNC | O_NONBLOCK | O_CLOEXEC); // of other names too
+            if (emptied >= 0)
+                close(emptied);
             unlink(each.file);
             rmdir(each.folder);
         }
@@ -61,9 +65,9 @@ void remove_on_signal(const std::string& folder, const std::string& file) {
     free->isThere = 1;
 }
 
-void keep_on_signal(const std::string& folder) {
+void keep_on_signal(const std::string& folder, const std::string& file) {
     for (Doomed& each : doomed)
-        if (each.isThere != 0 && folder == each.folder)
+        if (each.isThere != 0 && folder == each.folder && file == each.file)
             each.isThere = 0;
 }
 

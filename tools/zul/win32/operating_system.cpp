@@ -100,7 +100,7 @@ void restore_mode() {
 } // namespace
 
 void remove_on_signal(const std::string&, const std::string&) {}
-void keep_on_signal(const std::string&) {}
+void keep_on_signal(const std::string&, const std::string&) {}
 
 void prepare_streams() {
     _setmode(_fileno(stdin), _O_BINARY);
