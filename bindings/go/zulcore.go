@@ -77,7 +77,7 @@ func nonceOption(nonce []byte) int32 {
 }
 
 // Encrypt encrypts with "aes-256-gcm" (for "") or another algorithm; a nil nonce is a random one before the result.
-func Encrypt(algorithm string, data, key, nonce, aad []byte) ([]byte, error) {
+func Encrypt(algorithm string, key, data, aad, nonce []byte) ([]byte, error) {
 	c := begin()
 	defer c.end()
 	if algorithm == "" {
@@ -93,7 +93,7 @@ func Encrypt(algorithm string, data, key, nonce, aad []byte) ([]byte, error) {
 }
 
 // Decrypt undoes Encrypt.
-func Decrypt(algorithm string, data, key, nonce, aad []byte) ([]byte, error) {
+func Decrypt(algorithm string, key, data, aad, nonce []byte) ([]byte, error) {
 	c := begin()
 	defer c.end()
 	if algorithm == "" {

@@ -118,9 +118,9 @@ function ZulHashFileHex(const FileName: string; const Algorithm: UTF8String = 's
 function ZulHmac(const Key, Data: TBytes; const Algorithm: UTF8String = 'sha256'): TBytes;
 
 /// Without a nonce a random one is put before the result, and ZulDecrypt takes it from there.
-function ZulEncrypt(const Data, Key: TBytes; const Aad: TBytes = nil; const Nonce: TBytes = nil;
+function ZulEncrypt(const Key, Data: TBytes; const Aad: TBytes = nil; const Nonce: TBytes = nil;
   const Algorithm: UTF8String = 'aes-256-gcm'): TBytes;
-function ZulDecrypt(const Data, Key: TBytes; const Aad: TBytes = nil; const Nonce: TBytes = nil;
+function ZulDecrypt(const Key, Data: TBytes; const Aad: TBytes = nil; const Nonce: TBytes = nil;
   const Algorithm: UTF8String = 'aes-256-gcm'): TBytes;
 
 function ZulPbkdf2(Size: Integer; const Password, Salt: TBytes; Iterations: Integer = 600000;
@@ -710,7 +710,7 @@ begin
     Result := ZUL_AEAD_RANDOM_NONCE;
 end;
 
-function ZulEncrypt(const Data, Key, Aad, Nonce: TBytes; const Algorithm: UTF8String): TBytes;
+function ZulEncrypt(const Key, Data, Aad, Nonce: TBytes; const Algorithm: UTF8String): TBytes;
 begin
   Result := NewBytes(ZulCheck(AEAD_Encrypt(nil, 0, Start(Data), Size(Data), Start(Key), Size(Key), Start(Nonce),
     Size(Nonce), Start(Aad), Size(Aad), Utf8(Algorithm), NonceOption(Nonce))));
@@ -718,7 +718,7 @@ begin
     Size(Nonce), Start(Aad), Size(Aad), PAnsiChar(Algorithm), NonceOption(Nonce)));
 end;
 
-function ZulDecrypt(const Data, Key, Aad, Nonce: TBytes; const Algorithm: UTF8String): TBytes;
+function ZulDecrypt(const Key, Data, Aad, Nonce: TBytes; const Algorithm: UTF8String): TBytes;
 begin
   Result := NewBytes(ZulCheck(AEAD_Decrypt(nil, 0, Start(Data), Size(Data), Start(Key), Size(Key), Start(Nonce),
     Size(Nonce), Start(Aad), Size(Aad), Utf8(Algorithm), NonceOption(Nonce))));

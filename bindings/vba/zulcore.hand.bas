@@ -359,7 +359,7 @@ End Function
 ' --- Encryption with a key, keys from passwords ---
 
 ' A random nonce stands before the result, from where zulDecrypt takes it.
-Public Function zulEncrypt(ByRef data() As Byte, ByRef key() As Byte, ByRef aad() As Byte, _
+Public Function zulEncrypt(ByRef key() As Byte, ByRef data() As Byte, ByRef aad() As Byte, _
     Optional ByVal algorithm As String = "aes-256-gcm") As Byte()
     Dim alg() As Byte, result() As Byte
     alg = zulZero(algorithm)
@@ -370,7 +370,7 @@ Public Function zulEncrypt(ByRef data() As Byte, ByRef key() As Byte, ByRef aad(
 End Function
 
 ' plain has no size if the message is empty.
-Public Sub zulDecrypt(ByRef plain() As Byte, ByRef data() As Byte, ByRef key() As Byte, ByRef aad() As Byte, _
+Public Sub zulDecrypt(ByRef plain() As Byte, ByRef key() As Byte, ByRef data() As Byte, ByRef aad() As Byte, _
     Optional ByVal algorithm As String = "aes-256-gcm")
     Dim alg() As Byte, count As Long
     alg = zulZero(algorithm)

@@ -77,13 +77,13 @@ func run(t *testing.T, vector map[string]string) {
 		result, err = zulcore.Scrypt(len(wanted), field("Password"), field("Salt"), int32(number(vector["N"])),
 			int32(number(vector["R"])), int32(number(vector["P"])))
 	case "aead":
-		result, err = zulcore.Encrypt(algorithm, field("Message"), field("Key"), field("Nonce"), field("Aad"))
-		plain, failure := zulcore.Decrypt(algorithm, result, field("Key"), field("Nonce"), field("Aad"))
+		result, err = zulcore.Encrypt(algorithm, field("Key"), field("Message"), field("Aad"), field("Nonce"))
+		plain, failure := zulcore.Decrypt(algorithm, field("Key"), result, field("Aad"), field("Nonce"))
 		if failure != nil || !bytes.Equal(plain, field("Message")) {
 			t.Error("decryption", vector, failure)
 		}
 	case "aead-refused":
-		_, err = zulcore.Decrypt(algorithm, field("Message"), field("Key"), field("Nonce"), field("Aad"))
+		_, err = zulcore.Decrypt(algorithm, field("Key"), field("Message"), field("Aad"), field("Nonce"))
 		refused(t, number(vector["Error"]), "decryption", err)
 		return
 	case "verify":
@@ -147,19 +147,19 @@ func TestEncryption(t *testing.T) {
 	data, err := zulcore.RandomBytes(70000)
 	must(t, err)
 	key := data[:32]
-	sealed, err := zulcore.Encrypt("", data, key, nil, nil)
+	sealed, err := zulcore.Encrypt("", key, data, nil, nil)
 	must(t, err)
-	if opened, err := zulcore.Decrypt("", sealed, key, nil, nil); err != nil || !bytes.Equal(opened, data) {
+	if opened, err := zulcore.Decrypt("", key, sealed, nil, nil); err != nil || !bytes.Equal(opened, data) {
 		t.Error("a random nonce", err)
 	}
-	empty, err := zulcore.Encrypt("", nil, key, nil, []byte("aad"))
+	empty, err := zulcore.Encrypt("", key, nil, []byte("aad"), nil)
 	must(t, err)
-	if opened, err := zulcore.Decrypt("", empty, key, nil, []byte("aad")); err != nil || len(opened) != 0 {
+	if opened, err := zulcore.Decrypt("", key, empty, []byte("aad"), nil); err != nil || len(opened) != 0 {
 		t.Error("an empty message", err)
 	}
-	_, err = zulcore.Decrypt("", empty, key, nil, []byte("add"))
+	_, err = zulcore.Decrypt("", key, empty, []byte("add"), nil)
 	refused(t, raw.DECRYPT_ERROR, "other data beside it", err)
-	_, err = zulcore.Decrypt("", nil, key, nil, nil)
+	_, err = zulcore.Decrypt("", key, nil, nil, nil)
 	refused(t, raw.BAD_LENGTH_ERROR, "too short", err)
 	_, err = zulcore.RandomNumber(2, 1)
 	refused(t, raw.OUT_OF_RANGE_ERROR, "no range", err)

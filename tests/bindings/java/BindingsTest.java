@@ -60,11 +60,11 @@ public final class BindingsTest {
         }
 
         private byte[] encrypt() {
-            return Zul.encrypt(get("Algorithm"), bytes("Message"), bytes("Key"), bytes("Nonce"), bytes("Aad"));
+            return Zul.encrypt(get("Algorithm"), bytes("Key"), bytes("Message"), bytes("Aad"), bytes("Nonce"));
         }
 
         private byte[] decrypt(byte[] message) {
-            return Zul.decrypt(get("Algorithm"), message, bytes("Key"), bytes("Nonce"), bytes("Aad"));
+            return Zul.decrypt(get("Algorithm"), bytes("Key"), message, bytes("Aad"), bytes("Nonce"));
         }
 
         private byte[] result() {
@@ -142,11 +142,11 @@ public final class BindingsTest {
     private static void encryption() throws Exception {
         byte[] data = Zul.randomBytes(70000);
         byte[] key = Zul.randomBytes(32);
-        claim(Arrays.equals(Zul.decrypt(Zul.encrypt(data, key, NONE), key, NONE), data), "a random nonce");
-        byte[] empty = Zul.encrypt(NONE, key, ascii("aad"));
-        claim(Zul.decrypt(empty, key, ascii("aad")).length == 0, "an empty message");
-        refused(Zulcore.DECRYPT_ERROR, "other data beside it", () -> Zul.decrypt(empty, key, ascii("add")));
-        refused(Zulcore.BAD_LENGTH_ERROR, "too short", () -> Zul.decrypt(NONE, key, NONE));
+        claim(Arrays.equals(Zul.decrypt(key, Zul.encrypt(key, data, NONE), NONE), data), "a random nonce");
+        byte[] empty = Zul.encrypt(key, NONE, ascii("aad"));
+        claim(Zul.decrypt(key, empty, ascii("aad")).length == 0, "an empty message");
+        refused(Zulcore.DECRYPT_ERROR, "other data beside it", () -> Zul.decrypt(key, empty, ascii("add")));
+        refused(Zulcore.BAD_LENGTH_ERROR, "too short", () -> Zul.decrypt(key, NONE, NONE));
         refused(Zulcore.OUT_OF_RANGE_ERROR, "no range", () -> Zul.randomNumber(2, 1));
         claim(Zul.randomBytes(0).length == 0 && Zul.randomNumber(3, 3) == 3, "bounds of random numbers");
     }

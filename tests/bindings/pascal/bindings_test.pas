@@ -54,12 +54,12 @@ end;
 
 procedure DecryptRecord;
 begin
-  ZulDecrypt(Bytes('Message'), Bytes('Key'), Bytes('Aad'), Bytes('Nonce'), Text('Algorithm'));
+  ZulDecrypt(Bytes('Key'), Bytes('Message'), Bytes('Aad'), Bytes('Nonce'), Text('Algorithm'));
 end;
 
 procedure EncryptRecord;
 begin
-  ZulEncrypt(Bytes('Message'), Bytes('Key'), Bytes('Aad'), Bytes('Nonce'), Text('Algorithm'));
+  ZulEncrypt(Bytes('Key'), Bytes('Message'), Bytes('Aad'), Bytes('Nonce'), Text('Algorithm'));
 end;
 
 procedure VerifyRecord;
@@ -94,8 +94,8 @@ begin
     Result := ZulScrypt(Size, Bytes('Password'), Bytes('Salt'), Number('N'), Number('R'), Number('P'))
   else if Kind = 'aead' then
   begin
-    Result := ZulEncrypt(Bytes('Message'), Bytes('Key'), Bytes('Aad'), Bytes('Nonce'), Text('Algorithm'));
-    Claim(Same(ZulDecrypt(Result, Bytes('Key'), Bytes('Aad'), Bytes('Nonce'), Text('Algorithm')), Bytes('Message')),
+    Result := ZulEncrypt(Bytes('Key'), Bytes('Message'), Bytes('Aad'), Bytes('Nonce'), Text('Algorithm'));
+    Claim(Same(ZulDecrypt(Bytes('Key'), Result, Bytes('Aad'), Bytes('Nonce'), Text('Algorithm')), Bytes('Message')),
       'decryption, ' + Text('Algorithm'));
   end
   else if Kind = 'verify' then
@@ -189,10 +189,10 @@ begin
   Claim(Same(ZulFromBase64(ZulToBase64(Data)), Data) and Same(ZulFromHex(ZulToHex(Data)), Data), 'base64 and hex');
   Claim((ZulToHex(nil) = '') and (ZulFromHex('') = nil) and (Length(ZulRandomBytes(0)) = 0), 'empty encodings');
   Key := ZulRandomBytes(32);
-  Claim(Same(ZulDecrypt(ZulEncrypt(Data, Key), Key), Data), 'a random nonce');
-  Claim(Length(ZulDecrypt(ZulEncrypt(nil, Key, ZulUtf8('aad')), Key, ZulUtf8('aad'))) = 0, 'an empty message');
+  Claim(Same(ZulDecrypt(Key, ZulEncrypt(Key, Data)), Data), 'a random nonce');
+  Claim(Length(ZulDecrypt(Key, ZulEncrypt(Key, nil, ZulUtf8('aad')), ZulUtf8('aad'))) = 0, 'an empty message');
   try
-    ZulDecrypt(ZulEncrypt(nil, Key), ZulRandomBytes(32));
+    ZulDecrypt(ZulRandomBytes(32), ZulEncrypt(Key, nil));
     Claim(False, 'an empty message under another key');
   except
     on E: EZulError do

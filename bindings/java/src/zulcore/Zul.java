@@ -68,16 +68,16 @@ public final class Zul {
     // Encryption with a key
 
     /** AES-256-GCM with a random nonce, which stands before the result. */
-    public static byte[] encrypt(byte[] data, byte[] key, byte[] aad) {
-        return encrypt("aes-256-gcm", data, key, null, aad);
+    public static byte[] encrypt(byte[] key, byte[] data, byte[] aad) {
+        return encrypt("aes-256-gcm", key, data, aad, null);
     }
 
-    public static byte[] decrypt(byte[] data, byte[] key, byte[] aad) {
-        return decrypt("aes-256-gcm", data, key, null, aad);
+    public static byte[] decrypt(byte[] key, byte[] data, byte[] aad) {
+        return decrypt("aes-256-gcm", key, data, aad, null);
     }
 
     /** A null nonce is a random one before the result. */
-    public static byte[] encrypt(String algorithm, byte[] data, byte[] key, byte[] nonce, byte[] aad) {
+    public static byte[] encrypt(String algorithm, byte[] key, byte[] data, byte[] aad, byte[] nonce) {
         byte[] given = nonce == null ? new byte[0] : nonce;
         int option = nonce == null ? Zulcore.ZUL_AEAD_RANDOM_NONCE : 0;
         int size = Math.addExact(data.length, TAG_AND_NONCE);
@@ -89,7 +89,7 @@ public final class Zul {
         }
     }
 
-    public static byte[] decrypt(String algorithm, byte[] data, byte[] key, byte[] nonce, byte[] aad) {
+    public static byte[] decrypt(String algorithm, byte[] key, byte[] data, byte[] aad, byte[] nonce) {
         byte[] given = nonce == null ? new byte[0] : nonce;
         int option = nonce == null ? Zulcore.ZUL_AEAD_RANDOM_NONCE : 0;
         int size = Math.max(data.length - TAG, 0);
