@@ -2188,15 +2188,27 @@ Public Sub zulCmsContent(ByVal fileOut As String, ByVal fileIn As String)
     zulCheck CMS_ReadSigDataPtr(VarPtr(target(0)), VarPtr(source(0)), 0)
 End Sub
 
-' The number of recipients who can read the message: compare it with the number of certificates in the list.
-Public Function zulCmsEncrypt(ByVal fileOut As String, ByVal fileIn As String, ByVal certs As String, _
-    Optional ByVal options As Long = ZUL_CMS_CIPHER_AES256) As Long
-    Dim target() As Byte, source() As Byte, list() As Byte
+' Raises, and leaves no message, unless the owners of all certificates can read it; there may be ten.
+Public Sub zulCmsEncrypt(ByVal fileOut As String, ByVal fileIn As String, ByVal certs As String, _
+    Optional ByVal options As Long = ZUL_CMS_CIPHER_AES256)
+    Dim target() As Byte, source() As Byte, list() As Byte, parts() As String, served As Long, i As Long
+    parts = Split(certs, ";")
+    If UBound(parts) < 0 Or UBound(parts) > 9 Then zulRefuse OUT_OF_RANGE_ERROR, "a message has 1 to 10 recipients"
+    For i = 0 To UBound(parts)
+        If Len(Trim$(parts(i))) = 0 Then zulRefuse BAD_PARAM_ERROR, "a certificate without a name"
+    Next
     target = zulZeroName(fileOut)
     source = zulZeroName(fileIn)
     list = zulZeroName(certs)
-    zulCmsEncrypt = zulCheck(CMS_MakeEnvDataPtr(VarPtr(target(0)), VarPtr(source(0)), VarPtr(list(0)), 0, 0, options))
-End Function
+    served = zulCheck(CMS_MakeEnvDataPtr(VarPtr(target(0)), VarPtr(source(0)), VarPtr(list(0)), 0, 0, options))
+    If served <> UBound(parts) + 1 Then
+        ' A message that cannot be deleted must not hide that it is not for everybody.
+        On Error Resume Next
+        Kill fileOut
+        On Error GoTo 0
+        zulFail BAD_KEY_ERROR ' the library's text tells the certificate
+    End If
+End Sub
 
 Public Sub zulCmsDecrypt(ByVal fileOut As String, ByVal fileIn As String, ByVal cert As String, ByRef key() As Byte)
     Dim target() As Byte, source() As Byte, recipient() As Byte

@@ -23,6 +23,9 @@ Sub Main
     Claim Refusal("half"), "8 INVALID_DATA_ERROR (8): a text with half of a character", "half of a character"
     Claim Refusal("odd"), "8 INVALID_DATA_ERROR (8): an odd number of hex digits", "odd hex"
     Claim Refusal("digit"), "8 INVALID_DATA_ERROR (8): not a hex digit", "a wrong digit"
+    Claim Refusal("nobody"), "11 OUT_OF_RANGE_ERROR (11): a message has 1 to 10 recipients", "no recipient"
+    Claim Refusal("eleven"), "11 OUT_OF_RANGE_ERROR (11): a message has 1 to 10 recipients", "eleven recipients"
+    Claim Refusal("nameless"), "6 BAD_PARAM_ERROR (6): a certificate without a name", "a recipient without a name"
     Claim Refusal("none"), "", "no refusal"
     Claim zulErrorName(DECRYPT_ERROR) & zulErrorName(9999) & zulErrorName(-1), "DECRYPT_ERRORMISC_ERRORERROR", "names"
     Claim CStr(ZUL_EMSIG_GETALG), "32768", "bit 15"
@@ -70,6 +73,9 @@ Function Refusal(ByVal what As String) As String
         Case "half": bytes = zulUtf8(ChrW(&HD834) & "z")
         Case "odd": bytes = zulUnhex("abc")
         Case "digit": bytes = zulUnhex("0g")
+        Case "nobody": zulCmsEncrypt "out", "in", ""
+        Case "eleven": zulCmsEncrypt "out", "in", "1;2;3;4;5;6;7;8;9;10;11"
+        Case "nameless": zulCmsEncrypt "out", "in", "1; ;3"
         Case Else: bytes = zulUnhex("00")
     End Select
     Exit Function
