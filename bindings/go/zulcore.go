@@ -364,8 +364,8 @@ func CMSEncrypt(fileOut, fileIn string, certs ...string) error {
 	return err
 }
 
-// CMSDecrypt decrypts a message for the owner of a certificate.
-func CMSDecrypt(fileOut, fileIn, cert string, key *Key) error {
+// CMSDecrypt decrypts a message with a key; cert, its certificate, may be "".
+func CMSDecrypt(fileOut, fileIn string, key *Key, cert string) error {
 	c := begin()
 	defer c.end()
 	target, source, recipient, owner := c.name(fileOut), c.name(fileIn), c.nameOrNil(cert), c.key(key)

@@ -194,7 +194,7 @@ procedure ZulCmsContent(const FileOut, FileIn: string);
 /// Raises, and leaves no message, unless all of the count of recipients can read it.
 procedure ZulCmsEncrypt(const FileOut, FileIn: string; const RecipientCerts: array of string;
   Options: Integer = ZUL_CMS_CIPHER_AES256);
-procedure ZulCmsDecrypt(const FileOut, FileIn, RecipientCert: string; Key: TZulKey);
+procedure ZulCmsDecrypt(const FileOut, FileIn: string; Key: TZulKey; const RecipientCert: string = '');
 
 /// A request to an OCSP responder: the bytes to send.
 function ZulOcspRequest(const IssuerCert, CertOrSerial: string; Options: Integer = ZUL_HASH_SHA1): TBytes;
@@ -1164,7 +1164,7 @@ begin
     end;
 end;
 
-procedure ZulCmsDecrypt(const FileOut, FileIn, RecipientCert: string; Key: TZulKey);
+procedure ZulCmsDecrypt(const FileOut, FileIn: string; Key: TZulKey; const RecipientCert: string);
 var
   Target, Source, Cert: RawByteString;
 begin

@@ -2123,8 +2123,8 @@ Public Sub zulP12Pack(ByVal fileOut As String, ByVal certs As String, ByRef key(
 End Sub
 
 ' certsOut: the file for the certificates, or "".
-Public Sub zulP12Unpack(ByRef key() As Byte, ByVal certsOut As String, ByVal fileName As String, _
-    ByVal password As String, Optional ByVal options As Long = 0)
+Public Sub zulP12Unpack(ByRef key() As Byte, ByVal fileName As String, ByVal password As String, _
+    Optional ByVal certsOut As String = "", Optional ByVal options As Long = 0)
     Dim target() As Byte, source() As Byte, secret() As Byte, room() As Byte, status As Long, count As Long
     target = zulZeroName(certsOut)
     source = zulZeroName(fileName)
@@ -2210,7 +2210,8 @@ Public Sub zulCmsEncrypt(ByVal fileOut As String, ByVal fileIn As String, ByVal 
     End If
 End Sub
 
-Public Sub zulCmsDecrypt(ByVal fileOut As String, ByVal fileIn As String, ByVal cert As String, ByRef key() As Byte)
+Public Sub zulCmsDecrypt(ByVal fileOut As String, ByVal fileIn As String, ByRef key() As Byte, _
+    Optional ByVal cert As String = "")
     Dim target() As Byte, source() As Byte, recipient() As Byte
     target = zulZeroName(fileOut)
     source = zulZeroName(fileIn)

@@ -275,7 +275,7 @@ func TestCertificates(t *testing.T) {
 	if _, err = os.Stat("none.env"); err == nil {
 		t.Error("a message that not all can read")
 	}
-	must(t, zulcore.CMSDecrypt("abc.plain", "abc.env", "leaf.pem", leaf))
+	must(t, zulcore.CMSDecrypt("abc.plain", "abc.env", leaf, "leaf.pem"))
 	if plain, _ := os.ReadFile("abc.plain"); string(plain) != "abc" {
 		t.Error("a message", plain)
 	}

@@ -216,7 +216,7 @@ public final class BindingsTest {
             refused(Zulcore.BAD_KEY_ERROR, "a key that cannot encrypt",
                     () -> Zul.cmsEncrypt("none.env", "abc", "leaf.pem", "ec.pem"));
             claim(!Files.exists(Path.of("none.env")), "a message that not all can read");
-            Zul.cmsDecrypt("abc.plain", "abc.env", "leaf.pem", leaf);
+            Zul.cmsDecrypt("abc.plain", "abc.env", leaf, "leaf.pem");
             claim(Files.readString(Path.of("abc.plain")).equals("abc"), "a message");
             leaf.verifyFile(leaf.signFile("abc", null, 0), "abc", null, 0);
             refused(Zulcore.SIGNATURE_ERROR, "another file",

@@ -331,7 +331,7 @@ begin
   ZulCmsVerify('abc.p7m', 'leaf.pem');
   ZulCmsContent('abc.read', 'abc.p7m');
   ZulCmsEncrypt('abc.env', 'abc.read', ['leaf.pem']);
-  ZulCmsDecrypt('abc.plain', 'abc.env', 'leaf.pem', Leaf);
+  ZulCmsDecrypt('abc.plain', 'abc.env', Leaf, 'leaf.pem');
   Claim(ZulHashFileHex('abc.plain') = ZulHashFileHex('abc'), 'a message');
   Claim(Length(ZulOcspRequest('root.pem', 'leaf.pem')) > 50, 'OCSP request');
 end;

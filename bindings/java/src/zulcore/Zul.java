@@ -394,7 +394,8 @@ public final class Zul {
         }
     }
 
-    public static void cmsDecrypt(String fileOut, String fileIn, String cert, Key key) {
+    /** The certificate may be null. */
+    public static void cmsDecrypt(String fileOut, String fileIn, Key key, String cert) {
         try (Call call = new Call()) {
             check(LIBRARY.CMS_ReadEnvData(call.name(fileOut), call.name(fileIn), call.nameOrNull(cert), key.pointer(),
                     0));
