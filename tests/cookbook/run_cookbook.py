@@ -9,14 +9,15 @@ import subprocess
 import sys
 import tempfile
 
-arguments, _, launcher = (" ".join(sys.argv[1:]).partition(" -- "))
-folder, programs, *built = (pathlib.Path(name).resolve() for name in arguments.split())
+end = sys.argv.index("--") if "--" in sys.argv else len(sys.argv)
+folder, programs, *built = (pathlib.Path(name).resolve() for name in sys.argv[1:end])
+launcher = sys.argv[end + 1:]
 
 
 def command_of(path):
     if path.suffix == ".c":
         names = [programs / f"{folder.name}_{path.stem}{suffix}" for suffix in ("", ".exe")]
-        return [*launcher.split(), str(next(name for name in names if name.exists()))]
+        return [*launcher, str(next(name for name in names if name.exists()))]
     if path.suffix == ".py":
         return [sys.executable, str(path), str(built[1])]
     return ["bash", str(path)]
