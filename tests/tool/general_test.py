@@ -89,6 +89,7 @@ class Secrets(ToolTest):
             "kdf pbkdf2 --salt 00 --iterations=1 --password=a": ("--password", "--password-file FILE or the prompt"),
             "seal --password a in.bin -": ("--password", "--password-file FILE or -p"),
             "key make --type ed25519 --force --password=a pub pri": ("--password", "--password-file FILE or the prompt"),
+            "key show --password=a pub": ("--password", "--password-file FILE or the prompt"),
             "key convert --force --encrypt aes-128 --count=9 --password=a --new-password=b pri new": ("--password", "--password-file FILE or the prompt")}
 
     def test_a_warning_of_secrets_among_the_arguments(self):

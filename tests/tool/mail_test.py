@@ -176,6 +176,9 @@ class Mail(ToolTest):
                                  [header[1], 'bob@example.com, "B, C" <c@example.com>', header[-1]])
                 self.assertIsNotNone(outer["Date"].datetime)
                 self.assertEqual(leaves(content)[0][1], file if body != b"Zeile\r\nnoch eine" else None)
+        word = self.done("mail sign letter.eml --subject", "y" * 3000, *self.by)
+        self.assertLessEqual(max(map(len, word.split(b"\r\n"))), 998)
+        self.assertEqual(email.message_from_bytes(word, policy=email.policy.default)["Subject"], "y" * 3000)
         self.done("mail sign letter.eml --from alice@example.com --subject", "x y " * 60, *self.by, "-o", "long.eml")
         outer = email.message_from_bytes(read("long.eml"), policy=email.policy.default)
         self.assertEqual((outer.get_all("From"), str(outer["Subject"]), str(outer["To"])),

@@ -64,12 +64,10 @@ ObjectArgument certificate_object(const std::string& file) {
 
 ScratchFile::ScratchFile(bool isSecret) : isSecret_(isSecret) {
     folder_ = temporary_folder() + "zul-" + random_serial();
-    std::error_code error;
-    if (!std::filesystem::create_directory(path_of(folder_), error))
+    if (!create_folder_for_owner(folder_))
         throw Refused::by_system(CREATE_ERROR, folder_,
                                  "What is made goes to a folder for temporary files first; " +
                                      std::string(temporary_variable()) + " says which.");
-    std::filesystem::permissions(path_of(folder_), std::filesystem::perms::owner_all, error);
     path_ = folder_ + "/made";
     remove_on_signal(folder_, path_);
 }

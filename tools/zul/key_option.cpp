@@ -28,7 +28,8 @@ void KeyOption::add_to(CLI::App& command, const std::string& name, const std::st
     name_ = "--" + name;
     command
         .add_option(name_, mark_, what + " in hex (--" + name + "-file keeps it out of the shell's history)")
-        ->type_name("HEX");
+        ->type_name("HEX")
+        ->each([this](const std::string&) { warn_of_secret(name_, name_ + "-file FILE"); });
     command.add_option(name_ + "-file", file_, what + " from a file")->type_name("FILE");
 }
 
@@ -70,7 +71,6 @@ SecretBytes KeyOption::read_any() const {
 }
 
 SecretBytes KeyOption::argument() const {
-    warn_of_secret(name_, name_ + "-file FILE");
     const SecretBytes& text = hidden_argument(mark_);
     return decode_hex(text.data(), text.size(), name_);
 }

@@ -223,7 +223,12 @@ SecretBytes decode_transfer(std::string_view body, const std::string& encoding, 
 
 std::string header_text(std::string_view text, size_t column) {
     std::string out;
-    if (is_ascii_text(text) && text.find("=?") == text.npos) {
+    size_t longest = 0;
+    for (size_t at = 0, end; at < text.size(); at = end + 1) {
+        end = std::min(text.find(' ', at), text.size());
+        longest = std::max(longest, end - at);
+    }
+    if (is_ascii_text(text) && text.find("=?") == text.npos && longest + column <= kLongestLine / 2) {
         for (size_t at = 0; at < text.size();) {
             size_t end =
                 text.find(' ', at + 1); // a line may begin with any blank but has to go on with a word

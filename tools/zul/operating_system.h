@@ -47,6 +47,8 @@ bool lock_file(std::FILE* file);
 // create_for_owner creates a file, or empties it, for writing. A new one is for its owner alone from the
 // start (on Windows it gets what its folder gives). Null if that fails.
 std::FILE* create_for_owner(const std::string& name);
+// create_folder_for_owner makes a folder in the same way. False if that fails, or something has the name.
+bool create_folder_for_owner(const std::string& name);
 
 // FolderEntry is something in a folder, unreadable if the system does not tell what. Its name is empty if the
 // tool could not open it by any name.

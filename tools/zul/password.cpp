@@ -34,7 +34,10 @@ void PasswordOption::add_to(CLI::App& command, const std::string& name, const st
     name_ = "--" + name;
     prompt_ = prompt;
     command.add_option(name_, mark_, what + ", visible to all users; without it you are asked")
-        ->type_name("TEXT");
+        ->type_name("TEXT")
+        ->each([this](const std::string&) { // even if no key needs it
+            warn_of_secret(name_, name_ + "-file FILE or " + prompt_);
+        });
     command.add_option(name_ + "-file", file_, what + ": first line of a file; - for standard input")
         ->type_name("FILE");
 }
@@ -51,7 +54,6 @@ SecretBytes PasswordOption::read(const std::string& subject, bool isNew) const {
     if (!file_.empty()) {
         password = first_line(file_);
     } else if (!mark_.empty()) {
-        warn_of_secret(name_, name_ + "-file FILE or " + prompt_);
         password = hidden_argument(mark_);
     } else {
         password = ask_secretly((isNew ? "New password for " : "Password for ") + subject, isNew);

@@ -140,6 +140,10 @@ std::FILE* create_for_owner(const std::string& name) {
     return file < 0 ? nullptr : fdopen(file, "wb");
 }
 
+bool create_folder_for_owner(const std::string& name) {
+    return mkdir(name.c_str(), 0700) == 0;
+}
+
 bool list_folder(const std::string& folder, std::vector<FolderEntry>& entries) {
     using std::filesystem::file_type;
     std::error_code error;
