@@ -84,6 +84,8 @@ class Authorities(ToolTest):
             self.issue("made", *options, "--profile", profile, "--type=p-384")
             openssl("verify -x509_strict -CAfile pki/root.pem -untrusted made-chain.pem -purpose", purpose, "made.pem")
             os.remove("made.key")
+        self.issue("alice", "--profile=email", "--email=a@b.example")
+        self.assertIn(b"rsaEncryption", openssl("x509 -noout -text -in alice.pem"))  # which mail needs
         if not tool_harness.TOOL[1:]:
             self.assertEqual([os.stat(file).st_mode & 0o77 for file in ("www.key", "pki", "pki/ca.key", "pki/root.key")], [0, 0, 0, 0])
 

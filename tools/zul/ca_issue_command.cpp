@@ -40,7 +40,7 @@ class Removed {
 };
 
 struct CaIssueCommand {
-    std::string folder, out, profile = "server", subject, request, publicKey, type = "p-256";
+    std::string folder, out, profile = "server", subject, request, publicKey, type;
     std::vector<std::string> copies;
     int days = 0;
     bool noPassword = false, json = false;
@@ -58,6 +58,8 @@ struct CaIssueCommand {
 
     void check() {
         profile = CLI::detail::to_lower(profile);
+        if (type.empty()) // messages (CMS) are for RSA keys
+            type = profile == "email" ? "rsa" : "p-256";
         if (!request.empty() && !publicKey.empty())
             throw UsageError("--request and --public-key exclude each other");
         if (request.empty() && !copies.empty())
@@ -221,7 +223,7 @@ void add_ca_issue_command(CLI::App& group) {
         ->option_text("FILE");
     command
         ->add_option("--type", issue->type,
-                     "New key: p-256 (the default), p-384, p-521, ed25519, rsa or rsa-N")
+                     "New key: p-256 (the default), p-384, p-521, ed25519, rsa (for e-mail) or rsa-N")
         ->option_text("TYPE");
     issue->newPassword.add_to(*command, "new-password", "Password for the new key");
     command->add_flag("--no-password", issue->noPassword,

@@ -12,7 +12,7 @@ namespace {
 constexpr std::string_view kHexDigits = "0123456789abcdefABCDEF";
 constexpr size_t kMostDigits = size_t{1} << 17; // of SHAKE
 
-// The lengths of digests in hex digits. Those of SHAKE are anything.
+// The lengths of digests in hex digits, the usual digest of each first. Those of SHAKE are anything.
 struct LengthRow {
     size_t digits;
     std::vector<const char*> names;
@@ -53,18 +53,10 @@ const Digest* digest_of_tag(const std::string& tag) {
     }
 }
 
-// digest_of_length gives null if no digest has the length.
+// digest_of_length gives the usual digest of a length, SHA-2 before SHA-3; null if no digest has it.
 const Digest* digest_of_length(size_t digits) {
     const LengthRow* row = row_of(digits);
-    if (row == nullptr)
-        return nullptr;
-    if (row->names.size() == 1)
-        return &find_digest(row->names[0], DigestUse::hash);
-    std::string names;
-    for (const char* name : row->names)
-        names += (names.empty() ? "" : " or ") + std::string(name);
-    throw UsageError(std::to_string(digits) + " hex digits may be " + names +
-                     "; say which: zul hash ALG --check FILE");
+    return row == nullptr ? nullptr : &find_digest(row->names[0], DigestUse::hash);
 }
 
 // unescape undoes the escapes of digest_line. False for any other, and for zero bytes.

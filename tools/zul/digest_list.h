@@ -26,8 +26,7 @@ struct DigestList {
     std::vector<ListedDigest> digests;
     std::vector<int> badLines; // numbers of lines that hold no digest
 
-    // Without an algorithm the tags or the lengths have to tell it: UsageError where several have that
-    // length.
+    // Without an algorithm the tags tell it, or else the lengths: MD5, SHA-1 and SHA-2.
     DigestList(const SecretBytes& content, const Digest* digest);
 };
 

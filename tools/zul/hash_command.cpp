@@ -1,6 +1,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 #include "algorithms.h"
 #include "commands.h"
@@ -142,6 +143,8 @@ struct HashCommand {
         lists.foldsLineEnds = form.foldsLineEnds;
         if (lists.lists.empty() && (lists.ignoresMissing || lists.isQuiet))
             throw UsageError("--ignore-missing and --quiet go with --check");
+        if (isRecursive && lists.lists.empty() && is_folder(algorithm) && !is_digest(algorithm))
+            files.insert(files.begin(), std::exchange(algorithm, "sha256"));
         if (lists.lists.empty() && algorithm.empty())
             throw UsageError("ALG is required");
         const Digest* digest = algorithm.empty() ? nullptr : &find_digest(algorithm, DigestUse::hash);
@@ -192,6 +195,15 @@ struct HashCommand {
             throw SilentFailure{};
     }
 
+    static bool is_digest(const std::string& name) {
+        try {
+            find_digest(name, DigestUse::hash);
+            return true;
+        } catch (const UsageError&) {
+            return false;
+        }
+    }
+
     static bool is_folder(const std::string& file) {
         std::error_code ignored;
         return !is_standard_stream(file) && std::filesystem::is_directory(path_of(file), ignored);
@@ -227,11 +239,12 @@ void add_hash_command(CLI::App& app) {
     command->footer(
         "A line begins with a backslash if the file's name is escaped in it, as with sha256sum: a\n"
         "backslash is \\\\, a line feed is \\n, a carriage return is \\r.\n\n"
-        "-r follows no link to a folder. --check needs ALG unless the lines name it, as in\n"
-        "\"SHA256 (file) = ...\", or no other digest has their length. Exit status 1 if a file differs or\n"
-        "cannot be read, or if none was checked.\n\n"
-        "Example:\n  zul hash sha256 report.pdf notes.txt\n  zul hash sha256 -r photos > list\n"
-        "  zul hash sha256 --check list");
+        "-r follows no link to a folder, and without ALG means sha256. --check without ALG goes by lines\n"
+        "such as \"SHA256 (file) = ...\", or else by the length: md5, sha1 and sha224 to sha512. Exit "
+        "status\n"
+        "1 if a file differs or cannot be read, or if none was checked.\n\n"
+        "Example:\n  zul hash sha256 report.pdf notes.txt\n  zul hash -r photos > list\n"
+        "  zul hash --check list");
     command->callback([hash] { hash->run(); });
 }
 
