@@ -271,11 +271,12 @@ func CheckName(cert, hostOrAddress string) error {
 	return c.status(func() int32 { return raw.CERT_CheckName(source, host, 0) })
 }
 
-// CheckPath gives a report, and a nil error if the certificate can be relied on. All but cert and trusted may be "".
-func CheckPath(cert, others, trusted, evidence, conditions string, options int32) (string, error) {
+// CheckPath gives a report, and a nil error if the certificate can be relied on. A path ends at one of trusted and may lead
+// through others. Lists are joined by ";", and all but cert and trusted may be "".
+func CheckPath(cert, trusted, others, evidence, conditions string, options int32) (string, error) {
 	c := begin()
 	defer c.end()
-	source, chain, anchors := c.name(cert), c.nameOrNil(others), c.name(trusted)
+	source, anchors, chain := c.name(cert), c.name(trusted), c.nameOrNil(others)
 	proof, words := c.nameOrNil(evidence), c.textOrNil(conditions)
 	for size := 1 << 20; ; size *= 8 {
 		room := c.room(size)

@@ -175,8 +175,9 @@ function ZulCertQuery(const Cert: string; const Query: UTF8String): UTF8String;
 function ZulCertReport(const Cert: string; Options: Integer = 0): UTF8String;
 /// ZulCheckName and ZulCheckPath raise where the certificate does not hold.
 procedure ZulCheckName(const Cert: string; const HostOrAddress: UTF8String; Options: Integer = 0);
-/// Report is set before the exception is raised. Lists are joined by ";".
-procedure ZulCheckPath(const Cert, Others, Trusted, Evidence: string; const Conditions: UTF8String;
+/// A path ends at one of Trusted and may lead through Others. Lists are joined by ";". Report is set before the exception
+/// is raised.
+procedure ZulCheckPath(const Cert, Trusted, Others, Evidence: string; const Conditions: UTF8String;
   out Report: UTF8String; Options: Integer = 0);
 
 /// TZulKey.UnpackP12 reads such files. Key may be nil.
@@ -1054,7 +1055,7 @@ begin
   ZulCheckStatus(CERT_CheckName(PAnsiChar(Name), Utf8(HostOrAddress), Options));
 end;
 
-procedure ZulCheckPath(const Cert, Others, Trusted, Evidence: string; const Conditions: UTF8String;
+procedure ZulCheckPath(const Cert, Trusted, Others, Evidence: string; const Conditions: UTF8String;
   out Report: UTF8String; Options: Integer);
 var
   Name, Chain, Anchors, Proof: RawByteString;

@@ -2081,8 +2081,9 @@ Public Sub zulCheckName(ByVal cert As String, ByVal hostOrAddress As String, Opt
     zulCheckStatus CERT_CheckNamePtr(VarPtr(source(0)), VarPtr(host(0)), options)
 End Sub
 
-' Raises unless the certificate can be relied on. report is set before. Lists are joined by ";".
-Public Sub zulCheckPath(ByVal cert As String, ByVal others As String, ByVal trusted As String, ByVal evidence As String, _
+' Raises unless the certificate can be relied on. report is set before. A path ends at one of trusted and may lead through
+' others. Lists are joined by ";".
+Public Sub zulCheckPath(ByVal cert As String, ByVal trusted As String, ByVal others As String, ByVal evidence As String, _
     ByVal conditions As String, ByRef report As String, Optional ByVal options As Long = 0)
     Dim source() As Byte, chain() As Byte, anchors() As Byte, proof() As Byte, words() As Byte, room() As Byte
     Dim count As Long, status As Long, used As Long

@@ -59,13 +59,23 @@ def run(name, modules, limit):
     return results.read_text(errors="replace") if results.exists() else "", seconds
 
 
+def heard(match):
+    """A call of a function of the library, as one of Main.Heard with the texts among its arguments."""
+    texts = [name for name in re.findall(r"(?:VarPtr|zulTextAt)\((\w+)", match[2]) if name != "room"]
+    return f'Heard("{match[1]}"' + "".join(f' & " " & zulTextOf({name}, zulLength({name}) - 1)' for name in texts) + ")"
+
+
 def main():
     modules = {"Main": (ROOT / "tests/bindings/vba/Main.bas").read_text()}
     for path in [ROOT / "bindings/vba/zulcore.bas", *sorted((ROOT / "bindings/vba/examples").glob("*.bas"))]:
         source = path.read_bytes().decode("ascii")
         modules[re.match(r'Attribute VB_Name = "(\w+)"', source)[1]] = source
     assert len(modules) == 7
-    results, seconds = run("whole", modules, 120)
+    listening, count = re.subn(r"(CERT_CheckPath)Ptr(\((?:[^()]|\((?:[^()]|\(0\))*\))*\))", heard, modules["zulcore"])
+    assert count == 1
+    # LibreOffice knows no code page.
+    listening = listening.replace("= zulZeroName(", "= zulZero(")
+    results, seconds = run("whole", modules | {"zulcore": listening}, 120)
     print(results)
     if seconds is None or not results.endswith("end\n") or "FAULT" in results:
         sys.exit("FAULT: not compiled, or wrong results")

@@ -12,7 +12,7 @@ public final class Certificate {
                     "CN=www.example.com;dns=www.example.com;profile=server");
         }
 
-        Zul.checkPath("server.pem", null, "root.pem", null, "host=www.example.com;purpose=server", 0, null);
+        Zul.checkPath("server.pem", "root.pem", null, null, "host=www.example.com;purpose=server", 0, null);
         System.out.println(Zul.certQuery("server.pem", "subject") + ", " + Zul.certQuery("server.pem", "dns"));
         // --8<-- [end:certificate]
     }

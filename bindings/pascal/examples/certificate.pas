@@ -24,7 +24,7 @@ begin
     Authority.Free;
   end;
 
-  ZulCheckPath('server.pem', '', 'root.pem', '', 'host=www.example.com;purpose=server', Report);
+  ZulCheckPath('server.pem', 'root.pem', '', '', 'host=www.example.com;purpose=server', Report);
   WriteLn(ZulCertQuery('server.pem', 'subject'), ', ', ZulCertQuery('server.pem', 'dns'));
   // --8<-- [end:certificate]
 end.

@@ -15,7 +15,7 @@ Public Sub ExampleCertificate()
     zulWipe authority
     zulWipe server
 
-    zulCheckPath "server.pem", "", "root.pem", "", "host=www.example.com;purpose=server", report
+    zulCheckPath "server.pem", "root.pem", "", "", "host=www.example.com;purpose=server", report
     Debug.Print zulCertQuery("server.pem", "subject"), zulCertQuery("server.pem", "dns")
     ' --8<-- [end:certificate]
 End Sub

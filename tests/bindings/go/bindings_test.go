@@ -242,11 +242,14 @@ func TestCertificates(t *testing.T) {
 	if _, err = os.Stat(filepath.Dir(file)); err == nil {
 		t.Error("a folder that stays:", file)
 	}
-	report, err := zulcore.CheckPath("leaf.pem", "", "root.pem", "", "host=leaf.example", 0)
+	report, err := zulcore.CheckPath("leaf.pem", "root.pem", "", "", "host=leaf.example", 0)
 	if err != nil || report == "" {
 		t.Error("a path", err)
 	}
-	report, err = zulcore.CheckPath("leaf.pem", "", "root.pem", "root.crl", "", raw.ZUL_CERT_JSON)
+	must(t, zulcore.SelfSign("other.pem", leaf, "CN=other;profile=ca"))
+	_, err = zulcore.CheckPath("leaf.pem", "other.pem", "root.pem", "", "", 0)
+	refused(t, raw.ISSUER_ERROR, "an authority that is not trusted", err)
+	report, err = zulcore.CheckPath("leaf.pem", "root.pem", "", "root.crl", "", raw.ZUL_CERT_JSON)
 	refused(t, raw.BAD_KEY_ERROR, "a revoked certificate", err)
 	if !json.Valid([]byte(report)) {
 		t.Error("the report of a refusal", report)

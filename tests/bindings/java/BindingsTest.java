@@ -189,11 +189,14 @@ public final class BindingsTest {
             claim(Zul.certQuery(new String(pem, StandardCharsets.US_ASCII), "subject").equals("CN=bytes"), "bytes");
             claim(!Files.exists(Path.of(file[0]).getParent()), "a folder that stays");
             Zul.checkName("leaf.pem", "leaf.example");
-            claim(!Zul.checkPath("leaf.pem", null, "root.pem", null, "host=leaf.example", 0, null).isEmpty(), "a path");
+            claim(!Zul.checkPath("leaf.pem", "root.pem", null, null, "host=leaf.example", 0, null).isEmpty(), "a path");
+            Zul.selfSign("other.pem", leaf, "CN=other;profile=ca");
+            refused(Zulcore.ISSUER_ERROR, "an authority that is not trusted",
+                    () -> Zul.checkPath("leaf.pem", "other.pem", "root.pem", null, null, 0, null));
             Zul.issueCrl("root.crl", "root.pem", root, null, "cert=leaf.pem", null);
             StringBuilder report = new StringBuilder();
             refused(Zulcore.BAD_KEY_ERROR, "a revoked certificate",
-                    () -> Zul.checkPath("leaf.pem", null, "root.pem", "root.crl", null, Zulcore.ZUL_CERT_JSON, report));
+                    () -> Zul.checkPath("leaf.pem", "root.pem", null, "root.crl", null, Zulcore.ZUL_CERT_JSON, report));
             claim(report.toString().startsWith("{"), "the report of a refusal");
             refused(Zulcore.BAD_PARAM_ERROR, "a description", () -> Zul.selfSign("c", root, "CN=A;unknown=1"));
 

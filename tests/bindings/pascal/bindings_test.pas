@@ -311,10 +311,10 @@ begin
   Claim(FindFirst(GetTempDir + 'zulcore????????????????????????????????', faAnyFile, Found) <> 0, 'a folder that stays');
   ZulCheckName('leaf.pem', 'leaf.example');
   ZulIssueCrl('root.crl', 'root.pem', Root, '', 'cert=leaf.pem');
-  ZulCheckPath('leaf.pem', '', 'root.pem', '', 'host=leaf.example', Report);
+  ZulCheckPath('leaf.pem', 'root.pem', '', '', 'host=leaf.example', Report);
   Claim(Report <> '', 'no report');
   try
-    ZulCheckPath('leaf.pem', '', 'root.pem', 'root.crl', '', Report, ZUL_CERT_JSON);
+    ZulCheckPath('leaf.pem', 'root.pem', '', 'root.crl', '', Report, ZUL_CERT_JSON);
     Claim(False, 'a revoked certificate');
   except
     on E: EZulError do
@@ -334,6 +334,14 @@ begin
   ZulCmsDecrypt('abc.plain', 'abc.env', Leaf, 'leaf.pem');
   Claim(ZulHashFileHex('abc.plain') = ZulHashFileHex('abc'), 'a message');
   Claim(Length(ZulOcspRequest('root.pem', 'leaf.pem')) > 50, 'OCSP request');
+end;
+
+procedure TrustAnother;
+var
+  Report: UTF8String;
+begin
+  ZulSelfSign('other.pem', TZulKey.Generate('p-256'), 'CN=other;profile=ca');
+  ZulCheckPath('leaf.pem', 'other.pem', 'root.pem', '', '', Report);
 end;
 
 procedure EncryptForEllipticKey;
@@ -360,6 +368,7 @@ begin
   Seals;
   Refused(OpenWithAnother, NO_MATCH_ERROR, 'another identity');
   Certificates;
+  Refused(TrustAnother, ISSUER_ERROR, 'an authority that is not trusted');
   Refused(EncryptForEllipticKey, BAD_KEY_ERROR, 'a recipient that cannot read');
   Claim(not FileExists('abc.env2'), 'a message that one recipient cannot read');
   if Faults > 0 then

@@ -2,6 +2,7 @@ Option VBASupport 1
 Option Explicit
 
 Dim results As Integer
+Dim heardCall As String
 
 Sub Main
     results = FreeFile
@@ -30,6 +31,9 @@ Sub Main
     Claim zulErrorName(DECRYPT_ERROR) & zulErrorName(9999) & zulErrorName(-1), "DECRYPT_ERRORMISC_ERRORERROR", "names"
     Claim CStr(ZUL_EMSIG_GETALG), "32768", "bit 15"
     Claim CStr(ZUL_X509_VERSION1), "134217728", "bit 27"
+    Dim report As String
+    zulCheckPath "cert", "trusted", "others", "evidence", "conditions", report
+    Claim heardCall, "CERT_CheckPath cert others trusted evidence conditions", "what may be trusted"
     Dim none() As Byte
     Claim CStr(zulLength(none)), "0", "an array without a size"
     Dim secret() As Byte
@@ -52,6 +56,11 @@ Sub Claim(ByVal found As String, ByVal wanted As String, ByVal what As String)
         Print #results, "FAULT " & what & ": " & found
     End If
 End Sub
+
+' Stands for the library in calls whose arguments the test looks at.
+Public Function Heard(ByVal callText As String) As Long
+    heardCall = callText
+End Function
 
 Function Utf8Hex(ByVal source As String) As String
     Dim bytes() As Byte

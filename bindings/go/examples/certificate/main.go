@@ -32,7 +32,7 @@ func certificate() error {
 		return err
 	}
 
-	_, err = zulcore.CheckPath("server.pem", "", "root.pem", "", "host=www.example.com;purpose=server", 0)
+	_, err = zulcore.CheckPath("server.pem", "root.pem", "", "", "host=www.example.com;purpose=server", 0)
 	if err != nil {
 		return err
 	}

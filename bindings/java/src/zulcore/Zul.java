@@ -301,9 +301,10 @@ public final class Zul {
 
     /**
      * Throws unless the certificate can be relied on; gives the report, which is also appended to a given builder before
-     * anything is thrown. All but cert and trusted may be null.
+     * anything is thrown. A path ends at one of trusted and may lead through others. Lists are joined by ";", and all but
+     * cert and trusted may be null.
      */
-    public static String checkPath(String cert, String others, String trusted, String evidence, String conditions,
+    public static String checkPath(String cert, String trusted, String others, String evidence, String conditions,
             int options, StringBuilder reportOut) {
         for (int size = 1 << 20;; size *= 8) {
             try (Call call = new Call()) {
