@@ -232,12 +232,12 @@ func IssueForKey(certOut, issuerCert string, issuerKey, subjectKey *Key, descrip
 	return c.status(func() int32 { return raw.CERT_Issue(target, issuer, signer, subject, words, 0) })
 }
 
-// IssueCRL makes a revocation list; earlierCRL and description may be "".
-func IssueCRL(crlOut, issuerCert string, issuerKey *Key, earlierCRL, revoked, description string) error {
+// IssueCRL makes a revocation list, which goes on from an earlier one; revoked, description and earlierCRL may be "".
+func IssueCRL(crlOut, issuerCert string, issuerKey *Key, revoked, description, earlierCRL string) error {
 	c := begin()
 	defer c.end()
 	target, issuer, signer := c.name(crlOut), c.name(issuerCert), c.key(issuerKey)
-	earlier, entries, words := c.nameOrNil(earlierCRL), c.textOrNil(revoked), c.textOrNil(description)
+	entries, words, earlier := c.textOrNil(revoked), c.textOrNil(description), c.nameOrNil(earlierCRL)
 	return c.status(func() int32 { return raw.CERT_IssueCRL(target, issuer, signer, earlier, entries, words, 0) })
 }
 

@@ -161,8 +161,9 @@ procedure ZulIssue(const CertOut, IssuerCert: string; IssuerKey: TZulKey; const 
   const Description: UTF8String = ''; Options: Integer = 0); overload;
 procedure ZulIssue(const CertOut, IssuerCert: string; IssuerKey, SubjectKey: TZulKey; const Description: UTF8String;
   Options: Integer = 0); overload;
-procedure ZulIssueCrl(const CrlOut, IssuerCert: string; IssuerKey: TZulKey; const EarlierCrl: string;
-  const Revoked: UTF8String; const Description: UTF8String = ''; Options: Integer = 0);
+/// A list goes on from EarlierCrl.
+procedure ZulIssueCrl(const CrlOut, IssuerCert: string; IssuerKey: TZulKey; const Revoked: UTF8String;
+  const Description: UTF8String = ''; const EarlierCrl: string = ''; Options: Integer = 0);
 /// The same as PEM.
 function ZulSelfSignPem(Key: TZulKey; const Description: UTF8String): UTF8String;
 function ZulRequestPem(Key: TZulKey; const Description: UTF8String): UTF8String;
@@ -931,8 +932,8 @@ begin
     Utf8OrNil(Description), Options));
 end;
 
-procedure ZulIssueCrl(const CrlOut, IssuerCert: string; IssuerKey: TZulKey; const EarlierCrl: string;
-  const Revoked, Description: UTF8String; Options: Integer);
+procedure ZulIssueCrl(const CrlOut, IssuerCert: string; IssuerKey: TZulKey;
+  const Revoked, Description: UTF8String; const EarlierCrl: string; Options: Integer);
 var
   Target, Issuer, Earlier: RawByteString;
 begin

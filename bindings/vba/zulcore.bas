@@ -2040,8 +2040,9 @@ Public Sub zulIssueForKey(ByVal certOut As String, ByVal issuerCert As String, B
         VarPtr(words(0)), options)
 End Sub
 
+' A list goes on from earlierCrl.
 Public Sub zulIssueCrl(ByVal crlOut As String, ByVal issuerCert As String, ByRef issuerKey() As Byte, _
-    ByVal earlierCrl As String, ByVal revoked As String, Optional ByVal description As String = "", _
+    ByVal revoked As String, Optional ByVal description As String = "", Optional ByVal earlierCrl As String = "", _
     Optional ByVal options As Long = 0)
     Dim target() As Byte, issuer() As Byte, earlier() As Byte, entries() As Byte, words() As Byte
     target = zulZeroName(crlOut)

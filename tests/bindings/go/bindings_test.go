@@ -229,7 +229,8 @@ func TestCertificates(t *testing.T) {
 		}
 	}
 	must(t, zulcore.CheckName("leaf.pem", "leaf.example"))
-	must(t, zulcore.IssueCRL("root.crl", "root.pem", root, "", "cert=leaf.pem", ""))
+	must(t, zulcore.IssueCRL("root.crl", "root.pem", root, "cert=leaf.pem", "", ""))
+	must(t, zulcore.IssueCRL("next.crl", "root.pem", root, "", "days=7", "root.crl"))
 	var file string
 	leafPEM, err := zulcore.Output(func(name string) error {
 		file = name
@@ -249,7 +250,7 @@ func TestCertificates(t *testing.T) {
 	must(t, zulcore.SelfSign("other.pem", leaf, "CN=other;profile=ca"))
 	_, err = zulcore.CheckPath("leaf.pem", "other.pem", "root.pem", "", "", 0)
 	refused(t, raw.ISSUER_ERROR, "an authority that is not trusted", err)
-	report, err = zulcore.CheckPath("leaf.pem", "root.pem", "", "root.crl", "", raw.ZUL_CERT_JSON)
+	report, err = zulcore.CheckPath("leaf.pem", "root.pem", "", "next.crl", "", raw.ZUL_CERT_JSON)
 	refused(t, raw.BAD_KEY_ERROR, "a revoked certificate", err)
 	if !json.Valid([]byte(report)) {
 		t.Error("the report of a refusal", report)

@@ -193,10 +193,11 @@ public final class BindingsTest {
             Zul.selfSign("other.pem", leaf, "CN=other;profile=ca");
             refused(Zulcore.ISSUER_ERROR, "an authority that is not trusted",
                     () -> Zul.checkPath("leaf.pem", "other.pem", "root.pem", null, null, 0, null));
-            Zul.issueCrl("root.crl", "root.pem", root, null, "cert=leaf.pem", null);
+            Zul.issueCrl("root.crl", "root.pem", root, "cert=leaf.pem", null, null);
+            Zul.issueCrl("next.crl", "root.pem", root, null, "days=7", "root.crl");
             StringBuilder report = new StringBuilder();
             refused(Zulcore.BAD_KEY_ERROR, "a revoked certificate",
-                    () -> Zul.checkPath("leaf.pem", "root.pem", null, "root.crl", null, Zulcore.ZUL_CERT_JSON, report));
+                    () -> Zul.checkPath("leaf.pem", "root.pem", null, "next.crl", null, Zulcore.ZUL_CERT_JSON, report));
             claim(report.toString().startsWith("{"), "the report of a refusal");
             refused(Zulcore.BAD_PARAM_ERROR, "a description", () -> Zul.selfSign("c", root, "CN=A;unknown=1"));
 

@@ -310,11 +310,12 @@ begin
     'an issuer as PEM');
   Claim(FindFirst(GetTempDir + 'zulcore????????????????????????????????', faAnyFile, Found) <> 0, 'a folder that stays');
   ZulCheckName('leaf.pem', 'leaf.example');
-  ZulIssueCrl('root.crl', 'root.pem', Root, '', 'cert=leaf.pem');
+  ZulIssueCrl('root.crl', 'root.pem', Root, 'cert=leaf.pem');
+  ZulIssueCrl('next.crl', 'root.pem', Root, '', 'days=7', 'root.crl');
   ZulCheckPath('leaf.pem', 'root.pem', '', '', 'host=leaf.example', Report);
   Claim(Report <> '', 'no report');
   try
-    ZulCheckPath('leaf.pem', 'root.pem', '', 'root.crl', '', Report, ZUL_CERT_JSON);
+    ZulCheckPath('leaf.pem', 'root.pem', '', 'next.crl', '', Report, ZUL_CERT_JSON);
     Claim(False, 'a revoked certificate');
   except
     on E: EZulError do

@@ -35,6 +35,8 @@ Sub Main
     zulCheckPath "cert", "trusted", "others", "evidence", "conditions", report
     Claim heardCall, "CERT_CheckPath cert others trusted evidence conditions", "what may be trusted"
     Dim none() As Byte
+    zulIssueCrl "crl", "issuer", none, "revoked", "description", "earlier"
+    Claim heardCall, "CERT_IssueCRL crl issuer earlier revoked description", "a list"
     Claim CStr(zulLength(none)), "0", "an array without a size"
     Dim secret() As Byte
     secret = zulUtf8("abc")

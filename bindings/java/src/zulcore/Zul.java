@@ -263,9 +263,9 @@ public final class Zul {
         }
     }
 
-    /** The earlier list and the description may be null. */
-    public static void issueCrl(String crlOut, String issuerCert, Key issuerKey, String earlierCrl, String revoked,
-            String description) {
+    /** Goes on from an earlier list. What is revoked, the description and the earlier list may be null. */
+    public static void issueCrl(String crlOut, String issuerCert, Key issuerKey, String revoked, String description,
+            String earlierCrl) {
         try (Call call = new Call()) {
             checkStatus(LIBRARY.CERT_IssueCRL(call.name(crlOut), call.name(issuerCert), issuerKey.pointer(),
                     call.nameOrNull(earlierCrl), call.utf8OrNull(revoked), call.utf8OrNull(description), 0));
