@@ -41,7 +41,8 @@ std::vector<Named> library_kernels() {
         {"SHA-1, SHA-256", has.sha && has.ssse3 ? "SHA extensions"
                            : has.avx2           ? "AVX2"
                                                 : "portable"},
-        {"SHA-512, SHA-3", has.avx2 ? "AVX2" : "portable"},
+        {"SHA-512", vectors},
+        {"SHA-3, hex, base64", has.avx2 ? "AVX2" : "portable"},
         {"AES", aes},
         {"Triple DES", vectors},
         {"ChaCha20", has.avx2 || has.avx512 ? vectors
