@@ -1,12 +1,14 @@
 #!/usr/bin/env bash
-# package_sources.sh ARCHIVE FOLDER MODULE...: a reproducible archive of a binding that is handed out as sources, without
-# this project's own scripts, together with modules. All files have the time SOURCE_DATE_EPOCH.
+# package_sources.sh OUTDIR LANGUAGE FOLDER FILE...: zulcore-LANGUAGE-VERSION.tar.gz, a reproducible archive of a binding that
+# is handed out as sources, without this project's own scripts, together with modules and other files. All have the time
+# SOURCE_DATE_EPOCH.
 set -euo pipefail
-archive=$1 folder=$(cd "$2" && pwd)
-shift 2
+version=$(sed -n 's/^project(zulcore VERSION \([0-9.]*\) .*/\1/p' "$(dirname "$0")/../CMakeLists.txt")
+name=zulcore-$2-${version:?}
+archive=$1/$name.tar.gz folder=$(cd "$3" && pwd)
+shift 3
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-name=$(basename "$archive" .tar.gz)
 cp -r "$folder" "$work/$name"
 rm -f "$work/$name/package.sh" "$work/$name"/*.hand.bas
 cp "$(dirname "$0")/../LICENSE" "$work/$name/"

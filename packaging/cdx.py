@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
-"""Prints the bill of materials of the packages, as CycloneDX JSON: what zulcore is, the files of both systems with
-their digests, and the parts of others that are linked into them, by the versions of the Debian packages they come from."""
+"""Prints the bill of materials of the packages, as CycloneDX JSON: what zulcore is, the files of both systems and the
+packages for other languages with their digests, and the parts of others that are linked into the files, by the versions of
+the Debian packages they come from."""
 import argparse
 import datetime
 import hashlib
@@ -54,6 +55,7 @@ def main():
     parser.add_argument("--version", required=True)
     parser.add_argument("--linux", type=pathlib.Path, required=True)
     parser.add_argument("--windows", type=pathlib.Path, required=True)
+    parser.add_argument("--languages", type=pathlib.Path, required=True, help="a folder of packages for other languages")
     options = parser.parse_args()
     when = datetime.datetime.fromtimestamp(int(os.environ["SOURCE_DATE_EPOCH"]), datetime.timezone.utc)
     parts = [part(*row) for row in PARTS]
@@ -64,7 +66,8 @@ def main():
                      "component": {"type": "library", "bom-ref": own, "name": "zulcore", "version": options.version,
                                    "description": "Cryptographic and public-key toolkit", "licenses": licence("MIT"),
                                    "purl": f"pkg:generic/{own}"}},
-        "components": parts + [*files("linux", options.linux), *files("windows", options.windows)],
+        "components": [*parts, *files("linux", options.linux), *files("windows", options.windows),
+                       *files("languages", options.languages)],
         "dependencies": [{"ref": own, "dependsOn": [row["bom-ref"] for row in parts]}],
     }
     content["serialNumber"] = uuid.uuid5(uuid.NAMESPACE_URL, json.dumps(content)).urn

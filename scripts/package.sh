@@ -148,15 +148,17 @@ installer=$out/zulcore-$version-x64.msi
 packaging/msi.py "$work/$windowsName" "$version" "$installer"
 [ -z "$key" ] || sign_in_place "$installer"
 
-packaging/cdx.py --version "$version" --linux "$work/$linuxName" --windows "$work/$windowsName" >"$out/zulcore-$version.cdx.json"
-
+mkdir "$work/languages"
 if [ -n "$bindings" ]; then
     for script in bindings/*/package.sh; do
         [ -e "$script" ] || continue
         echo "package: $(basename "$(dirname "$script")")"
-        "$script" "$out" "$work/$linuxName/lib/libzulcore.so" "$work/$windowsName/bin/zulcore.dll"
+        "$script" "$work/languages" "$work/$linuxName/lib/libzulcore.so" "$work/$windowsName/bin/zulcore.dll"
     done
 fi
+packaging/cdx.py --version "$version" --linux "$work/$linuxName" --windows "$work/$windowsName" \
+    --languages "$work/languages" >"$out/zulcore-$version.cdx.json"
+find "$work/languages" -type f -exec mv -t "$out" {} +
 
 (cd "$out" && find . -maxdepth 1 -type f -printf '%P\n' | sort | xargs -d '\n' sha256sum >"$work/sums" && mv "$work/sums" SHA256SUMS)
 chmod 644 "$out"/*

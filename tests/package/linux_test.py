@@ -68,6 +68,18 @@ class LinuxPackages(PackageTest):
         self.assertEqual({name: hashlib.sha256(content).hexdigest() for name, content in contents.items()},
                          {name: part["hashes"][0]["content"] for name, part in components.items() if part["type"] == "file"})
 
+    def test_packages_for_other_languages(self):
+        folder = self.package("languages", hasBindings=True)
+        bill = json.loads((folder / f"zulcore-{VERSION}.cdx.json").read_text())
+        listed = {part["name"].partition("/")[2]: part["hashes"][0]["content"] for part in bill["components"]
+                  if part["name"].startswith("languages/")}
+        self.assertEqual(set(listed), set(os.listdir(folder)) - set(os.listdir(self.packages)))
+        for name, digest in listed.items():
+            self.assertEqual(hashlib.sha256((folder / name).read_bytes()).hexdigest(), digest, name)
+        for language in ("go", "java", "pascal", "vba"):
+            with tarfile.open(folder / f"zulcore-{language}-{VERSION}.tar.gz") as archive:
+                self.assertEqual({member.name.partition("/")[0] for member in archive}, {f"zulcore-{language}-{VERSION}"})
+
     def test_lintian_finds_no_errors(self):
         done = subprocess.run(["lintian", "--fail-on", "error", *self.packages.glob("*.deb")], capture_output=True, text=True)
         self.assertEqual(done.returncode, 0, done.stdout + done.stderr)

@@ -35,8 +35,10 @@ class PackageTest(unittest.TestCase):
         cls.packages = cls.package("packages")
 
     @classmethod
-    def package(cls, name, *options):
-        run(ROOT / "scripts" / "package.sh", "--from", *BUILDS, "--to", cls.folder / name, "--no-bindings", *options)
+    def package(cls, name, *options, hasBindings=False):
+        if not hasBindings:
+            options += ("--no-bindings",)
+        run(ROOT / "scripts" / "package.sh", "--from", *BUILDS, "--to", cls.folder / name, *options)
         return cls.folder / name
 
     def assert_tells_no_place(self, tree):
