@@ -210,14 +210,15 @@ struct CheckCrlCommand {
         std::error_code ignored;
         const bool isFile =
             !is_standard_stream(crl) && std::filesystem::is_regular_file(path_of(crl), ignored);
-        const SecretBytes head = isFile ? list_head(crl) : der_of(crl);
-        const ObjectArgument list = isFile ? ObjectArgument(crl) : ObjectArgument(crl, head);
-        const ListDates dates(head, list.name());
         const bool isChecked = !issuer.empty();
         const ObjectArgument signer = isChecked ? certificate_object(issuer) : certificate;
         const bool isNew = isChecked && has_new_key(signer);
+        const bool isLeftToLibrary = isFile && !isNew; // else what is verified here is what is searched
+        const SecretBytes head = isLeftToLibrary ? list_head(crl) : der_of(crl);
+        const ObjectArgument list = isLeftToLibrary ? ObjectArgument(crl) : ObjectArgument(crl, head);
+        const ListDates dates(head, list.name());
         if (isNew)
-            verify_with_new_key(isFile ? der_of(crl) : head, list.name(), signer);
+            verify_with_new_key(head, list.name(), signer);
         const int result = accept_length(X509_CheckCertInCRL(certificate.text(), list.text(),
                                                              isChecked && !isNew ? signer.text() : nullptr,
                                                              moment.empty() ? nullptr : moment.c_str(), 0),
