@@ -66,6 +66,7 @@ class Authorities(ToolTest):
                     client = subprocess.run(["openssl", "s_client", "-connect", f"127.0.0.1:{port}", "-x509_strict", "-CAfile",
                                              kind + "/root.pem", "-verify_return_error", *check], input=b"", capture_output=True)
                     self.assertEqual(client.returncode, status, client.stderr)
+        self.refused(22, "cert verify rsa-2048/ca.pem --issuer p-256/ca.pem", says="not signed with the key of p-256")
 
     def test_certificates_are_what_was_asked(self):
         openssl("verify -x509_strict -purpose sslserver -verify_ip ::1 -CAfile pki/root.pem -untrusted www-chain.pem www.pem")

@@ -39,6 +39,8 @@ void verify_with_new_key(const SecretBytes& object, const std::string& name, con
         return KEY_Read(out, room, publicKey.c_str(), nullptr, 0);
     });
     const std::string algorithm = signature_algorithm(ObjectArgument(name, object));
+    if (algorithm != "ed25519" && !algorithm.starts_with("ecdsa-"))
+        throw Refused::by_system(SIGNATURE_ERROR, name, not_signed_by(signer));
     std::vector<DerPart> parts;
     for (const DerPart& part : der_parts(object, name, 1))
         if (part.level == 1)
