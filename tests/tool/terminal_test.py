@@ -52,10 +52,13 @@ class Shown(ToolTest):
         self.assertNotIn(b"\r", marks)
 
     def test_interrupted(self):
-        """What a signal leaves: no part of an output."""
+        """What a signal leaves: no part of an output, and a link as it was."""
         recipient = self.done("identity me.key").decode().strip()
-        for command in (["encrypt", "-a", "aes-256-ctr", "--key", "00" * 32, "--iv", "00" * 16], ["seal", "-r", recipient]):
+        encrypt = ["encrypt", "-a", "aes-256-ctr", "--key", "00" * 32, "--iv", "00" * 16]
+        for command, isLink in ((encrypt, False), (["seal", "-r", recipient], False), (encrypt, True)):
             for end in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
+                if isLink and not os.path.lexists("out"):
+                    os.symlink("target", "out")
                 with self.subTest(command, end=end), subprocess.Popen([TOOL[0], *command, "-", "out"], stdin=subprocess.PIPE) as process:
                     process.stdin.write(bytes(1 << 20))
                     process.stdin.flush()
@@ -65,7 +68,7 @@ class Shown(ToolTest):
                     self.assertTrue(os.path.exists("out"))
                     process.send_signal(end)
                     self.assertEqual(process.wait(20), -end)
-                    self.assertFalse(os.path.exists("out"))
+                    self.assertEqual((os.path.lexists("out"), os.path.exists("out") and os.path.getsize("out")), (isLink, 0))
 
     def test_colours(self):
         red, yellow, green, bold, end = b"\x1b[1;31m", b"\x1b[1;33m", b"\x1b[1;32m", b"\x1b[1m", b"\x1b[0m"

@@ -111,8 +111,9 @@ Output::~Output() {
     std::error_code ignored;
     if (!is_on_disk(name_)) // never a device
         return;
-    std::filesystem::resize_file(path_of(name_), 0, ignored); // it may have other names
-    std::filesystem::remove(path_of(name_), ignored);
+    std::filesystem::resize_file(path_of(name_), 0, ignored);  // it may have other names
+    if (!std::filesystem::is_symlink(path_of(name_), ignored)) // as /dev/stdout is
+        std::filesystem::remove(path_of(name_), ignored);
     keep_on_signal("", name_);
 }
 

@@ -35,7 +35,9 @@ extern "C" void remove_and_end(int signal) {
                 open(each.file, O_WRONLY | O_TRUNC | O_NONBLOCK | O_CLOEXEC); // of other names too
             if (emptied >= 0)
                 close(emptied);
-            unlink(each.file);
+            struct stat about {};
+            if (lstat(each.file, &about) == 0 && S_ISREG(about.st_mode)) // a link, as /dev/stdout, stays
+                unlink(each.file);
             rmdir(each.folder);
         }
     raise(signal); // with its default action now, once this returns
