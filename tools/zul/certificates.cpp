@@ -96,7 +96,6 @@ void ScratchFile::deliver_der(const std::string& out) const {
     write_file(out, der);
 }
 
-// The folder is removed before anything is written, on systems that can remove an open file.
 std::string readable(std::string_view latin1, bool keepLineFeeds) {
     std::string text;
     for (size_t i = 0; i < latin1.size(); ++i) {

@@ -205,12 +205,12 @@ std::FILE* create_for_owner(const std::string& name) {
     return std::fopen(name.c_str(), "wb");
 }
 
-// The runtime does not tell junctions and symbolic links from folders.
 bool create_folder_for_owner(const std::string& name) {
     std::error_code ignored;
     return std::filesystem::create_directory(path_of(name), ignored);
 }
 
+// The runtime does not tell junctions and symbolic links from folders.
 bool list_folder(const std::string& folder, std::vector<FolderEntry>& entries) {
     WIN32_FIND_DATAW found{};
     const HANDLE search = FindFirstFileExW((path_of(folder) / L"*").c_str(), FindExInfoBasic, &found,
