@@ -5,6 +5,7 @@
 #include <zulcore.h>
 
 #include "failures.h"
+#include "mime_text.h"
 #include "operating_system.h"
 
 namespace tool {
@@ -17,7 +18,8 @@ bool is_on_disk(const std::string& file) {
 std::string shown_name(const std::string& file) {
     if (is_standard_stream(file))
         return "standard input";
-    if (file.find("PRIVATE KEY-----") != file.npos || file.starts_with("AGE-SECRET-KEY-1"))
+    const std::string lines = lower_ascii("\n" + file);
+    if (lines.find("private key-----") != lines.npos || lines.find("\nage-secret-key-1") != lines.npos)
         return "a private key in place of a file's name"; // messages get into logs
     std::string text;
     for (const char c : file)
