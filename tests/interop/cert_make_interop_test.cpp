@@ -219,7 +219,9 @@ TEST_F(CertMakeInterop, Handshakes) {
         make_root(kind.genpkey);
         genpkey("leaf", kind.genpkey);
         issue("leaf", "leaf.key", "CN=localhost;profile=server;dns=localhost;ip=127.0.0.1");
-        run("openssl s_server -accept 0 -cert leaf.pem -key leaf.key -www >server 2>&1 & server=$!; trap "
+        // The file that an earlier server left would name a port that is closed.
+        run("rm -f server; openssl s_server -accept 0 -cert leaf.pem -key leaf.key -www >server 2>&1 & "
+            "server=$!; trap "
             "'kill $server' EXIT; "
             "for i in $(seq 100); do port=$(sed -n 's/^ACCEPT .*:\\([0-9]*\\)$/\\1/p' server); [ -n "
             "\"$port\" ] && break; "
