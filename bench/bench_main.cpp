@@ -4,19 +4,21 @@
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
-#include <map>
 #include <openssl/crypto.h>
+#include <sched.h>
 #include <sstream>
 #include <vector>
 
 #include "bench_pair.h"
 
-// Google Benchmark times each side; its repetitions are interleaved, ours with theirs, and the best of each
-// side counts, so that a busy moment of the machine falls on neither.
+// Google Benchmark times each side. Slices of the two alternate and each pair gives a ratio, so that a busy
+// moment of the machine falls on both; the median of the pairs counts, and half of them lie within the spread
+// around it.
 
 namespace {
 
 struct Row {
+    std::string group;
     BenchPair pair;
     bool threads;
 };
@@ -26,37 +28,47 @@ std::vector<Row>& rows() {
     return all;
 }
 
+// The group of the rows that are being registered. A function, since rows register before main.
+std::string& current_group() {
+    static std::string name;
+    return name;
+}
+
 std::vector<std::pair<std::string, std::function<std::string()>>>& notes() {
     static std::vector<std::pair<std::string, std::function<std::string()>>> all;
     return all;
 }
 
 struct Options {
-    int repetitions = 9;
-    double seconds = 0.05; // of each repetition
-    std::string filter;
+    int slices = 11;
+    double seconds = 0.05; // of each slice
+    std::vector<std::string> filters;
+    std::string json;
 };
 
-// Keeps the highest rate (calls per second) of each benchmark.
-class BestRate : public benchmark::BenchmarkReporter {
+struct Result {
+    double ours, theirs; // as they are shown
+    const char* unit;
+    double ratio, spread; // the spread as a part of the ratio
+};
+
+// Keeps the rate (calls per second) of the last slice.
+class LastRate : public benchmark::BenchmarkReporter {
   public:
     bool ReportContext(const Context&) override { return true; }
     void ReportRuns(const std::vector<Run>& runs) override {
-        for (const Run& run : runs) {
-            if (run.run_type != Run::RT_Iteration)
-                continue;
-            double& best = rates_[run.run_name.function_name];
-            best = std::max(best, static_cast<double>(run.counters.at("items_per_second")));
-        }
+        for (const Run& run : runs)
+            rate_ = run.counters.at("items_per_second");
     }
-    double rate(const char* side) const { return rates_.at(side); }
+    double rate() const { return rate_; }
 
   private:
-    std::map<std::string, double> rates_;
+    double rate_ = 0;
 };
 
-void register_side(const char* side, const std::function<void()>& work, const Options& options, int threads) {
-    benchmark::RegisterBenchmark(side,
+double slice(const std::function<void()>& work, const Options& options, int threads) {
+    benchmark::ClearRegisteredBenchmarks();
+    benchmark::RegisterBenchmark("slice",
                                  [&work](benchmark::State& state) {
                                      for (auto _ : state) {
                                          work();
@@ -65,38 +77,66 @@ void register_side(const char* side, const std::function<void()>& work, const Op
                                      state.SetItemsProcessed(state.iterations());
                                  })
         ->MinTime(options.seconds)
-        ->Repetitions(options.repetitions)
         ->Threads(threads)
         ->UseRealTime();
+    LastRate last;
+    benchmark::RunSpecifiedBenchmarks(&last, ".*");
+    return last.rate();
 }
 
-void measure(const Row& row, const Options& options) {
-    const BenchPair& pair = row.pair;
-    benchmark::ClearRegisteredBenchmarks();
-    register_side("ours", pair.ours, options, row.threads ? 2 : 1);
-    register_side("theirs", row.threads ? pair.ours : pair.theirs, options, 1);
-    BestRate best;
-    benchmark::RunSpecifiedBenchmarks(&best, ".*");
+// What lies at a part of the way through the sorted values.
+double quantile(std::vector<double> values, double part) {
+    std::sort(values.begin(), values.end());
+    return values[static_cast<size_t>(part * static_cast<double>(values.size() - 1) + 0.5)];
+}
 
-    const double ours = best.rate("ours"), theirs = best.rate("theirs");
-    const char* unit = "ns/call";
-    double shownOurs = 1e9 / ours, shownTheirs = 1e9 / theirs;
-    if (row.threads) {
-        unit = "Mcalls/s";
-        shownOurs = ours / 1e6;
-        shownTheirs = theirs / 1e6;
-    } else if (pair.bytesPerCall != 0) {
-        unit = "MB/s";
-        shownOurs = ours * static_cast<double>(pair.bytesPerCall) / 1e6;
-        shownTheirs = theirs * static_cast<double>(pair.bytesPerCall) / 1e6;
+// One processor for a row of one thread, or all of them.
+void pin(bool one) {
+    static const cpu_set_t allowed = [] {
+        cpu_set_t set;
+        sched_getaffinity(0, sizeof set, &set);
+        return set;
+    }();
+    cpu_set_t set = allowed;
+    if (one) {
+        CPU_ZERO(&set);
+        size_t last = CPU_SETSIZE - 1;
+        while (last > 0 && !CPU_ISSET(last, &allowed))
+            --last;
+        CPU_SET(last, &set);
     }
-    std::printf("%-44s %11.1f %11.1f  %-9s %6.2f\n", pair.name.c_str(), shownOurs, shownTheirs, unit,
-                ours / theirs);
-    std::fflush(stdout);
+    sched_setaffinity(0, sizeof set, &set);
 }
+
+Result measure(const Row& row, const Options& options) {
+    const BenchPair& pair = row.pair;
+    std::vector<double> ours, theirs, ratios;
+    pin(!row.threads);
+    for (int i = 0; i < options.slices; ++i) {
+        ours.push_back(slice(pair.ours, options, row.threads ? 2 : 1));
+        theirs.push_back(slice(row.threads ? pair.ours : pair.theirs, options, 1));
+        ratios.push_back(ours.back() / theirs.back());
+    }
+    pin(false);
+    Result result = {1e9 / quantile(ours, 0.5), 1e9 / quantile(theirs, 0.5), "ns/call", quantile(ratios, 0.5),
+                     0};
+    result.spread = (quantile(ratios, 0.75) - quantile(ratios, 0.25)) / (2 * result.ratio);
+    if (row.threads || pair.bytesPerCall != 0) {
+        result.unit = row.threads ? "Mcalls/s" : "MB/s";
+        const double scale = row.threads ? 1e-6 : static_cast<double>(pair.bytesPerCall) / 1e6;
+        result.ours = quantile(ours, 0.5) * scale;
+        result.theirs = quantile(theirs, 0.5) * scale;
+    }
+    std::printf("%-52s %11.1f %11.1f  %-9s %6.2f  +-%2.0f %%\n", pair.name.c_str(), result.ours,
+                result.theirs, result.unit, result.ratio, 100 * result.spread);
+    std::fflush(stdout);
+    return result;
+}
+
+using Machine = std::vector<std::pair<std::string, std::string>>;
 
 // The model, and of the flags those that kernels here or in libcrypto ask for.
-void print_machine() {
+Machine machine() {
     static const char* const wanted[] = {
         "ssse3", "sse4_1", "aes",  "pclmulqdq", "sha_ni",   "avx",      "avx2",       "bmi2",
         "adx",   "vaes",   "gfni", "avx512f",   "avx512bw", "avx512vl", "avx512ifma", "avx512_vbmi"};
@@ -113,16 +153,44 @@ void print_machine() {
             if (std::find(std::begin(wanted), std::end(wanted), word) != std::end(wanted))
                 flags += (flags.empty() ? "" : " ") + word;
     }
-    std::printf("processor  %s\nflags      %s\n", model.c_str(), flags.c_str());
+    Machine all = {{"processor", model}, {"flags", flags}};
     if (const char* mask = std::getenv("OPENSSL_ia32cap"))
-        std::printf("           OPENSSL_ia32cap=%s\n", mask);
-    std::printf("compiler   GCC %s, %s build\npeer       %s\n", __VERSION__, ZUL_BUILD_TYPE,
-                OpenSSL_version(OPENSSL_VERSION));
-#ifndef __OPTIMIZE__
-    std::printf("WARNING    built without optimisation: these figures say nothing\n");
-#endif
+        all.emplace_back("mask", std::string("OPENSSL_ia32cap=") + mask);
+    all.emplace_back("compiler", std::string("GCC ") + __VERSION__ + ", " + ZUL_BUILD_TYPE + " build");
+    all.emplace_back("peer", OpenSSL_version(OPENSSL_VERSION));
     for (const auto& [subject, note] : notes())
-        std::printf("%-10s %s\n", subject.c_str(), note().c_str());
+        all.emplace_back(subject, note());
+#ifndef __OPTIMIZE__
+    all.emplace_back("WARNING", "built without optimisation: these figures say nothing");
+#endif
+    return all;
+}
+
+// JSON of names and figures, which hold nothing that needs an escape.
+void write_json(const Options& options, const Machine& about,
+                const std::vector<std::pair<const Row*, Result>>& results) {
+    std::FILE* file = std::fopen(options.json.c_str(), "w");
+    if (file == nullptr) {
+        std::perror(options.json.c_str());
+        std::exit(1);
+    }
+    std::fprintf(file, "{\"machine\": [");
+    for (size_t i = 0; i < about.size(); ++i)
+        std::fprintf(file, "%s\n  [\"%s\", \"%s\"]", i == 0 ? "" : ",", about[i].first.c_str(),
+                     about[i].second.c_str());
+    std::fprintf(file, "],\n \"slices\": %d, \"seconds\": %g,\n \"rows\": [", options.slices,
+                 options.seconds);
+    for (size_t i = 0; i < results.size(); ++i) {
+        const auto& [row, result] = results[i];
+        std::fprintf(file,
+                     "%s\n  {\"group\": \"%s\", \"name\": \"%s\", \"bytes\": %zu, \"ours\": %.5g, "
+                     "\"theirs\": %.5g, \"unit\": \"%s\", \"ratio\": %.3f, \"spread\": %.3f}",
+                     i == 0 ? "" : ",", row->group.c_str(), row->pair.name.c_str(), row->pair.bytesPerCall,
+                     result.ours, result.theirs, result.unit, result.ratio, result.spread);
+    }
+    std::fprintf(file, "]}\n");
+    if (std::fclose(file) != 0)
+        std::exit(1);
 }
 
 bool parse(int argc, char** argv, Options& options) {
@@ -131,26 +199,35 @@ bool parse(int argc, char** argv, Options& options) {
         const size_t equals = argument.find('=');
         const std::string name = argument.substr(0, equals);
         const std::string value = equals == std::string::npos ? "" : argument.substr(equals + 1);
-        if (name == "--repetitions")
-            options.repetitions = std::atoi(value.c_str());
+        if (name == "--slices")
+            options.slices = std::atoi(value.c_str());
         else if (name == "--seconds")
             options.seconds = std::atof(value.c_str());
         else if (name == "--filter")
-            options.filter = value;
+            options.filters.push_back(value);
+        else if (name == "--json")
+            options.json = value;
         else
             return false;
     }
-    return options.repetitions > 0 && options.seconds > 0;
+    return options.slices > 0 && options.seconds > 0;
 }
 
 } // namespace
 
+BenchRows::BenchRows(const char* file, void (*add)()) {
+    const std::string path = file;
+    const size_t begin = path.rfind('/') + 1;
+    current_group() = path.substr(begin, path.rfind("_bench") - begin);
+    add();
+}
+
 void bench_register(BenchPair pair) {
-    rows().push_back({std::move(pair), false});
+    rows().push_back({current_group(), std::move(pair), false});
 }
 
 void bench_register_threads(std::string name, std::function<void()> ours) {
-    rows().push_back({{std::move(name), 0, std::move(ours), {}}, true});
+    rows().push_back({current_group(), {std::move(name), 0, std::move(ours), {}}, true});
 }
 
 void bench_register_note(std::string subject, std::function<std::string()> note) {
@@ -160,18 +237,26 @@ void bench_register_note(std::string subject, std::function<std::string()> note)
 int main(int argc, char** argv) {
     Options options;
     if (!parse(argc, argv, options)) {
-        std::fprintf(stderr, "usage: %s [--filter=TEXT] [--repetitions=N] [--seconds=S]\n", argv[0]);
+        std::fprintf(stderr, "usage: %s [--filter=TEXT ...] [--slices=N] [--seconds=S] [--json=FILE]\n",
+                     argv[0]);
         return 2;
     }
-    char interleave[] = "--benchmark_enable_random_interleaving=true";
-    char* settings[] = {argv[0], interleave, nullptr};
-    int count = 2;
-    benchmark::Initialize(&count, settings);
+    int count = 1;
+    benchmark::Initialize(&count, argv);
 
-    print_machine();
-    std::printf("\n%-44s %11s %11s  %-9s %6s\n", "row", "ours", "theirs", "unit", "ratio");
-    for (const Row& row : rows())
-        if (row.pair.name.find(options.filter) != std::string::npos)
-            measure(row, options);
+    const Machine about = machine();
+    for (const auto& [subject, text] : about)
+        std::printf("%-10s %s\n", subject.c_str(), text.c_str());
+    std::printf("\n%-52s %11s %11s  %-9s %6s  %s\n", "row", "ours", "theirs", "unit", "ratio", "spread");
+    std::vector<std::pair<const Row*, Result>> results;
+    for (const Row& row : rows()) {
+        bool wanted = options.filters.empty();
+        for (const std::string& filter : options.filters)
+            wanted |= row.pair.name.find(filter) != std::string::npos;
+        if (wanted)
+            results.emplace_back(&row, measure(row, options));
+    }
+    if (!options.json.empty())
+        write_json(options, about, results);
     return 0;
 }

@@ -19,11 +19,11 @@ void bench_register_threads(std::string name, std::function<void()> ours);
 // A line of the table's head, such as the kernels that would run now. Called once, after the program's start.
 void bench_register_note(std::string subject, std::function<std::string()> note);
 
-// BENCH_ROWS { ... } holds a file's registrations.
+// BENCH_ROWS { ... } holds a file's registrations. The rows of X_bench.cpp are the group X.
 struct BenchRows {
-    explicit BenchRows(void (*add)()) { add(); }
+    BenchRows(const char* file, void (*add)());
 };
 #define BENCH_ROWS                                                                                           \
     static void bench_rows();                                                                                \
-    static const BenchRows bench_rows_registered(bench_rows);                                                \
+    static const BenchRows bench_rows_registered(__FILE__, bench_rows);                                      \
     static void bench_rows()

@@ -3,16 +3,17 @@
 #include <vector>
 
 #include "bench_pair.h"
+#include "bench_sizes.h"
 #include "cipher/aes.h"
 #include "cipher/tdes.h"
 #include "zulcore.h"
 
 namespace {
 
-constexpr int kSize = 16384;
+constexpr int kSize = 1 << 14, kLargest = 1 << 20;
 std::array<unsigned char, 32> key;
 std::array<unsigned char, 16> iv;
-std::vector<unsigned char> input(kSize, 0x5a), ours(kSize), theirs(kSize);
+std::vector<unsigned char> input(kLargest, 0x5a), ours(kLargest), theirs(kLargest);
 
 struct CipherRow {
     const char* name;
@@ -22,19 +23,19 @@ struct CipherRow {
 };
 
 // Both sides set key and IV in every call; the peer's context is used again.
-void add_cipher(const CipherRow& row) {
+void add_cipher(const CipherRow& row, int size, const std::string& suffix) {
     EVP_CIPHER* algorithm = EVP_CIPHER_fetch(nullptr, row.peerName, nullptr);
     EVP_CIPHER_CTX* context = EVP_CIPHER_CTX_new();
-    bench_register({row.name, kSize,
-                    [row] {
-                        CIPHER_Bytes(row.encrypt, ours.data(), input.data(), kSize, key.data(), iv.data(),
+    bench_register({row.name + suffix, static_cast<size_t>(size),
+                    [row, size] {
+                        CIPHER_Bytes(row.encrypt, ours.data(), input.data(), size, key.data(), iv.data(),
                                      nullptr, row.options);
                     },
-                    [row, algorithm, context] {
+                    [row, algorithm, context, size] {
                         int length = 0;
                         EVP_CipherInit_ex2(context, algorithm, key.data(), iv.data(), row.encrypt, nullptr);
                         EVP_CIPHER_CTX_set_padding(context, 0);
-                        EVP_CipherUpdate(context, theirs.data(), &length, input.data(), kSize);
+                        EVP_CipherUpdate(context, theirs.data(), &length, input.data(), size);
                     }});
 }
 
@@ -69,6 +70,14 @@ BENCH_ROWS {
     bench_register_note("kernels", [] {
         return std::string("AES ") + zul::aes_kernel() + ", Triple DES " + zul::tdes_kernel();
     });
-    for (const CipherRow& row : cipherRows)
-        add_cipher(row);
+    // The modes that are used most at every size, the others where the block rate shows.
+    for (const CipherRow& row : cipherRows) {
+        const std::string name = row.name;
+        if (name != "AES-128-CBC encrypt" && name != "AES-256-CBC decrypt" && name != "AES-256-CTR") {
+            add_cipher(row, kSize, "");
+            continue;
+        }
+        for (const BenchSize& size : bench_sizes)
+            add_cipher(row, size.bytes, size.suffix);
+    }
 }

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "bench_pair.h"
+#include "bench_sizes.h"
 #include "hash/sha1.h"
 #include "hash/sha256.h"
 #include "hash/sha512.h"
@@ -46,14 +47,9 @@ BENCH_ROWS {
                     {"SHA-1", ZUL_HASH_SHA1, "SHA1"},
                     {"SHA-512", ZUL_HASH_SHA512, "SHA512"},
                     {"MD5", ZUL_HASH_MD5, "MD5"}};
-    constexpr struct {
-        const char* name;
-        int bytes;
-    } kSizes[] = {{", 64 bytes", 64}, {", 1 KiB", 1 << 10}, {", 16 KiB", 1 << 14}, {", 1 MiB", 1 << 20}};
     for (const auto& digest : kDigests)
-        for (const auto& size : kSizes)
-            add_digest((std::string(digest.name) + size.name).c_str(), size.bytes, digest.option,
-                       digest.peerName);
+        for (const BenchSize& size : bench_sizes)
+            add_digest((digest.name + size.suffix).c_str(), size.bytes, digest.option, digest.peerName);
 
     bench_register({"HMAC-SHA-256, 64 bytes", 0, our_hmac, [] {
                         HMAC(EVP_sha256(), message.data(), 32, message.data(), 64, theirs.data(), nullptr);

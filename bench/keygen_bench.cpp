@@ -7,7 +7,7 @@
 #include "rsa/rsa_generate.h"
 
 // How long one key takes is a matter of luck. The table counts the best repetition; for means of many keys
-// there should be a single long one: --filter="key generation" --repetitions=1 --seconds=20.
+// there should be a single long one: --filter="key generation" --slices=1 --seconds=20.
 
 namespace {
 

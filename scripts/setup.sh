@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# setup.sh [--bindings | --packaging | --site | --screens | --all]: installs the Debian packages that building and testing
+# setup.sh [--bindings | --packaging | --site | --screens | --bench | --all]: installs the Debian packages that building and testing
 # the library and the tool need; --bindings: what the bindings' languages need; --packaging: what making and testing
-# packages needs; --site: what the site needs; --screens: what pictures of it need; --all: all but the last. Does nothing
-# where all are there.
+# packages needs; --site: what the site needs; --screens: what pictures of it need; --bench: what the plot of the benchmarks
+# needs; --all: all but the last two. Does nothing where all are there.
 set -euo pipefail
 
 library=(
@@ -24,6 +24,7 @@ bindings=(
 packaging=(wixl msitools zip dpkg-dev fakeroot lintian pkg-config llvm lld)
 site=(mkdocs mkdocs-material python3-pymdownx)
 screens=(chromium imagemagick)
+bench=(python3-matplotlib)
 
 # Node.js often comes from elsewhere than Debian, and then with its own npm.
 command -v npm >/dev/null || bindings+=(nodejs npm)
@@ -33,10 +34,11 @@ case "${1:-}" in
     --bindings) packages=("${bindings[@]}") ;;
     --packaging) packages=("${packaging[@]}") ;;
     --site) packages=("${site[@]}") ;;
+    --bench) packages=("${bench[@]}") ;;
     --screens) packages=("${screens[@]}") ;;
     --all) packages=("${library[@]}" "${bindings[@]}" "${packaging[@]}" "${site[@]}") ;;
     *)
-        echo "usage: setup.sh [--bindings | --packaging | --site | --screens | --all]" >&2
+        echo "usage: setup.sh [--bindings | --packaging | --site | --screens | --bench | --all]" >&2
         exit 2
         ;;
 esac
