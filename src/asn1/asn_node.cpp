@@ -1,6 +1,7 @@
 #include "asn1/asn_node.h"
 
 #include <cstring>
+#include <new>
 
 #include "frame/memory.h"
 
@@ -8,12 +9,14 @@ namespace zul {
 
 asn_Node* asn_make_node(uint32_t cls, uint32_t tag, size_t n) {
     const size_t contentSize = n == 0 ? 0 : n + 1;
-    auto* node = static_cast<asn_Node*>(ecalloc(sizeof(asn_Node) + contentSize, 1));
+    auto* node = new (emalloc(sizeof(asn_Node) + contentSize)) asn_Node{};
     node->cls = cls;
     node->tag = tag;
     node->length = kAsnLengthUnset;
-    if (n != 0)
+    if (n != 0) {
         node->data = reinterpret_cast<uint8_t*>(node + 1);
+        node->data[n] = 0;
+    }
     return node;
 }
 

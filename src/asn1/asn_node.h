@@ -53,8 +53,8 @@ struct asn_Node {
     uint8_t* data;
 };
 
-// asn_make_node gives a node without a list, whose content of n bytes (0: none, data null) is zero and lies
-// in the node's own block. Its length is unset. At most kAsnMaxMade bytes.
+// asn_make_node gives a node without a list, with room for n bytes of content (0: none, data null) in the
+// node's own block, which the caller fills. Its length is unset. At most kAsnMaxMade bytes.
 constexpr size_t kAsnMaxMade = 0x3FFF0000;
 asn_Node* asn_make_node(uint32_t cls, uint32_t tag, size_t n);
 

@@ -21,7 +21,22 @@ bool is_refused(size_t size) {
     return refuse != nullptr && refuse(size);
 }
 
+void* system_malloc(size_t size) {
+    if (is_refused(size))
+        return nullptr;
+    void* block = malloc(size);
+    if (block != nullptr)
+        liveBlocks.fetch_add(1, std::memory_order_relaxed);
+    return block;
+}
+
 void* system_calloc(size_t size) {
+    // The calloc of glibc passes by the thread's own lists of small free blocks, which malloc uses.
+    constexpr size_t kSmall = 1024;
+    if (size <= kSmall) {
+        void* block = system_malloc(size);
+        return block == nullptr ? nullptr : memset(block, 0, size);
+    }
     if (is_refused(size))
         return nullptr;
     void* block = calloc(size, 1);
@@ -40,7 +55,7 @@ void* system_calloc(size_t size) {
 void* emalloc(size_t size) {
     if (size > kMaxAllocation)
         out_of_memory("malloc request is too big.");
-    void* block = system_calloc(size == 0 ? 1 : size);
+    void* block = system_malloc(size == 0 ? 1 : size);
     if (block == nullptr)
         out_of_memory("malloc failed to allocate memory.");
     return block;
@@ -59,7 +74,7 @@ void* ecalloc(size_t count, size_t size) {
 
 char* estrdup(const char* text) {
     const size_t size = strlen(text) + 1;
-    auto* copy = static_cast<char*>(system_calloc(size));
+    auto* copy = static_cast<char*>(system_malloc(size));
     if (copy == nullptr)
         out_of_memory("estrdup failed to allocate memory.");
     memcpy(copy, text, size);

@@ -12,7 +12,7 @@ constexpr size_t kMaxAllocation = 0x3FFFFFFF;
 
 // The allocation functions never return a null pointer: a request that is too big or cannot be served makes
 // the fatal report and ends the process with status 1. A request of 0 is served as 1.
-void* emalloc(size_t size);
+void* emalloc(size_t size);               // whatever bytes the block had before
 void* ecalloc(size_t count, size_t size); // zero-filled
 char* estrdup(const char* text);
 void efree(void* block); // null is ignored; the content is not wiped

@@ -138,7 +138,7 @@ TEST_F(Freed, ARecordIsWipedWithItsThread) {
 }
 
 TEST(Wipe, ReachesEveryByteAndNoOther) {
-    for (const size_t length : {0u, 1u, 7u, 255u, 256u, 257u, 1000u}) {
+    for (const size_t length : {0u, 1u, 7u, 255u, 256u, 257u, 1000u, 300'000u}) {
         std::vector<uint8_t> bytes(length + 2, 0xA5);
         wipe_bytes(bytes.data() + 1, length);
         EXPECT_EQ(bytes.front(), 0xA5);
