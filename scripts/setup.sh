@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# setup.sh [--bindings | --packaging | --site | --screens | --bench | --all]: installs the Debian packages that building and testing
-# the library and the tool need; --bindings: what the bindings' languages need; --packaging: what making and testing
+# setup.sh [--bindings | --packaging | --site | --screens | --bench | --all]: installs the Debian packages that building and
+# testing the library and the tool need; --bindings: what the bindings' languages need; --packaging: what making and testing
 # packages needs; --site: what the site needs; --screens: what pictures of it need; --bench: what the plot of the benchmarks
 # needs; --all: all but the last two. Does nothing where all are there.
 set -euo pipefail

@@ -98,21 +98,27 @@ struct CertificateParts {
                : err_fail(BAD_PARAM_ERROR, "The pathLength has to be below that of the issuer, %d", most);
 }
 
+// open_own begins an object of the signer's own key: the plan, and the key that it is completed with.
+[[nodiscard]] int open_own(CertificatePlan& plan, ObjectSigner& signer, PlanKind kind, const char* privateKey,
+                           const char* description) {
+    plan.kind = kind;
+    if (const int error = certificate_plan_read(plan, description))
+        return error;
+    if (const int error = signer.open(privateKey))
+        return error;
+    if (const int error = plan_complete(plan, signer.key()))
+        return error;
+    return signer.choose(plan.signature.text());
+}
+
 } // namespace
 
 int cert_self_sign(const char* certFile, const char* privateKey, const char* description, int options) {
     if ((options & ~ZUL_CERT_DER) != 0)
         return err_unknown_option();
     CertificatePlan plan;
-    plan.kind = PlanKind::selfSigned;
-    if (const int error = certificate_plan_read(plan, description))
-        return error;
     ObjectSigner signer;
-    if (const int error = signer.open(privateKey))
-        return error;
-    if (const int error = plan_complete(plan, signer.key()))
-        return error;
-    if (const int error = signer.choose(plan.signature.text()))
+    if (const int error = open_own(plan, signer, PlanKind::selfSigned, privateKey, description))
         return error;
     CertificateParts parts;
     parts.issuer = asn_NewSequence(asn_CopyList(plan.subject.head()));
@@ -166,15 +172,8 @@ int cert_request(const char* requestFile, const char* privateKey, const char* de
     if ((options & ~ZUL_CERT_DER) != 0)
         return err_unknown_option();
     CertificatePlan plan;
-    plan.kind = PlanKind::request;
-    if (const int error = certificate_plan_read(plan, description))
-        return error;
     ObjectSigner signer;
-    if (const int error = signer.open(privateKey))
-        return error;
-    if (const int error = plan_complete(plan, signer.key()))
-        return error;
-    if (const int error = signer.choose(plan.signature.text()))
+    if (const int error = open_own(plan, signer, PlanKind::request, privateKey, description))
         return error;
     AsnList attributes;
     if (AsnList extensions = plan_extensions(plan, {}, {}))

@@ -50,21 +50,12 @@ bool show_ca_version(ReportWriter& report, DerView value) {
 }
 
 bool show_capabilities(ReportWriter& report, DerView value) {
-    DerView content;
-    DerElement element;
-    if (!der_single(value, kDerSequence, content))
-        return false;
-    DerReader reader(content);
-    report.begin_list(kExtnValue);
-    while (reader.take_any(element))
-        show_guarded(report, {}, element.encoding, [&] {
-            report.begin_object({});
-            const bool isGood = show_algorithm(report, "capabilityID", "parameters", element);
-            report.end_object();
-            return isGood;
-        });
-    report.end_list();
-    return reader.at_end();
+    return show_list(report, value, [&](const DerElement& element) {
+        report.begin_object({});
+        const bool isGood = show_algorithm(report, "capabilityID", "parameters", element);
+        report.end_object();
+        return isGood;
+    });
 }
 
 // show_entrust_version writes EntrustVersInfo, a version and flags.

@@ -96,17 +96,9 @@ bool show_policy(ReportWriter& report, DerView content) {
 } // namespace
 
 bool show_policies(ReportWriter& report, DerView value) {
-    DerView content;
-    DerElement element;
-    if (!der_single(value, kDerSequence, content))
-        return false;
-    DerReader reader(content);
-    report.begin_list(kExtnValue);
-    while (reader.take_any(element))
-        show_guarded(report, {}, element.encoding,
-                     [&] { return element.is(kDerSequence) && show_policy(report, element.content); });
-    report.end_list();
-    return reader.at_end();
+    return show_list(report, value, [&](const DerElement& element) {
+        return element.is(kDerSequence) && show_policy(report, element.content);
+    });
 }
 
 } // namespace zul

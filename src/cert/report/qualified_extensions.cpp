@@ -166,17 +166,9 @@ bool show_statement(ReportWriter& report, DerView content) {
 }
 
 bool show_statements(ReportWriter& report, DerView value) {
-    DerView content;
-    DerElement element;
-    if (!der_single(value, kDerSequence, content))
-        return false;
-    DerReader reader(content);
-    report.begin_list(kExtnValue);
-    while (reader.take_any(element))
-        show_guarded(report, {}, element.encoding,
-                     [&] { return element.is(kDerSequence) && show_statement(report, element.content); });
-    report.end_list();
-    return reader.at_end();
+    return show_list(report, value, [&](const DerElement& element) {
+        return element.is(kDerSequence) && show_statement(report, element.content);
+    });
 }
 
 constexpr ExtensionRow kRows[] = {{"qcStatements", show_statements}};

@@ -1,4 +1,5 @@
 #pragma once
+#include "asn1/der_reader.h"
 #include "cert/report/report_writer.h"
 
 // The values of extensions: each function writes one as the field extnValue, and gives false if it is
@@ -24,6 +25,22 @@ ExtensionRows qualified_extensions(); // of RFC 3739 and ETSI
 ExtensionRows web_extensions();       // Certificate Transparency, TLS, OCSP
 
 constexpr std::string_view kExtnValue = "extnValue";
+
+// show_list writes a SEQUENCE OF as a list: an element by show(element), or as a malformed one where that
+// gives false.
+template<class Show>
+bool show_list(ReportWriter& report, DerView value, Show show) {
+    DerView content;
+    DerElement element;
+    if (!der_single(value, kDerSequence, content))
+        return false;
+    DerReader reader(content);
+    report.begin_list(kExtnValue);
+    while (reader.take_any(element))
+        show_guarded(report, {}, element.encoding, [&] { return show(element); });
+    report.end_list();
+    return reader.at_end();
+}
 
 bool show_sct_list(ReportWriter& report, DerView value);
 bool show_distribution_points(ReportWriter& report, DerView value);

@@ -307,17 +307,9 @@ ExtensionRows standard_extensions() {
 }
 
 bool show_distribution_points(ReportWriter& report, DerView value) {
-    DerView content;
-    DerElement element;
-    if (!der_single(value, kDerSequence, content))
-        return false;
-    DerReader reader(content);
-    report.begin_list(kExtnValue);
-    while (reader.take_any(element))
-        show_guarded(report, {}, element.encoding,
-                     [&] { return element.is(kDerSequence) && show_point(report, element.content); });
-    report.end_list();
-    return reader.at_end();
+    return show_list(report, value, [&](const DerElement& element) {
+        return element.is(kDerSequence) && show_point(report, element.content);
+    });
 }
 
 } // namespace zul
