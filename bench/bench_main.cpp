@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "bench_pair.h"
+#include "platform/cpu.h"
 
 // Google Benchmark times each side. Slices of the two alternate and each pair gives a ratio, so that a busy
 // moment of the machine falls on both; the median of the pairs counts, and half of them lie within the spread
@@ -44,6 +45,7 @@ struct Options {
     double seconds = 0.05; // of each slice
     std::vector<std::string> filters;
     std::string json;
+    bool portable = false; // our side without the kernels of this processor
 };
 
 struct Result {
@@ -207,6 +209,8 @@ bool parse(int argc, char** argv, Options& options) {
             options.filters.push_back(value);
         else if (name == "--json")
             options.json = value;
+        else if (argument == "--portable")
+            options.portable = true;
         else
             return false;
     }
@@ -237,13 +241,16 @@ void bench_register_note(std::string subject, std::function<std::string()> note)
 int main(int argc, char** argv) {
     Options options;
     if (!parse(argc, argv, options)) {
-        std::fprintf(stderr, "usage: %s [--filter=TEXT ...] [--slices=N] [--seconds=S] [--json=FILE]\n",
+        std::fprintf(stderr,
+                     "usage: %s [--filter=TEXT ...] [--slices=N] [--seconds=S] [--json=FILE] [--portable]\n",
                      argv[0]);
         return 2;
     }
     int count = 1;
     benchmark::Initialize(&count, argv);
 
+    if (options.portable)
+        zul::cpu_mask_features(~uint32_t{0});
     const Machine about = machine();
     for (const auto& [subject, text] : about)
         std::printf("%-10s %s\n", subject.c_str(), text.c_str());

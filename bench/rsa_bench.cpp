@@ -7,6 +7,7 @@
 #include "bench_pair.h"
 #include "rsa/rsa_operation.h"
 #include "rsa_bench_keys.h"
+#include "zulcore.h"
 
 namespace {
 
@@ -17,9 +18,11 @@ class Key {
   public:
     explicit Key(const BenchPrimes& primes) : input_(static_cast<size_t>(primes.bits / 8), 0x5A) {
         bench_fill_key(key_, primes);
+        privateString_ = bench_key_string(key_);
+        publicString_ = bench_key_string(key_, zul::rsa_public_key_string);
         fill_theirs();
-        if (ours(zul::rsaPrivate) != theirs(RSA_private_encrypt) ||
-            ours(zul::rsaPublic) != theirs(RSA_public_encrypt))
+        if (ours(zul::rsaPrivate) != theirs(RSA_private_encrypt) || raw_private() != peerOutput_ ||
+            ours(zul::rsaPublic) != theirs(RSA_public_encrypt) || raw_public() != peerOutput_)
             std::abort();
     }
 
@@ -32,6 +35,12 @@ class Key {
         operation(&key_, output_.data(), &length, input_.data(), input_.size());
         return output_;
     }
+    const Bytes& raw_public() { return raw(RSA_RawPublic, publicString_); }
+    const Bytes& raw_private() { return raw(RSA_RawPrivate, privateString_); }
+    void open_public() {
+        if (RSA_KeyBits(publicString_.c_str()) <= 0)
+            std::abort();
+    }
     const Bytes& theirs(Theirs operation) {
         peerOutput_.resize(input_.size());
         operation(static_cast<int>(input_.size()), input_.data(), peerOutput_.data(), peer_, RSA_NO_PADDING);
@@ -39,6 +48,13 @@ class Key {
     }
 
   private:
+    const Bytes& raw(int (*operation)(unsigned char*, int, const char*, int), const std::string& keyString) {
+        output_ = input_;
+        if (operation(output_.data(), static_cast<int>(output_.size()), keyString.c_str(), 0) != 0)
+            std::abort();
+        return output_;
+    }
+
     static BIGNUM* to_peer(zul::MT number) {
         Bytes bytes(zul::mtConvToOctets(number, nullptr, 0));
         zul::mtConvToOctets(number, bytes.data(), bytes.size());
@@ -55,9 +71,9 @@ class Key {
 
     zul::RsaKey key_;
     RSA* peer_ = RSA_new();
+    std::string privateString_, publicString_;
     Bytes input_, output_, peerOutput_;
 };
-
 // Made at its first use, as a filter may want none.
 Key& key_of(const BenchPrimes& primes) {
     static std::map<int, Key> keys;
@@ -73,6 +89,14 @@ BENCH_ROWS {
                         [&primes] { key_of(primes).theirs(RSA_private_encrypt); }});
         bench_register({"RSA-" + bits + " public, e = 65537", 0,
                         [&primes] { key_of(primes).ours(zul::rsaPublic); },
+                        [&primes] { key_of(primes).theirs(RSA_public_encrypt); }});
+        // A call with a key string opens it; their key is ready.
+        bench_register({"RSA_RawPrivate, " + bits + " bits", 0, [&primes] { key_of(primes).raw_private(); },
+                        [&primes] { key_of(primes).theirs(RSA_private_encrypt); }});
+        bench_register({"RSA_RawPublic, " + bits + " bits", 0, [&primes] { key_of(primes).raw_public(); },
+                        [&primes] { key_of(primes).theirs(RSA_public_encrypt); }});
+        bench_register({"RSA_KeyBits of a public key, " + bits + " bits", 0,
+                        [&primes] { key_of(primes).open_public(); },
                         [&primes] { key_of(primes).theirs(RSA_public_encrypt); }});
     }
 }

@@ -26,6 +26,15 @@ constexpr BenchPrimes kBenchPrimes[] = {
      "b613521003e6082e527ca2351c7d6e705c363596cdc7362bd7c0fc87a30f65459794d209635524477bc7e34c19f083f68b36"
      "75f39b9ef866e021ce96a4f2addffd2b05678381cd9c56ab27f0c4387802afe28e745a33aecae98da1640608e08732ca9632"
      "38c7ef951d87b21265a9116ac74733efcbf9255cd4c0ddce1c42d35d"},
+    {3072,
+     "bf5f1ce1308f64d989ef76d780cd88e52c85c362b4a393f70d397adf9aa3d4ec6b8b3dc790209ab228d54d17cad125a70941"
+     "9898c92c04fe196d12388d7a63a31a7332dd33ecf1b60a4def4e47c3ac4b2d7912dd19260cb2161864644ce63ae616842b0a"
+     "18f9b459ff1d9e14884d947454168fc9ca7716057d7d0faab092cb774c0a4b4070aba04617cdef57dee3fd5e8440c49c6da4"
+     "0a4451cdcad92891717a98ed252de6db2b8aba2584d7d7ffd30effc1cda2e3627cf44a15ad13bbd08a1f",
+     "bd6f069a0d796bad6d1dcf470af86374e535cc32d23a7b9d951f2abbb37f95295f7b4dc450b3f39f1c56300e2142b5c1dde8"
+     "4461fd3baf784e7c2e3f2d9266673dba7775295532fd4d6c5477a270c21063cf193d7ea359f4cfadeca1aa975d0f396646e0"
+     "072c7b034281dc74899f315e95dbb44081e9f8f0b6fd43d236eb4dad48fc592468a342679dfddd714554df65a42e6490c12b"
+     "0e364b8f5be6c83055de725e6f015244da574efc8891fa1af558ca27e38a2657c21d52c321311f9fa841"},
     {4096,
      "f1870a50647ceef489ceca538b63aee63571fc1ae26fbefb556ed7862e31a5fabf31e81a38c1c05c6f634f62ec20b049d255"
      "2d2d31df6f1fd9369e1b2a7a0116ac17ba2e38f4fa145758bd3239a071e80d669183fa2170c44eff9c3d408cbd1ae1600e43"
@@ -90,12 +99,15 @@ inline void bench_fill_key(zul::RsaKey& key, const BenchPrimes& primes) {
     key.flags = zul::kRsaPublic | zul::kRsaPrivate | zul::kRsaCrt;
 }
 
-inline std::string bench_key_string(const zul::RsaKey& key) {
+using BenchKeyWriter = int (*)(char* out, int outChars, const zul::RsaKey& key, int* length);
+
+inline std::string bench_key_string(const zul::RsaKey& key,
+                                    BenchKeyWriter write = zul::rsa_private_key_string) {
     int length = 0;
-    if (zul::rsa_private_key_string(nullptr, 0, key, &length) != 0)
+    if (write(nullptr, 0, key, &length) != 0)
         std::abort();
     std::string text(static_cast<size_t>(length), '\0');
-    if (zul::rsa_private_key_string(text.data(), length, key, &length) != 0)
+    if (write(text.data(), length, key, &length) != 0)
         std::abort();
     return text;
 }
