@@ -220,6 +220,8 @@ Function* choose(size_t bits, Make make) {
            : bits <= IfmaModulus<21>::kBits ? make(std::integral_constant<size_t, 21>())
            : bits <= IfmaModulus<31>::kBits ? make(std::integral_constant<size_t, 31>())
            : bits <= IfmaModulus<41>::kBits ? make(std::integral_constant<size_t, 41>())
+           : bits <= IfmaModulus<61>::kBits ? make(std::integral_constant<size_t, 61>())
+           : bits <= IfmaModulus<81>::kBits ? make(std::integral_constant<size_t, 81>())
                                             : nullptr;
 }
 

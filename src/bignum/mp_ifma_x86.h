@@ -24,14 +24,16 @@
 // times T / r^(2L-1) < 2^-14. So N <= R < 3N. T < 9 N^2 < 2^36 r^(2L-2) and
 // Q < 9N: U, V and Q end with limb L - 1.
 //
-// A column is a sum of at most L low halves and L doubled high ones, less than 3L * 2^52, and in R, where the
-// columns of T join, less than 7L * 2^52. For L <= 64 its carry is below 2^10, a limb after the carry step
-// below r + 2^10. The highest limb of R must be exact, because what is carried out of it is dropped: N has 16
-// bits in it and R is not below N, so that adding the carry does not wrap it.
+// A column is a sum of at most L low halves (below 2^52) and L doubled high ones (2^51 and next to nothing),
+// less than 2L * 2^52, and in R, where the columns of T join, less than 4L * 2^52. For L <= 128 its carry is
+// below 2^10, a limb after the carry step below r + 2^10. The highest limb of R must be exact, because what
+// is carried out of it is dropped: N has 16 bits in it and R is not below N, so that adding the carry does
+// not wrap it.
 namespace zul {
 
 template<size_t L>
 struct alignas(64) IfmaModulus {
+    static_assert(L <= 128);
     static constexpr size_t kLimbBits = 51;
     static constexpr size_t kVectors = (L + 7) / 8;
     static constexpr size_t kSize = 8 * kVectors;       // limbs of a residue in memory ...
@@ -82,7 +84,7 @@ struct LaneRow {
     Lanes at[K];
 
     ZUL_IFMA void clear() {
-#pragma GCC unroll 16
+#pragma GCC unroll 32
         for (size_t k = 0; k < K; k++)
             at[k] = _mm512_setzero_si512();
     }
@@ -113,10 +115,10 @@ template<size_t K>
 ZUL_IFMA void carry_step(LaneRow<K>& x) {
     const Lanes mask = _mm512_set1_epi64((int64_t{1} << 51) - 1);
     LaneRow<K> carry;
-#pragma GCC unroll 16
+#pragma GCC unroll 32
     for (size_t k = 0; k < K; k++)
         carry.at[k] = _mm512_srli_epi64(x.at[k], 51);
-#pragma GCC unroll 16
+#pragma GCC unroll 32
     for (size_t k = 0; k < K; k++)
         x.at[k] =
             _mm512_add_epi64(_mm512_and_si512(x.at[k], mask), carry.window(static_cast<ptrdiff_t>(k), -1));
@@ -128,14 +130,14 @@ ZUL_IFMA Lanes broadcast(const uint64_t* limb) {
 
 template<size_t K>
 ZUL_IFMA void load_lanes(LaneRow<K>& x, const uint64_t* from) {
-#pragma GCC unroll 16
+#pragma GCC unroll 32
     for (size_t k = 0; k < K; k++)
         x.at[k] = _mm512_load_si512(from + 8 * k);
 }
 
 template<size_t K>
 ZUL_IFMA void store_lanes(uint64_t* to, const LaneRow<K>& x) {
-#pragma GCC unroll 16
+#pragma GCC unroll 32
     for (size_t k = 0; k < K; k++)
         _mm512_store_si512(to + 8 * k, x.at[k]);
 }
@@ -151,10 +153,10 @@ ZUL_ALWAYS_INLINE void read_again_from_memory() {
 template<size_t L, size_t I, size_t K>
 ZUL_IFMA void quotient_row(const IfmaModulus<L>& m, LaneRow<K>& low, LaneRow<K>& high) {
     const Lanes limb = broadcast(m.product + L - 1 + I);
-#pragma GCC unroll 16
+#pragma GCC unroll 32
     for (size_t k = 0; k <= I / 8; k++)
         add_products<false>(low, k, limb, _mm512_load_si512(m.reciprocal[I % 8] + 8 * (I / 8 - k)));
-#pragma GCC unroll 16
+#pragma GCC unroll 32
     for (size_t k = 0; k <= (I + 1) / 8; k++)
         add_products<true>(high, k, limb,
                            _mm512_load_si512(m.reciprocal[(I + 1) % 8] + 8 * ((I + 1) / 8 - k)));
@@ -165,10 +167,10 @@ template<size_t L, size_t I, size_t K>
 ZUL_IFMA void remainder_row(const IfmaModulus<L>& m, LaneRow<K>& low, LaneRow<K>& high) {
     constexpr size_t kLane = I + IfmaModulus<L>::kOffset;
     const Lanes limb = broadcast(m.quotient + 1 + I);
-#pragma GCC unroll 16
+#pragma GCC unroll 32
     for (size_t k = kLane / 8; k < K; k++)
         add_products<false>(low, k, limb, _mm512_load_si512(m.negative[kLane % 8] + 8 * (k - kLane / 8)));
-#pragma GCC unroll 16
+#pragma GCC unroll 32
     for (size_t k = (kLane + 1) / 8; k < K; k++)
         add_products<true>(high, k, limb,
                            _mm512_load_si512(m.negative[(kLane + 1) % 8] + 8 * (k - (kLane + 1) / 8)));
@@ -191,7 +193,7 @@ ZUL_IFMA void remainder_rows(const IfmaModulus<L>& m, SumSets<K>& sums, std::ind
 template<size_t K>
 ZUL_IFMA LaneRow<K> join(const SumSets<K>& sums) {
     LaneRow<K> all;
-#pragma GCC unroll 16
+#pragma GCC unroll 32
     for (size_t k = 0; k < K; k++) {
         const Lanes high = _mm512_add_epi64(sums[2].at[k], sums[3].at[k]);
         all.at[k] =
@@ -247,7 +249,7 @@ struct IfmaProduct {
         const Lanes lowHalf = _mm512_setr_epi64(0, 8, 1, 9, 2, 10, 3, 11);
         const Lanes highHalf = _mm512_setr_epi64(4, 12, 5, 13, 6, 14, 7, 15);
         const Lanes zero = _mm512_setzero_si512();
-#pragma GCC unroll 16
+#pragma GCC unroll 32
         for (size_t k = 0; k < kVectors; k++) {
             const Lanes lows = _mm512_madd52lo_epu64(zero, b.at[k], b.at[k]);
             Lanes highs = _mm512_madd52hi_epu64(zero, b.at[k], b.at[k]);
@@ -266,7 +268,7 @@ struct IfmaProduct {
     template<size_t S>
     ZUL_IFMA LaneRow<kVectors + 1> shifted() const {
         LaneRow<kVectors + 1> moved;
-#pragma GCC unroll 16
+#pragma GCC unroll 32
         for (size_t k = 0; k <= kVectors; k++)
             moved.at[k] = b.window(static_cast<ptrdiff_t>(k),
                                    static_cast<ptrdiff_t>(kOffset) - static_cast<ptrdiff_t>(S % 8));
@@ -296,7 +298,7 @@ struct IfmaProduct {
         constexpr size_t kLane = kSquare ? kShift + I + 1 : kShift;
         constexpr size_t kFirst = kLane / 8 > kFrom ? kLane / 8 : kFrom;
         constexpr size_t kEnd = (kShift + L - 1) / 8 + 1 < kTo ? (kShift + L - 1) / 8 + 1 : kTo;
-#pragma GCC unroll 16
+#pragma GCC unroll 32
         for (size_t k = kFirst; k < kEnd; k++) {
             const Lanes other = moved.at[k - kShift / 8];
             if (kSquare && k == kLane / 8 && kLane % 8 != 0)
@@ -317,7 +319,7 @@ ZUL_IFMA_BODY void ifma_multiply(IfmaModulus<L>& m, uint64_t* z, const uint64_t*
     IfmaProduct<L, kSquare> product(a, b);
     product.template add_rows<kSplit, kColumns>();
     LaneRow<kColumns - kSplit> u;
-#pragma GCC unroll 16
+#pragma GCC unroll 32
     for (size_t k = kSplit; k < kColumns; k++)
         u.at[k - kSplit] = product.column(k);
     carry_step(u);
@@ -335,12 +337,12 @@ ZUL_IFMA_BODY void ifma_multiply(IfmaModulus<L>& m, uint64_t* z, const uint64_t*
 
     product.template add_rows<kSplit / 2, kSplit>();
     LaneRow<kVectors> low;
-#pragma GCC unroll 16
+#pragma GCC unroll 32
     for (size_t k = 0; k < kVectors; k++)
         low.at[k] = product.column(k);
     SumSets<kVectors> remainder;
     clear(remainder);
-#pragma GCC unroll 16
+#pragma GCC unroll 32
     for (size_t k = 0; k < kVectors; k++)
         remainder[0].at[k] =
             _mm512_add_epi64(low.window(static_cast<ptrdiff_t>(k), -static_cast<ptrdiff_t>(kOffset)),

@@ -37,18 +37,28 @@ void mp_kernel_square(DIGIT_T* w, const DIGIT_T* x, size_t n) {
     mp_add_product(w + even, x, n, x + even, 1, n + 1);
 }
 
+namespace {
+
+// Vectors and columns that did not fit the registers are left on the stack: those of the kernels above 2,048
+// bits take up to 13 KB, as compilers go.
+void wipe_kernel_stack(size_t digits) {
+    wipe_dead_stack(digits > 65 ? 16384 : 6144);
+}
+
+} // namespace
+
 void mp_kernel_mod_exp(DIGIT_T* y, const DIGIT_T* x, const DIGIT_T* e, const DIGIT_T* m, size_t n) {
     const size_t digits = mpSizeof(m, n);
     const size_t exponentBits = mpBitLength(e, n);
     if (!cpu_has(kCpuAvx512 | kCpuAvx512Ifma) || !mod_exp_ifma(y, x, e, exponentBits, m, digits))
         mod_exp_adx(y, x, e, exponentBits, m, digits);
     mpSetZero(y + digits, n - digits);
-    wipe_dead_stack(); // vectors and columns that did not fit the registers
+    wipe_kernel_stack(digits);
 }
 
 bool mp_kernel_mod_exp_pair(const MpPower& a, const MpPower& b, size_t n) {
     const bool isDone = cpu_has(kCpuAvx512 | kCpuAvx512Ifma) && mod_exp_pair_ifma(a, b, n);
-    wipe_dead_stack();
+    wipe_kernel_stack(n);
     return isDone;
 }
 

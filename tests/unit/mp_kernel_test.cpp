@@ -92,7 +92,7 @@ TEST_F(MpKernel, PowersEqualThePortableOnes) {
     std::vector<size_t> sizes{34, 64, 65, 127, 129, 199, 200, 4097};
     for (size_t limb = 4; limb <= 64; limb++)
         sizes.insert(sizes.end(), {64 * limb - 63, 64 * limb - 32, 64 * limb - 1, 64 * limb});
-    for (const size_t most : {271u, 526u, 781u, 1036u, 1546u, 2056u})
+    for (const size_t most : {271u, 526u, 781u, 1036u, 1546u, 2056u, 3076u, 4096u})
         sizes.insert(sizes.end(), {most, most + 1});
     for (const size_t bits : sizes)
         for (size_t round = 0; round < 4; round++) {
