@@ -17,7 +17,9 @@ ByteStream::ByteStream(const char* path) : file_(path, platform::OpenMode::read)
     if (!file_.is_open())
         return;
     fileLength_ = platform::file_length(file_.handle());
-    buffer_ = SecretBuffer(kKept + kWindow);
+    // A small file is read whole, and no further until something is asked of what lies behind it.
+    const bool isSmall = fileLength_ > 0 && fileLength_ < int64_t{kWindow};
+    buffer_ = SecretBuffer(kKept + (isSmall ? static_cast<size_t>(fileLength_) : kWindow));
     window_ = next_ = end_ = buffer_.data();
 }
 
@@ -28,7 +30,7 @@ bool ByteStream::fill() {
     const size_t kept = std::min(kKept, static_cast<size_t>(end_ - window_));
     memcpy(last, end_ - kept, kept);
     uint8_t* bytes = buffer_.data() + kKept;
-    const size_t got = platform::file_read(file_.handle(), bytes, kWindow, &failed_);
+    const size_t got = platform::file_read(file_.handle(), bytes, buffer_.size() - kKept, &failed_);
     if (got == 0) // the window stays, so that a pipe can still go back in it
         return false;
     windowOffset_ += static_cast<size_t>(end_ - window_) - kept;

@@ -1,5 +1,7 @@
 #include "encode/whole_file.h"
 
+#include <algorithm>
+
 #include "frame/err.h"
 #include "frame/file_stream.h"
 #include "frame/text.h"
@@ -19,8 +21,9 @@ int read_whole_file(const char* path, SecretBuffer& content, size_t maxSize) {
         auto size = static_cast<size_t>(length);
         bool failed = false;
         SecretBuffer whole(size + 1);
-        // One byte more is asked for: a file may say that it is empty, and fail only as it is read.
-        const size_t got = platform::file_read(file.handle(), whole.data(), size + 1, &failed);
+        // A file may say that it is empty, and fail only as it is read.
+        const size_t wanted = std::max<size_t>(size, 1);
+        const size_t got = platform::file_read(file.handle(), whole.data(), wanted, &failed);
         if (failed)
             return err_fail(READ_ERROR, "Cannot read file '%s'", shown_name(path));
         if (got >= size) {

@@ -17,18 +17,24 @@ bool is_same_file(const char* argument, const char* path) {
     return file.is_open() && platform::file_is(file.handle(), path);
 }
 
+// buffer_size takes one byte more than a small file has, so that one system call shows its end.
+static size_t buffer_size(const File& file) {
+    const int64_t length = platform::file_length(file.handle());
+    return length >= 0 && length < int64_t{kStreamBuffer} ? static_cast<size_t>(length) + 1 : kStreamBuffer;
+}
+
 FileReader::FileReader(const char* path, bool text)
     : file_(path, text ? platform::OpenMode::readText : platform::OpenMode::read),
       folds_(text && !platform::file_folds_line_ends()) {
     if (file_.is_open())
-        buffer_ = SecretBuffer(kStreamBuffer + 1);
+        buffer_ = SecretBuffer(1 + buffer_size(file_));
     else
         atEnd_ = true;
 }
 
 void FileReader::fill() {
     next_ = 1;
-    filled_ = 1 + platform::file_read(file_.handle(), buffer_.data() + 1, kStreamBuffer, &failed_);
+    filled_ = 1 + platform::file_read(file_.handle(), buffer_.data() + 1, buffer_.size() - 1, &failed_);
     atEnd_ = filled_ < buffer_.size();
     if (folds_)
         fold_line_ends();

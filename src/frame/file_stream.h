@@ -9,6 +9,8 @@ namespace zul {
 // The buffer of a reader or a writer: large enough that system calls cost little beside the work on the
 // bytes, small enough for the second-level cache.
 constexpr size_t kStreamBuffer = 64 * 1024;
+// A writer begins with this much, which most of its files fit: a buffer costs its zeroing and its wiping.
+constexpr size_t kFirstBuffer = 4096;
 
 // File owns an open file and closes it at its end.
 class File {

@@ -13,12 +13,12 @@ FileWriter::FileWriter(const char* path, const WriteRules& rules) : path_(path),
     else
         file_ = File(path, rules.secret ? platform::OpenMode::createSecret : platform::OpenMode::create);
     if (file_.is_open())
-        buffer_ = SecretBuffer(kStreamBuffer);
+        buffer_ = SecretBuffer(kFirstBuffer);
 }
 
 FileWriter::FileWriter(File file) : path_(nullptr), file_(std::move(file)) {
     if (file_.is_open())
-        buffer_ = SecretBuffer(kStreamBuffer);
+        buffer_ = SecretBuffer(kFirstBuffer);
 }
 
 void FileWriter::open_to_replace() {
@@ -72,8 +72,10 @@ bool FileWriter::write(const void* data, size_t size) {
     if (!failed_ && size >= buffer_.size() - filled_) {
         // Large data bypasses the buffer.
         flush();
-        if (size >= buffer_.size())
+        if (size >= kStreamBuffer)
             return put(bytes, size);
+        if (buffer_.size() < kStreamBuffer)
+            buffer_ = SecretBuffer(kStreamBuffer);
     }
     if (failed_)
         return false;
