@@ -33,8 +33,8 @@ class CertificateMaker {
     bool is_self_signed() const { return order_.issuerCert == nullptr; }
     bool has(int option) const { return (order_.options & option) != 0; }
 
-    [[nodiscard]] int check_key() const;
     [[nodiscard]] int check_inputs() const;
+    [[nodiscard]] int read_inputs();
     [[nodiscard]] int read_names();
     [[nodiscard]] int read_request(SecretBuffer& name);
     [[nodiscard]] int read_issuer_key();
@@ -59,16 +59,12 @@ class CertificateMaker {
     return OPEN_ERROR;
 }
 
-int CertificateMaker::check_key() const {
-    return argument_opens(order_.issuerKey, kLongestKeyName)
-               ? 0
-               : cannot_open("issuer's private key", order_.issuerKey);
-}
-
-// check_inputs comes first because decrypting the issuer's key may take long.
+// check_inputs tells of what cannot be opened.
 int CertificateMaker::check_inputs() const {
-    if (const int error = check_key())
-        return error;
+    if (!argument_opens(order_.issuerKey, kLongestKeyName))
+        return cannot_open("issuer's private key", order_.issuerKey);
+    if (is_self_signed())
+        return 0;
     if (!argument_opens(order_.subjectKey, kLongestKeyName))
         return cannot_open("subject's public key", order_.subjectKey);
     if (!argument_opens(order_.issuerCert, kLongestCertificateName))
@@ -114,8 +110,6 @@ int CertificateMaker::read_names() {
 int CertificateMaker::read_issuer_key() {
     if (read_signing_key(order_.issuerKey, order_.password, issuerKey_) == 0)
         return 0;
-    if (const int error = check_key())
-        return error;
     return err_fail(DECRYPT_ERROR, "Unable to read private key data");
 }
 
@@ -169,26 +163,30 @@ AsnList CertificateMaker::to_be_signed(const tm& notBefore, const tm& notAfter) 
         version1 ? AsnList() : extensions()));
 }
 
-int CertificateMaker::make() {
-    if (algorithm_ == nullptr)
-        return err_fail(BAD_FLAG_ERROR, "Invalid signature option");
-    // A missing file is told of before a faulty name. Where the key is the only file, reading it tells too.
-    int error = is_self_signed() ? 0 : check_inputs();
-    if (error == 0)
-        error = read_names();
-    if (error != 0 && is_self_signed() && check_key() != 0)
-        error = OPEN_ERROR;
+int CertificateMaker::read_inputs() {
+    int error = read_names();
     if (error == 0)
         error = read_issuer_key();
     if (error == 0 && !is_self_signed())
         error = read_issuer();
     if (error == 0 && !is_self_signed())
         error = read_subject_key();
+    return error;
+}
+
+int CertificateMaker::make() {
+    if (algorithm_ == nullptr)
+        return err_fail(BAD_FLAG_ERROR, "Invalid signature option");
     tm notBefore, notAfter;
+    int error = read_inputs();
     if (error == 0)
         error = certificate_validity(text_, order_.yearsValid, &notBefore, &notAfter);
-    if (error != 0)
-        return error;
+    if (error != 0) {
+        // A missing file goes before all else that is wrong, and is looked for only then: opening a file
+        // twice costs as much as encoding the certificate.
+        const int missing = check_inputs();
+        return missing != 0 ? missing : error;
+    }
 
     AsnList certificate;
     error = x509_sign(to_be_signed(notBefore, notAfter), algorithm_, issuerKey_, certificate);
