@@ -64,6 +64,7 @@ int mtSetZero(MT b) {
 
 int mtSetShort(MT b, DIGIT_T d) {
     mtSetZero(b);
+    mt_resize(b, 1);
     b->digits[0] = d;
     b->ndigits = d != 0 ? 1 : 0;
     return 0;
@@ -144,8 +145,9 @@ void mtPrint(const MtNumber* b, int flags) {
     size_t n = b->ndigits;
     if ((flags & kMtPrintNoLeadingZeros) != 0)
         n = mpSizeof(b->digits, n);
-    // Zero is printed as one digit, which every object has room for.
-    mpPrintHex(b->digits, std::max<size_t>(n, 1), (flags & kMtPrintLines) != 0);
+    // Zero is printed as one digit.
+    constexpr DIGIT_T kZero = 0;
+    mpPrintHex(n == 0 ? &kZero : b->digits, std::max<size_t>(n, 1), (flags & kMtPrintLines) != 0);
 }
 
 } // namespace zul

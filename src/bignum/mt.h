@@ -63,20 +63,20 @@ using MtFill = int (*)(uint8_t* out, size_t len, const uint8_t* seed, size_t see
 constexpr int kMtPrintLines = 1, kMtPrintNoLeadingZeros = 2;
 void mtPrint(const MtNumber* b, int flags); // standard output
 
-// BigInt owns an MT and converts to one.
+// BigInt is an integer and converts to its MT. It has no digits, that is null, until it needs one.
 class BigInt {
   public:
-    BigInt() : handle_(mtNew()) {}
-    explicit BigInt(DIGIT_T d) : BigInt() { mtSetShort(handle_, d); }
+    BigInt() = default;
+    explicit BigInt(DIGIT_T d) { mtSetShort(&number_, d); }
     BigInt(const BigInt&) = delete;
     BigInt& operator=(const BigInt&) = delete;
-    ~BigInt() { mtFree(&handle_); }
-    void swap(BigInt& other) { std::swap(handle_, other.handle_); }
+    ~BigInt() { mpFree(&number_.digits, number_.maxdigits); }
+    void swap(BigInt& other) { std::swap(number_, other.number_); }
 
-    operator MT() const { return handle_; }
+    operator MT() const { return &number_; }
 
   private:
-    MT handle_;
+    mutable MtNumber number_{};
 };
 
 } // namespace zul

@@ -16,6 +16,14 @@ size_t widen(Operands... operands) {
     return n;
 }
 
+// widen_for_power leaves room for the result 1, even if all operands are zero.
+template<class... Operands>
+size_t widen_for_power(Operands... operands) {
+    const size_t n = std::max({size_t{1}, operands->ndigits...});
+    (mt_resize(operands, n), ...);
+    return n;
+}
+
 // settle counts the digits of a result that has been written over n digits.
 void settle(MT w, size_t n) {
     w->ndigits = mpSizeof(w->digits, n);
@@ -137,8 +145,7 @@ int mtModMult(MT a, MT x, MT y, MT m) {
 }
 
 int mtModExp(MT y, MT x, MT e, MT m) {
-    // Room for the result 1, even if all operands are zero.
-    const size_t n = std::max<size_t>(widen(x, e, m), 1);
+    const size_t n = widen_for_power(x, e, m);
     mt_resize(y, n);
     mpModExp(y->digits, x->digits, e->digits, m->digits, n);
     settle(y, n);
@@ -146,7 +153,7 @@ int mtModExp(MT y, MT x, MT e, MT m) {
 }
 
 void mtModExpPair(const MtPower& a, const MtPower& b) {
-    const size_t n = std::max<size_t>(widen(a.x, a.e, a.m, b.x, b.e, b.m), 1);
+    const size_t n = widen_for_power(a.x, a.e, a.m, b.x, b.e, b.m);
     mt_resize(a.y, n);
     mt_resize(b.y, n);
     mpModExpPair({a.y->digits, a.x->digits, a.e->digits, a.m->digits},

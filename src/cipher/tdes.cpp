@@ -1,7 +1,8 @@
 // Triple DES (TDEA), SP 800-67, and its modes, SP 800-38A. Modes that know many input blocks at once give
-// them to a bit-sliced kernel; what is left over, and modes that go block after block, use des_core.h.
+// them to a kernel; what is left over, and modes that go block after block, use des_core.h.
 #include "cipher/tdes.h"
 
+#include <algorithm>
 #include <cstring>
 #include <utility>
 
@@ -25,6 +26,17 @@ const TdesKernel& kernel() {
 #else
     return kTdesPortable;
 #endif
+}
+
+// next_kernel chooses for so many blocks; null where one block after the other takes less time. Bit slices
+// need less for a block, byte permutations less for a batch.
+const TdesKernel* next_kernel(size_t blocks) {
+    const TdesKernel* with = &kernel();
+#if ZUL_X86_64
+    if (tdes_vbmi_usable() && blocks < kTdesVbmiMost)
+        with = &kTdesVbmi;
+#endif
+    return blocks >= with->least ? with : nullptr;
 }
 
 // --- one block -----------------------------------------------------------------------------------------
@@ -58,33 +70,36 @@ struct Scratch {
     uint64_t space[kTdesMaxLanes + 8];
 };
 
-// in_batches runs as many leading blocks as a kernel pays for and returns how many it ran.
+// in_batches runs as many leading blocks as kernels pay for and returns how many they ran.
 // before(batch, in, n) fills a batch with what the cipher is to read, after(out, in, batch, n) uses the
 // outcome.
 template<class Before, class After>
 size_t in_batches(const TdesKey& key, bool decrypts, uint8_t* out, const uint8_t* in, size_t blocks,
                   Before before, After after) {
-    const TdesKernel& with = kernel();
-    if (blocks < with.least)
+    const TdesKernel* with = next_kernel(blocks);
+    if (with == nullptr)
         return 0;
     Scratch scratch;
     // The stack of a caller on Windows is aligned to 16 bytes only.
     const size_t misaligned = reinterpret_cast<uintptr_t>(scratch.space) % 64 / 8;
     uint64_t* batch = scratch.space + (8 - misaligned) % 8;
-    tdes_bit_key(scratch.bits, key);
-    size_t done = 0;
-    while (blocks - done >= with.least) {
-        const size_t now = blocks - done < with.lanes ? blocks - done : with.lanes;
+    size_t done = 0, most = 0;
+    for (const TdesKernel* prepared = nullptr; with != nullptr; with = next_kernel(blocks - done)) {
+        if (with != prepared)
+            with->set_key(scratch.bits, key);
+        prepared = with;
+        const size_t now = std::min(blocks - done, with->lanes);
+        most = std::max(most, with->lanes);
         const size_t at = done * kDesBlock;
         before(batch, in + at, now);
-        if (now < with.lanes)
-            std::memset(batch + now, 0, (with.lanes - now) * kDesBlock);
-        with.crypt(scratch.bits, decrypts, batch);
+        if (now < with->lanes)
+            std::memset(batch + now, 0, (with->lanes - now) * kDesBlock);
+        with->crypt(scratch.bits, decrypts, batch);
         after(out + at, in + at, batch, now);
         done += now;
     }
     wipe_bytes(&scratch.bits, sizeof scratch.bits);
-    wipe_bytes(batch, with.lanes * kDesBlock);
+    wipe_bytes(batch, most * kDesBlock);
     return done;
 }
 
@@ -108,6 +123,10 @@ void add_out(uint8_t* out, const uint8_t* in, const uint64_t* batch, size_t now)
 } // namespace
 
 const char* tdes_kernel() {
+#if ZUL_X86_64
+    if (tdes_vbmi_usable())
+        return kTdesVbmi.name;
+#endif
     return kernel().name;
 }
 

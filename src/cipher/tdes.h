@@ -26,7 +26,7 @@ void tdes_cfb_decrypt(const TdesKey& key, uint8_t iv[8], uint8_t* out, const uin
 void tdes_ofb(const TdesKey& key, uint8_t iv[8], uint8_t* out, const uint8_t* in, size_t blocks);
 void tdes_ctr(const TdesKey& key, uint8_t iv[8], uint8_t* out, const uint8_t* in, size_t blocks);
 
-// tdes_kernel names the bit-sliced code that works on many blocks at once now: "avx512", "avx2", "sse2" or
+// tdes_kernel names the code that works on many blocks at once now: "avx512vbmi", "avx512", "avx2", "sse2" or
 // "portable". What must go block after block, and short input, does not use it.
 const char* tdes_kernel();
 

@@ -23,6 +23,6 @@ ZUL_ALWAYS_INLINE V key_bit(const uint64_t* masks, unsigned offset) {
 
 static_assert(std::endian::native == std::endian::little, "a batch is read as little-endian words");
 
-const TdesKernel kTdesPortable = {"portable", 64, 16, crypt};
+const TdesKernel kTdesPortable = {"portable", 64, 16, tdes_bit_key, crypt};
 
 } // namespace zul

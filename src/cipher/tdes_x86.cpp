@@ -66,9 +66,9 @@ ZUL_ALWAYS_INLINE ZUL_DES_TARGET V key_bit(const uint64_t* masks, unsigned offse
 
 } // namespace
 
-const TdesKernel kTdesSse2 = {"sse2", 128, 16, sse2::crypt};
-const TdesKernel kTdesAvx2 = {"avx2", 256, 16, avx2::crypt};
-const TdesKernel kTdesAvx512 = {"avx512", 512, 16, avx512::crypt};
+const TdesKernel kTdesSse2 = {"sse2", 128, 16, tdes_bit_key, sse2::crypt};
+const TdesKernel kTdesAvx2 = {"avx2", 256, 16, tdes_bit_key, avx2::crypt};
+const TdesKernel kTdesAvx512 = {"avx512", 512, 16, tdes_bit_key, avx512::crypt};
 
 } // namespace zul
 

@@ -53,6 +53,8 @@ static uint32_t read_features() {
         found |= kCpuAvx512;
         if (ebx & bit_AVX512IFMA)
             found |= kCpuAvx512Ifma;
+        if (ecx & bit_AVX512VBMI)
+            found |= kCpuAvx512Vbmi;
     }
     return found;
 }

@@ -18,6 +18,7 @@ enum CpuFeature : uint32_t {
     kCpuAdx = 1u << 6,
     kCpuAvx512Ifma = 1u << 7,
     kCpuAvx = 1u << 8, // the registers alone: system libraries use them without AVX2 too
+    kCpuAvx512Vbmi = 1u << 9,
     kCpuDetected = 1u << 31,
 };
 

@@ -16,6 +16,7 @@
 #define ZUL_TARGET_VAES256 __attribute__((target("avx2,aes,vaes")))
 #define ZUL_TARGET_AVX512 __attribute__((target("avx2,bmi,bmi2,avx512f,avx512bw,avx512dq,avx512vl")))
 #define ZUL_TARGET_VAES512 __attribute__((target("avx2,aes,vaes,avx512f,avx512bw,avx512dq,avx512vl")))
+#define ZUL_TARGET_VBMI __attribute__((target("avx2,bmi,bmi2,avx512f,avx512bw,avx512dq,avx512vl,avx512vbmi")))
 #define ZUL_TARGET_IFMA __attribute__((target("avx2,bmi,bmi2,avx512f,avx512bw,avx512dq,avx512vl,avx512ifma")))
 #endif
 

@@ -1,6 +1,5 @@
 #include "rsa/process_key.h"
 
-#include <array>
 #include <cstring>
 
 #include "platform/platform.h"
@@ -9,42 +8,34 @@
 namespace zul {
 namespace {
 
-using KeyBytes = std::array<uint8_t, kProcessKey>;
+constinit TdesKey theKey{};
+constinit bool isMade = false;
 
-// The pattern that stands for a key not yet made.
-constexpr KeyBytes kUnmade = [] {
-    KeyBytes pattern{};
-    pattern.fill(0xA5);
-    return pattern;
-}();
-constinit KeyBytes theKey = kUnmade;
-
-bool is_unmade(const uint8_t* key) {
-    return memcmp(key, kUnmade.data(), kProcessKey) == 0;
-}
-
-bool copy_made_key(uint8_t* key) {
+bool copy_made_key(TdesKey& key) {
     const platform::LockGuard lock;
-    memcpy(key, theKey.data(), kProcessKey);
-    return !is_unmade(key);
+    if (isMade)
+        memcpy(&key, &theKey, sizeof key);
+    return isMade;
 }
 
 } // namespace
 
-void process_key(Secret<kProcessKey>& key) {
-    while (!copy_made_key(key.data())) {
+void process_key(Wiped<TdesKey>& key) {
+    while (!copy_made_key(*key)) {
         // The generator takes the lock itself, so the bytes are drawn before it. Another thread may be first.
-        Secret<kProcessKey> drawn;
-        rng_draw(drawn.data(), kProcessKey);
+        Secret<sizeof theKey.bytes> drawn;
+        rng_draw(drawn.data(), drawn.size());
         const platform::LockGuard lock;
-        if (theKey == kUnmade)
-            memcpy(theKey.data(), drawn.data(), kProcessKey);
+        if (!isMade)
+            tdes_set_key(theKey, drawn.data());
+        isMade = true;
     }
 }
 
 void process_key_forget() {
     const platform::LockGuard lock;
-    theKey = kUnmade;
+    wipe_bytes(&theKey, sizeof theKey);
+    isMade = false;
 }
 
 } // namespace zul

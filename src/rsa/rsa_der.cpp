@@ -34,17 +34,33 @@ AsnChildren inside(const asn_Node* list) {
 
 // read_integer reads an INTEGER as an unsigned number, since old encoders left out the 00 byte before a first
 // byte of 80 or more. It refuses one too long to compute with.
-bool read_integer(const asn_Node* node, BigInt& value) {
-    if (node->data == nullptr || node->length == 0)
+bool read_integer(DerView bytes, BigInt& value) {
+    if (bytes.empty())
         return false;
-    const uint8_t* bytes = node->data;
-    size_t size = node->length;
-    for (; size > 1 && *bytes == 0; bytes++)
-        size--;
-    if (size > kMaxValueBytes)
+    while (bytes.size > 1 && bytes[0] == 0)
+        bytes = {bytes.data + 1, bytes.size - 1};
+    if (bytes.size > kMaxValueBytes)
         return false;
-    mtConvFromOctets(value, bytes, size);
+    mtConvFromOctets(value, bytes.data, bytes.size);
     return true;
+}
+
+bool read_integer(const asn_Node* node, BigInt& value) {
+    return node->data != nullptr && read_integer(DerView(node->data, node->length), value);
+}
+
+// read_integers reads a SEQUENCE of as many INTEGERs as wanted, in DER and with nothing else.
+template<size_t N>
+bool read_integers(DerView der, BigInt* const (&values)[N]) {
+    DerReader outer(der);
+    DerView sequence, integer;
+    if (!outer.take(kDerSequence, sequence) || !outer.at_end())
+        return false;
+    DerReader inner(sequence);
+    for (BigInt* value : values)
+        if (!inner.take(kDerInteger, integer) || !read_integer(integer, *value))
+            return false;
+    return inner.at_end();
 }
 
 // read_integers reads the INTEGERs directly under a SEQUENCE, which has to have as many as wanted and no
@@ -172,6 +188,12 @@ AsnList rsa_private_key_info(const RsaKey& key) {
         asn_LinkList(asn_NewInteger(0), rsa_algorithm(), asn_NewOctetStringOf(rsa_private_key_list(key))));
 }
 
+bool rsa_read_public_key(DerView der, RsaKey& key) {
+    BigInt* const values[] = {&key.n, &key.e};
+    key.flags = 0;
+    return read_integers(der, values) && take_public(key);
+}
+
 bool rsa_read_public_key(const asn_Node* list, RsaKey& key) {
     BigInt* const values[] = {&key.n, &key.e};
     key.flags = 0;
@@ -198,6 +220,13 @@ bool rsa_read_subject_public_key_info(const asn_Node* list, RsaKey& key) {
         return false;
     const AsnList inner = asn_ParseBytes(content.data(), content.size());
     return inner && rsa_read_public_key(inner.head(), key);
+}
+
+bool rsa_read_private_key(DerView der, RsaKey& key) {
+    BigInt version;
+    BigInt* const values[] = {&version, &key.n, &key.e, &key.d, &key.p, &key.q, &key.dP, &key.dQ, &key.qInv};
+    key.flags = 0;
+    return read_integers(der, values) && mtBitLength(version) == 0 && take_private(key);
 }
 
 bool rsa_read_private_key(const asn_Node* list, RsaKey& key) {

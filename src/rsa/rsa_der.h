@@ -1,5 +1,6 @@
 #pragma once
 #include "asn1/asn_node.h"
+#include "asn1/der_reader.h"
 #include "rsa/rsa_key.h"
 
 // RSA keys as DER structures.
@@ -18,6 +19,10 @@ bool rsa_read_public_key(const asn_Node* list, RsaKey& key);
 bool rsa_read_subject_public_key_info(const asn_Node* list, RsaKey& key);
 bool rsa_read_private_key(const asn_Node* list, RsaKey& key); // version 0: two primes
 bool rsa_read_private_key_info(const asn_Node* list, RsaKey& key);
+
+// The same from DER that holds nothing else, as key strings do, without a list.
+bool rsa_read_public_key(DerView der, RsaKey& key);
+bool rsa_read_private_key(DerView der, RsaKey& key);
 
 // Readers for keys of any kind. They take exactly the elements of RFC 8017, and tell why they refuse:
 // otherPrimes is version 1, unusable is rsa_values_usable. A public key has to be DER; in a private one an

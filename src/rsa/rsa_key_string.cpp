@@ -1,7 +1,6 @@
 // The protection is a double encryption as in RFC 3217, over data of any length.
 #include "rsa/rsa_key_string.h"
 
-#include <algorithm>
 #include <cstring>
 
 #include "asn1/asn_encode.h"
@@ -43,12 +42,6 @@ void check_value(uint8_t out[kBlock], KeyStringType type, const uint8_t* payload
     memcpy(out, digest.data(), kBlock);
 }
 
-void set_process_key(TdesKey& key) {
-    Secret<kProcessKey> bytes;
-    process_key(bytes);
-    tdes_set_key(key, bytes.data());
-}
-
 // decode decodes a key string. A protected one has to be exactly the text that encoding its bytes gives, so
 // that every altered character shows.
 bool decode(const char* text, SecretBuffer& bytes) {
@@ -69,6 +62,19 @@ bool decode(const char* text, SecretBuffer& bytes) {
     return true;
 }
 
+// The bytes of a block of whole words in reverse order.
+void reverse_bytes(uint8_t* block, size_t size) {
+    for (size_t low = 0, high = size; low < high; low += 8, high -= 8) {
+        uint64_t first, last;
+        memcpy(&first, block + low, 8);
+        memcpy(&last, block + high - 8, 8);
+        first = __builtin_bswap64(first);
+        last = __builtin_bswap64(last);
+        memcpy(block + low, &last, 8);
+        memcpy(block + high - 8, &first, 8);
+    }
+}
+
 // protect fills block (initial vector, payload and check value; kBlock + payload + kBlock bytes).
 void protect(SecretBuffer& block, const uint8_t* der, size_t derLen, KeyStringType type) {
     uint8_t* const payload = block.data() + kBlock;
@@ -80,12 +86,12 @@ void protect(SecretBuffer& block, const uint8_t* der, size_t derLen, KeyStringTy
     check_value(payload + payloadSize, type, payload, payloadSize);
 
     Wiped<TdesKey> key;
-    set_process_key(*key);
+    process_key(key);
     Secret<kBlock> iv;
     rng_draw(iv.data(), kBlock);
     memcpy(block.data(), iv.data(), kBlock);
     tdes_cbc_encrypt(*key, iv.data(), payload, payload, payloadSize / kBlock + 1);
-    std::reverse(block.data(), block.data() + block.size());
+    reverse_bytes(block.data(), block.size());
     memcpy(iv.data(), kOuterIv, kBlock);
     tdes_cbc_encrypt(*key, iv.data(), block.data(), block.data(), block.size() / kBlock);
 }
@@ -95,11 +101,11 @@ bool unprotect(uint8_t* block, size_t size, KeyStringType type, SecretBuffer& de
     if (size % kBlock != 0 || size < 3 * kBlock)
         return false;
     Wiped<TdesKey> key;
-    set_process_key(*key);
+    process_key(key);
     Secret<kBlock> iv;
     memcpy(iv.data(), kOuterIv, kBlock);
     tdes_cbc_decrypt(*key, iv.data(), block, block, size / kBlock);
-    std::reverse(block, block + size);
+    reverse_bytes(block, size);
     memcpy(iv.data(), block, kBlock);
     uint8_t* const payload = block + kBlock;
     const size_t payloadSize = size - 2 * kBlock;
@@ -131,13 +137,17 @@ bool unprotect(uint8_t* block, size_t size, KeyStringType type, SecretBuffer& de
     const bool tryPrivate = allowPrivate && (isPlain || type == KeyStringType::rsaPrivate);
     if (!tryPublic && !tryPrivate)
         return INVALID_DATA_ERROR;
+    const auto read = [&](auto structure) {
+        const bool isPublic = tryPublic && rsa_read_public_key(structure, key);
+        if (isPrivate != nullptr)
+            *isPrivate = !isPublic;
+        return isPublic || (tryPrivate && rsa_read_private_key(structure, key));
+    };
+    if (read(DerView(der.data(), der.size())))
+        return 0;
+    // A plain one may have a looser encoding.
     const AsnList list = asn_ParseBytes(der.data(), der.size());
-    if (!list)
-        return INVALID_DATA_ERROR;
-    const bool isPublic = tryPublic && rsa_read_public_key(list.head(), key);
-    if (isPrivate != nullptr)
-        *isPrivate = !isPublic;
-    return isPublic || (tryPrivate && rsa_read_private_key(list.head(), key)) ? 0 : INVALID_DATA_ERROR;
+    return list && read(list.head()) ? 0 : INVALID_DATA_ERROR;
 }
 
 [[nodiscard]] int write_key_string(char* out, int outChars, const AsnList& list, KeyStringType type,

@@ -22,7 +22,8 @@ constexpr Level kLevels[] = {
     {"vaes512", true, kCpuAesni | kCpuVaes | kCpuAvx2 | kCpuAvx512, 0},
     {"vaes256", true, kCpuAesni | kCpuVaes | kCpuAvx2, kCpuAvx512},
     {"aesni", true, kCpuAesni | kCpuSsse3, kCpuVaes},
-    {"avx512", false, kCpuAvx512 | kCpuAvx2, 0},
+    {"avx512vbmi", false, kCpuAvx512Vbmi | kCpuAvx512 | kCpuAvx2, 0},
+    {"avx512", false, kCpuAvx512 | kCpuAvx2, kCpuAvx512Vbmi},
     {"avx2", false, kCpuAvx2, kCpuAvx512},
     {"sse2", false, 0, kCpuAvx512 | kCpuAvx2},
 #else
@@ -82,8 +83,8 @@ TEST_P(CipherKernels, ManyBlocksAreLikeOneAfterTheOther) {
     for (size_t count = 0; count <= 40; count++)
         counts.push_back(count);
     if (!GetParam().isAes)
-        counts.insert(counts.end(), {127, 128, 129, 143, 144, 145, 255, 256,  257,  271, 272,
-                                     511, 512, 513, 527, 528, 529, 768, 1023, 1024, 1100});
+        counts.insert(counts.end(), {68,  127, 128, 129, 143, 144, 145, 255, 256, 257,  271,  272, 319,
+                                     320, 321, 511, 512, 513, 527, 528, 529, 768, 1023, 1024, 1100});
     const size_t most = *std::max_element(counts.begin(), counts.end());
     for (const size_t keyLength : {16u, 24u, 32u}) {
         const BlockCipher& with = cipher(keyLength);

@@ -35,25 +35,26 @@ TEST(MtObject, ResizesToExactlyWhatIsAskedAndWipesWhatItLeaves) {
     static size_t freed, length, dirty;
     freed = dirty = 0;
     length = 3 * sizeof(DIGIT_T);
-    {
-        Number b("deadbeef5ec2e75edeadbeef");
-        memory_set_hooks({nullptr, [](void* block) {
-                              freed++;
-                              dirty += !test::is_zero(block, length);
-                          }});
-        mt_resize(b, 3);
-        EXPECT_EQ(freed, 0u);
-        mt_resize(b, 7);
-        EXPECT_EQ(freed, 1u);
-        EXPECT_EQ(b->maxdigits, 7u);
-        EXPECT_EQ(b->ndigits, 3u);
-        EXPECT_EQ(b.hex(), "deadbeef5ec2e75edeadbeef");
-        mt_resize(b, 2);
-        EXPECT_EQ(b.hex(), "5ec2e75edeadbeef");
-        EXPECT_EQ(b->maxdigits, 7u);
-        b->digits[5] = 0x5EC2E75E; // the whole capacity is wiped in the end
-        length = sizeof(MtNumber);
-    }
+    const Number whole("deadbeef5ec2e75edeadbeef"), cut("5ec2e75edeadbeef");
+    MT b = mtNew();
+    mtSetEqual(b, whole);
+    memory_set_hooks({nullptr, [](void* block) {
+                          freed++;
+                          dirty += !test::is_zero(block, length);
+                      }});
+    mt_resize(b, 3);
+    EXPECT_EQ(freed, 0u);
+    mt_resize(b, 7);
+    EXPECT_EQ(freed, 1u);
+    EXPECT_EQ(b->maxdigits, 7u);
+    EXPECT_EQ(b->ndigits, 3u);
+    EXPECT_EQ(mtIsEqual(b, whole), 1);
+    mt_resize(b, 2);
+    EXPECT_EQ(mtIsEqual(b, cut), 1);
+    EXPECT_EQ(b->maxdigits, 7u);
+    b->digits[5] = 0x5EC2E75E; // the whole capacity is wiped in the end
+    length = sizeof(MtNumber);
+    mtFree(&b);
     memory_set_hooks({});
     EXPECT_EQ(freed, 3u);
     EXPECT_EQ(dirty, 0u);
