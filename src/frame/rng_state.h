@@ -6,9 +6,9 @@ namespace zul {
 
 // The working state of one HMAC_DRBG with SHA-1.
 struct DrbgState {
-    uint8_t key[20];        // K
-    uint8_t value[20];      // V
-    uint32_t reseedCounter; // 0: not yet instantiated
+    uint32_t inner[5], outer[5]; // K, as the two digests of HMAC have absorbed it
+    uint8_t value[20];           // V
+    uint32_t reseedCounter;      // 0: not yet instantiated
 };
 
 // The readings of the thread's last fuller stir.

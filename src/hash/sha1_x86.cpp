@@ -5,6 +5,7 @@
 
 #include "hash/lanes_x86.h"
 #include "hash/sha1_rounds.h"
+#include "hash/sha1_vectors_x86.h"
 
 namespace zul {
 
@@ -132,47 +133,15 @@ ZUL_TARGET_AVX2 void sha1_compress_avx2(uint32_t state[5], const uint8_t* data, 
 }
 
 ZUL_TARGET_SHANI void sha1_compress_shani(uint32_t state[5], const uint8_t* data, size_t blocks) {
-    const __m128i swap = _mm_setr_epi8(15, 14, 13, 12, 11, 10, 9, 8, 7, 6, 5, 4, 3, 2, 1, 0);
-    __m128i abcd = _mm_shuffle_epi32(_mm_loadu_si128(reinterpret_cast<const __m128i*>(state)), 0x1B);
-    __m128i e = _mm_set_epi32(static_cast<int>(state[4]), 0, 0, 0);
-
+    Sha1Vectors vectors = sha1_load_state(state);
     for (; blocks > 0; blocks--, data += 64) {
-        const __m128i abcdBefore = abcd, eBefore = e;
-        __m128i w[4];          // the last 16 words of the schedule
-        __m128i previous = {}; // abcd four rounds ago, whose a becomes the next e
-#pragma GCC unroll 20
-        for (size_t i = 0; i < 20; i++) {
-            __m128i& next = w[i % 4];
-            if (i < 4) {
-                next = _mm_shuffle_epi8(_mm_loadu_si128(reinterpret_cast<const __m128i*>(data) + i), swap);
-            } else {
-                next = _mm_sha1msg1_epu32(next, w[(i + 1) % 4]);
-                next = _mm_xor_si128(next, w[(i + 2) % 4]);
-                next = _mm_sha1msg2_epu32(next, w[(i + 3) % 4]);
-            }
-            const __m128i inputs = i == 0 ? _mm_add_epi32(e, next) : _mm_sha1nexte_epu32(previous, next);
-            previous = abcd;
-            // The quarter must be a constant.
-            switch (i / 5) {
-            case 0:
-                abcd = _mm_sha1rnds4_epu32(abcd, inputs, 0);
-                break;
-            case 1:
-                abcd = _mm_sha1rnds4_epu32(abcd, inputs, 1);
-                break;
-            case 2:
-                abcd = _mm_sha1rnds4_epu32(abcd, inputs, 2);
-                break;
-            default:
-                abcd = _mm_sha1rnds4_epu32(abcd, inputs, 3);
-            }
-        }
-        e = _mm_sha1nexte_epu32(previous, eBefore);
-        abcd = _mm_add_epi32(abcd, abcdBefore);
+        auto* words = reinterpret_cast<const __m128i*>(data);
+        vectors = sha1_block(vectors, sha1_reverse_bytes(_mm_loadu_si128(words)),
+                             sha1_reverse_bytes(_mm_loadu_si128(words + 1)),
+                             sha1_reverse_bytes(_mm_loadu_si128(words + 2)),
+                             sha1_reverse_bytes(_mm_loadu_si128(words + 3)));
     }
-
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(state), _mm_shuffle_epi32(abcd, 0x1B));
-    state[4] = static_cast<uint32_t>(_mm_extract_epi32(e, 3));
+    sha1_store_state(state, vectors);
 }
 
 } // namespace zul

@@ -1,3 +1,5 @@
+#include "platform/cpu.h"
+#include "rng/drbg_kernels.h"
 #include "rng/hmac_drbg.h"
 #include "rng/known_answer.h"
 #include "rng/rng.h"
@@ -32,13 +34,20 @@ DrbgState seeded() {
 }
 
 bool same(const DrbgState& a, const DrbgState& b) {
-    return memcmp(a.key, b.key, sizeof a.key) == 0 && memcmp(a.value, b.value, sizeof a.value) == 0 &&
-           a.reseedCounter == b.reseedCounter;
+    return memcmp(&a, &b, sizeof a) == 0;
 }
 
 } // namespace
 
-TEST(HmacDrbg, Vectors) {
+// The tests of this fixture run with each kernel.
+class HmacDrbg : public testing::TestWithParam<uint32_t> {
+  protected:
+    void SetUp() override { cpu_mask_features(GetParam()); }
+    void TearDown() override { cpu_mask_features(0); }
+};
+INSTANTIATE_TEST_SUITE_P(Hidden, HmacDrbg, testing::Values(0u, kCpuShani));
+
+TEST_P(HmacDrbg, Vectors) {
     for (const auto& v : test::read_vectors("rng/hmac_drbg_sha1.txt")) {
         DrbgState drbg;
         drbg_instantiate(drbg, v.hex("Entropy"), v.hex("Nonce"), optional(v, "Personalization"));
@@ -57,7 +66,7 @@ TEST(HmacDrbg, Vectors) {
     }
 }
 
-TEST(HmacDrbg, TakesTwentyBytesOfAdditionalInputInEveryUse) {
+TEST_P(HmacDrbg, TakesTwentyBytesOfAdditionalInputInEveryUse) {
     Buffer longInput(64);
     for (size_t i = 0; i < longInput.size(); i++)
         longInput[i] = static_cast<uint8_t>(i);
@@ -76,14 +85,14 @@ TEST(HmacDrbg, TakesTwentyBytesOfAdditionalInputInEveryUse) {
     EXPECT_TRUE(AdditionalInput(nullptr, 64).empty());
 }
 
-TEST(HmacDrbg, ServesARequestForNothing) {
+TEST_P(HmacDrbg, ServesARequestForNothing) {
     DrbgState asked = seeded(), unasked = seeded();
     drbg_generate(asked, nullptr, 0, {});
     EXPECT_FALSE(same(asked, unasked));
     EXPECT_EQ(asked.reseedCounter, 2u);
 }
 
-TEST(HmacDrbg, KnownAnswerTestSeesEveryDamage) {
+TEST_P(HmacDrbg, KnownAnswerTestSeesEveryDamage) {
     EXPECT_EQ(rng_health_check(), 0);
     for (size_t i = 0; i < sizeof kDrbgKnownAnswer; i++) {
         DrbgKnownAnswer damaged = kDrbgKnownAnswer;
@@ -91,3 +100,21 @@ TEST(HmacDrbg, KnownAnswerTestSeesEveryDamage) {
         EXPECT_FALSE(drbg_reproduces(damaged)) << "byte " << i;
     }
 }
+
+#if ZUL_X86_64
+TEST(HmacDrbgKernels, MakeTheSameAndNothingBehindIt) {
+    if (!sha1_has_shani())
+        GTEST_SKIP() << "this processor has one kernel";
+    DrbgState expected = seeded(), drbg = expected;
+    for (size_t size = 0; size <= 61; size++) {
+        for (const bool update : {false, true}) {
+            Buffer expectedOut(size + 1, 0xEE), out = expectedOut;
+            drbg_produce_portable(expected, expectedOut.data(), size, update);
+            drbg_produce_shani(drbg, out.data(), size, update);
+            ASSERT_EQ(to_hex(out), to_hex(expectedOut));
+            ASSERT_EQ(out[size], 0xEE);
+            ASSERT_TRUE(same(drbg, expected)) << size << update;
+        }
+    }
+}
+#endif
