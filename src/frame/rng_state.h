@@ -32,9 +32,10 @@ struct RngState {
     uint32_t stagedTicks[kStagedCalls];
     uint32_t stagedMemory[kStagedCalls];
     uint32_t stagedCalls;
-    uint32_t readTicks; // when the memory status and the system time were last read
-    uint32_t memory;    // the condensed memory status; 0 before the first reading
-    uint32_t time;      // the low part of the system time, less that of the processor's cycle counter
+    uint32_t readTicks;  // when the memory status and the system time were last read
+    uint32_t memory;     // the condensed memory status; 0 before the first reading
+    uint32_t time;       // the low part of the system time, less that of the processor's cycle counter
+    uint64_t systemTime; // when readTicks was new
     SlowReadings slow;
 };
 

@@ -132,16 +132,31 @@ ZUL_TARGET_AVX2 void sha1_compress_avx2(uint32_t state[5], const uint8_t* data, 
     compress_lanes<Schedule, Rounds>(state, data, blocks);
 }
 
+static ZUL_TARGET_SHANI ZUL_ALWAYS_INLINE Sha1Vectors absorb_block(const Sha1Vectors& before,
+                                                                   const uint8_t* data) {
+    auto* words = reinterpret_cast<const __m128i*>(data);
+    return sha1_block(
+        before, sha1_reverse_bytes(_mm_loadu_si128(words)), sha1_reverse_bytes(_mm_loadu_si128(words + 1)),
+        sha1_reverse_bytes(_mm_loadu_si128(words + 2)), sha1_reverse_bytes(_mm_loadu_si128(words + 3)));
+}
+
 ZUL_TARGET_SHANI void sha1_compress_shani(uint32_t state[5], const uint8_t* data, size_t blocks) {
     Sha1Vectors vectors = sha1_load_state(state);
-    for (; blocks > 0; blocks--, data += 64) {
-        auto* words = reinterpret_cast<const __m128i*>(data);
-        vectors = sha1_block(vectors, sha1_reverse_bytes(_mm_loadu_si128(words)),
-                             sha1_reverse_bytes(_mm_loadu_si128(words + 1)),
-                             sha1_reverse_bytes(_mm_loadu_si128(words + 2)),
-                             sha1_reverse_bytes(_mm_loadu_si128(words + 3)));
-    }
+    for (; blocks > 0; blocks--, data += 64)
+        vectors = absorb_block(vectors, data);
     sha1_store_state(state, vectors);
+}
+
+// The processor looks far enough ahead to run a block of the second message with one of the first.
+ZUL_TARGET_SHANI void sha1_compress_two_shani(uint32_t first[5], const uint8_t* firstData, uint32_t second[5],
+                                              const uint8_t* secondData, size_t blocks) {
+    Sha1Vectors one = sha1_load_state(first), two = sha1_load_state(second);
+    for (; blocks > 0; blocks--, firstData += 64, secondData += 64) {
+        one = absorb_block(one, firstData);
+        two = absorb_block(two, secondData);
+    }
+    sha1_store_state(first, one);
+    sha1_store_state(second, two);
 }
 
 } // namespace zul

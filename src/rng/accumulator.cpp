@@ -1,5 +1,6 @@
 #include "rng/accumulator.h"
 
+#include <atomic>
 #include <cstring>
 
 #include "frame/call_frame.h"
@@ -22,6 +23,10 @@ struct Accumulator {
     uint32_t personalisedGeneration; // each forked process starts its own count
 } accumulator;
 
+// When the pools were last drained, for those who do not hold the lock; 0: never. It changes ten times a
+// second at most, so it has a cache line of its own.
+alignas(64) std::atomic<uint64_t> lastGather{0};
+
 EntropyPools& pools() {
     if (!accumulator.ready) {
         accumulator.pools.reset();
@@ -32,10 +37,10 @@ EntropyPools& pools() {
 
 void enter_staged(RngState& state) {
     const uint32_t calls = state.stagedCalls;
-    EntropyPools& into = pools();
-    into.add_readings(EntropySource::time, state.stagedTime, calls);
-    into.add_readings(EntropySource::ticks, state.stagedTicks, calls);
-    into.add_readings(EntropySource::memory, state.stagedMemory, calls);
+    const EntropyPools::Series readings[] = {{EntropySource::time, state.stagedTime},
+                                             {EntropySource::ticks, state.stagedTicks},
+                                             {EntropySource::memory, state.stagedMemory}};
+    pools().add_readings(readings, calls);
     state.stagedCalls = 0;
 }
 
@@ -65,7 +70,8 @@ void stage_readings(RngState& state) {
     // one tick. The system time changes, but the cycle counter, which costs less, carries it on.
     if (ticks != state.readTicks) {
         state.memory = condensed_memory();
-        state.time = static_cast<uint32_t>(platform::system_time() - cpu_cycles());
+        state.systemTime = platform::system_time();
+        state.time = static_cast<uint32_t>(state.systemTime - cpu_cycles());
         state.readTicks = ticks;
     }
     const uint32_t call = state.stagedCalls++;
@@ -167,11 +173,24 @@ void rng_add_event(EntropySource source, const void* data, size_t size) {
     pools().add(source, data, size);
 }
 
+bool accumulator_may_yield(const RngState& state) {
+    // The thread has read the time in the present tick, which is shorter than this. Whether a reseed is due
+    // at both ends of the span tells of all between.
+    constexpr uint64_t kTick = 20 * 10000;
+    const auto is_due = [last = lastGather.load(std::memory_order_relaxed)](uint64_t now) {
+        return last == 0 || reseed_is_due(1, UINT64_MAX, last, now);
+    };
+    return is_due(state.systemTime) || is_due(state.systemTime + kTick);
+}
+
 size_t accumulator_gather(RngState& state, bool force, uint8_t out[EntropyPools::kMaxYield]) {
     const uint64_t now = platform::system_time();
     const platform::LockGuard guard;
     enter_staged(state);
-    return pools().gather(force, now, out);
+    const size_t size = pools().gather(force, now, out);
+    if (size > 0)
+        lastGather.store(now, std::memory_order_relaxed);
+    return size;
 }
 
 uint32_t next_personalisation() {
@@ -202,6 +221,7 @@ void rng_release_thread(RngState& state) {
 void rng_reset_pools() {
     const platform::LockGuard guard;
     wipe_bytes(&accumulator, sizeof accumulator);
+    lastGather.store(0, std::memory_order_relaxed);
 }
 
 } // namespace zul

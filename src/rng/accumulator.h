@@ -9,10 +9,10 @@
 // The process's entropy pools behind the process-wide lock, and the readings that feed them (rng_stir).
 //
 // Every call into the library stirs, so a cheap stir takes no lock. The thread stages the readings of its
-// last 256 calls in its own state. It enters them together: when the state is full, before it gathers, with a
-// fuller stir and at its end. Entering visits every pool, whose memory may be in another processor's cache: a
-// batch costs a few nanoseconds per call, single entries would make two threads slower than one. A thread's
-// own readings are always entered before it is seeded.
+// last 256 calls in its own state. It enters them together: when the state is full, when a reseed may be due,
+// with a fuller stir and at its end. Entering visits every pool, whose memory may be in another processor's
+// cache: a batch costs a few nanoseconds per call, single entries would make two threads slower than one. A
+// thread's own readings are always entered before it is seeded.
 namespace zul {
 
 // OwnGenerator gives the calling thread's generator. The one that threads share after memory ran out stays
@@ -38,6 +38,10 @@ class OwnGenerator {
 
 // accumulator_stir is rng_stir for a caller that holds the OwnGenerator.
 void accumulator_stir(RngState& state, int option);
+
+// accumulator_may_yield tells, without the lock and a clock, whether a reseed that is not forced may be due
+// to a thread that has just stirred.
+bool accumulator_may_yield(const RngState& state);
 
 // accumulator_gather enters the staged readings and drains the pools if a reseed is due or forced. It returns
 // the number of bytes written, 0 if no reseed is due.

@@ -34,12 +34,6 @@ void EntropyPools::reset() {
     memset(nextPool_, 0, sizeof nextPool_);
 }
 
-void EntropyPools::feed(unsigned pool, const uint8_t* events, size_t size) {
-    sha1_update(pools_[pool], events, size);
-    if (pool == 0)
-        poolZeroBytes_ += size;
-}
-
 void EntropyPools::add(EntropySource source, const void* data, size_t size) {
     if (size > kMaxEvent)
         size = kMaxEvent;
@@ -52,30 +46,57 @@ void EntropyPools::add(EntropySource source, const void* data, size_t size) {
 
     const unsigned pool = nextPool_[number];
     nextPool_[number] = static_cast<uint8_t>((pool + 1) % kPools);
-    feed(pool, event, 2 + size);
+    sha1_update(pools_[pool], event, 2 + size);
+    if (pool == 0)
+        poolZeroBytes_ += 2 + size;
 }
 
-void EntropyPools::add_readings(EntropySource source, const uint32_t* values, size_t count) {
-    constexpr size_t kEvent = 2 + sizeof *values;
-    constexpr size_t kBatch = 8; // events for one pool at a time
-    const auto number = static_cast<uint8_t>(source);
-    const unsigned first = nextPool_[number];
+// An event of 6 bytes in one store of 8: the next event, or nothing, overwrites the last two.
+void EntropyPools::Events::add(EntropySource source, uint32_t value) {
+    const uint64_t event =
+        static_cast<uint64_t>(source) | sizeof value << 8 | static_cast<uint64_t>(value) << 16;
+    store_word<std::endian::little>(bytes + size, event);
+    size += 2 + sizeof value;
+}
 
-    for (size_t start = 0; start < count; start += kBatch * kPools) {
-        const size_t end = std::min(count, start + kBatch * kPools);
-        for (size_t i = start; i < std::min(end, start + kPools); i++) {
-            uint8_t events[kBatch * kEvent];
-            size_t size = 0;
-            for (size_t j = i; j < end; j += kPools) {
-                events[size] = number;
-                events[size + 1] = sizeof *values;
-                memcpy(events + size + 2, &values[j], sizeof *values);
-                size += kEvent;
-            }
-            feed(static_cast<unsigned>((first + i) % kPools), events, size);
-        }
+// collect gives what a pool is to take in of the values from start to end.
+void EntropyPools::collect(Events& events, std::span<const Series> readings, size_t start, size_t end,
+                           unsigned pool) const {
+    for (const Series& series : readings) {
+        const unsigned next = nextPool_[static_cast<size_t>(series.source)];
+        for (size_t i = start + (pool + kPools - next) % kPools; i < end; i += kPools)
+            events.add(series.source, series.values[i]);
     }
-    nextPool_[number] = static_cast<uint8_t>((first + count) % kPools);
+}
+
+void EntropyPools::add_batch(std::span<const Series> readings, size_t start, size_t end) {
+    for (unsigned pool = 0; pool < kPools; pool += 2) {
+        Events even, odd;
+        collect(even, readings, start, end, pool);
+        collect(odd, readings, start, end, pool + 1);
+        if (even.size == odd.size) {
+            sha1_update_two(pools_[pool], even.bytes, pools_[pool + 1], odd.bytes, even.size);
+        } else {
+            sha1_update(pools_[pool], even.bytes, even.size);
+            sha1_update(pools_[pool + 1], odd.bytes, odd.size);
+        }
+        if (pool == 0)
+            poolZeroBytes_ += even.size;
+    }
+    for (const Series& series : readings) {
+        uint8_t& next = nextPool_[static_cast<size_t>(series.source)];
+        next = static_cast<uint8_t>((next + end - start) % kPools);
+    }
+}
+
+void EntropyPools::add_readings(std::span<const Series> readings, size_t count) {
+    // The pools may be in the memory of another processor, from where they come faster together.
+    if (count >= kPools)
+        for (const Sha1Context& pool : pools_)
+            for (size_t at = 0; at < sizeof pool; at += 64)
+                __builtin_prefetch(reinterpret_cast<const uint8_t*>(&pool) + at, 1);
+    for (size_t start = 0; start < count; start += kBatch * kPools)
+        add_batch(readings, start, std::min(count, start + kBatch * kPools));
 }
 
 size_t EntropyPools::gather(bool force, uint64_t now, uint8_t out[kMaxYield]) {

@@ -1,6 +1,7 @@
 #pragma once
 #include <cstddef>
 #include <cstdint>
+#include <span>
 
 #include "hash/sha1.h"
 
@@ -33,18 +34,31 @@ class EntropyPools {
     // add feeds an event, cut to 32 bytes, to its source's next pool.
     void add(EntropySource source, const void* data, size_t size);
 
-    // add_readings adds each value as an event of 4 bytes. The result is that of one call of add for each,
-    // but each pool is visited once.
-    void add_readings(EntropySource source, const uint32_t* values, size_t count);
+    // add_readings adds the values of each series, count of them, as events of 4 bytes. Every pool takes in
+    // the same as by a call of add for each value, series after series, but is visited once.
+    struct Series {
+        EntropySource source;
+        const uint32_t* values;
+    };
+    void add_readings(std::span<const Series> readings, size_t count);
 
     // gather drains the pools whose turn it is, if a reseed is due at the time now or forced. It returns the
     // number of bytes written, a multiple of 20, or 0 if no reseed is due.
     size_t gather(bool force, uint64_t now, uint8_t out[kMaxYield]);
 
   private:
-    void feed(unsigned pool, const uint8_t* events, size_t size);
-
     static constexpr unsigned kSources = 8;
+    static constexpr size_t kBatch = 8; // readings of a series for one pool at a time
+
+    struct Events {
+        size_t size = 0;
+        uint8_t bytes[kSources * kBatch * (2 + sizeof(uint32_t)) + 2]; // the last 2 are room for a wide store
+        void add(EntropySource source, uint32_t value);
+    };
+
+    void add_batch(std::span<const Series> readings, size_t start, size_t end);
+    void collect(Events& events, std::span<const Series> readings, size_t start, size_t end,
+                 unsigned pool) const;
 
     Sha1Context pools_[kPools];
     uint64_t poolZeroBytes_; // taken in since pool 0 was last drained

@@ -13,6 +13,13 @@ namespace zul {
 
 static constexpr uint32_t kReseedInterval = 0x40000000; // requests
 
+// reseed reseeds the generator if that is due or forced.
+[[nodiscard]] static int reseed(RngState& state, bool force, const AdditionalInput& additional) {
+    Secret<EntropyPools::kMaxYield> pooled;
+    const size_t size = accumulator_gather(state, force, pooled.data());
+    return size > 0 ? generator_reseed(state, {pooled.data(), size}, additional) : 0;
+}
+
 int rng_bytes(uint8_t* out, size_t len, const uint8_t* addl, size_t addlLen) {
     if (len > kMaxRandomRequest)
         return PRNG_ERR_TOOBIG;
@@ -23,14 +30,10 @@ int rng_bytes(uint8_t* out, size_t len, const uint8_t* addl, size_t addlLen) {
         return error;
 
     const AdditionalInput additional(addl, addlLen);
-    {
-        Secret<EntropyPools::kMaxYield> pooled;
-        const bool force = state.drbg.reseedCounter >= kReseedInterval;
-        const size_t size = accumulator_gather(state, force, pooled.data());
-        const int error = size > 0 ? generator_reseed(state, {pooled.data(), size}, additional) : 0;
-        if (error != 0)
+    const bool force = state.drbg.reseedCounter >= kReseedInterval;
+    if (force || accumulator_may_yield(state))
+        if (const int error = reseed(state, force, additional); error != 0)
             return error;
-    }
     if (const int error = generator_produce(state, out, len, additional); error != 0)
         return error;
     accumulator_stir(state, 0);

@@ -1,6 +1,7 @@
 #include <random>
 
 #include "hash/digest.h"
+#include "platform/cpu.h"
 #include "rng/pools.h"
 #include "support/unit_test.h"
 
@@ -60,21 +61,35 @@ TEST(EntropyPools, DrainPoolIAtEveryReseedDivisibleByTwoToTheI) {
 }
 
 TEST(EntropyPools, TakeReadingsInBatchesAsOneByOne) {
-    std::vector<uint32_t> readings(700);
+    std::vector<uint32_t> readings(800);
     for (size_t i = 0; i < readings.size(); i++)
         readings[i] = static_cast<uint32_t>(i * 2654435761u);
-    EntropyPools batches, single;
-    batches.reset();
-    single.reset();
-    size_t start = 0;
-    for (const size_t count : {1u, 0u, 31u, 32u, 33u, 256u, 257u}) {
-        batches.add_readings(EntropySource::ticks, &readings[start], count);
-        for (size_t i = 0; i < count; i++)
-            single.add(EntropySource::ticks, &readings[start + i], 4);
-        start += count;
+    for (const uint32_t hidden : {0u, uint32_t{kCpuShani}}) { // with both ways to feed two pools
+        cpu_mask_features(hidden);
+        EntropyPools batches, single;
+        batches.reset();
+        single.reset();
+        size_t start = 0;
+        for (const size_t count : {1u, 0u, 31u, 32u, 33u, 256u, 256u, 77u}) {
+            const EntropyPools::Series all[] = {{EntropySource::time, &readings[start]},
+                                                {EntropySource::memory, &readings[start / 2]}};
+            batches.add_readings(all, count);
+            for (const EntropyPools::Series& series : all)
+                for (size_t i = 0; i < count; i++)
+                    single.add(series.source, &series.values[i], 4);
+            // The sources do not go in step.
+            batches.add(EntropySource::time, "abc", 3);
+            single.add(EntropySource::time, "abc", 3);
+            start += count;
+        }
+        const EntropyPools::Series longer[] = {{EntropySource::ticks, readings.data()}};
+        batches.add_readings(longer, 257);
+        for (size_t i = 0; i < 257; i++)
+            single.add(EntropySource::ticks, &readings[i], 4);
+        for (int reseed = 1; reseed <= 64; reseed++)
+            ASSERT_EQ(gather(batches), gather(single)) << reseed;
     }
-    for (int reseed = 1; reseed <= 64; reseed++)
-        ASSERT_EQ(gather(batches), gather(single)) << reseed;
+    cpu_mask_features(0);
 }
 
 TEST(EntropyPools, ElapsedTime) {
@@ -122,7 +137,8 @@ TEST(EntropyPools, CountWhatPoolZeroTakesIn) {
     constexpr uint64_t kLater = 200 * kMillisecond;
     EXPECT_EQ(pools.gather(false, 0, out), kSha1Size); // the first is always due
     const uint32_t values[6 * 32] = {};
-    pools.add_readings(EntropySource::time, values, 5 * 32); // 30 bytes for each pool
+    const EntropyPools::Series readings[] = {{EntropySource::time, values}};
+    pools.add_readings(readings, 5 * 32); // 30 bytes for each pool
     EXPECT_EQ(pools.gather(false, kLater, out), 0u);
     pools.add(EntropySource::ticks, values, 4); // the source's first event: pool 0
     EXPECT_EQ(pools.gather(false, kLater, out), 2 * kSha1Size);
