@@ -2,6 +2,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <type_traits>
 
 namespace zul {
@@ -9,6 +10,30 @@ namespace zul {
 // wipe_bytes overwrites length bytes with zero, from the end back to the start. The optimiser cannot remove
 // it. A null buffer is ignored.
 void wipe_bytes(void* buffer, size_t length);
+
+// wipe_fixed is wipe_bytes for a length that is known when this is compiled. A short one takes no call, which
+// the digest of a short message would show.
+template<size_t length>
+inline void wipe_fixed(void* buffer) {
+    constexpr size_t kShort = 256, kStep = 64; // compilers make single stores of a step at most
+    if constexpr (length > kShort) {
+        wipe_bytes(buffer, length);
+    } else {
+        auto* bytes = static_cast<uint8_t*>(buffer);
+        constexpr size_t kFirst = length % kStep;
+#pragma GCC unroll 4
+        for (size_t end = length; end > kFirst; end -= kStep)
+            std::memset(bytes + end - kStep, 0, kStep);
+        std::memset(bytes, 0, kFirst);
+        __asm__ volatile("" : : "r"(bytes) : "memory");
+    }
+}
+
+template<class T>
+inline void wipe_object(T& object) {
+    static_assert(std::is_trivially_destructible_v<T>);
+    wipe_fixed<sizeof object>(&object);
+}
 
 // wipe_dead_stack overwrites depth bytes of stack below its caller, where functions that have returned may
 // have left temporaries that no object wipes.
@@ -38,7 +63,7 @@ class Secret {
     Secret() = default;
     Secret(const Secret&) = delete;
     Secret& operator=(const Secret&) = delete;
-    ~Secret() { wipe_bytes(bytes_.data(), N); }
+    ~Secret() { wipe_fixed<N>(bytes_.data()); }
 
     uint8_t* data() { return bytes_.data(); }
     const uint8_t* data() const { return bytes_.data(); }
@@ -60,7 +85,7 @@ class Wiped {
     Wiped() = default;
     Wiped(const Wiped&) = delete;
     Wiped& operator=(const Wiped&) = delete;
-    ~Wiped() { wipe_bytes(&value_, sizeof value_); }
+    ~Wiped() { wipe_object(value_); }
 
     T& operator*() { return value_; }
     T* operator->() { return &value_; }

@@ -98,7 +98,7 @@ void blake2b_final(Blake2bContext& context, uint8_t* digest) {
     for (size_t i = 0; i < 8; i++)
         store_word<std::endian::little>(context.block + 8 * i, context.state[i]);
     memcpy(digest, context.block, context.digestSize);
-    wipe_bytes(&context, sizeof context);
+    wipe_object(context);
 }
 
 } // namespace zul

@@ -139,16 +139,22 @@ int digest_final(DigestContext& context, uint8_t* digest) {
 int hash_bytes(uint8_t* out, int outMax, const void* data, int64_t length, int algorithm) {
     if (length < 0)
         return -BAD_PARAM_ERROR;
-    const auto digestLength = static_cast<int>(digest_length(algorithm));
-    if (digestLength == 0)
+    const DigestDescriptor* const digest = digest_find(algorithm);
+    if (digest == nullptr)
         return -BAD_FLAG_ERROR;
+    const auto digestLength = static_cast<int>(digest->size);
     if (out == nullptr || outMax < 1)
         return digestLength;
     DigestContext context;
-    digest_init(context, algorithm);
-    digest_update(context, data, static_cast<size_t>(length));
-    Secret<kMaxDigestSize> digest;
-    return digest_result(out, outMax, digest.data(), digest_final(context, digest.data()));
+    digest->init(context);
+    digest->update(context, data, static_cast<size_t>(length));
+    if (outMax >= digestLength) {
+        digest->final(context, out);
+        return digestLength;
+    }
+    Secret<kMaxDigestSize> whole;
+    digest->final(context, whole.data());
+    return digest_result(out, outMax, whole.data(), digestLength);
 }
 
 // Large enough for kernels that process several blocks at once.

@@ -70,7 +70,7 @@ ZUL_ALWAYS_INLINE void keccak_absorb_here(uint64_t (&lanes)[25], const uint8_t* 
             keccak_round(lanes, other, kKeccakRounds[round + 1]);
         }
     }
-    wipe_bytes(other, sizeof other);
+    wipe_object(other);
 }
 
 using KeccakAbsorb = void(uint64_t (&lanes)[25], const uint8_t* data, size_t rate, size_t blocks);

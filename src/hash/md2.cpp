@@ -81,7 +81,7 @@ void md2_final(Md2Context& context, uint8_t digest[kMd2Size]) {
     compress(context, checksum);
     memcpy(digest, context.state, kMd2Size);
     wipe_bytes(checksum, sizeof checksum);
-    wipe_bytes(&context, sizeof context);
+    wipe_object(context);
 }
 
 } // namespace zul

@@ -89,7 +89,7 @@ void md5_final(Md5Context& context, uint8_t digest[kMd5Size]) {
     block_digest_pad<std::endian::little>(context, compress);
     for (size_t i = 0; i < 4; i++)
         store_word<std::endian::little>(digest + 4 * i, context.state[i]);
-    wipe_bytes(&context, sizeof context);
+    wipe_object(context);
 }
 
 } // namespace zul

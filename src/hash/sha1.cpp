@@ -71,7 +71,7 @@ void sha1_final(Sha1Context& context, uint8_t digest[kSha1Size]) {
     block_digest_pad<std::endian::big>(context, compress);
     for (size_t i = 0; i < 5; i++)
         store_word<std::endian::big>(digest + 4 * i, context.state[i]);
-    wipe_bytes(&context, sizeof context);
+    wipe_object(context);
 }
 
 } // namespace zul

@@ -88,7 +88,7 @@ ZUL_ALWAYS_INLINE void sha1_compress_scalar(uint32_t* state, const uint8_t* data
         sha1_scalar_quarter<3>(v, w, data);
         v.add_to(state);
     }
-    wipe_bytes(w, sizeof w); // from which the whole block could be told
+    wipe_object(w); // from which the whole block could be told
 }
 
 } // namespace zul

@@ -120,7 +120,7 @@ ZUL_ALWAYS_INLINE void sha2_compress_scalar(Word* state, const uint8_t* data, si
         }
         v.add_to(state);
     }
-    wipe_bytes(w, sizeof w); // from which the whole block could be told
+    wipe_object(w); // from which the whole block could be told
 }
 
 } // namespace zul

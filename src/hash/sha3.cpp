@@ -102,7 +102,7 @@ void sha3_squeeze(Sha3Context& context, uint8_t* out, size_t size) {
 
 void sha3_final(Sha3Context& context, uint8_t* digest) {
     sha3_squeeze(context, digest, context.digestSize);
-    wipe_bytes(&context, sizeof context);
+    wipe_object(context);
 }
 
 const char* sha3_kernel() {

@@ -65,7 +65,7 @@ void sha512_final(Sha512Context& context, uint8_t* digest) {
     block_digest_pad<std::endian::big>(context, compress);
     for (size_t i = 0; i < context.digestSize / sizeof(uint64_t); i++)
         store_word<std::endian::big>(digest + sizeof(uint64_t) * i, context.state[i]);
-    wipe_bytes(&context, sizeof context);
+    wipe_object(context);
 }
 
 } // namespace zul

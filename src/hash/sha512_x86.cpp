@@ -66,7 +66,7 @@ ZUL_TARGET_AVX512 void sha512_compress_avx512(uint64_t state[8], const uint8_t* 
             sha2_round_at<Sha2Bmi2Round<Sha512Family>>(j, v, inputs[j]);
         v.add_to(state);
     }
-    wipe_bytes(inputs, sizeof inputs); // from which a block could be told
+    wipe_object(inputs); // from which a block could be told
 }
 
 } // namespace zul
