@@ -32,7 +32,7 @@ static bool is_costly(const P12Scheme& scheme) {
 static bool is_costly(const uint8_t* data, size_t size) {
     P12File file;
     AsnList list = asn_ParseBytes(data, size);
-    if (!list || file.open_list(std::move(list)) != 0)
+    if (!list || file.open_list(list) != 0)
         return false;
     static_cast<void>(file.read(nullptr, true)); // what stands before a fault is read by all
     bool isCostly = file.has_mac() && is_costly({.iterations = file.mac().iterations});
@@ -46,7 +46,7 @@ static bool is_costly(const uint8_t* data, size_t size) {
 static void read_entries(const uint8_t* data, size_t size, P12Password* password) {
     P12File file;
     AsnList list = asn_ParseBytes(data, size);
-    if (!list || file.open_list(std::move(list)) != 0)
+    if (!list || file.open_list(list) != 0)
         return;
     if (password != nullptr && file.check(*password) != 0)
         err_clear(); // go on: what a MAC protects is to be read as well

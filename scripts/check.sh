@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# check.sh [format|layers|words|reference|bindings|snippets]: the quick checks of the sources, all of them if none is named.
+# check.sh [format|layers|words|reference|bindings|snippets|cppcheck]: the checks of the sources, all of them if none is
+# named.
 set -uo pipefail
 cd "$(dirname "$0")/.."
 
@@ -28,6 +29,12 @@ check_snippets() {
     python3 scripts/snippets.py --check
 }
 
+check_cppcheck() {
+    # One set of definitions, the one with all kernels, as every other sees less.
+    cppcheck -j "$(nproc)" --quiet --error-exitcode=1 --enable=warning,performance,portability --inline-suppr \
+        --std=c++20 -Iinclude -Isrc -D__GNUC__=12 -D__ELF__ -D__x86_64__ src tools
+}
+
 check_words() {
     local found
     found=$({
@@ -43,7 +50,7 @@ check_words() {
 }
 
 status=0
-for check in ${1:-format layers words reference bindings snippets}; do
+for check in ${1:-format layers words reference bindings snippets cppcheck}; do
     if "check_$check"; then
         echo "check $check: good"
     else

@@ -10,7 +10,8 @@ library=(
     wine wine64 xvfb xauth xdotool imagemagick
     openssl curl gnutls-bin osslsigncode argon2 age libargon2-dev libssl-dev libcli11-dev googletest libbenchmark-dev
     openjdk-17-jre-headless
-    clang-format clang libclang-rt-14-dev valgrind python3-cryptography python3-jsonschema ca-certificates minisign
+    clang-format clang clang-tidy cppcheck gcovr libclang-rt-14-dev valgrind
+    python3-cryptography python3-jsonschema ca-certificates minisign
     mandoc man-db groff-base zsh fish
 )
 bindings=(

@@ -193,7 +193,7 @@ class Pieces {
   private:
     const asn_Node *node_, *end_;
     bool atContent_ = false;
-    uint8_t hdr_[8];
+    uint8_t hdr_[8] = {};
 };
 
 bool is_der_node(const asn_Node* node) {

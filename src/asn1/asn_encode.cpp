@@ -41,7 +41,7 @@ class Encoding {
   private:
     const asn_Node* node_;
     bool contentNext_ = false;
-    uint8_t hdr_[8];
+    uint8_t hdr_[8] = {};
 };
 
 // whole_size is the size of the encoding of all nodes, 0 if there are none or one has no length.

@@ -176,8 +176,10 @@ ZUL_IFMA void remainder_row(const IfmaModulus<L>& m, LaneRow<K>& low, LaneRow<K>
                            _mm512_load_si512(m.negative[(kLane + 1) % 8] + 8 * (k - (kLane + 1) / 8)));
 }
 
+constexpr size_t kSumSets = 4;
+
 template<size_t K>
-using SumSets = LaneRow<K>[4];
+using SumSets = LaneRow<K>[kSumSets];
 
 template<size_t L, size_t K, size_t... I>
 ZUL_IFMA void quotient_rows(const IfmaModulus<L>& m, SumSets<K>& sums, std::index_sequence<I...>) {
@@ -327,7 +329,7 @@ ZUL_IFMA_BODY void ifma_multiply(IfmaModulus<L>& m, uint64_t* z, const uint64_t*
     read_again_from_memory();
 
     product.template add_rows<0, kSplit / 2>();
-    SumSets<L / 8 + 1> quotient;
+    LaneRow<L / 8 + 1> quotient[kSumSets];
     clear(quotient);
     quotient_rows(m, quotient, std::make_index_sequence<L>());
     LaneRow<L / 8 + 1> q = join(quotient); // limb i in lane i + 1
@@ -340,7 +342,7 @@ ZUL_IFMA_BODY void ifma_multiply(IfmaModulus<L>& m, uint64_t* z, const uint64_t*
 #pragma GCC unroll 32
     for (size_t k = 0; k < kVectors; k++)
         low.at[k] = product.column(k);
-    SumSets<kVectors> remainder;
+    LaneRow<kVectors> remainder[kSumSets];
     clear(remainder);
 #pragma GCC unroll 32
     for (size_t k = 0; k < kVectors; k++)

@@ -20,6 +20,7 @@ struct Transition {
 constexpr int64_t run_batch(int64_t zeta, uint64_t f, uint64_t g, Transition& t) {
     uint64_t u = 1, v = 0, q = 0, r = 1;
     for (int i = 0; i < kBatch; i++) {
+        // cppcheck-suppress shiftTooManyBitsSigned ; C++20 defines it: all bits are the sign
         uint64_t swap = value_barrier(static_cast<uint64_t>(zeta >> 63));
         const uint64_t isOdd = value_barrier(0 - (g & 1));
         // g += f, or g -= f where the two change places, if g is odd

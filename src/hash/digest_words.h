@@ -40,10 +40,11 @@ ZUL_ALWAYS_INLINE void keep_order(Word& sum) {
 // gathered in a vector register, as compilers like to do, they would reach the next block later.
 template<class Word, class... Words>
 ZUL_ALWAYS_INLINE void add_words(Word* state, Words... words) {
+    Word* next = state;
     auto add = [&](Word word) __attribute__((always_inline)) {
-        *state += word;
-        __asm__("" : "+m"(*state));
-        state++;
+        *next += word;
+        __asm__("" : "+m"(*next));
+        next++;
     };
     (add(words), ...);
 }

@@ -144,9 +144,9 @@ class LaneSchedules {
     }
 
     // Not side by side: the compiler would advance both in one vector register, which takes longer.
-    Row* next_;
+    Row* next_ = nullptr;
     size_t current_ = 0;
-    const Word* constant_;
+    const Word* constant_ = nullptr;
     Row rows_[2][kRows];
 };
 

@@ -135,7 +135,11 @@ class Ed25519Input {
         input_ = &input;
         return isWhole_ ? input.whole_error() : input.digest(digest_.data(), kDigestSha512);
     }
-    Ed25519Message& message() { return isWhole_ ? *static_cast<Ed25519Message*>(input_) : preHashed_; }
+    Ed25519Message& message() {
+        if (isWhole_)
+            return *input_;
+        return preHashed_;
+    }
     Ed25519Form form() const { return isWhole_ ? Ed25519Form::pure : Ed25519Form::preHashed; }
 
   private:

@@ -84,7 +84,7 @@ constexpr AesModeAnswer kAesModeAnswers[] = {
 bool aes_ecb_gives(const AesAnswer& answer) {
     const KnownBytes key(answer.key), plain(kAesPlain), cipher(answer.cipher);
     Wiped<AesKey> schedule;
-    uint8_t blocks[kBulkBlocks][kAesBlock];
+    uint8_t blocks[kBulkBlocks][kAesBlock] = {};
     if (!aes_set_key(*schedule, key.data(), key.size()))
         return false;
     for (const size_t count : {size_t{1}, kBulkBlocks}) {

@@ -142,7 +142,7 @@ bool file_matches(platform::FileHandle file, const ModuleSeal& seal) {
 } // namespace
 
 bool module_is_intact() {
-    ModuleSeal seal;
+    ModuleSeal seal = {};
     const auto* stored = reinterpret_cast<const volatile uint8_t*>(&kModuleSeal);
     auto* copy = reinterpret_cast<uint8_t*>(&seal);
     for (size_t i = 0; i < sizeof seal; i++)

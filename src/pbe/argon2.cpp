@@ -172,8 +172,9 @@ int argon2id(uint8_t* out, size_t outLen, const Argon2Input& input, const Argon2
 
     Argon2Block& last = memory[laneLength - 1];
     for (uint32_t lane = 1; lane < lanes; lane++) {
+        const Argon2Block& each = memory[size_t{lane} * laneLength + laneLength - 1];
         for (size_t w = 0; w < kWords; w++)
-            last.words[w] ^= memory[size_t{lane} * laneLength + laneLength - 1].words[w];
+            last.words[w] ^= each.words[w];
     }
     for (size_t w = 0; w < kWords; w++)
         store_word<std::endian::little>(bytes + 8 * w, last.words[w]);

@@ -31,7 +31,7 @@ struct Argon2Segment {
         const uint64_t x = static_cast<uint32_t>(random);
         const auto back = static_cast<uint32_t>(area * (x * x >> 32) >> 32);
         const uint32_t oldest = pass == 0 ? 0 : (slice + 1) % kArgon2Slices * segmentLength;
-        return memory + size_t{from} * laneLength + (oldest + area - 1 - back) % laneLength;
+        return &memory[size_t{from} * laneLength + (oldest + area - 1 - back) % laneLength];
     }
 };
 

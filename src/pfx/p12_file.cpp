@@ -56,10 +56,10 @@ int P12File::open(const char* fileOrText) {
     AsnList list;
     if (const int error = asn_read_input(fileOrText, list, kMaxPfxFile))
         return error;
-    return open_list(std::move(list));
+    return open_list(list);
 }
 
-int P12File::open_list(AsnList list) {
+int P12File::open_list(const AsnList& list) {
     AsnChildren fields(list.head());
     const asn_Node* version = fields.take_integer();
     const asn_Node* info = fields.take_sequence();

@@ -26,7 +26,7 @@ class P12File {
     // open reads what needs no password. 0 or a positive code with a text: OPEN_ERROR, READ_ERROR,
     // INVALID_DATA_ERROR (no DER), BAD_FORMAT_ERROR, NOT_SUPPORTED_ERROR, OUT_OF_RANGE_ERROR.
     [[nodiscard]] int open(const char* fileOrText);
-    [[nodiscard]] int open_list(AsnList list);
+    [[nodiscard]] int open_list(const AsnList& list);
     bool has_mac() const { return hasMac_; }
     const P12Mac& mac() const { return mac_; }
 

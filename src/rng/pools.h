@@ -61,10 +61,10 @@ class EntropyPools {
                  unsigned pool) const;
 
     Sha1Context pools_[kPools];
-    uint64_t poolZeroBytes_; // taken in since pool 0 was last drained
-    uint64_t lastReseed_;
-    uint32_t reseedCount_;
-    uint8_t nextPool_[kSources];
+    uint64_t poolZeroBytes_ = 0; // taken in since pool 0 was last drained
+    uint64_t lastReseed_ = 0;
+    uint32_t reseedCount_ = 0;
+    uint8_t nextPool_[kSources] = {};
 };
 
 // elapsed_milliseconds is the difference of two system times. Times whose high halves (about 7 minutes)

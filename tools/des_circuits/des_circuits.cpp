@@ -37,7 +37,7 @@ struct Circuit {
     int count = kInputs;
     Table value[kMaxGates];
     Gate gate[kMaxGates];
-    int output[4];
+    int output[4] = {};
 
     Circuit() {
         for (int i = 0; i < kInputs; i++) {

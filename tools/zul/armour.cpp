@@ -56,7 +56,7 @@ SecretBytes decode_text(SecretBytes text, bool isHex, const std::string& name) {
 // is_der tells a SEQUENCE from a text that begins with "0": what is inside may be a text with armour.
 static bool is_der(const SecretBytes& content) {
     return content.size() >= 2 && content[0] == 0x30 &&
-           (content[1] >= 0x80 || content.size() == size_t{2} + content[1]);
+           (content[1] >= 0x80 || content.size() == 2U + content[1]);
 }
 
 SecretBytes binary_content(SecretBytes content, const std::string& name) {

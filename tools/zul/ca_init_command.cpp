@@ -53,7 +53,7 @@ std::string value_of(const std::string& name, const std::string& keyword, size_t
         const size_t value = name.find('=', at) + 1;
         size_t end = value;
         if (end < name.size() && name[end] == '\'') {
-            for (end++; name[end] != '\''; end++)
+            for (end++; end < name.size() && name[end] != '\''; end++)
                 end += name[end] == '\\' ? size_t{1} : size_t{0};
             end++;
         } else {

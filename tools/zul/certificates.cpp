@@ -62,8 +62,8 @@ ObjectArgument certificate_object(const std::string& file) {
     return object;
 }
 
-ScratchFile::ScratchFile(bool isSecret) : isSecret_(isSecret) {
-    folder_ = temporary_folder() + "zul-" + random_serial();
+ScratchFile::ScratchFile(bool isSecret)
+    : isSecret_(isSecret), folder_(temporary_folder() + "zul-" + random_serial()) {
     if (!create_folder_for_owner(folder_))
         throw Refused::by_system(CREATE_ERROR, folder_,
                                  "What is made goes to a folder for temporary files first; " +

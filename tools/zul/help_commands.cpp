@@ -44,10 +44,11 @@ Command commands_with_help(const CLI::App& app) {
 // find_command finds the command that some words name; above gets the names before the last one.
 const CLI::App* find_command(const CLI::App& app, const std::vector<std::string>& words, std::string& above) {
     const CLI::App* command = &app;
+    const auto all = [](const CLI::App*) { return true; };
     for (const std::string& word : words) {
         std::vector<std::string> names;
         const CLI::App* found = nullptr;
-        for (const CLI::App* each : command->get_subcommands([](const CLI::App*) { return true; })) {
+        for (const CLI::App* each : command->get_subcommands(all)) {
             names.push_back(each->get_name());
             if (each->get_name() == word)
                 found = each;

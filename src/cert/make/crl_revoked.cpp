@@ -57,7 +57,7 @@ class EntryBuilder {
     [[nodiscard]] int take_issuer(std::string_view value);
     [[nodiscard]] int take_time(int64_t& seconds, std::string_view value) const;
     [[nodiscard]] int check_kind(const CertificateView& certificate) const;
-    [[nodiscard]] int set_issuer(AsnList name);
+    [[nodiscard]] int set_issuer(const AsnList& name);
 
     RevokedList& list_;
     const RevokedScope& scope_;
@@ -165,10 +165,10 @@ int EntryBuilder::take_issuer(std::string_view value) {
     AsnList name;
     if (const int error = general_name_make(name, GeneralForm::directory, value))
         return error;
-    return set_issuer(std::move(name));
+    return set_issuer(name);
 }
 
-int EntryBuilder::set_issuer(AsnList name) {
+int EntryBuilder::set_issuer(const AsnList& name) {
     const SecretBuffer encoding = asn_Encode(name);
     if (encoding.empty())
         return bad("A name without an encoding");

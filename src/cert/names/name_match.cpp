@@ -15,6 +15,7 @@ constexpr uint8_t kUnread = 0, kRdn = 1, kAttribute = 2, kString = 3, kOther = 4
 // CanonicalBytes gathers bytes for a digest.
 class CanonicalBytes {
   public:
+    // cppcheck-suppress uninitMemberVar ; no more of the buffer is read than was written
     explicit CanonicalBytes(Sha256Context& context) : context_(context) {}
     CanonicalBytes(const CanonicalBytes&) = delete;
     CanonicalBytes& operator=(const CanonicalBytes&) = delete;
@@ -142,7 +143,7 @@ void add_attributes(CanonicalBytes& out, DerView content) {
             CanonicalBytes bytes(context);
             add_attribute(bytes, attribute);
         }
-        NameDigest digest;
+        NameDigest digest = {};
         sha256_final(context, digest.bytes);
         digests.add(digest);
     }
@@ -194,7 +195,7 @@ void NameDigester::add_rdn(DerView content) {
 
 NameDigest NameDigester::digest() const {
     Sha256Context copy = context_;
-    NameDigest digest;
+    NameDigest digest = {};
     sha256_final(copy, digest.bytes);
     return digest;
 }

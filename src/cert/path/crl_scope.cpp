@@ -15,7 +15,7 @@ constexpr int64_t kDigestCost = 300, kComparisonCost = 12;
 NameDigest general_name_digest(const GeneralNameView& name) {
     if (name.type == GeneralNameType::directoryName)
         return name_digest(name.value);
-    NameDigest digest;
+    NameDigest digest = {};
     Sha256Context context;
     sha256_init(context);
     sha256_update(context, name.encoding.data, name.encoding.size);

@@ -77,7 +77,7 @@ void Evidence::read(const ObjectList& list) {
     for (uint32_t i = 0; i < crls_.size(); i++)
         order_.add(i);
     std::sort(order_.begin(), order_.end(), [this](uint32_t a, uint32_t b) {
-        return is_before(crls_[a].issuer, crls_[b].issuer) || (crls_[a].issuer == crls_[b].issuer && a < b);
+        return is_before(crls_[a].issuer, crls_[b].issuer) || (a < b && crls_[a].issuer == crls_[b].issuer);
     });
 }
 

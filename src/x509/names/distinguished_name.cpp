@@ -128,7 +128,7 @@ class NameEncoder {
         return header(0, content, hdr) + content;
     }
     void put_header(uint8_t* out, uint32_t octet, size_t content) {
-        uint8_t hdr[8];
+        uint8_t hdr[8] = {};
         put(out, hdr, header(octet, content, hdr));
     }
     void put(uint8_t* out, const void* bytes, size_t n) {
