@@ -15,15 +15,6 @@ namespace zul {
 
 namespace {
 
-// The count bits (64 at most) from the given one on; what is beyond the n limbs of a reads as zero.
-uint64_t bits_at(const Limb* a, size_t n, size_t bit, size_t count) {
-    const size_t i = bit / 64, shift = bit % 64;
-    WideLimb x = i < n ? a[i] : 0;
-    if (i + 1 < n)
-        x |= static_cast<WideLimb>(a[i + 1]) << 64;
-    return static_cast<uint64_t>(x >> shift) & (~uint64_t{0} >> (64 - count));
-}
-
 template<size_t L>
 class IfmaEngine {
     using Modulus = IfmaModulus<L>;
@@ -71,10 +62,10 @@ class IfmaEngine {
         // The limbs of a residue may be above 51 bits, so they are added rather than put side by side.
         std::memset(wide_, 0, kWide * sizeof *wide_);
         for (size_t i = 0; i < L; i++)
-            add_bits(wide_, current_[kOffset + i], i * kLimbBits);
+            limbs_add_bits(wide_, kWide, current_[kOffset + i], i * kLimbBits);
         constexpr size_t kShifted = (kLimbBits * L + 63) / 64 + 1;
         limb_shift_left(wide_, wide_, kShifted, bits_);
-        divide(wide_, kShifted);
+        limb_divide(wide_, kShifted, divisor_, n_);
         limb_shift_right(wide_, wide_, n_, bits_);
         std::memcpy(y, wide_, digits_ * sizeof *y);
     }
@@ -85,27 +76,10 @@ class IfmaEngine {
     }
     uint64_t* entry(size_t i) { return table_ + i * kSize; }
 
-    static void add_bits(Limb* a, uint64_t x, size_t bit) {
-        WideLimb carry = static_cast<WideLimb>(x) << bit % 64;
-        for (size_t i = bit / 64; carry != 0 && i < kWide; i++) {
-            carry += a[i];
-            a[i] = static_cast<Limb>(carry);
-            carry >>= 64;
-        }
-    }
-
     static void to_residue(uint64_t* z, const Limb* a, size_t n) {
         std::memset(z, 0, kOffset * sizeof *z);
         for (size_t i = 0; i < L; i++)
-            z[kOffset + i] = bits_at(a, n, i * kLimbBits, kLimbBits);
-    }
-
-    // wide is divided by the normalised divisor. Its highest limb is below 2^63 and so below the divisor's.
-    // The quotient is put in its place from limb n_ on, the remainder in the n_ low limbs.
-    void divide(Limb* wide, size_t size) {
-        const LimbReciprocal reciprocal = limb_reciprocal(divisor_[n_ - 1], divisor_[n_ - 2]);
-        for (size_t k = size - n_; k-- > 0;)
-            wide[k + n_] = limb_divide_step(wide + k, divisor_, n_, reciprocal);
+            z[kOffset + i] = limbs_bits(a, n, i * kLimbBits, kLimbBits);
     }
 
     void prepare_modulus(size_t bits) {
@@ -113,7 +87,7 @@ class IfmaEngine {
         const size_t shift = Modulus::kBits - bits;
         std::memset(wide_, 0, kWide * sizeof *wide_);
         for (size_t i = 0; i < n_; i++)
-            add_bits(wide_, divisor_[i], 64 * i + shift);
+            limbs_add_bits(wide_, kWide, divisor_[i], 64 * i + shift);
         to_residue(modulus_->modulus, wide_, kWide);
         uint64_t borrow = 0;
         for (size_t i = 0; i < L; i++) {
@@ -131,13 +105,13 @@ class IfmaEngine {
         for (size_t i = 0; i <= e / 64; i++)
             wide_[i] = i < e / 64 ? ~Limb{0} : (Limb{1} << e % 64) - 1;
         const size_t size = e / 64 + 1;
-        divide(wide_, size);
+        limb_divide(wide_, size, divisor_, n_);
         // Entry s has limb L - 1 - 8d + l - s in lane l of vector d.
         for (size_t s = 0; s < 8; s++)
             for (size_t p = 0; p < std::size(modulus_->reciprocal[s]); p++) {
                 const size_t limb = L - 1 + p % 8 - s - p / 8 * 8;
                 modulus_->reciprocal[s][p] =
-                    limb < L ? bits_at(wide_ + n_, size - n_, limb * kLimbBits, kLimbBits) : 0;
+                    limb < L ? limbs_bits(wide_ + n_, size - n_, limb * kLimbBits, kLimbBits) : 0;
             }
     }
 

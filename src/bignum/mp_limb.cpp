@@ -1,7 +1,6 @@
 // Moeller and Granlund, "Improved division by invariant integers", 2011; Knuth's Algorithm D.
 #include "bignum/mp_limb.h"
 
-#if ZUL_X86_64
 namespace zul {
 
 static WideLimb wide(Limb high, Limb low) {
@@ -10,6 +9,31 @@ static WideLimb wide(Limb high, Limb low) {
 
 static Limb high_of(WideLimb x) {
     return static_cast<Limb>(x >> 64);
+}
+
+void limbs_from_digits(Limb* w, const DIGIT_T* digits, size_t n) {
+    for (size_t i = 0; i < n; i += 2)
+        w[i / 2] = digits[i] | (i + 1 < n ? Limb{digits[i + 1]} << kDigitBits : 0);
+}
+
+void limbs_to_digits(DIGIT_T* digits, const Limb* w, size_t n) {
+    for (size_t i = 0; i < n; i++)
+        digits[i] = static_cast<DIGIT_T>(w[i / 2] >> i % 2 * kDigitBits);
+}
+
+uint64_t limbs_bits(const Limb* a, size_t n, size_t bit, size_t count) {
+    const size_t i = bit / 64, shift = bit % 64;
+    const WideLimb x = wide(i + 1 < n ? a[i + 1] : 0, i < n ? a[i] : 0);
+    return static_cast<uint64_t>(x >> shift) & (~uint64_t{0} >> (64 - count));
+}
+
+void limbs_add_bits(Limb* a, size_t n, uint64_t x, size_t bit) {
+    WideLimb carry = static_cast<WideLimb>(x) << bit % 64;
+    for (size_t i = bit / 64; carry != 0 && i < n; i++) {
+        carry += a[i];
+        a[i] = static_cast<Limb>(carry);
+        carry >>= 64;
+    }
 }
 
 LimbReciprocal limb_reciprocal(Limb d1, Limb d0) {
@@ -77,6 +101,12 @@ Limb limb_divide_step(Limb* w, const Limb* d, size_t n, const LimbReciprocal& re
     return q;
 }
 
+void limb_divide(Limb* w, size_t size, const Limb* d, size_t n) {
+    const LimbReciprocal reciprocal = limb_reciprocal(d[n - 1], d[n - 2]);
+    for (size_t k = size - n; k-- > 0;)
+        w[k + n] = limb_divide_step(w + k, d, n, reciprocal);
+}
+
 Limb limb_shift_left(Limb* w, const Limb* u, size_t n, unsigned bits) {
     Limb carry = 0;
     for (size_t i = 0; i < n; i++) {
@@ -103,4 +133,3 @@ Limb limb_subtract(Limb* w, const Limb* u, const Limb* v, size_t n) {
 }
 
 } // namespace zul
-#endif

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "bignum/mp.h"
+#include "bignum/mp_exp_columns.h"
 #include "bignum/mp_kernel.h"
 #include "bignum/mp_portable.h"
 #include "bignum/mp_scratch.h"
@@ -12,8 +13,9 @@ namespace {
 
 constexpr size_t kBinaryBits = 15; // the longest exponent for which a table of powers would not pay
 
-// DigitEngine computes modulo m shifted left until its highest bit is set, so that no division has to
-// normalise its divisor; only the result is reduced modulo m itself.
+// For short moduli, and for a base that is not below the modulus. DigitEngine computes modulo m shifted left
+// until its highest bit is set, so that no division has to normalise its divisor; only the result is reduced
+// modulo m itself.
 class DigitEngine {
   public:
     // x and m have n digits, of which m has size significant ones.
@@ -99,6 +101,12 @@ int mpModExp(DIGIT_T* y, const DIGIT_T* x, const DIGIT_T* e, const DIGIT_T* m, s
     }
     if (size > 1 && mp_kernel_usable() && mpCompare(x, m, n) < 0) {
         mp_kernel_mod_exp(y, x, e, m, n);
+        return 0;
+    }
+
+    if (mpBitLength(m, size) >= kLeastColumnBits && mpCompare(x, m, n) < 0) {
+        mp_column_mod_exp(y, x, e, bits, m, size);
+        mpSetZero(y + size, n - size);
         return 0;
     }
 

@@ -1,3 +1,5 @@
+#include <random>
+
 #include "bignum/mp.h"
 #include "frame/memory_hooks.h"
 #include "platform/cpu.h"
@@ -99,6 +101,40 @@ TEST(MpVectors, Powers) {
                 }
             }
         }
+    };
+    with_all_kernels(check);
+}
+
+// Of m = s^2 - c the power s^2 is c: remainders next to 0 and m, where a quotient that is not exact shows.
+TEST(MpPowers, NextToMultiplesOfTheModulus) {
+    std::mt19937 random{7};
+    const auto check = [&random] {
+        for (const size_t size : {3u, 4u, 5u, 8u, 9u, 16u, 17u, 24u, 31u, 32u, 33u, 48u, 56u, 57u, 64u, 127u})
+            for (const DIGIT_T kind : {0u, 1u, 2u, 3u})
+                for (const int c : {-1, 0, 1}) {
+                    SCOPED_TRACE(testing::Message() << size << " digits, kind " << kind << ", " << c);
+                    const size_t n = 2 * size;
+                    Digits s(n), m(n), e(n), y(n, kMax), expected(n);
+                    for (size_t i = 0; i < size; i++)
+                        s[i] = kind == 0 ? kMax : kind == 1 ? 0 : static_cast<DIGIT_T>(random());
+                    s[0] |= 1;
+                    s[size - 1] |= kind == 3 ? 1 : 0x80000000;
+                    mpSquare(m.data(), s.data(), size);
+                    if (c < 0)
+                        ASSERT_EQ(mpShortAdd(m.data(), m.data(), 1, n), 0u);
+                    else
+                        mpShortSub(m.data(), m.data(), static_cast<DIGIT_T>(c), n);
+                    if (c < 0)
+                        mpShortSub(expected.data(), m.data(), 1, n);
+                    else
+                        expected[0] = static_cast<DIGIT_T>(c);
+                    e[0] = 2;
+                    mpModExp(y.data(), s.data(), e.data(), m.data(), n);
+                    ASSERT_EQ(y, expected);
+                    e[0] = 65537; // c to an even power, times s
+                    mpModExp(y.data(), s.data(), e.data(), m.data(), n);
+                    ASSERT_EQ(y, c == 0 ? Digits(n) : s);
+                }
     };
     with_all_kernels(check);
 }
