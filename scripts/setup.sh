@@ -13,6 +13,7 @@ library=(
     clang-format clang clang-tidy cppcheck gcovr libclang-rt-14-dev valgrind
     python3-cryptography python3-jsonschema ca-certificates minisign
     mandoc man-db groff-base zsh fish
+    g++-aarch64-linux-gnu libc6-dev-arm64-cross qemu-user
 )
 bindings=(
     mono-mcs mono-runtime libmono-system-core4.0-cil libmono-system-numerics4.0-cil

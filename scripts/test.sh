@@ -11,7 +11,7 @@ step() {
 step "packages"
 scripts/setup.sh --all
 
-presets=(native windows asan tsan fuzz)
+presets=(native windows aarch64 asan tsan fuzz)
 mkdir -p build
 for preset in "${presets[@]}"; do
     step "build $preset"
