@@ -51,6 +51,10 @@ BENCH_ROWS {
         for (const BenchSize& size : bench_sizes)
             add_digest((digest.name + size.suffix).c_str(), size.bytes, digest.option, digest.peerName);
 
+    bench_register_threads("SHA-256 of a hex text, 2 threads against 1", [] {
+        thread_local char digest[65];
+        HASH_HexFromHex(digest, 64, "6162636465666768696a6b6c6d6e6f70", ZUL_HASH_SHA256);
+    });
     bench_register({"HMAC-SHA-256, 64 bytes", 0, our_hmac, [] {
                         HMAC(EVP_sha256(), message.data(), 32, message.data(), 64, theirs.data(), nullptr);
                     }});

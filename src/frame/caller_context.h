@@ -13,19 +13,23 @@ namespace zul {
 
 enum class ContextKind : uint64_t { digest = 0x7A754C31, hmac = 0x7A754C32, cipher = 0x7A754C33 };
 
+// context_check takes whole words.
 uint64_t context_check(ContextKind kind, const void* state, size_t size);
 
 template<class State>
 class CallerContext {
-    static_assert(std::is_trivially_copyable_v<State>);
+    static_assert(std::is_trivially_copyable_v<State> && sizeof(State) % sizeof(uint64_t) == 0);
 
   public:
     static constexpr size_t kBytes = sizeof(State) + 2 * sizeof(uint64_t);
 
-    explicit CallerContext(ContextKind kind) : kind_(kind) {}
+    explicit CallerContext(ContextKind kind) : kind_(kind) { wipe_object(state_); }
+    CallerContext(const CallerContext&) = delete;
+    CallerContext& operator=(const CallerContext&) = delete;
+    ~CallerContext() { wipe_object(state_); }
 
-    State& operator*() { return *state_; }
-    State* operator->() { return &*state_; }
+    State& operator*() { return state_; }
+    State* operator->() { return &state_; }
 
     static bool is_query(const void* memory, int bytes) { return memory == nullptr || bytes == 0; }
 
@@ -49,25 +53,25 @@ class CallerContext {
         memcpy(&marks[0], bytes, sizeof marks[0]);
         if (marks[0] != static_cast<uint64_t>(kind_))
             return err_unknown_context();
-        memcpy(&*state_, bytes + sizeof marks[0], sizeof(State));
+        memcpy(&state_, bytes + sizeof marks[0], sizeof(State));
         memcpy(&marks[1], bytes + sizeof marks[0] + sizeof(State), sizeof marks[1]);
-        return marks[1] == context_check(kind_, &*state_, sizeof(State)) ? 0 : err_unknown_context();
+        return marks[1] == context_check(kind_, &state_, sizeof(State)) ? 0 : err_unknown_context();
     }
 
     void store(void* memory) {
         auto* bytes = static_cast<uint8_t*>(memory);
         const uint64_t marks[2] = {static_cast<uint64_t>(kind_),
-                                   context_check(kind_, &*state_, sizeof(State))};
+                                   context_check(kind_, &state_, sizeof(State))};
         memcpy(bytes, &marks[0], sizeof marks[0]);
-        memcpy(bytes + sizeof marks[0], &*state_, sizeof(State));
+        memcpy(bytes + sizeof marks[0], &state_, sizeof(State));
         memcpy(bytes + sizeof marks[0] + sizeof(State), &marks[1], sizeof marks[1]);
     }
 
-    static void wipe(void* memory) { wipe_bytes(memory, kBytes); }
+    static void wipe(void* memory) { wipe_fixed<kBytes>(memory); }
 
   private:
     ContextKind kind_;
-    Wiped<State> state_;
+    State state_; // all zero at the start, so that nothing else of the stack gets into the caller's memory
 };
 
 } // namespace zul

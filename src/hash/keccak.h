@@ -7,7 +7,7 @@
 #include "platform/cpu.h"
 #include "platform/target.h"
 
-// Keccak-f[1600] (FIPS 202, 3). One text, compiled for two sets of instructions.
+// Keccak-f[1600] (FIPS 202, 3). One text, compiled for two sets of instructions, and one with vectors.
 namespace zul {
 
 constexpr uint64_t kKeccakRounds[24] = {
@@ -53,6 +53,14 @@ ZUL_ALWAYS_INLINE void keccak_round(uint64_t (&e)[25], const uint64_t (&a)[25], 
     e[0] ^= constant;
 }
 
+ZUL_ALWAYS_INLINE void keccak_add_block(uint64_t (&lanes)[25], const uint8_t* data, size_t rate) {
+    for (size_t i = 0; i < rate / 8; i++) {
+        uint64_t lane; // x86-64 is little-endian
+        memcpy(&lane, data + 8 * i, sizeof lane);
+        lanes[i] ^= lane;
+    }
+}
+
 // keccak_absorb adds blocks of rate bytes to the state and permutes it after each; with a rate of 0 it
 // permutes only. It wipes what it leaves. The second state is its own variable, which the compiler knows to
 // be apart.
@@ -60,11 +68,7 @@ ZUL_ALWAYS_INLINE void keccak_absorb_here(uint64_t (&lanes)[25], const uint8_t* 
                                           size_t blocks) {
     uint64_t other[25];
     for (; blocks > 0; blocks--, data += rate) {
-        for (size_t i = 0; i < rate / 8; i++) {
-            uint64_t lane; // x86-64 is little-endian
-            memcpy(&lane, data + 8 * i, sizeof lane);
-            lanes[i] ^= lane;
-        }
+        keccak_add_block(lanes, data, rate);
         for (int round = 0; round < 24; round += 2) {
             keccak_round(other, lanes, kKeccakRounds[round]);
             keccak_round(lanes, other, kKeccakRounds[round + 1]);
@@ -77,6 +81,7 @@ using KeccakAbsorb = void(uint64_t (&lanes)[25], const uint8_t* data, size_t rat
 
 #if ZUL_X86_64
 KeccakAbsorb keccak_absorb_bmi; // with ANDN and RORX
+KeccakAbsorb keccak_absorb_avx512;
 #endif
 
 } // namespace zul

@@ -1,12 +1,16 @@
 #include "hash/sha3.h"
 
+#include <algorithm>
+#include <bit>
+
 #include "frame/wipe.h"
+#include "hash/digest_words.h"
 #include "hash/keccak.h"
 
 namespace zul {
 namespace {
 
-constexpr size_t kStateBytes = 200;
+constexpr size_t kStateBytes = 200, kLaneBytes = 8;
 constexpr uint8_t kSha3Suffix = 0x06, kShakeSuffix = 0x1F, kLastBit = 0x80;
 
 void init(Sha3Context& context, uint32_t digestSize, uint32_t strength, uint8_t suffix) {
@@ -16,26 +20,61 @@ void init(Sha3Context& context, uint32_t digestSize, uint32_t strength, uint8_t 
     context.suffix = suffix;
 }
 
-bool has_bmi() {
 #if ZUL_X86_64
+bool has_bmi() {
     return cpu_has(kCpuAvx2);
-#else
-    return false;
-#endif
 }
+bool has_avx512() {
+    return cpu_has(kCpuAvx2 | kCpuAvx512);
+}
+#endif
 
 void absorb(Sha3Context& context, const uint8_t* data, size_t rate, size_t blocks) {
 #if ZUL_X86_64
-    if (has_bmi()) {
-        keccak_absorb_bmi(context.lanes, data, rate, blocks);
-        return;
-    }
+    if (has_avx512())
+        return keccak_absorb_avx512(context.lanes, data, rate, blocks);
+    if (has_bmi())
+        return keccak_absorb_bmi(context.lanes, data, rate, blocks);
 #endif
     keccak_absorb_here(context.lanes, data, rate, blocks);
 }
 
 void permute(Sha3Context& context) {
     absorb(context, nullptr, 0, 1);
+}
+
+// add_bytes adds a piece of a block, whose bytes from position on it has.
+void add_bytes(Sha3Context& context, size_t position, const uint8_t* bytes, size_t size) {
+    while (size > 0) {
+        uint64_t& lane = context.lanes[position / kLaneBytes];
+        const size_t shift = position % kLaneBytes, part = std::min(size, kLaneBytes - shift);
+        if (part == kLaneBytes) {
+            lane ^= load_word<uint64_t, std::endian::little>(bytes);
+        } else {
+            for (size_t i = 0; i < part; i++)
+                lane ^= static_cast<uint64_t>(bytes[i]) << 8 * (shift + i);
+        }
+        position += part;
+        bytes += part;
+        size -= part;
+    }
+}
+
+// give_bytes gives a piece of a block.
+void give_bytes(const Sha3Context& context, size_t position, uint8_t* out, size_t size) {
+    while (size > 0) {
+        const uint64_t lane = context.lanes[position / kLaneBytes];
+        const size_t shift = position % kLaneBytes, part = std::min(size, kLaneBytes - shift);
+        if (part == kLaneBytes) {
+            store_word<std::endian::little>(out, lane);
+        } else {
+            for (size_t i = 0; i < part; i++)
+                out[i] = static_cast<uint8_t>(lane >> 8 * (shift + i));
+        }
+        position += part;
+        out += part;
+        size -= part;
+    }
 }
 
 void add_byte(Sha3Context& context, size_t position, uint8_t byte) {
@@ -73,10 +112,12 @@ void sha3_update(Sha3Context& context, const void* data, size_t size) {
             size -= blocks * context.rate;
             continue;
         }
-        add_byte(context, context.position, *bytes);
-        bytes++;
-        size--;
-        if (++context.position == context.rate) {
+        const size_t part = std::min<size_t>(size, context.rate - context.position);
+        add_bytes(context, context.position, bytes, part);
+        bytes += part;
+        size -= part;
+        context.position += static_cast<uint32_t>(part);
+        if (context.position == context.rate) {
             permute(context);
             context.position = 0;
         }
@@ -90,13 +131,16 @@ void sha3_squeeze(Sha3Context& context, uint8_t* out, size_t size) {
         context.isSqueezing = true;
         context.position = context.rate;
     }
-    for (size_t i = 0; i < size; i++) {
+    while (size > 0) {
         if (context.position == context.rate) {
             permute(context);
             context.position = 0;
         }
-        out[i] = static_cast<uint8_t>(context.lanes[context.position / 8] >> 8 * (context.position % 8));
-        context.position++;
+        const size_t part = std::min<size_t>(size, context.rate - context.position);
+        give_bytes(context, context.position, out, part);
+        out += part;
+        size -= part;
+        context.position += static_cast<uint32_t>(part);
     }
 }
 
@@ -106,7 +150,13 @@ void sha3_final(Sha3Context& context, uint8_t* digest) {
 }
 
 const char* sha3_kernel() {
-    return has_bmi() ? "bmi" : "portable";
+#if ZUL_X86_64
+    if (has_avx512())
+        return "avx512";
+    if (has_bmi())
+        return "bmi";
+#endif
+    return "portable";
 }
 
 } // namespace zul

@@ -28,7 +28,7 @@ void sha3_squeeze(Sha3Context& context, uint8_t* out, size_t size);
 // sha3_final writes the digest (of SHAKE twice its strength: 32 or 64 bytes) and wipes the context.
 void sha3_final(Sha3Context& context, uint8_t* digest);
 
-// sha3_kernel names the code that runs now: "bmi" or "portable".
+// sha3_kernel names the code that runs now: "avx512", "bmi" or "portable".
 const char* sha3_kernel();
 
 } // namespace zul

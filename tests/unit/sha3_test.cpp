@@ -16,7 +16,8 @@ using Bytes = std::vector<uint8_t>;
 class Sha3Kernels : public testing::TestWithParam<const char*> {
   protected:
     void SetUp() override {
-        cpu_mask_features(GetParam() == std::string("portable") ? uint32_t{kCpuAvx2} : 0);
+        const std::string kernel = GetParam();
+        cpu_mask_features(kernel == "portable" ? kCpuAvx2 : kernel == "bmi" ? kCpuAvx512 : 0u);
         if (sha3_kernel() != std::string(GetParam()))
             GTEST_SKIP() << "this processor does not have it";
     }
@@ -25,7 +26,7 @@ class Sha3Kernels : public testing::TestWithParam<const char*> {
 
 } // namespace
 
-INSTANTIATE_TEST_SUITE_P(All, Sha3Kernels, testing::Values("portable", "bmi"));
+INSTANTIATE_TEST_SUITE_P(All, Sha3Kernels, testing::Values("portable", "bmi", "avx512"));
 
 TEST_P(Sha3Kernels, MeetFips202InEverySplit) {
     for (const auto& v : test::read_vectors("hash/sha3_fips202.txt")) {
