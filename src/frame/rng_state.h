@@ -27,7 +27,7 @@ struct RngState {
     uint32_t forkGeneration;    // of the process that instantiated the generator
 
     // Readings of the last calls, on their way to the shared pools (see rng/accumulator.h).
-    static constexpr uint32_t kStagedCalls = 256;
+    static constexpr uint32_t kStagedCalls = 512;
     uint32_t stagedTime[kStagedCalls];
     uint32_t stagedTicks[kStagedCalls];
     uint32_t stagedMemory[kStagedCalls];

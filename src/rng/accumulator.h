@@ -9,7 +9,7 @@
 // The process's entropy pools behind the process-wide lock, and the readings that feed them (rng_stir).
 //
 // Every call into the library stirs, so a cheap stir takes no lock. The thread stages the readings of its
-// last 256 calls in its own state. It enters them together: when the state is full, when a reseed may be due,
+// last 512 calls in its own state. It enters them together: when the state is full, when a reseed may be due,
 // with a fuller stir and at its end. Entering visits every pool, whose memory may be in another processor's
 // cache: a batch costs a few nanoseconds per call, single entries would make two threads slower than one. A
 // thread's own readings are always entered before it is seeded.

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "platform/cpu.h"
+
 namespace zul {
 
 static constexpr uint64_t kMinPoolZeroBytes = 32;
@@ -91,10 +93,9 @@ void EntropyPools::add_batch(std::span<const Series> readings, size_t start, siz
 
 void EntropyPools::add_readings(std::span<const Series> readings, size_t count) {
     // The pools may be in the memory of another processor, from where they come faster together.
-    if (count >= kPools)
-        for (const Sha1Context& pool : pools_)
-            for (size_t at = 0; at < sizeof pool; at += 64)
-                __builtin_prefetch(reinterpret_cast<const uint8_t*>(&pool) + at, 1);
+    if (count >= kPools && cpu_has(kCpuShani))
+        for (size_t at = 0; at < sizeof pools_; at += 64)
+            cpu_fetch_for_writing(reinterpret_cast<const uint8_t*>(pools_) + at);
     for (size_t start = 0; start < count; start += kBatch * kPools)
         add_batch(readings, start, std::min(count, start + kBatch * kPools));
 }

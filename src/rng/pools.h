@@ -48,7 +48,7 @@ class EntropyPools {
 
   private:
     static constexpr unsigned kSources = 8;
-    static constexpr size_t kBatch = 8; // readings of a series for one pool at a time
+    static constexpr size_t kBatch = 16; // readings of a series for one pool at a time
 
     struct Events {
         size_t size = 0;
