@@ -16,7 +16,7 @@ ByteStream::ByteStream(const void* bytes, size_t n)
 ByteStream::ByteStream(const char* path) : file_(path, platform::OpenMode::read), isMemory_(false) {
     if (!file_.is_open())
         return;
-    fileLength_ = platform::file_length(file_.handle());
+    fileLength_ = file_.length();
     // A small file is read whole, and no further until something is asked of what lies behind it.
     const bool isSmall = fileLength_ > 0 && fileLength_ < int64_t{kWindow};
     buffer_ = SecretBuffer(kKept + (isSmall ? static_cast<size_t>(fileLength_) : kWindow));

@@ -13,7 +13,7 @@ int read_whole_file(const char* path, SecretBuffer& content, size_t maxSize) {
     File file(path, platform::OpenMode::read);
     if (!file.is_open())
         return err_fail(OPEN_ERROR, "Cannot open file '%s'", shown_name(path));
-    int64_t length = platform::file_length(file.handle());
+    const int64_t length = file.length();
     // A block that is too big would end the process; a big file is only bad input.
     if (length > static_cast<int64_t>(maxSize))
         return err_fail(OPEN_ERROR, "File '%s' is too large", shown_name(path));

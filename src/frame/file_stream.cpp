@@ -19,7 +19,7 @@ bool is_same_file(const char* argument, const char* path) {
 
 // buffer_size takes one byte more than a small file has, so that one system call shows its end.
 static size_t buffer_size(const File& file) {
-    const int64_t length = platform::file_length(file.handle());
+    const int64_t length = file.length();
     return length >= 0 && length < int64_t{kStreamBuffer} ? static_cast<size_t>(length) + 1 : kStreamBuffer;
 }
 

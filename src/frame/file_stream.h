@@ -16,21 +16,26 @@ constexpr size_t kFirstBuffer = 4096;
 class File {
   public:
     File() = default;
-    File(const char* path, platform::OpenMode mode) : handle_(platform::file_open(path, mode)) {}
+    File(const char* path, platform::OpenMode mode) : handle_(platform::file_open(path, mode, &length_)) {}
     explicit File(platform::FileHandle handle) : handle_(handle) {}
-    File(File&& other) noexcept : handle_(std::exchange(other.handle_, platform::kNoFile)) {}
+    File(File&& other) noexcept
+        : length_(other.length_), handle_(std::exchange(other.handle_, platform::kNoFile)) {}
     File& operator=(File&& other) noexcept {
         std::swap(handle_, other.handle_);
+        std::swap(length_, other.length_);
         return *this;
     }
     ~File() { close(); }
 
     bool is_open() const { return handle_ != platform::kNoFile; }
     platform::FileHandle handle() const { return handle_; }
+    // length is what a file opened to be read had then, without another system call; negative if it has none.
+    int64_t length() const { return length_; }
     // close gives false if the system reports that something written was lost.
     bool close();
 
   private:
+    int64_t length_ = -1; // before the handle, since opening sets it
     platform::FileHandle handle_ = platform::kNoFile;
 };
 

@@ -76,7 +76,9 @@ enum class OpenMode {
 // file_folds_line_ends tells whether the system itself reads CR LF as LF; otherwise the reader has to.
 bool file_folds_line_ends();
 
-FileHandle file_open(const char* path, OpenMode mode);
+// file_open gives kNoFile for a directory too. *length becomes what file_length tells of a file opened to be
+// read.
+FileHandle file_open(const char* path, OpenMode mode, int64_t* length = nullptr);
 // file_standard gives the process's standard input or output, for bytes as they are, as a handle of its own:
 // closing it leaves the process's open. kNoFile if it has none.
 enum class Standard { input, output };

@@ -62,7 +62,7 @@ int content_from_file(const char* path, const ContentShape& shape, AsnList& elem
     const File file(path, platform::OpenMode::read);
     if (!file.is_open())
         return cannot_open(path);
-    const int64_t length = platform::file_length(file.handle());
+    const int64_t length = file.length();
     if (length <= 0)
         return read_on(file, path, shape, element);
     const size_t size =

@@ -18,7 +18,11 @@ static bool is_marked_read_only(const struct stat& status) {
     return S_ISREG(status.st_mode) && (status.st_mode & 0222) == 0;
 }
 
-FileHandle file_open(const char* path, OpenMode mode) {
+static int64_t length_of(const struct stat& status) {
+    return S_ISREG(status.st_mode) ? status.st_size : -1;
+}
+
+FileHandle file_open(const char* path, OpenMode mode, int64_t* length) {
     struct stat status {};
     const bool writes = mode != OpenMode::read && mode != OpenMode::readText;
     if (writes && stat(path, &status) == 0 && is_marked_read_only(status))
@@ -35,11 +39,13 @@ FileHandle file_open(const char* path, OpenMode mode) {
     while (fd < 0 && errno == EINTR);
     if (fd < 0)
         return kNoFile;
-    if (fstat(fd, &status) != 0 || S_ISDIR(status.st_mode)) {
+    if (!writes && (fstat(fd, &status) != 0 || S_ISDIR(status.st_mode))) { // the system refuses to write one
         close(fd);
         return kNoFile;
     }
-    if (mode == OpenMode::createSecret && S_ISREG(status.st_mode))
+    if (!writes && length != nullptr)
+        *length = length_of(status);
+    if (mode == OpenMode::createSecret && fstat(fd, &status) == 0 && S_ISREG(status.st_mode))
         // An existing file may have other rights. Only its owner can change them, and some file systems keep
         // none.
         static_cast<void>(fchmod(fd, 0600) == 0);
@@ -115,9 +121,7 @@ bool file_empty(FileHandle file) {
 
 int64_t file_length(FileHandle file) {
     struct stat status {};
-    if (fstat(descriptor(file), &status) != 0 || !S_ISREG(status.st_mode))
-        return -1;
-    return status.st_size;
+    return fstat(descriptor(file), &status) == 0 ? length_of(status) : -1;
 }
 
 bool file_commit(FileHandle file) {

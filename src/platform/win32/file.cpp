@@ -22,7 +22,7 @@ static bool is_marked_read_only(const char* path) {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
 }
 
-FileHandle file_open(const char* path, OpenMode mode) {
+FileHandle file_open(const char* path, OpenMode mode, int64_t* length) {
     int flags = _O_BINARY | _O_NOINHERIT;
     switch (mode) {
     case OpenMode::read:
@@ -43,7 +43,11 @@ FileHandle file_open(const char* path, OpenMode mode) {
     if (writes && is_marked_read_only(path))
         return kNoFile;
     const int fd = _open(path, flags, _S_IREAD | _S_IWRITE);
-    return fd < 0 ? kNoFile : fd;
+    if (fd < 0)
+        return kNoFile;
+    if (!writes && length != nullptr)
+        *length = file_length(fd);
+    return fd;
 }
 
 // A duplicate, because the mode of the runtime's own descriptor belongs to the program.
