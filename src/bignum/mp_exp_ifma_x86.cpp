@@ -22,6 +22,8 @@ class IfmaEngine {
                             kOffset = Modulus::kOffset;
     static constexpr size_t kWide = (kLimbBits * 2 * L + 63) / 64 + 3; // 64-bit limbs that hold a product
 
+    static constexpr size_t kZeros = 8; // before and behind the limbs that are copied in every shift
+
   public:
     IfmaEngine(const DIGIT_T* x, const DIGIT_T* m, size_t digits, size_t powers)
         : digits_(digits), n_((digits + 1) / 2), scratch_(2 * scratch_limbs(powers)) {
@@ -39,7 +41,7 @@ class IfmaEngine {
         table_ = take(powers * kSize);
         divisor_ = take(kWide);
         wide_ = take(kWide);
-        limbs_ = take(kSize);
+        limbs_ = take(kSize + 2 * kZeros) + kZeros;
 
         std::memcpy(divisor_, m, digits * sizeof *m);
         bits_ = static_cast<unsigned>(__builtin_clzll(divisor_[n_ - 1]));
@@ -72,7 +74,7 @@ class IfmaEngine {
 
   private:
     static size_t scratch_limbs(size_t powers) {
-        return 8 + sizeof(Modulus) / 8 + (powers + 3) * kSize + 2 * kWide;
+        return 8 + sizeof(Modulus) / 8 + (powers + 3) * kSize + 2 * kZeros + 2 * kWide;
     }
     uint64_t* entry(size_t i) { return table_ + i * kSize; }
 
@@ -96,8 +98,7 @@ class IfmaEngine {
             limbs_[i] = -limb & ((uint64_t{1} << kLimbBits) - 1);
         }
         for (size_t s = 0; s < 8; s++)
-            for (size_t p = s; p < kSize; p++)
-                modulus_->negative[s][p] = p - s < L ? limbs_[p - s] : 0;
+            std::memcpy(modulus_->negative[s], limbs_ - s, sizeof modulus_->negative[s]);
 
         // V = (r^(2L-1) - 1) / N is (2^e - 1) / (m * 2^bits_) for another e.
         limb_shift_left(divisor_, divisor_, n_, bits_);
@@ -106,13 +107,12 @@ class IfmaEngine {
             wide_[i] = i < e / 64 ? ~Limb{0} : (Limb{1} << e % 64) - 1;
         const size_t size = e / 64 + 1;
         limb_divide(wide_, size, divisor_, n_);
+        for (size_t i = 0; i < L; i++)
+            limbs_[i] = limbs_bits(wide_ + n_, size - n_, i * kLimbBits, kLimbBits);
         // Entry s has limb L - 1 - 8d + l - s in lane l of vector d.
         for (size_t s = 0; s < 8; s++)
-            for (size_t p = 0; p < std::size(modulus_->reciprocal[s]); p++) {
-                const size_t limb = L - 1 + p % 8 - s - p / 8 * 8;
-                modulus_->reciprocal[s][p] =
-                    limb < L ? limbs_bits(wide_ + n_, size - n_, limb * kLimbBits, kLimbBits) : 0;
-            }
+            for (size_t d = 0; d <= L / 8; d++)
+                std::memcpy(modulus_->reciprocal[s] + 8 * d, limbs_ + L - 1 - 8 * d - s, 64);
     }
 
     size_t digits_, n_;

@@ -21,21 +21,6 @@ void limbs_to_digits(DIGIT_T* digits, const Limb* w, size_t n) {
         digits[i] = static_cast<DIGIT_T>(w[i / 2] >> i % 2 * kDigitBits);
 }
 
-uint64_t limbs_bits(const Limb* a, size_t n, size_t bit, size_t count) {
-    const size_t i = bit / 64, shift = bit % 64;
-    const WideLimb x = wide(i + 1 < n ? a[i + 1] : 0, i < n ? a[i] : 0);
-    return static_cast<uint64_t>(x >> shift) & (~uint64_t{0} >> (64 - count));
-}
-
-void limbs_add_bits(Limb* a, size_t n, uint64_t x, size_t bit) {
-    WideLimb carry = static_cast<WideLimb>(x) << bit % 64;
-    for (size_t i = bit / 64; carry != 0 && i < n; i++) {
-        carry += a[i];
-        a[i] = static_cast<Limb>(carry);
-        carry >>= 64;
-    }
-}
-
 LimbReciprocal limb_reciprocal(Limb d1, Limb d0) {
     const Limb ones = ~Limb{0};
     Limb v = static_cast<Limb>(wide(~d1, ones) / d1);
@@ -80,12 +65,13 @@ Limb limb_divide_step(Limb* w, const Limb* d, size_t n, const LimbReciprocal& re
     // Equal highest limbs make the quotient B - 1.
     const bool greatest = w[n] == reciprocal.d1 && w[n - 1] == reciprocal.d0;
     Limb q = greatest ? ~Limb{0} : divide_3by2(w[n], w[n - 1], w[n - 2], reciprocal);
+    // What is added to the complement of w is taken off w, with one chain of carries instead of two.
     Limb carry = 0;
+#pragma GCC unroll 4
     for (size_t i = 0; i < n; i++) {
-        const WideLimb product = static_cast<WideLimb>(q) * d[i] + carry;
-        const Limb low = static_cast<Limb>(product), before = w[i];
-        w[i] = before - low;
-        carry = high_of(product) + (before < low);
+        const WideLimb sum = static_cast<WideLimb>(q) * d[i] + carry + static_cast<Limb>(~w[i]);
+        w[i] = ~static_cast<Limb>(sum);
+        carry = high_of(sum);
     }
     const Limb top = w[n];
     w[n] = 0;

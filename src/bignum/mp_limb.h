@@ -27,8 +27,19 @@ void limbs_to_digits(DIGIT_T* digits, const Limb* w, size_t n);
 
 // limbs_bits: the count bits (64 at most) of a from the given one on; what is beyond its n limbs reads as
 // zero. limbs_add_bits: a += x * 2^bit modulo B^n.
-uint64_t limbs_bits(const Limb* a, size_t n, size_t bit, size_t count);
-void limbs_add_bits(Limb* a, size_t n, uint64_t x, size_t bit);
+inline uint64_t limbs_bits(const Limb* a, size_t n, size_t bit, size_t count) {
+    const size_t i = bit / 64, shift = bit % 64;
+    const Limb low = i < n ? a[i] : 0, high = i + 1 < n ? a[i + 1] : 0;
+    return (low >> shift | high << 1 << (63 - shift)) & (~uint64_t{0} >> (64 - count));
+}
+inline void limbs_add_bits(Limb* a, size_t n, uint64_t x, size_t bit) {
+    WideLimb carry = static_cast<WideLimb>(x) << bit % 64;
+    for (size_t i = bit / 64; carry != 0 && i < n; i++) {
+        carry += a[i];
+        a[i] = static_cast<Limb>(carry);
+        carry >>= 64;
+    }
+}
 
 // A divisor's two highest limbs with the highest bit set, and the reciprocal of Moeller and Granlund:
 // floor((B^3 - 1) / (d1 * B + d0)) - B.

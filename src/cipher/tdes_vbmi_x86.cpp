@@ -238,26 +238,22 @@ struct KeyWords {
     }
 };
 
-ZUL_VBMI V choose(V from, V other, V mask) { // bits of from where the mask has ones
-    return _mm512_ternarylogic_epi64(from, other, mask, 0xE4);
-}
-
 // half += S-boxes(in) + word i of the key
 ZUL_VBMI void round(V (&half)[8], const V (&in)[8], const KeyWords& words, ptrdiff_t i) {
-    const V place0 = _mm512_set1_epi8(1), place2 = _mm512_set1_epi8(4), place4 = _mm512_set1_epi8(16);
-    const V places01 = _mm512_set1_epi8(3), places0to3 = _mm512_set1_epi8(15);
-    V out[8];
+    V out[8], place[6];
 #pragma GCC unroll 8
     for (unsigned box = 0; box < 8; box++)
         out[box] = look_up(kTables.sboxes[box], in[box]);
+#pragma GCC unroll 6
+    for (unsigned bit = 0; bit < 6; bit++)
+        place[bit] = _mm512_set1_epi8(static_cast<char>(1 << bit));
 #pragma GCC unroll 8
     for (unsigned group = 0; group < 8; group++) {
-        const auto& box = kWiring.box[group];
-        const V a = choose(out[box[0]], out[box[1]], place0);
-        const V b = choose(out[box[2]], out[box[3]], place2);
-        const V c = choose(out[box[4]], out[box[5]], place4);
-        const V all = choose(choose(a, b, places01), c, places0to3);
-        half[group] = _mm512_ternarylogic_epi64(half[group], all, words.at(i, group), 0x96);
+        V sum = _mm512_xor_si512(half[group], words.at(i, group));
+#pragma GCC unroll 6
+        for (unsigned bit = 0; bit < 6; bit++) // sum ^= out & place
+            sum = _mm512_ternarylogic_epi64(sum, out[kWiring.box[group][bit]], place[bit], 0x78);
+        half[group] = sum;
     }
 }
 

@@ -96,8 +96,10 @@ void protect(SecretBuffer& block, const uint8_t* der, size_t derLen, KeyStringTy
     tdes_cbc_encrypt(*key, iv.data(), block.data(), block.data(), block.size() / kBlock);
 }
 
-// unprotect decrypts a block in place and finds the DER in it.
-bool unprotect(uint8_t* block, size_t size, KeyStringType type, SecretBuffer& der) {
+// unprotect decrypts the block behind a marker in place, and leaves the DER that is in it alone.
+bool unprotect(SecretBuffer& bytes, KeyStringType type) {
+    uint8_t* const block = bytes.data() + kMarker;
+    const size_t size = bytes.size() - kMarker;
     if (size % kBlock != 0 || size < 3 * kBlock)
         return false;
     Wiped<TdesKey> key;
@@ -119,8 +121,8 @@ bool unprotect(uint8_t* block, size_t size, KeyStringType type, SecretBuffer& de
     const size_t room = payloadSize - kLengthField;
     if (derLen == 0 || derLen > room || room - derLen > kBlock)
         return false;
-    der = SecretBuffer(derLen);
-    memcpy(der.data(), payload + kLengthField, derLen);
+    memmove(bytes.data(), payload + kLengthField, derLen);
+    bytes.shrink(derLen);
     return true;
 }
 
@@ -195,7 +197,10 @@ int key_string_open(const char* keyString, SecretBuffer& der, KeyStringType* typ
         if (strncmp(keyString, kMarkers[code], 4) != 0)
             continue;
         *type = static_cast<KeyStringType>(code);
-        return unprotect(bytes.data() + kMarker, bytes.size() - kMarker, *type, der) ? 0 : INVALID_DATA_ERROR;
+        if (!unprotect(bytes, *type))
+            return INVALID_DATA_ERROR;
+        der = std::move(bytes);
+        return 0;
     }
     return INVALID_DATA_ERROR;
 }
