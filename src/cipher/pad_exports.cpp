@@ -27,7 +27,7 @@ int padded_length(size_t bytes, int blkLen, size_t unitSize) {
 
 int PAD_BytesBlock(unsigned char* lpOutput, int nOutputLen, const unsigned char* lpInput, int nInputLen,
                    int nBlkLen, int) {
-    const ClearedVectors cleared;
+    const ClearedRegisters cleared;
     if (!block_length_known(nBlkLen))
         return -BAD_BLK_LEN_ERROR;
     if (lpInput == nullptr && nInputLen != 0)
@@ -48,7 +48,7 @@ int PAD_BytesBlock(unsigned char* lpOutput, int nOutputLen, const unsigned char*
 
 int PAD_UnpadBytes(unsigned char* lpOutput, int nOutputLen, const unsigned char* lpInput, int nInputLen,
                    int nBlkLen, int) {
-    const ClearedVectors cleared;
+    const ClearedRegisters cleared;
     if (!block_length_known(nBlkLen))
         return -BAD_BLK_LEN_ERROR;
     if (lpOutput == nullptr || lpInput == nullptr)
@@ -66,7 +66,7 @@ int PAD_UnpadBytes(unsigned char* lpOutput, int nOutputLen, const unsigned char*
 }
 
 int PAD_HexBlock(char* szOutput, int nOutChars, const char* szInputHex, int nBlkLen, int) {
-    const ClearedVectors cleared;
+    const ClearedRegisters cleared;
     if (!block_length_known(nBlkLen))
         return -BAD_BLK_LEN_ERROR;
     if (szInputHex == nullptr)
@@ -88,7 +88,7 @@ int PAD_HexBlock(char* szOutput, int nOutChars, const char* szInputHex, int nBlk
 }
 
 int PAD_UnpadHex(char* szOutput, int nOutChars, const char* szInputHex, int nBlkLen, int) {
-    const ClearedVectors cleared;
+    const ClearedRegisters cleared;
     if (!block_length_known(nBlkLen))
         return -BAD_BLK_LEN_ERROR;
     if (szOutput == nullptr || szInputHex == nullptr)

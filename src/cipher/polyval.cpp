@@ -127,6 +127,9 @@ void polyval_update(uint64_t state[2], const PolyvalKey& key, const uint8_t* dat
         memcpy(block.data(), data + whole * kPolyvalBlock, rest);
         used.update(state, key, block.data(), 1);
     }
+    constexpr size_t kPortableDepth = 512; // where the portable code leaves parts of the key
+    if (&used == &kPolyvalPortable)
+        wipe_dead_stack(kPortableDepth);
 }
 
 void polyval_write(uint8_t* out, const uint64_t state[2], const PolyvalKey& key) {

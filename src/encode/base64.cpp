@@ -153,8 +153,11 @@ size_t b64_decoded_length(const char* text, size_t textLen) {
         if (const void* found = textLen == 0 ? nullptr : memchr(text, end, textLen))
             textLen = static_cast<size_t>(static_cast<const char*>(found) - text);
     size_t values = 0;
-    for (size_t i = has_vector_encoding() ? b64_count_avx2(&values, text, textLen) : 0; i < textLen; i++)
+    for (size_t i = has_vector_encoding() ? b64_count_avx2(&values, text, textLen) : 0; i < textLen; i++) {
         values += char_value(text[i]) < 64;
+        // The compiler's own vectors would spill the text, which may be a key, to the stack.
+        __asm__("" : "+r"(values));
+    }
     // Two values left over are one byte, three are two, a lone one is none.
     size_t rest = values % 4;
     return values / 4 * 3 + (rest > 1 ? rest - 1 : 0);

@@ -8,10 +8,10 @@ namespace zul {
 // 1 the fuller set.
 void rng_stir(int option);
 
-// ClearedVectors clears the vector registers at its end, where keys and plain text of the call may still be.
+// ClearedRegisters clears the registers at its end, where keys and plain text of the call may still be.
 // CallFrame has one; an export without a frame declares its own before everything else.
-struct ClearedVectors {
-    ~ClearedVectors() { cpu_clear_vectors(); }
+struct ClearedRegisters {
+    ~ClearedRegisters() { cpu_clear_registers(); }
 };
 
 // CallFrame stands at the top of every export. It empties the thread's error state and stirs entropy. Its two
@@ -34,7 +34,7 @@ class CallFrame {
     int status(int result) { return err_record(result); }
 
   private:
-    ClearedVectors cleared_;
+    ClearedRegisters cleared_;
 };
 
 } // namespace zul

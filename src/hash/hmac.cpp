@@ -2,8 +2,22 @@
 
 #include "frame/wipe.h"
 #include "hash/digest_output.h"
+#include "hash/sha512_kernels.h"
 
 namespace zul {
+
+// Digests with large blocks have more state than registers, and their kernels leave words of it on the stack:
+// below the long schedule of SHA-512's AVX2 code, or near the top.
+static void wipe_state_of_kernels(int algorithm) {
+    constexpr size_t kLargestInRegisters = 64, kDepth = 1536, kScheduleDepth = 12 * 1024;
+    if (digest_block_size(algorithm) <= kLargestInRegisters)
+        return;
+    bool isDeep = false;
+#if ZUL_X86_64
+    isDeep = sha512_has_avx2() && !sha512_has_avx512();
+#endif
+    wipe_dead_stack(isDeep ? kScheduleDepth : kDepth);
+}
 
 size_t hmac_length(int algorithm) {
     const DigestDescriptor* digest = digest_find(algorithm);
@@ -30,6 +44,7 @@ void hmac_init(HmacContext& context, int algorithm, const void* key, size_t keyL
     for (size_t i = 0; i < blockSize; i++)
         block[i] ^= kInnerPad ^ kOuterPad;
     digest_update(context.outer, block.data(), blockSize);
+    wipe_state_of_kernels(algorithm);
 }
 
 void hmac_update(HmacContext& context, const void* data, size_t size) {
@@ -37,10 +52,13 @@ void hmac_update(HmacContext& context, const void* data, size_t size) {
 }
 
 int hmac_final(HmacContext& context, uint8_t* mac) {
+    const int algorithm = context.outer.algorithm;
     Secret<kMaxDigestSize> inner;
     const int length = digest_final(context.inner, inner.data());
     digest_update(context.outer, inner.data(), static_cast<size_t>(length));
-    return digest_final(context.outer, mac);
+    digest_final(context.outer, mac);
+    wipe_state_of_kernels(algorithm);
+    return length;
 }
 
 int hmac_bytes(uint8_t* out, int outMax, const void* data, size_t dataLen, const void* key, size_t keyLen,

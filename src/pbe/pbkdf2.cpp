@@ -63,6 +63,9 @@ void sum_by_messages(const HmacContext& key, uint8_t* sum, uint8_t* u, uint32_t 
     }
 }
 
+// How deep the kernels of the rounds leave words of the key's state.
+constexpr size_t kKernelDepth = 12 * 1024;
+
 PbkdfSum* sum_for(int hashAlg) {
     switch (hashAlg) {
     case kDigestSha1:
@@ -100,6 +103,7 @@ void pbkdf2(uint8_t* out, size_t outLen, int hashAlg, const void* password, size
         out += part;
         outLen -= part;
     }
+    wipe_dead_stack(kKernelDepth);
 }
 
 } // namespace zul

@@ -83,13 +83,15 @@ void cpu_mask_features(uint32_t hidden) {
 #ifdef __MINGW32__
 #define ZUL_CLEAR_LOW ".irp i,0,1,2,3,4,5\n\tpxor %xmm\\i, %xmm\\i\n\t.endr\n\t"
 #define ZUL_CLEAR_LOW_AND_HIGH ZUL_CLEAR_LOW "vzeroupper"
+#define ZUL_CLEAR_GENERAL ".irp i,ecx,edx,r8d,r9d,r10d,r11d\n\txorl %\\i, %\\i\n\t.endr"
 #else
 #define ZUL_CLEAR_LOW ".irp i,0,1,2,3,4,5,6,7,8,9,10,11,12,13,14,15\n\tpxor %xmm\\i, %xmm\\i\n\t.endr"
 #define ZUL_CLEAR_LOW_AND_HIGH "vzeroall"
+#define ZUL_CLEAR_GENERAL ".irp i,ecx,edx,esi,edi,r8d,r9d,r10d,r11d\n\txorl %\\i, %\\i\n\t.endr"
 #endif
 
 // No clobbers are declared: these are the registers that a caller of this function expects to be lost.
-void cpu_clear_vectors() {
+void cpu_clear_registers() {
     if (cpu_has(kCpuAvx))
         __asm__ volatile(ZUL_CLEAR_LOW_AND_HIGH);
     else
@@ -101,12 +103,13 @@ void cpu_clear_vectors() {
                          ".irp i,0,1,2,3,4,5,6,7\n\t"
                          "kxorq %k\\i, %k\\i, %k\\i\n\t"
                          ".endr");
+    __asm__ volatile(ZUL_CLEAR_GENERAL);
 }
 #else
 uint64_t cpu_cycles() {
     return platform::precise_ticks();
 }
-void cpu_clear_vectors() {}
+void cpu_clear_registers() {}
 #endif
 
 } // namespace zul

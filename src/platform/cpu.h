@@ -58,8 +58,8 @@ inline void cpu_fetch_for_writing(const void*) {}
 // processor has. For tests, so that every kernel can be reached on one machine.
 void cpu_mask_features(uint32_t hidden);
 
-// cpu_clear_vectors zeroes every vector register that a function need not preserve for its caller. Kernels,
-// and the system's functions that copy memory, leave keys and plain text there.
-void cpu_clear_vectors();
+// cpu_clear_registers zeroes every register that a function need not preserve for its caller, but that of the
+// result. Kernels, and the system's functions that copy memory, leave keys and plain text there.
+void cpu_clear_registers();
 
 } // namespace zul

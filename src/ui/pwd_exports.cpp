@@ -7,7 +7,7 @@ using namespace zul;
 // These exports have no call frame, so the error state of the call before stays: a program may report it
 // after the prompt.
 int PWD_PromptEx(char* szPassword, int nPwdLen, const char* szCaption, const char* szPrompt) {
-    const ClearedVectors cleared;
+    const ClearedRegisters cleared;
     rng_stir(1);
     if (szPassword == nullptr || nPwdLen < 1)
         return -BAD_PARAM_ERROR;
