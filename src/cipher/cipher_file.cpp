@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "cipher/padding.h"
+#include "frame/constant_time.h"
 #include "frame/err.h"
 #include "frame/file_writer.h"
 #include "frame/text.h"
@@ -73,7 +74,7 @@ using Chunk = Secret<kChunk + kMaxPadding>;
     }
     if (reader.failed())
         return READ_ERROR;
-    const size_t pad = pad_count(chunk->data() + size - block, block);
+    const size_t pad = ct_declassify(pad_count(chunk->data() + size - block, block));
     if (pad == 0)
         return err_fail(DECRYPT_ERROR, "Wrong padding: wrong key or damaged file");
     return writer.write(chunk->data(), size - pad) ? 0 : WRITE_ERROR;

@@ -5,6 +5,7 @@
 
 #include "cipher/cipher_choice.h"
 #include "cipher/padding.h"
+#include "frame/constant_time.h"
 #include "frame/err.h"
 #include "frame/name_table.h"
 #include "frame/wipe.h"
@@ -159,7 +160,7 @@ int cipher_stream_end(CipherStream& stream, uint8_t* out, size_t& length) {
         return not_whole();
     Secret<kMaxCipherBlock> last;
     run(stream, last.data(), stream.held, 1);
-    const size_t pad = pad_count(last.data(), block);
+    const size_t pad = ct_declassify(pad_count(last.data(), block));
     if (pad == 0)
         return err_fail(DECRYPT_ERROR, "Wrong padding: wrong key or damaged data");
     length = block - pad;

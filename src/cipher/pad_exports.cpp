@@ -4,6 +4,7 @@
 #include "cipher/padding.h"
 #include "encode/hex.h"
 #include "frame/call_frame.h"
+#include "frame/constant_time.h"
 #include "zulcore.h"
 
 // The padding functions run outside the call frame: callers rely on the error state of the cipher call
@@ -55,7 +56,7 @@ int PAD_UnpadBytes(unsigned char* lpOutput, int nOutputLen, const unsigned char*
         return -NULL_ERROR;
     if (nInputLen <= 0 || nInputLen % nBlkLen != 0)
         return -BAD_LENGTH_ERROR;
-    const size_t pad = pad_count(lpInput + nInputLen - nBlkLen, static_cast<size_t>(nBlkLen));
+    const size_t pad = ct_declassify(pad_count(lpInput + nInputLen - nBlkLen, static_cast<size_t>(nBlkLen)));
     if (pad == 0)
         return -DECRYPT_ERROR;
     const int length = nInputLen - static_cast<int>(pad);

@@ -14,7 +14,7 @@ constexpr size_t pad_bytes_needed(size_t length, size_t blockLength) {
 }
 
 // pad_count checks the padding in the last block of padded data. Returns the number of pad bytes, 0 if they
-// are damaged. Its time does not depend on the bytes.
+// are damaged. Its time does not depend on the bytes. Callers whose result shows the number declassify it.
 size_t pad_count(const uint8_t* lastBlock, size_t blockLength);
 
 // pad_hex_count is pad_count over the 2 * blockLength characters of a last block in hex. A pad that is not

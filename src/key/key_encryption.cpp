@@ -8,6 +8,7 @@
 #include "asn1/oid.h"
 #include "cipher/cipher_context.h"
 #include "cipher/padding.h"
+#include "frame/constant_time.h"
 #include "frame/err.h"
 #include "frame/wipe.h"
 #include "hash/digest.h"
@@ -124,7 +125,7 @@ bool is_scrypt(const asn_Node* algorithm) {
     if (context.init(params.cipher->algorithm, CipherMode::cbc, false, key.data(), params.iv.data()) != 0 ||
         context.update(data.data(), data.data(), data.size()) != 0)
         return wrong_password();
-    const size_t padding = pad_count(data.data() + data.size() - block, block);
+    const size_t padding = ct_declassify(pad_count(data.data() + data.size() - block, block));
     data.shrink(data.size() - padding);
     return padding == 0 ? wrong_password() : 0;
 }

@@ -6,6 +6,7 @@
 #include "cipher/cipher_context.h"
 #include "cipher/padding.h"
 #include "encode/hex.h"
+#include "frame/constant_time.h"
 #include "frame/err.h"
 #include "frame/slice.h"
 #include "hash/md5.h"
@@ -124,7 +125,7 @@ int pem_decrypt_body(SecretBuffer& data, const PemBlock& block, const char* pass
     if (!data.empty() && data.size() % blockLength == 0 &&
         context.init(cipher->algorithm, CipherMode::cbc, false, key.data(), iv) == 0 &&
         context.update(data.data(), data.data(), data.size()) == 0)
-        padding = pad_count(data.data() + data.size() - blockLength, blockLength);
+        padding = ct_declassify(pad_count(data.data() + data.size() - blockLength, blockLength));
     data.shrink(data.size() - padding);
     return padding != 0 ? 0 : err_fail(DECRYPT_ERROR, "Decryption error");
 }

@@ -11,6 +11,7 @@
 #include "asn1/asn_value.h"
 #include "asn1/byte_stream.h"
 #include "cipher/padding.h"
+#include "frame/constant_time.h"
 #include "frame/debug_output.h"
 #include "frame/err.h"
 #include "hash/digest.h"
@@ -97,7 +98,7 @@ bool is_sequence(const SecretBuffer& bytes) {
     pbe_derive_key(params, key);
     if (const int error = pbe_decrypt_blocks(params, key, data.data(), data.size() / block); error != 0)
         return error;
-    const size_t padding = pad_count(data.data() + data.size() - block, block);
+    const size_t padding = ct_declassify(pad_count(data.data() + data.size() - block, block));
     if (padding == 0)
         return err_fail(DECRYPT_ERROR, "Decryption error");
     data.shrink(data.size() - padding);

@@ -6,6 +6,7 @@
 #include "asn1/asn_children.h"
 #include "asn1/asn_value.h"
 #include "cipher/padding.h"
+#include "frame/constant_time.h"
 #include "frame/err.h"
 #include "frame/text.h"
 #include "hash/digest.h"
@@ -72,7 +73,7 @@ SecretBuffer copy_of(const SecretBuffer& bytes) {
     SecretBuffer plain = copy_of(data);
     if (const int error = pbe_decrypt_blocks(params, key, plain.data(), plain.size() / block))
         return error;
-    const size_t padding = pad_count(plain.data() + plain.size() - block, block);
+    const size_t padding = ct_declassify(pad_count(plain.data() + plain.size() - block, block));
     isRight = padding != 0 && key_parse(plain.data(), plain.size() - padding, list);
     if (!isRight)
         err_clear(); // the parser's text

@@ -5,6 +5,7 @@
 #include "asn1/asn_build.h"
 #include "asn1/asn_children.h"
 #include "asn1/asn_value.h"
+#include "frame/constant_time.h"
 #include "frame/err.h"
 #include "hash/hmac.h"
 #include "pbe/kdf.h"
@@ -40,14 +41,8 @@ SecretBuffer wide(const char* password) {
     return pkcs12_password(password, std::strlen(password));
 }
 
-// agrees takes a time that depends on the lengths alone.
 bool agrees(const Secret<kMaxDigestSize>& mac, size_t length, const SecretBuffer& other) {
-    if (other.size() != length)
-        return false;
-    unsigned difference = 0;
-    for (size_t i = 0; i < length; i++)
-        difference |= static_cast<unsigned>(mac.data()[i] ^ other[i]);
-    return difference == 0;
+    return other.size() == length && bytes_equal(mac.data(), other.data(), length);
 }
 
 [[nodiscard]] int read_algorithm(const asn_Node* algorithmIdentifier, int& hashAlg) {

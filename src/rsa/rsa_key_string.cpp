@@ -7,6 +7,7 @@
 #include "asn1/asn_parse.h"
 #include "cipher/tdes.h"
 #include "encode/base64.h"
+#include "frame/constant_time.h"
 #include "hash/sha256.h"
 #include "rng/rng.h"
 #include "rsa/process_key.h"
@@ -115,7 +116,7 @@ bool unprotect(SecretBuffer& bytes, KeyStringType type) {
 
     Secret<kBlock> check;
     check_value(check.data(), type, payload, payloadSize);
-    if (memcmp(check.data(), payload + payloadSize, kBlock) != 0)
+    if (!bytes_equal(check.data(), payload + payloadSize, kBlock))
         return false;
     const size_t derLen = static_cast<size_t>(payload[0]) << 8 | payload[1];
     const size_t room = payloadSize - kLengthField;

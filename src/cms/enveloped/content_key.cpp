@@ -43,8 +43,11 @@ bool recover_content_key(const RsaKey& key, const uint8_t* encryptedKey, size_t 
     memcpy(plain.data(), last.block, blockLength);
     if (cipher.decrypt(contentKey.data(), last.chain, plain.data(), 1) != 0)
         return false;
-    *pad = pad_count(plain.data(), blockLength);
-    return (good & ~mask_zero(static_cast<uint32_t>(*pad))) != 0;
+    const size_t padding = pad_count(plain.data(), blockLength);
+    if (ct_declassify(good & ~mask_zero(static_cast<uint32_t>(padding))) == 0)
+        return false;
+    *pad = ct_declassify(padding);
+    return true;
 }
 
 } // namespace zul
