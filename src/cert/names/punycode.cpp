@@ -110,8 +110,11 @@ bool punycode_decode(SecretBuffer& label, std::string_view form) {
         return false;
     const size_t delimiter = form.rfind('-');
     if (delimiter != std::string_view::npos) {
-        for (; count < delimiter; count++)
+        for (; count < delimiter; count++) {
             characters[count] = static_cast<unsigned char>(form[count]);
+            if (characters[count] >= kFirstNumber)
+                return false;
+        }
         form.remove_prefix(delimiter + 1);
     }
     uint64_t character = kFirstNumber, place = 0;
