@@ -1,9 +1,7 @@
-#include <cstdlib>
 #include <cstring>
-#include <filesystem>
-#include <fstream>
 #include <string>
 
+#include "fuzz_support.h"
 #include "seal/age_armour.h"
 #include "seal/header_open.h"
 #include "seal/stanza_scrypt.h"
@@ -14,33 +12,14 @@
 // lists of keys end in a code that they document.
 
 using namespace zul;
-
-static void require(bool claim) {
-    if (!claim)
-        std::abort();
-}
+using fuzz::require;
 
 // Of the seeds; no file is sealed for it elsewhere.
 static const char kIdentity[] = "AGE-SECRET-KEY-1WURK6ZNNRZJH60QKC9E9RVNXGH05CTUJA0QFJ2KPWLA628DE9S4QRH9ZLR";
 
-// The files of a run lie in a folder that goes with the process.
-struct Folder {
-    std::string name = (std::filesystem::temp_directory_path() / "seal_fuzz_XXXXXX").string();
-
-    Folder() { require(mkdtemp(name.data()) != nullptr); }
-    Folder(const Folder&) = delete;
-    Folder& operator=(const Folder&) = delete;
-    ~Folder() { std::filesystem::remove_all(name); }
-};
-
-static const std::string& folder() {
-    static const Folder made;
-    return made.name;
-}
-
-static std::string content_of(const std::string& path) {
-    std::ifstream stream(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
+static const fuzz::Folder& folder() {
+    static const fuzz::Folder made;
+    return made;
 }
 
 static FileInput input_of(const std::string& path) {
@@ -73,11 +52,11 @@ static void check_armour(const std::string& in, const std::string& out) {
         require(armour.write(reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size()) &&
                 armour.finish());
     }
-    std::string text = content_of(in);
+    std::string text = fuzz::content_of(in);
     std::erase(text, '\r');
     const size_t first = text.find('-');
     text = text.substr(first, text.rfind('-') + 1 - first) + '\n';
-    require(text == content_of(out));
+    require(text == fuzz::content_of(out));
 }
 
 static void check_sealed(const std::string& in, const std::string& out) {
@@ -108,9 +87,8 @@ static void check_sealed(const std::string& in, const std::string& out) {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    const std::string in = folder() + "/in", out = folder() + "/out";
-    std::ofstream(in, std::ios::binary)
-        .write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
+    const std::string in = folder().file("in"), out = folder().file("out");
+    fuzz::write_file(in, data, size);
     check_armour(in, out);
     check_sealed(in, out);
     // A list of keys in a file.
