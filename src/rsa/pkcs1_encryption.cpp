@@ -16,7 +16,7 @@ namespace {
 constexpr uint8_t kBlockType = 2;
 constexpr size_t kHeader = 2, kFirstEnd = 10; // the earliest place of the zero that ends the padding
 
-constexpr size_t kDraw = 16, kDraws = 64; // octets for one octet of padding, and draws at once
+constexpr size_t kDraw = 16, kDraws = 256; // octets for one octet of padding, and draws at once
 
 // fill_nonzero takes the first octet of every draw that is not zero.
 void fill_nonzero(uint8_t* out, size_t count) {
