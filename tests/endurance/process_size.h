@@ -4,6 +4,10 @@
 #ifdef _WIN32
 #include <windows.h>
 #include <psapi.h>
+
+extern "C" {
+#include "support/windows_handles.h"
+}
 #else
 #include <dirent.h>
 #include <fstream>
@@ -20,10 +24,8 @@ struct ProcessSize {
 #ifdef _WIN32
 inline ProcessSize process_size() {
     PROCESS_MEMORY_COUNTERS counters{};
-    DWORD handles = 0;
     GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
-    GetProcessHandleCount(GetCurrentProcess(), &handles);
-    return {static_cast<long>(counters.PagefileUsage / 1024), static_cast<long>(handles)};
+    return {static_cast<long>(counters.PagefileUsage / 1024), own_handles()};
 }
 #else
 inline ProcessSize process_size() {

@@ -27,6 +27,8 @@ static CodeFunction error_code;
 #include <windows.h>
 #include <psapi.h>
 
+#include "support/windows_handles.h"
+
 static HMODULE module;
 
 static int open_module(const char* path) {
@@ -61,12 +63,10 @@ static int go_to_root(void) {
 
 static void print_holdings(const char* when) {
     PROCESS_MEMORY_COUNTERS counters;
-    DWORD handles = 0;
     memset(&counters, 0, sizeof counters);
     GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
-    GetProcessHandleCount(GetCurrentProcess(), &handles);
-    printf("%s memory %lu handles %lu\n", when, (unsigned long)(counters.PagefileUsage / 1024),
-           (unsigned long)handles);
+    printf("%s memory %lu handles %ld\n", when, (unsigned long)(counters.PagefileUsage / 1024),
+           own_handles());
 }
 
 static DWORD WINAPI on_thread(LPVOID unused) {
