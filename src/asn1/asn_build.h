@@ -25,10 +25,7 @@ AsnList asn_NewOid(const char* name); // a name of the table in oid.h; an unknow
 AsnList asn_NewBitString(unsigned unused, const void* bytes, size_t n);
 AsnList asn_NewBitStringOf(unsigned unused, AsnList content);
 AsnList asn_NewString(uint32_t tag, const void* bytes, size_t n); // of any universal tag, bytes as given
-AsnList asn_NewUTF8String(const char* text); // text that is not UTF-8 is taken as Latin-1
-AsnList asn_NewPrintableString(const char* text);
-AsnList asn_NewIA5String(const char* text);
-AsnList asn_NewT61String(const char* text);
+AsnList asn_NewUTF8String(const char* text);    // text that is not UTF-8 is taken as Latin-1
 AsnList asn_NewBMPString(const char* text);     // each byte b becomes 00 b
 AsnList asn_NewTime(const tm& time);            // UTCTime from 1950 to 2049, else GeneralizedTime
 AsnList asn_NewUTCTime(const tm& time);         // a failure, with a text, for other years

@@ -129,18 +129,6 @@ AsnList asn_NewUTF8String(const char* text) {
     return make(kAsnUniversal, kAsnUtf8String, converted.data(), length);
 }
 
-AsnList asn_NewPrintableString(const char* text) {
-    return make_text(kAsnPrintableString, text);
-}
-
-AsnList asn_NewIA5String(const char* text) {
-    return make_text(kAsnIa5String, text);
-}
-
-AsnList asn_NewT61String(const char* text) {
-    return make_text(kAsnTeletexString, text);
-}
-
 AsnList asn_NewBMPString(const char* text) {
     const size_t n = text == nullptr ? 0 : strlen(text);
     if (n > kAsnMaxMade / 2)

@@ -33,12 +33,6 @@ void asn_Free(asn_Node** list) {
     *list = nullptr;
 }
 
-void asn_Wipe(asn_Node* list) {
-    for (; list != nullptr; list = list->next)
-        if (list->data != nullptr)
-            wipe_bytes(list->data, list->length);
-}
-
 AsnList::AsnList(asn_Node* first) : head_(first), tail_(first) {
     while (tail_ != nullptr && tail_->next != nullptr)
         tail_ = tail_->next;

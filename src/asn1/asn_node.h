@@ -66,9 +66,8 @@ inline bool asn_is(const asn_Node* node, uint32_t cls, uint32_t tag) {
     return node != nullptr && node->cls == cls && node->tag == tag;
 }
 
-// asn_Free wipes and frees a list and sets the caller's pointer to null. asn_Wipe zeroes all content only.
+// asn_Free wipes and frees a list and sets the caller's pointer to null.
 void asn_Free(asn_Node** list);
-void asn_Wipe(asn_Node* list);
 
 // AsnList owns a list. Makers return one. A function that takes one by value consumes it, also when it fails.
 // A failure is an empty list marked as failed, and the thread's error text has the reason. A list made of a

@@ -64,7 +64,10 @@ TEST(CertNames, DomainsBecomeAscii) {
                                    "\xFC.b",
                                    "\xC0\xAF.b",
                                    "\xED\xA0\x80.b",
-                                   "b\u00FC\u3002c"};
+                                   "b\u00FC\u3002c",
+                                   std::string(62, 'a') + "\u00FC.b",
+                                   "\u00FC" + label + ".b",
+                                   "xn--a-ecp.b"};
     for (const std::string& name : refused)
         EXPECT_EQ(ascii_of(name), "") << name;
     EXPECT_EQ(ascii_of("*.example.com", DomainForm::name), "");
@@ -115,6 +118,9 @@ TEST(CertNames, GeneralNamesAndConstraints) {
                              "email:.a@b",
                              "email:a..b@c",
                              "email:a b@c",
+                             "email:a.@b",
+                             "email:a\xC2\x85z@b",
+                             "email:a\xFFz@b",
                              "rid:3.1",
                              "rid:1.40",
                              "rid:1.02",
@@ -249,7 +255,14 @@ TEST(CertNames, EncodedNamesAreChecked) {
                 {"3008060355040313016130080603550403130162", "twice"},
                 {"300b06035504031e04d83dde00", nullptr}, // two surrogates
                 {"300906035504031e02d800", "not encoded"},
-                {"300b06035504031c0400110000", "not encoded"}};
+                {"300b06035504031c0400110000", "not encoded"},
+                {"30080603550403130140", "lacks"}, // @ is no character of a PrintableString
+                {"3007060355040a1300", "is empty"},
+                {"300a06035504061303414243", "longer"}, // a country of three letters
+                {"3009060355040303020100", "no string"},
+                {"3008060355040a0c0107", "control"},
+                {"3000", "no type and value"},
+                {"0500", "SET of attributes"}};
     for (const auto& row : rows) {
         const Bytes rdn = test::from_hex(row.rdn);
         Bytes name = {0x30, static_cast<uint8_t>(rdn.size() + 2), 0x31, static_cast<uint8_t>(rdn.size())};
@@ -258,5 +271,9 @@ TEST(CertNames, EncodedNamesAreChecked) {
         EXPECT_EQ(name_check({name.data(), name.size()}), row.what == nullptr ? 0 : BAD_FORMAT_ERROR)
             << row.rdn;
         EXPECT_NE(std::string(err_text()).find(row.what == nullptr ? "" : row.what), std::string::npos);
+    }
+    for (const char* name : {"", "0500", "30020500", "3100"}) {
+        const Bytes bytes = test::from_hex(name);
+        EXPECT_EQ(name_check({bytes.data(), bytes.size()}), BAD_FORMAT_ERROR) << name;
     }
 }
