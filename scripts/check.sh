@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# check.sh [format|layers|words|reference|bindings|snippets|cppcheck]: the checks of the sources, all of them if none is
-# named.
+# check.sh [format|layers|words|reference|bindings|snippets|cppcheck|tidy]: the checks of the sources, all but tidy if
+# none is named.
 set -uo pipefail
 cd "$(dirname "$0")/.."
 
@@ -27,6 +27,10 @@ check_bindings() {
 
 check_snippets() {
     python3 scripts/snippets.py --check
+}
+
+check_tidy() {
+    scripts/tidy.py
 }
 
 check_cppcheck() {

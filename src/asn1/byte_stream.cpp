@@ -7,7 +7,7 @@
 
 namespace zul {
 
-static constexpr size_t kWindow = 16 * 1024;
+static constexpr size_t kWindow = size_t{16} * 1024;
 
 ByteStream::ByteStream(const void* bytes, size_t n)
     : window_(static_cast<const uint8_t*>(bytes)), next_(window_),
@@ -115,7 +115,7 @@ void ByteStream::begin_digest(DigestContext& context, size_t offset, size_t n) {
 }
 
 bool ByteStream::end_digest() {
-    constexpr size_t kChunk = 64 * 1024;
+    constexpr size_t kChunk = size_t{64} * 1024;
     SecretBuffer chunk(std::min(kChunk, digestEnd_ - digestNext_));
     next_ = end_;
     while (digestNext_ < digestEnd_ &&

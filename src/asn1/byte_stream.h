@@ -69,7 +69,7 @@ class ByteStream {
 
     bool fill();
     bool seek_beyond(size_t offset);
-    size_t read_on(uint8_t* out, size_t n);
+    size_t read_on(uint8_t* bytes, size_t n);
     bool skip_by_reading(size_t offset);
     void digest_piece(size_t offset, const uint8_t* bytes, size_t n);
 

@@ -63,7 +63,7 @@ class LimbEngine {
 
   private:
     static size_t scratch_limbs(size_t n, size_t powers) {
-        return (powers + 7) * n + 2 * 9 + BlockDivisor::kStateLimbs;
+        return (powers + 7) * n + size_t{2} * 9 + BlockDivisor::kStateLimbs;
     }
     Limb* take(size_t limbs) { return limbs_of(scratch_.take(2 * limbs)); }
     Limb* entry(size_t i) { return table_ + i * n_; }

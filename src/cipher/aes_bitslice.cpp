@@ -51,8 +51,8 @@ void transpose(Planes& p) {
 
 // Before transposing, word 4h + k holds columns h and h + 2 of block k at its even and odd bytes.
 void load(Planes& p, const uint8_t* const block[kBitsliceBlocks]) {
-    for (unsigned k = 0; k < kBitsliceBlocks; k++) {
-        for (unsigned h = 0; h < 2; h++)
+    for (size_t k = 0; k < kBitsliceBlocks; k++) {
+        for (size_t h = 0; h < 2; h++)
             p.bit[4 * h + k] = interleave(block[k] + 4 * h) | interleave(block[k] + 4 * h + 8) << 8;
     }
     transpose(p);
@@ -61,8 +61,8 @@ void load(Planes& p, const uint8_t* const block[kBitsliceBlocks]) {
 void store(Planes& p, uint8_t* out, size_t blocks) {
     transpose(p);
     for (size_t k = 0; k < blocks; k++) {
-        for (unsigned i = 0; i < kAesBlock; i++) {
-            const unsigned row = i % 4, column = i / 4;
+        for (size_t i = 0; i < kAesBlock; i++) {
+            const size_t row = i % 4, column = i / 4;
             const uint64_t word = p.bit[4 * (column % 2) + k];
             out[kAesBlock * k + i] = static_cast<uint8_t>(word >> (16 * row + 8 * (column / 2)));
         }
@@ -96,7 +96,7 @@ Planes square(const Planes& a, unsigned times) {
     Planes result = a;
     for (; times > 0; times--) {
         uint64_t product[15] = {};
-        ZUL_UNROLL for (unsigned i = 0; i < 8; i++) product[2 * i] = result.bit[i];
+        ZUL_UNROLL for (size_t i = 0; i < 8; i++) product[2 * i] = result.bit[i];
         reduce(result, product);
     }
     return result;

@@ -113,7 +113,7 @@ AES_INLINE void expand_128(AesKey& key, const uint8_t* bytes) {
 
 // Six words are made at a time; the last store runs into the round keys that AES-192 does not use.
 AES_INLINE void expand_192(AesKey& key, const uint8_t* bytes) {
-    static_assert(sizeof key.encrypt >= 24 * 9);
+    static_assert(sizeof key.encrypt >= size_t{24} * 9);
     uint8_t* at = key.encrypt[0];
     __m128i x = load_block(bytes);
     __m128i y = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(bytes + 16));

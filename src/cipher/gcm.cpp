@@ -110,13 +110,13 @@ struct SivKeys {
     SivKeys(const uint8_t* key, size_t keySize, const uint8_t* nonce) {
         Wiped<AesKey> generating;
         aes_set_encrypt_key(*generating, key, keySize);
-        Secret<6 * 8> keys;
-        for (uint8_t i = 0; i < 2 + keySize / 8; i++) {
+        Secret<size_t{6} * 8> keys;
+        for (size_t i = 0; i < 2 + keySize / 8; i++) {
             Secret<kAesBlock> block;
-            block[0] = i;
+            block[0] = static_cast<uint8_t>(i);
             memcpy(block.data() + 4, nonce, kGcmSivNonce);
             aes_ecb_encrypt(*generating, block.data(), block.data(), 1);
-            memcpy(keys.data() + size_t{8} * i, block.data(), 8);
+            memcpy(keys.data() + 8 * i, block.data(), 8);
         }
         memcpy(authentication.data(), keys.data(), 16);
         aes_set_encrypt_key(*encryption, keys.data() + 16, keySize);

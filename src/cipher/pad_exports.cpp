@@ -80,7 +80,7 @@ int PAD_HexBlock(char* szOutput, int nOutChars, const char* szInputHex, int nBlk
         return padded;
     if (nOutChars < padded)
         return -SHORT_BUF_ERROR;
-    memmove(szOutput, szInputHex, chars);
+    memmove(szOutput, szInputHex, chars); // NOLINT(bugprone-not-null-terminated-result): the padding ends it
     const size_t pad = pad_bytes_needed(chars / 2, static_cast<size_t>(nBlkLen));
     const auto padByte = static_cast<uint8_t>(pad);
     for (size_t i = 0; i < pad; i++)

@@ -43,13 +43,13 @@ uint16_t rotate_left(unsigned word, unsigned count) {
 
 Words load(const uint8_t* in) {
     Words w;
-    for (unsigned i = 0; i < 4; i++)
+    for (size_t i = 0; i < 4; i++)
         w.r[i] = static_cast<uint16_t>(in[2 * i] | in[2 * i + 1] << 8);
     return w;
 }
 
 void store(uint8_t* out, const Words& w) {
-    for (unsigned i = 0; i < 4; i++) {
+    for (size_t i = 0; i < 4; i++) {
         out[2 * i] = static_cast<uint8_t>(w.r[i]);
         out[2 * i + 1] = static_cast<uint8_t>(w.r[i] >> 8);
     }

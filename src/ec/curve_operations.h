@@ -20,7 +20,7 @@ struct CurveOperations {
     static constexpr const MontgomeryModulus<N>& kOrder = Field::kOrder;
     // How deep the frames of a multiple of the base point and of another point reach. They hold field
     // elements that no object wipes, in numbers that vary with the compiler.
-    static constexpr size_t kBaseDepth = 8 * 1024, kPointDepth = 16 * 1024;
+    static constexpr size_t kBaseDepth = size_t{8} * 1024, kPointDepth = size_t{16} * 1024;
     using Element = typename Field::Element;
     using Integer = Limbs<N>;
     using Affine = AffinePoint<Field>;

@@ -278,7 +278,7 @@ bool make_signature(uint8_t* signature, const uint8_t* privateKey, const uint8_t
     return true;
 }
 
-constexpr size_t kStackDepth = 16 * 1024; // a kernel of SHA-512 takes most of it
+constexpr size_t kStackDepth = size_t{16} * 1024; // a kernel of SHA-512 takes most of it
 
 } // namespace
 

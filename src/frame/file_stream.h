@@ -8,7 +8,7 @@ namespace zul {
 
 // The buffer of a reader or a writer: large enough that system calls cost little beside the work on the
 // bytes, small enough for the second-level cache.
-constexpr size_t kStreamBuffer = 64 * 1024;
+constexpr size_t kStreamBuffer = size_t{64} * 1024;
 // A writer begins with this much, which most of its files fit: a buffer costs its zeroing and its wiping.
 constexpr size_t kFirstBuffer = 4096;
 

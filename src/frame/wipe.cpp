@@ -7,7 +7,7 @@ namespace zul {
 void wipe_bytes(void* buffer, size_t length) {
     if (buffer == nullptr)
         return;
-    constexpr size_t kStep = 256 * 1024; // short steps backwards mislead the processor's prefetching
+    constexpr size_t kStep = size_t{256} * 1024; // short steps backwards mislead the processor's prefetching
     auto* bytes = static_cast<uint8_t*>(buffer);
     while (length > 0) {
         const size_t step = length < kStep ? length : kStep;

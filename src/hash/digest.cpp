@@ -158,7 +158,7 @@ int hash_bytes(uint8_t* out, int outMax, const void* data, int64_t length, int a
 }
 
 // Large enough for kernels that process several blocks at once.
-static constexpr size_t kFileChunk = 16 * 1024;
+static constexpr size_t kFileChunk = size_t{16} * 1024;
 
 int hash_file(uint8_t* out, int outMax, const char* path, int options) {
     FileReader file(path, (options & ZUL_HASH_MODE_TEXT) != 0);

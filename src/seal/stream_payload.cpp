@@ -10,7 +10,7 @@
 namespace zul {
 namespace {
 
-constexpr size_t kChunk = 64 * 1024, kTag = kPoly1305Tag;
+constexpr size_t kChunk = size_t{64} * 1024, kTag = kPoly1305Tag;
 
 // Chunks reads one chunk ahead, since the last one is known only when nothing follows. Each is worked on
 // where it was read.

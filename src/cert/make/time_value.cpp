@@ -13,7 +13,7 @@ namespace {
 using namespace std::chrono;
 
 constexpr int kTmYear = 1900, kFirstYear = 1950, kLastYear = 9999;
-constexpr int64_t kHour = 3600, kDay = 24 * kHour;
+constexpr int64_t kMinute = 60, kHour = 60 * kMinute, kDay = 24 * kHour;
 constexpr int64_t kLastSecond = 253402300799; // of the year 9999
 constexpr int64_t kMostNumber = 99999999;
 
@@ -26,7 +26,7 @@ year_month_day date_of(const tm& time) {
 
 int64_t time_seconds(const tm& time) {
     return int64_t{sys_days(date_of(time)).time_since_epoch().count()} * kDay + time.tm_hour * kHour +
-           time.tm_min * 60 + time.tm_sec;
+           time.tm_min * kMinute + time.tm_sec;
 }
 
 tm time_of_seconds(int64_t seconds) {

@@ -16,12 +16,12 @@ namespace zul {
 // it has no mailbox.
 // 0, or with a text: NO_MATCH_ERROR, BAD_PARAM_ERROR (the reference is none of the three).
 [[nodiscard]] int check_subject_name(const CertificateView& certificate, const CertExtensions& extensions,
-                                     std::string_view reference, int options);
+                                     std::string_view text, int options);
 
 // ReferenceForm is what a reference stands for. reference_form reads a reference as check_subject_name does:
 // 0, or BAD_PARAM_ERROR with a text.
 enum class ReferenceForm : uint8_t { host, address, email };
-[[nodiscard]] int reference_form(std::string_view reference, ReferenceForm& form);
+[[nodiscard]] int reference_form(std::string_view text, ReferenceForm& form);
 
 // subject_host gives the last commonName of the subject if it may count as a dNSName with
 // ZUL_CERT_SUBJECT_NAME: false if it may not.

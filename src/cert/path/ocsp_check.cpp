@@ -15,7 +15,7 @@ namespace {
 
 // A responder without nextUpdate has newer information all the time (RFC 6960, 4.2.2.1): what it said serves
 // for a day.
-constexpr int64_t kLongestWithoutUpdate = 24 * 60 * 60;
+constexpr int64_t kLongestWithoutUpdate = int64_t{24} * 60 * 60;
 
 constexpr std::string_view kOidOcspNonce = "\x2B\x06\x01\x05\x05\x07\x30\x01\x02"sv;
 

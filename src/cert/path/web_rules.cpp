@@ -10,7 +10,7 @@ namespace zul {
 namespace {
 
 constexpr size_t kLeastRsaBits = 2048, kMostSerialOctets = 20;
-constexpr int64_t kDay = 24 * 60 * 60;
+constexpr int64_t kDay = int64_t{24} * 60 * 60;
 
 // The longest validity of a certificate by the day that it begins on (6.3.2, and ballot SC-081v3 from 2026
 // on), the latest first.

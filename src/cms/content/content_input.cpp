@@ -11,7 +11,7 @@
 namespace zul {
 namespace {
 
-constexpr size_t kChunk = 64 * 1024;
+constexpr size_t kChunk = size_t{64} * 1024;
 
 [[nodiscard]] int cannot_open(const char* path) {
     return err_fail(OPEN_ERROR, "Cannot open file %s", shown_name(path));

@@ -13,7 +13,7 @@
 namespace zul {
 namespace {
 
-constexpr size_t kPart = 64 * 1024;
+constexpr size_t kPart = size_t{64} * 1024;
 
 // give_length sets the length of a result, which is an int.
 [[nodiscard]] int give_length(size_t size, int* length) {

@@ -13,7 +13,7 @@
 namespace zul {
 
 int content_digest(OctetContent& content, int algorithm, uint8_t* digest) {
-    constexpr size_t kChunk = 64 * 1024;
+    constexpr size_t kChunk = size_t{64} * 1024;
     SecretBuffer chunk(std::min(content.size(), kChunk));
     DigestContext context;
     digest_init(context, algorithm);

@@ -109,7 +109,7 @@ size_t power_status(uint8_t* reading) {
 
 bool activity_report(void (*sink)(void* context, const void* data, size_t size), void* context) {
     // Not /proc/interrupts: it takes several times as long, and this file sums up its counts.
-    return read_file(AT_FDCWD, "/proc/stat", 64 * 1024, sink, context);
+    return read_file(AT_FDCWD, "/proc/stat", size_t{64} * 1024, sink, context);
 }
 
 } // namespace zul::platform

@@ -46,8 +46,8 @@ class CrlReader {
         size_t serialLength = 0, dateLength = 0;
         uint32_t dateTag = 0;
     };
-    static constexpr size_t kMaxSerial = 64 * 1024; // bytes
-    static constexpr size_t kMaxDate = 64;          // bytes of a date that are read
+    static constexpr size_t kMaxSerial = size_t{64} * 1024; // bytes
+    static constexpr size_t kMaxDate = 64;                  // bytes of a date that are read
 
     [[nodiscard]] bool read_version();
     bool at_time() const;

@@ -56,7 +56,7 @@ bool begins_as_sequence(ByteStream& stream) {
 
 // read_all reads a stream to its end; false for more than kMaxInMemory.
 bool read_all(ByteStream& stream, SecretBuffer& content) {
-    constexpr size_t kPart = 64 * 1024;
+    constexpr size_t kPart = size_t{64} * 1024;
     const size_t size = stream.remaining();
     if (size != SIZE_MAX) {
         if (size > kMaxInMemory)

@@ -1,0 +1,108 @@
+#!/usr/bin/env python3
+"""tidy.py [--deep] [FILE...]: runs clang-tidy with the checks of .clang-tidy over src and tools, or over some files.
+
+Most of its time goes into the headers of the standard library. Files are therefore read several at a time, as if one
+file included them; those that would misunderstand each other, because they name something of their own alike, stand in
+different batches. A batch that does not compile all the same is read again file by file.
+
+--deep: the static analyzer too, and tests, fuzz targets, benchmarks and examples as well. Takes an hour or so.
+"""
+
+import concurrent.futures
+import glob
+import os
+import pathlib
+import re
+import subprocess
+import sys
+import tempfile
+
+WARNINGS = "-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wcast-qual -Wformat=2 -Wreserved-identifier"
+FLAGS = f"-std=c++20 -Iinclude -D_FORTIFY_SOURCE=2 -O1 {WARNINGS}".split()
+LIBRARY = "-Isrc -DZUL_BUILDING_MODULE -fno-exceptions -fno-rtti".split()
+WINDOWS = ["--target=x86_64-w64-windows-gnu", "-Wno-cast-function-type",
+           *(f"-isystem{folder}" for path in glob.glob("/usr/lib/gcc/x86_64-w64-mingw32/*-posix/include/c++")
+             for folder in (path, path + "/x86_64-w64-mingw32"))]
+AROUND = "-Isrc -Itests -isystem /usr/src/googletest/googletest/include -DZUL_TEST_DATA=\"\"".split()
+UNREADABLE = {"tools/zul/machine.cpp"}  # clang 14 does not know all names of processor features that GCC does
+MOST = 24  # files of one batch: more save little, and one core would wait for the other
+
+# Declarations of namespaces are not indented, so what a file names for itself is found at the start of a line.
+HIDDEN = re.compile(r"^namespace \{$.*?^\} // namespace$|^static [^\n]*", re.M | re.S)
+DECLARED = re.compile(r"^(?!#|//|\}|namespace|extern|return)[^\s(={;:][^(={;]*?"
+                      r"(?<![\w:])(\w+)(?:\[[^\]]*\])*\s*(?:\(|=|\{|;|:(?!:))", re.M)
+CONSTANT = re.compile(r"^(?:static )?(?:constexpr|const|using|struct|class|enum|typedef)\b[^(;{]*", re.M)
+NAMED = re.compile(r"(\w+)(?:\[[^\]]*\])* =|(?:using|struct|class|enum(?: class)?) (\w+)")
+WORD = re.compile(r"\w+")
+
+
+def flags_of(file):
+    windows = WINDOWS if "/win32/" in file else []
+    if file.startswith("src/"):
+        return windows + LIBRARY
+    return windows + (["-Isrc"] if re.match("tools/(des_circuits|ec_tables)/", file) else
+                      [] if file.startswith("tools/") else AROUND)
+
+
+def own_names(text):
+    """The names that a file declares for itself: all that it hides, and types and constants that it does not."""
+    hidden = "\n".join(HIDDEN.findall(text))
+    constants = " ".join(CONSTANT.findall(text))
+    return set(DECLARED.findall(hidden)) | {name for names in NAMED.findall(constants)
+                                            for name in names if name}
+
+
+def batches(files):
+    """Puts each file into the first batch with the same flags in which no name of its own occurs."""
+    made = []
+    shared = {name for folder in ("src", "tools") for path in pathlib.Path(folder).rglob("*.h")
+              for constant in CONSTANT.findall(path.read_text()) for names in NAMED.findall(constant) for name in names}
+    for file in files:
+        text = pathlib.Path(file).read_text()
+        words = set(WORD.findall(text))
+        own = own_names(text)
+        for batch in made if not own & shared else []:
+            if (batch["flags"] == flags_of(file) and len(batch["files"]) < MOST and not own & batch["words"]
+                    and not words & batch["own"]):
+                break
+        else:
+            batch = {"files": [], "flags": flags_of(file), "words": set(), "own": set()}
+            made.append(batch)
+        batch["files"].append(file)
+        batch["words"] |= words
+        batch["own"] |= own
+    return sorted(made, key=lambda batch: -len(batch["files"]))
+
+
+def run(files, flags, deep, folder):
+    checks = ["--checks=clang-analyzer-*"] if deep else []
+    source = files[0]
+    if len(files) > 1:
+        checks = ["--checks=-bugprone-suspicious-include"]
+        source = tempfile.NamedTemporaryFile("w", dir=folder, suffix=".cpp", delete=False).name
+        pathlib.Path(source).write_text("".join(f'#include "{os.path.abspath(file)}"\n' for file in files))
+    result = subprocess.run(["clang-tidy", "--quiet", "--config-file=.clang-tidy", *checks, source, "--", *FLAGS, *flags],
+                            stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
+    if len(files) > 1 and result.returncode and "clang-diagnostic-error" in result.stdout:
+        return sum(run([file], flags, deep, folder) for file in files)
+    if result.returncode:
+        print(result.stdout or result.stderr, end="", flush=True)
+    return result.returncode != 0
+
+
+def main():
+    arguments = sys.argv[1:]
+    deep = "--deep" in arguments
+    files = [argument for argument in arguments if argument != "--deep"]
+    if not files:
+        folders = ["src", "tools"] + (["tests", "fuzz", "bench", "examples"] if deep else [])
+        files = sorted(str(path) for folder in folders for path in pathlib.Path(folder).rglob("*.cpp")
+                       if str(path) not in UNREADABLE)
+    work = [{"files": [file], "flags": flags_of(file)} for file in files] if deep else batches(files)
+    with tempfile.TemporaryDirectory() as folder, concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        found = sum(pool.map(lambda batch: run(batch["files"], batch["flags"], deep, folder), work))
+    return 1 if found else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
