@@ -22,6 +22,7 @@
 #include "bignum/mp_limb.h"
 #include "bignum/mp_scratch.h"
 #include "bignum/mp_window.h"
+#include "frame/wipe.h"
 
 namespace zul {
 
@@ -291,6 +292,8 @@ auto choose(size_t bits) {
 void mp_column_mod_exp(DIGIT_T* y, const DIGIT_T* x, const DIGIT_T* e, size_t exponentBits, const DIGIT_T* m,
                        size_t n) {
     choose(mpBitLength(m, n))(y, x, e, exponentBits, m, n);
+    constexpr size_t kDepth = 8192; // where words of the modulus and of residues are left
+    wipe_dead_stack(kDepth);
 }
 
 } // namespace zul
