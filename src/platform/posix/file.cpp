@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "platform/file_hooks.h"
 #include "platform/platform.h"
 
 namespace zul::platform {
@@ -25,6 +26,10 @@ static int64_t length_of(const struct stat& status) {
 FileHandle file_open(const char* path, OpenMode mode, int64_t* length) {
     struct stat status {};
     const bool writes = mode != OpenMode::read && mode != OpenMode::readText;
+    if (file_fails(mode == OpenMode::create || mode == OpenMode::createSecret ? FileOperation::create
+                                                                              : FileOperation::open,
+                   kNoFile, path))
+        return kNoFile;
     if (writes && stat(path, &status) == 0 && is_marked_read_only(status))
         return kNoFile;
 
@@ -53,12 +58,15 @@ FileHandle file_open(const char* path, OpenMode mode, int64_t* length) {
 }
 
 FileHandle file_standard(Standard which) {
+    if (file_fails(FileOperation::open, kNoFile))
+        return kNoFile;
     // Not the number of a standard stream that is closed: a later call would take it for that stream.
     return fcntl(which == Standard::input ? STDIN_FILENO : STDOUT_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
 }
 
 bool file_close(FileHandle file) {
-    return close(descriptor(file)) == 0;
+    const bool fails = file_fails(FileOperation::close, file);
+    return close(descriptor(file)) == 0 && !fails;
 }
 
 // read_some is read() past interruptions: 0 at the end of the file, -1 on an error.
@@ -90,11 +98,13 @@ size_t file_read(FileHandle file, void* buffer, size_t size, bool* failed) {
             break;
         done += static_cast<size_t>(got);
     }
-    return done;
+    return file_read_part(file, done, failed);
 }
 
 bool file_write(FileHandle file, const void* data, size_t size) {
     const auto* bytes = static_cast<const uint8_t*>(data);
+    const FileFault fault = file_fault(FileOperation::write, file);
+    size = file_part(fault, size);
     while (size > 0) {
         const ssize_t put = write(descriptor(file), bytes, size);
         if (put < 0 && errno == EINTR)
@@ -104,7 +114,7 @@ bool file_write(FileHandle file, const void* data, size_t size) {
         bytes += put;
         size -= static_cast<size_t>(put);
     }
-    return true;
+    return fault == FileFault::none;
 }
 
 bool file_rewind(FileHandle file) {
@@ -112,11 +122,12 @@ bool file_rewind(FileHandle file) {
 }
 
 bool file_seek(FileHandle file, int64_t offset) {
-    return lseek(descriptor(file), static_cast<off_t>(offset), SEEK_SET) == offset;
+    return !file_fails(FileOperation::seek, file) &&
+           lseek(descriptor(file), static_cast<off_t>(offset), SEEK_SET) == offset;
 }
 
 bool file_empty(FileHandle file) {
-    return ftruncate(descriptor(file), 0) == 0;
+    return !file_fails(FileOperation::empty, file) && ftruncate(descriptor(file), 0) == 0;
 }
 
 int64_t file_length(FileHandle file) {
@@ -125,7 +136,7 @@ int64_t file_length(FileHandle file) {
 }
 
 bool file_commit(FileHandle file) {
-    return fsync(descriptor(file)) == 0;
+    return !file_fails(FileOperation::commit, file) && fsync(descriptor(file)) == 0;
 }
 
 static bool set_lock(FileHandle file, short type, size_t length) {
@@ -138,7 +149,7 @@ static bool set_lock(FileHandle file, short type, size_t length) {
 }
 
 bool file_lock(FileHandle file, size_t length) {
-    return set_lock(file, F_WRLCK, length);
+    return !file_fails(FileOperation::lock, file) && set_lock(file, F_WRLCK, length);
 }
 
 void file_unlock(FileHandle file, size_t length) {
@@ -146,7 +157,7 @@ void file_unlock(FileHandle file, size_t length) {
 }
 
 bool file_remove(const char* path) {
-    return unlink(path) == 0;
+    return !file_fails(FileOperation::remove, kNoFile, path) && unlink(path) == 0;
 }
 
 bool file_is(FileHandle file, const char* path) {

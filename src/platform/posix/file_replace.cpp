@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "platform/file_hooks.h"
 #include "platform/platform.h"
 
 namespace zul::platform {
@@ -43,6 +44,8 @@ FileHandle file_create_beside(const char* path, bool secret, char* newPath, bool
     const bool isMarkedReadOnly = (old.st_mode & 0222) == 0;
     if (*inPlace || isMarkedReadOnly || !may_write(path))
         return kNoFile;
+    if (file_fails(FileOperation::createBeside, kNoFile, path))
+        return kNoFile;
     const int fd = create_new(path, newPath);
     if (fd < 0) {
         // Not on a full disk: there the file at path is all that is left.
@@ -58,7 +61,7 @@ FileHandle file_create_beside(const char* path, bool secret, char* newPath, bool
 }
 
 bool file_replace(const char* newPath, const char* path) {
-    return rename(newPath, path) == 0;
+    return !file_fails(FileOperation::replace, kNoFile, path) && rename(newPath, path) == 0;
 }
 
 } // namespace zul::platform

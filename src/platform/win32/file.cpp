@@ -4,6 +4,7 @@
 #include <io.h>
 #include <sys/stat.h>
 
+#include "platform/file_hooks.h"
 #include "platform/platform.h"
 
 namespace zul::platform {
@@ -40,6 +41,8 @@ FileHandle file_open(const char* path, OpenMode mode, int64_t* length) {
         break;
     }
     const bool writes = mode != OpenMode::read && mode != OpenMode::readText;
+    if (file_fails((flags & _O_CREAT) != 0 ? FileOperation::create : FileOperation::open, kNoFile, path))
+        return kNoFile;
     if (writes && is_marked_read_only(path))
         return kNoFile;
     const int fd = _open(path, flags, _S_IREAD | _S_IWRITE);
@@ -52,6 +55,8 @@ FileHandle file_open(const char* path, OpenMode mode, int64_t* length) {
 
 // A duplicate, because the mode of the runtime's own descriptor belongs to the program.
 FileHandle file_standard(Standard which) {
+    if (file_fails(FileOperation::open, kNoFile))
+        return kNoFile;
     const HANDLE shared = GetStdHandle(which == Standard::input ? STD_INPUT_HANDLE : STD_OUTPUT_HANDLE);
     const HANDLE process = GetCurrentProcess();
     HANDLE own = nullptr;
@@ -66,7 +71,8 @@ FileHandle file_standard(Standard which) {
 }
 
 bool file_close(FileHandle file) {
-    return _close(descriptor(file)) == 0;
+    const bool fails = file_fails(FileOperation::close, file);
+    return _close(descriptor(file)) == 0 && !fails;
 }
 
 const char* line_end() {
@@ -89,11 +95,13 @@ size_t file_read(FileHandle file, void* buffer, size_t size, bool* failed) {
             break;
         done += static_cast<size_t>(got);
     }
-    return done;
+    return file_read_part(file, done, failed);
 }
 
 bool file_write(FileHandle file, const void* data, size_t size) {
     const auto* bytes = static_cast<const uint8_t*>(data);
+    const FileFault fault = file_fault(FileOperation::write, file);
+    size = file_part(fault, size);
     while (size > 0) {
         const auto part = static_cast<unsigned>(std::min<size_t>(size, 1u << 30));
         const int put = _write(descriptor(file), bytes, part);
@@ -102,7 +110,7 @@ bool file_write(FileHandle file, const void* data, size_t size) {
         bytes += put;
         size -= static_cast<size_t>(put);
     }
-    return true;
+    return fault == FileFault::none;
 }
 
 bool file_rewind(FileHandle file) {
@@ -110,11 +118,11 @@ bool file_rewind(FileHandle file) {
 }
 
 bool file_seek(FileHandle file, int64_t offset) {
-    return _lseeki64(descriptor(file), offset, SEEK_SET) == offset;
+    return !file_fails(FileOperation::seek, file) && _lseeki64(descriptor(file), offset, SEEK_SET) == offset;
 }
 
 bool file_empty(FileHandle file) {
-    return _chsize_s(descriptor(file), 0) == 0;
+    return !file_fails(FileOperation::empty, file) && _chsize_s(descriptor(file), 0) == 0;
 }
 
 int64_t file_length(FileHandle file) {
@@ -124,11 +132,12 @@ int64_t file_length(FileHandle file) {
 }
 
 bool file_commit(FileHandle file) {
-    return _commit(descriptor(file)) == 0;
+    return !file_fails(FileOperation::commit, file) && _commit(descriptor(file)) == 0;
 }
 
 bool file_lock(FileHandle file, size_t length) {
-    return LockFile(system_handle(file), 0, 0, static_cast<DWORD>(length), 0) != 0;
+    return !file_fails(FileOperation::lock, file) &&
+           LockFile(system_handle(file), 0, 0, static_cast<DWORD>(length), 0) != 0;
 }
 
 void file_unlock(FileHandle file, size_t length) {
@@ -136,7 +145,7 @@ void file_unlock(FileHandle file, size_t length) {
 }
 
 bool file_remove(const char* path) {
-    return _unlink(path) == 0;
+    return !file_fails(FileOperation::remove, kNoFile, path) && _unlink(path) == 0;
 }
 
 static bool is_same(HANDLE file, HANDLE other) {

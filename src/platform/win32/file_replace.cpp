@@ -4,6 +4,7 @@
 #include <fcntl.h>
 #include <io.h>
 
+#include "platform/file_hooks.h"
 #include "platform/platform.h"
 
 namespace zul::platform {
@@ -66,6 +67,8 @@ FileHandle file_create_beside(const char* path, bool /*secret*/, char* newPath, 
     *inPlace = names != 1 || !rights.read(path);
     if (*inPlace)
         return kNoFile;
+    if (file_fails(FileOperation::createBeside, kNoFile, path))
+        return kNoFile;
     const HANDLE file = create_new(path, newPath);
     if (file == INVALID_HANDLE_VALUE) {
         // Not on a full disk: there the file at path is all that is left.
@@ -84,7 +87,8 @@ FileHandle file_create_beside(const char* path, bool /*secret*/, char* newPath, 
 }
 
 bool file_replace(const char* newPath, const char* path) {
-    return MoveFileExA(newPath, path, MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+    return !file_fails(FileOperation::replace, kNoFile, path) &&
+           MoveFileExA(newPath, path, MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
 }
 
 } // namespace zul::platform
