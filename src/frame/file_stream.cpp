@@ -11,10 +11,14 @@ bool File::close() {
 }
 
 bool is_same_file(const char* argument, const char* path) {
-    if (!platform::file_is_regular(argument))
-        return false;
-    const File file(argument, platform::OpenMode::read);
-    return file.is_open() && platform::file_is(file.handle(), path);
+    return platform::file_is_regular(argument) && platform::file_is(argument, path);
+}
+
+void discard_file(const char* path) {
+    if (!platform::file_is_regular(path))
+        return;
+    File(path, platform::OpenMode::create).close();
+    platform::file_remove(path);
 }
 
 // buffer_size takes one byte more than a small file has, so that one system call shows its end.

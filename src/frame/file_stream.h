@@ -40,8 +40,11 @@ class File {
 };
 
 // is_same_file tells whether an argument, which may be a text instead, names the same file as a path.
-// A pipe is not opened for that: it would wait for its other end, and can be read only once.
+// The file is not opened for that, which might fail where reading it has not.
 bool is_same_file(const char* argument, const char* path);
+
+// discard_file removes a file that is closed and not whole. Another name of it, a link, keeps an empty one.
+void discard_file(const char* path);
 
 // FileReader reads a file through one wiped buffer, so that small reads cost no system call each.
 class FileReader {

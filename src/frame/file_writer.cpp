@@ -8,12 +8,12 @@ namespace zul {
 FileWriter::FileWriter(const char* path, const WriteRules& rules) : path_(path), rules_(rules) {
     if (rules.input != nullptr && is_same_file(rules.input, path))
         return;
+    // Before there is a file: the end of the process, if memory runs out, would leave it empty.
+    buffer_ = SecretBuffer(kFirstBuffer);
     if (rules.replaces)
         open_to_replace();
     else
         file_ = File(path, rules.secret ? platform::OpenMode::createSecret : platform::OpenMode::create);
-    if (file_.is_open())
-        buffer_ = SecretBuffer(kFirstBuffer);
 }
 
 FileWriter::FileWriter(File file) : path_(nullptr), file_(std::move(file)) {
@@ -94,9 +94,8 @@ bool FileWriter::finish() {
 
 bool FileWriter::close() {
     closeFailed_ = !file_.close();
-    // The handle is gone, so remove by name.
-    if (closeFailed_ && !rules_.keepsPart && path_ != nullptr && platform::file_is_regular(path_))
-        platform::file_remove(path_);
+    if (closeFailed_ && !rules_.keepsPart && path_ != nullptr)
+        discard_file(path_);
     return !closeFailed_;
 }
 

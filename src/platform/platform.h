@@ -103,9 +103,10 @@ const char* line_end(); // of text files: CR LF or LF
 bool file_seek(FileHandle file, int64_t offset);
 
 // file_is tells whether path names the same file as the open one, whatever the spelling of its name, or
-// whether two handles are of the same file.
+// whether two handles or two names are of the same file. What is only named is not opened for reading.
 bool file_is(FileHandle file, const char* path);
 bool file_is(FileHandle file, FileHandle other);
+bool file_is(const char* path, const char* other);
 // file_is_regular tells whether path names an ordinary file (not a device or a pipe).
 bool file_is_regular(const char* path);
 

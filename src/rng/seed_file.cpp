@@ -85,8 +85,7 @@ int seed_file_make(const char* path, const uint8_t* additional, size_t size) {
     }
     if (file.close() && written)
         return 0;
-    if (platform::file_is_regular(path))
-        platform::file_remove(path);
+    discard_file(path);
     return PRNG_ERR_FILE_WRITE;
 }
 

@@ -56,7 +56,7 @@ int AgeKeys::read_file(const char* path, unsigned entry, const char* output) {
     if (!reader.is_open()) // the entry may be a mistyped identity, or a password: it must not get into a log
         return err_fail(OPEN_ERROR, "Entry %u of the %s list is no %s, and no file of that name opens", entry,
                         word(), word());
-    if (output != nullptr && is_same_file(path, output))
+    if (output != nullptr && platform::file_is_regular(output) && platform::file_is(reader.handle(), output))
         return err_fail(BAD_PARAM_ERROR, "Output is file '%s' of the %s list", shown_name(path), word());
     const size_t before = count();
     Secret<kLongestLine + 1> line; // of a longer one the beginning

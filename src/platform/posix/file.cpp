@@ -174,6 +174,13 @@ bool file_is(FileHandle file, FileHandle other) {
            mine.st_dev == its.st_dev && mine.st_ino == its.st_ino;
 }
 
+bool file_is(const char* path, const char* other) {
+    struct stat its {};
+    struct stat others {};
+    return stat(path, &its) == 0 && stat(other, &others) == 0 && its.st_dev == others.st_dev &&
+           its.st_ino == others.st_ino;
+}
+
 bool file_is_regular(const char* path) {
     struct stat status {};
     return stat(path, &status) == 0 && S_ISREG(status.st_mode);

@@ -156,14 +156,35 @@ static bool is_same(HANDLE file, HANDLE other) {
            mine.nFileIndexHigh == its.nFileIndexHigh && mine.nFileIndexLow == its.nFileIndexLow;
 }
 
+// NamedFile opens a file for none of its content, whatever its access rights and other users.
+namespace {
+class NamedFile {
+  public:
+    explicit NamedFile(const char* path)
+        : handle_(CreateFileA(path, 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                              OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr)) {}
+    NamedFile(const NamedFile&) = delete;
+    NamedFile& operator=(const NamedFile&) = delete;
+    ~NamedFile() {
+        if (handle_ != INVALID_HANDLE_VALUE)
+            CloseHandle(handle_);
+    }
+    bool is(HANDLE other) const { return handle_ != INVALID_HANDLE_VALUE && is_same(handle_, other); }
+    bool is(const NamedFile& other) const {
+        return other.handle_ != INVALID_HANDLE_VALUE && is(other.handle_);
+    }
+
+  private:
+    const HANDLE handle_;
+};
+} // namespace
+
 bool file_is(FileHandle file, const char* path) {
-    const HANDLE handle = CreateFileA(path, 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                                      nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
-    if (handle == INVALID_HANDLE_VALUE)
-        return false;
-    const bool isSame = is_same(system_handle(file), handle);
-    CloseHandle(handle);
-    return isSame;
+    return NamedFile(path).is(system_handle(file));
+}
+
+bool file_is(const char* path, const char* other) {
+    return NamedFile(path).is(NamedFile(other));
 }
 
 bool file_is(FileHandle file, FileHandle other) {
