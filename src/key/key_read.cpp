@@ -11,6 +11,7 @@
 #include "key/key_der.h"
 #include "key/key_encryption.h"
 #include "key/pem_key.h"
+#include "platform/platform.h"
 #include "zulcore.h"
 
 namespace zul {
@@ -87,13 +88,16 @@ int key_read(Key& key, const char* fileOrText, const char* password) {
         SecretBuffer content;
         // What cannot be read as a file may still be base64: asn_read_input tells.
         err_clear();
-        if (read_whole_file(fileOrText, content, kMaxInput) == 0) {
+        const int unread = read_whole_file(fileOrText, content, kMaxInput);
+        if (unread == 0) {
             const std::string_view bytes(content.text(), content.size());
             if (is_pem(bytes))
                 return read_pem(key, bytes, password);
             const int error = asn_read_content(content.data(), content.size(), list);
             return error != 0 ? error : read_list(key, list.head(), password);
         }
+        if (unread == READ_ERROR || platform::file_is_regular(fileOrText))
+            return unread; // a second attempt might find another of its keys
         err_clear();
     }
     const int error = asn_read_input(fileOrText, list, kMaxInput);

@@ -71,7 +71,9 @@ bool has(const P12Entries& certificates, const SecretBuffer& der) {
         return add_pem(certificates, item);
     AsnList list;
     SecretBuffer content;
-    if (may_be_name(item) && read_whole_file(item, content, kMaxPfxFile) == 0) {
+    const bool mayBeName = may_be_name(item);
+    const int unread = mayBeName ? read_whole_file(item, content, kMaxPfxFile) : OPEN_ERROR;
+    if (unread == 0) {
         const std::string_view bytes(content.text(), content.size());
         // DER may hold the text of a PEM block by chance.
         if (is_pem(bytes) && !bytes.starts_with('0'))
@@ -79,6 +81,8 @@ bool has(const P12Entries& certificates, const SecretBuffer& der) {
         const int error = asn_read_content(content.data(), content.size(), list);
         return error != 0 ? error : add_list(certificates, list);
     }
+    if (unread == READ_ERROR || (mayBeName && platform::file_is_regular(item)))
+        return unread; // a second attempt would take one certificate of several
     err_clear();
     const int error = asn_read_input(item, list, kMaxPfxFile);
     return error != 0 ? error : add_list(certificates, list);

@@ -9,6 +9,7 @@
 #include "key/key_input.h"
 #include "key/signature.h"
 #include "key/signature_identifier_read.h"
+#include "platform/platform.h"
 #include "zulcore.h"
 
 namespace zul {
@@ -29,11 +30,14 @@ int SubjectInput::open_request() {
 }
 
 int SubjectInput::open(const char* keyOrRequest) {
-    isRequest_ =
-        list_.add_argument(keyOrRequest, strlen(keyOrRequest)) == 0 && list_[0].kind == ObjectKind::request;
-    if (!isRequest_)
+    const int unlisted = list_.add_argument(keyOrRequest, strlen(keyOrRequest));
+    isRequest_ = unlisted == 0 && list_[0].kind == ObjectKind::request;
+    // A file that could not be read may be a request, of which a second attempt would take the bare key.
+    const bool isUnread =
+        unlisted == READ_ERROR || (unlisted == OPEN_ERROR && platform::file_is_regular(keyOrRequest));
+    if (!isRequest_ && !isUnread)
         err_clear(); // what the list says of a key
-    const int error = isRequest_ ? open_request() : key_input(key_, keyOrRequest);
+    const int error = isUnread ? unlisted : isRequest_ ? open_request() : key_input(key_, keyOrRequest);
     if (error != 0)
         err_add_text(isRequest_ ? "in the request" : "in the subject's key");
     return error == 0 ? key_check_exponent(key_) : error;
