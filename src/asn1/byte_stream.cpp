@@ -24,7 +24,7 @@ ByteStream::ByteStream(const char* path) : file_(path, platform::OpenMode::read)
 }
 
 bool ByteStream::fill() {
-    if (isMemory_ || !file_.is_open())
+    if (isMemory_ || failed_ || !file_.is_open())
         return false;
     uint8_t last[kKept];
     const size_t kept = std::min(kKept, static_cast<size_t>(end_ - window_));
@@ -56,7 +56,7 @@ size_t ByteStream::remaining() const {
 size_t ByteStream::read_on(uint8_t* bytes, size_t n) {
     size_t done = 0;
     while (done < n) {
-        if (next_ == end_ && n - done >= kWindow && !isMemory_ && file_.is_open()) {
+        if (next_ == end_ && n - done >= kWindow && !isMemory_ && !failed_ && file_.is_open()) {
             const size_t got = platform::file_read(file_.handle(), bytes + done, n - done, &failed_);
             digest_piece(offset(), bytes + done, got);
             windowOffset_ = offset() + got;

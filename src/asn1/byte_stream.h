@@ -55,7 +55,7 @@ class ByteStream {
         return n;
     }
     size_t remaining() const;               // bytes up to the end, SIZE_MAX if the source does not tell
-    bool failed() const { return failed_; } // a read error, which is otherwise taken for the end
+    bool failed() const { return failed_; } // a read error: nothing comes after it, as after the end
 
     // begin_digest passes n bytes from an offset at or after the present one through a digest as they are
     // read. end_digest reads those that are left, and gives false if the bytes end early. Between the two

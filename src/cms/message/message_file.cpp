@@ -29,8 +29,7 @@ int message_write(const char* path, const asn_Node* message, int options, const 
     }
     if (out.finish())
         return 0;
-    err_add_text("Cannot write file %s", shown_name(path));
-    return asBase64 ? err_fail(WRITE_ERROR, "Error converting to base64") : int{WRITE_ERROR};
+    return err_fail(WRITE_ERROR, "Cannot write file %s", shown_name(path));
 }
 
 } // namespace zul

@@ -96,11 +96,10 @@ int Lookup::run_signed(const char* issuerCert, bool& revoked) {
     int state = pass.begin(key, list);
     int error = 0;
     if (state == 0) {
-        error = read_certificate();
-        if (error == 0)
-            error = search(list, revoked);
+        const int noCertificate = read_certificate();
+        error = noCertificate != 0 ? noCertificate : search(list, revoked);
         state = pass.end();
-        if (state == 0 && (error == 0 || !list.load(kMaxX509Object)))
+        if (state == 0 && (error == 0 || noCertificate != 0 || !list.load(kMaxX509Object)))
             return error;
         err_clear();
     } else if (state != SignedPass::kOtherForm) {

@@ -109,6 +109,7 @@ bool DerSource::open_text(const char* text) {
 int DerSource::open_file(const char* path) {
     isText_ = isReadError_ = false;
     decoded_ = SecretBuffer();
+    path_ = path;
     stream_.emplace(path);
     if (!stream_->is_open())
         return err_fail(OPEN_ERROR, "Unable to open file '%s'", shown_name(path));
@@ -151,7 +152,10 @@ bool DerSource::load(size_t max) {
 
 int DerSource::read_result(int error) const {
     const bool isReadError = isReadError_ || (stream_ && stream_->failed());
-    return error != 0 && isReadError ? err_fail(READ_ERROR, "Cannot read the file") : error;
+    if (error == 0 || !isReadError)
+        return error;
+    err_set_text("Cannot read file '%s'", shown_name(path_)); // not what its part would have been taken for
+    return READ_ERROR;
 }
 
 int DerSource::open(const char* fileOrText) {

@@ -37,7 +37,8 @@ class DerSource {
     [[nodiscard]] int parse_file();
 
     bool isText_ = false, isReadError_ = false;
-    SecretBuffer decoded_; // or read from a pipe
+    const char* path_ = nullptr; // of a file: the caller's, which outlives the source
+    SecretBuffer decoded_;       // or read from a pipe
     std::optional<ByteStream> stream_;
 };
 

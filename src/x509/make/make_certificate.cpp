@@ -118,6 +118,8 @@ int CertificateMaker::read_issuer() {
     const int error = x509_read_certificate(order_.issuerCert, certificate);
     if (error == OPEN_ERROR)
         return cannot_open("issuer's certificate", order_.issuerCert);
+    if (error == READ_ERROR)
+        return error;
     if (error == 0) {
         const CertificateFields fields = certificate_fields(certificate.head());
         issuer_ = asn_CopyElement(fields.subject);

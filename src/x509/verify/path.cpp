@@ -140,7 +140,9 @@ int Path::read_items(const char* certList) {
         if (item.empty())
             break;
         AsnList certificate;
-        static_cast<void>(x509_read_certificate(item.text(), certificate)); // add refuses an empty list
+        if (x509_read_certificate(item.text(), certificate) == READ_ERROR)
+            return READ_ERROR;
+        // After any other error the list is empty, which add refuses.
         if (const int error = add(std::move(certificate)))
             return error;
     }
