@@ -10,14 +10,14 @@ using std::string_view_literals::operator""sv;
 enum class NameValueKind { directory, printable, country, domain, address };
 
 // most is the upper bound in characters: RFC 5280, A.1 and X.520.
-struct NameAttribute {
+struct NameAttributeType {
     const char *keyword, *second;
     std::string_view oid;
     NameValueKind kind;
     size_t most;
 };
 inline constexpr size_t kMostName = 32768;
-inline constexpr NameAttribute kNameAttributes[] = {
+inline constexpr NameAttributeType kNameAttributes[] = {
     {"CN", "commonName", "\x55\x04\x03"sv, NameValueKind::directory, 64},
     {"C", "countryName", "\x55\x04\x06"sv, NameValueKind::country, 2},
     {"O", "organizationName", "\x55\x04\x0A"sv, NameValueKind::directory, 64},
@@ -44,9 +44,9 @@ inline constexpr NameAttribute kNameAttributes[] = {
 
 // name_attribute_of gives the attribute of a type, given as content octets; one with the widest rules if the
 // table has none.
-inline const NameAttribute& name_attribute_of(std::string_view oid) {
-    static constexpr NameAttribute kOther{nullptr, nullptr, {}, NameValueKind::directory, kMostName};
-    for (const NameAttribute& row : kNameAttributes)
+inline const NameAttributeType& name_attribute_of(std::string_view oid) {
+    static constexpr NameAttributeType kOther{nullptr, nullptr, {}, NameValueKind::directory, kMostName};
+    for (const NameAttributeType& row : kNameAttributes)
         if (row.oid == oid)
             return row;
     return kOther;

@@ -20,8 +20,8 @@ namespace {
     return err_fail(BAD_PARAM_ERROR, "%s", why);
 }
 
-const NameAttribute* find_keyword(std::string_view keyword) {
-    for (const NameAttribute& row : kNameAttributes)
+const NameAttributeType* find_keyword(std::string_view keyword) {
+    for (const NameAttributeType& row : kNameAttributes)
         if (same_word(keyword, row.keyword) || (row.second != nullptr && same_word(keyword, row.second)))
             return &row;
     return nullptr;
@@ -57,7 +57,7 @@ const NameAttribute* find_keyword(std::string_view keyword) {
     return 0;
 }
 
-[[nodiscard]] int make_value(AsnList& list, SecretBuffer& value, const NameAttribute& row) {
+[[nodiscard]] int make_value(AsnList& list, SecretBuffer& value, const NameAttributeType& row) {
     uint32_t tag = kAsnUtf8String;
     const std::string_view text(value.text(), value.size());
     if (row.kind == NameValueKind::domain || row.kind == NameValueKind::address) {
@@ -99,7 +99,7 @@ bool name_is_attribute(std::string_view keyword) {
 }
 
 int name_attribute_make(AsnList& relativeName, std::string_view keyword, std::string_view value) {
-    const NameAttribute* row = find_keyword(keyword);
+    const NameAttributeType* row = find_keyword(keyword);
     AsnList type = row != nullptr ? oid_node(row->oid) : oid_from_dotted(keyword);
     if (!type)
         return bad("Not an attribute's type");

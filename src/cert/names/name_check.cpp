@@ -13,7 +13,7 @@ namespace {
     return err_fail(BAD_FORMAT_ERROR, "Invalid name: %s", why);
 }
 
-[[nodiscard]] int check_value(const DerElement& value, const NameAttribute& attribute) {
+[[nodiscard]] int check_value(const DerElement& value, const NameAttributeType& attribute) {
     const uint8_t type = value.identifier;
     const bool isUtf8 = type == kDerUtf8String, isWide = type == kDerBmpString || type == kDerUniversalString;
     const bool isAscii = type == kDerPrintableString || type == kDerIa5String || type == kDerVisibleString;

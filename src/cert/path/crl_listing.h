@@ -1,11 +1,10 @@
 #pragma once
+#include "cert/make/crl_reason.h"
 #include "cert/path/evidence.h"
 #include "cert/path/path_budget.h"
 
 // Looking up a certificate among the entries of a CRL (RFC 5280, 5.3 and 6.3.3 (i), (j)).
 namespace zul {
-
-constexpr int kReasonCertificateHold = 6, kReasonRemoveFromCrl = 8;
 
 // CrlListing is what a CRL says of one certificate.
 struct CrlListing {
