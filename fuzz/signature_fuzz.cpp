@@ -53,15 +53,21 @@ static void check_identifier(const uint8_t* data, size_t size) {
     }
 }
 
+struct FixedKey : Key {
+    explicit FixedKey(KeyKind which) {
+        kind = which;
+        isPrivate = true;
+        memset(secret.data(), 0x21, kMaxEcBytes);
+        secret[0] = 0; // below the order of every curve
+        key_make_public(*this);
+    }
+};
+
 static void check_schemes(const uint8_t* data, size_t size) {
+    static const FixedKey keys[] = {FixedKey(KeyKind::p256), FixedKey(KeyKind::p384), FixedKey(KeyKind::p521),
+                                    FixedKey(KeyKind::ed25519)};
     const uint8_t message[] = "this data was never signed";
-    for (const KeyKind kind : {KeyKind::p256, KeyKind::p384, KeyKind::p521, KeyKind::ed25519}) {
-        Key key;
-        key.kind = kind;
-        key.isPrivate = true;
-        memset(key.secret.data(), 0x21, kMaxEcBytes);
-        key.secret[0] = 0;
-        key_make_public(key);
+    for (const FixedKey& key : keys) {
         SignatureAlgorithm algorithm;
         require(signature_choose(algorithm, nullptr, key) == 0);
         SignatureBytes input(message, sizeof message);
