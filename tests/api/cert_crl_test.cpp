@@ -180,6 +180,17 @@ TEST_F(CertCrl, EncodesWhatIsPrescribed) {
     // No empty revokedCertificates, times of 2050 and later as GeneralizedTime
     grown = list("", "", "thisUpdate=2049-12-31;valid=24h");
     EXPECT_TRUE(holds(grown, "170d3439313233313030303030305a180f32303530303130313030303030305aa0"));
+    EXPECT_TRUE(holds(list("", "serial=1,date=2050-01-01", "thisUpdate=2050-06-01"),
+                      "020101180f32303530303130313030303030305a"));
+    // An entry names its issuer once the one before it, which did, is dropped.
+    grown =
+        list("", "serial=1,issuer='CN=X',date=2024-01-01;serial=2,issuer='CN=X',date=2024-06-01", "indirect");
+    EXPECT_FALSE(holds(grown, "020102170d3234303630313030303030305a30"));
+    grown = list(grown, "", "dropBefore=2024-03-01;indirect");
+    EXPECT_TRUE(holds(grown, "020102170d3234303630313030303030305a301e301c0603551d1d0101ff0412"
+                             "3010a40e300c310a300806035504030c0158"));
+    EXPECT_TRUE(holds(list("", "", "caIssuers=http://a/"),
+                      "06082b0601050507010104193017301506082b060105050730028609687474703a2f2f612f"));
     // ReasonFlags without zero bits at the end
     EXPECT_TRUE(holds(list("", "", "onlyReasons=certificateHold,keyCompromise"), "30048302"
                                                                                  "0142"));

@@ -304,6 +304,9 @@ TEST_F(CertMake, RequestsGiveWhatIsNamed) {
                   {"1.3.6.1.5.5.7.8.9:020105", BAD_FORMAT_ERROR},
                   {"1.3.6.1.4.1.311.20.2.3:utf8:u@a", 0},
                   {"1.3.6.1.4.1.311.20.2.3:1603750040", BAD_FORMAT_ERROR},
+                  {"1.2.3:utf8:a\u00A0b", 0},
+                  {"1.2.3:0c0461c29f62", BAD_FORMAT_ERROR},
+                  {"1.2.3:0c03617f62", BAD_FORMAT_ERROR},
                   {"1.2.3:020105", 0}};
     for (const auto& row : others)
         EXPECT_EQ(issue(asked(std::string("CN=a;other=") + row.name), "copy=subjectAltName"), row.code)

@@ -249,6 +249,17 @@ TEST_F(CertPath, FindsTheWayAmongIssuersOfOneName) {
     EXPECT_EQ(check(good, crossed, otherRoot), 0);
     EXPECT_EQ(check(good, expired + otherKey, lax_), EXPIRED_ERROR);
     EXPECT_EQ(check(good, otherKey, lax_), SIGNATURE_ERROR);
+    // Each allows another name: a chain that fails is not the last.
+    const std::string both = authority("ca;permit=dns:a.example") + authority("ca;permit=dns:b.example");
+    for (const char* name : {"CN=a;dns=a.example", "CN=a;dns=b.example"})
+        EXPECT_EQ(check(leaf(name), both, lax_), 0) << last_error();
+    // Of many chains that cannot be valid 50 are looked at.
+    std::string many;
+    for (int i = 0; i < 60; i++)
+        many +=
+            issued(lax_, "ed25519/root", "ed25519/ca", "CN=CA;ca;notBefore=2020-01-01;notAfter=2021-01-01");
+    EXPECT_EQ(check(good, many, lax_), EXPIRED_ERROR);
+    EXPECT_NE(report_.find("  pathsTried                  50\n"), std::string::npos) << report_;
 
     // A certificate that is its own anchor needs no rights; it gives none to others.
     const std::string own = self_signed("CN=CA;dns=a.example", "ed25519/ca");
@@ -272,7 +283,9 @@ TEST_F(CertPath, WorkIsBounded) {
                                  dated("ca;CN=" + std::to_string(j)));
     const std::string cert = issued(own[0], name(0), "p-256", dated("CN=a"));
     EXPECT_EQ(check(cert, others, lax_), OUT_OF_RANGE_ERROR);
+    EXPECT_NE(report_.find("  isCutShort                  TRUE\n"), std::string::npos) << report_;
     EXPECT_EQ(check(cert, others, lax_, "maxDepth=2"), ISSUER_ERROR);
+    EXPECT_EQ(report_.find("isCutShort"), std::string::npos);
     EXPECT_EQ(check(cert, others, own[7]), 0);
 }
 

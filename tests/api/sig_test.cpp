@@ -46,12 +46,24 @@ TEST(Signature, IsThatOfTheStandards) {
         EXPECT_EQ(SIG_SignFile(again.data(), static_cast<int>(again.size()), file.c_str(), key.c_str(),
                                algorithm.c_str(), options),
                   static_cast<int>(again.size()));
+        EXPECT_EQ(last_error(), "");
         EXPECT_EQ(again, signature);
         EXPECT_EQ(SIG_VerifyFile(again.data(), static_cast<int>(again.size()), file.c_str(),
                                  publicKey.c_str(), algorithm.c_str(), ZUL_SIG_RAW),
                   0);
     }
 }
+
+#ifdef __linux__
+// Ed25519 reads what it signs twice. This file has another text each time.
+TEST(Signature, RefusesAFileThatChanges) {
+    const std::string key = make_key("ed25519");
+    uint8_t signature[64];
+    EXPECT_RESULT(SIG_SignFile(signature, 64, "/proc/sys/kernel/random/uuid", key.c_str(), "", 0),
+                  -READ_ERROR);
+    EXPECT_EQ(last_error(), "File '/proc/sys/kernel/random/uuid' has changed while it was read");
+}
+#endif
 
 // r and s out of range, and encodings beside the one of DER, of a signature that is good.
 TEST(Signature, OfEcdsaHasOneForm) {
@@ -205,6 +217,15 @@ TEST(Signature, OfPssKeepsTheRulesOfTheKey) {
                                   "a11c301a06092a864886f70d010108 300d0609608648016503040202 0500 a203020118"
                                   "03818d00"),
                          own}));
+    // No digest algorithm; something else than NULL as its parameters.
+    for (const char* bad : {"3081c6 3034 06092a864886f70d01010a 3027 a0023000"
+                            "a11c301a06092a864886f70d010108 300d0609608648016503040202 0500 a203020118",
+                            "3081d1 303f 06092a864886f70d01010a 3032 a00d300b0609608648016503040201"
+                            "a11c301a06092a864886f70d010108 300d0609608648016503040202 0400 a203020118"}) {
+        int code = 0;
+        read_der(joined({from_hex(bad), from_hex("03818d00"), own}), &code);
+        EXPECT_EQ(code, BAD_FORMAT_ERROR) << bad << last_error();
+    }
     EXPECT_EQ(ask_key(ruled, "hash") + ask_key(ruled, "MGF") + ask_key(ruled, "salt"), "sha256sha38424");
     EXPECT_EQ(ask_key(key, "hash") + ask_key(key, "mgf") + ask_key(key, "salt"), "0");
     EXPECT_EQ(ask_key(ruled, "exponent"), "010001");

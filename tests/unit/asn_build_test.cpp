@@ -92,6 +92,9 @@ TEST(AsnBuild, JoinsAndLinksRefuseWhatHasNoPlace) {
     EXPECT_FALSE(asn_NdefAppend(asn_NewSequence(asn_NewNull()), asn_NewNull()));
     EXPECT_EQ(asn_Length(asn_New(0, 2).head()), 0u);
     EXPECT_STREQ(err_text(), "asn_Length: sub-length not set\n");
+    const AsnList high = asn_New(0, 31); // a tag that takes more octets
+    high.head()->length = 1;
+    EXPECT_EQ(asn_Length(high.head()), 0u);
     EXPECT_EQ(asn_SetHeader(asn_New(0, 2).head()), 0u);
     EXPECT_STREQ(err_text(), "asn_SetHeader: Attempt to set header without length.");
     EXPECT_TRUE(asn_Encode(asn_LinkList(asn_NewNull(), asn_New(0, 2))).empty());

@@ -151,7 +151,8 @@ TEST(CertNames, GeneralNamesAndConstraints) {
     EXPECT_EQ(general_name("dns:", exclude), "8200");
     for (const char* text :
          {"dns:", "dns:.a", "dns:*.a", "ip:10.0.0.1", "ip:10.0.0.1/8", "ip:10.0.0.0/33", "ip:10.0.0.0/",
-          "ip:10.0.0.0/255.0.255.0", "ip:10.0.0.0/::", "a.b", "uri:http://a", "email:\u00FC@a", "upn:a"})
+          "ip:10.0.0.0/255.0.255.0", "ip:192.0.0.0/1", "ip:0.0.0.0/1.0.0.0", "ip:10.0.0.0/::", "a.b",
+          "uri:http://a", "email:\u00FC@a", "upn:a"})
         EXPECT_EQ(general_name(text, permit), "") << text;
 }
 

@@ -179,6 +179,21 @@ TEST(Stir, StagesCheaplyAndEntersWhatItStaged) {
     EXPECT_EQ(state.stagedCalls, 0u);
 }
 
+TEST(Stir, AThreadThatEndsEntersWhatItStaged) {
+    RngState ended{}, other{};
+    EntropyPools expected;
+    uint8_t wanted[EntropyPools::kMaxYield], out[EntropyPools::kMaxYield];
+    ended.stagedCalls = 1;
+    ended.stagedTime[0] = ended.stagedTicks[0] = ended.stagedMemory[0] = 7;
+    expected.reset();
+    for (const EntropySource source : {EntropySource::time, EntropySource::ticks, EntropySource::memory})
+        expected.add(source, ended.stagedTime, sizeof ended.stagedTime[0]);
+    rng_reset_pools();
+    rng_release_thread(ended);
+    ASSERT_EQ(accumulator_gather(other, true, out), expected.gather(true, 1, wanted));
+    EXPECT_EQ(memcmp(out, wanted, kSha1Size), 0);
+}
+
 // What is held back shows which stir an export made: the fuller one enters it.
 TEST(Stir, IsFullerInExportsThatOpenEncryptedKeysOrSignedData) {
     const struct {

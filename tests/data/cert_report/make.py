@@ -180,6 +180,7 @@ OBJECTS = {
         extension("2.16.840.1.113730.1.13", ia5("Comment")),
         extension("1.3.6.1.5.5.7.1.3", seq(
             seq(oid(QC + "1")), seq(oid(QC + "2"), seq(printable("EUR"), integer(5), integer(3))),
+            seq(oid(QC + "2"), seq(printable("EUR"), integer(5))),
             seq(oid(QC + "3"), integer(15)), seq(oid(QC + "5"), seq(seq(ia5("https://pds/"), printable("en")))),
             seq(oid(QC + "6"), seq(oid(QC + "6.1"))), seq(oid(QC + "7"), seq(printable("DE"))),
             seq(oid("0.4.0.19495.2"), seq(seq(seq(oid("0.4.0.19495.1.3"), utf8("PSP_AI"))), utf8("BaFin"), utf8("DE-BAFIN"))))),
@@ -192,7 +193,8 @@ OBJECTS = {
          "templateID 1.3.6.1.4.1.311.21.8.1", "templateMajorVersion 100", "templateMinorVersion 7",
          "enrollCerttypeExtension User", "certificateIndex 3", "keyIndex 2", "- policyIdentifier clientAuth",
          "netscapeCertType sslClient, smime", "netscapeComment Comment", "- statementId qcs-QcCompliance",
-         "currency EUR", "amount 5", "exponent 3", "statementInfo 15", "- url https://pds/", "language en",
+         "currency EUR", "amount 5", "exponent 3", "statementInfo malformed 30081303455552020105",
+         "statementInfo 15", "- url https://pds/", "language en",
          "statementInfo qct-esign", "DE", "- roleOfPspOid PSP_AI", "nCAName BaFin", "nCAId DE-BAFIN",
          "registrationSchemeIdentifier VAT", "registrationReference 123", "logotype aabb", "1.2.3.4.5 (critical) cc"]),
     # Nothing of an object hides what follows it.
@@ -205,6 +207,7 @@ OBJECTS = {
          "notAfter malformed 170b323630313031303030305a", "subject #30023100", "subjectPublicKeyInfo malformed 30020500",
          "issuerUniqueID ee", "basicConstraints malformed 30050101ff", "keyUsage malformed 0400",
          "malformed 30050603551d0e", "subjectKeyIdentifier 07", "signatureValue cafe"]),
+    "malformed extensions": (certificate(more=tlv(0xA3, NULL)), ["extensions malformed a3020500", "signatureValue cafe"]),
     "missing fields": (seq(seq(tlv(0xA0, b"\2\1\2"), integer(128), SHA256_RSA), SHA256_RSA, SIGNATURE),
                        ["serialNumber 80", "issuer malformed", "signatureValue cafe"]),
     "pss": (certificate(signature=pss(tlv(0xA0, seq(oid("2.16.840.1.101.3.4.2.2"), NULL)), tlv(0xA1, MGF),
