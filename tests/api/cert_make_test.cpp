@@ -149,11 +149,15 @@ TEST_F(CertMake, KeysAndAlgorithms) {
                 {"p-256", "ecdsa-sha999", NOT_SUPPORTED_ERROR},
                 {"x25519", "ed25519", BAD_KEY_ERROR},
                 {"rsa-1024", "'rsa-pss-sha512;salt=max'", 0},
+                {"rsa-1024", "'rsa-pss-sha512;salt=20'", 0},
+                {"rsa-1024", "rsa-pss-sha256", 0},
                 {"rsa-1024", "'rsa-pss-sha256;salt=any'", NOT_SUPPORTED_ERROR},
                 {"rsa-1024", "'rsa-pss-sha512;salt=63'", BAD_KEY_LEN_ERROR}};
     for (const auto& row : rows) {
         EXPECT_EQ(self_sign(make_key(row.key), std::string("CN=a;signature=") + row.signature), row.code)
             << row.signature << " " << last_error();
+        const int verified = CERT_CheckPath(nullptr, 0, out_.c_str(), nullptr, out_.c_str(), nullptr, "", 0);
+        EXPECT_EQ(row.code == 0 ? verified : 0, 0) << row.signature << " " << last_error();
     }
     for (const char* profile : {"code", "ocsp", "timestamp", "client", "server;dns=a"})
         EXPECT_FAILURE(issue(make_key("x25519"), std::string("CN=a;profile=") + profile), BAD_PARAM_ERROR,
@@ -340,6 +344,7 @@ TEST_F(CertMake, RequestsAreNotTrusted) {
          "request"},
         {"a@bcdef.g", "a@bcdef..", BAD_FORMAT_ERROR,
          "A label is empty; in an extension copied from the request"},
+        {"Asked", "As ed", 0, ""},
         {"Asked", "As\ned", BAD_FORMAT_ERROR, "Invalid name: a control character"},
         {"Asked",
          "As\xC0"

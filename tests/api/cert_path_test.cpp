@@ -289,6 +289,48 @@ TEST_F(CertPath, WorkIsBounded) {
     EXPECT_EQ(check(cert, others, own[7]), 0);
 }
 
+// Signatures of candidates whose key is another: bytes of the modulus differ, the identifier does not.
+TEST_F(CertPath, SignaturesAreCounted) {
+    const std::string ca = self_signed("CN=CA;ca", "rsa-1024"),
+                      cert = issued(ca, "rsa-1024", "p-256", dated("CN=a"));
+    const Bytes good = der_of(ca), field = from_hex("30818902818100"); // RSAPublicKey, its modulus
+    const auto at = std::search(good.begin(), good.end(), field.begin(), field.end()) - good.begin() + 50;
+    const auto others = [&](int count) {
+        std::string all;
+        for (Bytes der = good; count > 0; count--) {
+            der[static_cast<size_t>(at)] = static_cast<uint8_t>(count);
+            der[static_cast<size_t>(at) + 1] =
+                static_cast<uint8_t>(good[static_cast<size_t>(at) + 1] + 1 + count / 256);
+            all += "-----BEGIN X-----\n" + base64(der) + "\n-----END X-----\n";
+        }
+        return all;
+    };
+    EXPECT_EQ(check(cert, "", others(900) + ca), 0) << last_error();
+    EXPECT_EQ(check(cert, "", others(900)), SIGNATURE_ERROR) << last_error();
+    EXPECT_EQ(check(cert, "", others(1100)), OUT_OF_RANGE_ERROR) << last_error();
+    EXPECT_NE(report_.find("  signaturesVerified          1000\n"), std::string::npos) << report_;
+}
+
+// The names of one certificate are compared with what each of many issuers permits.
+TEST_F(CertPath, NamesOfALeafAreCounted) {
+    std::string names = "CN=a;dns=a.example", subject = "CN=a;dns=a.example;OU=0";
+    for (int i = 0; i < 20'000; i++)
+        names += ",a" + std::to_string(i);
+    for (int i = 0; i < 2'000; i++)
+        subject += ";OU=" + std::to_string(i) + std::string(60, 'a');
+    std::string few, many;
+    for (int i = 0; i < 150; i++) {
+        many += authority("ca;permit=dns:b.example");
+        if (i == 30)
+            few = many + laxAuthority_;
+    }
+    for (const std::string& description : {names, subject}) {
+        const std::string cert = leaf(description);
+        EXPECT_EQ(check(cert, few, lax_), 0) << last_error();
+        EXPECT_EQ(check(cert, many, lax_), OUT_OF_RANGE_ERROR) << last_error();
+    }
+}
+
 TEST_F(CertPath, Reports) {
     const std::string cert = leaf("CN=a;policy=1.2.3"), trusted = lax_;
     ASSERT_EQ(check(cert, authority("ca;policy=1.2.3"), trusted, "purpose=code"), 0);
@@ -300,6 +342,8 @@ TEST_F(CertPath, Reports) {
           "    - role                    trustAnchor\n", "      subject                 CN=CA\n",
           "        signature             good, id-Ed25519\n"})
         EXPECT_NE(whole.find(line), std::string::npos) << line << whole;
+    ASSERT_EQ(check(cert, laxAuthority_, trusted, "time=2026-10-09T10:09:10"), 0);
+    EXPECT_NE(report_.find(" 2026-10-09T10:09:10Z\n"), std::string::npos) << report_;
     // Cut behind a whole line.
     const std::string begin = "CertificationPath\n  result                      valid\n";
     ASSERT_EQ(check(cert, authority("ca;policy=1.2.3"), trusted, "purpose=code", 0,

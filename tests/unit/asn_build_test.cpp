@@ -42,6 +42,7 @@ TEST(AsnBuild, MakersGiveDer) {
     EXPECT_EQ(hex_of(asn_NewSet(AsnList())), "3100");
     EXPECT_EQ(hex_of(asn_NewUTF8String("\xC3\xA9")), "0c02c3a9");
     EXPECT_EQ(hex_of(asn_NewUTF8String("\xE9")), "0c02c3a9"); // Latin-1
+    EXPECT_EQ(encoded(asn_NewUTF8String(std::string(1000, '\xE9').c_str())).size(), 2004u);
     EXPECT_EQ(hex_of(asn_NewBMPString("a\xE9")), "1e04006100e9");
     EXPECT_EQ(hex_of(asn_NewHashAlgId(0x13)), "300d06096086480165030402010500");
     EXPECT_EQ(hex_of(asn_NewHashAlgId(9)), "300906052b0e03021a0500"); // an unknown number is SHA-1

@@ -11,6 +11,7 @@
 #include "ec/p521_field.h"
 #include "ec/x25519.h"
 #include "hash/digest.h"
+#include "key/ecdsa_der.h"
 #include "platform/cpu.h"
 #include "support/vectors.h"
 
@@ -309,6 +310,23 @@ TEST(Ed25519, RefusesKeysThatProveNothing) {
             << key;
     }
     EXPECT_TRUE(ed25519_key_is_valid(test::from_hex("03" + zeros + "00").data()));
+}
+
+// Integers of two octets: no zero too many, none too few.
+TEST(EcdsaDer, HasOneForm) {
+    const struct {
+        const char *der, *numbers; // empty: refused
+    } rows[] = {{"3006020101020102", "00010002"}, {"30080202008002020100", "00800100"},
+                {"3006020100020101", "00000001"}, {"300702020001020101", ""},
+                {"300702010102020001", ""},       {"3006020180020101", ""},
+                {"30080203010000020101", ""},     {"30050200020101", ""},
+                {"308106020101020102", ""},       {"30060201010201020000", ""}};
+    for (const auto& row : rows) {
+        const Bytes der = test::from_hex(row.der);
+        uint8_t numbers[4];
+        const bool isGood = ecdsa_der_read(numbers, 2, der.data(), der.size());
+        EXPECT_EQ(isGood ? test::to_hex(numbers, 4) : "", row.numbers) << row.der;
+    }
 }
 
 } // namespace zul
