@@ -184,6 +184,8 @@ TEST_F(CertPath, NameConstraints) {
     } hosts[] = {
         {"permit=dns:good.example", "CN=evil.example", "evil.example", ISSUER_ERROR},
         {"permit=dns:good.example", "CN=www.good.example", "www.good.example", 0},
+        {"permit=dns:good.example", "O=www.good.example", "www.good.example", NO_MATCH_ERROR},
+        {"permit=dns:good.example", "CN=www.good.example;CN=\u00FC", "www.good.example", NO_MATCH_ERROR},
         {"exclude=dns:evil.example", "CN=good.example;CN=evil.example", "evil.example", ISSUER_ERROR},
         {"exclude=dns:evil.example", "CN=evil.example;dns=good.example", "good.example", 0},
         {"exclude=dns:www.evil.example", "CN=*.evil.example;email=a@b.example", "www.evil.example",

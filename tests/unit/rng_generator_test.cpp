@@ -177,6 +177,14 @@ TEST(Stir, StagesCheaplyAndEntersWhatItStaged) {
     uint8_t out[EntropyPools::kMaxYield];
     EXPECT_GE(accumulator_gather(state, true, out), kSha1Size);
     EXPECT_EQ(state.stagedCalls, 0u);
+    // A request stirs before and behind, unless a reseed in between enters what was staged.
+    uint32_t most = 0;
+    for (int i = 0; i < 100; i++) {
+        rng_stir(1);
+        draw();
+        most = std::max(most, state.stagedCalls);
+    }
+    EXPECT_EQ(most, 2u);
 }
 
 TEST(Stir, AThreadThatEndsEntersWhatItStaged) {

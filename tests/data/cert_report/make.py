@@ -181,6 +181,7 @@ OBJECTS = {
         extension("1.3.6.1.5.5.7.1.3", seq(
             seq(oid(QC + "1")), seq(oid(QC + "2"), seq(printable("EUR"), integer(5), integer(3))),
             seq(oid(QC + "2"), seq(printable("EUR"), integer(5))),
+            seq(oid("1.3.6.1.5.5.7.11.2"), seq(oid("1.2.3.7"), seq(dns("names.example")))),
             seq(oid(QC + "3"), integer(15)), seq(oid(QC + "5"), seq(seq(ia5("https://pds/"), printable("en")))),
             seq(oid(QC + "6"), seq(oid(QC + "6.1"))), seq(oid(QC + "7"), seq(printable("DE"))),
             seq(oid("0.4.0.19495.2"), seq(seq(seq(oid("0.4.0.19495.1.3"), utf8("PSP_AI"))), utf8("BaFin"), utf8("DE-BAFIN"))))),
@@ -194,7 +195,7 @@ OBJECTS = {
          "enrollCerttypeExtension User", "certificateIndex 3", "keyIndex 2", "- policyIdentifier clientAuth",
          "netscapeCertType sslClient, smime", "netscapeComment Comment", "- statementId qcs-QcCompliance",
          "currency EUR", "amount 5", "exponent 3", "statementInfo malformed 30081303455552020105",
-         "statementInfo 15", "- url https://pds/", "language en",
+         "semanticsIdentifier 1.2.3.7", "dNSName names.example", "statementInfo 15", "- url https://pds/", "language en",
          "statementInfo qct-esign", "DE", "- roleOfPspOid PSP_AI", "nCAName BaFin", "nCAId DE-BAFIN",
          "registrationSchemeIdentifier VAT", "registrationReference 123", "logotype aabb", "1.2.3.4.5 (critical) cc"]),
     # Nothing of an object hides what follows it.
