@@ -179,7 +179,7 @@ class ColumnEngine {
   public:
     ColumnEngine(const DIGIT_T* x, const DIGIT_T* m, size_t digits, size_t powers)
         : digits_(digits), n_((digits + 1) / 2), size_(column_limbs(B, mpBitLength(m, digits))),
-          wideSize_(B * 2 * size_ / 64 + 2), scratch_(2 * ((powers + 8) * size_ + n_ + wideSize_)),
+          wideSize_(size_t{B} * 2 * size_ / 64 + 2), scratch_(2 * ((powers + 8) * size_ + n_ + wideSize_)),
           divisor_(take(n_)),
           wide_(take(wideSize_)), modulus_{size_, take(size_), take(size_), take(2 * size_), take(size_)},
           square_(take(size_)), current_(take(size_)), table_(take(powers * size_)) {

@@ -196,7 +196,7 @@ ZUL_VBMI void load_blocks(State& state, const uint64_t* batch) {
     const V leftBytes = _mm512_add_epi8(words, twice);
     const V rightBytes = _mm512_add_epi8(leftBytes, _mm512_set1_epi8(1));
 #pragma GCC unroll 8
-    for (unsigned i = 0; i < 8; i++) {
+    for (size_t i = 0; i < 8; i++) {
         const V rows = transpose_bits(_mm512_load_si512(batch + 8 * i));
         state.left[i] = _mm512_multishift_epi64_epi8(groups, _mm512_permutexvar_epi8(leftBytes, rows));
         state.right[i] = _mm512_multishift_epi64_epi8(groups, _mm512_permutexvar_epi8(rightBytes, rows));
@@ -209,7 +209,7 @@ ZUL_VBMI void load_blocks(State& state, const uint64_t* batch) {
     }
 }
 
-ZUL_VBMI V row_of(const V (&half)[8], unsigned r) {
+ZUL_VBMI V row_of(const V (&half)[8], size_t r) {
     return _mm512_or_si512(look_up(kTables.toNibble[2 * r], half[2 * r]),
                            look_up(kTables.toNibble[2 * r + 1], half[2 * r + 1]));
 }
@@ -217,14 +217,14 @@ ZUL_VBMI V row_of(const V (&half)[8], unsigned r) {
 ZUL_VBMI void store_blocks(uint64_t* batch, const State& state) {
     V rows[8];
 #pragma GCC unroll 4
-    for (unsigned r = 0; r < 4; r++) {
+    for (size_t r = 0; r < 4; r++) {
         rows[6 - 2 * r] = row_of(state.left, r);
         rows[7 - 2 * r] = row_of(state.right, r);
     }
     exchange_words(rows);
     exchange_bytes(rows);
 #pragma GCC unroll 8
-    for (unsigned i = 0; i < 8; i++)
+    for (size_t i = 0; i < 8; i++)
         _mm512_store_si512(batch + 8 * i, transpose_bits(rows[i]));
 }
 
@@ -279,8 +279,8 @@ constexpr ptrdiff_t kPass = kDesScheduleWords, kKeyWords = 3 * kPass;
 ZUL_TARGET_VBMI void set_key(TdesBitKey& prepared, const TdesKey& key) {
     V bytes[8];
 #pragma GCC unroll 8
-    for (unsigned i = 0; i < 8; i++) {
-        const unsigned left = 8 * i < kKeyWords ? unsigned{kKeyWords} - 8 * i : 0;
+    for (size_t i = 0; i < 8; i++) {
+        const size_t left = 8 * i < kKeyWords ? kKeyWords - 8 * i : 0;
         bytes[i] = _mm512_maskz_loadu_epi64(static_cast<__mmask8>(left < 8 ? (1u << left) - 1 : 0xFF),
                                             key.words + 8 * i);
     }
@@ -293,7 +293,7 @@ ZUL_TARGET_VBMI void set_key(TdesBitKey& prepared, const TdesKey& key) {
     for (unsigned group = 0; group < 8; group++) {
         const V placed = look_up(kTables.toPlaces[group], bytes[7 - group]);
 #pragma GCC unroll 4
-        for (int i = 0; i < 4; i++)
+        for (ptrdiff_t i = 0; i < 4; i++)
             _mm512_storeu_si512(
                 prepared.groups[group] + 16 * i,
                 _mm512_permutexvar_epi8(_mm512_add_epi8(four, _mm512_set1_epi8(static_cast<char>(16 * i))),

@@ -183,13 +183,13 @@ void sum_of_multiples(EdwardsPoint& sum, const Scalar& a, const Scalar& b, const
     sum = edwards_identity();
     for (size_t i = kBits + 1; i-- > 0;) {
         edwards_double(sum, sum);
-        if (const int digit = nb.digits[i]) {
+        if (const int8_t digit = nb.digits[i]) {
             EdwardsAddend q = odd[static_cast<size_t>(digit < 0 ? -digit : digit) / 2];
             if (digit < 0)
                 edwards_negate(q.point, q.point);
             edwards_add(sum, sum, q);
         }
-        if (const int digit = na.digits[i]) {
+        if (const int8_t digit = na.digits[i]) {
             EdwardsAffineAddend q = kBaseOdd[static_cast<size_t>(digit < 0 ? -digit : digit) / 2];
             if (digit < 0)
                 edwards_negate(q, q);

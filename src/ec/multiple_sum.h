@@ -27,14 +27,14 @@ void sum_of_multiples(JacobianPoint<Field>& sum, const Scalar& a, const Table& b
     for (size_t i = Field::kBits + 1; i-- > 0;) {
         if (isStarted)
             jacobian_double(sum, sum);
-        if (const int digit = nb.digits[i]) {
+        if (const int8_t digit = nb.digits[i]) {
             JacobianPoint<Field> q = odd[static_cast<size_t>(digit < 0 ? -digit : digit) / 2];
             if (digit < 0)
                 Field::subtract(q.y, typename Field::Element{}, q.y);
             jacobian_add(sum, q);
             isStarted = true;
         }
-        if (const int digit = na.digits[i]) {
+        if (const int8_t digit = na.digits[i]) {
             const auto& entry = baseOdd[static_cast<size_t>(digit < 0 ? -digit : digit) / 2];
             AffinePoint<Field> q = {entry.x, entry.y};
             if (digit < 0)

@@ -59,15 +59,19 @@ ZUL_TARGET_IFMA ZUL_ALWAYS_INLINE void multiply(Four& product, const Four& a, co
     carry(product);
 }
 
+// Digit i of 4p in the odd lanes: it keeps differences positive.
+ZUL_TARGET_IFMA ZUL_ALWAYS_INLINE __m256i four_p(size_t i) {
+    const uint64_t digit = (Field25519::kDigitMask - (i == 0 ? 18 : 0)) << 2;
+    return _mm256_setr_epi64x(0, static_cast<long long>(digit), 0, static_cast<long long>(digit));
+}
+
 // sum_and_difference gives (a + b, a - b) of lanes 0 and 1, and of lanes 2 and 3.
 ZUL_TARGET_IFMA ZUL_ALWAYS_INLINE void sum_and_difference(Four& result, const Four& a) {
 #pragma GCC unroll 8
     for (size_t i = 0; i < kDigits; i++) {
-        // 4p in the lanes of differences, so that they stay positive.
-        const auto fourP = static_cast<long long>((Field25519::kDigitMask - (i == 0 ? 18 : 0)) << 2);
         const __m256i first = _mm256_permute4x64_epi64(a.digit[i], 0xA0);  // 0, 0, 2, 2
         const __m256i second = _mm256_permute4x64_epi64(a.digit[i], 0xF5); // 1, 1, 3, 3
-        const __m256i raised = _mm256_add_epi64(first, _mm256_setr_epi64x(0, fourP, 0, fourP));
+        const __m256i raised = _mm256_add_epi64(first, four_p(i));
         const __m256i sum = _mm256_add_epi64(raised, second), difference = _mm256_sub_epi64(raised, second);
         result.digit[i] = _mm256_blend_epi32(sum, difference, 0xCC);
     }
@@ -103,10 +107,9 @@ ZUL_TARGET_IFMA void x25519_ladder_ifma(Field25519::Element& x2, Field25519::Ele
         // AA, E, DA + CB, CB - DA times BB, a24 and the last two again.
 #pragma GCC unroll 8
         for (size_t i = 0; i < kDigits; i++) {
-            const auto fourP = static_cast<long long>((Field25519::kDigitMask - (i == 0 ? 18 : 0)) << 2);
             const __m256i first = _mm256_permute4x64_epi64(s.digit[i], 0xA0);  // AA, AA, CB, CB
             const __m256i second = _mm256_permute4x64_epi64(s.digit[i], 0xF5); // BB, BB, DA, DA
-            const __m256i raised = _mm256_add_epi64(first, _mm256_setr_epi64x(0, fourP, 0, fourP));
+            const __m256i raised = _mm256_add_epi64(first, four_p(i));
             const __m256i sum = _mm256_add_epi64(raised, second);
             const __m256i difference = _mm256_sub_epi64(raised, second);
             t.digit[i] = _mm256_blend_epi32(sum, difference, 0xCC);

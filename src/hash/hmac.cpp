@@ -9,7 +9,7 @@ namespace zul {
 // Digests with large blocks have more state than registers, and their kernels leave words of it on the stack:
 // below the long schedule of SHA-512's AVX2 code, or near the top.
 static void wipe_state_of_kernels(int algorithm) {
-    constexpr size_t kLargestInRegisters = 64, kDepth = 1536, kScheduleDepth = 12 * 1024;
+    constexpr size_t kLargestInRegisters = 64, kDepth = 1536, kScheduleDepth = size_t{12} * 1024;
     if (digest_block_size(algorithm) <= kLargestInRegisters)
         return;
     bool isDeep = false;

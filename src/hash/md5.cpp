@@ -42,7 +42,7 @@ ZUL_ALWAYS_INLINE void four_steps(Variables& v, const uint8_t* block, int first,
     const auto& s = kAmounts[Round];
     auto word = [&](int i) __attribute__((always_inline)) {
         return load_word<uint32_t, std::endian::little>(
-            block + 4 * ((kFactor[Round] * (first + i) + kOffset[Round]) % 16));
+            block + ptrdiff_t{4} * ((kFactor[Round] * (first + i) + kOffset[Round]) % 16));
     };
     step<Round>(v.a, v.b, v.c, v.d, word(0), constants[0], s[0]);
     step<Round>(v.d, v.a, v.b, v.c, word(1), constants[1], s[1]);

@@ -27,7 +27,7 @@ bool digest_holds(int digestAlgorithm);
 bool hmac_holds(int digestAlgorithm);
 bool tdes_holds(int);
 bool aes_holds(int);
-bool aead_holds(int aead);
+bool aead_holds(int algorithm);
 bool ecdsa_holds(int which);
 bool ecdh_holds(int which);
 bool ed25519_holds(int);

@@ -176,7 +176,7 @@ void rng_add_event(EntropySource source, const void* data, size_t size) {
 bool accumulator_may_yield(const RngState& state) {
     // The thread has read the time in the present tick, which is shorter than this. Whether a reseed is due
     // at both ends of the span tells of all between.
-    constexpr uint64_t kTick = 20 * 10000;
+    constexpr uint64_t kTick = 200000;
     const auto is_due = [last = lastGather.load(std::memory_order_relaxed)](uint64_t now) {
         return last == 0 || reseed_is_due(1, UINT64_MAX, last, now);
     };

@@ -110,7 +110,7 @@ AuthorityLock::AuthorityLock(const AuthorityFolder& folder) {
         throw Refused::by_system(CREATE_ERROR, name);
     for (int i = 0; !lock_file(file_); ++i) {
         if (i == kTries) {
-            std::fclose(file_);
+            static_cast<void>(std::fclose(file_));
             throw Refused::by_system(CREATE_ERROR, name, "Another command is at work in this folder.");
         }
         std::this_thread::sleep_for(kPause);
@@ -119,7 +119,7 @@ AuthorityLock::AuthorityLock(const AuthorityFolder& folder) {
 }
 
 AuthorityLock::~AuthorityLock() {
-    std::fclose(file_); // which gives up the lock
+    static_cast<void>(std::fclose(file_)); // which gives up the lock
 }
 
 AuthoritySettings::AuthoritySettings(const AuthorityFolder& folder) {

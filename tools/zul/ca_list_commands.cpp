@@ -59,8 +59,8 @@ std::map<std::string, std::string> revoked_of(const std::string& list) {
         if (part.level == 4 && (part.tag == kUtcTime || part.tag == kGeneralizedTime))
             *entry = day_of(part);
         if (part.level == 6 && isReason && part.tag == kOctets && part.content.starts_with(kEnumerated) &&
-            part.content.size() == 3 && static_cast<size_t>(part.content[2]) < std::size(kReasonNames))
-            *entry += std::string(" ") + kReasonNames[static_cast<size_t>(part.content[2])];
+            part.content.size() == 3 && static_cast<uint8_t>(part.content[2]) < std::size(kReasonNames))
+            *entry += std::string(" ") + kReasonNames[static_cast<uint8_t>(part.content[2])];
         isReason = part.level == 6 && part.content == kReasonCode;
     }
     return revoked;
@@ -78,7 +78,7 @@ struct CaRevokeCommand {
         if (is_on_disk(certificate) || is_standard_stream(certificate)) {
             const SecretBytes content = der_of(certificate);
             const ObjectArgument object(certificate, content);
-            const IndexLine line = index_find(files, query(object, "serialNumber"));
+            IndexLine line = index_find(files, query(object, "serialNumber"));
             if (der_of(files.issued(line.serial)) != content)
                 throw Refused::by_system(NO_MATCH_ERROR, object.name(),
                                          "This authority has made another certificate with its number.");

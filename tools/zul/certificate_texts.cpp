@@ -212,6 +212,7 @@ std::string date_text(const std::string& text, const std::string& option, const 
 std::string now_text(int secondsAgo) {
     const std::time_t time = std::time(nullptr) - secondsAgo;
     char text[32] = "";
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): the thread of commands alone asks for dates
     if (const tm* utc = std::gmtime(&time))
         std::strftime(text, sizeof text, "%Y-%m-%dT%H:%M:%S", utc);
     return text;

@@ -95,6 +95,6 @@ void add_cms_verify_command(CLI::App& group);
 void add_cms_encrypt_command(CLI::App& group);
 void add_cms_decrypt_command(CLI::App& group);
 void add_cms_show_command(CLI::App& group);
-void add_cms_certs_commands(CLI::App& group);
+void add_cms_certs_commands(CLI::App& app);
 
 } // namespace tool

@@ -95,7 +95,7 @@ std::vector<DerPart> der_parts(const SecretBytes& bytes, const std::string& name
         if (element.header[0] == 0)
             continue; // the end of an indefinite length
         open.push_back(parts.size());
-        parts.push_back(
+        parts.push_back( // NOLINTNEXTLINE(bugprone-string-constructor): close gives both their sizes
             {element.level, element.header[0], {text + at, 0}, {text + at + element.headerSize, 0}});
     }
     close(0, bytes.size());

@@ -1,5 +1,9 @@
 #include "machine.h"
 
+#if defined(__x86_64__)
+#include <cpuid.h>
+#endif
+
 namespace tool {
 
 namespace {
@@ -15,14 +19,18 @@ Features read_features() {
     __builtin_cpu_init();
     has.ssse3 = __builtin_cpu_supports("ssse3") && __builtin_cpu_supports("sse4.1");
     has.aes = __builtin_cpu_supports("aes");
-    has.sha = __builtin_cpu_supports("sha");
     has.avx2 =
         __builtin_cpu_supports("avx2") && __builtin_cpu_supports("bmi") && __builtin_cpu_supports("bmi2");
     has.avx512 = __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512bw") &&
                  __builtin_cpu_supports("avx512dq") && __builtin_cpu_supports("avx512vl");
-    has.vaes = __builtin_cpu_supports("vaes");
-    has.adx = __builtin_cpu_supports("adx");
     has.ifma = has.avx512 && __builtin_cpu_supports("avx512ifma");
+    // Not every compiler has names for these. That the system saves the registers of VAES, AVX2 says.
+    unsigned eax, ebx, ecx, edx;
+    if (__get_cpuid_count(7, 0, &eax, &ebx, &ecx, &edx)) {
+        has.sha = (ebx & bit_SHA) != 0;
+        has.adx = (ebx & bit_ADX) != 0;
+        has.vaes = (ecx & bit_VAES) != 0;
+    }
 #endif
     return has;
 }

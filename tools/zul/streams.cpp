@@ -34,7 +34,7 @@ Input::Input(const std::string& name) : name_(shown_name(name)), file_(stdin) {
 
 Input::~Input() {
     if (file_ != stdin)
-        std::fclose(file_);
+        static_cast<void>(std::fclose(file_));
 }
 
 size_t Input::read(unsigned char* out, size_t size) {
@@ -54,7 +54,7 @@ void Input::refuse_output(const std::string& out) const {
                                                : nullptr;
     const bool isInput = other != nullptr && are_one_file(file_, other);
     if (other != nullptr && other != stdout)
-        std::fclose(other);
+        static_cast<void>(std::fclose(other));
     if (isInput)
         throw Refused::by_system(BAD_PARAM_ERROR, name_, "IN and OUT are the same file.");
 }
@@ -107,7 +107,7 @@ Output::Output(const std::string& name, bool forOwnerAlone) : name_(name), file_
 Output::~Output() {
     if (file_ == nullptr || file_ == stdout)
         return;
-    std::fclose(file_);
+    static_cast<void>(std::fclose(file_));
     std::error_code ignored;
     if (!is_on_disk(name_)) // never a device
         return;

@@ -12,7 +12,7 @@
 // end.
 namespace tool {
 
-constexpr size_t kChunk = 96 * 1024; // whole base64 groups and whole pages
+constexpr size_t kChunk = size_t{96} * 1024; // whole base64 groups and whole pages
 
 // Input reads a file, or standard input if its name is "-". Unbuffered: no copy of a key stays in the
 // runtime. Refused with READ_ERROR if a read fails.

@@ -36,6 +36,7 @@ class SignerIndex {
     struct Entry {
         IdentifierDigest digest;
         int signer;
+        // NOLINTNEXTLINE(modernize-use-nullptr): means the zero that results are compared with
         auto operator<=>(const Entry&) const = default;
     };
 

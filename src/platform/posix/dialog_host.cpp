@@ -93,7 +93,7 @@ void Terminal::restore_signals() {
 }
 
 // What has been written is not waited for: it would wait for ever while the user holds the output back.
-bool Terminal::set_mode(const termios& mode) {
+bool Terminal::set_mode(const termios& mode) const {
     int result;
     do
         result = tcsetattr(fd_, TCSANOW, &mode);

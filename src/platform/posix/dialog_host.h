@@ -51,7 +51,7 @@ class Terminal {
     void restore_signals();
     bool echoes() const;
     bool is_ours() const;
-    bool set_mode(const termios& mode);
+    bool set_mode(const termios& mode) const;
 
     int fd_, cancelState_ = 0;
     bool entered_ = false;

@@ -94,6 +94,7 @@ size_t power_status(uint8_t* reading) {
     DIR* supplies = opendir("/sys/class/power_supply");
     if (supplies == nullptr)
         return 0;
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): no other thread has this folder
     while (const dirent* entry = readdir(supplies)) {
         if (entry->d_name[0] == '.')
             continue;

@@ -47,7 +47,7 @@ bool option_text(const char* name, char* out, size_t size) {
             snprintf(out, size, "%s", value);
         break;
     }
-    fclose(file);
+    static_cast<void>(fclose(file));
     return found;
 }
 
