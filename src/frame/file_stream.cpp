@@ -21,10 +21,12 @@ void discard_file(const char* path) {
     platform::file_remove(path);
 }
 
-// buffer_size takes one byte more than a small file has, so that one system call shows its end.
+// buffer_size takes one byte more than a small file has, so that one system call shows its end. Files that
+// the system makes as they are read say that they are empty, and some of them give their text to one read
+// only.
 static size_t buffer_size(const File& file) {
     const int64_t length = file.length();
-    return length >= 0 && length < int64_t{kStreamBuffer} ? static_cast<size_t>(length) + 1 : kStreamBuffer;
+    return length > 0 && length < int64_t{kStreamBuffer} ? static_cast<size_t>(length) + 1 : kStreamBuffer;
 }
 
 FileReader::FileReader(const char* path, bool text)

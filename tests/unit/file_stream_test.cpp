@@ -37,6 +37,14 @@ TEST(FileReader, FoldsLineEndsWhereverItsBufferEnds) {
     }
 }
 
+#ifdef __linux__
+TEST(FileReader, TakesTheTextThatTheSystemGivesToOneReadOnly) {
+    for (const char* path : {"/proc/sys/kernel/pid_max", "/proc/sys/kernel/ostype", "/proc/filesystems"})
+        for (const bool text : {false, true})
+            EXPECT_EQ(read_by(path, 1, text), test::read_text(path)) << path;
+}
+#endif
+
 // write_by gives what a file holds after a writer that is finished or destroyed before.
 static std::string write_by(const std::string& path, const WriteRules& rules, bool finishes) {
     {
