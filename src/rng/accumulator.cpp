@@ -15,13 +15,13 @@ namespace zul {
 namespace {
 
 // Used under the process lock only. Nothing slow is called while it is held.
-struct Accumulator {
+constinit struct Accumulator {
     EntropyPools pools;
     bool ready;
     bool personalised;
     uint32_t personalisation;
     uint32_t personalisedGeneration; // each forked process starts its own count
-} accumulator;
+} accumulator{};
 
 // When the pools were last drained, for those who do not hold the lock; 0: never. It changes ten times a
 // second at most, so it has a cache line of its own.

@@ -79,8 +79,11 @@ void update(DrbgState& drbg, std::initializer_list<Bytes> provided) {
 
 void produce(DrbgState& drbg, uint8_t* out, size_t size, bool update) {
 #if ZUL_X86_64
-    if (sha1_has_shani())
-        return drbg_produce_shani(drbg, out, size, update);
+    if (sha1_has_shani()) {
+        drbg_produce_shani(drbg, out, size, update);
+        wipe_dead_stack(256); // not every compiler has registers for all of the key
+        return;
+    }
 #endif
     drbg_produce_portable(drbg, out, size, update);
 }

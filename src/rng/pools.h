@@ -60,7 +60,7 @@ class EntropyPools {
     void collect(Events& events, std::span<const Series> readings, size_t start, size_t end,
                  unsigned pool) const;
 
-    Sha1Context pools_[kPools];
+    Sha1Context pools_[kPools] = {};
     uint64_t poolZeroBytes_ = 0; // taken in since pool 0 was last drained
     uint64_t lastReseed_ = 0;
     uint32_t reseedCount_ = 0;
