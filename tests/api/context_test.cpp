@@ -263,6 +263,7 @@ TEST(Contexts, AreNotBegunForTheWrongThing) {
         {__LINE__, NOT_SUPPORTED_ERROR, cipher("aes-128-gcm", 16, 16, 0)},
         {__LINE__, NOT_SUPPORTED_ERROR, cipher("aes-128", 16, 16, 0)},
         {__LINE__, BAD_KEY_LEN_ERROR, cipher("aes-128-cbc", 24, 16, 0)},
+        {__LINE__, BAD_KEY_LEN_ERROR, cipher("aes-128-cbc", 0, 16, 0)},
         {__LINE__, BAD_IV_ERROR, cipher("aes-128-cbc", 16, 12, 0)},
         {__LINE__, BAD_IV_ERROR, cipher("aes-128-ecb", 16, 16, 0)},
         {__LINE__, BAD_PARAM_ERROR, cipher("aes-128-cbc", -16, 16, 0)},

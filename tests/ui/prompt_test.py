@@ -100,6 +100,7 @@ class TerminalTest(unittest.TestCase):
              "result=1 code=0 password=[k]"),
             (b"k\n", {"prompt": "a\x1b[31m\x7f\u00e9\u009b\r\n$\t\r", "shown": b"a?[31m?\xc3\xa9\xc2?\r\n$ ? "},
              "result=1 code=0 password=[k]"),
+            (b"k\n", {"prompt": os.fsdecode(b"\xf5\x90\x90\x90"), "shown": b"\xf5??? "}, "result=1 code=0 password=[k]"),
         ]:
             with self.subTest(keys=keys, texts=texts):
                 self.assertEqual(self.ask(keys, **texts), expected + " used=0")
