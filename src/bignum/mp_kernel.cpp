@@ -40,9 +40,10 @@ void mp_kernel_square(DIGIT_T* w, const DIGIT_T* x, size_t n) {
 namespace {
 
 // Vectors and columns that did not fit the registers are left on the stack: those of the kernels above 2,056
-// bits take up to 13 KB, as compilers go, and below 1,036 bits 3 KB.
+// bits take up to 13 KB, as compilers go, and up to 1,036 bits 3 KB. Both lengths end within a digit, and the
+// longer kernel works from there on.
 void wipe_kernel_stack(size_t digits) {
-    wipe_dead_stack(digits > 65 ? 16384 : digits > 33 ? 6144 : 4096);
+    wipe_dead_stack(digits > 2056 / kDigitBits ? 16384 : digits > 1036 / kDigitBits ? 6144 : 4096);
 }
 
 } // namespace
