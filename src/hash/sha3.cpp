@@ -31,8 +31,11 @@ bool has_avx512() {
 
 void absorb(Sha3Context& context, const uint8_t* data, size_t rate, size_t blocks) {
 #if ZUL_X86_64
-    if (has_avx512())
-        return keccak_absorb_avx512(context.lanes, data, rate, blocks);
+    if (has_avx512()) {
+        keccak_absorb_avx512(context.lanes, data, rate, blocks);
+        wipe_dead_stack(128); // compilers keep some of the lanes there
+        return;
+    }
     if (has_bmi())
         return keccak_absorb_bmi(context.lanes, data, rate, blocks);
 #endif
