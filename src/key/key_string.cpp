@@ -150,7 +150,7 @@ size_t key_string_most(KeyKind kind, size_t bits) {
     // RSAPrivateKey: two numbers as long as the modulus, five half as long, e, the version, their headers of
     // up to five bytes each with a leading zero. Around it the protection: a mark, up to 26 bytes.
     const size_t bytes = (bits + 7) / 8;
-    return b64_encoded_length(kMark + 26 + 2 * bytes + 5 * (bytes / 2 + 1) + 4 + 10 * 5);
+    return b64_encoded_length(kMark + 26 + 2 * bytes + 5 * (bytes / 2 + 1) + 4 + size_t{10} * 5);
 }
 
 int key_string_read(const char* text, Key& key) {

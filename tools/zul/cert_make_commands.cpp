@@ -55,14 +55,14 @@ struct Contents {
 
     std::string begin() const { return from.empty() ? "" : date_text(from, "--from", "T00:00:01"); }
     std::string end() const {
-        const std::string end = until.empty() ? "" : date_text(until, "--until", "T23:59:59");
+        std::string end = until.empty() ? "" : date_text(until, "--until", "T23:59:59");
         if (!end.empty() && (from.empty() ? now_text(60) : begin()) > end)
             throw UsageError("--until lies before the beginning");
         return end;
     }
 
     std::string checked_serial() const {
-        const std::string number = serial_hex(serial, "--serial");
+        std::string number = serial_hex(serial, "--serial");
         constexpr size_t kDigits = 40;
         if (number == "00" || number.size() > kDigits || (number.size() == kDigits && number[0] > '7'))
             throw UsageError("--serial of a certificate is at least 1 and has at most 20 bytes, the first of "

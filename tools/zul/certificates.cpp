@@ -103,14 +103,12 @@ std::string readable(std::string_view latin1, bool keepLineFeeds) {
         const auto c = static_cast<unsigned char>(each);
         if (keepLineFeeds && latin1.substr(i).starts_with("\r\n"))
             continue; // the line end of a text file on Windows
-        if (keepLineFeeds && each == '\n') {
+        if (each == '\n' ? keepLineFeeds : c >= 0x20 && c < 0x7F) {
             text += each;
-        } else if (c < 0x20 || (c >= 0x7F && c < 0xA0)) {
+        } else if (c < 0xA0) {
             char escape[8];
             std::snprintf(escape, sizeof escape, "\\x%02x", c);
             text += escape;
-        } else if (c < 0x80) {
-            text += each;
         } else {
             text += static_cast<char>(0xC0 | c >> 6);
             text += static_cast<char>(0x80 | (c & 0x3F));

@@ -41,7 +41,7 @@ class VerifiedMessage {
     void find_signers(const std::vector<Certificate>& certificates, const std::vector<std::string>& hashes);
     void validate(std::vector<Certificate> carried) const;
     std::string trust() const;
-    std::string describe(const Certificate& signer) const;
+    std::string describe(const Certificate& each) const;
 
     const Message& message_;
     const SignatureOptions& options_;

@@ -63,7 +63,7 @@ Finding options_of_library() {
     std::string text;
     bool isGood = true;
     for (const auto& [name, value] : library_options()) {
-        text += (text.empty() ? "" : ", ") + name + "=" + value;
+        text.append(text.empty() ? "" : ", ").append(name).append("=").append(value);
         std::error_code ignored;
         if (name == "ErrorLogDir" && !std::filesystem::is_directory(path_of(value), ignored)) {
             text += " (no folder)";

@@ -22,7 +22,7 @@ bool is_coded(const std::string& encoding) {
 
 std::string boundary_of(const MimeEntity& entity) {
     constexpr size_t kLongest = 70;
-    const std::string boundary = entity.type().parameter("boundary");
+    std::string boundary = entity.type().parameter("boundary");
     if (boundary.empty() || boundary.size() > kLongest || !is_ascii_text(boundary) || boundary.ends_with(' '))
         refuse(entity.name, "Its Content-Type has no boundary, or a malformed one.");
     return boundary;

@@ -60,6 +60,7 @@ bool append_line(const char* path, const char* line) {
 
 void local_time_text(char out[27]) {
     const time_t now = time(nullptr);
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): the runtime has such a text for each thread
     const char* text = ctime(&now);
     snprintf(out, 27, "%.26s", text != nullptr ? text : "");
 }
