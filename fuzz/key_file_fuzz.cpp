@@ -17,7 +17,9 @@ static void require(bool claim) {
         std::abort();
 }
 
-template<class Read, class Write>
+using Read = bool (*)(const asn_Node* list, RsaKey& key);
+using Write = AsnList (*)(const RsaKey& key);
+
 static void round_trip(const asn_Node* list, Read reader, Write writer) {
     RsaKey key, again;
     if (!reader(list, key))
