@@ -64,7 +64,7 @@ void sum_by_messages(const HmacContext& key, uint8_t* sum, uint8_t* u, uint32_t 
 }
 
 // How deep the kernels of the rounds leave words of the key's state.
-constexpr size_t kKernelDepth = 12 * 1024;
+constexpr size_t kKernelDepth = size_t{12} * 1024;
 
 PbkdfSum* sum_for(int hashAlg) {
     switch (hashAlg) {

@@ -165,7 +165,7 @@ bool XmlReader::read_reference() {
         number = referred_number(reference);
     for (const auto& entity : kPredefined)
         if (reference == entity.name)
-            number = static_cast<uint32_t>(entity.character);
+            number = static_cast<uint8_t>(entity.character);
     if (number == 0)
         return false;
     text_ = {character_, encode_utf8(character_, number)};

@@ -25,7 +25,7 @@ class XmlReader {
     size_t depth() const { return depth_; }         // of open elements: 1 after the start of the root
     std::string_view name() const { return name_; } // of the element started or ended, without its prefix
     std::string_view text() const { return text_; } // valid until the next step
-    std::string_view attribute(std::string_view name) const; // of the element started: empty if it has none
+    std::string_view attribute(std::string_view wanted) const; // of the element started: empty if it has none
 
   private:
     Event read();

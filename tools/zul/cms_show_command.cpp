@@ -81,7 +81,7 @@ std::string certificates(const Message& message, JsonArray& list) {
         object.add("isReadable", true);
         for (const char* name : {"subjectName", "issuerName", "serialNumber", "notAfter"}) {
             const std::string label = "  " + std::string(name) + ":", value = query(each.argument, name);
-            text += label + std::string(30 - label.size(), ' ') + value + "\n";
+            text.append(label).append(30 - label.size(), ' ').append(value).append("\n");
             object.add(name, value);
         }
         list.add(object);
@@ -101,7 +101,7 @@ const Kind& kind_of(const Message& message) {
     if (second >= 0)
         return kEnveloped;
     if (!isOther)
-        throw asSigned;
+        throw Refused(asSigned);
     throw Refused::by_library(second, message.name(), "It is neither a signed nor an enveloped message.");
 }
 

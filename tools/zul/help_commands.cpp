@@ -100,7 +100,9 @@ void print_completions(const CLI::App& app, const std::string& shell) {
 std::string day_of(const std::string& built) {
     const std::string months = "JanFebMarAprMayJunJulAugSepOctNovDec";
     const size_t month = months.find(built.substr(0, 3)) / 3 + 1;
-    const auto two_digits = [](std::string number) { return number.size() < 2 ? "0" + number : number; };
+    const auto two_digits = [](const std::string& number) {
+        return number.size() < 2 ? "0" + number : number;
+    };
     return built.substr(7, 4) + "-" + two_digits(std::to_string(month)) + "-" +
            two_digits(CLI::detail::trim_copy(built.substr(4, 2)));
 }

@@ -190,6 +190,7 @@ std::string see_also(const Command& root, const Command& command) {
     find_path(root, command, path);
     std::vector<std::string> names;
     path.pop_back();
+    names.reserve(path.size());
     for (const Command* above : path)
         names.push_back(man_page_name(*above));
     if (!path.empty() && path.size() > 1)

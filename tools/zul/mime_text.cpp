@@ -40,7 +40,7 @@ SecretBytes base64_of(std::string_view content) {
 }
 
 SecretBytes decode_base64(std::string_view body, const std::string& name) {
-    constexpr size_t kPiece = 64 * 1024;
+    constexpr size_t kPiece = size_t{64} * 1024;
     SecretBytes out, text;
     out.reserve(body.size() / 4 * 3);
     text.reserve(kPiece + 1);
@@ -286,6 +286,7 @@ std::string date_now() {
     constexpr const char* kMonths[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                                        "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
     const std::time_t now = std::time(nullptr);
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): the thread of commands alone asks for dates
     const tm* utc = std::gmtime(&now);
     char text[64] = "";
     if (utc != nullptr)

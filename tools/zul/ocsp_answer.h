@@ -31,10 +31,10 @@ class OcspResponse {
     const std::vector<OcspStatus>& statuses() const { return statuses_; }
     // has_known_algorithm tells whether signer can verify the signature.
     bool has_known_algorithm() const { return !algorithm_.empty(); }
-    // signer gives who signed, in words: the issuer, or a certificate in the response that the issuer has
-    // given this purpose (RFC 6960, 4.2.2.2). Refused if none of them did. moment is that of the check, empty
-    // for now.
-    std::string signer(const Certificate& issuer, const std::string& moment) const;
+    // signer gives who signed, in words: the issuer, whose certificate it takes, or a certificate in the
+    // response that the issuer has given this purpose (RFC 6960, 4.2.2.2). Refused if none of them did.
+    // moment is that of the check, empty for now.
+    std::string signer(const Certificate& certificate, const std::string& moment) const;
     // refuse_others_than refuses statuses of certificates that another authority has issued.
     void refuse_others_than(const ObjectArgument& issuer) const;
 

@@ -87,7 +87,7 @@ StatusLine::~StatusLine() {
         return;
     if (width_ > 0) {
         const std::string wiped = "\r" + std::string(width_, ' ') + "\r";
-        std::fwrite(wiped.data(), 1, wiped.size(), stderr);
+        static_cast<void>(std::fwrite(wiped.data(), 1, wiped.size(), stderr));
     }
     isInUse = false;
 }
@@ -108,7 +108,7 @@ void StatusLine::show(std::string text) {
     text.append(std::min(width_, most) - std::min({width_, most, width}), ' ');
     width_ = width;
     text.insert(0, 1, '\r');
-    std::fwrite(text.data(), 1, text.size(), stderr);
+    static_cast<void>(std::fwrite(text.data(), 1, text.size(), stderr));
 }
 
 } // namespace tool
