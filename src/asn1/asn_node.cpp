@@ -9,6 +9,7 @@ namespace zul {
 
 asn_Node* asn_make_node(uint32_t cls, uint32_t tag, size_t n) {
     const size_t contentSize = n == 0 ? 0 : n + 1;
+    // cppcheck-suppress legacyUninitvar ; it takes the placement for a read
     auto* node = new (emalloc(sizeof(asn_Node) + contentSize)) asn_Node{};
     node->cls = cls;
     node->tag = tag;

@@ -184,6 +184,13 @@ struct State {
     V left[8], right[8]; // groups
 };
 
+ZUL_VBMI void half_to_places(V (&half)[8]) {
+    exchange_bytes(half);
+    exchange_words(half);
+    for (unsigned group = 0; group < 8; group++)
+        half[group] = look_up(kTables.toPlaces[group], half[group]);
+}
+
 // With its bits transposed a block has in byte 6 - 2r row r of the left half after the initial permutation,
 // its highest bit first, in byte 7 - 2r of the right half.
 ZUL_VBMI void load_blocks(State& state, const uint64_t* batch) {
@@ -201,12 +208,8 @@ ZUL_VBMI void load_blocks(State& state, const uint64_t* batch) {
         state.left[i] = _mm512_multishift_epi64_epi8(groups, _mm512_permutexvar_epi8(leftBytes, rows));
         state.right[i] = _mm512_multishift_epi64_epi8(groups, _mm512_permutexvar_epi8(rightBytes, rows));
     }
-    for (V(*half)[8] : {&state.left, &state.right}) {
-        exchange_bytes(*half);
-        exchange_words(*half);
-        for (unsigned group = 0; group < 8; group++)
-            (*half)[group] = look_up(kTables.toPlaces[group], (*half)[group]);
-    }
+    half_to_places(state.left);
+    half_to_places(state.right);
 }
 
 ZUL_VBMI V row_of(const V (&half)[8], size_t r) {

@@ -22,7 +22,7 @@ inline void wipe_fixed(void* buffer) {
         auto* bytes = static_cast<uint8_t*>(buffer);
         constexpr size_t kFirst = length % kStep;
 #pragma GCC unroll 4
-        for (size_t end = length; end > kFirst; end -= kStep)
+        for (size_t end = length; end > kFirst; end -= kStep) // cppcheck-suppress constStatement
             std::memset(bytes + end - kStep, 0, kStep);
         std::memset(bytes, 0, kFirst);
         __asm__ volatile("" : : "r"(bytes) : "memory");
