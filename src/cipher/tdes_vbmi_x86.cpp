@@ -4,6 +4,7 @@
 
 #if ZUL_X86_64
 
+#include <algorithm>
 #include <immintrin.h>
 #include <utility>
 
@@ -283,9 +284,9 @@ ZUL_TARGET_VBMI void set_key(TdesBitKey& prepared, const TdesKey& key) {
     V bytes[8];
 #pragma GCC unroll 8
     for (size_t i = 0; i < 8; i++) {
-        const size_t left = 8 * i < kKeyWords ? kKeyWords - 8 * i : 0;
+        const size_t begin = std::min<size_t>(8 * i, kKeyWords), left = kKeyWords - begin;
         bytes[i] = _mm512_maskz_loadu_epi64(static_cast<__mmask8>(left < 8 ? (1u << left) - 1 : 0xFF),
-                                            key.words + 8 * i);
+                                            key.words + begin);
     }
     exchange_bytes(bytes);
     exchange_words(bytes);
