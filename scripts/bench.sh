@@ -31,6 +31,7 @@ fi
 
 "${first[@]}" build/native/bench --json=build/bench.json
 processes() {
+    export ZUL_ALLOW_ARGUMENT_SECRETS=1
     python3 bench/whole_process.py build/native/zul
     echo
     python3 bench/large_crl.py build/native/zul

@@ -106,7 +106,8 @@ def page(run_file, processes_file):
     run = json.loads(Path(run_file).read_text())
     rows = run["rows"]
     behind = [row for row in rows if row["ratio"] < 0.995 and row["unit"] != "Mcalls/s"]
-    lines = [BEGIN, "", f"Measured on {datetime.date.today()}.", ""]
+    lines = [BEGIN, "", f"Measured on {datetime.date.today()}, {run['slices']} pairs of slices of "
+             f"{1000 * run['seconds']:.0f} ms for each row.", ""]
     lines += ["| | |", "|---|---|"] + [f"| {subject} | {text} |" for subject, text in run["machine"]]
     against = [row for row in rows if row["unit"] != "Mcalls/s"]
     lines += ["", f"{len(against)} rows have a peer, and {len(behind)} of them are below 1: "
