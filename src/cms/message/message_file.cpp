@@ -29,7 +29,8 @@ int message_write(const char* path, const asn_Node* message, int options, const 
     }
     if (out.finish())
         return 0;
-    return err_fail(WRITE_ERROR, "Cannot write file %s", shown_name(path));
+    err_add_text("Cannot write file %s", shown_name(path));
+    return asBase64 ? err_fail(WRITE_ERROR, "Error converting to base64") : int{WRITE_ERROR};
 }
 
 } // namespace zul
