@@ -309,7 +309,7 @@ ZUL_TARGET_VBMI void crypt(const TdesBitKey& key, bool decrypts, uint64_t* batch
     const ptrdiff_t step = decrypts ? -1 : 1, first = decrypts ? kKeyWords - 1 : 0;
     State state;
     load_blocks(state, batch);
-    // The exchange of the halves that ends a pass is one of names.
+    // The halves are exchanged at the end of a pass, here by their names.
     pass(state.left, state.right, {key, first, step});
     pass(state.right, state.left, {key, first + kPass * step, step});
     pass(state.left, state.right, {key, first + 2 * kPass * step, step});
