@@ -1,3 +1,4 @@
+#include "cert/path/crl_scope.h"
 #include "cert/path/name_constraints.h"
 #include "cert/path/path_conditions.h"
 #include "cert/path/policy_graph.h"
@@ -118,6 +119,46 @@ TEST(PolicyGraph, GrowsWithItsInput) {
     extensions.policies = view(policies);
     EXPECT_EQ(PolicyGraph().add_certificate(extensions, true, budget), BAD_FORMAT_ERROR);
     err_clear();
+}
+
+// The names of a certificate's CRLs are paid for by what is digested, then by the pairs that are compared.
+TEST(CrlScope, IsPaidFor) {
+    Bytes names, emptyPoints;
+    for (int i = 0; i < 200; i++) {
+        append(names, {0x82, 0x01, 'a'});
+        append(emptyPoints, {0x30, 0x00, 0x30, 0x00});
+    }
+    const Bytes issuer = element(0x30, names);
+    Bytes altName = test::from_hex("0603551d12");
+    append(altName, element(0x04, issuer));
+    const struct {
+        Bytes extensions, points;
+    } rows[] = {{element(0x30, altName), {}},
+                {{}, emptyPoints},
+                {{}, element(0x30, element(0xA2, names))}, // cRLIssuer
+                {{}, element(0x30, element(0xA0, element(0xA1, names)))},
+                {{}, element(0x30, element(0xA0, element(0xA0, names)))}};
+    const int64_t digests = 400 * 300, octets = static_cast<int64_t>(issuer.size());
+    CrlScope scope;
+    for (const auto& row : rows) {
+        CertificateView certificate;
+        certificate.issuer = view(issuer);
+        certificate.extensions = view(row.extensions);
+        CertExtensions extensions;
+        extensions.crlDistributionPoints = view(row.points);
+        PathBudget budget, small;
+        ASSERT_TRUE(small.take(PathBudget::kMaxCost - digests - PathBudget::kCostOfNameOctet * octets + 1));
+        EXPECT_FALSE(CrlScope().read(certificate, extensions, small)) << &row - rows;
+        scope = CrlScope();
+        EXPECT_TRUE(scope.read(certificate, extensions, budget)) << &row - rows;
+    }
+    CrlRecord crl;
+    crl.issuer = scope.certificate_issuer();
+    crl.extensions.issuingPoint.name.fullName = view(names);
+    PathBudget budget, small;
+    ASSERT_TRUE(small.take(PathBudget::kMaxCost - 200 * 200 * 12));
+    EXPECT_EQ(scope.reasons(crl, small), 0U);
+    EXPECT_EQ(scope.reasons(crl, budget), kAllReasons);
 }
 
 // RFC 3161, 2.3.

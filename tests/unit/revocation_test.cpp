@@ -4,6 +4,7 @@
 
 #include "cert/names/name_match.h"
 #include "cert/path/cert_signature.h"
+#include "cert/path/crl_signer_paths.h"
 #include "cert/path/evidence.h"
 #include "cert/path/revocation.h"
 #include "encode/base64.h"
@@ -100,22 +101,52 @@ TEST(Revocation, StatusFromEvidence) {
         ObjectList certificates;
         add(certificates, objects, certificates_of(vector));
         Chain chain(certificates);
-        std::string names = vector.text("Evidence");
-        for (const char* order : {"as written", "reversed"}) {
+        const std::string names = vector.text("Evidence");
+        const auto status_of = [&](const std::string& evidenceNames, PathBudget& budget) {
             ObjectList list;
-            add(list, objects, names);
+            add(list, objects, evidenceNames);
             Evidence evidence;
             evidence.read(list);
-            PathBudget budget;
             err_set_text("before");
             const RevocationAnswer answer =
                 check_revocation({evidence, chain, vector.number("Time"), budget}, chain.link(1));
-            EXPECT_EQ(text_of(answer), vector.text("Status")) << order << ": " << answer.text;
             EXPECT_STREQ(err_text(), "before");
-            names = reversed(names);
+            return text_of(answer);
+        };
+        PathBudget budget, another;
+        EXPECT_EQ(status_of(names, budget), vector.text("Status"));
+        EXPECT_EQ(status_of(reversed(names), another), vector.text("Status"));
+        // Wherever on the way the budget ends, the status is not good.
+        bool isSpent = true;
+        for (int64_t left = 0; isSpent; left += left / 16 + 200) {
+            PathBudget small;
+            ASSERT_TRUE(small.take(PathBudget::kMaxCost - left));
+            const std::string status = status_of(names, small);
+            isSpent = small.is_spent();
+            EXPECT_TRUE(!isSpent || status != "good") << left;
         }
     }
     err_clear();
+}
+
+// Looking for the signers of a CRL is paid for by what is digested and by the candidate.
+TEST(Revocation, SignersArePaidFor) {
+    ObjectList list;
+    ASSERT_EQ(list.add(test::data_path("x509/ca.pem").c_str()), 0);
+    CertPool pool;
+    pool.add(list, 0, false);
+    pool.index();
+    CertificateView signer;
+    ASSERT_EQ(certificate_view_read(list[0].der, signer), 0);
+    PathConditions conditions; // at a time before all certificates
+    CrlSignerPaths signers(pool, conditions);
+    const int64_t cost = PathBudget::kCostOfNameOctet * static_cast<int64_t>(signer.subject.size) + 1000;
+    for (const bool isEnough : {false, true}) {
+        PathBudget budget;
+        ASSERT_TRUE(budget.take(PathBudget::kMaxCost - cost + (isEnough ? 0 : 1)));
+        EXPECT_EQ(signers.candidate(signer.subject, {}, {}, 0, budget), nullptr);
+        EXPECT_EQ(budget.is_spent(), !isEnough);
+    }
 }
 
 // Anybody can write CRLs in the name of an issuer. They cost a bounded amount of work, and what was not
