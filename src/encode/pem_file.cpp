@@ -9,6 +9,11 @@
 namespace zul {
 namespace {
 
+// read_input has one code for an input that cannot be read, whether or not it can be opened.
+[[nodiscard]] int read_input(const char* path, SecretBuffer& content) {
+    return read_whole_file(path, content) == 0 ? 0 : OPEN_ERROR;
+}
+
 [[nodiscard]] int finish_writing(FileWriter& out, const char* path) {
     return out.finish() ? 0 : err_fail(WRITE_ERROR, "Cannot write file '%s'", shown_name(path));
 }
@@ -17,7 +22,7 @@ namespace {
 
 int pem_file_from_file(const char* outPath, const char* inPath, const char* label, int lineLen) {
     SecretBuffer content;
-    if (int error = read_whole_file(inPath, content))
+    if (int error = read_input(inPath, content))
         return error;
     FileWriter out(outPath);
     if (!out.is_open())
@@ -28,7 +33,7 @@ int pem_file_from_file(const char* outPath, const char* inPath, const char* labe
 
 int pem_file_to_file(const char* outPath, const char* inPath) {
     SecretBuffer content;
-    if (int error = read_whole_file(inPath, content))
+    if (int error = read_input(inPath, content))
         return error;
     size_t bodyLen = 0;
     const char* body = pem_find_body(content.text(), content.size(), &bodyLen);

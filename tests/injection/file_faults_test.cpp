@@ -86,6 +86,7 @@ using enum FileOperation;
 const Exception kExceptions[] = {
     {"", nullptr, {replace}, kSuccess, "a file that cannot be replaced is written in place"},
     {"WIPE_File", nullptr, {read, write, seek, commit, close, remove}, WIPE_ERROR, "one code for all passes"},
+    {"PEM_", nullptr, {read}, OPEN_ERROR, "one code for an input that cannot be read"},
     {"HASH_", nullptr, {read}, kLess, "a read error ends the message"},
     {"RNG_", nullptr, {open}, PRNG_ERR_FILE_OPEN, "codes of its own"},
     {"RNG_", nullptr, {create}, PRNG_ERR_FILE_CREATE, "codes of its own"},
