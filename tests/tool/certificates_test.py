@@ -281,6 +281,7 @@ class Certificates(ToolTest):
             self.assertEqual(result.returncode, 0)
             self.assertIn(b"out of date: the next list was due at 2056-07-01T00:00:00Z", result.stderr)
         self.refused(1, "crl check alice.pem --crl missing", says="zul: missing:")
+        self.tells_of_full_output("crl check alice.pem --crl inter.crl", "crl check alice.pem --crl inter.crl --json")
 
     def test_lists_go_on_from_earlier_ones(self):
         openssl("genpkey -algorithm ed25519 -out ca.key")

@@ -64,6 +64,12 @@ class Others(ToolTest):
             self.assertRegex(result.stdout.decode(), r"(?m)^  FAILED  temporary files .*error 2")
             self.assertEqual(result.stdout.count(b"FAILED"), 1)
 
+    def test_full_output(self):
+        write("a.der", bytes.fromhex("3003020105"))
+        write("damaged.der", bytes.fromhex("3003020501"))
+        self.tells_of_full_output("version", "version --json", "--help", "help hash", "error", "doctor", "completions bash", "random 16 --hex", "der a.der",
+                                  "der damaged.der", "der a.der --json", "hash md5 in.bin", "encode hex in.bin -", "identity", "man --page hash")
+
     def test_help(self):
         overview = self.done("--help").decode()
         commands = ("hash hmac encrypt decrypt seal open identity wrap unwrap key sign verify rsa-encrypt rsa-decrypt ca cert request "

@@ -97,6 +97,13 @@ class ToolTest(unittest.TestCase):
         os.close(writer)
         self.assertEqual([name for name in os.listdir() if name.startswith("zul-")], [])
 
+    def tells_of_full_output(self, *commands):
+        if len(TOOL) == 1 and os.path.exists("/dev/full"):
+            with open("/dev/full", "wb") as full:
+                for command in commands:
+                    result = subprocess.run([*TOOL, *command.split()], stdout=full, stderr=subprocess.PIPE)
+                    self.assertEqual((result.returncode, result.stderr), (1, b"zul: standard output: error 4: File write error\n"), command)
+
 
 def start_desktop():
     """The first program of a session that asks for windows, as the random generator does, starts Wine's desktop, and

@@ -196,7 +196,7 @@ struct CheckCrlCommand {
         } catch (const Refused& refused) {
             if (json)
                 print_verdict(&refused, about);
-            if (!isRevoked)
+            if (!json || !isRevoked)
                 throw;
         }
         if (isRevoked)

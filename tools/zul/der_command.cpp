@@ -17,7 +17,6 @@ constexpr size_t kBytesInLine = 16;
 // Listing gathers lines: the bytes can be those of a private key.
 class Listing {
   public:
-    ~Listing() { flush(); } // what precedes the damage of an encoding is shown too
     void add(std::string_view text) { lines_.insert(lines_.end(), text.begin(), text.end()); }
     void indent(size_t count) { lines_.insert(lines_.end(), count, ' '); }
     void add_bytes(const unsigned char* bytes, size_t count) {
@@ -31,19 +30,17 @@ class Listing {
         if (lines_.size() >= kChunk)
             flush();
     }
-
-  private:
     void flush() {
-        if (!lines_.empty())
-            std::fwrite(lines_.data(), 1, lines_.size(), stdout);
+        output_.write(lines_);
         lines_.clear();
     }
+
+  private:
     SecretBytes lines_;
+    Output output_{"-"};
 };
 
-void list(const SecretBytes& bytes, const std::string& name) {
-    Listing listing;
-    DerWalk walk(bytes, name);
+void list_elements(DerWalk& walk, Listing& listing) {
     for (DerElement element; walk.next(element);) {
         listing.indent(3 * element.level);
         listing.add_bytes(element.header, element.headerSize);
@@ -62,6 +59,18 @@ void list(const SecretBytes& bytes, const std::string& name) {
             listing.end_line();
         }
     }
+}
+
+void list(const SecretBytes& bytes, const std::string& name) {
+    Listing listing;
+    DerWalk walk(bytes, name);
+    try {
+        list_elements(walk, listing);
+    } catch (const Refused&) {
+        listing.flush(); // what precedes the damage of an encoding is shown too
+        throw;
+    }
+    listing.flush();
 }
 
 JsonObject der_object(const SecretBytes& bytes, const std::string& name) {
