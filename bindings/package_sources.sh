@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # package_sources.sh OUTDIR LANGUAGE FOLDER FILE...: zulcore-LANGUAGE-VERSION.tar.gz, a reproducible archive of a binding that
-# is handed out as sources, without this project's own scripts, together with modules and other files. All have the time
-# SOURCE_DATE_EPOCH.
+# is handed out as sources, without its tests and this project's own scripts, together with modules and other files. All have
+# the time SOURCE_DATE_EPOCH.
 set -euo pipefail
 version=$(sed -n 's/^project(zulcore VERSION \([0-9.]*\) .*/\1/p' "$(dirname "$0")/../CMakeLists.txt")
 name=zulcore-$2-${version:?}
@@ -10,7 +10,7 @@ shift 3
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cp -r "$folder" "$work/$name"
-rm -f "$work/$name/package.sh" "$work/$name"/*.hand.bas
+rm -rf "$work/$name/tests" "$work/$name/package.sh" "$work/$name"/*.hand.bas
 cp "$(dirname "$0")/../LICENSE" "$work/$name/"
 for module in "$@"; do
     soname=

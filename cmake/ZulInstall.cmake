@@ -51,7 +51,7 @@ install(FILES ${CMAKE_BINARY_DIR}/zulcore.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}
 install(FILES LICENSE DESTINATION ${docFolder} COMPONENT runtime)
 install(DIRECTORY docs/ DESTINATION ${docFolder} COMPONENT development
         FILES_MATCHING PATTERN *.md PATTERN *.json PATTERN *.svg)
-install(DIRECTORY bindings/cpp DESTINATION ${docFolder} COMPONENT development)
+install(DIRECTORY bindings/cpp DESTINATION ${docFolder} COMPONENT development PATTERN tests EXCLUDE)
 install(DIRECTORY examples DESTINATION ${docFolder} COMPONENT development PATTERN __pycache__ EXCLUDE)
 
 # The tool's own description, where the build has made it.

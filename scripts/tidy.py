@@ -5,7 +5,7 @@ Most of its time goes into the headers of the standard library. Files are theref
 file included them; those that would misunderstand each other, because they name something of their own alike, stand in
 different batches. A batch that does not compile all the same is read again file by file.
 
---deep: the static analyzer too, and tests, fuzz targets, benchmarks and examples as well. Takes an hour or so.
+--deep: the static analyzer too, and tests, fuzz targets, benchmarks, examples and bindings as well. Takes an hour or so.
 """
 
 import concurrent.futures
@@ -95,7 +95,7 @@ def main():
     deep = "--deep" in arguments
     files = [argument for argument in arguments if argument != "--deep"]
     if not files:
-        folders = ["src", "tools"] + (["tests", "fuzz", "bench", "examples"] if deep else [])
+        folders = ["src", "tools"] + (["tests", "fuzz", "bench", "examples", "bindings"] if deep else [])
         files = sorted(str(path) for folder in folders for path in pathlib.Path(folder).rglob("*.cpp")
                        if deep or str(path) not in LEFT_OUT)
     work = [{"files": [file], "flags": flags_of(file)} for file in files] if deep else batches(files)

@@ -65,6 +65,7 @@ class LinuxPackages(PackageTest):
         with tarfile.open(self.packages / f"{LINUX}.tar.gz") as archive:
             contents.update({"linux/" + member.name.partition("/")[2]: archive.extractfile(member).read()
                              for member in archive if member.isfile()})
+        self.assertEqual([name for name in contents if "/tests/" in name], [])
         self.assertEqual({name: hashlib.sha256(content).hexdigest() for name, content in contents.items()},
                          {name: part["hashes"][0]["content"] for name, part in components.items() if part["type"] == "file"})
 
@@ -78,7 +79,9 @@ class LinuxPackages(PackageTest):
             self.assertEqual(hashlib.sha256((folder / name).read_bytes()).hexdigest(), digest, name)
         for language in ("go", "java", "pascal", "vba"):
             with tarfile.open(folder / f"zulcore-{language}-{VERSION}.tar.gz") as archive:
-                self.assertEqual({member.name.partition("/")[0] for member in archive}, {f"zulcore-{language}-{VERSION}"})
+                names = [member.name.split("/") for member in archive]
+            self.assertEqual({name[0] for name in names}, {f"zulcore-{language}-{VERSION}"})
+            self.assertEqual([name for name in names if "tests" in name], [])
 
     def test_lintian_finds_no_errors(self):
         done = subprocess.run(["lintian", "--fail-on", "error", *self.packages.glob("*.deb")], capture_output=True, text=True)

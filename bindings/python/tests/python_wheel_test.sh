@@ -23,7 +23,7 @@ cmp unpacked/zulcore-*/zulcore/zulcore.dll zulcore.dll
 
 /usr/bin/python3 -m venv --system-site-packages venv
 venv/bin/pip install -q --no-index one/*-manylinux_2_*_x86_64.whl
-venv/bin/python "$root/tests/bindings/python_test.py" "$root"
+venv/bin/python "$root/bindings/python/tests/python_test.py" "$root"
 
 # setuptools leaves folders in the sources.
 cp -r "$root/bindings/python" sources

@@ -7,7 +7,7 @@ mkdir -p bin units temp
 export TEMP=$PWD/temp TMP=$PWD/temp TMPDIR=$PWD/temp
 options=(-Mdelphi -O1 -FEbin -FUunits "-Fu$root/bindings/pascal")
 if [ -n "$wine" ]; then
-    "$root/tests/bindings/pascal_rtl.sh" "$PWD/rtl"
+    "$root/bindings/pascal/tests/pascal_rtl.sh" "$PWD/rtl"
     cp "$module" bin/zulcore.dll
     options=(-n -Twin64 -Furtl "${options[@]}")
     suffix=.exe
@@ -28,7 +28,7 @@ run() {
     ${wine:+"$wine"} "bin/$program$suffix" "$@"
 }
 
-for source in "$root"/tests/bindings/pascal/bindings_test.pas "$root"/bindings/pascal/examples/*.pas; do
+for source in "$root"/bindings/pascal/tests/bindings_test.pas "$root"/bindings/pascal/examples/*.pas; do
     compile "$source"
 done
 run bindings_test "${wine:+Z:}$root/tests/data/bindings/vectors.txt"

@@ -6,13 +6,11 @@ export GOCACHE=$PWD/cache GOPATH=$PWD/path GOPROXY=off GOFLAGS=-mod=mod GO111MOD
 export CGO_LDFLAGS="-L$folder -Wl,-rpath,$folder" ZUL_VECTORS=$root/tests/data/bindings/vectors.txt
 work=$PWD
 cd "$root/bindings/go"
-[ -z "$(gofmt -l . ../../tests/bindings/go)" ]
+[ -z "$(gofmt -l .)" ]
 go vet ./...
 mkdir -p "$work/bin"
 go build -o "$work/bin/" ./examples/...
-cd "$root/tests/bindings/go"
-go vet .
-go test -count=1 .
+go test -count=1 ./tests
 
 cd "$work"
 printf abc >message

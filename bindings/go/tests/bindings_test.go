@@ -1,5 +1,5 @@
 // What bindings/go computes, refuses and wipes. ZUL_VECTORS names the file of the vectors.
-package bindingstest
+package tests
 
 import (
 	"bytes"

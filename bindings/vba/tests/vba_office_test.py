@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """vba_office_test.py ROOT: LibreOffice compiles bindings/vba/zulcore.bas and the examples and runs what needs no library
-(tests/bindings/vba/Main.bas). Copies with a syntax error have to stop it: else it would not be the compiler that agrees."""
+(bindings/vba/tests/Main.bas). Copies with a syntax error have to stop it: else it would not be the compiler that agrees."""
 import html
 import os
 import pathlib
@@ -66,7 +66,7 @@ def heard(match):
 
 
 def main():
-    modules = {"Main": (ROOT / "tests/bindings/vba/Main.bas").read_text()}
+    modules = {"Main": (ROOT / "bindings/vba/tests/Main.bas").read_text()}
     for path in [ROOT / "bindings/vba/zulcore.bas", *sorted((ROOT / "bindings/vba/examples").glob("*.bas"))]:
         source = path.read_bytes().decode("ascii")
         modules[re.match(r'Attribute VB_Name = "(\w+)"', source)[1]] = source

@@ -6,7 +6,7 @@ export ZULCORE_LIBRARY=$2
 jna=/usr/share/java/jna.jar
 rm -rf classes
 javac -Xlint:all,-try -Werror -cp "$jna" -d classes "$root"/bindings/java/src/zulcore/*.java \
-    "$root"/bindings/java/examples/*.java "$root"/tests/bindings/java/*.java
+    "$root"/bindings/java/examples/*.java "$root"/bindings/java/tests/*.java
 run() {
     java -XX:TieredStopAtLevel=1 -Xshare:auto -cp "classes:$jna" "$@"
 }

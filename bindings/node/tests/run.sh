@@ -3,7 +3,7 @@
 # or under Wine. The packages that it needs are installed once under build/.
 set -eu
 root=$1 module=$2 system=${3:-}
-here=$root/tests/bindings/node
+here=$root/bindings/node/tests
 packages=$root/build/node
 
 mkdir -p "$packages"

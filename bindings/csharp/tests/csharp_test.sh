@@ -18,14 +18,14 @@ mkdir one two package
 "$csharp/package.sh" one "$module" "$module" >/dev/null
 "$csharp/package.sh" two "$module" "$module" >/dev/null
 cmp one/*.nupkg two/*.nupkg
-python3 "$tests/csharp/nupkg_test.py" one/*.nupkg package
+python3 "$tests/nupkg_test.py" one/*.nupkg package
 
 # Programs without the assembly beside them, so that one build serves every place.
 assembly=$work/package/lib/net45
 compile() {
     mcs -nologo -langversion:6 -warnaserror -r:System.Core.dll -r:"$assembly/Zulcore.dll" -out:"$1" "$2"
 }
-compile BindingsTest.exe "$tests/csharp/BindingsTest.cs"
+compile BindingsTest.exe "$tests/BindingsTest.cs"
 
 # Where the module is found: in the unpacked package; where the variable says; as the system does; beside the assembly, which
 # goes before the variable.
