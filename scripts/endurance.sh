@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# endurance.sh [MINUTES [SEED]]: the long runs of tests/endurance and tests/module, one after the other, on the builds native
-# and windows: a million mixed calls, random calls for so many minutes (30) on each module, 10,000 loads of the DLL. What the
-# test run does of these takes seconds.
+# endurance.sh [MINUTES [SEED]]: the long runs of tests/endurance, fuzz/calls and tests/module, one after the other, on the
+# builds native and windows: a million mixed calls, random calls for so many minutes (30) on each module, 10,000 loads of the
+# DLL. What the test run does of these takes seconds.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 minutes=${1:-30}

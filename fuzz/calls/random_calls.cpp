@@ -25,9 +25,9 @@
 #include <unistd.h>
 #endif
 
-#include "fixtures.h"
+#include "endurance/fixtures.h"
+#include "endurance/process_size.h"
 #include "guarded_block.h"
-#include "process_size.h"
 #include "zulcore.h"
 
 #ifdef ZUL_ENDURANCE_EMBEDDED
