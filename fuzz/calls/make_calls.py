@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""make_calls.py HEADER_MODEL_FOLDER OUT: writes a table of all exports for random_calls.cpp. Each entry draws the arguments
+"""make_calls.py HEADER_MODEL_FOLDER OUT: writes a table of all exports for call_table.cpp. Each entry draws the arguments
 that the declaration asks for and makes the call; what lengths mean to the buffers before them is known by the
 order of the parameters."""
 import pathlib
@@ -8,7 +8,7 @@ import sys
 sys.path.insert(0, sys.argv[1])
 import header_model  # noqa: E402
 
-# Functions whose buffers have no length of their own stand in random_calls.cpp.
+# Functions whose buffers have no length of their own stand in call_table.cpp.
 BY_HAND = {"CIPHER_Bytes", "TDEA_BytesMode", "TDEA_HexMode", "TDEA_B64Mode", "CNV_HexFilter", "CNV_B64Filter"}
 
 
