@@ -120,13 +120,13 @@ int SignedMessage::write(const char* path, int options) {
     return 0;
 }
 
+// take_file tells of a file that cannot be read before it tells of an unknown digest.
 [[nodiscard]] int take_file(SignedMessage& message, const char* path, int options) {
-    if (const int error = message.digest.choose(options))
-        return error;
+    const int unknownDigest = message.digest.choose(options);
     bool isEmpty = false;
-    if (has(options, ZUL_CMS_EXCLUDE_DATA)) {
-        if (const int error =
-                content_digest_of_file(path, message.digest.algorithm, message.digest.bytes, isEmpty))
+    if (unknownDigest != 0 || has(options, ZUL_CMS_EXCLUDE_DATA)) {
+        const int algorithm = unknownDigest != 0 ? int{kDigestSha1} : message.digest.algorithm;
+        if (const int error = content_digest_of_file(path, algorithm, message.digest.bytes, isEmpty))
             return error;
     } else {
         if (const int error = content_from_file(path, {}, message.content))
@@ -135,7 +135,7 @@ int SignedMessage::write(const char* path, int options) {
         isEmpty = element->length == 0;
         message.digest.take(element->data, element->length);
     }
-    return isEmpty ? err_fail(NO_DATA_ERROR, "No data to sign") : 0;
+    return isEmpty ? err_fail(NO_DATA_ERROR, "No data to sign") : unknownDigest;
 }
 
 [[nodiscard]] int take_hex_digest(Digest& digest, const char* hex, int options) {
