@@ -79,12 +79,12 @@ bool is_serial_text(std::string_view text) {
 } // namespace
 
 int ocsp_request(const char* issuerCert, const char* certOrSerial, int hashAlgorithm, SecretBuffer& text) {
-    if (hashAlgorithm < kDigestSha1 || hashAlgorithm > kDigestSha224)
-        return err_fail(BAD_FLAG_ERROR, "Invalid digest algorithm");
     AsnList object, hashes, serial;
     int error = x509_read_certificate(issuerCert, object);
     if (error != 0)
         return error;
+    if (hashAlgorithm < kDigestSha1 || hashAlgorithm > kDigestSha224)
+        return err_fail(BAD_FLAG_ERROR, "Invalid digest algorithm");
     const CertificateFields issuer = certificate_fields(object.head());
     error = issuer_hashes(issuer, hashAlgorithm, hashes);
     if (error == 0)

@@ -86,7 +86,7 @@ TEST(Ocsp, RequestsThatCannotBeMade) {
         {"", cert, 0, BAD_PARAM_ERROR, ""},
         {ca, "", 0, BAD_PARAM_ERROR, ""},
         {cert, cert, 0, -NO_MATCH_ERROR, "Certificate not issued by given issuer certificate"},
-        {path_of("missing"), cert, 0, -OPEN_ERROR, ""},
+        {path_of("missing"), cert, 7, -OPEN_ERROR, ""},
         {ca, path_of("missing"), 0, -OPEN_ERROR, ""},
         {ca, "#x", 0, -OPEN_ERROR, ""}, // the name of a file
         {path_of("good.der"), cert, 0, -BAD_FORMAT_ERROR, "Not a valid X.509 certificate"},
