@@ -14,27 +14,23 @@ class CertCrl : public testing::Test {
     std::string made() const { return read_text(out_); }
     std::string list(const std::string& earlier, const std::string& revoked,
                      const std::string& description = "") const {
-        EXPECT_EQ(issue(earlier, revoked, description), 0) << last_error();
+        EXPECT_RESULT(issue(earlier, revoked, description), 0);
         return made();
     }
     std::string certificate(const std::string& key, const std::string& description) const {
-        EXPECT_EQ(CERT_SelfSign(out_.c_str(), key.c_str(), description.c_str(), 0), 0) << last_error();
+        EXPECT_RESULT(CERT_SelfSign(out_.c_str(), key.c_str(), description.c_str(), 0), 0);
         return made();
     }
     std::string leaf(const std::string& description) const {
-        EXPECT_EQ(CERT_Issue(out_.c_str(), root_.c_str(), rootKey().c_str(), rootKey().c_str(),
-                             description.c_str(), 0),
-                  0)
-            << last_error();
+        EXPECT_RESULT(CERT_Issue(out_.c_str(), root_.c_str(), rootKey().c_str(), rootKey().c_str(),
+                                 description.c_str(), 0),
+                      0);
         return made();
     }
     static bool holds(const std::string& crl, const std::string& hex) {
         return to_hex(der_of(crl)).find(hex) != std::string::npos;
     }
-    static const std::string& rootKey() {
-        static const std::string made = make_key("ed25519");
-        return made;
-    }
+    static const std::string& rootKey() { return kept_key("ed25519"); }
 
     const TempDir dir_;
     const std::string out_ = dir_.file("out.pem");
@@ -131,11 +127,9 @@ TEST_F(CertCrl, RefusesWhatIsWrongByName) {
         many += ";serial=1,issuer='CN=A" + std::to_string(i) + "'";
     EXPECT_RESULT(issue("", many, "indirect"), DUP_ERROR);
     EXPECT_EQ(issue("", many.substr(many.find(';') + 1), "indirect"), 0) << last_error();
-    for (const auto& row : rows) {
-        EXPECT_RESULT(issue(row.earlier, row.revoked, row.description), row.code);
-        EXPECT_NE(last_error().find(row.text), std::string::npos)
-            << row.revoked << " | " << row.description << ": " << last_error();
-    }
+    for (const auto& row : rows)
+        EXPECT_FAILURE_WITH(issue(row.earlier, row.revoked, row.description), row.code, row.text)
+            << row.revoked << " | " << row.description;
     EXPECT_RESULT(issue("", "", "", 2), BAD_FLAG_ERROR);
 }
 

@@ -1,11 +1,6 @@
 #include <algorithm>
-#include <functional>
-#ifndef _WIN32
-#include <csignal>
-#include <sys/resource.h>
-#endif
 
-#include "support/module_calls.h"
+#include "support/key_calls.h"
 
 using test::Bytes;
 using test::last_error;
@@ -16,6 +11,8 @@ std::string path_of(const std::string& file) {
     return test::data_path("cms_envelope/" + file);
 }
 
+const std::string kNotOpened = "error " + std::to_string(DECRYPT_ERROR);
+
 std::string content_of(size_t size) { // that make.py and the tests encrypt
     std::string content;
     for (size_t i = 0; i < size; i++)
@@ -25,43 +22,33 @@ std::string content_of(size_t size) { // that make.py and the tests encrypt
 
 class CmsEnvelope : public testing::Test {
   protected:
-    // opened gives a content by its length and then all of it; "error ..." after a failure.
+    // opened gives a content, or "error ..." after a failure.
     std::string opened(const std::string& message, const char* cert = nullptr) const {
-        const int length = CMS_ReadEnvDataToString(nullptr, 0, message.c_str(), cert, key.c_str(), 0);
-        if (length < 0)
-            return "error " + std::to_string(length);
-        std::string content(static_cast<size_t>(length) + 1, '?');
-        EXPECT_EQ(CMS_ReadEnvDataToString(content.data(), length + 10, message.c_str(), cert, key.c_str(), 0),
-                  length);
-        EXPECT_EQ(content.back(), '\0');
-        content.pop_back();
-        return content;
+        int code = 0;
+        const std::string content = test::text_of(
+            [&](char* out, int room) {
+                return CMS_ReadEnvDataToString(out, room, message.c_str(), cert, key.c_str(), 0);
+            },
+            &code);
+        return code == 0 ? content : "error " + std::to_string(code);
     }
     int number(const std::string& message, const char* query) const {
         return CMS_QueryEnvData(nullptr, 0, message.c_str(), query, 0);
     }
     std::string text(const std::string& message, const char* query) const {
-        std::string out(100, '\0');
-        out.resize(
-            static_cast<size_t>(std::max(CMS_QueryEnvData(out.data(), 100, message.c_str(), query, 0), 0)));
-        return out;
+        return test::text_of(
+            [&](char* out, int room) { return CMS_QueryEnvData(out, room, message.c_str(), query, 0); });
     }
     // changed writes a message in which bytes at a distance from a pattern are others.
     std::string changed(const std::string& file, const std::string& pattern, int distance,
                         const std::string& to) const {
-        Bytes data = test::read_file(path_of(file));
-        const Bytes hex = test::from_hex(pattern), bytes = test::from_hex(to);
-        const auto found = std::search(data.begin(), data.end(), hex.begin(), hex.end());
-        EXPECT_NE(found, data.end()) << file << " " << pattern;
-        if (found != data.end())
-            std::copy(bytes.begin(), bytes.end(), found + distance);
-        return dir.write("changed" + std::to_string(changes++), data);
+        return dir.write("changed" + std::to_string(changes++),
+                         test::patched(test::read_file(path_of(file)), pattern, distance, to));
     }
 
     const test::TempDir dir;
     const std::string me = path_of("me.pem"), other = path_of("other.pem");
-    const std::string key = test::text_of(
-        [](char* out, int room) { return RSA_ReadPrivateKeyInfo(out, room, path_of("me.key").c_str()); });
+    const std::string key = test::read_key(path_of("me.key"));
     mutable int changes = 0;
 };
 
@@ -77,7 +64,7 @@ TEST_F(CmsEnvelope, ReadsMessagesOfOthers) {
         EXPECT_EQ(opened(message, me.c_str()), content);
         ASSERT_EQ(CMS_ReadEnvData(out.c_str(), message.c_str(), me.c_str(), key.c_str(), 0), 0);
         EXPECT_EQ(test::read_text(out), content);
-        EXPECT_EQ(opened(message, other.c_str()), "error " + std::to_string(-DECRYPT_ERROR));
+        EXPECT_EQ(opened(message, other.c_str()), kNotOpened);
         EXPECT_EQ(text(message, "contentEncryptionAlgorithm"), vector.text("Cipher"));
         EXPECT_EQ(number(message, "CountOfRecipients"), vector.number("Recipients"));
     }
@@ -131,7 +118,7 @@ TEST_F(CmsEnvelope, LeavesOutWhoCannotBeServed) {
     ASSERT_EQ(CMS_MakeEnvDataFromString(message.c_str(), "x", missing.c_str(), nullptr, 0, 0x10020), 0);
     EXPECT_EQ(test::read_text(message)[0], '0'); // no base64
     EXPECT_EQ(number(message, "CountOfRecipientInfos"), 0);
-    EXPECT_EQ(opened(message), "error " + std::to_string(-DECRYPT_ERROR));
+    EXPECT_EQ(opened(message), kNotOpened);
     EXPECT_EQ(last_error(), "No RecipientInfos.");
 
     const struct {
@@ -168,8 +155,7 @@ TEST_F(CmsEnvelope, TriesSoManyRecipients) {
         message.insert(message.end(), 2, 0);
         message.insert(message.end(), content, der.end());
         message.insert(message.end(), 6, 0);
-        EXPECT_EQ(opened(dir.write("message", message), c.cert),
-                  c.opens ? content_of(15) : "error " + std::to_string(-DECRYPT_ERROR))
+        EXPECT_EQ(opened(dir.write("message", message), c.cert), c.opens ? content_of(15) : kNotOpened)
             << c.before;
     }
 }
@@ -263,8 +249,7 @@ TEST_F(CmsEnvelope, KeyFailuresAllLookTheSame) {
     ASSERT_EQ(CIPHER_Bytes(1, &message[encrypted], content.data(), 32, contentKey.data(), &message[iv],
                            "aes-192/cbc", 0),
               0);
-    std::string publicKey(1000, '\0');
-    ASSERT_GT(RSA_GetPublicKeyFromCert(publicKey.data(), 1000, me.c_str()), 0);
+    const std::string publicKey = test::read_key(me);
     const Bytes header = test::from_hex("048180");
     const size_t encryptedKey = static_cast<size_t>(
         std::search(message.begin(), message.end(), header.begin(), header.end()) - message.begin() + 3);
@@ -296,7 +281,7 @@ TEST_F(CmsEnvelope, KeyFailuresAllLookTheSame) {
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
-        EXPECT_EQ(open_with(c.begin, c.zero, c.damaged), "error " + std::to_string(-DECRYPT_ERROR));
+        EXPECT_EQ(open_with(c.begin, c.zero, c.damaged), kNotOpened);
         EXPECT_EQ(last_error(),
                   "Unable to decrypt CEK (0F)\n; Could not find a valid Content Encryption Key");
     }
@@ -322,43 +307,3 @@ TEST_F(CmsEnvelope, AnswersQueries) {
     EXPECT_EQ(ask(several, "messageDigest", ZUL_QUERY_GETTYPE), -BAD_QUERY_ERROR);
     EXPECT_EQ(ask(me, "Version", 0), -INVALID_DATA_ERROR);
 }
-
-#ifndef _WIN32
-
-// What a failing disk leaves: a part of a signed message or its content, nothing of others.
-TEST_F(CmsEnvelope, FilesThatFail) {
-    const std::string content = dir.write("content", content_of(200000)), sig = dir.file("signed"),
-                      env = dir.file("enveloped");
-    const char *k = key.c_str(), *cert = me.c_str(), *bad = "/proc/self/mem";
-    ASSERT_EQ(CMS_MakeSigData(sig.c_str(), content.c_str(), cert, k, 0), 0);
-    ASSERT_EQ(CMS_MakeEnvData(env.c_str(), content.c_str(), cert, nullptr, 0, 0), 1);
-    const std::vector<std::function<int(const char*)>> writers = {
-        [&](const char* out) { return CMS_MakeSigData(out, content.c_str(), cert, k, 0); },
-        [&](const char* out) { return -CMS_ReadSigData(out, sig.c_str(), 0); },
-        [&](const char* out) { return -CMS_MakeEnvData(out, content.c_str(), cert, nullptr, 0, 0); },
-        [&](const char* out) { return -CMS_ReadEnvData(out, env.c_str(), cert, k, 0); },
-    };
-    rlimit limit{};
-    getrlimit(RLIMIT_FSIZE, &limit);
-    signal(SIGXFSZ, SIG_IGN);
-    for (size_t i = 0; i < writers.size(); i++) {
-        const std::string out = dir.file("out" + std::to_string(i));
-        EXPECT_EQ(writers[i]("/dev/full"), WRITE_ERROR) << i;
-        const rlimit low{100000, limit.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &low);
-        EXPECT_EQ(writers[i](out.c_str()), WRITE_ERROR) << i;
-        setrlimit(RLIMIT_FSIZE, &limit);
-        EXPECT_EQ(test::file_exists(out), i < 2) << i;
-        EXPECT_EQ(i < 2 ? test::read_file(out).size() : 100000, 100000U);
-    }
-    EXPECT_EQ(CMS_MakeSigData(sig.c_str(), bad, cert, k, 0), READ_ERROR);
-    EXPECT_EQ(CMS_MakeSigData(sig.c_str(), bad, cert, k, ZUL_CMS_EXCLUDE_DATA), READ_ERROR);
-    EXPECT_EQ(CMS_MakeEnvData(env.c_str(), bad, cert, nullptr, 0, 0), -READ_ERROR);
-    EXPECT_EQ(CMS_ReadSigData(sig.c_str(), bad, 0), -READ_ERROR);
-    EXPECT_EQ(CMS_VerifySigData(bad, cert, nullptr, 0), READ_ERROR);
-    EXPECT_EQ(CMS_ReadEnvData(env.c_str(), bad, cert, k, 0), -READ_ERROR);
-    EXPECT_EQ(PFX_VerifySig(bad, "x", 0), READ_ERROR);
-    EXPECT_EQ(OCSP_ReadResponse(nullptr, 0, bad, nullptr, nullptr, 0), -READ_ERROR);
-}
-
-#endif

@@ -1,26 +1,19 @@
 #include <algorithm>
 #include <climits>
-#include <gtest/gtest.h>
 #include <string>
-#include <vector>
 
-#include "zulcore.h"
+#include "support/module_calls.h"
 
 namespace {
 
-using Bytes = std::vector<unsigned char>;
+using test::Bytes;
 
 int length_of(const Bytes& bytes) {
     return static_cast<int>(bytes.size());
 }
 
 Bytes some_bytes(int size, unsigned seed) {
-    Bytes bytes(static_cast<size_t>(size));
-    for (unsigned char& byte : bytes) {
-        seed = seed * 1103515245 + 12345;
-        byte = static_cast<unsigned char>(seed >> 24);
-    }
-    return bytes;
+    return test::sequence(static_cast<size_t>(size), seed);
 }
 
 // A context at an address of no alignment, which every use moves.

@@ -1,8 +1,6 @@
 #include <algorithm>
 #include <climits>
-#include <cstring>
 #include <filesystem>
-#include <fstream>
 #include <functional>
 
 #include "support/module_calls.h"
@@ -137,10 +135,8 @@ TEST(WipeData, ZeroesOrRefuses) {
     unsigned char bytes[5] = {1, 2, 3, 4, 5};
     EXPECT_EQ(WIPE_Data(bytes + 1, 3), 0);
     EXPECT_EQ(std::vector<unsigned char>(bytes, bytes + 5), (std::vector<unsigned char>{1, 0, 0, 0, 5}));
-    for (const int length : {0, -1, INT_MIN}) {
-        EXPECT_EQ(WIPE_Data(bytes, length), BAD_PARAM_ERROR);
-        EXPECT_EQ(ZUL_ErrorCode(), BAD_PARAM_ERROR);
-    }
+    for (const int length : {0, -1, INT_MIN})
+        EXPECT_RESULT(WIPE_Data(bytes, length), BAD_PARAM_ERROR);
     EXPECT_EQ(WIPE_Data(nullptr, 10), BAD_PARAM_ERROR);
 }
 
@@ -172,10 +168,8 @@ TEST(WipeFile, RefusesWhatItCannotWipe) {
                  {missing.c_str(), OPEN_ERROR},
                  {dir.path().c_str(), OPEN_ERROR},
                  {readOnly.c_str(), OPEN_ERROR}};
-    for (const auto& c : cases) {
-        EXPECT_EQ(WIPE_File(c.path, 0), c.code) << (c.path != nullptr ? c.path : "null");
-        EXPECT_EQ(ZUL_ErrorCode(), c.code);
-    }
+    for (const auto& c : cases)
+        EXPECT_RESULT(WIPE_File(c.path, 0), c.code) << (c.path != nullptr ? c.path : "null");
     EXPECT_EQ(test::read_text(readOnly), "kept");
     std::filesystem::permissions(readOnly, std::filesystem::perms::owner_all);
 }

@@ -6,7 +6,6 @@
 TEST(HmacExports, MeetTheStandardsInEveryRoom) {
     for (const char* file : {"hash/hmac_rfc2202.txt", "hash/hmac_rfc4231.txt"}) {
         for (const auto& v : test::read_vectors(file)) {
-            SCOPED_TRACE(v.where());
             const auto algorithm = static_cast<int>(v.number("Algorithm"));
             const std::vector<uint8_t> key = v.hex("Key"), data = v.hex("Data"), expected = v.hex("Mac");
             const auto keyLen = static_cast<int>(key.size()), dataLen = static_cast<int>(data.size());

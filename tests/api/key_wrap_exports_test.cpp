@@ -16,7 +16,6 @@ int aes_option(size_t kekLength) {
 
 TEST(KeyWrap, WrapsAndUnwrapsWithAes) {
     for (const auto& v : test::read_vectors("cipher/key_wrap_aes.txt")) {
-        SCOPED_TRACE(v.where());
         const Bytes kek = v.hex("KEK"), key = v.hex("Key"), wrapped = v.hex("Wrapped");
         const int kekLen = static_cast<int>(kek.size()), keyLen = static_cast<int>(key.size());
         const int options = aes_option(kek.size()) | 0x10F0F;

@@ -159,8 +159,8 @@ TEST_F(P12Made, ComesBack) {
     for (const int options : {ZUL_P12_LEGACY, ZUL_P12_PBMAC1, 0, ZUL_P12_LEGACY | int{ZUL_KEY_FORMAT_PEM}}) {
         for (const std::string& given : {key, keyFile, std::string()}) {
             SCOPED_TRACE(std::to_string(options) + (given.empty() ? " without key" : " with key"));
-            ASSERT_EQ(pack(others, given, "p\u00e4ss", "\u00fcber \U0001F600", options), 0) << last_error();
-            EXPECT_EQ(unpack(made, "p\u00e4ss", ZUL_P12_NEED_MAC, !given.empty()), 0) << last_error();
+            ASSERT_RESULT(pack(others, given, "p\u00e4ss", "\u00fcber \U0001F600", options), 0);
+            EXPECT_RESULT(unpack(made, "p\u00e4ss", ZUL_P12_NEED_MAC, !given.empty()), 0);
             std::vector<Bytes> expected = both;
             if (given.empty())
                 std::swap(expected[0], expected[1]); // as they were given
@@ -178,9 +178,9 @@ TEST_F(P12Made, ComesBack) {
             }
         }
     }
-    ASSERT_EQ(pack("", key), 0) << last_error(); // the key alone
+    ASSERT_RESULT(pack("", key), 0); // the key alone
     EXPECT_RESULT(unpack(made, "secret"), NO_DATA_ERROR);
-    ASSERT_EQ(pack(data("leaf.der"), "", "", "", ZUL_P12_TRUSTED | ZUL_P12_LEGACY), 0) << last_error();
+    ASSERT_RESULT(pack(data("leaf.der"), "", "", "", ZUL_P12_TRUSTED | ZUL_P12_LEGACY), 0);
     EXPECT_NE(listed(made, "", ZUL_P12_JSON).find("\"trusted\":true"), std::string::npos);
 }
 

@@ -15,18 +15,11 @@ std::vector<std::string> lines_of(const std::string& text) {
     return lines;
 }
 
-std::vector<uint8_t> some_bytes(size_t size) {
-    std::vector<uint8_t> data(size);
-    for (size_t i = 0; i < size; i++)
-        data[i] = static_cast<uint8_t>(i * 7 + i / 256);
-    return data;
-}
-
 } // namespace
 
 TEST(PemFile, WritesTheLinesAskedFor) {
     const test::TempDir dir;
-    const std::string in = dir.write("in", some_bytes(200)), out = dir.file("out");
+    const std::string in = dir.write("in", test::sequence(200)), out = dir.file("out");
     const struct {
         int asked;
         size_t length;
@@ -51,7 +44,7 @@ TEST(PemFile, ReadsBackWithZerosAfterTheData) {
     const test::TempDir dir;
     const std::string armour = dir.file("armour"), out = dir.file("out");
     for (const size_t size : {1u, 2u, 3u, 48u, 49u, 5000u, 200000u}) {
-        const std::vector<uint8_t> data = some_bytes(size);
+        const std::vector<uint8_t> data = test::sequence(size);
         const std::string in = dir.write("in", data);
         ASSERT_EQ(PEM_FileFromBinFile(armour.c_str(), in.c_str(), "X", 64), 0);
         ASSERT_EQ(PEM_FileToBinFile(out.c_str(), armour.c_str()), 0);
@@ -64,7 +57,7 @@ TEST(PemFile, ReadsBackWithZerosAfterTheData) {
 
 TEST(PemFile, MayBeItsOwnInput) {
     const test::TempDir dir;
-    const std::vector<uint8_t> data = some_bytes(100);
+    const std::vector<uint8_t> data = test::sequence(100);
     const std::string path = dir.write("file", data);
     ASSERT_EQ(PEM_FileFromBinFile(path.c_str(), path.c_str(), "X", 0), 0);
     ASSERT_EQ(PEM_FileToBinFile(path.c_str(), path.c_str()), 0);

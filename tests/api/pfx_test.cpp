@@ -1,23 +1,17 @@
-#include <algorithm>
 #include <cstdio>
 #include <functional>
 
-#include "support/module_calls.h"
+#include "support/der_bytes.h"
+#include "support/key_calls.h"
 
-using test::Bytes;
+using test::Bytes, test::element;
 using test::last_error;
-using test::text_of;
+using test::operator+;
 
 namespace {
 
 std::string data(const std::string& file) {
     return test::data_path("pfx/" + file);
-}
-
-std::string open_key(const std::string& file, const std::string& password) {
-    return text_of([&](char* out, int room) {
-        return RSA_ReadEncPrivateKey(out, room, file.c_str(), password.c_str(), 0);
-    });
 }
 
 std::string chars(const Bytes& bytes) {
@@ -47,20 +41,6 @@ class Pfx : public testing::Test {
     Bytes cert_, key_;
 };
 
-Bytes tlv(uint8_t tag, std::initializer_list<Bytes> parts) {
-    Bytes content, out{tag};
-    for (const Bytes& part : parts)
-        content.insert(content.end(), part.begin(), part.end());
-    const size_t n = content.size();
-    if (n >= 0x100)
-        out.insert(out.end(), {0x82, static_cast<uint8_t>(n >> 8)});
-    else if (n >= 0x80)
-        out.push_back(0x81);
-    out.push_back(static_cast<uint8_t>(n));
-    out.insert(out.end(), content.begin(), content.end());
-    return out;
-}
-
 Bytes hex(const char* text) {
     return test::from_hex(text);
 }
@@ -70,8 +50,7 @@ Bytes hex(const char* text) {
 TEST(PfxRead, ProducersAndStructures) {
     const test::TempDir dir;
     const std::string out = dir.file("out"), cert = data("cert.der");
-    const std::string publicKey =
-        text_of([&](char* to, int room) { return RSA_GetPublicKeyFromCert(to, room, cert.c_str()); });
+    const std::string publicKey = test::read_key(cert);
     for (const auto& v : test::read_vectors("pfx/cases.txt")) {
         SCOPED_TRACE(v.text("What"));
         const std::string file = v.has("File") ? data(v.text("File")) : dir.write("in", v.hex("Pfx"));
@@ -97,7 +76,7 @@ TEST(PfxRead, ProducersAndStructures) {
             continue;
         if (v.has("File")) {
             const std::string keyPassword = v.has("KeyPassword") ? chars(v.hex("KeyPassword")) : password;
-            EXPECT_EQ(RSA_KeyMatch(open_key(out, keyPassword).c_str(), publicKey.c_str()), 0);
+            EXPECT_EQ(RSA_KeyMatch(test::read_key(out, keyPassword.c_str()).c_str(), publicKey.c_str()), 0);
         } else {
             EXPECT_EQ(test::read_file(out), v.hex("KeyIs"));
         }
@@ -109,7 +88,7 @@ TEST(PfxRead, ProducersAndStructures) {
 TEST_F(Pfx, MakesTheStructure) {
     const Bytes oidData = hex("06092a864886f70d010701");
     const auto data = [&](const Bytes& content) {
-        return tlv(0x30, {oidData, tlv(0xA0, {tlv(4, {content})})});
+        return element(0x30, oidData + element(0xA0, element(4, content)));
     };
     const Bytes keyId = hex("3013 06092a864886f70d010915 3106040401000000");
     const Bytes name = hex("3019 06092a864886f70d010914 310c 1e0a 0041 00fc 0062 0020 0031");
@@ -121,27 +100,29 @@ TEST_F(Pfx, MakesTheStructure) {
         const char* password;
         bool hasKey;
     } cases[] = {
-        {"A\xfc\x62 1", tlv(0x31, {keyId, name}), 0, "simple", true},
-        {"", tlv(0x31, {keyId, noName}), 0, "simple", true},
-        {nullptr, tlv(0x31, {keyId, noName}), ZUL_PFX_NO_PRIVKEY, "other", false},
-        {"x", tlv(0x31, {keyId, hex("3011 06092a864886f70d010914 3104 1e02 0078")}), 0, "", false},
+        {"A\xfc\x62 1", element(0x31, keyId + name), 0, "simple", true},
+        {"", element(0x31, keyId + noName), 0, "simple", true},
+        {nullptr, element(0x31, keyId + noName), ZUL_PFX_NO_PRIVKEY, "other", false},
+        {"x", element(0x31, keyId + hex("3011 06092a864886f70d010914 3104 1e02 0078")), 0, "", false},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.options);
-        ASSERT_EQ(make(c.name, c.options, c.password), 0) << last_error();
-        const Bytes certBag = tlv(0x30, {hex("060a2a864886f70d01091601"), tlv(0xA0, {tlv(4, {cert_})})});
-        const Bytes first = data(
-            tlv(0x30, {tlv(0x30, {hex("060b2a864886f70d010c0a0103"), tlv(0xA0, {certBag}), c.attributes})}));
-        const Bytes second = data(
-            tlv(0x30, {tlv(0x30, {hex("060b2a864886f70d010c0a0102"), tlv(0xA0, {key_}), c.attributes})}));
-        const Bytes safe = tlv(0x30, {first, c.hasKey ? second : Bytes()});
+        ASSERT_RESULT(make(c.name, c.options, c.password), 0);
+        const auto bag = [&](const char* type, const Bytes& value) {
+            return data(element(0x30, element(0x30, hex(type) + element(0xA0, value) + c.attributes)));
+        };
+        const Bytes first =
+            bag("060b2a864886f70d010c0a0103",
+                element(0x30, hex("060a2a864886f70d01091601") + element(0xA0, element(4, cert_))));
+        const Bytes second = bag("060b2a864886f70d010c0a0102", key_);
+        const Bytes safe = element(0x30, c.hasKey ? first + second : first);
         const Bytes got = test::read_file(out);
         const Bytes macHead = hex("303b 301f 3007 06052b0e03021a 0414"), saltHead = hex("0414");
         ASSERT_GT(got.size(), 61U);
         const auto mac = got.end() - 46, salt = got.end() - 24, end = got.end() - 4;
         EXPECT_EQ(test::to_hex(got),
-                  test::to_hex(tlv(0x30, {hex("020103"), data(safe), macHead, Bytes(mac, mac + 20), saltHead,
-                                          Bytes(salt, end), hex("020207d0")})));
+                  test::to_hex(element(0x30, hex("020103") + data(safe) + macHead + Bytes(mac, mac + 20) +
+                                                 saltHead + Bytes(salt, end) + hex("020207d0"))));
         EXPECT_EQ(PFX_VerifySig(out.c_str(), c.password, 0), 0);
         EXPECT_EQ(PFX_VerifySig(out.c_str(), "wrong", 0), SIGNATURE_ERROR);
 
@@ -167,12 +148,11 @@ TEST_F(Pfx, KeysComeBackAsTheyWere) {
                  {pemKey, key_, ZUL_KEY_FORMAT_PEM},
                  {test::read_text(pemKey), key_, 0}};
     for (const auto& c : cases) {
-        ASSERT_EQ(PFX_MakeFile(out.c_str(), cert.c_str(), c.keyFile.c_str(), "simple", "", c.options), 0)
-            << last_error();
-        EXPECT_EQ(PFX_VerifySig(out.c_str(), "simple", 0), 0) << last_error();
-        EXPECT_EQ(RSA_GetPrivateKeyFromPFX(back.c_str(), out.c_str(), 0), 0) << last_error();
+        ASSERT_RESULT(PFX_MakeFile(out.c_str(), cert.c_str(), c.keyFile.c_str(), "simple", "", c.options), 0);
+        EXPECT_RESULT(PFX_VerifySig(out.c_str(), "simple", 0), 0);
+        EXPECT_RESULT(RSA_GetPrivateKeyFromPFX(back.c_str(), out.c_str(), 0), 0);
         EXPECT_EQ(test::read_file(back), c.expected);
-        EXPECT_EQ(X509_GetCertFromPFX(back.c_str(), out.c_str(), 0), 0) << last_error();
+        EXPECT_RESULT(X509_GetCertFromPFX(back.c_str(), out.c_str(), 0), 0);
         EXPECT_EQ(test::read_file(back), cert_);
         const bool isPem = test::read_text(out).starts_with("-----BEGIN PKCS12-----\r\nMII");
         EXPECT_EQ(isPem, c.options != 0);

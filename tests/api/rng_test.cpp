@@ -83,8 +83,7 @@ TEST(RngTest, WithoutAFileOrWithABadOne) {
     EXPECT_EQ(test_twice(""), 0);
     for (const std::string& bad :
          {dir.path(), dir.file("no/such/folder/report.txt"), std::string(10000, 'n')}) {
-        EXPECT_EQ(test_twice(bad.c_str()), -PRNG_ERR_FILE_CREATE);
-        EXPECT_EQ(ZUL_ErrorCode(), PRNG_ERR_FILE_CREATE);
+        EXPECT_RESULT(test_twice(bad.c_str()), -PRNG_ERR_FILE_CREATE);
     }
 }
 
@@ -96,8 +95,7 @@ TEST(SeedFile, IsTakenInAndOverwritten) {
     for (int round = 0; round < 4; round++) {
         const int result =
             round == 0 ? RNG_Initialize(path.c_str(), -1) : RNG_UpdateSeedFile(path.c_str(), -1);
-        ASSERT_EQ(result, 0);
-        EXPECT_EQ(ZUL_ErrorCode(), 0);
+        ASSERT_RESULT(result, 0);
         const Bytes after = test::read_file(path);
         EXPECT_TRUE(seen.insert(after).second);
         // What stands behind the 64 bytes is not the seed's.
@@ -124,10 +122,8 @@ TEST(SeedFile, Failures) {
         {emptyFile, PRNG_ERR_FILE_READ},
     };
     for (const auto& c : cases) {
-        EXPECT_EQ(RNG_Initialize(c.path.c_str(), 0), -c.code) << c.path;
-        EXPECT_EQ(ZUL_ErrorCode(), c.code);
-        EXPECT_EQ(RNG_UpdateSeedFile(c.path.c_str(), 0), -c.code) << c.path;
-        EXPECT_EQ(ZUL_ErrorCode(), c.code);
+        EXPECT_RESULT(RNG_Initialize(c.path.c_str(), 0), -c.code) << c.path;
+        EXPECT_RESULT(RNG_UpdateSeedFile(c.path.c_str(), 0), -c.code) << c.path;
     }
     EXPECT_EQ(test::read_file(shortFile), Bytes(63, 3));
     EXPECT_EQ(test::read_file(readOnly), Bytes(64, 3));

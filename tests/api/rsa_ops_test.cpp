@@ -97,7 +97,6 @@ void expect_checks(const test::Vector& v) {
 TEST(RsaKeys, ServeTheRawOperationsAndAreChecked) {
     std::string other;
     for (const auto& v : test::read_vectors("rsa_ops/keys.txt")) {
-        SCOPED_TRACE(v.where());
         expect_raw(v);
         expect_checks(v);
         if (!other.empty()) {
@@ -141,11 +140,9 @@ TEST(RsaMessages, MakeAndTakeTheBlocksOfOthers) {
         EXPECT_EQ(out, block);
     };
     for (const auto& v : test::read_vectors("rsa_ops/encryption.txt")) {
-        SCOPED_TRACE(v.where());
         decodes(v.hex("Block"), static_cast<int>(v.number("Options")), v.hex("Message"));
     }
     for (const auto& v : test::read_vectors("rsa_ops/signature.txt")) {
-        SCOPED_TRACE(v.where());
         const Bytes block = v.hex("Block"), digest = v.hex("Digest");
         const int algorithm = static_cast<int>(v.number("Algorithm")), sign = ZUL_EMSIG_PKCSV1_5;
         encodes(v.hex("Message"), sign | algorithm, block);
@@ -159,7 +156,6 @@ TEST(RsaMessages, MakeAndTakeTheBlocksOfOthers) {
         EXPECT_EQ(out, Bytes(block.size()));
     }
     for (const auto& v : test::read_vectors("rsa_ops/iso9796.txt")) {
-        SCOPED_TRACE(v.where());
         const auto bits = static_cast<int>(v.number("Bits"));
         const int options = ZUL_EMSIG_ISO9796 | (bits % 8 == 0 ? 0 : bits);
         encodes(v.hex("Message"), options, v.hex("Block"));

@@ -27,8 +27,7 @@ TEST(Seal, RoundTrips) {
             const std::string list = recipient_of(identity_of_test()) + " ; " + recipients + ";";
             ASSERT_EQ(SEAL_File(sealed.c_str(), in.c_str(), list.c_str(), nullptr, options), 0);
             for (const std::string& key : {identity, other + ';' + identity, keys}) {
-                ASSERT_EQ(SEAL_OpenFile(out.c_str(), sealed.c_str(), key.c_str(), "unused", 0), 0)
-                    << test::last_error();
+                ASSERT_RESULT(SEAL_OpenFile(out.c_str(), sealed.c_str(), key.c_str(), "unused", 0), 0);
                 ASSERT_TRUE(test::read_file(out) == content) << size;
             }
         }

@@ -78,7 +78,11 @@ TEST(Tdea, RefusesMisuse) {
     const struct {
         const char* mode;
         int code;
-    } modes[] = {{nullptr, BAD_PARAM_ERROR}, {"", BAD_MODE_ERROR}, {"CBCC", BAD_MODE_ERROR}};
+    } modes[] = {{nullptr, BAD_PARAM_ERROR},
+                 {"", BAD_MODE_ERROR},
+                 {"CB", BAD_MODE_ERROR},
+                 {"CBCC", BAD_MODE_ERROR},
+                 {" CBC", BAD_MODE_ERROR}};
     for (const auto& c : modes) {
         EXPECT_RESULT(TDEA_BytesMode(out.data(), k, 16, k, 1, c.mode, v), c.code);
         EXPECT_RESULT(TDEA_HexMode(text, kPlainHex, kKeyHex, 1, c.mode, kIvHex), c.code);

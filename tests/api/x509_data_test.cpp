@@ -13,14 +13,9 @@ using Text = std::function<int(char* out, int nChars)>;
 
 // A text, or "!" and the code of the error.
 std::string text_of(const Text& call) {
-    const int length = call(nullptr, 0);
-    if (length < 0)
-        return "!" + std::to_string(-length);
-    std::string text(static_cast<size_t>(length) + 2, '#');
-    EXPECT_EQ(call(text.data(), length == 0 ? 1 : length), length);
-    EXPECT_EQ(text.substr(static_cast<size_t>(length)), std::string("\0#", 2));
-    text.resize(static_cast<size_t>(length));
-    return text;
+    int code = 0;
+    const std::string text = test::text_of(call, &code);
+    return code == 0 ? text : "!" + std::to_string(code);
 }
 
 std::string unescaped(const std::string& text) {
@@ -198,7 +193,7 @@ TEST(X509Data, RequestsAndLists) {
     const std::string stranger = path_of("v1_md5.der");
     for (const test::Vector& v : test::read_vectors("x509/signed.txt")) {
         const std::string signedPath = path_of(v.text("signed")), issuer = path_of(v.text("issuer"));
-        SCOPED_TRACE(v.where() + " " + signedPath);
+        SCOPED_TRACE(signedPath);
         EXPECT_EQ(X509_VerifyCert(signedPath.c_str(), issuer.c_str()), 0);
         EXPECT_EQ(X509_VerifyCert(signedPath.c_str(), stranger.c_str()), -1);
         if (!v.has("certificate"))
@@ -218,55 +213,5 @@ TEST(X509Data, RequestsAndLists) {
             before[18]--; // the last digit of the seconds is not 0
             EXPECT_EQ(check(nullptr, before.c_str()), 0);
         }
-    }
-}
-
-namespace {
-
-// Every reader gets the certificate; what it says does not matter here.
-void read_all(const std::string& cert) {
-    char out[600];
-    const char* c = cert.c_str();
-    for (const char* name : kTexts)
-        X509_QueryCert(out, 599, c, name, 0);
-    for (const char* name : kNumbers)
-        X509_QueryCert(out, 599, c, name, 0);
-    X509_QueryCert(out, 599, c, "signatureAlgorithm", 0);
-    X509_QueryCert(out, 599, c, "subjectPublicKeyAlgorithm", 0);
-    X509_KeyUsageFlags(c);
-    X509_CertThumb(c, out, 599, 0);
-    X509_CertIsValidNow(c, 0);
-    X509_CertIssuedOn(c, out, 599, 0);
-    X509_CertExpiresOn(c, out, 599, 0);
-    X509_CertSerialNumber(c, out, 599, 0);
-    X509_CertSubjectName(c, out, 599, ",", ZUL_X509_LATIN1);
-    X509_CertIssuerName(c, out, 599, nullptr, 0);
-    X509_HashIssuerAndSN(c, out, 599, 0);
-    X509_ReadStringFromFile(out, 599, c, 0);
-    RSA_GetPublicKeyFromCert(out, 599, c);
-}
-
-} // namespace
-
-TEST(X509Data, DamagedCertificates) {
-    const Bytes good = encoding("all_sha1.pem");
-    const std::string issuer = base64(encoding("ca.pem")), leaf = base64(good);
-    EXPECT_EQ(X509_VerifyCert(leaf.c_str(), issuer.c_str()), 0);
-    for (const int change : {1, 0x80})
-        for (size_t i = 0; i < good.size(); i++) {
-            SCOPED_TRACE(testing::Message() << "byte " << i << " changed by " << change);
-            Bytes damaged = good;
-            damaged[i] = static_cast<uint8_t>(damaged[i] ^ change);
-            const std::string cert = base64(damaged);
-            EXPECT_NE(X509_VerifyCert(cert.c_str(), issuer.c_str()), 0);
-            read_all(cert);
-            X509_VerifyCert(leaf.c_str(), cert.c_str());
-        }
-    for (size_t length = 0; length < good.size(); length++) {
-        SCOPED_TRACE(testing::Message() << "cut to " << length);
-        const std::string cert = test::pem(Bytes(good.begin(), good.begin() + static_cast<long>(length)));
-        EXPECT_NE(X509_VerifyCert(cert.c_str(), issuer.c_str()), 0);
-        EXPECT_LT(X509_CertThumb(cert.c_str(), nullptr, 0, 0), 0);
-        read_all(cert);
     }
 }

@@ -34,21 +34,14 @@ class X509Dump : public testing::Test {
         return *std::find_if(objects.begin(), objects.end(), [&](const Object& o) { return o.name == name; });
     }
 
-    // changed gives an object with bytes replaced by others of the same number.
     Bytes changed(const char* name, const char* fromHex, const char* toHex) const {
-        const Bytes from = test::from_hex(fromHex), to = test::from_hex(toHex);
-        Bytes der = der_of(object(name).pem);
-        const auto at = std::search(der.begin(), der.end(), from.begin(), from.end());
-        EXPECT_NE(at, der.end());
-        std::copy_n(to.begin(), at == der.end() ? 0 : to.size(), at);
-        return der;
+        return test::patched(der_of(object(name).pem), fromHex, 0, toHex);
     }
 
     // dump gives what an argument's dump holds, with the line ends of this platform as "\n".
     std::string dump(const std::string& fileOrText, int result = 0) const {
         const std::string path = dir.write("dump", std::string("what was there before"));
-        EXPECT_EQ(X509_TextDump(path.c_str(), fileOrText.c_str(), 0), -result) << last_error();
-        EXPECT_EQ(ZUL_ErrorCode(), result);
+        EXPECT_RESULT(X509_TextDump(path.c_str(), fileOrText.c_str(), 0), -result);
         std::string text = test::read_text(path);
 #ifdef _WIN32
         const auto lines = std::count(text.begin(), text.end(), '\n');

@@ -1,7 +1,7 @@
 #include <ctime>
 #include <functional>
 
-#include "support/module_calls.h"
+#include "support/key_calls.h"
 
 using test::last_error;
 using test::text_of;
@@ -57,7 +57,7 @@ class X509Make : public testing::Test {
         return o;
     }
     std::vector<uint8_t> made(const Order& o) const {
-        EXPECT_EQ(o.make(), 0) << last_error();
+        EXPECT_RESULT(o.make(), 0);
         EXPECT_EQ(last_error(), "");
         return test::read_file(o.file);
     }
@@ -69,7 +69,6 @@ class X509Make : public testing::Test {
 
 TEST_F(X509Make, MakesTheSameAsOpenssl) {
     for (const auto& v : test::read_vectors("x509_make/made.txt")) {
-        SCOPED_TRACE(v.where());
         const std::string call = v.text("Call");
         Order o = order(call == "self"      ? Kind::self
                         : call == "cert"    ? Kind::cert
@@ -106,7 +105,7 @@ TEST_F(X509Make, SignsWithEveryDigestInBothForms) {
             o.extensions = form.kind == Kind::crl ? "thisUpdate=2026-1-2" : "notBefore=2026-1-2";
             o.options = digest | form.der;
             const std::vector<uint8_t> der = made(o);
-            EXPECT_EQ(X509_VerifyCert(o.file.c_str(), o.issuer.c_str()), 0) << last_error();
+            EXPECT_RESULT(X509_VerifyCert(o.file.c_str(), o.issuer.c_str()), 0);
 
             o.options = digest | form.pem;
             const std::vector<uint8_t> pem = made(o);
@@ -133,7 +132,7 @@ TEST_F(X509Make, LeavesOutEmptyFields) {
     const size_t size = made(request).size();
     request.options |= ZUL_X509_REQ_NOATTRS;
     EXPECT_EQ(made(request).size() + 2, size);
-    EXPECT_EQ(X509_VerifyCert(request.file.c_str(), request.issuer.c_str()), 0) << last_error();
+    EXPECT_RESULT(X509_VerifyCert(request.file.c_str(), request.issuer.c_str()), 0);
 }
 
 TEST_F(X509Make, BeginsAMinuteAgo) {
@@ -172,7 +171,7 @@ TEST_F(X509Make, MakesACertificateOfARequest) {
     made(o);
     // UTF8String prints as hex bytes, and what has no keyword is left out.
     EXPECT_EQ(query(o.file, "subjectName"), "C=AU;O=45 78 20 61 6D 70 6C 65;CN=41 6E 6E");
-    EXPECT_EQ(X509_VerifyCert(data("request.pem").c_str(), o.file.c_str()), 0) << last_error();
+    EXPECT_RESULT(X509_VerifyCert(data("request.pem").c_str(), o.file.c_str()), 0);
 
     // The same from text, and with one's own name.
     o.subject = test::read_text(data("request.pem"));
@@ -195,11 +194,8 @@ TEST_F(X509Make, TakesKeysAndCertificatesInEveryForm) {
         text_of([&](char* out, int room) { return X509_ReadStringFromFile(out, room, o.issuer.c_str(), 0); });
     EXPECT_EQ(made(texts), expected);
 
-    texts.key = text_of([&](char* out, int room) {
-        return RSA_ReadEncPrivateKey(out, room, o.key.c_str(), o.password.c_str(), 0);
-    });
-    texts.subject =
-        text_of([&](char* out, int room) { return RSA_ReadPublicKey(out, room, o.subject.c_str()); });
+    texts.key = test::read_key(o.key, o.password.c_str());
+    texts.subject = test::read_key(o.subject);
     EXPECT_EQ(made(texts), expected);
 
     Order self = order(Kind::self), own = o; // a private key stands for its public half

@@ -3,11 +3,13 @@
 #include <random>
 #include <sstream>
 
+#include "support/der_bytes.h"
 #include "support/module_calls.h"
 
 using test::base64;
-using test::Bytes;
+using test::Bytes, test::element;
 using test::last_error;
+using test::operator+;
 
 namespace {
 
@@ -149,8 +151,8 @@ TEST_F(X509Path, OrdersFilesInAnyOrder) {
         std::string all;
         for (const std::string& file : files)
             all += file + ";";
-        EXPECT_EQ(X509_ValidatePath(all.c_str(), nullptr, 0), 0) << last_error();
-        EXPECT_EQ(X509_ValidatePath(all.c_str(), pem.at("c1").c_str(), 0), 0) << last_error();
+        EXPECT_RESULT(X509_ValidatePath(all.c_str(), nullptr, 0), 0);
+        EXPECT_RESULT(X509_ValidatePath(all.c_str(), pem.at("c1").c_str(), 0), 0);
         EXPECT_EQ(X509_ValidatePath(all.c_str(), pem.at("root2").c_str(), 0), -NO_MATCH_ERROR);
     }
 }
@@ -166,13 +168,13 @@ TEST_F(X509Path, ReadsBundles) {
 
     const Bytes signedData = test::read_file(data_file("signed.der"));
     for (const std::string& bundle : {data_file("signed.der"), base64(signedData)}) {
-        EXPECT_EQ(X509_ValidatePath(bundle.c_str(), nullptr, 0), 0) << last_error();
-        EXPECT_EQ(X509_ValidatePath(bundle.c_str(), pem.at("c1").c_str(), 0), 0) << last_error();
+        EXPECT_RESULT(X509_ValidatePath(bundle.c_str(), nullptr, 0), 0);
+        EXPECT_RESULT(X509_ValidatePath(bundle.c_str(), pem.at("c1").c_str(), 0), 0);
         EXPECT_EQ(X509_ValidatePath(bundle.c_str(), pem.at("root2").c_str(), 0), -NO_MATCH_ERROR);
     }
     // Without its ContentInfo it serves as well; cut off anywhere it is no path, whatever is left.
     const Bytes bare(signedData.begin() + 15, signedData.end());
-    EXPECT_EQ(X509_ValidatePath(dir.write("bare", bare).c_str(), nullptr, 0), 0) << last_error();
+    EXPECT_RESULT(X509_ValidatePath(dir.write("bare", bare).c_str(), nullptr, 0), 0);
     const Bytes c1 = der("c1");
     const auto set = std::search(signedData.begin(), signedData.end(), c1.begin(), c1.end());
     ASSERT_NE(set, signedData.end());
@@ -204,37 +206,23 @@ TEST_F(X509Path, ReadsBundles) {
 // At most 20 certificates, all together at most 8 MiB: a list of elements takes many times their size in
 // memory.
 TEST_F(X509Path, LimitsBundles) {
-    const auto element = [](uint8_t identifier, const Bytes& content) {
-        const size_t n = content.size();
-        Bytes all = {identifier, 0x83, static_cast<uint8_t>(n >> 16), static_cast<uint8_t>(n >> 8),
-                     static_cast<uint8_t>(n)};
-        all.insert(all.end(), content.begin(), content.end());
-        return all;
-    };
     const auto bundle = [&](const Bytes& certificates) {
-        Bytes fields = test::from_hex("0201013100300406022A03");
-        const Bytes set = element(0xA0, certificates);
-        fields.insert(fields.end(), set.begin(), set.end());
-        fields.insert(fields.end(), {0x31, 0});
-        return dir.write("bundle", element(0x30, fields));
+        return dir.write("bundle", element(0x30, test::from_hex("0201013100300406022A03") +
+                                                     element(0xA0, certificates) + Bytes{0x31, 0}));
     };
     Bytes all;
     for (int i = 1; i <= 21; i++) {
-        const Bytes next = der("c" + std::to_string(i));
-        all.insert(all.end(), next.begin(), next.end());
+        all = all + der("c" + std::to_string(i));
         EXPECT_EQ(X509_ValidatePath(bundle(all).c_str(), nullptr, 0), i <= 20 ? 0 : -OUT_OF_RANGE_ERROR) << i;
     }
     const Bytes c1 = der("c1");
     for (const bool isAbove : {false, true}) {
         // Each certificate has 4 MiB, with a string behind its signature: it is read, and does not verify.
-        Bytes padded(c1.begin() + 4, c1.end());
-        const Bytes padding = element(4, Bytes((4U << 20) - padded.size() - 10 + isAbove));
-        padded.insert(padded.end(), padding.begin(), padding.end());
-        const Bytes certificate = element(0x30, padded);
+        const Bytes fields(c1.begin() + 4, c1.end()),
+            certificate =
+                element(0x30, fields + element(4, Bytes((4U << 20) - fields.size() - 10 + isAbove)));
         ASSERT_EQ(certificate.size(), (4U << 20) + isAbove);
-        all = certificate;
-        all.insert(all.end(), certificate.begin(), certificate.end());
-        EXPECT_EQ(X509_ValidatePath(bundle(all).c_str(), nullptr, 1),
+        EXPECT_EQ(X509_ValidatePath(bundle(certificate + certificate).c_str(), nullptr, 1),
                   isAbove ? -INVALID_DATA_ERROR : -BAD_FORMAT_ERROR);
         EXPECT_EQ(last_error().starts_with("Certificate [2] is invalid"), isAbove) << last_error();
     }

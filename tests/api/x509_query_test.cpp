@@ -3,24 +3,16 @@
 
 #include "support/module_calls.h"
 
-using test::Bytes;
-using test::last_error;
+using test::last_error, test::replaced;
 
 namespace {
 
-Bytes v1() {
-    return test::read_file(test::data_path("rsa/cert_v1.der"));
+std::string v1() {
+    return test::read_text(test::data_path("rsa/cert_v1.der"));
 }
 
 // The shortest certificate that is recognised, though useless: as an argument it would be a file name.
 const char kTiny[] = "MDwwMAIBATAFBgMqAwQwADAeFw0yNjAxMDEwMDAwMDBaFw0yNzAxMDEwMDAwMDBaMAAwADAFBgMqAwQDAQA=";
-
-Bytes replaced(Bytes bytes, const std::string& old, const std::string& with) {
-    const auto at = std::search(bytes.begin(), bytes.end(), old.begin(), old.end());
-    EXPECT_NE(at, bytes.end());
-    std::copy(with.begin(), with.end(), at);
-    return bytes;
-}
 
 using Call = std::function<int(char* out, int nChars, const char* certFile)>;
 
@@ -50,12 +42,7 @@ int usage(char*, int, const char* certFile) {
 }
 
 std::string text_of(const Call& call, const std::string& certFile) {
-    const int length = call(nullptr, 0, certFile.c_str());
-    EXPECT_GE(length, 0);
-    EXPECT_EQ(last_error(), "");
-    std::string text(static_cast<size_t>(std::max(length, 0)) + 2, '#');
-    EXPECT_EQ(call(text.data(), std::max(length, 1), certFile.c_str()), length);
-    return text.c_str();
+    return test::text_of([&](char* out, int room) { return call(out, room, certFile.c_str()); });
 }
 
 } // namespace
@@ -129,10 +116,10 @@ TEST(X509Query, KeepsToTheRoom) {
 
 TEST(X509Query, ExpiryIsNoFailure) {
     const test::TempDir dir;
-    const Bytes since2000 = replaced(v1(), "261121071125Z", "000101000000Z");
-    EXPECT_EQ(X509_CertIsValidNow(dir.write("cert", since2000).c_str(), 0), 0) << last_error();
-    for (const Bytes& outside : {replaced(since2000, "21261028071125Z", "20011028071125Z"),
-                                 replaced(v1(), "261121071125Z", "490101000000Z")}) {
+    const std::string since2000 = replaced(v1(), "261121071125Z", "000101000000Z");
+    EXPECT_RESULT(X509_CertIsValidNow(dir.write("cert", since2000).c_str(), 0), 0);
+    for (const std::string& outside : {replaced(since2000, "21261028071125Z", "20011028071125Z"),
+                                       replaced(v1(), "261121071125Z", "490101000000Z")}) {
         EXPECT_EQ(X509_CertIsValidNow(dir.write("cert", outside).c_str(), 0), -1) << last_error();
         EXPECT_EQ(ZUL_ErrorCode(), 0);
     }
@@ -142,21 +129,22 @@ TEST(X509Query, SavesStrings) {
     const test::TempDir dir;
     const std::string line = text_of(read_string, test::data_path("rsa/cert_v1.der")), out = dir.file("out");
     EXPECT_EQ(text_of(read_string, line), line);
-    EXPECT_EQ(X509_SaveFileFromString(out.c_str(), line.c_str(), ZUL_X509_FORMAT_PEM), 0) << last_error();
+    EXPECT_RESULT(X509_SaveFileFromString(out.c_str(), line.c_str(), ZUL_X509_FORMAT_PEM), 0);
     const std::string pem = test::read_text(out), begin = "-----BEGIN CERTIFICATE-----\r\n";
     EXPECT_EQ(pem.substr(0, 95), begin + line.substr(0, 64) + "\r\n");
     const std::string body = " " + pem.substr(begin.size(), pem.find("-----END") - begin.size());
     for (const std::string& text : {line, body, pem}) {
-        EXPECT_EQ(X509_SaveFileFromString(out.c_str(), text.c_str(), 0), 0) << last_error();
-        EXPECT_EQ(test::read_file(out), v1());
+        EXPECT_RESULT(X509_SaveFileFromString(out.c_str(), text.c_str(), 0), 0);
+        EXPECT_EQ(test::read_text(out), v1());
     }
-    EXPECT_EQ(X509_SaveFileFromString(out.c_str(), kTiny, 0), 0) << last_error();
+    EXPECT_RESULT(X509_SaveFileFromString(out.c_str(), kTiny, 0), 0);
     EXPECT_EQ(text_of(read_string, out), kTiny);
 
     const std::string notCertificate = "MCgwEDEOMAwGA1UEAwwFc3RvcmUCFCU+rft5yw6dJuPOhvwwQ/M5OEMD";
     for (const std::string& text : {notCertificate, line.substr(0, 400), line + "*", out}) {
-        EXPECT_EQ(X509_SaveFileFromString(out.c_str(), text.c_str(), 0), -INVALID_DATA_ERROR) << text;
-        EXPECT_EQ(last_error(), "Not valid X.509 data");
+        EXPECT_FAILURE(X509_SaveFileFromString(out.c_str(), text.c_str(), 0), -INVALID_DATA_ERROR,
+                       "Not valid X.509 data")
+            << text;
         EXPECT_EQ(text_of(read_string, out), kTiny);
     }
     const std::string missing = dir.file("none/out");
@@ -193,11 +181,10 @@ TEST(X509Query, ReportsWhatIsMissing) {
     for (const Call& call :
          {Call(valid_now), Call(usage), of<X509_CertIssuedOn>(), of<X509_CertThumb>(),
           of<X509_HashIssuerAndSN>(), Call(read_string), Call(issuer_name), query_of("isCA")}) {
-        EXPECT_EQ(call(nullptr, 0, nullptr), -BAD_PARAM_ERROR);
-        EXPECT_EQ(ZUL_ErrorCode(), BAD_PARAM_ERROR);
+        EXPECT_RESULT(call(nullptr, 0, nullptr), -BAD_PARAM_ERROR);
         EXPECT_EQ(call(nullptr, 0, ""), -BAD_PARAM_ERROR);
-        EXPECT_EQ(call(nullptr, 0, test::data_path("rsa/public_spki.der").c_str()), -BAD_FORMAT_ERROR);
-        EXPECT_EQ(last_error(), "Not a valid X.509 certificate");
+        EXPECT_FAILURE(call(nullptr, 0, test::data_path("rsa/public_spki.der").c_str()), -BAD_FORMAT_ERROR,
+                       "Not a valid X.509 certificate");
     }
     EXPECT_EQ(X509_HashIssuerAndSN(cert.c_str(), nullptr, -1, 0), -BAD_PARAM_ERROR);
     EXPECT_EQ(X509_QueryCert(nullptr, 0, cert.c_str(), nullptr, ZUL_QUERY_GETTYPE), -BAD_PARAM_ERROR);

@@ -20,16 +20,6 @@ Bytes der_of(const std::string& file) { // a PEM file's content
     return test::der_of(test::read_text(path_of(file)));
 }
 
-// with_changed gives data in which the byte at a distance from a pattern is another.
-Bytes with_changed(Bytes data, const std::string& hex, int distance, uint8_t byte) {
-    const Bytes pattern = test::from_hex(hex);
-    const auto found = std::search(data.begin(), data.end(), pattern.begin(), pattern.end());
-    EXPECT_NE(found, data.end());
-    EXPECT_NE(found[distance], byte);
-    found[distance] = byte;
-    return data;
-}
-
 } // namespace
 
 TEST(X509Verify, SaysWhatIsWrong) {
@@ -40,8 +30,8 @@ TEST(X509Verify, SaysWhatIsWrong) {
     const std::string missing = dir.file("missing");
     // The signature of a DSA certificate ends it; its SEQUENCE begins behind the octet of unused bits.
     const Bytes signedByDsa = test::read_file(path_of("dsa_rsa.der"));
-    const std::string noSequence = pem(with_changed(signedByDsa, "2a8648ce38040303", 10, 0x31));
-    const std::string evenKey = pem(with_changed(der_of("ca.pem"), "0203010001", -1, 0x40));
+    const std::string noSequence = pem(test::patched(signedByDsa, "2a8648ce38040303", 10, "31"));
+    const std::string evenKey = pem(test::patched(der_of("ca.pem"), "0203010001", -1, "40"));
     const struct {
         const char* what;
         std::string cert, issuer;
@@ -89,24 +79,27 @@ TEST(X509Verify, SaysWhatIsWrong) {
     EXPECT_EQ(X509_VerifyCert(leaf.c_str(), nullptr), BAD_PARAM_ERROR);
 }
 
-// Damage to RSA certificates is tested with those of tests/data/x509.
 TEST(X509Verify, SeesEveryDamage) {
-    const std::string ca = path_of("ca.pem"), dsaCa = path_of("dsa_ca.pem"), leaf = path_of("all_sha1.pem");
-    const Bytes crl = test::read_file(path_of("crl_v2.der")), dsa = test::read_file(path_of("dsa_rsa.der"));
+    const std::string ca = path_of("ca.pem"), leaf = path_of("all_sha1.pem");
+    const Bytes crl = test::read_file(path_of("crl_v2.der"));
     ASSERT_EQ(X509_CheckCertInCRL(leaf.c_str(), pem(crl).c_str(), ca.c_str(), nullptr, 0), 1);
-    ASSERT_EQ(X509_VerifyCert(pem(dsa).c_str(), dsaCa.c_str()), 0);
-    for (const int change : {0x01, 0x20, 0x80}) {
+    const std::pair<Bytes, std::string> certificates[] = {
+        {test::read_file(path_of("dsa_rsa.der")), path_of("dsa_ca.pem")}, {der_of("all_sha1.pem"), ca}};
+    for (const uint8_t change : std::initializer_list<uint8_t>{0x01, 0x20, 0x80}) {
         for (size_t i = 0; i < crl.size(); i++) {
             Bytes damaged = crl;
-            damaged[i] = static_cast<uint8_t>(damaged[i] ^ change);
+            damaged[i] ^= change;
             EXPECT_EQ(X509_CheckCertInCRL(leaf.c_str(), pem(damaged).c_str(), ca.c_str(), nullptr, 0),
                       -SIGNATURE_ERROR)
                 << i;
         }
-        for (size_t i = 0; i < dsa.size(); i++) {
-            Bytes damaged = dsa;
-            damaged[i] = static_cast<uint8_t>(damaged[i] ^ change);
-            EXPECT_NE(X509_VerifyCert(pem(damaged).c_str(), dsaCa.c_str()), 0) << i;
+        for (const auto& [good, issuer] : certificates) {
+            ASSERT_EQ(X509_VerifyCert(pem(good).c_str(), issuer.c_str()), 0);
+            for (size_t i = 0; i < good.size(); i++) {
+                Bytes damaged = good;
+                damaged[i] ^= change;
+                EXPECT_NE(X509_VerifyCert(pem(damaged).c_str(), issuer.c_str()), 0) << i;
+            }
         }
     }
 }
@@ -116,10 +109,10 @@ TEST(X509CheckCertInCrl, SaysWhatIsWrong) {
     const std::string ca = path_of("ca.pem"), crl = path_of("crl_v2.der"), other = path_of("v1_md5.der");
     const std::string leaf = path_of("all_sha1.pem"), missing = dir.file("missing");
     // An invalid date of the certificate's entry.
-    const std::string badDate = pem(with_changed(test::read_file(crl), "3230303530353031", 0, 'x'));
+    const std::string badDate = pem(test::patched(test::read_file(crl), "3230303530353031", 0, "78"));
     // No end of the algorithm. The text must not be a file's name for the signature, and a list for the
     // look-up.
-    const std::string openEnd = base64(with_changed(test::read_file(crl), "0500038201", -12, 0x80));
+    const std::string openEnd = base64(test::patched(test::read_file(crl), "0500038201", -12, "80"));
     const std::string noFile = "Unable to open file '" + missing + "'";
     const struct {
         const char* what;
@@ -163,7 +156,7 @@ TEST(X509CheckCertInCrl, SaysWhatIsWrong) {
 
 // With the exponent 1 the encoded digest is its own signature, so that anybody could sign.
 TEST(X509Verify, TrustsNoExponentOfOne) {
-    Bytes forged = with_changed(der_of("ca.pem"), "0203010001", 2, 0);
+    Bytes forged = test::patched(der_of("ca.pem"), "0203010001", 2, "00");
     const auto length = [&](size_t at) { return forged[at + 2] * 256 + forged[at + 3]; };
     const int tbs = length(4) + 4, room = 256;
     unsigned char* const signature = forged.data() + forged.size() - room;

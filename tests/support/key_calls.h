@@ -1,39 +1,35 @@
 #pragma once
+#include <map>
+
 #include "support/module_calls.h"
 
 // Calls of KEY_ and SIG_ that tests of both need.
 namespace test {
 
-// key_text calls a function that writes a key string; after a failure it is empty and *code the error.
-template<class Call>
-std::string key_text(Call call, int* code = nullptr) {
-    const int most = call(nullptr, 0);
-    std::string text(static_cast<size_t>(most > 0 ? most : 0), '\0');
-    const int length = most > 0 ? call(text.data(), most) : most;
-    text.resize(static_cast<size_t>(length > 0 ? length : 0));
-    if (code != nullptr)
-        *code = length < 0 ? -length : 0;
-    else
-        EXPECT_GT(length, 0) << last_error();
-    return text;
-}
-
 inline std::string make_key(const std::string& algorithm, int* code = nullptr) {
-    return key_text([&](char* out, int room) { return KEY_Make(out, room, algorithm.c_str(), 0); }, code);
+    return text_of([&](char* out, int room) { return KEY_Make(out, room, algorithm.c_str(), 0); }, code);
+}
+// kept_key makes one key for each kind; "kind/name" is another one of the kind.
+inline const std::string& kept_key(const std::string& kind) {
+    static std::map<std::string, std::string> keys;
+    std::string& key = keys[kind];
+    if (key.empty())
+        key = make_key(kind.substr(0, kind.find('/')));
+    return key;
 }
 inline std::string read_key(const std::string& fileOrText, const char* password = nullptr,
                             int* code = nullptr) {
-    return key_text([&](char* out, int room) { return KEY_Read(out, room, fileOrText.c_str(), password, 0); },
-                    code);
+    return text_of([&](char* out, int room) { return KEY_Read(out, room, fileOrText.c_str(), password, 0); },
+                   code);
 }
 inline std::string read_der(const Bytes& der, int* code = nullptr) {
     return read_key(base64(der), nullptr, code);
 }
 inline std::string public_of(const std::string& key) {
-    return key_text([&](char* out, int room) { return KEY_Public(out, room, key.c_str()); });
+    return text_of([&](char* out, int room) { return KEY_Public(out, room, key.c_str()); });
 }
 inline std::string ask_key(const std::string& key, const char* query) {
-    std::string text(100, '\0');
+    std::string text(100, '\0'); // the result may be a number's value
     EXPECT_GE(KEY_Query(text.data(), 99, key.c_str(), query, 0), 0) << last_error();
     return text.c_str();
 }

@@ -82,6 +82,18 @@ std::string Vector::where() const {
     return file_->name + ":" + std::to_string(line_);
 }
 
+const Vector& VectorIterator::operator*() {
+    trace_.reset();
+    trace_ = std::make_unique<testing::ScopedTrace>(__FILE__, __LINE__, at_->where());
+    return *at_;
+}
+
+VectorIterator& VectorIterator::operator++() {
+    trace_.reset();
+    at_++;
+    return *this;
+}
+
 Vectors::Vectors(const std::string& name) : file_(std::make_unique<VectorFile>()) {
     file_->name = name;
     parse(data_path(name));
@@ -165,6 +177,24 @@ std::string to_hex(const uint8_t* data, size_t size) {
         text += digits[data[i] & 15];
     }
     return text;
+}
+
+Bytes sequence(size_t size, uint32_t x) {
+    Bytes bytes(size);
+    for (uint8_t& byte : bytes) {
+        x = x * 1103515245 + 12345;
+        byte = static_cast<uint8_t>(x >> 24);
+    }
+    return bytes;
+}
+
+Bytes patched(Bytes data, const std::string& pattern, int distance, const std::string& bytes) {
+    const Bytes from = from_hex(pattern), to = from_hex(bytes);
+    const auto at = std::search(data.begin(), data.end(), from.begin(), from.end());
+    EXPECT_NE(at, data.end()) << pattern;
+    if (at != data.end())
+        std::copy(to.begin(), to.end(), at + distance);
+    return data;
 }
 
 } // namespace test

@@ -5,25 +5,21 @@
 
 #include "cipher/aead.h"
 #include "cipher/poly1305.h"
-#include "platform/cpu.h"
+#include "support/hidden_features.h"
 #include "support/vectors.h"
 #include "zulcore.h"
 
 namespace zul {
 namespace {
 
-using Bytes = std::vector<uint8_t>;
+using test::Bytes, test::sequence;
 
 // Each set takes one kernel more away from ChaCha20, Poly1305, POLYVAL or AES.
 constexpr uint32_t kNoAvx512 = kCpuAvx512 | kCpuAvx512Ifma, kNoAvx2 = kNoAvx512 | kCpuAvx2 | kCpuVaes;
 constexpr uint32_t kHidden[] = {
     0, kCpuAvx512Ifma, kCpuVaes, kNoAvx512, kNoAvx2, kNoAvx2 | kCpuAesni, kNoAvx2 | kCpuAesni | kCpuSsse3};
 
-class AeadKernels : public testing::TestWithParam<uint32_t> {
-  protected:
-    void SetUp() override { cpu_mask_features(GetParam()); }
-    void TearDown() override { cpu_mask_features(0); }
-};
+class AeadKernels : public test::HiddenFeatures {};
 
 AeadInput input_of(const Bytes& key, const Bytes& nonce, const Bytes& aad, const Bytes& data) {
     return {key.data(), nonce.data(), aad.data(), data.data(),
@@ -50,22 +46,12 @@ bool decrypts(Aead algorithm, AeadInput input, const Bytes& data, Bytes& plain) 
     return error == 0;
 }
 
-Bytes sequence(size_t size, uint32_t x) {
-    Bytes bytes(size);
-    for (uint8_t& byte : bytes) {
-        x = x * 1103515245 + 12345;
-        byte = static_cast<uint8_t>(x >> 24);
-    }
-    return bytes;
-}
-
 } // namespace
 
 INSTANTIATE_TEST_SUITE_P(Hidden, AeadKernels, testing::ValuesIn(kHidden));
 
 TEST_P(AeadKernels, MeetTheStandards) {
     for (const auto& v : test::read_vectors("cipher/aead.txt")) {
-        SCOPED_TRACE(v.where());
         Aead algorithm{};
         ASSERT_EQ(aead_find(algorithm, v.text("Algorithm").c_str()), 0);
         const Bytes key = v.hex("Key"), nonce = v.hex("Nonce"), aad = v.hex("Aad"), plain = v.hex("Plain");

@@ -1,5 +1,4 @@
 #include "frame/file_writer.h"
-#include "frame/memory_hooks.h"
 #include "support/asn_lists.h"
 
 using namespace zul;
@@ -154,24 +153,6 @@ TEST(AsnBuild, SetsAreSortedByTheirEncodings) {
     const char* const wanted[] = {"020101", "0201010500", "0401ff", "0500", "31050201020500", ""};
     for (size_t i = 0; i < 6; i++)
         EXPECT_EQ(hex_of(members[i]), wanted[i]);
-}
-
-static const asn_Node* watched;
-static bool watchedWasClean;
-
-TEST(AsnBuild, ContentIsWipedBeforeItIsFreed) {
-    AsnList list = asn_LinkList(asn_NewInteger(1), asn_NewOctetString("secret", 6));
-    watched = list.tail();
-    watchedWasClean = false;
-    memory_set_hooks({nullptr, [](void* block) {
-                          if (block == watched)
-                              watchedWasClean = test::is_zero(watched->data, 6);
-                      }});
-    const long before = live_blocks();
-    list = AsnList();
-    memory_set_hooks({});
-    EXPECT_TRUE(watchedWasClean);
-    EXPECT_EQ(live_blocks(), before - 2);
 }
 
 TEST(AsnBuild, OtherOutputsAgreeWithTheEncoding) {

@@ -2,20 +2,16 @@
 #include "cert/names/name_print.h"
 #include "cert/names/string_value.h"
 #include "cert/names/subject_names.h"
-#include "support/unit_test.h"
+#include "support/der_view.h"
 #include "zulcore.h"
 
 using namespace zul;
+using test::view;
 
 namespace {
 
 std::string der(uint8_t type, const std::string& content) {
-    std::string length(1, static_cast<char>(content.size()));
-    if (content.size() > 0x7F)
-        length = content.size() < 0x100 ? std::string("\x81") + static_cast<char>(content.size())
-                                        : std::string("\x82") + static_cast<char>(content.size() >> 8) +
-                                              static_cast<char>(content.size() & 0xFF);
-    return static_cast<char>(type) + length + content;
+    return test::element(type, content);
 }
 std::string attribute(const std::string& oid, const std::string& value) {
     return der(0x30, der(0x06, oid) + value);
@@ -29,9 +25,7 @@ std::string name(const std::vector<std::string>& rdns) {
         all += der(0x31, rdn);
     return der(0x30, all);
 }
-DerView view(const std::string& bytes) {
-    return {bytes.data(), bytes.size()};
-}
+
 template<class Put>
 std::string put(Put write, const std::string& bytes) {
     TextBuffer out;

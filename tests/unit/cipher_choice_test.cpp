@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "cipher/cipher_choice.h"
-#include "frame/err.h"
 #include "zulcore.h"
 
 using namespace zul;
@@ -67,23 +66,5 @@ TEST(CipherChoice, ReadsOptions) {
                 EXPECT_EQ(cipher_choose(&choice, "aes128cbc", options), nameAlone ? 0 : BAD_PARAM_ERROR);
             }
         }
-    }
-}
-
-TEST(CipherChoice, ReadsModeTexts) {
-    const struct {
-        const char* text;
-        int code;
-        CipherMode mode;
-    } cases[] = {
-        {"ECB", 0, CipherMode::ecb},  {"cbc", 0, CipherMode::cbc}, {"CfB", 0, CipherMode::cfb},
-        {"ofb", 0, CipherMode::ofb},  {"CTR", 0, CipherMode::ctr}, {nullptr, BAD_PARAM_ERROR, {}},
-        {"", BAD_MODE_ERROR, {}},     {"CB", BAD_MODE_ERROR, {}},  {"CBCX", BAD_MODE_ERROR, {}},
-        {" CBC", BAD_MODE_ERROR, {}}, {"XTS", BAD_MODE_ERROR, {}},
-    };
-    for (const auto& c : cases) {
-        CipherMode mode{};
-        EXPECT_EQ(cipher_mode_from_text(&mode, c.text), c.code) << (c.text != nullptr ? c.text : "null");
-        EXPECT_EQ(mode, c.mode);
     }
 }

@@ -18,7 +18,6 @@ bool whole_blocks_only(CipherMode mode) {
 // Vectors without an IV are of ECB: each block alone, which is CBC from a zero IV.
 void check_cbc_vectors(const char* file, CipherAlgorithm algorithm) {
     for (const auto& v : test::read_vectors(file)) {
-        SCOPED_TRACE(v.where());
         const Bytes plain = v.hex("Plaintext"), coded = v.hex("Ciphertext"), bytes = v.hex("Key");
         const bool chained = v.has("IV");
         if (v.has("Mode")) {

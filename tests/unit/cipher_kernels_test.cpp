@@ -55,7 +55,6 @@ class CipherKernels : public testing::TestWithParam<Level> {
 
 TEST_P(CipherKernels, VectorsBothWays) {
     for (const auto& v : test::read_vectors(GetParam().isAes ? "cipher/aes.txt" : "cipher/tdes.txt")) {
-        SCOPED_TRACE(v.where());
         const Bytes plain = v.hex("Plaintext"), coded = v.hex("Ciphertext"), bytes = v.hex("Key");
         const BlockCipher& with = cipher(bytes.size());
         const Bytes start = v.has("IV") ? v.hex("IV") : Bytes(with.blockLength);

@@ -1,3 +1,4 @@
+#include "support/der_bytes.h"
 #include "support/unit_test.h"
 #include "x509/crl/crl_reader.h"
 #include "x509/fields/certificate.h"
@@ -6,27 +7,10 @@
 #include "zulcore.h"
 
 using namespace zul;
+using test::bytes_of, test::element, test::operator+;
 
 namespace {
 
-Bytes operator+(Bytes a, const Bytes& b) {
-    a.insert(a.end(), b.begin(), b.end());
-    return a;
-}
-Bytes bytes(const std::string& text) {
-    return Bytes(text.begin(), text.end());
-}
-
-Bytes element(uint8_t identifier, const Bytes& content) {
-    const size_t n = content.size();
-    Bytes header = {identifier};
-    if (n < 0x80)
-        header.push_back(static_cast<uint8_t>(n));
-    else
-        header = header + Bytes{0x83, static_cast<uint8_t>(n >> 16), static_cast<uint8_t>(n >> 8),
-                                static_cast<uint8_t>(n)};
-    return header + content;
-}
 Bytes sequence(const Bytes& content) {
     return element(0x30, content);
 }
@@ -34,7 +18,7 @@ Bytes open_sequence(const Bytes& content) { // of indefinite length
     return Bytes{0x30, 0x80} + content + Bytes{0, 0};
 }
 Bytes utc(const std::string& text) {
-    return element(0x17, bytes(text));
+    return element(0x17, bytes_of(text));
 }
 Bytes entry(const Bytes& serial, const Bytes& rest = utc("200102030405Z")) {
     return sequence(element(0x02, serial) + rest);
@@ -42,9 +26,9 @@ Bytes entry(const Bytes& serial, const Bytes& rest = utc("200102030405Z")) {
 
 const Bytes kVersion2 = {2, 1, 1};
 const Bytes kAlgorithm = sequence({6, 1, 0x2A});
-const Bytes kName = sequence(element(0x31, sequence(Bytes{6, 1, 0x2A} + element(0x13, bytes("A")))));
+const Bytes kName = sequence(element(0x31, sequence(Bytes{6, 1, 0x2A} + element(0x13, bytes_of("A")))));
 const Bytes kThis = utc("190102030405Z");
-const Bytes kNext = element(0x18, bytes("20500102030405Z"));
+const Bytes kNext = element(0x18, bytes_of("20500102030405Z"));
 const Bytes kExtension = sequence(Bytes{6, 1, 0x2A} + element(4, {5, 0}));
 const Bytes kExtensions = element(0xA0, sequence(kExtension));
 const Bytes kSignature = kAlgorithm + element(3, {0, 0xAB});
@@ -209,7 +193,7 @@ TEST(CrlReader, WhatIsVerifiedIsWhatWasRead) {
     ASSERT_EQ(X509_MakeCRL(path.c_str(), issuer.c_str(), test::data_path("rsa/enc_aes256.pem").c_str(),
                            "password", list.c_str(), "", 3),
               0);
-    const Bytes content = test::read_file(path), serial = {0x0F, 0xA0}, entryBytes = entry(serial, {});
+    const Bytes content = test::read_file(path), serial = {0x0F, 0xA0};
     AsnList certificate;
     ASSERT_EQ(x509_read_certificate(issuer.c_str(), certificate), 0);
     const asn_Node* key = certificate_fields(certificate.head()).subjectPublicKeyInfo;
@@ -220,12 +204,7 @@ TEST(CrlReader, WhatIsVerifiedIsWhatWasRead) {
         ASSERT_EQ(source.open(path.c_str()), 0);
         ASSERT_EQ(pass.begin(key, source), 0);
         if (isChanged) {
-            Bytes changed = content;
-            const Bytes element = {2, 2, 0x0F, 0xA0};
-            const auto at = std::search(changed.begin(), changed.end(), element.begin(), element.end());
-            ASSERT_GT(at - changed.begin(), 50000);
-            at[3] = 0xA1;
-            dir.write("crl", changed);
+            dir.write("crl", test::patched(content, "02020fa0", 3, "a1"));
         }
         CrlReader reader;
         CrlEntry read;

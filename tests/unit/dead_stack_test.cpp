@@ -14,7 +14,7 @@
 #include "ec/p521_field.h"
 #include "ec/x25519.h"
 #include "frame/wipe.h"
-#include "platform/cpu.h"
+#include "support/hidden_features.h"
 
 namespace zul {
 namespace {
@@ -91,16 +91,13 @@ void expect_clean_curve(EcCurve curve) {
 
 } // namespace
 
-class DeadStack : public testing::TestWithParam<uint32_t> {
+class DeadStack : public test::HiddenFeatures {
   protected:
     void SetUp() override {
 #ifdef __SANITIZE_ADDRESS__
         GTEST_SKIP() << "its frames are of other sizes";
 #endif
-        cpu_mask_features(GetParam());
-    }
-    void TearDown() override {
-        cpu_mask_features(0);
+        HiddenFeatures::SetUp();
     }
 };
 

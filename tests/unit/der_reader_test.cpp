@@ -1,13 +1,11 @@
 #include "asn1/der_reader.h"
-#include "support/unit_test.h"
+#include "support/der_view.h"
 
 using namespace zul;
+using test::view;
 
 namespace {
 
-DerView view(const Bytes& bytes) {
-    return {bytes.data(), bytes.size()};
-}
 DerElement element(uint8_t identifier, const std::string& content) {
     DerElement one;
     one.identifier = identifier;

@@ -1,9 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "frame/memory.h"
 #include "frame/memory_hooks.h"
 #include "pbe/argon2.h"
-#include "platform/cpu.h"
+#include "support/hidden_features.h"
 #include "support/vectors.h"
 #include "zulcore.h"
 
@@ -13,16 +12,11 @@ namespace zul {
 
 using Bytes = std::vector<uint8_t>;
 
-class KdfKernels : public testing::TestWithParam<uint32_t> {
-  protected:
-    void SetUp() override { cpu_mask_features(GetParam()); }
-    void TearDown() override { cpu_mask_features(0); }
-};
+class KdfKernels : public test::HiddenFeatures {};
 INSTANTIATE_TEST_SUITE_P(Hidden, KdfKernels, testing::Values(0u, kCpuAvx512, kCpuAvx512 | kCpuAvx2));
 
 TEST_P(KdfKernels, Vectors) {
     for (const auto& v : test::read_vectors("pbe/hkdf.txt")) {
-        SCOPED_TRACE(v.where());
         const Bytes key = v.hex("Key"), salt = v.hex("Salt"), info = v.hex("Info"), output = v.hex("Output");
         Bytes out(output.size());
         KDF_Hkdf(out.data(), static_cast<int>(out.size()), key.data(), static_cast<int>(key.size()),
@@ -31,7 +25,6 @@ TEST_P(KdfKernels, Vectors) {
         EXPECT_EQ(out, output);
     }
     for (const auto& v : test::read_vectors("pbe/scrypt.txt")) {
-        SCOPED_TRACE(v.where());
         const Bytes password = v.hex("Password"), salt = v.hex("Salt"), output = v.hex("Output");
         Bytes out(output.size());
         KDF_Scrypt(out.data(), static_cast<int>(out.size()), password.data(),
@@ -41,7 +34,6 @@ TEST_P(KdfKernels, Vectors) {
         EXPECT_EQ(out, output);
     }
     for (const auto& v : test::read_vectors("pbe/argon2id.txt")) {
-        SCOPED_TRACE(v.where());
         const Bytes output = v.hex("Output");
         Bytes out(output.size()),
             inputs[4] = {v.hex("Password"), v.hex("Salt"), v.hex("Secret"), v.hex("Associated")};

@@ -22,7 +22,6 @@ static Bytes derive(const test::Vector& v, uint32_t iterations, size_t length) {
 
 TEST(Kdf, VectorsWholeAndCut) {
     for (const auto& v : test::read_vectors("pbe/kdf.txt")) {
-        SCOPED_TRACE(v.where());
         const Bytes key = v.hex("Key");
         const auto iterations = static_cast<uint32_t>(v.number("Iterations"));
         EXPECT_EQ(derive(v, iterations, key.size()), key);

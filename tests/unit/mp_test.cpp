@@ -44,7 +44,6 @@ void with_all_kernels(Test test) {
 TEST(MpVectors, PairsOfNumbers) {
     const auto check = [] {
         for (const auto& v : test::read_vectors("bignum/pairs.txt")) {
-            SCOPED_TRACE(v.where());
             const size_t n = digits_of(v, {"U", "V"}), un = digits_of(v, {"U"}), vn = digits_of(v, {"V"});
             const Digits x = read(v, "U", n), y = read(v, "V", n);
             const Digits product = read(v, "Product", 2 * n), square = read(v, "Square", 2 * n);
@@ -86,7 +85,6 @@ TEST(MpVectors, PairsOfNumbers) {
 TEST(MpVectors, Powers) {
     const auto check = [] {
         for (const auto& v : test::read_vectors("bignum/powers.txt")) {
-            SCOPED_TRACE(v.where());
             for (const size_t extra : {0u, 1u}) { // leading zeros
                 const size_t n = digits_of(v, {"Base", "Exponent", "Modulus"}) + extra;
                 const Digits e = read(v, "Exponent", n), m = read(v, "Modulus", n),

@@ -1,42 +1,27 @@
 #include "cert/names/name_match.h"
-#include "support/unit_test.h"
+#include "support/der_view.h"
 
 using namespace zul;
+using test::bytes_of, test::element, test::operator+, test::view;
 
 namespace {
 
-Bytes element(uint8_t identifier, const Bytes& content) {
-    Bytes all = {identifier};
-    if (content.size() >= 0x80)
-        all.push_back(0x81);
-    all.push_back(static_cast<uint8_t>(content.size()));
-    all.insert(all.end(), content.begin(), content.end());
-    return all;
-}
-Bytes text(const std::string& content) {
-    return {content.begin(), content.end()};
-}
-Bytes join(const std::vector<Bytes>& parts) {
-    Bytes all;
-    for (const Bytes& part : parts)
-        all.insert(all.end(), part.begin(), part.end());
-    return all;
-}
 Bytes attribute(uint8_t type, uint8_t string, const Bytes& value) {
-    return element(0x30, join({element(0x06, {0x55, 0x04, type}), element(string, value)}));
+    return element(0x30, element(0x06, Bytes{0x55, 0x04, type}) + element(string, value));
 }
 // Each RDN is a list of attributes.
 Bytes name(const std::vector<std::vector<Bytes>>& rdns) {
     Bytes content;
-    for (const auto& rdn : rdns)
-        content = join({content, element(0x31, join(rdn))});
+    for (const auto& rdn : rdns) {
+        Bytes set;
+        for (const Bytes& one : rdn)
+            set = set + one;
+        content = content + element(0x31, set);
+    }
     return element(0x30, content);
 }
 Bytes common_name(uint8_t string, const Bytes& value) {
     return name({{attribute(3, string, value)}});
-}
-DerView view(const Bytes& bytes) {
-    return {bytes.data(), bytes.size()};
 }
 
 constexpr uint8_t kUtf8 = 0x0C, kPrintable = 0x13, kTeletex = 0x14, kIa5 = 0x16, kUniversal = 0x1C,
@@ -52,26 +37,26 @@ TEST(NameMatch, ComparesCharacters) {
         Bytes b;
         bool isSame;
     } cases[] = {
-        {kPrintable, text("Good CA"), kPrintable, text("Good CA"), true},
-        {kPrintable, text("Good CA"), kUtf8, text("gOOD cA"), true},
-        {kPrintable, text("Good CA"), kPrintable, text("  Good   CA "), true},
-        {kPrintable, text("Good CA"), kPrintable, text("GoodCA"), false},
-        {kPrintable, text("Good CA"), kPrintable, text("Good CB"), false},
-        {kPrintable, text("Good CA"), kIa5, text("Good\tCA\n"), true},
-        {kPrintable, text("A"), kBmp, {0, 'a'}, true},
-        {kPrintable, text("A"), kUniversal, {0, 0, 0, 'a'}, true},
-        {kPrintable, text(""), kUtf8, text("  "), true},
+        {kPrintable, bytes_of("Good CA"), kPrintable, bytes_of("Good CA"), true},
+        {kPrintable, bytes_of("Good CA"), kUtf8, bytes_of("gOOD cA"), true},
+        {kPrintable, bytes_of("Good CA"), kPrintable, bytes_of("  Good   CA "), true},
+        {kPrintable, bytes_of("Good CA"), kPrintable, bytes_of("GoodCA"), false},
+        {kPrintable, bytes_of("Good CA"), kPrintable, bytes_of("Good CB"), false},
+        {kPrintable, bytes_of("Good CA"), kIa5, bytes_of("Good\tCA\n"), true},
+        {kPrintable, bytes_of("A"), kBmp, {0, 'a'}, true},
+        {kPrintable, bytes_of("A"), kUniversal, {0, 0, 0, 'a'}, true},
+        {kPrintable, bytes_of(""), kUtf8, bytes_of("  "), true},
         {kTeletex, {0xC9}, kUtf8, {0xC3, 0xA9}, true},     // E acute, e acute
         {kUtf8, {0xCE, 0xA3}, kBmp, {0x03, 0xC2}, true},   // sigma, final sigma
         {kUtf8, {0xD0, 0x81}, kUtf8, {0xD1, 0x91}, true},  // io
         {kUtf8, {0xC3, 0x97}, kUtf8, {0xC3, 0xB7}, false}, // times, divided by
         {kUtf8, {0xF0, 0x9F, 0x98, 0x80}, kBmp, {0xD8, 0x3D, 0xDE, 0x00}, true},
-        {kUtf8, {'a', 0xC2, 0xA0, 'b'}, kUtf8, text("a b"), true}, // no-break space
-        {kUtf8, {'a', 0xC2, 0xAD, 'b'}, kUtf8, text("ab"), true},  // soft hyphen
-        {kUtf8, {'a', 0x80}, kUtf8, {'A', 0x80}, false},           // not UTF-8
-        {kBmp, {0xDC, 0x00}, kBmp, {0xDC, 0x00}, true},            // no characters, but the same bytes
-        {0x04, text("A"), 0x04, text("a"), false},
-        {0x04, text("A"), kPrintable, text("A"), false},
+        {kUtf8, {'a', 0xC2, 0xA0, 'b'}, kUtf8, bytes_of("a b"), true}, // no-break space
+        {kUtf8, {'a', 0xC2, 0xAD, 'b'}, kUtf8, bytes_of("ab"), true},  // soft hyphen
+        {kUtf8, {'a', 0x80}, kUtf8, {'A', 0x80}, false},               // not UTF-8
+        {kBmp, {0xDC, 0x00}, kBmp, {0xDC, 0x00}, true},                // no characters, but the same bytes
+        {0x04, bytes_of("A"), 0x04, bytes_of("a"), false},
+        {0x04, bytes_of("A"), kPrintable, bytes_of("A"), false},
     };
     for (const auto& c : cases) {
         const Bytes a = common_name(c.typeA, c.a), b = common_name(c.typeB, c.b);
@@ -81,8 +66,9 @@ TEST(NameMatch, ComparesCharacters) {
 }
 
 TEST(NameMatch, ComparesStructure) {
-    const Bytes a = attribute(3, kPrintable, text("A")), b = attribute(3, kPrintable, text("b")),
-                otherType = attribute(10, kPrintable, text("A")), bigB = attribute(3, kUtf8, text("B"));
+    const Bytes a = attribute(3, kPrintable, bytes_of("A")), b = attribute(3, kPrintable, bytes_of("b")),
+                otherType = attribute(10, kPrintable, bytes_of("A")),
+                bigB = attribute(3, kUtf8, bytes_of("B"));
     const auto same = [](const Bytes& x, const Bytes& y) { return names_match(view(x), view(y)); };
     EXPECT_TRUE(same(name({{a, b}}), name({{bigB, a}}))); // a SET has no order
     EXPECT_FALSE(same(name({{a}, {b}}), name({{b}, {a}})));
@@ -97,8 +83,8 @@ TEST(NameMatch, ComparesStructure) {
 }
 
 TEST(NameMatch, FindsTheBeginning) {
-    const Bytes a = attribute(3, kPrintable, text("A")), b = attribute(3, kPrintable, text("B")),
-                smallA = attribute(3, kUtf8, text("a"));
+    const Bytes a = attribute(3, kPrintable, bytes_of("A")), b = attribute(3, kPrintable, bytes_of("B")),
+                smallA = attribute(3, kUtf8, bytes_of("a"));
     const auto within = [](const Bytes& x, const Bytes& base) { return name_is_within(view(x), view(base)); };
     EXPECT_TRUE(within(name({{a}, {b}}), name({{smallA}})));
     EXPECT_TRUE(within(name({{a}}), name({{smallA}})));

@@ -3,26 +3,16 @@
 #include "cert/path/path_conditions.h"
 #include "cert/path/policy_graph.h"
 #include "frame/err.h"
-#include "support/unit_test.h"
+#include "support/der_view.h"
 #include "zulcore.h"
 
 using namespace zul;
+using test::element, test::operator+, test::view;
 
 namespace {
 
-DerView view(const Bytes& bytes) {
-    return {bytes.data(), bytes.size()};
-}
-Bytes element(uint8_t identifier, const Bytes& content) {
-    Bytes all = {identifier};
-    if (content.size() >= 0x80)
-        all.insert(all.end(), {0x82, static_cast<uint8_t>(content.size() >> 8)});
-    all.push_back(static_cast<uint8_t>(content.size()));
-    all.insert(all.end(), content.begin(), content.end());
-    return all;
-}
 Bytes oid(uint8_t last) {
-    return element(0x06, {0x2A, 0x03, last}); // 1.2.3.last
+    return element(0x06, Bytes{0x2A, 0x03, last}); // 1.2.3.last
 }
 void append(Bytes& all, const Bytes& more) {
     all.insert(all.end(), more.begin(), more.end());

@@ -15,7 +15,7 @@
 
 using namespace zul;
 
-using test::bytes_of;
+using test::bytes_of, test::replaced;
 
 namespace {
 
@@ -33,12 +33,6 @@ std::string encrypted_hex(const char* password, int iterations, int options, con
     return test::hex_of(pbe_encrypt(context, plain.data(), plain.size()));
 }
 
-std::string replace_once(std::string text, const std::string& from, const std::string& to) {
-    const size_t at = text.find(from);
-    EXPECT_NE(at, text.npos) << from;
-    return at == text.npos ? text : text.replace(at, from.size(), to);
-}
-
 std::string salt_hex(const std::string& password, time_t seconds) {
     Bytes message(password.begin(), password.end());
     message.insert(message.end(), kPlain.begin(), kPlain.end());
@@ -53,7 +47,7 @@ std::string salt_hex(const std::string& password, time_t seconds) {
 
 TEST(Pbe, ReadsWhatOtherProducersWrite) {
     for (const auto& v : test::read_vectors("pbe/keys.txt")) {
-        SCOPED_TRACE(v.where() + ": " + v.text("Name"));
+        SCOPED_TRACE(v.text("Name"));
         const Bytes der = v.hex("Encrypted"), passwordBytes = v.hex("Password");
         const std::string password(passwordBytes.begin(), passwordBytes.end());
         SecretBuffer plain;
@@ -100,12 +94,12 @@ TEST(Pbe, WritesTheSchemeOfTheOptions) {
         bool found = false;
         for (time_t t = isPbes2 ? before : 0; !found && t <= (isPbes2 ? after + 1 : 0); t++) {
             const std::string salt = salt_hex(password, t);
-            std::string expected = replace_once(algorithm, "<salt>", salt);
+            std::string expected = replaced(algorithm, "<salt>", salt);
             if (isPbes2) {
                 Bytes iv(expected.find("0410<iv>") != expected.npos ? 16 : 8);
                 pkcs12_kdf(iv.data(), iv.size(), ZUL_HASH_SHA1, Pkcs12Purpose::iv, password.data(),
                            password.size(), test::from_hex(salt).data(), 8, 2000);
-                expected = replace_once(expected, "<iv>", test::to_hex(iv));
+                expected = replaced(expected, "<iv>", test::to_hex(iv));
             }
             found = got.substr(4, expected.size()) == expected;
         }
@@ -194,8 +188,7 @@ TEST(Pbe, RefusesDamagedParameters) {
     for (const auto& c : cases) {
         SCOPED_TRACE(c.sample + " " + c.from + " " + c.to);
         SecretBuffer plain;
-        EXPECT_EQ(decrypt(test::from_hex(replace_once(samples[c.sample], c.from, c.to)), "x", plain),
-                  c.error);
+        EXPECT_EQ(decrypt(test::from_hex(replaced(samples[c.sample], c.from, c.to)), "x", plain), c.error);
         EXPECT_STREQ(err_text(), c.text);
     }
 
@@ -204,8 +197,8 @@ TEST(Pbe, RefusesDamagedParameters) {
         std::string der = samples[v1];
         der.resize(der.size() - 2 * cut);
         const uint8_t outer = static_cast<uint8_t>(0x57 - cut), inner = static_cast<uint8_t>(0x38 - cut);
-        der = replace_once(der, "3057", "30" + test::to_hex(&outer, 1));
-        der = replace_once(der, "0438", "04" + test::to_hex(&inner, 1));
+        der = replaced(der, "3057", "30" + test::to_hex(&outer, 1));
+        der = replaced(der, "0438", "04" + test::to_hex(&inner, 1));
         SecretBuffer plain;
         EXPECT_EQ(decrypt(test::from_hex(der), "p\xe4ssword", plain), DECRYPT_ERROR);
         EXPECT_STREQ(err_text(), "Decryption error");

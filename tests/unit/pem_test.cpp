@@ -1,6 +1,5 @@
 
 #include "encode/pem.h"
-#include "encode/whole_file.h"
 #include "frame/file_writer.h"
 #include "support/unit_test.h"
 #include "zulcore.h"
@@ -72,16 +71,5 @@ TEST(PemWriter, CountsWhatItWrites) {
         const size_t written = pem_write(out, data.data(), c.size, c.label, c.lineLen);
         ASSERT_TRUE(out.finish());
         EXPECT_EQ(test::read_file(path).size(), written) << c.size;
-    }
-}
-
-TEST(WholeFile, EndsWithANul) {
-    const test::TempDir dir;
-    SecretBuffer content;
-    for (const std::string& text :
-         {std::string(), std::string("x"), std::string("two\r\nlines\0and a NUL", 21)}) {
-        ASSERT_EQ(read_whole_file(dir.write("in", text).c_str(), content), 0);
-        EXPECT_EQ(std::string(content.text(), content.size()), text);
-        EXPECT_EQ(content.text()[content.size()], '\0');
     }
 }

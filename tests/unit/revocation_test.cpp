@@ -97,7 +97,7 @@ TEST(Revocation, StatusFromEvidence) {
     for (const test::Vector& vector : vectors) {
         if (!vector.has("Case"))
             continue;
-        SCOPED_TRACE(vector.where() + " " + vector.text("Case"));
+        SCOPED_TRACE(vector.text("Case"));
         ObjectList certificates;
         add(certificates, objects, certificates_of(vector));
         Chain chain(certificates);

@@ -9,7 +9,7 @@
 #include "seal/header_open.h"
 #include "seal/stanza_scrypt.h"
 #include "seal/stanza_x25519.h"
-#include "support/temp_dir.h"
+#include "support/unit_test.h"
 #include "zulcore.h"
 
 namespace zul {
@@ -49,12 +49,6 @@ TEST(Bech32, KeysHaveOnePrefixAndOneLength) {
     }
     // A key that ends in ones where the padding has zeros: the checksum is right, the text is not canonical.
     EXPECT_FALSE(bech32_read(again, "age", "age1" + std::string(51, 'q') + "pfwgqrs"));
-}
-
-std::string replaced(std::string text, const std::string& from, const std::string& to) {
-    const size_t at = text.find(from);
-    EXPECT_NE(at, std::string::npos) << from;
-    return text.replace(at, from.size(), to);
 }
 
 // A file for one identity, whose parts the tests change.
@@ -107,7 +101,7 @@ class SealFormat : public testing::Test {
     void expect_header(const std::string& header, const std::string& from, const std::vector<std::string>& to,
                        int code) {
         for (const std::string& text : to)
-            EXPECT_EQ(open(with_mac(replaced(header, from, text)) + payload_, "secret"), code)
+            EXPECT_EQ(open(with_mac(test::replaced(header, from, text)) + payload_, "secret"), code)
                 << from << " -> " << text;
     }
 
@@ -254,7 +248,7 @@ TEST_F(SealFormat, ArmourIsStrict) {
         crlf += c == '\n' ? std::string("\r\n") : std::string(1, c);
     const auto expect = [&](int code, const std::string& from, const std::vector<std::string>& to) {
         for (const std::string& text : to)
-            EXPECT_EQ(open(replaced(sealed_, from, text)), code) << from << " -> " << text;
+            EXPECT_EQ(open(test::replaced(sealed_, from, text)), code) << from << " -> " << text;
     };
     const int bad = BAD_FORMAT_ERROR;
     expect(0, sealed_,

@@ -1,8 +1,9 @@
 #include "cert/path/cert_signature.h"
-#include "support/unit_test.h"
+#include "support/der_view.h"
 #include "zulcore.h"
 
 using namespace zul;
+using test::view;
 
 namespace {
 
@@ -10,10 +11,6 @@ namespace {
 std::string element(const char* identifier, const std::string& content) {
     const auto size = static_cast<uint8_t>(content.size() / 2);
     return identifier + test::to_hex(&size, 1) + content;
-}
-
-DerView view(const Bytes& bytes) {
-    return {bytes.data(), bytes.size()};
 }
 
 const std::string kDsaOid = "06072a8648ce380401", kDsaNumbers = "02011702010b020102";

@@ -41,17 +41,3 @@ TEST(X509Time, ReadsDateTexts) {
     EXPECT_FALSE(read_date_text("             2010-01-01T12:00:00Z", "23:59:58", &time));
     EXPECT_FALSE(read_date_text(nullptr, "23:59:58", &time));
 }
-
-TEST(X509Time, NowIsNow) {
-    const auto system_now = [] {
-        const time_t seconds = time(nullptr);
-        return text_of(*gmtime(&seconds));
-    };
-    const std::string before = system_now();
-    const std::string now = text_of(utc_now());
-    // The system's coarse clock may be a tick behind the fine one that utc_now reads.
-    timespec tick = {0, 20000000};
-    nanosleep(&tick, nullptr);
-    EXPECT_LE(before, now);
-    EXPECT_LE(now, system_now());
-}
