@@ -49,7 +49,7 @@ constexpr std::string_view kReasons[] = {
 
 } // namespace
 
-const std::string_view kKeyUsageName[kKeyUsageNames] = {
+constinit const std::string_view kKeyUsageName[kKeyUsageNames] = {
     "digitalSignature", "nonRepudiation", "keyEncipherment", "dataEncipherment", "keyAgreement",
     "keyCertSign",      "cRLSign",        "encipherOnly",    "decipherOnly"};
 
