@@ -57,7 +57,7 @@ struct AeadCall {
     }
 };
 
-int encrypt(const AeadCall& call, int& length) {
+int encrypt_call(const AeadCall& call, int& length) {
     Aead algorithm{};
     AeadInput input{};
     if (const int error = call.read(algorithm, input))
@@ -83,7 +83,7 @@ int encrypt(const AeadCall& call, int& length) {
     return 0;
 }
 
-int decrypt(const AeadCall& call, int& length) {
+int decrypt_call(const AeadCall& call, int& length) {
     Aead algorithm{};
     AeadInput input{};
     if (const int error = call.read(algorithm, input))
@@ -117,9 +117,9 @@ int AEAD_Encrypt(unsigned char* lpOutput, int nOutBytes, const unsigned char* lp
                  const unsigned char* lpAad, int nAadLen, const char* szAlgorithm, int nOptions) {
     CallFrame frame;
     int length = 0;
-    const int error = encrypt({lpOutput, nOutBytes, lpInput, nInputLen, lpKey, nKeyLen, lpNonce, nNonceLen,
-                               lpAad, nAadLen, szAlgorithm, nOptions},
-                              length);
+    const int error = encrypt_call({lpOutput, nOutBytes, lpInput, nInputLen, lpKey, nKeyLen, lpNonce,
+                                    nNonceLen, lpAad, nAadLen, szAlgorithm, nOptions},
+                                   length);
     return frame.length(error != 0 ? -error : length);
 }
 
@@ -128,8 +128,8 @@ int AEAD_Decrypt(unsigned char* lpOutput, int nOutBytes, const unsigned char* lp
                  const unsigned char* lpAad, int nAadLen, const char* szAlgorithm, int nOptions) {
     CallFrame frame;
     int length = 0;
-    const int error = decrypt({lpOutput, nOutBytes, lpInput, nInputLen, lpKey, nKeyLen, lpNonce, nNonceLen,
-                               lpAad, nAadLen, szAlgorithm, nOptions},
-                              length);
+    const int error = decrypt_call({lpOutput, nOutBytes, lpInput, nInputLen, lpKey, nKeyLen, lpNonce,
+                                    nNonceLen, lpAad, nAadLen, szAlgorithm, nOptions},
+                                   length);
     return frame.length(error != 0 ? -error : length);
 }

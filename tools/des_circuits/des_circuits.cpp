@@ -460,9 +460,9 @@ int main(int argc, char** argv) {
         return 2;
     Search search{};
     search.luts = strcmp(argv[1], "luts") == 0;
-    const double seconds = atof(argv[2]);
+    const double seconds = strtod(argv[2], nullptr);
     generator.seed(strtoull(argv[3], nullptr, 10));
-    const int only = argc > 4 ? atoi(argv[4]) : 0;
+    const long only = argc > 4 ? strtol(argv[4], nullptr, 10) : 0;
     printf("// Made by tools/des_circuits: the S-boxes of FIPS 46-3 as circuits of %s.\n",
            search.luts ? "functions of three bits" : "AND, OR, XOR, AND-NOT and NOT");
     for (int box = 0; box < 8; box++) {

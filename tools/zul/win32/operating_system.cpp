@@ -280,6 +280,7 @@ const char* temporary_variable() {
 
 extern "C" int wmain(int argc, wchar_t** argv) {
     std::vector<std::string> texts;
+    texts.reserve(static_cast<size_t>(argc));
     try {
         for (int i = 0; i < argc; ++i)
             texts.push_back(i == 0 ? "zul" : tool::narrow_argument(argv[i - 1], argv[i], i));
