@@ -47,13 +47,6 @@ RecipientFields recipient_fields(const asn_Node* recipientInfo) {
     return fields;
 }
 
-RecipientFields EnvelopedData::recipient(int n) const {
-    AsnChildren children(recipients());
-    for (; n > 0 && !children.at_end(); n--)
-        children.take();
-    return recipient_fields(children.peek());
-}
-
 int EnvelopedData::open(const char* fileOrText) {
     if (const int error = source_.open(fileOrText)) {
         err_add_text("Unable to read enveloped-data file");

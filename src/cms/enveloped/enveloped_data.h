@@ -24,7 +24,6 @@ class EnvelopedData {
     int64_t version() const { return version_; }
     const asn_Node* recipients() const { return recipientInfos_.head(); } // SET OF RecipientInfo
     int recipient_count() const { return recipientCount_; }               // of every kind
-    RecipientFields recipient(int n) const;                               // from 0; steps over those before
     const asn_Node* content_type() const { return contentType_.head(); }  // may be null
     const asn_Node* content_encryption_algorithm() const { return contentAlgorithm_.head(); } // likewise
     bool has_content() const { return content_.is_open(); }

@@ -46,7 +46,7 @@ int query_enveloped_data(const char* fileOrText, MessageQuery query, QueryAnswer
     EnvelopedData message;
     if (const int error = message.open(fileOrText))
         return error;
-    const RecipientFields recipient = message.recipient(0);
+    const RecipientFields recipient = recipient_fields(AsnChildren(message.recipients()).peek());
     switch (query) {
     case MessageQuery::version:
         answer.number(message.version());
