@@ -172,19 +172,11 @@ int take_not_after(Plan& plan, const Item& item) {
                                           : time_value_read(time, item.value.data(), "23:59:59");
 }
 
-template<bool inDays>
+template<int (*read)(TimeSpan&, std::string_view)>
 int take_span(Plan& plan, const Item& item) {
     if (const int error = may_end(plan))
         return error;
-    SecretBuffer text;
-    text.append(item.value.data(), item.value.size());
-    if (inDays) {
-        int days = 0;
-        if (const int error = small_number_read(days, item.value))
-            return error;
-        text.append("d", 1);
-    }
-    return time_span_read(plan.span.emplace(), text.text());
+    return read(plan.span.emplace(), item.value);
 }
 
 int take_serial(Plan& plan, const Item& item) {
@@ -254,8 +246,8 @@ constexpr DescriptionRow<Plan> kRows[] = {
     {{"extension", kText, true}, take_extension},
     {{"notBefore", kText, false}, take_not_before},
     {{"notAfter", kText, false}, take_not_after},
-    {{"days", kText, false}, take_span<true>},
-    {{"valid", kText, false}, take_span<false>},
+    {{"days", kText, false}, take_span<time_days_read>},
+    {{"valid", kText, false}, take_span<time_span_read>},
     {{"serial", kText, false}, take_serial},
     {{"signature", kText, false}, take_signature},
     {{"copy", kList, true}, take_copy},

@@ -38,19 +38,11 @@ int take_time(Plan& plan, const Item& item) {
     return time_value_read((plan.*time).emplace(), item.value.data(), "00:00:00");
 }
 
-template<bool inDays>
+template<int (*read)(TimeSpan&, std::string_view)>
 int take_span(Plan& plan, const Item& item) {
     if (plan.span)
         return bad("The time of the next list is given already");
-    SecretBuffer text;
-    text.append(item.value.data(), item.value.size());
-    if (inDays) {
-        int days = 0;
-        if (const int error = small_number_read(days, item.value))
-            return error;
-        text.append("d", 1);
-    }
-    return time_span_read(plan.span.emplace(), text.text());
+    return read(plan.span.emplace(), item.value);
 }
 
 int take_point(Plan& plan, const Item& item) {
@@ -115,8 +107,8 @@ constexpr DescriptionRow<Plan> kRows[] = {
     {{"delta", kFlag, false}, take_flag<&Plan::isDelta>},
     {{"thisUpdate", kText, false}, take_time<&Plan::thisUpdate>},
     {{"nextUpdate", kText, false}, take_time<&Plan::nextUpdate>},
-    {{"days", kText, false}, take_span<true>},
-    {{"valid", kText, false}, take_span<false>},
+    {{"days", kText, false}, take_span<time_days_read>},
+    {{"valid", kText, false}, take_span<time_span_read>},
     {{"idp", kList, true}, take_point},
     {{"onlyUser", kFlag, false}, take_flag<&Plan::onlyUser>},
     {{"onlyCA", kFlag, false}, take_flag<&Plan::onlyCa>},

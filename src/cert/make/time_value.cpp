@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 
+#include "cert/make/extension_values.h"
 #include "frame/err.h"
 #include "x509/fields/x509_time.h"
 #include "zulcore.h"
@@ -20,6 +21,21 @@ constexpr int64_t kMostNumber = 99999999;
 year_month_day date_of(const tm& time) {
     return {year(time.tm_year + kTmYear), month(static_cast<unsigned>(time.tm_mon + 1)),
             day(static_cast<unsigned>(time.tm_mday))};
+}
+
+[[nodiscard]] int span_make(TimeSpan& span, int64_t number, std::string_view letter) {
+    constexpr struct {
+        char letter;
+        int64_t seconds;
+        int months;
+    } kUnits[] = {{'h', kHour, 0}, {'d', kDay, 0}, {'w', 7 * kDay, 0}, {'m', 0, 1}, {'y', 0, 12}};
+    for (const auto& unit : kUnits) {
+        if (letter.size() != 1 || (letter[0] | 0x20) != unit.letter || number == 0 || number > kMostNumber)
+            continue;
+        span = {number * unit.seconds, static_cast<int>(number) * unit.months};
+        return 0;
+    }
+    return err_fail(BAD_PARAM_ERROR, "A span is a number and h, d, w, m or y");
 }
 
 } // namespace
@@ -50,22 +66,18 @@ int time_value_read(tm& time, const char* text, const char* clock) {
     return time.tm_year + kTmYear >= kFirstYear ? 0 : err_fail(BAD_PARAM_ERROR, "A date before 1950");
 }
 
-int time_span_read(TimeSpan& span, const char* text) {
-    constexpr struct {
-        char letter;
-        int64_t seconds;
-        int months;
-    } kUnits[] = {{'h', kHour, 0}, {'d', kDay, 0}, {'w', 7 * kDay, 0}, {'m', 0, 1}, {'y', 0, 12}};
+int time_span_read(TimeSpan& span, std::string_view text) {
     int64_t number = 0;
-    for (; *text >= '0' && *text <= '9' && number <= kMostNumber; text++)
-        number = number * 10 + (*text - '0');
-    for (const auto& unit : kUnits) {
-        if ((*text | 0x20) != unit.letter || text[1] != '\0' || number == 0 || number > kMostNumber)
-            continue;
-        span = {number * unit.seconds, static_cast<int>(number) * unit.months};
-        return 0;
-    }
-    return err_fail(BAD_PARAM_ERROR, "A span is a number and h, d, w, m or y");
+    for (; !text.empty() && text[0] >= '0' && text[0] <= '9' && number <= kMostNumber; text.remove_prefix(1))
+        number = number * 10 + (text[0] - '0');
+    return span_make(span, number, text);
+}
+
+int time_days_read(TimeSpan& span, std::string_view text) {
+    int days = 0;
+    if (const int error = small_number_read(days, text))
+        return error;
+    return span_make(span, days, "d");
 }
 
 int time_add(tm& time, const TimeSpan& span) {

@@ -1,6 +1,7 @@
 #pragma once
 #include <cstdint>
 #include <ctime>
+#include <string_view>
 
 namespace zul {
 
@@ -19,7 +20,8 @@ struct TimeSpan {
 
 // time_span_read reads a number, not 0, and a unit: h (hours), d (days), w (weeks), m (months) or y (years).
 // 0 or BAD_PARAM_ERROR with a text.
-[[nodiscard]] int time_span_read(TimeSpan& span, const char* text);
+[[nodiscard]] int time_span_read(TimeSpan& span, std::string_view text);
+[[nodiscard]] int time_days_read(TimeSpan& span, std::string_view text); // a number of days alone
 
 // time_add adds a span. A day that the last month lacks becomes its last one. 0, or BAD_PARAM_ERROR with a
 // text beyond the year 9999.
