@@ -5,6 +5,7 @@
 #include "derived_key.h"
 #include "failures.h"
 #include "keys.h"
+#include "letters.h"
 
 namespace tool {
 
@@ -27,7 +28,7 @@ struct AgreeCommand {
                     throw UsageError(std::string(option) + " goes with --kdf");
             return secret;
         }
-        if (!CLI::detail::to_lower(kdf).starts_with(kPrefix))
+        if (!lower_ascii(kdf).starts_with(kPrefix))
             throw UsageError("--kdf is hkdf- and a digest, as in hkdf-sha256");
         const SecretBytes saltBytes = salt.read(false);
         SecretBytes derived(static_cast<size_t>(length));

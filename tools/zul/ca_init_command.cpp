@@ -7,6 +7,7 @@
 #include "certificates.h"
 #include "description_options.h"
 #include "json_output.h"
+#include "letters.h"
 #include "operating_system.h"
 #include "streams.h"
 
@@ -59,7 +60,7 @@ std::string value_of(const std::string& name, const std::string& keyword, size_t
         } else {
             end = std::min(name.find(';', end), name.size());
         }
-        if (CLI::detail::to_lower(name.substr(at, value - 1 - at)) == keyword) {
+        if (lower_ascii(name.substr(at, value - 1 - at)) == keyword) {
             if (place != nullptr)
                 *place = value;
             return name.substr(value, end - value);
@@ -96,7 +97,7 @@ struct CaInitCommand {
     void check() {
         while (folder.size() > 1 && (folder.ends_with('/') || folder.ends_with(preferred_separator())))
             folder.pop_back();
-        if (CLI::detail::to_lower(type) == "x25519" || KEY_Make(nullptr, 0, type.c_str(), 0) < 0)
+        if (lower_ascii(type) == "x25519" || KEY_Make(nullptr, 0, type.c_str(), 0) < 0)
             throw UsageError("unknown type " + in_quotes(type) +
                              "; types: p-256, p-384, p-521, ed25519, rsa (3072 bits), rsa-4096 and the like");
         if (noPassword && password.is_given())

@@ -7,6 +7,7 @@
 #include "description_options.h"
 #include "json_output.h"
 #include "key_output.h"
+#include "letters.h"
 #include "operating_system.h"
 #include "streams.h"
 
@@ -57,7 +58,7 @@ struct CaIssueCommand {
     Signer signer() const { return profile == "ca" ? kRoot : kIssuing; }
 
     void check() {
-        profile = CLI::detail::to_lower(profile);
+        profile = lower_ascii(profile);
         if (type.empty()) // messages (CMS) are for RSA keys
             type = profile == "email" ? "rsa" : "p-256";
         if (!request.empty() && !publicKey.empty())

@@ -1,5 +1,4 @@
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <map>
 #include <memory>
 
@@ -8,6 +7,7 @@
 #include "certificates.h"
 #include "der.h"
 #include "json_output.h"
+#include "letters.h"
 #include "streams.h"
 
 namespace tool {
@@ -85,7 +85,7 @@ struct CaRevokeCommand {
             return line;
         }
         std::string hex;
-        for (const char c : CLI::detail::to_lower(certificate))
+        for (const char c : lower_ascii(certificate))
             if (c != ':')
                 hex += c;
         if (hex.starts_with("0x"))

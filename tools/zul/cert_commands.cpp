@@ -4,6 +4,7 @@
 #include "certificates.h"
 #include "commands.h"
 #include "json_output.h"
+#include "letters.h"
 #include "object_lists.h"
 #include "object_signature.h"
 #include "streams.h"
@@ -71,7 +72,7 @@ struct QueryCommand {
     template<size_t count>
     static const char* find(const char* const (&list)[count], const std::string& name) {
         for (const char* each : list)
-            if (CLI::detail::to_lower(each) == CLI::detail::to_lower(name))
+            if (lower_ascii(each) == lower_ascii(name))
                 return each;
         return nullptr;
     }

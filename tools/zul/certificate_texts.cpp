@@ -4,6 +4,7 @@
 #include <ctime>
 
 #include "certificates.h"
+#include "letters.h"
 
 namespace tool {
 
@@ -32,19 +33,12 @@ constexpr UsageRow kUsages[] = {
     {"decipherOnly", ZUL_KEYUSAGE_DECIPHERONLY},
 };
 
-std::string lower(std::string_view text) {
-    std::string result(text);
-    for (char& c : result)
-        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    return result;
-}
-
 bool is_digit(char c) {
     return c >= '0' && c <= '9';
 }
 
 bool is_keyword(std::string_view word, NameForm form = NameForm::any) {
-    const auto isIt = [word](const char* each) { return lower(each) == lower(word); };
+    const auto isIt = [word](const char* each) { return lower_ascii(each) == lower_ascii(word); };
     if (std::any_of(std::begin(kKeywords), std::end(kKeywords), isIt))
         return true;
     const bool isDotted = word.find('.') != word.npos && word.find_first_not_of("0123456789.") == word.npos;
@@ -174,7 +168,7 @@ std::string_view take_value(std::string_view& rest, const std::string& keyword) 
     const std::string_view inner = isQuoted ? value.substr(1, value.size() - 2) : value;
     if (inner.empty())
         throw UsageError(keyword + " has no value");
-    const bool isCountry = lower(keyword) == "c";
+    const bool isCountry = lower_ascii(keyword) == "c";
     if (isQuoted) {
         if (isCountry)
             check_country(inner);
@@ -229,7 +223,7 @@ std::string serial_hex(const std::string& text, const std::string& option) {
         throw UsageError(option + " takes a serial number, decimal or hex after 0x, not " + in_quotes(text));
     if (!isHex)
         return hex_from_decimal(digits);
-    digits = lower(digits.size() % 2 == 0 ? digits : "0" + digits);
+    digits = lower_ascii(digits.size() % 2 == 0 ? digits : "0" + digits);
     while (digits.size() > 2 && digits.starts_with("00"))
         digits.erase(0, 2);
     return digits;
@@ -244,7 +238,7 @@ std::string random_serial() {
 
 int key_usage(const std::string& names) {
     int bits = 0;
-    if (lower(names) == "none")
+    if (lower_ascii(names) == "none")
         return bits;
     std::string_view rest = names;
     for (bool more = true; more;) {
@@ -254,7 +248,7 @@ int key_usage(const std::string& names) {
         rest.remove_prefix(more ? comma + 1 : rest.size());
         word.remove_prefix(std::min(word.find_first_not_of(' '), word.size()));
         const auto* row = std::find_if(std::begin(kUsages), std::end(kUsages), [word](const UsageRow& each) {
-            return lower(each.name) == lower(word);
+            return lower_ascii(each.name) == lower_ascii(word);
         });
         if (row == std::end(kUsages)) {
             std::string known;

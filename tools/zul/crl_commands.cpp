@@ -7,6 +7,7 @@
 #include "der.h"
 #include "description_options.h"
 #include "json_output.h"
+#include "letters.h"
 #include "object_signature.h"
 #include "operating_system.h"
 #include "streams.h"
@@ -38,9 +39,8 @@ struct MakeCrlCommand {
             const size_t end = std::min(text.find(',', at + 1), text.size());
             const std::string word = text.substr(at + 1, end - at - 1);
             const auto* reason =
-                std::find_if(std::begin(kReasons), std::end(kReasons), [&word](const char* each) {
-                    return CLI::detail::to_lower(each) == CLI::detail::to_lower(word);
-                });
+                std::find_if(std::begin(kReasons), std::end(kReasons),
+                             [&word](const char* each) { return lower_ascii(each) == lower_ascii(word); });
             result += reason != std::end(kReasons)
                           ? std::string(",reason=") + *reason
                           : ",date=" + date_text(word, "--revoke SERIAL,DATE,REASON", kBegin);

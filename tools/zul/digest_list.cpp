@@ -1,9 +1,9 @@
 #include "digest_list.h"
 
 #include <algorithm>
-#include <cctype>
 
 #include "failures.h"
+#include "letters.h"
 
 namespace tool {
 
@@ -39,9 +39,7 @@ bool has_length(const Digest& digest, size_t digits) {
 // digest_of_tag finds the digest of a tag of the BSDs ("SHA256", "SHA512t256") or of OpenSSL ("SHA2-256");
 // null if there is none.
 const Digest* digest_of_tag(const std::string& tag) {
-    std::string name;
-    for (const char c : tag)
-        name += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    std::string name = lower_ascii(tag);
     if (name.starts_with("sha2-"))
         name.erase(3, 2);
     if (name == "sha512t256")
@@ -142,9 +140,7 @@ DigestList::DigestList(const SecretBytes& content, const Digest* digest) {
             badLines.push_back(number);
             continue;
         }
-        std::transform(line.hex.begin(), line.hex.end(), line.hex.begin(),
-                       [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-        digests.push_back({line.name, line.hex, found});
+        digests.push_back({line.name, lower_ascii(line.hex), found});
     }
 }
 

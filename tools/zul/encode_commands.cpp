@@ -6,6 +6,7 @@
 #include "armour.h"
 #include "commands.h"
 #include "failures.h"
+#include "letters.h"
 #include "streams.h"
 
 namespace tool {
@@ -15,7 +16,7 @@ namespace {
 enum class Format { hex, base64, pem };
 
 Format find_format(const std::string& name) {
-    const std::string lower = CLI::detail::to_lower(name);
+    const std::string lower = lower_ascii(name);
     if (lower == "hex")
         return Format::hex;
     if (lower == "base64" || lower == "b64")

@@ -5,7 +5,7 @@
 #include <zulcore.h>
 
 #include "failures.h"
-#include "mime_text.h"
+#include "letters.h"
 #include "operating_system.h"
 
 namespace tool {

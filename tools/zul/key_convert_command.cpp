@@ -5,6 +5,7 @@
 #include "commands.h"
 #include "failures.h"
 #include "key_output.h"
+#include "letters.h"
 #include "rsa_keys.h"
 #include "streams.h"
 
@@ -35,7 +36,7 @@ struct ConvertCommand {
     ReplaceOption replace;
 
     bool encrypts() const { return !encryption.scheme.empty(); }
-    bool is_xml() const { return CLI::detail::to_lower(format) == "xml"; }
+    bool is_xml() const { return lower_ascii(format) == "xml"; }
 
     void check_arguments() const {
         password.refuse_output(out);
@@ -61,7 +62,7 @@ struct ConvertCommand {
         std::string names;
         for (const Structure& row : kStructures) {
             names += (names.empty() ? "" : ", ") + std::string(row.name);
-            if (CLI::detail::to_lower(structure) != row.name)
+            if (lower_ascii(structure) != row.name)
                 continue;
             const bool isOfType = row.type == nullptr || key.type() == row.type;
             if (!isOfType || !(isPrivate ? row.isPrivate : row.isPublic))

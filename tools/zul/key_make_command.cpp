@@ -6,6 +6,7 @@
 #include "commands.h"
 #include "failures.h"
 #include "key_output.h"
+#include "letters.h"
 #include "rsa_keys.h"
 
 namespace tool {
@@ -23,7 +24,7 @@ struct KeyMakeCommand {
     PasswordOption password;
     ReplaceOption replace;
 
-    bool is_rsa() const { return CLI::detail::to_lower(type) == "rsa"; }
+    bool is_rsa() const { return lower_ascii(type) == "rsa"; }
 
     int exponent_index() const {
         static constexpr int kExponents[] = {3, 5, 17, 257, 65537};
@@ -46,7 +47,7 @@ struct KeyMakeCommand {
     void run() const { is_rsa() ? run_rsa() : run_other(); }
 
     void run_other() const {
-        if (CLI::detail::to_lower(type).starts_with("rsa") || KEY_Make(nullptr, 0, type.c_str(), 0) < 0)
+        if (lower_ascii(type).starts_with("rsa") || KEY_Make(nullptr, 0, type.c_str(), 0) < 0)
             throw UsageError("unknown type " + in_quotes(type) + "; types: " + kTypes);
         for (const char* option : {"--bits", "--exponent", "--tests", "--progress"})
             if (command->count(option) > 0)

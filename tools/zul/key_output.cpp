@@ -9,6 +9,7 @@
 #include "failures.h"
 #include "file_names.h"
 #include "key_forms.h"
+#include "letters.h"
 #include "operating_system.h"
 #include "streams.h"
 
@@ -34,7 +35,7 @@ std::string KeyEncryption::parameters() const {
         throw UsageError(scheme + " is for RSA keys and has its own key derivation; others and --kdf take "
                                   "aes-128, aes-192, aes-256 or 3des");
     const std::string cipher = std::string("cipher=") + found.cipher;
-    const std::string derivation = CLI::detail::to_lower(kdf);
+    const std::string derivation = lower_ascii(kdf);
     if (derivation == "scrypt") {
         if (!prf.empty() || count != 0)
             throw UsageError("--prf and --count go with --kdf pbkdf2");
@@ -62,7 +63,7 @@ void ReplaceOption::for_public(const std::string& out) const {
 }
 
 int find_key_format(const std::string& name) {
-    const std::string lower = CLI::detail::to_lower(name);
+    const std::string lower = lower_ascii(name);
     if (lower == "der")
         return 0;
     if (lower == "pem")

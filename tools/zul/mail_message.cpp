@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "letters.h"
 #include "mime_text.h"
 #include "streams.h"
 

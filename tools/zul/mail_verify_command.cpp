@@ -4,6 +4,7 @@
 
 #include "cms_signatures.h"
 #include "json_output.h"
+#include "letters.h"
 #include "mail_message.h"
 #include "mime_text.h"
 #include "streams.h"

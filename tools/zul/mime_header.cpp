@@ -4,6 +4,7 @@
 #include <charconv>
 
 #include "failures.h"
+#include "letters.h"
 #include "mime_text.h"
 
 namespace tool {

@@ -20,7 +20,6 @@ std::string_view next_line(std::string_view& text);
 std::string_view without_line_end(std::string_view line);
 bool is_blank(char c); // space or tab
 std::string_view without_blanks(std::string_view text);
-std::string lower_ascii(std::string_view text);
 bool is_ascii_text(std::string_view text); // without control characters
 bool is_utf8(std::string_view text);
 

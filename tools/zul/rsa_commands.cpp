@@ -4,6 +4,7 @@
 #include "algorithms.h"
 #include "commands.h"
 #include "failures.h"
+#include "letters.h"
 #include "rsa_keys.h"
 #include "streams.h"
 
@@ -17,7 +18,7 @@ struct RsaCipherCommand {
     RsaKeyOption key;
 
     int options() const {
-        const std::string lower = CLI::detail::to_lower(padding);
+        const std::string lower = lower_ascii(padding);
         const int algorithm = find_digest(digest).option;
         if (lower == "oaep")
             return ZUL_EME_OAEP | algorithm;

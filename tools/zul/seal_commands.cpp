@@ -10,6 +10,7 @@
 #include "json_output.h"
 #include "key_option.h"
 #include "key_output.h"
+#include "letters.h"
 #include "operating_system.h"
 #include "streams.h"
 
@@ -33,7 +34,7 @@ struct KeyFiles {
             std::error_code ignored;
             if (!std::filesystem::exists(path_of(name), ignored))
                 throw Refused::by_system(OPEN_ERROR, name);
-            const std::string start = CLI::detail::to_lower(name);
+            const std::string start = lower_ascii(name);
             const bool isLikeKey = start.starts_with("age1") || start.starts_with("age-secret-key-1");
             append_entry(list, (isLikeKey ? "./" : "") + name);
         }
@@ -118,8 +119,7 @@ struct SealCommand {
     std::string recipient_list() const {
         std::string list;
         for (const std::string& recipient : recipients) {
-            if (!CLI::detail::to_lower(recipient).starts_with("age1") ||
-                recipient.find(';') != recipient.npos)
+            if (!lower_ascii(recipient).starts_with("age1") || recipient.find(';') != recipient.npos)
                 throw UsageError("-r takes a recipient, age1...; -R takes a file of them");
             KeyFiles::append_entry(list, recipient);
         }
@@ -150,7 +150,7 @@ struct OpenCommand {
         if (is_standard_stream(file.in))
             return "-";
         const size_t length = file.in.size() - std::min(file.in.size(), std::string_view(kSuffix).size());
-        if (length == 0 || CLI::detail::to_lower(file.in.substr(length)) != kSuffix)
+        if (length == 0 || lower_ascii(file.in.substr(length)) != kSuffix)
             throw UsageError("IN does not end with .age, so OUT is needed");
         return file.in.substr(0, length);
     }

@@ -1,5 +1,4 @@
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <memory>
 
 #include "activity.h"
@@ -9,6 +8,7 @@
 #include "hex_text.h"
 #include "json_output.h"
 #include "keys.h"
+#include "letters.h"
 #include "progress.h"
 #include "streams.h"
 #include "terminal_style.h"
@@ -39,7 +39,7 @@ struct Method {
 
 // digest_of_algorithm gives the digest that a name of an algorithm names.
 std::string digest_of_algorithm(const std::string& algorithm) {
-    const std::string name = CLI::detail::to_lower(algorithm.substr(0, algorithm.find(';')));
+    const std::string name = lower_ascii(algorithm.substr(0, algorithm.find(';')));
     if (name == "ed25519ph")
         return "sha512";
     for (const std::string_view prefix : {"rsa-pss-", "rsa-pkcs1-", "rsa-", "ecdsa-"})
