@@ -1,8 +1,5 @@
-#include <cstring>
-
 #include "cert/path/check_path.h"
 #include "frame/call_frame.h"
-#include "frame/slice.h"
 #include "frame/text.h"
 #include "zulcore.h"
 
@@ -10,20 +7,15 @@ using namespace zul;
 
 namespace {
 
-// give_report copies a report: as many whole lines as there is room for. JSON has to fit.
-[[nodiscard]] int give_report(char* out, int room, std::string_view report, bool isJson) {
-    const auto most = static_cast<size_t>(room);
-    int code = 0;
-    if (report.size() > most) {
-        if (isJson)
-            code = err_short_room(report.size());
-        const size_t lineEnd = isJson ? std::string_view::npos : slice(report, 0, most).rfind('\n');
-        report = lineEnd == std::string_view::npos ? std::string_view() : slice(report, 0, lineEnd + 1);
+// end_report ends a report that has been written into a room: it keeps whole lines. JSON has to fit.
+[[nodiscard]] int end_report(char* out, const TextBuffer& report, bool isJson) {
+    const std::string_view stored = report.text();
+    if (!report.is_cut()) {
+        out[stored.size()] = '\0';
+        return 0;
     }
-    if (!report.empty())
-        memcpy(out, report.data(), report.size());
-    out[report.size()] = '\0';
-    return code;
+    out[isJson ? 0 : stored.rfind('\n') + 1] = '\0'; // no line is npos, which is -1
+    return isJson ? err_short_room(report.size()) : 0;
 }
 
 } // namespace
@@ -38,11 +30,10 @@ int CERT_CheckPath(char* szReport, int nReportChars, const char* szCert, const c
         return frame.status(err_missing_argument());
     if ((nOptions & ~(ZUL_CERT_WEB | ZUL_CERT_JSON | ZUL_CERT_SUBJECT_NAME)) != 0)
         return frame.status(err_unknown_option());
-    TextBuffer report;
+    TextBuffer report(szReport, nReportChars);
     const int code = check_path({szCert, szOthers, szTrusted, szEvidence, szConditions, nOptions},
                                 hasRoom ? &report : nullptr);
     // A report that is not there must not be taken for one.
-    const int reportCode =
-        hasRoom && report.size() > 0 ? give_report(szReport, nReportChars, report.text(), isJson) : 0;
+    const int reportCode = hasRoom ? end_report(szReport, report, isJson) : 0;
     return frame.status(reportCode != 0 ? reportCode : code);
 }

@@ -15,6 +15,13 @@ static std::string block(const std::string& label, const std::string& body) {
     return "-----BEGIN " + label + "-----\n" + body + "\n-----END " + label + "-----\n";
 }
 
+static std::string empty_sequences(size_t count) {
+    std::string all;
+    while (count-- > 0)
+        all.append("0\0", 2);
+    return all;
+}
+
 // What a list holds of every form that an argument may have; stored files hold what is given as text.
 TEST(ObjectList, ReadsEveryForm) {
     const test::TempDir dir;
@@ -52,6 +59,8 @@ TEST(ObjectList, ReadsEveryForm) {
         {block("PKCS7", base64_of(one)), INVALID_DATA_ERROR, 0},
         {good + block("PKCS7", base64_of(one)), INVALID_DATA_ERROR, 0, true, 1},
         {block("PKCS7", body.substr(0, 129)), INVALID_DATA_ERROR, 0},
+        {empty_sequences(ObjectList::kMaxObjects), 0, ObjectList::kMaxObjects, false},
+        {empty_sequences(ObjectList::kMaxObjects + 1), OUT_OF_RANGE_ERROR, 0, false},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.content.substr(0, 80));

@@ -15,6 +15,11 @@ namespace {
 constexpr std::string_view kBegin = "-----BEGIN ", kEnd = "-----END ", kDashes = "-----";
 constexpr size_t kLongestName = 256; // a longer text of base64 is no file's name
 
+[[nodiscard]] int too_many() {
+    return err_fail(OUT_OF_RANGE_ERROR, "More than %d certificates and the like",
+                    static_cast<int>(ObjectList::kMaxObjects));
+}
+
 [[nodiscard]] int no_object(const char* name) {
     return err_fail(INVALID_DATA_ERROR, "Neither PEM nor DER of certificates or the like: '%s'",
                     shown_name(name));
@@ -171,13 +176,17 @@ int ObjectList::add_der(SecretBuffer der, const char* name, bool isPkcs7) {
             entries_.shrink(before);
             return no_object(name);
         }
-        if (add_signed_data(element.encoding))
-            continue;
-        if (isPkcs7) {
-            entries_.shrink(before);
-            return no_object(name);
+        if (!add_signed_data(element.encoding)) {
+            if (isPkcs7) {
+                entries_.shrink(before);
+                return no_object(name);
+            }
+            entries_.add({element.encoding, object_kind(element.encoding)});
         }
-        entries_.add({element.encoding, object_kind(element.encoding)});
+        if (entries_.size() > kMaxObjects) {
+            entries_.shrink(before);
+            return too_many();
+        }
     }
     if (entries_.size() == before)
         return err_fail(NO_DATA_ERROR, "No certificate or the like in '%s'", shown_name(name));
@@ -211,7 +220,7 @@ bool ObjectList::add_signed_data(DerView der) {
 void ObjectList::add_objects(DerView set) {
     DerReader reader(set);
     DerElement element;
-    while (reader.take_any(element))
+    while (entries_.size() <= kMaxObjects && reader.take_any(element))
         if (element.is(kDerSequence))
             entries_.add({element.encoding, object_kind(element.encoding)});
 }

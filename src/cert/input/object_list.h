@@ -18,7 +18,8 @@ struct ObjectEntry {
 // ObjectList owns the encodings of the objects that it has read.
 class ObjectList {
   public:
-    static constexpr size_t kMaxBytes = 64 << 20; // of all encodings together
+    static constexpr size_t kMaxBytes = 64 << 20;  // of all encodings together
+    static constexpr size_t kMaxObjects = 1 << 18; // what is kept of each takes up to a kilobyte
 
     // add reads a list of arguments joined by ";". Each is
     // - text with PEM blocks, of which each is an object (a block "PKCS7" is the certificates and CRLs in it;
@@ -26,7 +27,7 @@ class ObjectList {
     // - base64 of more than 256 characters;
     // - the name of a file of such text, of DER objects one after the other, or of a SignedData.
     // Null adds nothing. 0, or with a text OPEN_ERROR, READ_ERROR, INVALID_DATA_ERROR (neither),
-    // NO_DATA_ERROR (no object in it), OUT_OF_RANGE_ERROR (more than kMaxBytes).
+    // NO_DATA_ERROR (no object in it), OUT_OF_RANGE_ERROR (more than kMaxBytes or kMaxObjects).
     [[nodiscard]] int add(const char* list);
     // leave_out_unreadable lets add go on where a block, or what follows in a file, is no DER, as long as its
     // argument has an object: unreadable counts such places.

@@ -132,11 +132,14 @@ void add_attribute(CanonicalBytes& out, DerView content) {
 }
 
 // add_attributes adds the members of an RDN of several, a SET whose order depends on how they are encoded.
+// Real ones have a few; those beyond kMostAttributes are added as they are encoded, since a digest takes more
+// memory than an attribute.
 void add_attributes(CanonicalBytes& out, DerView content) {
+    constexpr size_t kMostAttributes = 1 << 16;
     Array<NameDigest> digests;
     DerReader reader(content);
     DerView attribute;
-    while (reader.take(kDerSequence, attribute)) {
+    while (digests.size() < kMostAttributes && reader.take(kDerSequence, attribute)) {
         Sha256Context context;
         sha256_init(context);
         {
