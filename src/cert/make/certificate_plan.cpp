@@ -1,8 +1,8 @@
 #include "cert/make/certificate_plan.h"
 
 #include "asn1/asn_build.h"
-#include "asn1/asn_element.h"
 #include "cert/make/description.h"
+#include "cert/make/element_list.h"
 #include "cert/make/extension_values.h"
 #include "cert/make/name_values.h"
 #include "cert/names/name_build.h"
@@ -256,26 +256,16 @@ constexpr DescriptionRow<Plan> kRows[] = {
 } // namespace
 
 int certificate_plan_read(CertificatePlan& plan, const char* description) {
-    return description_read(description, kRows, plan, take_attribute);
+    const int error = description_read(description, kRows, plan, take_attribute);
+    plan_drop_repeats(plan);
+    return error;
 }
 
-bool list_has(const AsnList& list, const asn_Node* element) {
-    for (const asn_Node* node = list.head(); node != nullptr; node = asn_ElementEnd(node))
-        if (node->tag == element->tag && node->length == element->length && asn_SameElement(node, element))
-            return true;
-    return false;
-}
-
-void list_add(AsnList& list, AsnList element) {
-    if (!list_has(list, element.head()))
-        list = asn_Link(std::move(list), std::move(element));
-}
-
-bool list_has_type(const AsnList& list, const asn_Node* type) {
-    for (const asn_Node* node = list.head(); node != nullptr; node = asn_ElementEnd(node))
-        if (asn_SameElement(node->next, type))
-            return true;
-    return false;
+void plan_drop_repeats(CertificatePlan& plan) {
+    for (AsnList Plan::*list : {&Plan::alternativeNames, &Plan::extKeyUsage, &Plan::policyMappings,
+                                &Plan::permitted, &Plan::excluded, &Plan::crlPoints, &Plan::freshestPoints,
+                                &Plan::authorityAccess, &Plan::subjectAccess, &Plan::tlsFeatures})
+        list_drop_repeats(plan.*list);
 }
 
 } // namespace zul

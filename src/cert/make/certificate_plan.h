@@ -43,11 +43,7 @@ struct CertificatePlan {
 // or BAD_PARAM_ERROR with a text.
 [[nodiscard]] int certificate_plan_read(CertificatePlan& plan, const char* description);
 
-// list_add adds an element to a list that has no equal one.
-void list_add(AsnList& list, AsnList element);
-// list_has tells whether a list of elements has one that is encoded like another.
-bool list_has(const AsnList& list, const asn_Node* element);
-// list_has_type tells whether a list of SEQUENCEs has one that begins with an element like another.
-bool list_has_type(const AsnList& list, const asn_Node* type);
+// plan_drop_repeats takes out of its lists what stands there already.
+void plan_drop_repeats(CertificatePlan& plan);
 
 } // namespace zul

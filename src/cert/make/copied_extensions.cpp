@@ -4,6 +4,7 @@
 #include "cert/fields/cert_extensions.h"
 #include "cert/fields/cert_oids.h"
 #include "cert/fields/general_name.h"
+#include "cert/make/element_list.h"
 #include "cert/make/extension_values.h"
 #include "cert/make/issuer_certificate.h"
 #include "cert/make/name_values.h"
@@ -20,6 +21,12 @@ using Plan = CertificatePlan;
 
 [[nodiscard]] int malformed() {
     return err_fail(BAD_FORMAT_ERROR, "A malformed value");
+}
+
+// Each value of an extension costs far more memory in the plan than in the request.
+constexpr size_t kMostValues = 1 << 16;
+[[nodiscard]] int too_many() {
+    return err_fail(BAD_FORMAT_ERROR, "More than %d values", static_cast<int>(kMostValues));
 }
 
 [[nodiscard]] int given_already() {
@@ -92,8 +99,10 @@ constexpr std::string_view kOidPrincipalName = "\x2B\x06\x01\x04\x01\x82\x37\x14
         return malformed();
     GeneralNameReader reader(names);
     GeneralNameView view;
-    while (reader.next(view)) {
+    for (size_t count = 0; reader.next(view); count++) {
         AsnList name;
+        if (count == kMostValues)
+            return too_many();
         if (copy_name(name, view) != 0)
             return BAD_FORMAT_ERROR; // the description is right: what the request holds is not
         list_add(plan.alternativeNames, std::move(name));
@@ -120,8 +129,11 @@ constexpr std::string_view kOidPrincipalName = "\x2B\x06\x01\x04\x01\x82\x37\x14
     if (!der_single(value, kDerSequence, purposes) || !oid_list_is_valid(purposes))
         return malformed();
     DerReader reader(purposes);
-    while (reader.take(kDerOid, oid))
+    for (size_t count = 0; reader.take(kDerOid, oid); count++) {
+        if (count == kMostValues)
+            return too_many();
         list_add(plan.extKeyUsage, oid_node(oid.text()));
+    }
     return 0;
 }
 
@@ -147,7 +159,9 @@ constexpr std::string_view kOidPrincipalName = "\x2B\x06\x01\x04\x01\x82\x37\x14
     if (!der_single(value, kDerSequence, features) || features.empty())
         return malformed();
     DerReader reader(features);
-    while (!reader.at_end()) {
+    for (size_t count = 0; !reader.at_end(); count++) {
+        if (count == kMostValues)
+            return too_many();
         if (!reader.take(kDerInteger, number) || !der_small_integer(number, feature) || feature > 0xFFFF)
             return malformed();
         list_add(plan.tlsFeatures, asn_NewInteger(static_cast<uint32_t>(feature)));
@@ -197,6 +211,7 @@ int plan_copy_extensions(CertificatePlan& plan, const RequestView& request) {
             return error;
         }
     }
+    plan_drop_repeats(plan);
     return 0;
 }
 

@@ -2,10 +2,10 @@
 
 #include "asn1/asn_build.h"
 #include "cert/fields/cert_oids.h"
-#include "cert/make/certificate_plan.h"
 #include "cert/make/crl_extension_list.h"
 #include "cert/make/crl_reason.h"
 #include "cert/make/description.h"
+#include "cert/make/element_list.h"
 #include "cert/make/extension_values.h"
 #include "cert/make/name_values.h"
 #include "frame/err.h"
@@ -128,6 +128,8 @@ constexpr DescriptionRow<Plan> kRows[] = {
 int crl_plan_read(CrlPlan& plan, const char* description) {
     if (const int error = description_read(description, kRows, plan))
         return error;
+    for (AsnList Plan::*list : {&Plan::pointNames, &Plan::freshestPoints, &Plan::issuerAccess})
+        list_drop_repeats(plan.*list);
     if (plan.nextUpdate && plan.span)
         return bad("The time of the next list is given twice");
     if (plan.onlyUser + plan.onlyCa + plan.onlyAttribute > 1)
