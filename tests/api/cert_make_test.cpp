@@ -73,6 +73,8 @@ TEST_F(CertMake, DescriptionsAreRefusedByName) {
         {"CN=#x410", "Not pairs of hex digits; in 'CN=#x410'"},
         {"1.2.x=a", "Unknown keyword; in '1.2.x=a'"},
         {"DC=a.b", "A domain component is one label; in 'DC=a.b'"},
+        {"E=\u00FC@a.example",
+         "The address is not ASCII before the @: email= takes such an address; in 'E=\u00FC@a.example'"},
         {"subject='CN=a';O=b", "The subject is given already; in 'O=b'"},
         {"subject='CN=a;X=b'", "Unknown keyword; in 'X=b'; in 'subject=CN=a;X=b'"},
         {"CN=a;ca=1", "A flag stands alone, or is true or false; in 'ca=1'"},

@@ -357,6 +357,36 @@ TEST_F(CertPath, Reports) {
     EXPECT_NE(report_.find("  codeName                    ISSUER_ERROR\n"), std::string::npos);
 }
 
+// Certificates that CERT_Issue does not make.
+TEST_F(CertPath, Others) {
+    const struct {
+        const char *cert, *others, *trusted, *anchor;
+        int code;
+        const char* text;
+    } rows[] = {
+        {"cert_path/version1_leaf.pem", "cert_path/version1.pem", "cert_path/root.pem", "certificate",
+         ISSUER_ERROR, "A certificate of version 1 does not make its subject a CA"},
+        {"cert_path/version1_leaf.pem", "", "cert_path/version1.pem", "certificate", 0,
+         ""}, // a root has rights without
+        {"cert_path/ed448_leaf.pem", "cert_path/ed448.pem", "cert_path/root.pem", "certificate",
+         NOT_SUPPORTED_ERROR, "The issuer's key cannot be used"},
+        {"x509/dsa_by_inherited.der", "", "x509/dsa_inherited.der", "key", NOT_SUPPORTED_ERROR,
+         "The issuer's DSA key has no parameters"},
+        {"x509/ca.pem", "", "x509/crl_v2.der", "certificate", NO_DATA_ERROR,
+         "There is no trusted certificate"},
+        {"x509/crl_v2.der", "", "x509/ca.pem", "certificate", BAD_FORMAT_ERROR,
+         "The first object is not a certificate"},
+    };
+    for (const auto& row : rows) {
+        const std::string others = *row.others == '\0' ? "" : data_path(row.others);
+        EXPECT_EQ(check(data_path(row.cert), others, data_path(row.trusted),
+                        "time=2030-01-01;anchor=" + std::string(row.anchor)),
+                  row.code)
+            << row.cert << ": " << last_error();
+        EXPECT_NE(last_error().find(row.text), std::string::npos) << last_error();
+    }
+}
+
 TEST_F(CertPath, LeavesOutWhatCannotBeRead) {
     const std::string cert = leaf("CN=a"), ca = laxAuthority_, count = "unreadableObjects           1\n";
     const std::string cut = "-----BEGIN CERTIFICATE-----\nMIIBAAAA\n-----END CERTIFICATE-----\n",

@@ -290,6 +290,7 @@ TEST_F(CmsEnvelope, KeyFailuresAllLookTheSame) {
 TEST_F(CmsEnvelope, AnswersQueries) {
     const std::string several = path_of("several.der"), byKey = path_of("key_identifier.der");
     EXPECT_EQ(number(several, "Version"), 3);
+    EXPECT_EQ(number(several, "recipientInfoVersion"), 0);
     EXPECT_EQ(number(several, "sizeofEncryptedContent"), 16);
     EXPECT_EQ(text(several, "keyEncryptionAlgorithm"), "rsaEncryption");
     EXPECT_EQ(number(several, "sizeofEncryptedKey"), 128);

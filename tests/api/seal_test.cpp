@@ -96,6 +96,14 @@ TEST(Seal, RefusesWhatIsWrong) {
     EXPECT_RESULT(open(sealed, nullptr, "password"), NO_MATCH_ERROR);
     EXPECT_FAILURE(open(sealed, badLine.c_str()), BAD_KEY_ERROR,
                    "Line 3 of file '" + badLine + "' is no identity");
+    std::string many = recipient;
+    for (int i = 1; i < 20000; i++)
+        many += '\n' + recipient;
+    const std::string most = dir.write("most", many);
+    EXPECT_FAILURE(seal((recipient + ';' + most).c_str(), nullptr), OUT_OF_RANGE_ERROR,
+                   "More than 20000 keys");
+    EXPECT_FAILURE(seal((most + ';' + recipient).c_str(), nullptr), OUT_OF_RANGE_ERROR,
+                   "More than 20000 keys");
     const std::string blanks(300, ' ');
     for (const std::string& line : {identity + blanks + 'x', blanks + 'x', blanks + identity}) {
         dir.write("bad", identity + '\n' + line);
@@ -115,5 +123,5 @@ TEST(Seal, RefusesWhatIsWrong) {
                   BAD_PARAM_ERROR);
     EXPECT_EQ(test::read_text(keyFile), identity);
     EXPECT_FALSE(test::file_exists(out));
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.path()), {}), 5);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.path()), {}), 6);
 }

@@ -55,6 +55,12 @@ TEST(NameMatch, ComparesCharacters) {
         {kUtf8, {'a', 0xC2, 0xAD, 'b'}, kUtf8, bytes_of("ab"), true},  // soft hyphen
         {kUtf8, {'a', 0x80}, kUtf8, {'A', 0x80}, false},               // not UTF-8
         {kBmp, {0xDC, 0x00}, kBmp, {0xDC, 0x00}, true},                // no characters, but the same bytes
+        {kUtf8, bytes_of("\u0100\u0139\u014A\u0178\u0179\u0460\u048A\u04D0\u1E00\u1EA0\u1EFE"), kUtf8,
+         bytes_of("\u0101\u013A\u014B\u00FF\u017A\u0461\u048B\u04D1\u1E01\u1EA1\u1EFF"), true},
+        {kUtf8, bytes_of("\u0130"), kUtf8, bytes_of("\u0131"), false}, // dotted, dotless i
+        {kUtf8, bytes_of("\u0138"), kUtf8, bytes_of("\u0139"), false},
+        {kUtf8, bytes_of("a\u1680\u2000\u2028\u202F\u205F\u3000b"), kUtf8, bytes_of("a b"), true},
+        {kUtf8, bytes_of("a\u034F\u180B\u200B\u202A\u2060\uFE00\uFEFF\uFFF9b"), kUtf8, bytes_of("ab"), true},
         {0x04, bytes_of("A"), 0x04, bytes_of("a"), false},
         {0x04, bytes_of("A"), kPrintable, bytes_of("A"), false},
     };

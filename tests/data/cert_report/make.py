@@ -110,6 +110,11 @@ def key(algorithm, *parameters, bits_of=b"\x04\x01"):
     return seq(seq(oid(algorithm), *parameters), bits(bits_of))
 
 
+def single(serial, status, *more):
+    return seq(seq(seq(oid("1.3.14.3.2.26"), NULL), octets(b"\1"), octets(b"\2"), integer(serial)), status,
+               gtime("20260103000000Z"), *more)
+
+
 def pss(*parameters):
     return seq(oid("1.2.840.113549.1.1.10"), seq(*parameters))
 
@@ -162,8 +167,8 @@ OBJECTS = {
         tlv(0xA4, name(utf8("A, O=B"))), other("1.3.6.1.4.1.311.20.2.3", utf8("joe@example.com")),
         other("1.3.6.1.5.5.7.8.9", utf8("jö@example.com")), other("1.3.6.1.5.5.7.8.5", utf8("im@example.com")),
         other("1.2.3", integer(5)), tlv(0xA5, tlv(0xA1, utf8("party")))))],
-        subject=name(tlv(0x14, b"M\xfcller"), tlv(0x1E, "Ωß".encode("utf-16-be")), tlv(0x1C, "😀".encode("utf-32-be")))),
-        ["subject CN=Müller, CN=Ωß, CN=😀", "dNSName a\\x0ab", "malformed 8101ff", "iPAddress ::1",
+        subject=name(tlv(0x14, b"M\xfcller"), tlv(0x1E, "Ωß".encode("utf-16-be")), tlv(0x1C, "😀\U000E0001".encode("utf-32-be")))),
+        ["subject CN=Müller, CN=Ωß, CN=😀\\xf3\\xa0\\x80\\x81", "dNSName a\\x0ab", "malformed 8101ff", "iPAddress ::1",
          "iPAddress malformed 010203", "registeredID 1.2.3", "directoryName CN=A\\, O=B", "typeId userPrincipalName",
          "value joe@example.com", "typeId smtpUTF8Mailbox", "value jö@example.com", "typeId xmppAddr",
          "value im@example.com", "value #020105", "ediPartyName a509a1070c057061727479"]),
@@ -198,6 +203,21 @@ OBJECTS = {
          "semanticsIdentifier 1.2.3.7", "dNSName names.example", "statementInfo 15", "- url https://pds/", "language en",
          "statementInfo qct-esign", "DE", "- roleOfPspOid PSP_AI", "nCAName BaFin", "nCAId DE-BAFIN",
          "registrationSchemeIdentifier VAT", "registrationReference 123", "logotype aabb", "1.2.3.4.5 (critical) cc"]),
+    "extensions of responders": (certificate([
+        extension("1.3.6.1.5.5.7.48.1.3", seq(tlv(0xA0, ia5("http://c/")), tlv(0xA1, integer(7)),
+                                              tlv(0xA2, gtime("20260102030405Z")))),
+        extension("1.3.6.1.5.5.7.48.1.7", seq(CA, octets(b"\x1a"))),
+        extension("1.2.840.113549.1.9.15", seq(seq(oid("2.16.840.1.101.3.4.1.42")),
+                                               seq(oid("1.2.840.113549.3.2"), integer(128)))),
+        extension("1.2.840.113533.7.65.0", seq(tlv(27, b"V8"), bits(b"\1"))),
+        extension("2.23.140.3.1", seq(printable("VAT"), printable("US"), tlv(0x80, b"CA"), utf8("4"))),
+        extension("1.3.6.1.5.5.7.1.3", seq(
+            seq(oid(QC + "2"), seq(integer(978), integer(5), integer(3))), seq(oid("1.3.6.1.5.5.7.11.2"), seq()))),
+        extension("2.5.29.30", seq(tlv(0xA0, seq(tlv(0x87, b"\1\2\3"))))),
+    ]), ["crlUrl http://c/", "crlNum 7", "crlTime 2026-01-02T03:04:05Z", "issuer CN=CA", "locator 04011a",
+         "- capabilityID aes256-CBC", "- capabilityID rc2CBC", "parameters 02020080", "entrustVers V8",
+         "entrustInfoFlags 03020001", "registrationStateOrProvince CA", "currency 978", "- statementId qcs-pkixQCSyntax-v2",
+         "- iPAddress malformed 010203"]),
     # Nothing of an object hides what follows it.
     "malformed fields": (certificate(
         [extension("2.5.29.19", b"\x30\x05\1\1\xff"), extension("2.5.29.15", octets(b"")), seq(oid("2.5.29.14")),
@@ -230,6 +250,16 @@ OBJECTS = {
     "inherited dsa": (certificate(key=key("1.2.840.10040.4.1", bits_of=integer(9))), ["algorithm id-dsa", "publicKey 09"]),
     "dh": (certificate(key=key("1.2.840.10046.2.1", seq(integer(PRIME), integer(5), integer(11)), bits_of=integer(9))),
            ["algorithm dhpublicnumber", "g 05", "q 0b", "publicKey 09"]),
+    "dh with seed": (certificate(key=key("1.2.840.10046.2.1", seq(integer(PRIME), integer(5), integer(11), integer(3), seq(
+        bits(b"\6"), integer(8))), bits_of=integer(9))), ["j 03", "otherParameters 300703020006020108"]),
+    "dh of pkcs3": (certificate(key=key("1.2.840.113549.1.3.1", seq(integer(PRIME), integer(5), integer(160)),
+                                        bits_of=integer(9))),
+                    ["algorithm dhKeyAgreement", "base 05", "privateValueLength a0", "bits 64", "publicKey 09"]),
+    "binary curve": (certificate(key=key("1.2.840.10045.2.1", seq(
+        integer(1), seq(oid("1.2.840.10045.1.2"), seq(integer(163), oid("1.2.840.10045.1.2.3.2"), integer(7))),
+        seq(octets(b"\1"), octets(b"\2")), octets(b"\4"), integer(7)))),
+        ["fieldType characteristic-two-field", "base 04", "order 07", "bits 163"]),
+    "implicit curve": (certificate(key=key("1.2.840.10045.2.1", NULL)), ["implicitCurve NULL", "publicKey 0401"]),
     "ml-dsa": (certificate(key=key("2.16.840.1.101.3.4.3.18")), ["algorithm id-ml-dsa-65", "publicKey 0401"]),
     "x448": (certificate(key=key("1.3.101.111")), ["algorithm id-X448", "bits 448"]),
     "unknown key": (certificate(key=key("1.2.3", integer(1))), ["algorithm 1.2.3", "parameters 020101", "publicKey 0401"]),
@@ -255,6 +285,19 @@ OBJECTS = {
              "certificateIssuer (critical)", "malformed 3003020102", "- userCertificate 03", "cRLReason unspecified",
              "cRLNumber 0x400000000000000000", "deltaCRLIndicator (critical) 9", "uniformResourceIdentifier http://idp/",
              "onlyContainsUserCerts TRUE", "onlySomeReasons keyCompromise", "indirectCRL TRUE"]),
+    "response": (seq(tlv(10, b"\0"), tlv(0xA0, seq(oid("1.3.6.1.5.5.7.48.1.1"), octets(seq(seq(
+        tlv(0xA0, integer(0)), tlv(0xA2, octets(b"\xaa")), gtime("20260102000000Z"), seq(
+            single(16, tlv(0xA1, gtime("20260101000000Z"), tlv(0xA0, tlv(10, b"\1"))), tlv(0xA0, gtime("20260104000000Z"))),
+            single(17, tlv(0xA1, gtime("20260101010101Z")), tlv(0xA1, seq(
+                extension("1.3.6.1.5.5.7.48.1.6", gtime("20250101000000Z"))))),
+            single(18, tlv(0x82)), tlv(0xA1, gtime("20260101000000Z"))),
+        tlv(0xA1, seq(extension("1.3.6.1.5.5.7.48.1.2", octets(b"\xbb"))))), SHA256_RSA, SIGNATURE))))),
+        ["responseStatus successful", "byKey aa", "producedAt 2026-01-02T00:00:00Z", "hashAlgorithm sha1",
+         "serialNumber 10", "certStatus revoked", "revocationTime 2026-01-01T00:00:00Z", "revocationReason keyCompromise",
+         "nextUpdate 2026-01-04T00:00:00Z", "serialNumber 11", "revocationTime 2026-01-01T01:01:01Z",
+         "ocspArchiveCutoff 2025-01-01T00:00:00Z", "serialNumber 12", "certStatus unknown",
+         "malformed a111180f32303236303130313030303030305a", "ocspNonce bb",
+         "signature cafe"]),
     "unsuccessful response": (seq(tlv(10, b"\3")), ["responseStatus tryLater"]),
     "broken response": (seq(tlv(10, b"\0")), ["response malformed 30030a0100"]),
 }
