@@ -240,6 +240,8 @@ TEST_F(X509Make, RefusesWhatIsWrong) {
          [&](Order& o) { o.subject = o.issuer = nowhere; }},
         {Kind::cert, OPEN_ERROR, "Unable to open issuer's certificate file '" + nowhere + "'",
          [&](Order& o) { o.issuer = nowhere, o.name = "X=1"; }},
+        {Kind::cert, DECRYPT_ERROR, "Internal key data is faulty; Unable to read private key data",
+         [](Order& o) { o.key = "PVTR" + std::string(80, 'A'); }},
         {Kind::cert, BAD_FORMAT_ERROR, "Not a valid certificate signing request",
          [](Order& o) { o.name = ""; }},
         {Kind::cert, NOT_SUPPORTED_ERROR,
