@@ -4,7 +4,6 @@
 #if ZUL_X86_64
 #include <algorithm>
 #include <cstring>
-#include <iterator>
 #include <type_traits>
 
 #include "bignum/mp_ifma_x86.h"

@@ -1,7 +1,6 @@
 #include "bignum/mt.h"
 
 #include <algorithm>
-#include <cstdio>
 
 #include "frame/memory.h"
 #include "platform/platform.h"

@@ -1,5 +1,4 @@
 #include <climits>
-#include <cstring>
 
 #include "cipher/aead.h"
 #include "frame/call_frame.h"
@@ -76,7 +75,7 @@ int encrypt_call(const AeadCall& call, int& length) {
         return err_short_room(static_cast<size_t>(length));
     if (front > 0) {
         if (const int error = rng_bytes(call.output, front, nullptr, 0))
-            return error < 0 ? -error : error;
+            return error;
         input.nonce = call.output;
     }
     aead_encrypt(algorithm, call.output + front, input);

@@ -133,8 +133,8 @@ void inv_sub_bytes(Planes& p) {
     invert(p);
 }
 
-// rotate_quarters rotates the four 16-bit quarters right by 0, 4, 8 and 12 bits; its inverse exchanges the
-// turns of the rows 1 and 3.
+// shift_rows rotates the four 16-bit quarters right by 0, 4, 8 and 12 bits; its inverse exchanges the turns
+// of the rows 1 and 3.
 template<bool inverse>
 void shift_rows(Planes& p) {
     constexpr unsigned kTurn[4] = {0, inverse ? 12 : 4, 8, inverse ? 4 : 12};

@@ -1,9 +1,8 @@
 #pragma once
-// DES (FIPS 46-3) on one block, for the engines of des.cpp and tdes.cpp. A half block is kept expanded: its
-// eight overlapping groups of six bits, as the E table gives them, are the low bits of the eight bytes of a
-// word, group 1 the highest. The S-box tables hold their output permuted and expanded already, so that a
-// round is eight look-ups and the XOR of them. Time depends on the cache; the bit-sliced kernels look up
-// nothing.
+// DES (FIPS 46-3) on one block, for tdes.cpp. A half block is kept expanded: its eight overlapping groups of
+// six bits, as the E table gives them, are the low bits of the eight bytes of a word, group 1 the highest.
+// The S-box tables hold their output permuted and expanded already, so that a round is eight look-ups and the
+// XOR of them. Time depends on the cache; the bit-sliced kernels look up nothing.
 #include <cstddef>
 #include <cstdint>
 

@@ -7,6 +7,7 @@
 
 #include "cipher/aes.h"
 #include "cipher/tdes.h"
+#include "frame/constant_time.h"
 #include "frame/wipe.h"
 #include "hash/sha1.h"
 #include "zulcore.h"
@@ -20,14 +21,6 @@ constexpr uint8_t kAesCheck[kHalf] = {0xA6, 0xA6, 0xA6, 0xA6, 0xA6, 0xA6, 0xA6, 
 constexpr uint8_t kTdesOuterIv[kHalf] = {0x4A, 0xDD, 0xA2, 0x2C, 0x79, 0xE8, 0x21, 0x05};
 constexpr size_t kTdesWrapBlocks = kTdesWrappedKey / kHalf;
 constexpr int kAesRounds = 6;
-
-// The comparison takes the same time wherever the bytes differ.
-bool equal(const uint8_t* a, const uint8_t* b, size_t length) {
-    unsigned difference = 0;
-    for (size_t i = 0; i < length; i++)
-        difference |= static_cast<unsigned>(a[i] ^ b[i]);
-    return difference == 0;
-}
 
 void xor_counter(uint8_t* half, uint64_t counter) {
     for (size_t i = kHalf; i-- > 0; counter >>= 8)
@@ -106,7 +99,7 @@ int aes_key_unwrap(uint8_t* out, const uint8_t* data, size_t length, const uint8
             memcpy(out + i - kHalf, block.data() + kHalf, kHalf);
         }
     }
-    if (equal(block.data(), kAesCheck, kHalf))
+    if (bytes_equal(block.data(), kAesCheck, kHalf))
         return 0;
     wipe_bytes(out, keyLength);
     return kUnwrapFailed;
@@ -145,7 +138,7 @@ int tdes_key_unwrap(uint8_t* out, const uint8_t* data, const uint8_t* kek) {
 
     Secret<kHalf> checksum;
     tdes_checksum(checksum.data(), inner);
-    if (!equal(checksum.data(), inner + kTdesWrapKey, kHalf)) {
+    if (!bytes_equal(checksum.data(), inner + kTdesWrapKey, kHalf)) {
         wipe_bytes(out, kTdesWrapKey);
         return kUnwrapFailed;
     }

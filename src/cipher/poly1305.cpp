@@ -67,7 +67,6 @@ void Poly1305::absorb_last(const uint8_t* data, size_t size) {
 
 void Poly1305::finish(uint8_t* tag) {
     State& s = *state_;
-    uint64_t carry = 0;
     // Twice round, so that all limbs are below their bounds.
     for (int i = 0; i < 2; i++) {
         s.h[1] += s.h[0] >> 44;
@@ -81,7 +80,7 @@ void Poly1305::finish(uint8_t* tag) {
     s.h[0] &= kPoly1305Mask44;
     // h - p, if h is not below p
     uint64_t g[3];
-    carry = s.h[0] + 5;
+    uint64_t carry = s.h[0] + 5;
     g[0] = carry & kPoly1305Mask44;
     carry = s.h[1] + (carry >> 44);
     g[1] = carry & kPoly1305Mask44;

@@ -1,6 +1,5 @@
 #include "ec/ed25519.h"
 
-#include <algorithm>
 #include <cstring>
 
 #include "ec/edwards.h"

@@ -1,8 +1,8 @@
 #include "encode/base64.h"
+#include "encode/output_file.h"
 #include "encode/pem.h"
 #include "encode/whole_file.h"
 #include "frame/err.h"
-#include "frame/file_writer.h"
 #include "frame/text.h"
 #include "zulcore.h"
 
@@ -12,10 +12,6 @@ namespace {
 // read_input has one code for an input that cannot be read, whether or not it can be opened.
 [[nodiscard]] int read_input(const char* path, SecretBuffer& content) {
     return read_whole_file(path, content) == 0 ? 0 : OPEN_ERROR;
-}
-
-[[nodiscard]] int finish_writing(FileWriter& out, const char* path) {
-    return out.finish() ? 0 : err_fail(WRITE_ERROR, "Cannot write file '%s'", shown_name(path));
 }
 
 } // namespace
@@ -28,7 +24,7 @@ int pem_file_from_file(const char* outPath, const char* inPath, const char* labe
     if (!out.is_open())
         return err_fail(CREATE_ERROR, "Cannot create file '%s'", shown_name(outPath));
     pem_write(out, content.data(), content.size(), label, lineLen);
-    return finish_writing(out, outPath);
+    return output_finish(out, outPath);
 }
 
 int pem_file_to_file(const char* outPath, const char* inPath) {
@@ -46,7 +42,7 @@ int pem_file_to_file(const char* outPath, const char* inPath) {
     if (!out.is_open())
         return err_fail(CREATE_ERROR, "Cannot create file '%s'", shown_name(outPath));
     out.write(decoded.data(), decoded.size());
-    return finish_writing(out, outPath);
+    return output_finish(out, outPath);
 }
 
 } // namespace zul

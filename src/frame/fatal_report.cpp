@@ -1,7 +1,6 @@
 #include "frame/fatal_report.h"
 
 #include <cstdio>
-#include <cstring>
 
 #include "frame/text.h"
 #include "platform/platform.h"

@@ -1,6 +1,5 @@
 #include "frame/file_writer.h"
 
-#include <algorithm>
 #include <cstring>
 
 namespace zul {

@@ -55,7 +55,7 @@ ZUL_ALWAYS_INLINE void keccak_round(uint64_t (&e)[25], const uint64_t (&a)[25], 
 
 ZUL_ALWAYS_INLINE void keccak_add_block(uint64_t (&lanes)[25], const uint8_t* data, size_t rate) {
     for (size_t i = 0; i < rate / 8; i++) {
-        uint64_t lane; // x86-64 is little-endian
+        uint64_t lane; // the processors here are little-endian, as the state is
         memcpy(&lane, data + 8 * i, sizeof lane);
         lanes[i] ^= lane;
     }

@@ -2,6 +2,7 @@
 
 #include <atomic>
 
+#include "frame/call_frame.h"
 #include "frame/thread_record.h"
 #include "frame/wipe.h"
 #include "key/string_key.h"
@@ -11,8 +12,6 @@
 #include "rsa/process_key.h"
 
 namespace zul {
-
-void rng_stir(int option);
 
 static std::atomic<bool> loaded{false};
 

@@ -1,7 +1,6 @@
 // RSAES-OAEP: RFC 8017, 7.1.
 #include "rsa/oaep.h"
 
-#include <algorithm>
 #include <cstring>
 
 #include "frame/constant_time.h"

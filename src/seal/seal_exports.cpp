@@ -1,5 +1,3 @@
-#include <cstring>
-
 #include "ec/x25519.h"
 #include "frame/call_frame.h"
 #include "frame/err.h"
@@ -23,7 +21,7 @@ bool is_query(const char* out, int room) {
 
 int make_identity(char* out, int room, int options) {
     if (options != 0)
-        return err_fail(BAD_FLAG_ERROR, "Unknown option");
+        return err_unknown_option();
     if (is_query(out, room))
         return 0;
     if (room < kIdentityLength)

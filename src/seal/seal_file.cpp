@@ -26,7 +26,7 @@ struct Names {
 
 int check_request(const SealRequest& request, int options) {
     if ((request.options & ~options) != 0)
-        return err_fail(BAD_FLAG_ERROR, "Unknown option");
+        return err_unknown_option();
     if ((request.options & ZUL_SEAL_STDIN) == 0 && is_missing(request.fileIn))
         return err_fail(BAD_PARAM_ERROR, "The name of the input file is missing");
     if ((request.options & ZUL_SEAL_STDOUT) == 0 && is_missing(request.fileOut))
