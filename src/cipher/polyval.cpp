@@ -78,9 +78,9 @@ void update_portable(uint64_t state[2], const PolyvalKey& key, const uint8_t* bl
 
 const PolyvalKernel& kernel() {
 #if ZUL_X86_64
-    if (cpu_has(kCpuAesni | kCpuSsse3 | kCpuAvx2 | kCpuVaes | kCpuAvx512))
+    if (cpu_has(kCpuClmul | kCpuSsse3 | kCpuVclmul | kCpuAvx512))
         return kPolyvalVclmul512;
-    if (cpu_has(kCpuAesni | kCpuSsse3))
+    if (cpu_has(kCpuClmul | kCpuSsse3))
         return kPolyvalClmul;
 #endif
     return kPolyvalPortable;

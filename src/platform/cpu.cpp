@@ -29,6 +29,9 @@ static uint32_t read_features() {
         found |= kCpuSsse3;
     if (ecx & bit_AES)
         found |= kCpuAesni;
+    if (ecx & bit_PCLMUL)
+        found |= kCpuClmul;
+    const bool popcnt = (ecx & bit_POPCNT) != 0;
 
     bool ymm = false, zmm = false;
     if (ecx & bit_OSXSAVE) {
@@ -44,12 +47,15 @@ static uint32_t read_features() {
         found |= kCpuShani;
     if (ebx & bit_ADX)
         found |= kCpuAdx;
-    if (ymm && (ebx & bit_AVX2) && (ebx & bit_BMI) && (ebx & bit_BMI2))
+    const unsigned avx2 = bit_AVX2 | bit_BMI | bit_BMI2;
+    if (ymm && popcnt && (ebx & avx2) == avx2)
         found |= kCpuAvx2;
     if (ymm && (ecx & bit_VAES))
         found |= kCpuVaes;
+    if (ymm && (ecx & bit_VPCLMULQDQ))
+        found |= kCpuVclmul;
     const unsigned avx512 = bit_AVX512F | bit_AVX512BW | bit_AVX512DQ | bit_AVX512VL;
-    if (zmm && (ebx & avx512) == avx512) {
+    if (zmm && (found & kCpuAvx2) && (ebx & avx512) == avx512) {
         found |= kCpuAvx512;
         if (ebx & bit_AVX512IFMA)
             found |= kCpuAvx512Ifma;

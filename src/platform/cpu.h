@@ -12,13 +12,15 @@ enum CpuFeature : uint32_t {
     kCpuSsse3 = 1u << 0, // SSSE3 and SSE4.1
     kCpuAesni = 1u << 1,
     kCpuShani = 1u << 2,
-    kCpuAvx2 = 1u << 3,   // AVX2, BMI1 and BMI2
-    kCpuAvx512 = 1u << 4, // AVX-512 F, BW, DQ and VL
+    kCpuAvx2 = 1u << 3,   // AVX2, BMI1, BMI2 and POPCNT
+    kCpuAvx512 = 1u << 4, // AVX-512 F, BW, DQ and VL, with all of kCpuAvx2
     kCpuVaes = 1u << 5,
     kCpuAdx = 1u << 6,
     kCpuAvx512Ifma = 1u << 7,
     kCpuAvx = 1u << 8, // the registers alone: system libraries use them without AVX2 too
     kCpuAvx512Vbmi = 1u << 9,
+    kCpuClmul = 1u << 10,  // PCLMULQDQ, which virtual machines may lack beside AES-NI
+    kCpuVclmul = 1u << 11, // VPCLMULQDQ
     kCpuDetected = 1u << 31,
 };
 

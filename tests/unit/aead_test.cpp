@@ -17,7 +17,8 @@ using test::Bytes, test::sequence;
 // Each set takes one kernel more away from ChaCha20, Poly1305, POLYVAL or AES.
 constexpr uint32_t kNoAvx512 = kCpuAvx512 | kCpuAvx512Ifma, kNoAvx2 = kNoAvx512 | kCpuAvx2 | kCpuVaes;
 constexpr uint32_t kHidden[] = {
-    0, kCpuAvx512Ifma, kCpuVaes, kNoAvx512, kNoAvx2, kNoAvx2 | kCpuAesni, kNoAvx2 | kCpuAesni | kCpuSsse3};
+    0,       kCpuAvx512Ifma,      kCpuVaes | kCpuVclmul,           kNoAvx512,
+    kNoAvx2, kNoAvx2 | kCpuClmul, kNoAvx2 | kCpuClmul | kCpuAesni, kNoAvx2 | kCpuAesni | kCpuSsse3};
 
 class AeadKernels : public test::HiddenFeatures {};
 
