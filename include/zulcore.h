@@ -260,7 +260,7 @@ ZUL_API int ZUL_PowerUpTests(int nOptions);
  * Status. BAD_PARAM_ERROR: null pointer, or nDataLen not positive. */
 ZUL_API int WIPE_Data(void* lpData, int nDataLen);
 
-/* WIPE_File overwrites a file eight times, commits each pass to the disk, and deletes the file. If the name is
+/* WIPE_File overwrites a file seven times, commits each pass to the disk, and deletes the file. If the name is
  * a symbolic link, its target is overwritten and the link is deleted. Older copies can survive on media that
  * remap blocks or keep snapshots. nOptions is ignored.
  * Status. NULL_ERROR: no name; OPEN_ERROR: missing, read-only or not a file; WIPE_ERROR: a pass or the

@@ -283,7 +283,7 @@ function ZUL_PowerUpTests(nOptions: Integer): Integer;
 function WIPE_Data(lpData: Pointer; nDataLen: Integer): Integer;
   cdecl; external ZUL_MODULE;
 
-/// WIPE_File overwrites a file eight times, commits each pass to the disk, and deletes the file.
+/// WIPE_File overwrites a file seven times, commits each pass to the disk, and deletes the file.
 function WIPE_File(szFileName: PAnsiChar; nOptions: Integer): Integer;
   cdecl; external ZUL_MODULE;
 

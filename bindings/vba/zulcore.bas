@@ -240,7 +240,7 @@ Public Declare PtrSafe Function WIPE_Data Lib "zulcore.dll" (ByRef lpData As Any
 Public Declare PtrSafe Function WIPE_DataPtr Lib "zulcore.dll" Alias "WIPE_Data" ( _
     ByVal lpData As LongPtr, ByVal nDataLen As Long) As Long
 
-' WIPE_File overwrites a file eight times, commits each pass to the disk, and deletes the file.
+' WIPE_File overwrites a file seven times, commits each pass to the disk, and deletes the file.
 Public Declare PtrSafe Function WIPE_File Lib "zulcore.dll" (ByVal szFileName As String, _
     ByVal nOptions As Long) As Long
 Public Declare PtrSafe Function WIPE_FilePtr Lib "zulcore.dll" Alias "WIPE_File" ( _

@@ -78,7 +78,7 @@ void print_version(bool json) {
 void add_general_commands(CLI::App& app) {
     auto json = std::make_shared<bool>(false);
     auto files = std::make_shared<std::vector<std::string>>();
-    CLI::App* command = app.add_subcommand("wipe", "Overwrite files eight times and delete them");
+    CLI::App* command = app.add_subcommand("wipe", "Overwrite files seven times and delete them");
     command->add_option("FILE", *files, "Files to wipe")->required()->option_text(" ");
     command->footer("Media that remap blocks, snapshots and backups can keep older copies.\n\n"
                     "Example:\n  zul wipe aes.key plain.txt");

@@ -689,14 +689,14 @@ namespace Zulcore
         }
 
         private static TakesBI WIPE_File_TakesBI;
-        /// <summary>WIPE_File overwrites a file eight times, commits each pass to the disk, and deletes the file.</summary>
+        /// <summary>WIPE_File overwrites a file seven times, commits each pass to the disk, and deletes the file.</summary>
         public static int WIPE_File(byte[] szFileName, int nOptions)
         {
             return Module.Bind(ref WIPE_File_TakesBI, "WIPE_File")(szFileName, nOptions);
         }
 
         private static TakesPI WIPE_File_TakesPI;
-        /// <summary>WIPE_File overwrites a file eight times, commits each pass to the disk, and deletes the file.</summary>
+        /// <summary>WIPE_File overwrites a file seven times, commits each pass to the disk, and deletes the file.</summary>
         public static int WIPE_File(IntPtr szFileName, int nOptions)
         {
             return Module.Bind(ref WIPE_File_TakesPI, "WIPE_File")(szFileName, nOptions);

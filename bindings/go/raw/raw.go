@@ -339,7 +339,7 @@ func WIPE_Data(lpData unsafe.Pointer, nDataLen int32) int32 {
 	return int32(C.WIPE_Data(lpData, C.int(nDataLen)))
 }
 
-// WIPE_File overwrites a file eight times, commits each pass to the disk, and deletes the file.
+// WIPE_File overwrites a file seven times, commits each pass to the disk, and deletes the file.
 func WIPE_File(szFileName unsafe.Pointer, nOptions int32) int32 {
 	return int32(C.WIPE_File((*C.char)(szFileName), C.int(nOptions)))
 }

@@ -214,7 +214,7 @@ export function ZUL_CompileTime(szOutput: Output, nOutChars: number): number;
 export function ZUL_PowerUpTests(nOptions: number): number;
 /** WIPE_Data overwrites nDataLen bytes with zero. */
 export function WIPE_Data(lpData: Output, nDataLen: number): number;
-/** WIPE_File overwrites a file eight times, commits each pass to the disk, and deletes the file. */
+/** WIPE_File overwrites a file seven times, commits each pass to the disk, and deletes the file. */
 export function WIPE_File(szFileName: Input, nOptions: number): number;
 /** CNV_HexStrFromBytes writes two upper-case hex digits for each byte. */
 export function CNV_HexStrFromBytes(szOutput: Output, nOutChars: number, lpInput: Input, nInputLen: number): number;

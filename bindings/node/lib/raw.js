@@ -219,7 +219,7 @@ exports.ZUL_CompileTime = bind('ZUL_CompileTime', pointer, int);
 exports.ZUL_PowerUpTests = bind('ZUL_PowerUpTests', int);
 /** WIPE_Data overwrites nDataLen bytes with zero. */
 exports.WIPE_Data = bind('WIPE_Data', pointer, int);
-/** WIPE_File overwrites a file eight times, commits each pass to the disk, and deletes the file. */
+/** WIPE_File overwrites a file seven times, commits each pass to the disk, and deletes the file. */
 exports.WIPE_File = bind('WIPE_File', pointer, int);
 /** CNV_HexStrFromBytes writes two upper-case hex digits for each byte. */
 exports.CNV_HexStrFromBytes = bind('CNV_HexStrFromBytes', pointer, int, pointer, int);

@@ -224,7 +224,7 @@ public interface Zulcore extends Library {
     /** WIPE_Data overwrites nDataLen bytes with zero. */
     int WIPE_Data(Pointer lpData, int nDataLen);
 
-    /** WIPE_File overwrites a file eight times, commits each pass to the disk, and deletes the file. */
+    /** WIPE_File overwrites a file seven times, commits each pass to the disk, and deletes the file. */
     int WIPE_File(Pointer szFileName, int nOptions);
 
     /** CNV_HexStrFromBytes writes two upper-case hex digits for each byte. */

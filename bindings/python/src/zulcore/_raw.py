@@ -285,7 +285,7 @@ _WIPE_File = _bind("WIPE_File", ctypes.c_char_p, ctypes.c_int)
 
 
 def WIPE_File(szFileName: Input, nOptions: int) -> int:
-    """WIPE_File overwrites a file eight times, commits each pass to the disk, and deletes the file."""
+    """WIPE_File overwrites a file seven times, commits each pass to the disk, and deletes the file."""
     return _WIPE_File(szFileName, nOptions)
 
 
