@@ -8,9 +8,9 @@ namespace zul {
 struct CipherStream {
     CipherSchedule schedule;
     uint8_t chain[kMaxCipherBlock];
-    uint8_t
-        held[kMaxCipherBlock]; // data that waits for the rest of its block, or key stream that waits for data
-    uint32_t heldBytes;        // of data; of key stream those that have been used
+    // Data that waits for the rest of its block, or key stream that waits for data.
+    uint8_t held[kMaxCipherBlock];
+    uint32_t heldBytes; // of data; of key stream those that have been used
     CipherAlgorithm algorithm;
     CipherMode mode;
     bool encrypts, pads;

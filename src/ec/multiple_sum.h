@@ -6,8 +6,8 @@
 // the scalars.
 namespace zul {
 
-// sum_of_multiples gives a times the base point and b times a point; baseOdd holds
-// the odd multiples of the base point.
+// sum_of_multiples gives the sum of a times the base point and b times a point; baseOdd holds the odd
+// multiples of the base point.
 template<class Field, class Scalar, class Table>
 void sum_of_multiples(JacobianPoint<Field>& sum, const Scalar& a, const Table& baseOdd, const Scalar& b,
                       const AffinePoint<Field>& point) {

@@ -19,7 +19,7 @@ void sha512_update(Sha512Context& context, const void* data, size_t size);
 // sha512_final writes 32, 48 or 64 bytes, as initialised, and wipes the context.
 void sha512_final(Sha512Context& context, uint8_t* digest);
 
-// sha512_kernel names the implementation that would run now: "avx2" or "portable".
+// sha512_kernel names the implementation that would run now: "avx512", "avx2" or "portable".
 const char* sha512_kernel();
 
 } // namespace zul

@@ -1,5 +1,4 @@
 #pragma once
-#include <cstddef>
 #include <cstdint>
 
 // The module's seal: a digest of the module's own file, kept inside it.

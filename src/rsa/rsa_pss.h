@@ -21,8 +21,8 @@ struct PssEncoding {
 // pss_encode writes encoding.bytes() bytes for a digest and a salt that fits.
 void pss_encode(uint8_t* out, const PssEncoding& encoding, const uint8_t* digest, const uint8_t* salt);
 
-// pss_verify takes encoding.bytes() bytes. The salt has to have exactly the given
-// length, or at least that if it may be longer.
+// pss_verify takes encoding.bytes() bytes. The salt has to have exactly the given length, or at least that if
+// it may be longer.
 [[nodiscard]] bool pss_verify(const uint8_t* encoded, const PssEncoding& encoding, const uint8_t* digest);
 
 } // namespace zul
