@@ -2,31 +2,18 @@
 """Writes docs/reference/, one page for each family of functions, from the comments of include/zulcore.h and the examples
 in examples/functions, which are programs that run. With --check it writes nothing and fails if a page is not what they
 say, or if a function has no example."""
-import pathlib
 import re
 import sys
 
 import snippets
+from header_model import HEADER, ROOT, blocks_of, comment_lines
 
-ROOT = pathlib.Path(__file__).resolve().parents[1]
-HEADER = ROOT / "include" / "zulcore.h"
 FOLDER = ROOT / "docs" / "reference"
 EXAMPLES = ROOT / "examples" / "functions"
 WIDTH = 110  # of the header
 
 SECTION = re.compile(r"/\* -{3} (.+?) ?-{3,} ?(.*)$", re.S)
 NAMES = re.compile(r"(?<![\w`])(-?\*?(?:[A-Z][A-Z0-9]*_\w*|(?:sz|lp|dp|pn|n)[A-Z]\w*|p[A-Z]\w+\d))")
-
-
-def blocks_of(text):
-    """The header as comments and code, in turn: (comment, the code up to the next comment)."""
-    parts = re.split(r"(/\*.*?\*/)", text, flags=re.S)
-    return list(zip(parts[1::2], parts[2::2]))
-
-
-def lines_of(comment):
-    body = re.sub(r"^/\*|\*/$", "", comment)
-    return [re.sub(r"^ ?\*", "", line, count=1) if number else line for number, line in enumerate(body.split("\n"))]
 
 
 def markdown_of(lines):
@@ -95,12 +82,12 @@ def pages_of(text, found):
     for comment, code in text[1:start]:
         if not re.search(r"#define|enum", code):
             continue
-        constants += "\n" + markdown_of(lines_of(comment)) + "\n```c\n" + code.strip("\n") + "\n```\n"
+        constants += "\n" + markdown_of(comment_lines(comment)) + "\n```c\n" + code.strip("\n") + "\n```\n"
     pages = {"constants": ("Error codes and options", constants, [])}
     key, shown = None, {}
     for comment, code in text[start:]:
         if section := SECTION.match(comment):
-            lines = lines_of(comment)
+            lines = comment_lines(comment)
             title = re.sub(r"[ -]+$", "", re.sub(r"^ -{3} ", "", lines[0]))
             key = re.match(r"[A-Z0-9]+", title)[0].lower()
             intro = markdown_of(lines[1:]) if "".join(lines[1:]).strip() else ""
@@ -113,7 +100,7 @@ def pages_of(text, found):
             title, page, names = pages[key]
             own = [name for _, name in functions]
             page += "\n## " + ", ".join(own) + "\n\n```c\n" + "\n".join(code.replace("\n        ", "\n") for code, _ in functions) + "\n```\n\n"
-            page += markdown_of(lines_of(comment)) + example_of(own, found, shown)
+            page += markdown_of(comment_lines(comment)) + example_of(own, found, shown)
             pages[key] = (title, page, names + own)
     return pages
 
@@ -123,7 +110,7 @@ def files_of(text):
     pages = pages_of(blocks, examples())
     files = {f"{key}.md": page for key, (_, page, _) in pages.items()}
     index = "# Reference\n\nMade from `include/zulcore.h` by `scripts/make_reference.py`.\n\n"
-    index += markdown_of(lines_of(blocks[0][0])[2:]).replace("docs/conventions.md has", "[Conventions](../conventions.md) has")
+    index += markdown_of(comment_lines(blocks[0][0])[2:]).replace("docs/conventions.md has", "[Conventions](../conventions.md) has")
     index += "\n## Families\n\n"
     for key, (title, _, names) in pages.items():
         index += f"- [{title}]({key}.md)" + (": " + ", ".join(f"`{name}`" for name in names) if names else "") + "\n"
