@@ -5,6 +5,7 @@
 #include "support/key_calls.h"
 
 using test::element;
+constexpr auto hex = test::text_from_hex;
 using test::last_error;
 
 // What is made, byte for byte, against an encoding of the same put together here.
@@ -13,11 +14,6 @@ namespace {
 
 const unsigned char* bytes(const std::string& text) {
     return reinterpret_cast<const unsigned char*>(text.data());
-}
-
-std::string hex(const std::string& text) {
-    const auto decoded = test::from_hex(text);
-    return {decoded.begin(), decoded.end()};
 }
 
 std::string digest_of(const std::string& content, int options) {

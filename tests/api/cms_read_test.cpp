@@ -1,16 +1,13 @@
+#include "support/der_bytes.h"
 #include "support/module_calls.h"
 
 static const std::string kContent = "Hello, reader.";
 
 using test::replaced;
+constexpr auto hex = test::text_from_hex;
 
 static std::string stored(const std::string& name) {
     return test::data_path("cms/" + name);
-}
-
-static std::string hex(const char* digits) {
-    const std::vector<uint8_t> bytes = test::from_hex(digits);
-    return {bytes.begin(), bytes.end()};
 }
 
 // without_armour leaves the base64 of PEM.

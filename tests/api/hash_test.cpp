@@ -78,43 +78,32 @@ TEST(HashExports, RefuseMisuse) {
     const std::string longName(10000, 'n');
     unsigned char bytes[64];
     char text[129];
-    const struct {
-        const char* what;
-        int result, expected, recorded;
-    } cases[] = {
-#define CASE(call, expected, recorded) {#call, call, expected, ZUL_ErrorCode() == recorded ? recorded : -1}
-        CASE(HASH_Bytes(bytes, 64, nullptr, 3, 0), -6, 0),
-        CASE(HASH_Bytes(bytes, 64, nullptr, 0, 0), -6, 0),
-        CASE(HASH_Bytes(bytes, 64, "abc", -1, 0), -6, 0),
-        CASE(HASH_Bytes(bytes, 64, "abc", INT_MIN, 8), -6, 0),
-        CASE(HASH_Bytes(bytes, 64, "abc", 3, 8), -17, 17),
-        CASE(HASH_Bytes(nullptr, 0, "abc", 3, 15), -17, 17),
-        CASE(HASH_HexFromBytes(text, 128, nullptr, 3, 0), -6, 0),
-        CASE(HASH_HexFromBytes(text, 128, "abc", -1, 0), -6, 0),
-        CASE(HASH_HexFromBytes(text, 128, "abc", 3, 8), -17, 17),
-        CASE(HASH_HexFromBytes(nullptr, 0, "abc", 3, 9), -17, 17),
-        CASE(HASH_HexFromHex(text, 128, nullptr, 0), -6, 0),
-        CASE(HASH_HexFromHex(text, 128, "616", 0), -8, 8),
-        CASE(HASH_HexFromHex(text, 128, "616", 8), -8, 8),
-        CASE(HASH_HexFromHex(text, 128, "6162", 8), -17, 17),
-        CASE(HASH_File(bytes, 64, nullptr, 0), -6, 0),
-        CASE(HASH_File(bytes, 64, "", 0), -6, 0),
-        CASE(HASH_File(bytes, 64, missing.c_str(), 0), -1, 1),
-        CASE(HASH_File(bytes, 64, missing.c_str(), 8), -1, 1),
-        CASE(HASH_File(nullptr, 0, missing.c_str(), 0), -1, 1),
-        CASE(HASH_File(bytes, 64, file.c_str(), 8), -17, 17),
-        CASE(HASH_File(bytes, 64, dir.path().c_str(), 0), -1, 1),
-        CASE(HASH_File(bytes, 64, longName.c_str(), 0), -1, 1),
-        CASE(HASH_HexFromFile(text, 128, nullptr, 0), -6, 0),
-        CASE(HASH_HexFromFile(text, 128, "", 0), -6, 0),
-        CASE(HASH_HexFromFile(text, 128, missing.c_str(), 0), -1, 1),
-        CASE(HASH_HexFromFile(text, 128, file.c_str(), 15), -17, 17),
-#undef CASE
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(c.result, c.expected) << c.what;
-        EXPECT_NE(c.recorded, -1) << c.what << ": another code is recorded";
-    }
+    EXPECT_RECORDED(HASH_Bytes(bytes, 64, nullptr, 3, 0), -6, 0);
+    EXPECT_RECORDED(HASH_Bytes(bytes, 64, nullptr, 0, 0), -6, 0);
+    EXPECT_RECORDED(HASH_Bytes(bytes, 64, "abc", -1, 0), -6, 0);
+    EXPECT_RECORDED(HASH_Bytes(bytes, 64, "abc", INT_MIN, 8), -6, 0);
+    EXPECT_RECORDED(HASH_Bytes(bytes, 64, "abc", 3, 8), -17, 17);
+    EXPECT_RECORDED(HASH_Bytes(nullptr, 0, "abc", 3, 15), -17, 17);
+    EXPECT_RECORDED(HASH_HexFromBytes(text, 128, nullptr, 3, 0), -6, 0);
+    EXPECT_RECORDED(HASH_HexFromBytes(text, 128, "abc", -1, 0), -6, 0);
+    EXPECT_RECORDED(HASH_HexFromBytes(text, 128, "abc", 3, 8), -17, 17);
+    EXPECT_RECORDED(HASH_HexFromBytes(nullptr, 0, "abc", 3, 9), -17, 17);
+    EXPECT_RECORDED(HASH_HexFromHex(text, 128, nullptr, 0), -6, 0);
+    EXPECT_RECORDED(HASH_HexFromHex(text, 128, "616", 0), -8, 8);
+    EXPECT_RECORDED(HASH_HexFromHex(text, 128, "616", 8), -8, 8);
+    EXPECT_RECORDED(HASH_HexFromHex(text, 128, "6162", 8), -17, 17);
+    EXPECT_RECORDED(HASH_File(bytes, 64, nullptr, 0), -6, 0);
+    EXPECT_RECORDED(HASH_File(bytes, 64, "", 0), -6, 0);
+    EXPECT_RECORDED(HASH_File(bytes, 64, missing.c_str(), 0), -1, 1);
+    EXPECT_RECORDED(HASH_File(bytes, 64, missing.c_str(), 8), -1, 1);
+    EXPECT_RECORDED(HASH_File(nullptr, 0, missing.c_str(), 0), -1, 1);
+    EXPECT_RECORDED(HASH_File(bytes, 64, file.c_str(), 8), -17, 17);
+    EXPECT_RECORDED(HASH_File(bytes, 64, dir.path().c_str(), 0), -1, 1);
+    EXPECT_RECORDED(HASH_File(bytes, 64, longName.c_str(), 0), -1, 1);
+    EXPECT_RECORDED(HASH_HexFromFile(text, 128, nullptr, 0), -6, 0);
+    EXPECT_RECORDED(HASH_HexFromFile(text, 128, "", 0), -6, 0);
+    EXPECT_RECORDED(HASH_HexFromFile(text, 128, missing.c_str(), 0), -1, 1);
+    EXPECT_RECORDED(HASH_HexFromFile(text, 128, file.c_str(), 15), -17, 17);
 }
 
 TEST(HashHexFromHex, TakesDamagedTextForTheEmptyMessage) {

@@ -7,6 +7,10 @@ namespace test {
 inline Bytes bytes_of(const std::string& text) {
     return {text.begin(), text.end()};
 }
+inline std::string text_from_hex(const std::string& hex) {
+    const Bytes bytes = from_hex(hex);
+    return {bytes.begin(), bytes.end()};
+}
 inline Bytes operator+(Bytes a, const Bytes& b) {
     a.insert(a.end(), b.begin(), b.end());
     return a;

@@ -14,6 +14,9 @@
 #define EXPECT_RESULT(call, code) EXPECT_TRUE(test::has_result(call, code))
 #define ASSERT_RESULT(call, code) ASSERT_TRUE(test::has_result(call, code))
 
+// EXPECT_RECORDED tells the two apart.
+#define EXPECT_RECORDED(call, result, recorded) EXPECT_TRUE(test::has_result(call, result, recorded))
+
 // EXPECT_FAILURE expects the text of the last error too, EXPECT_FAILURE_WITH a part of it.
 #define EXPECT_FAILURE(call, code, text) EXPECT_TRUE(test::has_failure(call, code, text))
 #define EXPECT_FAILURE_WITH(call, code, part) EXPECT_TRUE(test::has_failure(call, code, part, true))
@@ -28,11 +31,14 @@ inline std::string last_error() {
     return text;
 }
 
-inline testing::AssertionResult has_result(long long result, long long code) {
-    if (result == code && ZUL_ErrorCode() == std::abs(code))
+inline testing::AssertionResult has_result(long long result, long long code, long long recorded) {
+    if (result == code && ZUL_ErrorCode() == recorded)
         return testing::AssertionSuccess();
     return testing::AssertionFailure() << result << ", recorded " << ZUL_ErrorCode() << ", instead of "
-                                       << code << "; text: " << last_error() << "; ";
+                                       << code << ", " << recorded << "; text: " << last_error() << "; ";
+}
+inline testing::AssertionResult has_result(long long result, long long code) {
+    return has_result(result, code, std::abs(code));
 }
 inline testing::AssertionResult has_failure(long long result, long long code, const std::string& text,
                                             bool isPart = false) {

@@ -1,3 +1,5 @@
+#include <sstream>
+
 #include "asn1/asn_encode.h"
 #include "asn1/asn_value.h"
 #include "asn1/oid.h"
@@ -35,42 +37,16 @@ TEST(CertNames, DomainsBecomeAscii) {
         EXPECT_EQ(ascii_of(row.name), row.ascii) << err_text();
     const std::string label(63, 'a');
     EXPECT_EQ(ascii_of(label + "." + label + "." + label + "." + label.substr(2)).size(), 253u);
-    const std::string refused[] = {"",
-                                   ".",
-                                   "a..b",
-                                   "example.com.",
-                                   "-a.b",
-                                   "a-.b",
-                                   "a_b.c",
-                                   "a*.b",
-                                   "a.*.b",
-                                   "*",
-                                   "ab--c.d",
-                                   label + "a.b",
-                                   label + "." + label + "." + label + "." + label.substr(1),
-                                   "1.2.3.4",
-                                   "a.1",
-                                   "xn--a.b",
-
-                                   "xn--abc-.d",
-                                   "xn--BCHER-9999.b",
-                                   "B\u00DCCHER.b",
-                                   "\u00C4.b",
-                                   "\u0100.b",
-                                   "\u0139.b",
-                                   "u\u0308.b",
-                                   "\u0308u.b",
-                                   "a\u00B7b.c",
-                                   "\u2603.b",
-                                   "b\u00FC cher",
-                                   "\xFC.b",
-                                   "\xC0\xAF.b",
-                                   "\xED\xA0\x80.b",
-                                   "b\u00FC\u3002c",
-                                   std::string(62, 'a') + "\u00FC.b",
-                                   "\u00FC" + label + ".b",
-                                   "xn--a-ecp.b"};
-    for (const std::string& name : refused)
+    std::istringstream refused(
+        ". a..b example.com. -a.b a-.b a_b.c a*.b a.*.b * ab--c.d 1.2.3.4 a.1 xn--a.b "
+        "xn--abc-.d xn--BCHER-9999.b B\u00DCCHER.b \u00C4.b \u0100.b \u0139.b u\u0308.b "
+        "\u0308u.b a\u00B7b.c \u2603.b \xFC.b \xC0\xAF.b \xED\xA0\x80.b b\u00FC\u3002c "
+        "xn--a-ecp.b");
+    for (std::string name; refused >> name;)
+        EXPECT_EQ(ascii_of(name), "") << name;
+    for (const std::string& name : {std::string(), std::string("b\u00FC cher"), label + "a.b",
+                                    label + "." + label + "." + label + "." + label.substr(1),
+                                    label.substr(1) + "\u00FC.b", "\u00FC" + label + ".b"})
         EXPECT_EQ(ascii_of(name), "") << name;
     EXPECT_EQ(ascii_of("*.example.com", DomainForm::name), "");
 }
@@ -104,42 +80,17 @@ TEST(CertNames, GeneralNamesAndConstraints) {
         const std::string der = general_name(row.text, general_name_read);
         EXPECT_EQ(der.find(row.der), 0u) << row.text << " " << der;
     }
-    for (const char* text : {"ip:1.2.3",
-                             "ip:1.2.3.04",
-                             "ip:1.2.3.256",
-                             "ip:1::2::3",
-                             "ip:1:2:3:4:5:6:7:8:9",
-                             "ip:1:2:3:4:5:6:7",
-                             "ip::1:2:3:4:5:6:7:8",
-                             "ip:12345::",
-                             "ip:fe80::1%1",
-                             "ip:::1.2.3",
-                             "ip:1:2:3:4:5:6:7::8",
-                             "email:a",
-                             "email:a@",
-                             "email:.a@b",
-                             "email:a..b@c",
-                             "email:a b@c",
-                             "email:a.@b",
-                             "email:a\xC2\x85z@b",
-                             "email:a\xFFz@b",
-                             "rid:3.1",
-                             "rid:1.40",
-                             "rid:1.02",
-                             "dirName:x=y",
-                             "dirName:;",
-                             "other:1.2:31",
-                             "other:1.2:3000ff",
-                             "uri:/a",
-                             "uri:http:",
-                             "http://",
-                             "http://a b",
-                             "http://a/%zz",
-                             "http://a:b/",
-                             "http://u@/",
-                             "upn:\xFF"})
+    std::istringstream refused(
+        "ip:1.2.3 ip:1.2.3.04 ip:1.2.3.256 ip:1::2::3 ip:1:2:3:4:5:6:7:8:9 ip:1:2:3:4:5:6:7 "
+        "ip::1:2:3:4:5:6:7:8 ip:12345:: ip:fe80::1%1 ip:::1.2.3 ip:1:2:3:4:5:6:7::8 "
+        "email:a email:a@ email:.a@b email:a..b@c email:a.@b email:a\xC2\x85z@b "
+        "email:a\xFFz@b rid:3.1 rid:1.40 rid:1.02 dirName:x=y dirName:; other:1.2:31 "
+        "other:1.2:3000ff uri:/a uri:http: http:// http://a/%zz http://a:b/ http://u@/ "
+        "upn:\xFF");
+    for (std::string text; refused >> text;)
         EXPECT_EQ(general_name(text, general_name_read), "") << text;
-
+    for (const char* text : {"email:a b@c", "http://a b"})
+        EXPECT_EQ(general_name(text, general_name_read), "") << text;
     const auto permit = [](AsnList& base, std::string_view text) {
         return name_constraint_make(base, text, false);
     };

@@ -7,8 +7,8 @@
 #include "cert/path/crl_signer_paths.h"
 #include "cert/path/evidence.h"
 #include "cert/path/revocation.h"
-#include "encode/base64.h"
 #include "frame/err.h"
+#include "support/module_calls.h"
 #include "support/unit_test.h"
 #include "zulcore.h"
 
@@ -73,11 +73,6 @@ std::string text_of(const RevocationAnswer& answer) {
 
 std::string certificates_of(const test::Vector& vector) {
     return vector.text("Anchor") + " " + vector.text("Target") + " " + vector.text("Signers");
-}
-
-std::string pem_of(const Bytes& der) {
-    const SecretBuffer text = b64_text(der.data(), der.size());
-    return "-----BEGIN X-----\n" + std::string(text.text()) + "\n-----END X-----\n";
 }
 
 Objects read_objects(const test::Vectors& vectors) {
@@ -167,7 +162,7 @@ TEST(Revocation, ForgedListsAreBounded) {
         for (int i = 1; i <= 1100; i++) { // the signature ends the encoding
             forged[forged.size() - 30] = static_cast<uint8_t>(i);
             forged[forged.size() - 31] = static_cast<uint8_t>(i >> 8);
-            ASSERT_EQ(list.add(pem_of(forged).c_str()), 0);
+            ASSERT_EQ(list.add(test::pem(forged).c_str()), 0);
         }
         Chain chain(certificates);
         Evidence evidence;
