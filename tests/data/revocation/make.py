@@ -250,6 +250,8 @@ CASES = [
     ("listed in version 1", LEAF, "revoked -1", [crl(entry(6), entry(5), version=1)]),
     ("another serial number of the same digits", LEAF, "good", [crl(entry(5 << 8))]),
     ("hold, later revoked, in one list", LEAF, "revoked 1", [crl(entry(5, HOLD), entry(5, COMPROMISE))]),
+    ("revoked, later hold, in one list", LEAF, "revoked 1", [crl(entry(5, COMPROMISE), entry(5, HOLD))]),
+    ("removed, later hold, in one list", LEAF, "revoked 6", [crl(entry(5, REMOVE), entry(5, HOLD))]),
     ("removed, in a complete list", LEAF, "good", [crl(entry(5, REMOVE))]),
     ("no nextUpdate", LEAF, EXPIRED, [crl(to=None)]),
     ("listed without nextUpdate", LEAF, "revoked -1", [crl(entry(), to=None)]),
@@ -319,6 +321,15 @@ CASES = [
                                                 crl(entry(5, REMOVE), number=3, base=1, this="2026-05-02")]),
     ("delta older than its base", LEAF, "revoked 6", [crl(entry(5, HOLD), number=3), crl(entry(5, REMOVE), number=2, base=1)]),
     ("delta of a later base", LEAF, "revoked 6", [crl(entry(5, HOLD), number=1), crl(entry(5, REMOVE), number=3, base=2)]),
+    ("delta of a longer number", LEAF, "good", [crl(entry(5, HOLD), number=9), crl(entry(5, REMOVE), number=300, base=9)]),
+    ("delta of a base of a longer number", LEAF, "good", [crl(entry(5, HOLD), number=300), crl(
+        entry(5, REMOVE), number=301, base=9)]),
+    ("delta without number", LEAF, "revoked 6", [crl(entry(5, HOLD), number=1), crl(entry(5, REMOVE), base=1)]),
+    ("delta of a base without number", LEAF, "revoked 6", [crl(entry(5, HOLD)), crl(entry(5, REMOVE), number=2, base=1)]),
+    ("delta with a malformed entry", LEAF, "revoked 6", [crl(entry(5, HOLD), number=1), crl(
+        entry(5, REMOVE), seq(integer(7)), number=2, base=1)]),
+    ("delta with a critical extension of an entry", LEAF, "revoked 6", [crl(entry(5, HOLD), number=1), crl(
+        entry(5, REMOVE), entry(6, extra=[UNKNOWN]), number=2, base=1)]),
     ("delta of another scope", LEAF, "revoked 6", [crl(entry(5, HOLD), number=1), crl(
         entry(5, REMOVE), number=2, base=1, extensions=[idp([directory("CA")])])]),
     ("delta of another key identifier", LEAF, "revoked 6", [crl(entry(5, HOLD), number=1), crl(
@@ -353,6 +364,7 @@ CASES = [
     ("OCSP hold ended", LEAF, "good", [response(single(revoked(HOLD), this="2026-04-01")), response(single())]),
     ("OCSP critical extension", LEAF, NOT_SUPPORTED, [response(single(), extra=[UNKNOWN])]),
     ("OCSP critical extension of one", LEAF, NOT_SUPPORTED, [response(single(extra=[UNKNOWN]))]),
+    ("OCSP extension that is not critical", LEAF, "good", [response(single(extra=[NO_CHECK]), extra=[NO_CHECK])]),
     ("OCSP nonce", LEAF, "good", [response(single(), extra=[NONCE])]),
     ("OCSP delegate", LEAF, "good", [delegated(delegate())]),
     ("OCSP delegate without the purpose", LEAF, ISSUER, [delegated(delegate(purpose("2.5.29.37.0")))]),
@@ -371,6 +383,8 @@ CASES = [
     ("OCSP good, on hold later", LEAF, "revoked 6", [response(single()), crl(entry(5, HOLD), this="2026-05-02")]),
     ("OCSP on hold once, CRL good", LEAF, "good",
      [response(single(revoked(HOLD), this="2026-04-01", to="2026-04-08")), crl()]),
+    ("OCSP on hold twice", LEAF, "revoked 6",
+     [response(single(revoked(HOLD), this="2026-04-01")), response(single(revoked(HOLD)))]),
     ("OCSP on hold, CRL good before", LEAF, "revoked 6", [response(single(revoked(HOLD))), crl(this="2026-04-01")]),
     ("OCSP on hold and good before, CRL good between", LEAF, "revoked 6",
      [response(single(this="2026-03-01")), response(single(revoked(HOLD))), crl(this="2026-04-01")]),
