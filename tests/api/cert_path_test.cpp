@@ -105,6 +105,7 @@ TEST_F(CertPath, RightsAndConditions) {
         {"ca", "ca;policy=1.2.3", "CN=a;policy=1.2.3", "explicitPolicy;policy=1.2.3", 0},
         {"ca", "ca;policy=1.2.3", "CN=a;policy=1.2.3", "explicitPolicy;policy=1.2.4", NO_MATCH_ERROR},
         {"ca", "ca", "CN=a;policy=1.2.3", "explicitPolicy", NO_MATCH_ERROR},
+        {"ca", "ca", "CN=a;ca;requireExplicitPolicy=0", "", NO_MATCH_ERROR},
         {"ca", "ca;policy=1.2.3;policyMapping=1.2.3:1.2.4", "CN=a;policy=1.2.4",
          "explicitPolicy;policy=1.2.3", 0},
         {"ca", "ca;policy=1.2.3;policyMapping=1.2.3:1.2.4", "CN=a;policy=1.2.4",
@@ -413,6 +414,17 @@ TEST_F(CertPath, AnchorKeySignsCrls) {
     };
     EXPECT_EQ(status("time=2026-06-01"), NO_DATA_ERROR);
     EXPECT_EQ(status("time=2026-06-01;anchor=key"), 0) << last_error();
+    // Lists that nobody has signed are not tried for ever, and then nothing is known.
+    std::string forged;
+    Bytes der = der_of(read_text(crl));
+    for (int i = 0; i < 1100; i++) {
+        der[der.size() - 30] = static_cast<uint8_t>(i);
+        der[der.size() - 31] = static_cast<uint8_t>(i >> 8);
+        forged += "-----BEGIN X-----\n" + base64(der) + "\n-----END X-----\n";
+    }
+    EXPECT_EQ(CERT_CheckPath(nullptr, 0, laxAuthority_.c_str(), nullptr, lax_.c_str(), forged.c_str(),
+                             "time=2026-06-01;revocation=known", 0),
+              OUT_OF_RANGE_ERROR);
 }
 
 TEST_F(CertPath, RefusesArguments) {

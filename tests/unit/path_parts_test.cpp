@@ -43,6 +43,9 @@ TEST(NameConstraints, RefuseWhatTheyCannotCompare) {
         {"300481026140", "820162", BAD_FORMAT_ERROR},                        // "a@"
         {"3003820161", "8203612e62", 0},                                     // a.b
         {"3003820162", "8203612e62", ISSUER_ERROR},                          // a.b
+        {"300482022e62", "8203612e62", ISSUER_ERROR},                        // a.b is below b
+        {"300482022e62", "82032a2e62", ISSUER_ERROR},                        // *.b
+        {"300482022e62", "820162", 0},                                       // b itself is not
         {"3003820162", "82022e62", NOT_SUPPORTED_ERROR},                     // an empty label
         {"3003820162", "820262ff", BAD_FORMAT_ERROR},
         {"3003820162", "82026200", NOT_SUPPORTED_ERROR}, // a zero byte
