@@ -1,17 +1,11 @@
 #include <climits>
 
 #include "cipher/aead.h"
+#include "cipher/random_bytes.h"
 #include "frame/call_frame.h"
 #include "frame/err.h"
 #include "frame/wipe.h"
 #include "zulcore.h"
-
-namespace zul {
-
-// rng_bytes belongs to the random generator, a floor above this one, which defines it.
-int rng_bytes(unsigned char* out, size_t len, const unsigned char* addl, size_t addlLen);
-
-} // namespace zul
 
 using namespace zul;
 

@@ -2,17 +2,10 @@
 #include "cipher/cipher_file.h"
 #include "cipher/cipher_text.h"
 #include "cipher/key_wrap.h"
+#include "cipher/random_bytes.h"
 #include "frame/call_frame.h"
 #include "frame/err.h"
 #include "zulcore.h"
-
-namespace zul {
-
-// rng_bytes belongs to the random generator, a higher layer, which defines it. It returns 0 or an
-// error code.
-[[nodiscard]] int rng_bytes(unsigned char* out, size_t len, const unsigned char* addl, size_t addlLen);
-
-} // namespace zul
 
 // A bad choice of cipher comes back negated, every other failure positive; callers test for nonzero. The
 // frame records both alike.
