@@ -498,7 +498,7 @@ ZUL_API int TDEA_File(const char* szFileOut, const char* szFileIn, const unsigne
  * The parity bits of a Triple DES key are wrapped as they are; set them first for a receiver that checks
  * them.
  * Length. Query. -BAD_PARAM_ERROR: null data or key; -BAD_FLAG_ERROR; -BAD_KEY_LEN_ERROR: nKekLen;
- * -BAD_LENGTH_ERROR: nDataLen; -SHORT_BUF_ERROR. */
+ * -BAD_LENGTH_ERROR: nDataLen; -SHORT_BUF_ERROR; for Triple DES -PRNG_ERR_CATASTROPHIC as RNG_Initialize. */
 ZUL_API int CIPHER_KeyWrap(unsigned char* lpOutput, int nOutBytes, const unsigned char* lpData, int nDataLen,
                            const unsigned char* lpKEK, int nKekLen, int nOptions);
 
@@ -569,7 +569,7 @@ ZUL_API int RNG_Initialize(const char* szSeedFile, int nOptions);
 
 /* RNG_MakeSeedFile makes or overwrites a seed file for RNG_Initialize from what the user does in the dialog of
  * RNG_BytesWithPrompt; szPrompt and nOptions as there. Only the owner of the file may read it (on Windows it gets
- * the rights of its folder). A file that cannot be written is removed.
+ * the rights of its folder). A file that cannot be written is removed; a locked one may be left empty.
  * 0, or -PRNG_ERR_BADPARAM (null or empty name; no dialog is shown), -PRNG_ERR_NOTAVAIL,
  * -PRNG_ERR_FILE_CREATE, _WRITE or _LOCK, or -PRNG_ERR_CATASTROPHIC as RNG_Initialize. */
 ZUL_API int RNG_MakeSeedFile(const char* szSeedFile, const char* szPrompt, int nOptions);
@@ -1255,8 +1255,8 @@ ZUL_API int CIPHER_Add(unsigned char* lpOutput, int nOutBytes, void* lpContext, 
 /* CIPHER_End writes the end, at most a block, and wipes the context.
  * Length in bytes. Query only with a null lpOutput, and only where there is a pad: the most that it may write.
  * Without a pad nothing is written, and lpOutput may be null. -BAD_LENGTH_ERROR: the data was not a whole number of
- * blocks; -DECRYPT_ERROR: a damaged pad, or a wrong key; -SHORT_BUF_ERROR: the context is
- * unchanged; -INVALID_DATA_ERROR. */
+ * blocks; -DECRYPT_ERROR: a damaged pad, or a wrong key; -SHORT_BUF_ERROR: the context is unchanged;
+ * -INVALID_DATA_ERROR. */
 ZUL_API int CIPHER_End(unsigned char* lpOutput, int nOutBytes, void* lpContext);
 
 /* --- AEAD_: authenticated encryption (RFC 5116) ------------------------------------------------------- */
@@ -1272,7 +1272,7 @@ ZUL_API int CIPHER_End(unsigned char* lpOutput, int nOutBytes, void* lpContext);
  * lpOutput may be lpInput if there is no random nonce. lpAad may be null if nAadLen is 0.
  * Length: nInputLen + 16, or + 28 with a random nonce. Query. -NOT_SUPPORTED_ERROR: no such algorithm;
  * -BAD_KEY_LEN_ERROR; -BAD_IV_ERROR: the length of the nonce; -SHORT_BUF_ERROR; -BAD_PARAM_ERROR;
- * -BAD_FLAG_ERROR: no such option; -BAD_LENGTH_ERROR: the output would be too long for a result. */
+ * -BAD_FLAG_ERROR: no such option; -BAD_LENGTH_ERROR: too long for a result; -PRNG_ERR_CATASTROPHIC. */
 ZUL_API int AEAD_Encrypt(unsigned char* lpOutput, int nOutBytes, const unsigned char* lpInput, int nInputLen,
                          const unsigned char* lpKey, int nKeyLen, const unsigned char* lpNonce, int nNonceLen,
                          const unsigned char* lpAad, int nAadLen, const char* szAlgorithm, int nOptions);
