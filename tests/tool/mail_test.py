@@ -204,7 +204,8 @@ class Mail(ToolTest):
                 (7, "malformed", "From: all: alice@example.com;"), (7, "malformed", "From:"), (7, "malformed", "From: <alice@example.com> x"),
                 (7, "does not end", "From: alice@example.com (comment"), (7, "a CR that ends no line", "From: alice@example.com\rX: y"),
                 (7, "blanks alone", "From: alice@example.com\r\n \r\n <x@y>"), (20, "no field From", "Sender: alice@example.com"),
-                (7, "begins with a blank", " From: alice@example.com"), (7, "is no field", "From: alice@example.com\r\nX y: z"))):
+                (7, "begins with a blank", " From: alice@example.com"), (7, "is no field", "From: alice@example.com\r\nX y: z"),
+                (7, "more than 100 addresses", "From: alice@example.com" + ",\r\n a@b" * 100))):
             with self.subTest(fields):
                 self.refused(code, "mail verify", sent_by(fields), *self.trusted, "-o", "never", says=says)
         sent_by("From: mallory@evil.test")

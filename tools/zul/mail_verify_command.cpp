@@ -79,9 +79,11 @@ struct MailVerifyCommand {
             if (line.empty())
                 return false;
             for (size_t at = line.find("from"); at != line.npos; at = line.find("from", at + 1))
-                if ((at == 0 || line[at - 1] == '\r') &&
-                    without_blanks(std::string_view(line).substr(at + 4)).starts_with(':'))
-                    return true;
+                if (at == 0 || line[at - 1] == '\r') {
+                    const size_t behind = line.find_first_not_of(" \t", at + 4);
+                    if (behind != line.npos && line[behind] == ':')
+                        return true;
+                }
         }
         return false;
     }

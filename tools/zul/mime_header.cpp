@@ -11,7 +11,7 @@ namespace tool {
 
 namespace {
 
-constexpr size_t kLongestHeader = 1 << 20, kMostFields = 2000, kMostSegments = 1000;
+constexpr size_t kLongestHeader = 1 << 20, kMostFields = 2000, kMostSegments = 1000, kMostAddresses = 100;
 
 [[noreturn]] void refuse(const std::string& name, const std::string& reason) {
     throw Refused::by_system(BAD_FORMAT_ERROR, name, reason);
@@ -334,6 +334,8 @@ std::vector<std::string> mailboxes(const std::string& value, const std::string& 
         addresses.push_back(address);
         if (!scanner.take_if(','))
             return addresses;
+        if (addresses.size() == kMostAddresses)
+            refuse(name, "A field of its header has more than 100 addresses.");
     }
 }
 

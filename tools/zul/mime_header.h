@@ -48,8 +48,8 @@ class MimeValue {
     std::vector<std::pair<std::string, std::string>> parameters_;
 };
 
-// mailboxes gives the addresses of a field such as From, without names and comments. Refused for groups and
-// for what is no address; name is for messages.
+// mailboxes gives the addresses of a field such as From, without names and comments. Refused for groups, for
+// what is no address and for more than 100; name is for messages.
 std::vector<std::string> mailboxes(const std::string& value, const std::string& name);
 
 } // namespace tool

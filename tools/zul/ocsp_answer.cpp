@@ -212,8 +212,10 @@ std::string OcspResponse::signer(const Certificate& certificate, const std::stri
         "purpose=ocsp;maxDepth=0;anchor=key" + (moment.empty() ? "" : ";time=" + moment);
     for (const SecretBytes& each : certificates_) {
         const ObjectArgument responder(name_, each);
-        if (is_signed_by(each) && CERT_CheckPath(nullptr, 0, responder.text(), nullptr, issuer.text(),
-                                                 nullptr, conditions.c_str(), 0) == 0)
+        // In this order, since a stranger's response may hold thousands of certificates and be large.
+        if (CERT_CheckPath(nullptr, 0, responder.text(), nullptr, issuer.text(), nullptr, conditions.c_str(),
+                           0) == 0 &&
+            is_signed_by(each))
             return "the responder " + cert_query(responder.text(), name_, "subject") + ", which " +
                    issuer.name() + " has authorized";
     }
