@@ -88,14 +88,6 @@ constexpr ZUL_ALWAYS_INLINE uint64_t limbs_nonzero_mask(const Limbs<N>& a) {
     return limb_mask(all);
 }
 
-template<size_t N>
-constexpr bool limbs_equal(const Limbs<N>& a, const Limbs<N>& b) {
-    uint64_t difference = 0;
-    for (size_t i = 0; i < N; i++)
-        difference |= a[i] ^ b[i];
-    return limb_mask(difference) == 0;
-}
-
 // limbs_below tells whether a < b.
 template<size_t N>
 constexpr bool limbs_below(const Limbs<N>& a, const Limbs<N>& b) {

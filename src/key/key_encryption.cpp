@@ -69,15 +69,6 @@ bool read_number(uint64_t& value, const asn_Node* node) {
     return value != 0;
 }
 
-// is_scrypt tells whether an algorithm is PBES2 with scrypt, whose fields follow.
-bool is_scrypt(const asn_Node* algorithm) {
-    AsnChildren children(algorithm);
-    if (!oid_is(children.take_oid(), kOidPbes2))
-        return false;
-    AsnChildren schemes(children.take_sequence());
-    return oid_is(AsnChildren(schemes.take_sequence()).take_oid(), kOidScrypt);
-}
-
 [[nodiscard]] int read_scrypt(ScryptParams& params, const asn_Node* algorithm) {
     AsnChildren children(algorithm);
     children.take_oid();
@@ -162,6 +153,14 @@ int key_encrypt(AsnList& list, const SecretBuffer& plain, const char* password,
     return 0;
 }
 
+bool key_is_scrypt(const asn_Node* algorithm) {
+    AsnChildren children(algorithm);
+    if (!oid_is(children.take_oid(), kOidPbes2))
+        return false;
+    AsnChildren schemes(children.take_sequence());
+    return oid_is(AsnChildren(schemes.take_sequence()).take_oid(), kOidScrypt);
+}
+
 int key_scrypt_cost(ScryptCost& cost, const asn_Node* algorithm) {
     ScryptParams params;
     if (const int error = read_scrypt(params, algorithm))
@@ -173,7 +172,7 @@ int key_scrypt_cost(ScryptCost& cost, const asn_Node* algorithm) {
 int key_decrypt(SecretBuffer& plain, const asn_Node* encrypted, const char* password) {
     AsnChildren children(encrypted);
     const asn_Node* algorithm = children.take_sequence();
-    if (!is_scrypt(algorithm))
+    if (!key_is_scrypt(algorithm))
         return pbe_decrypt(encrypted, password, plain, PbeReader::anyKey);
     if (!asn_GetOctets(children.take_octets(), plain) || !children.at_end())
         return err_fail(BAD_FORMAT_ERROR, "Invalid EncryptedPrivateKeyInfo format");

@@ -25,6 +25,9 @@ struct KeyEncryption {
 [[nodiscard]] int key_encrypt(AsnList& list, const SecretBuffer& plain, const char* password,
                               const KeyEncryption& encryption);
 
+// key_is_scrypt tells whether an AlgorithmIdentifier is PBES2 with scrypt.
+[[nodiscard]] bool key_is_scrypt(const asn_Node* algorithm);
+
 // key_scrypt_cost reads the cost from an AlgorithmIdentifier of PBES2 with scrypt: 0, BAD_FORMAT_ERROR,
 // NOT_SUPPORTED_ERROR, or OUT_OF_RANGE_ERROR beyond what scrypt_check_file allows.
 [[nodiscard]] int key_scrypt_cost(ScryptCost& cost, const asn_Node* algorithm);

@@ -13,8 +13,7 @@ SecretBuffer key_string_write(const Key& key);
 size_t key_string_most(KeyKind kind, size_t bits);
 
 // The openers give 0, BAD_PARAM_ERROR (null or empty), INVALID_DATA_ERROR or the code of key_check_exponent,
-// with a text. key_string_read
-// takes either kind, key_string_read_private private keys alone.
+// with a text. key_string_read takes either kind, key_string_read_private private keys alone.
 [[nodiscard]] int key_string_read(const char* text, Key& key);
 [[nodiscard]] int key_string_read_private(const char* text, Key& key);
 

@@ -19,7 +19,7 @@ struct P12Entry {
     SecretBuffer name, keyId, attributes; // name: UTF-8; attributes: the OIDs of others, joined by blanks
     P12Scheme scheme;                     // of an encrypted key
 
-    // Of certificates, and of keys after p12_open_key.
+    // Of certificates, and of keys after P12File::open_key.
     std::optional<Key> key;       // none if its kind is not supported
     uint8_t keyPrint[kSha256Size] // digest of the public key
         {};

@@ -37,7 +37,7 @@ bool take_implicit_octets(AsnChildren& fields, SecretBuffer& content) {
     return true;
 }
 
-// explicit_octets reads [0] EXPLICIT OCTET STRING, the content of a ContentInfo of plain data.
+// take_explicit_octets reads [0] EXPLICIT OCTET STRING, the content of a ContentInfo of plain data.
 bool take_explicit_octets(AsnChildren& fields, SecretBuffer& content) {
     AsnChildren inside(fields.take_if(kAsnExplicit, 0));
     return asn_GetOctets(inside.take_octets(), content) && inside.at_end();

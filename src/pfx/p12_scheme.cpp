@@ -30,14 +30,6 @@ constexpr PbeScheme kTwoKeys = {"pbeWithSHAAnd2-KeyTripleDES-CBC",
                                 0 /* bits of RC2 */,
                                 16};
 
-bool is_scrypt(const asn_Node* algorithm) {
-    AsnChildren children(algorithm);
-    if (!oid_is(children.take_oid(), kOidPbes2))
-        return false;
-    AsnChildren schemes(children.take_sequence());
-    return oid_is(AsnChildren(schemes.take_sequence()).take_oid(), kOidScrypt);
-}
-
 [[nodiscard]] int read_scheme(PbeParams& params, const asn_Node* algorithm) {
     const asn_Node* oid = AsnChildren(algorithm).take_oid();
     if (!oid_is(oid, kOidTwoKeys))
@@ -119,7 +111,7 @@ const char* oid_text(const asn_Node* oid, char (&out)[kOidText]) {
 P12Scheme p12_describe(const asn_Node* algorithm) {
     P12Scheme scheme;
     const auto set = [](auto& out, const char* text) { str_copy(out, text, sizeof out); };
-    if (is_scrypt(algorithm)) {
+    if (key_is_scrypt(algorithm)) {
         set(scheme.name, "PBES2");
         set(scheme.kdf, "scrypt");
         return scheme;
@@ -157,7 +149,7 @@ int P12Work::take_scrypt(const ScryptCost& cost) {
 
 int p12_decrypt(AsnList& list, const asn_Node* algorithm, const SecretBuffer& data, P12Password& password,
                 P12Work& work) {
-    if (is_scrypt(algorithm))
+    if (key_is_scrypt(algorithm))
         return decrypt_scrypt(list, algorithm, data, password, work);
     PbeContext context;
     PbeParams& params = *context;

@@ -1,15 +1,13 @@
 #include "pfx/pfx_reader.h"
 
-#include <cstring>
-
 #include "asn1/asn_children.h"
 #include "asn1/asn_element.h"
 #include "asn1/asn_input.h"
 #include "asn1/asn_parse.h"
 #include "asn1/asn_value.h"
 #include "asn1/byte_stream.h"
-#include "asn1/oid.h"
 #include "frame/err.h"
+#include "pfx/p12_oids.h"
 #include "zulcore.h"
 
 namespace zul {
@@ -17,17 +15,6 @@ namespace {
 
 [[nodiscard]] int malformed() {
     return err_fail(INVALID_DATA_ERROR, "Invalid PFX structure");
-}
-
-bool is_named(const asn_Node* oid, const char* name) {
-    OidInfo info;
-    return oid != nullptr && asn_GetOid(oid, &info) == 0 && std::strcmp(info.name, name) == 0;
-}
-
-// The table of object identifiers has no name for this kind of bag.
-bool is_safe_contents_bag(const asn_Node* oid) {
-    constexpr uint8_t kOctets[] = {0x2A, 0x86, 0x48, 0x86, 0xF7, 0x0D, 0x01, 0x0C, 0x0A, 0x01, 0x06};
-    return oid->length == sizeof kOctets && std::memcmp(oid->data, kOctets, sizeof kOctets) == 0;
 }
 
 // read_sequence parses octets that begin with a SEQUENCE.
@@ -47,13 +34,13 @@ enum class Found { no, yes, malformed, tooDeep };
 using Finder = Found(const asn_Node* bagId, AsnChildren value, SecretBuffer& content);
 
 Found find_certificate(const asn_Node* bagId, AsnChildren value, SecretBuffer& content) {
-    if (!is_named(bagId, "pkcs-12-certBag"))
+    if (!asn_OidIs(bagId, "pkcs-12-certBag"))
         return Found::no;
     AsnChildren fields(value.take_sequence());
     const asn_Node* certId = fields.take_oid();
     if (certId == nullptr)
         return Found::malformed;
-    if (!is_named(certId, "x509Certificate"))
+    if (!asn_OidIs(certId, "x509Certificate"))
         return Found::no;
     AsnList certificate;
     return asn_GetOctets(explicit_content(fields).take_octets(), content) &&
@@ -63,7 +50,7 @@ Found find_certificate(const asn_Node* bagId, AsnChildren value, SecretBuffer& c
 }
 
 Found find_key(const asn_Node* bagId, AsnChildren value, SecretBuffer& content) {
-    if (!is_named(bagId, "pkcs-12-pkcs-8ShroudedKeyBag"))
+    if (!asn_OidIs(bagId, "pkcs-12-pkcs-8ShroudedKeyBag"))
         return Found::no;
     content = asn_EncodeElement(value.take_sequence());
     return content.empty() ? Found::malformed : Found::yes;
@@ -82,7 +69,7 @@ Found look_into(const asn_Node* safeContents, Finder* finder, SecretBuffer& cont
         if (bagId == nullptr)
             return Found::malformed;
         AsnChildren value = explicit_content(fields);
-        if (is_safe_contents_bag(bagId)) {
+        if (oid_is(bagId, kOidSafeContentsBag)) {
             if ((node->level - safeContents->level) / kLevelsOfBag >= kMaxNestedBags)
                 return Found::tooDeep;
             const asn_Node* inner = value.take_sequence();
@@ -105,8 +92,8 @@ Found look_into(const asn_Node* safeContents, Finder* finder, SecretBuffer& cont
     while (const asn_Node* info = infos.take()) {
         AsnChildren fields(info);
         const asn_Node* type = fields.take_oid();
-        hasEncrypted |= is_named(type, "encryptedData") || is_named(type, "envelopedData");
-        if (!is_named(type, "data"))
+        hasEncrypted |= asn_OidIs(type, "encryptedData") || asn_OidIs(type, "envelopedData");
+        if (!asn_OidIs(type, "data"))
             continue;
         SecretBuffer octets;
         AsnList safeContents;
@@ -144,7 +131,7 @@ int PfxReader::read_safe(SecretBuffer& safe) const {
     AsnChildren fields(list_.head());
     fields.take_integer();
     AsnChildren authSafe(fields.take_sequence());
-    if (is_named(authSafe.take_oid(), "data") &&
+    if (asn_OidIs(authSafe.take_oid(), "data") &&
         asn_GetOctets(explicit_content(authSafe).take_octets(), safe))
         return 0;
     return err_fail(INVALID_DATA_ERROR, "Cannot find ContentInfo data");

@@ -1,6 +1,4 @@
 #pragma once
-#include <cstddef>
-
 namespace zul {
 
 // password_prompt asks the user for a password and copies at most size-1 (size > 0) of its characters and a

@@ -46,12 +46,13 @@ constexpr std::string_view kOidEmailProtection = "\x2B\x06\x01\x05\x05\x07\x03\x
 constexpr std::string_view kOidTimeStamping = "\x2B\x06\x01\x05\x05\x07\x03\x08"sv;
 constexpr std::string_view kOidOcspSigning = "\x2B\x06\x01\x05\x05\x07\x03\x09"sv;
 
-// Access methods, attributes, contents
+// Access methods, attributes, other names, contents
 constexpr std::string_view kOidOcsp = "\x2B\x06\x01\x05\x05\x07\x30\x01"sv;
 constexpr std::string_view kOidCaIssuers = "\x2B\x06\x01\x05\x05\x07\x30\x02"sv;
 constexpr std::string_view kOidExtensionRequest = "\x2A\x86\x48\x86\xF7\x0D\x01\x09\x0E"sv;
 constexpr std::string_view kOidEmailAddress = "\x2A\x86\x48\x86\xF7\x0D\x01\x09\x01"sv;
 constexpr std::string_view kOidCommonName = "\x55\x04\x03"sv;
+constexpr std::string_view kOidSmtpUtf8Mailbox = "\x2B\x06\x01\x05\x05\x07\x08\x09"sv; // (RFC 9598)
 constexpr std::string_view kOidSignedData = "\x2A\x86\x48\x86\xF7\x0D\x01\x07\x02"sv;
 
 } // namespace zul

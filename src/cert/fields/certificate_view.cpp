@@ -61,7 +61,7 @@ bool take_extensions(DerReader& reader, CertificateView& certificate) {
                       extensions_are_valid(certificate.extensions));
 }
 
-// find_request reads the extensions that a request asks for. It may do so once.
+// find_requested reads the extensions that a request asks for. It may do so once.
 bool find_requested(RequestView& request) {
     DerReader attributes(request.attributes);
     request.extensions = {};

@@ -33,7 +33,6 @@ constexpr size_t kMostValues = 1 << 16;
     return err_fail(BAD_PARAM_ERROR, "The description gives it too");
 }
 
-constexpr std::string_view kOidSmtpUtf8Mailbox = "\x2B\x06\x01\x05\x05\x07\x08\x09"sv;
 constexpr std::string_view kOidPrincipalName = "\x2B\x06\x01\x04\x01\x82\x37\x14\x02\x03"sv;
 
 // copy_other_name refuses texts that would deceive a reader. An address that an rfc822Name can hold has to

@@ -25,7 +25,7 @@ namespace zul {
 AsnList extension_make(std::string_view oid, bool isCritical, AsnList value);
 // extension_has_keyword tells whether a type is one that the maker of certificates writes itself.
 bool extension_has_keyword(std::string_view oid);
-// extension_find gives the type, as content octets, of an extension's name or dotted text; empty for another.
+// extension_type gives the type, as content octets, of an extension's name or dotted text; empty for another.
 SecretBuffer extension_type(std::string_view text);
 
 } // namespace zul

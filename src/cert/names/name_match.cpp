@@ -223,10 +223,4 @@ size_t name_depth(DerView name) {
     return depth;
 }
 
-bool name_is_within(DerView name, DerView base) {
-    NameDigester begin;
-    begin.add_name(name, name_depth(base));
-    return begin.digest() == name_digest(base);
-}
-
 } // namespace zul

@@ -46,9 +46,7 @@ NameDigest name_digest(DerView name);
 // names_match tells whether two whole Names are the same name.
 [[nodiscard]] bool names_match(DerView a, DerView b);
 
-// name_depth counts the RDNs of a name. name_is_within tells whether the RDNs of base begin name, as a name
-// constraint has it (RFC 5280, 4.2.1.10).
+// name_depth counts the RDNs of a name.
 size_t name_depth(DerView name);
-[[nodiscard]] bool name_is_within(DerView name, DerView base);
 
 } // namespace zul

@@ -8,6 +8,7 @@
 #include "frame/err.h"
 #include "frame/slice.h"
 #include "frame/text.h"
+#include "x509/names/pair_reader.h"
 #include "zulcore.h"
 
 namespace zul {
@@ -16,19 +17,9 @@ namespace {
 
 constexpr size_t kNone = std::string_view::npos;
 constexpr size_t kMaxLabel = 63, kMaxHost = 253;
-constexpr std::string_view kOidSmtpUtf8Mailbox = "\x2B\x06\x01\x05\x05\x07\x08\x09"sv;
 
 char lower(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c;
-}
-
-bool same_letters(std::string_view a, std::string_view b) {
-    if (a.size() != b.size())
-        return false;
-    for (size_t i = 0; i < a.size(); i++)
-        if (lower(a[i]) != lower(b[i]))
-            return false;
-    return true;
 }
 
 bool is_label(std::string_view label) {
@@ -109,7 +100,7 @@ struct Reference {
 bool email_matches(std::string_view presented, std::string_view email) {
     const size_t at = presented.rfind('@'), ours = email.rfind('@');
     return at == ours && at != kNone && slice(presented, 0, at) == slice(email, 0, at) &&
-           same_letters(slice(presented, at), slice(email, at));
+           same_word(slice(presented, at), slice(email, at));
 }
 
 // mailbox_of gives the UTF8String of an SmtpUTF8Mailbox: false for another form.
@@ -233,11 +224,11 @@ void put_names(TextBuffer& list, DerView names) {
 bool host_name_matches(std::string_view presented, std::string_view host) {
     size_t labels;
     if (!presented.starts_with("*."))
-        return is_host(presented, labels) && same_letters(presented, host);
+        return is_host(presented, labels) && same_word(presented, host);
     const std::string_view parent = slice(presented, 2);
     const size_t dot = host.find('.');
     return presented.size() <= kMaxHost && is_host(parent, labels) && labels >= 2 && dot != kNone &&
-           dot > 0 && same_letters(parent, slice(host, dot + 1));
+           dot > 0 && same_word(parent, slice(host, dot + 1));
 }
 
 int reference_form(std::string_view text, ReferenceForm& form) {

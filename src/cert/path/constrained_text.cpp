@@ -4,22 +4,14 @@
 
 #include "cert/names/ip_address.h"
 #include "frame/slice.h"
+#include "x509/names/pair_reader.h"
 
 namespace zul {
 
 namespace {
 
-char lowered(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
-}
-
-bool is_same(std::string_view a, std::string_view b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char x, char y) { return lowered(x) == lowered(y); });
-}
-
 bool ends_with(std::string_view text, std::string_view end) {
-    return text.size() >= end.size() && is_same(slice(text, text.size() - end.size()), end);
+    return text.size() >= end.size() && same_word(slice(text, text.size() - end.size()), end);
 }
 
 // A dot at the end makes a name absolute, and no other.
@@ -62,7 +54,7 @@ bool dns_is_within(std::string_view name, std::string_view base, bool overlaps) 
     if (overlaps && name.starts_with("*.")) {
         const std::string_view below = slice(name, 2);
         const std::string_view plain = base.starts_with('.') ? slice(base, 1) : base;
-        if (is_same(behind_first_label(plain), below) || is_same(plain, below))
+        if (same_word(behind_first_label(plain), below) || same_word(plain, below))
             return true;
     }
     if (base.starts_with('.'))
@@ -76,7 +68,7 @@ bool host_is_within(std::string_view host, std::string_view base) {
     base = without_last_dot(base);
     if (base.starts_with('.'))
         return host.size() > base.size() && ends_with(host, base);
-    return base.empty() || is_same(host, base);
+    return base.empty() || same_word(host, base);
 }
 
 bool mailbox_is_within(std::string_view mailbox, std::string_view base, bool anyCase) {
@@ -85,8 +77,8 @@ bool mailbox_is_within(std::string_view mailbox, std::string_view base, bool any
     if (baseAt == std::string_view::npos)
         return host_is_within(host, base);
     const std::string_view local = slice(mailbox, 0, at), baseLocal = slice(base, 0, baseAt);
-    return (anyCase ? is_same(local, baseLocal) : local == baseLocal) &&
-           is_same(without_last_dot(host), without_last_dot(slice(base, baseAt + 1)));
+    return (anyCase ? same_word(local, baseLocal) : local == baseLocal) &&
+           same_word(without_last_dot(host), without_last_dot(slice(base, baseAt + 1)));
 }
 
 bool is_comparable_host(std::string_view host) {

@@ -12,7 +12,6 @@ struct CrlListing {
     int reason = -1; // CRLReason, -1 if it is not given
     int64_t revokedAt = 0;
 
-    bool is_removed() const { return isListed && reason == kReasonRemoveFromCrl; }
     bool is_revoked() const { return isListed && reason != kReasonRemoveFromCrl; }
     bool is_on_hold() const { return isListed && reason == kReasonCertificateHold; }
 };

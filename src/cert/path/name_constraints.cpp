@@ -14,7 +14,6 @@ namespace {
 
 using T = GeneralNameType;
 
-constexpr std::string_view kOidSmtpUtf8Mailbox = "\x2B\x06\x01\x05\x05\x07\x08\x09"sv;
 constexpr int64_t kCostOfName = 500, kCostOfComparison = 500;
 
 [[nodiscard]] int too_much() {

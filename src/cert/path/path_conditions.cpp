@@ -10,6 +10,7 @@
 #include "frame/err.h"
 #include "frame/text.h"
 #include "platform/platform.h"
+#include "x509/names/pair_reader.h"
 #include "zulcore.h"
 
 namespace zul {
@@ -38,25 +39,12 @@ constexpr Word<PathPurpose> kPurposes[] = {
     {"ocsp", PathPurpose::ocsp}};
 constexpr Word<bool> kAnchors[] = {{"certificate", true}, {"key", false}};
 
-char lowered(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
-}
-
-bool is_word(std::string_view text, std::string_view word) {
-    if (text.size() != word.size())
-        return false;
-    for (size_t i = 0; i < text.size(); i++)
-        if (lowered(text[i]) != lowered(word[i]))
-            return false;
-    return true;
-}
-
 // read_word looks a value up; the text of a failure lists the words.
 template<class Value, size_t count>
 [[nodiscard]] int read_word(Value& value, const Word<Value> (&words)[count], std::string_view text) {
     SecretBuffer list;
     for (const Word<Value>& word : words) {
-        if (is_word(text, word.name)) {
+        if (same_word(text, word.name)) {
             value = word.value;
             return 0;
         }

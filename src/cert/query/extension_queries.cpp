@@ -154,7 +154,6 @@ int write_all_names(TextBuffer& out, const Object& object) {
 
 // write_mail_names adds addresses whose local part is not all ASCII (RFC 9598).
 int write_mail_names(TextBuffer& out, const Object& object) {
-    constexpr std::string_view kMailbox = "\x2B\x06\x01\x05\x05\x07\x08\x09"sv;
     AnswerLines lines(out);
     return each_alt_name(object, [&](const GeneralNameView& name) {
         DerReader fields(name.value);
@@ -163,7 +162,7 @@ int write_mail_names(TextBuffer& out, const Object& object) {
         if (name.type == GeneralNameType::rfc822Name)
             put_general_name(lines.next(), name);
         else if (name.type == GeneralNameType::otherName && fields.take(kDerOid, type) &&
-                 type.text() == kMailbox && fields.take(der_explicit(0), wrapped) &&
+                 type.text() == kOidSmtpUtf8Mailbox && fields.take(der_explicit(0), wrapped) &&
                  DerReader(wrapped).take_any(text))
             put_string(lines.next(), text);
     });

@@ -5,7 +5,6 @@
 #include "asn1/asn_children.h"
 #include "asn1/asn_parse.h"
 #include "asn1/asn_value.h"
-#include "asn1/asn_walk.h"
 #include "asn1/byte_stream.h"
 #include "asn1/oid.h"
 #include "frame/err.h"
