@@ -1699,10 +1699,10 @@ ZUL_API int CERT_IssueCRL(const char* szCrlOut, const char* szIssuerCert, const 
 /* --- CERT_: what a certificate says ----------------------------------------------------------------------
  * szCert and szFileOrText: PEM, base64 of more than 256 characters, or the name of a file of PEM, base64 or DER; the
  * label of PEM does not matter, keys among its blocks are left out, and a block or file of SignedData (.p7b) counts as
- * the certificates and CRLs in it. All have to be DER; together at most 64 MiB. Texts that come out are UTF-8.
- * TeletexString is taken as Latin-1. Hex digits are lower case, times are "2026-01-31T12:30:00Z", object identifiers
- * with a name are shown by the name of their standard ("secp256r1", "sha256WithRSAEncryption"), others dotted. Names
- * stand in the order of their encoding: "C=AU, O=Example, CN=Alice", with "+" between attributes of one
+ * the certificates and CRLs in it. All have to be DER; together at most 64 MiB and 262,144 objects. Texts that come out
+ * are UTF-8. TeletexString is taken as Latin-1. Hex digits are lower case, times are "2026-01-31T12:30:00Z", object
+ * identifiers with a name are shown by the name of their standard ("secp256r1", "sha256WithRSAEncryption"), others
+ * dotted. Names stand in the order of their encoding: "C=AU, O=Example, CN=Alice", with "+" between attributes of one
  * RelativeDistinguishedName, and "\" before ,;+"<>, a "#" or blank in front and a blank at the end of a value.
  *
  * What comes out cannot be mistaken for another line or value: control characters, line and paragraph separators, the
@@ -1807,7 +1807,7 @@ ZUL_API int CERT_CheckName(const char* szCert, const char* szHostOrAddress, int 
  *  - BAD_FORMAT_ERROR: a malformed certificate, name or extension, a mapping of anyPolicy; not a certificate;
  *  - BAD_KEY_LEN_ERROR, OUT_OF_RANGE_ERROR: a key that is too short, a serial number or validity against the rules of
  *    ZUL_CERT_WEB;
- *  - OUT_OF_RANGE_ERROR: also more work than is reasonable (1,000 signatures, or about a second), and lists above 64 MiB;
+ *  - OUT_OF_RANGE_ERROR: also too much work (1,000 signatures, or about a second), lists above 64 MiB or 262,144 objects;
  *  - BAD_PARAM_ERROR: also szConditions; BAD_FLAG_ERROR; OPEN_ERROR, READ_ERROR, INVALID_DATA_ERROR: an argument. */
 ZUL_API int CERT_CheckPath(char* szReport, int nReportChars, const char* szCert, const char* szOthers,
                            const char* szTrusted, const char* szEvidence, const char* szConditions, int nOptions);
