@@ -34,6 +34,7 @@ DECLARED = re.compile(r"^(?!#|//|\}|namespace|extern|return)[^\s(={;:][^(={;]*?"
 CONSTANT = re.compile(r"^(?:static )?(?:constexpr|const|using|struct|class|enum|typedef)\b[^(;{]*", re.M)
 NAMED = re.compile(r"(\w+)(?:\[[^\]]*\])* =|(?:using|struct|class|enum(?: class)?) (\w+)")
 WORD = re.compile(r"\w+")
+KEYWORDS = {"", "alignas", "int", "namespace", "struct", "void"}  # which these expressions take for names at times
 
 
 def flags_of(file):
@@ -48,30 +49,37 @@ def own_names(text):
     """The names that a file declares for itself: all that it hides, and types and constants that it does not."""
     hidden = "\n".join(HIDDEN.findall(text))
     constants = " ".join(CONSTANT.findall(text))
-    return set(DECLARED.findall(hidden)) | {name for names in NAMED.findall(constants)
-                                            for name in names if name}
+    return (set(DECLARED.findall(hidden)) | {name for names in NAMED.findall(constants) for name in names}) - KEYWORDS
+
+
+class Source:
+    def __init__(self, file):
+        text = pathlib.Path(file).read_text()
+        self.file = file
+        self.words = set(WORD.findall(text))
+        self.own = own_names(text)
+        self.kind = flags_of(file), "\nusing namespace" in text  # which reaches the files that come after
+
+    def fits(self, other):
+        return self.kind == other.kind and not self.own & other.words and not self.words & other.own
 
 
 def batches(files):
-    """Puts each file into the first batch with the same flags in which no name of its own occurs."""
+    """Puts each file into the first batch with whose files it can be read, the most demanding files first."""
     made = []
     shared = {name for folder in ("src", "tools") for path in pathlib.Path(folder).rglob("*.h")
-              for constant in CONSTANT.findall(path.read_text()) for names in NAMED.findall(constant) for name in names}
-    for file in files:
-        text = pathlib.Path(file).read_text()
-        words = set(WORD.findall(text))
-        own = own_names(text)
-        for batch in made if not own & shared else []:
-            if (batch["flags"] == flags_of(file) and len(batch["files"]) < MOST and not own & batch["words"]
-                    and not words & batch["own"]):
+              for constant in CONSTANT.findall(path.read_text()) for names in NAMED.findall(constant)
+              for name in names} - KEYWORDS
+    sources = [Source(file) for file in files]
+    for source in sorted(sources, key=lambda source: sum(source.fits(other) for other in sources)):
+        for batch in made if not source.own & shared else []:
+            if len(batch) < MOST and not batch[0].own & shared and all(source.fits(other) for other in batch):
+                batch.append(source)
                 break
         else:
-            batch = {"files": [], "flags": flags_of(file), "words": set(), "own": set()}
-            made.append(batch)
-        batch["files"].append(file)
-        batch["words"] |= words
-        batch["own"] |= own
-    return sorted(made, key=lambda batch: -len(batch["files"]))
+            made.append([source])
+    return [{"files": [source.file for source in batch], "flags": batch[0].kind[0]}
+            for batch in sorted(made, key=lambda batch: -len(batch))]
 
 
 def run(files, flags, deep, folder):

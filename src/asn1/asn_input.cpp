@@ -23,7 +23,7 @@ bool is_space(char c) {
     return c == ' ' || (c >= '\t' && c <= '\r');
 }
 
-std::string_view trimmed(std::string_view text) {
+std::string_view bare_text(std::string_view text) {
     constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
     if (text.starts_with(kByteOrderMark))
         text.remove_prefix(kByteOrderMark.size());
@@ -37,7 +37,7 @@ std::string_view trimmed(std::string_view text) {
 // is_b64_sequence tells whether a text is base64 alone, with or without line breaks, and decodes to the
 // beginning of a SEQUENCE.
 bool is_b64_sequence(std::string_view text) {
-    text = trimmed(text);
+    text = bare_text(text);
     uint8_t first = 0;
     return text.size() >= 4 && text[0] == 'M' && b64_decode(&first, 1, text.data(), 2) == 1 &&
            first == kSequenceOctet &&
@@ -95,7 +95,7 @@ int asn_read_content(const uint8_t* bytes, size_t size, AsnList& list) {
     if (text.find(kPemBegin) != std::string_view::npos)
         return parse_pem(text, list);
     if (is_b64_sequence(text))
-        return parse_b64(trimmed(text), list);
+        return parse_b64(bare_text(text), list);
     return err_fail(INVALID_DATA_ERROR, "Not a DER, PEM or base64 file");
 }
 
@@ -106,7 +106,7 @@ int asn_read_input(const char* fileOrText, AsnList& list, size_t maxSize) {
     if (text.find(kPemBegin) != std::string_view::npos)
         return parse_pem(text, list);
     if (is_b64_sequence(text) && !can_open(fileOrText))
-        return parse_b64(trimmed(text), list);
+        return parse_b64(bare_text(text), list);
     if (!may_be_name(text) && !can_open(fileOrText))
         return err_fail(OPEN_ERROR, "Neither a key nor a file that can be opened");
     return parse_file(fileOrText, list, maxSize);
