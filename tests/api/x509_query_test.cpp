@@ -53,7 +53,7 @@ TEST(X509Query, MatchesWords) {
         int type;
     } cases[] = {
         {"notAfter", 2},
-        {"  \tSUBJECTNAME", 2},
+        {" \t\rSUBJECTNAME", 2},
         {"versionX", 1},
         {"keyUsageFlags of", 1},
         {"subjectName/1", 2},
