@@ -74,6 +74,7 @@ TEST_F(CertPath, RightsAndConditions) {
         {"ca=false", "ca", "CN=a", "", ISSUER_ERROR},
         {"ca=false", "ca", "CN=a", "anchor=key", 0},
         {"ca", "ca;extension=1.2.3:critical:0500", "CN=a", "", NOT_SUPPORTED_ERROR},
+        {"ca", "ca;extension=2.5.29.18:0500", "CN=a", "", BAD_FORMAT_ERROR},
         {"ca", "ca;extension=1.2.3:0500", "CN=a;extension=1.2.3:critical:0500", "", NOT_SUPPORTED_ERROR},
         {"ca", "ca", "CN=a;extension=1.2.3:0500", "", 0},
         // Names
