@@ -430,7 +430,7 @@ const std::vector<Call>& calls() {
          [](World& w) { return CERT_Request(w.target, w.privateKey, "CN=A;dns=a.example", 0); }},
         {"CERT_IssueCRL", kReplaces, kStatus,
          [](World& w) {
-             return CERT_IssueCRL(w.target, w.authority, w.ed, w.list, Text("cert='" + w.subject + "'"), nullptr,
+             return CERT_IssueCRL(w.target, w.authority, w.ed, w.list, Text("cert=" + w.subject), nullptr,
                                   0);
          }},
         {"CERT_Query", kNone, kLength,

@@ -84,6 +84,7 @@ struct Exception {
 };
 using enum FileOperation;
 const Exception kExceptions[] = {
+    {"ZUL_PowerUpTests", nullptr, {read}, kLess, "a program has no seal, so they fail in any case"},
     {"", nullptr, {replace}, kSuccess, "a file that cannot be replaced is written in place"},
     {"WIPE_File", nullptr, {read, write, seek, commit, close, remove}, WIPE_ERROR, "one code for all passes"},
     {"PEM_", nullptr, {read}, OPEN_ERROR, "one code for an input that cannot be read"},
