@@ -2,19 +2,22 @@
 
 // Certificates of every kind of key that openssl, certtool, curl and python3-cryptography take.
 
+using test::kP256;
+using test::kRsa2048;
+
 namespace {
 
 const struct {
     const char *name, *genpkey, *signature;
     bool signs = true, gnutls = true;
 } kKinds[] = {
-    {"rsa", "-algorithm RSA -pkeyopt rsa_keygen_bits:2048", "sha256WithRSAEncryption"},
+    {"rsa", kRsa2048, "sha256WithRSAEncryption"},
     {"rsa-pss", "-algorithm RSA-PSS -pkeyopt rsa_keygen_bits:2048", "rsassaPss"},
     {"rsa-pss with parameters",
      "-algorithm RSA-PSS -pkeyopt rsa_keygen_bits:2048 -pkeyopt rsa_pss_keygen_md:sha384 -pkeyopt "
      "rsa_pss_keygen_mgf1_md:sha384 -pkeyopt rsa_pss_keygen_saltlen:40",
      "rsassaPss", true, false}, // certtool demands a salt as long as the digest
-    {"p-256", "-algorithm EC -pkeyopt ec_paramgen_curve:P-256", "ecdsa-with-SHA256"},
+    {"p-256", kP256, "ecdsa-with-SHA256"},
     {"p-384", "-algorithm EC -pkeyopt ec_paramgen_curve:P-384", "ecdsa-with-SHA384"},
     {"p-521", "-algorithm EC -pkeyopt ec_paramgen_curve:P-521", "ecdsa-with-SHA512"},
     {"ed25519", "-algorithm ED25519", "ED25519"},
@@ -23,9 +26,6 @@ const struct {
 
 class CertMakeInterop : public test::X509Interop {
   protected:
-    void genpkey(const std::string& name, const std::string& how) const {
-        run("openssl genpkey " + how + " -out " + name + ".key");
-    }
     void self_sign(const std::string& name, const std::string& description) const {
         done(CERT_SelfSign(file(name + ".pem").c_str(), file(name + ".key").c_str(), description.c_str(), 0));
     }
@@ -39,8 +39,6 @@ class CertMakeInterop : public test::X509Interop {
         self_sign("root", "C=AU;O=B\u00FCcher;CN=Root;profile=ca" + more);
     }
 };
-
-constexpr char kP256[] = "-algorithm EC -pkeyopt ec_paramgen_curve:P-256";
 
 } // namespace
 
@@ -83,7 +81,7 @@ TEST_F(CertMakeInterop, EverySignatureAlgorithm) {
     const struct {
         const char* genpkey;
         std::vector<std::string> algorithms;
-    } rows[] = {{"-algorithm RSA -pkeyopt rsa_keygen_bits:2048",
+    } rows[] = {{kRsa2048,
                  {"rsa-sha1", "rsa-sha224", "rsa-sha384", "rsa-sha512", "rsa-sha3-256", "rsa-pss-sha1",
                   "rsa-pss-sha256", "'rsa-pss-sha512;salt=20;mgf=sha256'", "'rsa-pss-sha256;salt=max'",
                   "'rsa-pss-sha256;salt=0'"}},

@@ -1,8 +1,5 @@
-#include <cstdlib>
-#include <gtest/gtest.h>
-
+#include "interop/shell_test.h"
 #include "support/module_calls.h"
-#include "support/temp_dir.h"
 
 // CRLs and OCSP responses of openssl, and what openssl itself says of the certificates.
 
@@ -52,22 +49,14 @@ issue responder 0x20 responder && issue no_purpose 0x21 no_purpose &&
 printf 'V\t301231000000Z\t\t10\tunknown\t/CN=valid\nR\t301231000000Z\t260101000000Z,keyCompromise\t11\tunknown\t/CN=stolen\nR\t301231000000Z\t260102000000Z,certificateHold\t12\tunknown\t/CN=held\n' >index.txt
 )";
 
-class RevocationInterop : public testing::TestWithParam<const char*> {
+class RevocationInterop : public test::ShellTest, public testing::WithParamInterface<const char*> {
   protected:
     void SetUp() override { run("KEY='" + std::string(GetParam()) + "'" + kSetUp); }
 
-    bool try_run(const std::string& command) const {
-        return std::system(("cd '" + dir.path() + "' && { " + command + "\n} >log 2>&1").c_str()) == 0;
-    }
-    void run(const std::string& command) const {
-        ASSERT_TRUE(try_run(command)) << command << "\n" << read_text(dir.file("log"));
-    }
     int check(const std::string& leaf, const std::string& evidence) const {
-        return CERT_CheckPath(nullptr, 0, dir.file(leaf + ".pem").c_str(), nullptr,
-                              dir.file("ca.pem").c_str(), dir.file(evidence).c_str(), nullptr, 0);
+        return CERT_CheckPath(nullptr, 0, file(leaf + ".pem").c_str(), nullptr, file("ca.pem").c_str(),
+                              file(evidence).c_str(), nullptr, 0);
     }
-
-    const TempDir dir;
 };
 
 } // namespace
@@ -85,7 +74,7 @@ TEST_P(RevocationInterop, Crls) {
                                         list + " " + leaf + ".pem");
             good += theirs;
             EXPECT_EQ(check(leaf, list) == 0, theirs) << list << " " << leaf << ": " << last_error() << "\n"
-                                                      << read_text(dir.file("log"));
+                                                      << read_text(file("log"));
         }
     EXPECT_EQ(good, 3); // one of them in a list for all, where no point is named
 }
@@ -107,7 +96,7 @@ TEST_P(RevocationInterop, OcspResponses) {
                 good += theirs;
                 EXPECT_EQ(check(leaf, "a.der") == 0, theirs)
                     << signer << options << " " << leaf << ": " << last_error() << "\n"
-                    << read_text(dir.file("log"));
+                    << read_text(file("log"));
             }
     EXPECT_EQ(good, 5);
 }

@@ -1,12 +1,5 @@
 #pragma once
-#include <cstdlib>
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
-
-#include "support/temp_dir.h"
-#include "support/vectors.h"
-#include "zulcore.h"
+#include "interop/shell_test.h"
 
 // What the tests of RSA against the programs openssl and certtool share.
 namespace test {
@@ -26,17 +19,8 @@ std::string key_string(Call call) {
     return text;
 }
 
-class RsaInterop : public testing::Test {
+class RsaInterop : public ShellTest {
   protected:
-    // run calls the shell in the folder of the test.
-    void run(const std::string& command) const {
-        ASSERT_EQ(std::system(("cd '" + dir.path() + "' && { " + command + " ; } >log 2>&1").c_str()), 0)
-            << command << "\n"
-            << read_text(file("log"));
-    }
-    std::string file(const std::string& name) const { return dir.file(name); }
-    std::vector<uint8_t> read(const std::string& name) const { return read_file(file(name)); }
-
     std::string public_key(const std::string& name) const {
         return key_string(
             [&](char* out, int room) { return RSA_ReadPublicKey(out, room, file(name).c_str()); });
@@ -59,8 +43,6 @@ class RsaInterop : public testing::Test {
                                " -pkeyopt rsa_keygen_pubexp:" + exponent + " -out key.pem");
         run("openssl pkey -in key.pem -pubout -out pub.pem");
     }
-
-    TempDir dir;
 };
 
 } // namespace test

@@ -18,26 +18,6 @@ class X509Interop : public RsaInterop {
         run("openssl pkcs8 -topk8 -in " + name + ".key -out " + name +
             ".enc -iter 1 -passout pass:" + kX509Password);
     }
-    // said is what a command writes.
-    std::string said(const std::string& command) const {
-        run("{ " + command + " ; } >said 2>&1");
-        return read_text(file("said"));
-    }
-    // shows checks that a command writes all of these texts and none of those.
-    void shows(const std::string& command, const std::vector<std::string>& texts,
-               const std::vector<std::string>& others = {}) const {
-        const std::string output = said(command);
-        for (const std::string& text : texts)
-            EXPECT_NE(output.find(text), std::string::npos) << command << ": no " << text << "\n" << output;
-        for (const std::string& text : others)
-            EXPECT_EQ(output.find(text), std::string::npos) << command << ": " << text << "\n" << output;
-    }
-    // done checks a status.
-    void done(int status) const {
-        std::string why(511, '\0');
-        ZUL_LastError(why.data(), 511);
-        ASSERT_EQ(status, 0) << why.c_str();
-    }
 };
 
 } // namespace test
