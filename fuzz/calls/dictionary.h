@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "endurance/fixtures.h"
+#include "fixtures.h"
 
 namespace endurance {
 

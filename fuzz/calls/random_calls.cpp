@@ -20,8 +20,8 @@
 #endif
 
 #include "call_table.h"
-#include "endurance/fixtures.h"
 #include "endurance/process_size.h"
+#include "fixtures.h"
 #include "zulcore.h"
 
 #ifdef ZUL_ENDURANCE_EMBEDDED

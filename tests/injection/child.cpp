@@ -9,7 +9,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "injection/world.h"
+#include "support/calls/world.h"
 
 // Thousands of reports: none goes to the system's log, and the log file is in a folder that goes away.
 extern "C" void syslog(int, const char*, ...) {}
@@ -18,7 +18,7 @@ extern "C" void __syslog_chk(int, int, const char*, ...) {} // NOLINT: what a ch
 extern "C" ssize_t readlink(const char* path, char* out, size_t size) {
     if (strcmp(path, "/proc/self/exe") != 0)
         return readlinkat(-100, path, out, size); // AT_FDCWD
-    const std::string place = injection::world().inputs.file("program");
+    const std::string place = calls::world().inputs.file("program");
     const size_t length = place.size() < size ? place.size() : size;
     memcpy(out, place.data(), length);
     return static_cast<ssize_t>(length);

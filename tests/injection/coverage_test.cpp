@@ -2,13 +2,13 @@
 #include <gtest/gtest.h>
 #include <set>
 
-#include "injection/calls.h"
+#include "support/calls/calls.h"
 
 namespace injection {
 
 TEST(Calls, AreOfEveryExport) {
     std::set<std::string> named, exported;
-    for (const Call& call : calls())
+    for (const calls::Call& call : calls::every_call())
         named.insert(call.name);
     std::ifstream list(ZUL_EXPORTS);
     for (std::string line; std::getline(list, line);)

@@ -174,7 +174,7 @@ void try_fault(Trial& trial, const Seen& what, const Plan& with) {
 
 TEST(FileFaults, OfEveryCall) {
     size_t total = 0;
-    for (const Call& call : calls()) {
+    for (const Call& call : every_call()) {
         for (const Before before : befores(call)) {
             Trial trial(call, before);
             trial.expect_clean();
@@ -194,7 +194,7 @@ TEST(FileFaults, OfEveryCall) {
             }
         }
     }
-    printf("%zu calls, %zu file operations, %zu faults\n", calls().size(), total, tried);
+    printf("%zu calls, %zu file operations, %zu faults\n", every_call().size(), total, tried);
 }
 
 } // namespace injection

@@ -65,7 +65,7 @@ Trial::Trial(const Call& call, Before before) : call_(call), before_(before) {}
 
 std::string Trial::name() const {
     static const char* const words[] = {"", " over a file", " over a linked file"};
-    return call_.name + std::string(" #") + std::to_string(&call_ - calls().data()) +
+    return call_.name + std::string(" #") + std::to_string(&call_ - every_call().data()) +
            words[static_cast<int>(before_)];
 }
 
@@ -213,6 +213,6 @@ int main(int argc, char** argv) {
     for (int i = 1; i < argc; i++)
         injection::triesAll = injection::triesAll || argv[i] == std::string("--all");
     leave_terminal();
-    injection::world(); // and with it the record of this thread
+    calls::world(); // and with it the record of this thread
     return RUN_ALL_TESTS();
 }

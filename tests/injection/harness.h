@@ -3,9 +3,11 @@
 #include <string>
 #include <vector>
 
-#include "injection/calls.h"
+#include "support/calls/calls.h"
 
 namespace injection {
+
+using namespace calls;
 
 // What is there before a call writes its output.
 enum class Before {

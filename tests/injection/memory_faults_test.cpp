@@ -17,7 +17,7 @@
 namespace injection {
 
 TEST(MemoryFaults, WithoutTheRecordOfTheThread) {
-    for (const Call& call : calls()) {
+    for (const Call& call : every_call()) {
         Trial trial(call, befores(call).front());
         std::thread([&] {
             zul::memory_set_hooks({[](size_t size) { return size == sizeof(zul::ThreadRecord); }, nullptr});
@@ -104,7 +104,7 @@ void expect_code(Trial& own, size_t number) {
 // Running out of memory is fatal but for pages of key derivations.
 TEST(MemoryFaults, OfEveryCall) {
     size_t total = 0, codes = 0;
-    for (const Call& call : calls()) {
+    for (const Call& call : every_call()) {
         for (const Before before : befores(call)) {
             if (before == Before::linked) // is written as a new file is
                 continue;

@@ -103,7 +103,7 @@ void try_fault(Trial& trial, Generator generator, size_t first, size_t last) {
 
 TEST(RandomFaults, OfEveryCall) {
     size_t total = 0;
-    for (const Call& call : calls()) {
+    for (const Call& call : every_call()) {
         Trial trial(call, befores(call).back());
         trial.expect_clean();
         for (const Generator generator : {Generator::fresh, Generator::due}) {

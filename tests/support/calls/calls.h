@@ -1,9 +1,9 @@
 #pragma once
 #include <vector>
 
-#include "injection/world.h"
+#include "support/calls/world.h"
 
-namespace injection {
+namespace calls {
 
 // What a call gives when all is well.
 enum class Good {
@@ -31,8 +31,10 @@ struct Call {
 };
 
 // Every export on valid input.
-const std::vector<Call>& calls();
+const std::vector<Call>& every_call();
+const std::vector<Call>& data_calls(); // digests, ciphers, random numbers, texts and the library itself
+const std::vector<Call>& key_calls();  // keys, certificates, messages and files of keys
 
 bool is_good(const Call& call, int result);
 
-} // namespace injection
+} // namespace calls

@@ -1,11 +1,11 @@
-#include "injection/world.h"
+#include "support/calls/world.h"
 
 #include <cstdio>
 #include <cstdlib>
 
 #include "support/vectors.h"
 
-namespace injection {
+namespace calls {
 
 namespace {
 
@@ -144,4 +144,4 @@ World& world() {
     return made;
 }
 
-} // namespace injection
+} // namespace calls

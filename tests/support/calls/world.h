@@ -4,7 +4,7 @@
 #include "support/temp_dir.h"
 #include "zulcore.h"
 
-namespace injection {
+namespace calls {
 
 // A text that the exports take as it is.
 struct Text : std::string {
@@ -48,4 +48,4 @@ struct World {
 
 World& world();
 
-} // namespace injection
+} // namespace calls
