@@ -147,14 +147,10 @@ class AnyKeys(ToolTest):
 
     def test_kdf(self):
         salt, secret = "000102030405060708090a0b0c0d0e0f", ["-kdfopt", "hexsalt:000102030405060708090a0b0c0d0e0f", "-kdfopt"]
-        for ours, theirs in (("pbkdf2", "-kdfopt digest:SHA256 -kdfopt iter:600000 PBKDF2"),
-                             ("pbkdf2 -d sha3-256 --iterations 3 --length 70", "-kdfopt digest:SHA3-256 -kdfopt iter:3 PBKDF2"),
-                             ("scrypt", "-kdfopt n:131072 -kdfopt r:8 -kdfopt p:1 -kdfopt maxmem_bytes:200000000 SCRYPT"),
-                             ("scrypt -N 16 -r 4 -p 3", "-kdfopt n:16 -kdfopt r:4 -kdfopt p:3 SCRYPT")):
-            length = ours.split()[-1] if "--length" in ours else "32"
-            expected = openssl("kdf -keylen", length, "-binary", *secret, "pass:geheim", *theirs.split())
+        for ours, theirs in (("pbkdf2 -d sha3-256 --iterations 3", ["digest:SHA3-256", "-kdfopt", "iter:3", "PBKDF2"]),
+                             ("scrypt", ["n:131072", "-kdfopt", "r:8", "-kdfopt", "p:1", "-kdfopt", "maxmem_bytes:200000000", "SCRYPT"])):
             made = self.done("kdf", *ours.split(), "--password-file", "pw", "--salt", salt)
-            self.assertEqual(bytes.fromhex(made.decode()), expected, ours)
+            self.assertEqual(bytes.fromhex(made.decode()), openssl("kdf -keylen 32 -binary", *secret, "pass:geheim", "-kdfopt", *theirs), ours)
         expected = openssl("kdf -keylen 32 -binary", *secret, "hexkey:" + read("pw").hex(), "-kdfopt", "digest:SHA256", "HKDF")
         self.done("kdf hkdf --key-file pw key --salt", salt)
         self.assertEqual(read("key"), expected)

@@ -87,15 +87,11 @@ class PfxFiles(ToolTest):
 
     def test_foreign(self):
         chained = "-inkey ed.key -in leaf.pem -certfile root.pem"
-        for options, warns in (("", b""), ("-legacy -macalg sha512", b""), ("-certpbe NONE -keypbe NONE", b""), ("-macalg sha224", b""),
-                               ("-nomac", b"has no MAC")):
+        for options, warns in (("", b""), ("-nomac", b"has no MAC")):
             write("b.p12", openssl("pkcs12 -export -passout pass:pw", *chained.split(), *options.split()))
             self.done("pfx extract b.p12 --force --password-file pw --all-certs=all.pem --key=k.pem", warns=warns)
             self.assertEqual(read("all.pem").split(), (openssl("x509 -in leaf.pem") + openssl("x509 -in root.pem")).split())
             self.assertEqual(openssl("pkey -passin pass:pw -in k.pem"), read("ed.key"))
-            self.assertEqual(self.done("pfx list b.p12 --password-file pw", warns=warns).count(b"kind=certificate"), 2)
-            if not options:
-                self.assertNotIn(b"CN=leaf", self.done("pfx list b.p12 --no-password"))
             self.refused(15, "pfx extract b.p12 --password-file other --cert=never", says="wrong password")
         self.done("pfx list b.p12 --password-file pw --trust")
         for command in ("list", "extract --cert=never"):

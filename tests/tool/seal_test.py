@@ -57,7 +57,7 @@ class Seal(ToolTest):
 
     def test_age_and_the_tool_open_each_others_files(self):
         recipient = read("my.pub").decode().strip()
-        for content in (b"", CONTENT, LARGE):
+        for content in (b"", b"x", CONTENT[:65535], CONTENT[:65536], CONTENT[:65537], LARGE):
             write("plain", content)
             for options in ([], ["--armour"]):
                 self.done("seal -r", recipient, *options, "plain", "sealed")
