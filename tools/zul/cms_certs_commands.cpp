@@ -38,9 +38,10 @@ struct ListCertsCommand {
 
     void run() const {
         const Message message(file);
+        const int count = message.certificate_count();
         std::string text;
         JsonArray list;
-        for (int i = 1; i <= message.certificate_count(); ++i) {
+        for (int i = 1; i <= count; ++i) {
             const Certificate each = message.certificate(i);
             const bool isReadable = each.number("version") >= 0;
             JsonObject object;
