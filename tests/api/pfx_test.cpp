@@ -41,9 +41,7 @@ class Pfx : public testing::Test {
     Bytes cert_, key_;
 };
 
-Bytes hex(const char* text) {
-    return test::from_hex(text);
-}
+constexpr auto hex = test::from_hex;
 
 } // namespace
 

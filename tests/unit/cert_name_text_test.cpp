@@ -6,24 +6,21 @@
 #include "zulcore.h"
 
 using namespace zul;
-using test::view;
+using test::element, test::view;
 
 namespace {
 
-std::string der(uint8_t type, const std::string& content) {
-    return test::element(type, content);
-}
 std::string attribute(const std::string& oid, const std::string& value) {
-    return der(0x30, der(0x06, oid) + value);
+    return element(0x30, element(0x06, oid) + value);
 }
 std::string cn(uint8_t type, const std::string& content) {
-    return attribute("\x55\x04\x03", der(type, content));
+    return attribute("\x55\x04\x03", element(type, content));
 }
 std::string name(const std::vector<std::string>& rdns) {
     std::string all;
     for (const std::string& rdn : rdns)
-        all += der(0x31, rdn);
-    return der(0x30, all);
+        all += element(0x31, rdn);
+    return element(0x30, all);
 }
 
 template<class Put>
@@ -41,8 +38,9 @@ TEST(CertNameText, Names) {
         std::string name, text;
     } kCases[] = {
         {name({}), ""},
-        {name({attribute("\x55\x04\x06", der(0x13, "AU")), attribute("\x55\x04\x0A", der(0x0C, "Zo\xC3\xAB")),
-               cn(0x13, "a") + attribute("\x55\x04\x0B", der(0x13, "b"))}),
+        {name({attribute("\x55\x04\x06", element(0x13, "AU")),
+               attribute("\x55\x04\x0A", element(0x0C, "Zo\xC3\xAB")),
+               cn(0x13, "a") + attribute("\x55\x04\x0B", element(0x13, "b"))}),
          "C=AU, O=Zo\xC3\xAB, CN=a+OU=b"},
         // A value cannot look like more attributes or another line, and keeps its ends.
         {name({cn(0x0C, "a, O=b+C=c;\"<>\\")}), R"(CN=a\, O=b\+C=c\;\"\<\>\\)"},
@@ -64,11 +62,11 @@ TEST(CertNameText, Names) {
          "CN=Z\xF0\x9F\x98\x80\\x00\\x00\\xd8\\x00\\x00\\x11\\x00\\x00"},
         {name({cn(0x1C, bytes("00000020"))}), R"(CN=\ )"},
         // Unknown types of attributes and of values
-        {name({attribute("\x2A\x03", der(0x13, "x")), attribute("\x88\x37", der(0x02, "\x05"))}),
+        {name({attribute("\x2A\x03", element(0x13, "x")), attribute("\x88\x37", element(0x02, "\x05"))}),
          "1.2.3=x, 2.999=#020105"},
         {bytes("30023100"), "#30023100"}, // an empty RelativeDistinguishedName
-        {name({der(0x30, der(0x06, "\x2A"))}), "#3007310530030"
-                                               "6012a"},
+        {name({element(0x30, element(0x06, "\x2A"))}), "#3007310530030"
+                                                       "6012a"},
         {name({cn(0x13, "a")}) + "x", "#300c310a3008060355040313016178"},
     };
     for (const auto& one : kCases)
@@ -161,14 +159,16 @@ TEST(SubjectNames, Hosts) {
 
 TEST(SubjectNames, References) {
     const std::string sanWithoutMail =
-        der(0x82, "www.example.com") + der(0x82, "xn--bcher-kva.example") + der(0x87, bytes("C0000201")) +
-        der(0x87, bytes("20010DB8000000000000000000000001")) + der(0x87, bytes("0A0000FF000000FF")) +
-        der(0x86, "https://uri.example/");
-    const std::string mail = der(0x81, "Joe@Example.com");
-    const std::string wideMail = der(0xA0, der(0x06, bytes("2B06010505070809")) +
-                                               der(0xA0, der(0x0C, "j\xC3\xBC@xn--bcher-kva.example")));
-    const std::string subject = name({cn(0x0C, "first.example"), cn(0x0C, "cn.example"),
-                                      attribute(bytes("2A864886F70D010901"), der(0x16, "old@example.com"))});
+        element(0x82, "www.example.com") + element(0x82, "xn--bcher-kva.example") +
+        element(0x87, bytes("C0000201")) + element(0x87, bytes("20010DB8000000000000000000000001")) +
+        element(0x87, bytes("0A0000FF000000FF")) + element(0x86, "https://uri.example/");
+    const std::string mail = element(0x81, "Joe@Example.com");
+    const std::string wideMail =
+        element(0xA0, element(0x06, bytes("2B06010505070809")) +
+                          element(0xA0, element(0x0C, "j\xC3\xBC@xn--bcher-kva.example")));
+    const std::string subject =
+        name({cn(0x0C, "first.example"), cn(0x0C, "cn.example"),
+              attribute(bytes("2A864886F70D010901"), element(0x16, "old@example.com"))});
     const std::string all = sanWithoutMail + mail + wideMail;
     const struct {
         const std::string& san;

@@ -1,5 +1,6 @@
 #include "bignum/mt.h"
 #include "frame/memory_hooks.h"
+#include "support/death.h"
 #include "support/unit_test.h"
 
 using namespace zul;
@@ -208,4 +209,14 @@ TEST(MtPrint, WritesEightDigitsALineAndOneOfZero) {
               "00000000 ffffffff 00000000 ffffffff \nffffffff ffffffff \n"
               "00000000 00000000 \n00000000 00000000 \n" +
                   plain + broken + plain + broken);
+}
+
+TEST(BignumDeathTest, EndsTheProcessWithoutMemory) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const MemoryHooks none{[](size_t) { return true; }, nullptr};
+    Number b("01");
+    EXPECT_REPORTED_END((memory_set_hooks(none), mpAlloc(4)), "Multon Error");
+    EXPECT_REPORTED_END(mpAlloc(SIZE_MAX / 2), "mpAlloc: Unable to allocate memory\\.");
+    EXPECT_REPORTED_END((memory_set_hooks(none), mtNew()), "mtNew: Failed to calloc memory\\.");
+    EXPECT_REPORTED_END((memory_set_hooks(none), mt_resize(b, 2)), "mt_resize: Failed to realloc memory\\.");
 }

@@ -195,3 +195,8 @@ TEST(SignerInfo, CountsValuesOfAttributes) {
         EXPECT_EQ(value != nullptr && value->data[0] == 'a', c.count > 0);
     }
 }
+
+TEST(SignerInfo, TakesNoOtherAlgorithmForADigest) {
+    for (const char* other : {"3000", "300B06092A864886F70D01010B"})
+        EXPECT_EQ(digest_algorithm_of(parsed(other).head()), -1) << other;
+}
