@@ -9,6 +9,7 @@ different batches. A batch that does not compile all the same is read again file
 """
 
 import concurrent.futures
+import functools
 import glob
 import os
 import pathlib
@@ -33,6 +34,7 @@ DECLARED = re.compile(r"^(?!#|//|\}|namespace|extern|return)[^\s(={;:][^(={;]*?"
                       r"(?<![\w:])(\w+)(?:\[[^\]]*\])*\s*(?:\(|=|\{|;|:(?!:))", re.M)
 CONSTANT = re.compile(r"^(?:static )?(?:constexpr|const|using|struct|class|enum|typedef)\b[^(;{]*", re.M)
 NAMED = re.compile(r"(\w+)(?:\[[^\]]*\])* =|(?:using|struct|class|enum(?: class)?) (\w+)")
+INCLUDED = re.compile(r'^#include [<"]([^>"]+)[>"]', re.M)
 WORD = re.compile(r"\w+")
 KEYWORDS = {"", "alignas", "int", "namespace", "struct", "void"}  # which these expressions take for names at times
 
@@ -52,12 +54,32 @@ def own_names(text):
     return (set(DECLARED.findall(hidden)) | {name for names in NAMED.findall(constants) for name in names}) - KEYWORDS
 
 
+@functools.cache
+def headers(file):
+    """The project's headers that a file includes, and what they include."""
+    found = set()
+    for name in INCLUDED.findall(pathlib.Path(file).read_text()):
+        for folder in ("src", "include", os.path.dirname(file)):
+            header = os.path.join(folder, name)
+            if os.path.exists(header):
+                found |= {header} | headers(header)
+                break
+    return found
+
+
+@functools.cache
+def declared_names(header):
+    text = pathlib.Path(header).read_text()
+    return set(DECLARED.findall(text)) | {name for constant in CONSTANT.findall(text)
+                                          for names in NAMED.findall(constant) for name in names}
+
+
 class Source:
     def __init__(self, file):
         text = pathlib.Path(file).read_text()
         self.file = file
-        self.words = set(WORD.findall(text))
         self.own = own_names(text)
+        self.words = set(WORD.findall(text)).union(*map(declared_names, headers(file)))
         self.kind = flags_of(file), "\nusing namespace" in text  # which reaches the files that come after
 
     def fits(self, other):
@@ -67,13 +89,10 @@ class Source:
 def batches(files):
     """Puts each file into the first batch with whose files it can be read, the most demanding files first."""
     made = []
-    shared = {name for folder in ("src", "tools") for path in pathlib.Path(folder).rglob("*.h")
-              for constant in CONSTANT.findall(path.read_text()) for names in NAMED.findall(constant)
-              for name in names} - KEYWORDS
     sources = [Source(file) for file in files]
     for source in sorted(sources, key=lambda source: sum(source.fits(other) for other in sources)):
-        for batch in made if not source.own & shared else []:
-            if len(batch) < MOST and not batch[0].own & shared and all(source.fits(other) for other in batch):
+        for batch in made:
+            if len(batch) < MOST and all(source.fits(other) for other in batch):
                 batch.append(source)
                 break
         else:
