@@ -289,6 +289,7 @@ extern "C" int wmain(int argc, wchar_t** argv) {
         return tool::kUsage;
     }
     std::vector<char*> narrow;
+    narrow.reserve(texts.size() + 1);
     for (std::string& text : texts)
         narrow.push_back(text.data());
     narrow.push_back(nullptr);
