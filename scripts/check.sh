@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# check.sh [format|layers|words|reference|bindings|snippets|cppcheck|tidy]: the checks of the sources, all but tidy if
-# none is named.
+# check.sh [format|layers|words|reference|bindings|snippets|cppcheck|tidy]: the checks of the sources, all if none is
+# named.
 set -uo pipefail
 cd "$(dirname "$0")/.."
 
@@ -54,7 +54,7 @@ check_words() {
 }
 
 status=0
-for check in ${1:-format layers words reference bindings snippets cppcheck}; do
+for check in ${1:-format layers words reference bindings snippets cppcheck tidy}; do
     if "check_$check"; then
         echo "check $check: good"
     else
