@@ -6,6 +6,7 @@
 #include "asn1/asn_encode.h"
 #include "asn1/asn_parse.h"
 #include "asn1/asn_value.h"
+#include "asn1/asn_walk.h"
 #include "asn1/byte_stream.h"
 #include "asn1/oid.h"
 
@@ -49,6 +50,8 @@ static void extract_all(const asn_Node* list) {
         static_cast<void>(asn_GetTime(node, &time));
         require(strlen(asn_time_text(node, text)) < kAsnTimeText);
     }
+    for (const char* name : {"commonName", "keyUsage", "pkcs5PBKDF2"})
+        asn_FindOidValue(list, name, kAsnOctetString);
 }
 
 // find_all compares the first elements of a list with what is found in its encoding.

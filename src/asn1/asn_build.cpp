@@ -10,6 +10,20 @@ AsnList asn_New(uint32_t cls, uint32_t tag) {
     return {node, node};
 }
 
+asn_Node* asn_NewAfter(AsnList& list, asn_Node* prev, uint32_t cls, uint32_t tag) {
+    asn_Node* node = asn_make_node(cls, tag, 0);
+    node->level = prev->level;
+    if (prev == list.tail()) {
+        list.append(node);
+        return node;
+    }
+    node->prev = prev;
+    node->next = prev->next;
+    prev->next->prev = node;
+    prev->next = node;
+    return node;
+}
+
 size_t asn_SetHeader(asn_Node* node) {
     if (node->length == kAsnLengthUnset) {
         err_set_text("asn_SetHeader: Attempt to set header without length.");

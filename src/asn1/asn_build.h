@@ -7,6 +7,8 @@
 namespace zul {
 
 AsnList asn_New(uint32_t cls, uint32_t tag); // bare: no length, level 0
+// asn_NewAfter puts a bare node behind a node of a list, at its level.
+asn_Node* asn_NewAfter(AsnList& list, asn_Node* prev, uint32_t cls, uint32_t tag);
 
 AsnList asn_NewSequence(AsnList content);
 AsnList asn_NewSet(AsnList content);

@@ -112,7 +112,8 @@ TEST(AsnBuild, JoinsAndLinksRefuseWhatHasNoPlace) {
 }
 
 TEST(AsnBuild, AJoinGoesBeforeWhatFollowsItsHeader) {
-    AsnList list = asn_LinkList(asn_New(kAsnConstructed, kAsnSequence), asn_NewNull());
+    AsnList list = asn_New(kAsnConstructed, kAsnSequence);
+    asn_NewAfter(list, list.head(), 0, kAsnNull)->length = 0;
     list = asn_Join(std::move(list), asn_NewSequence(asn_NewInteger(5)));
     EXPECT_EQ(hex_of(list), "300530030201050500");
     list = asn_Link(std::move(list), asn_NewBoolean(1));

@@ -1,3 +1,4 @@
+#include "asn1/asn_walk.h"
 #include "asn1/oid.h"
 #include "support/asn_lists.h"
 
@@ -123,4 +124,67 @@ TEST(AsnValue, Times) {
     EXPECT_EQ(std::vector({time.tm_year, time.tm_mon, time.tm_mday, time.tm_hour, time.tm_min, time.tm_sec}),
               std::vector({50, 1, 1, 3, 4, 5}));
     EXPECT_EQ(time.tm_wday + time.tm_yday + time.tm_isdst, 0);
+}
+
+TEST(AsnWalk, StepsAndFetches) {
+    const AsnList good = parse_hex("3012 020101 3006 020102 800155 3005 020103 0500");
+    ASSERT_TRUE(good);
+    const asn_Node* head = good.head();
+    EXPECT_EQ(asn_GetInt(asn_FindTag(head, kAsnInteger)), 1);
+    EXPECT_EQ(asn_GetInt(asn_FindTagAtLevel(head, kAsnInteger, 2)), 2);
+    EXPECT_EQ(asn_GetInt(asn_FindTagAtLevelN(head, kAsnInteger, 2, 2)), 3);
+    EXPECT_EQ(asn_FindTagAtLevelN(head, kAsnInteger, 3, 2), nullptr);
+    EXPECT_EQ(asn_NextAtLevel(head, 1), asn_FindTag(head, kAsnInteger));
+    EXPECT_EQ(asn_GetInt(asn_Skip(head, 3, 1)->next), 3);
+    EXPECT_EQ(asn_FindContext(head, 0)->data[0], 0x55);
+    EXPECT_EQ(asn_FindContextAtLevel(head, 0, 1), nullptr);
+    EXPECT_EQ(asn_FindTag(nullptr, 2), nullptr);
+    const AsnList copy = asn_FetchElement(head, kAsnSequence, 1, 1);
+    EXPECT_EQ(hex_of(copy), "3006020102800155");
+    EXPECT_EQ(copy.tail()->level, 1u);
+    EXPECT_EQ(hex_of(asn_FetchElement(head, kAsnInteger, 3, -1)), "020103");
+    EXPECT_FALSE(asn_FetchElement(head, kAsnInteger, 4, -1));
+}
+
+TEST(AsnWalk, OidValuesAreFoundInsideStrings) {
+    const auto extension = [](const char* name, AsnList value) {
+        return asn_NewSequence(asn_LinkList(asn_NewOid(name), asn_NewOctetStringOf(std::move(value))));
+    };
+    const AsnList list = asn_NewSequence(asn_LinkList(
+        asn_NewBitStringOf(0, asn_NewSequence(extension("keyUsage", asn_NewBitString(5, "\xA0", 1)))),
+        asn_NewOctetStringOf(asn_NewOctetStringOf(extension("title", asn_NewInteger(7)))), asn_NewNull()));
+    const AsnList usage = asn_FindOidValue(list.head(), "KEYUSAGE", kAsnOctetString);
+    ASSERT_TRUE(usage);
+    EXPECT_EQ(usage.head()->length, 4u);
+    EXPECT_EQ(usage.head()->level, 0u);
+    const AsnList title = asn_FindOidValue(list.head(), "title", kAsnOctetString);
+    ASSERT_TRUE(title);
+    EXPECT_EQ(title.head()->length, 3u);
+    EXPECT_FALSE(asn_FindOidValue(list.head(), "title", kAsnBoolean));
+    EXPECT_FALSE(asn_FindOidValue(list.head(), "surname", kAsnOctetString));
+    EXPECT_FALSE(asn_FindOidValue(list.head(), "no such name", kAsnOctetString));
+    EXPECT_FALSE(asn_FindOidValue(nullptr, "title", kAsnOctetString));
+    const AsnList bare = asn_New(kAsnConstructed, kAsnSequence);
+    EXPECT_FALSE(asn_FindOidValue(bare.head(), "title", kAsnOctetString));
+    EXPECT_STREQ(err_text(), "Invalid HeaderSize found");
+
+    // Strings in strings by the thousand cost neither the stack nor the square of their number.
+    Bytes layers(1 << 20);
+    for (size_t i = 0; i + 5 <= layers.size(); i += 5) {
+        const size_t inside = layers.size() - i - 5;
+        layers[i] = 4;
+        layers[i + 1] = 0x83;
+        for (size_t k = 0; k < 3; k++)
+            layers[i + 2 + k] = static_cast<uint8_t>(inside >> (16 - 8 * k));
+    }
+    Bytes titles;
+    for (int i = 0; i < 100000; i++)
+        titles.insert(titles.end(), {6, 3, 0x55, 4, 12});
+    const AsnList many = asn_ParseAll(titles.data(), titles.size());
+    ASSERT_TRUE(many);
+    EXPECT_FALSE(asn_FindOidValue(many.head(), "title", kAsnOctetString));
+
+    const AsnList deep = asn_ParseBytes(layers.data(), layers.size());
+    ASSERT_TRUE(deep);
+    EXPECT_FALSE(asn_FindOidValue(deep.head(), "title", kAsnOctetString));
 }
