@@ -96,7 +96,7 @@ inline void bench_fill_key(zul::RsaKey& key, const BenchPrimes& primes) {
     zul::mtModulo(key.dP, key.d, p1);
     zul::mtModulo(key.dQ, key.d, q1);
     key.bits = zul::mtBitLength(key.n);
-    key.flags = zul::kRsaPublic | zul::kRsaPrivate;
+    key.flags = zul::kRsaPublic | zul::kRsaPrivate | zul::kRsaCrt;
 }
 
 using BenchKeyWriter = int (*)(char* out, int outChars, const zul::RsaKey& key, int* length);

@@ -65,7 +65,7 @@ bool rsa_holds(int) {
     set_number(key.dP, kDp);
     set_number(key.dQ, kDq);
     set_number(key.qInv, kQInv);
-    key.flags |= kRsaPrivate;
+    key.flags |= kRsaPrivate | kRsaCrt;
     return rsaPairwiseTest(&key) == 0;
 }
 

@@ -141,7 +141,7 @@ bool take_public(RsaKey& key) {
 }
 
 bool take_private(RsaKey& key) {
-    key.flags = kRsaPublic | kRsaPrivate;
+    key.flags = kRsaPublic | kRsaPrivate | kRsaCrt;
     key.bits = mtBitLength(key.n);
     if (rsa_values_usable(key))
         return true;
@@ -156,9 +156,13 @@ bool rsa_values_usable(const RsaKey& key) {
         !is_in_range(key.e, key.n))
         return false;
     const bool isLongExponent = mtBitLength(key.e) > kMaxShortExponent;
-    if ((key.flags & kRsaPrivate) == 0)
-        return !isLongExponent || key.bits <= kMaxBitsWithLongExponent;
-    return is_in_range(key.d, key.n) && has_usable_primes(key);
+    if ((key.flags & kRsaPrivate) == 0) {
+        if (isLongExponent && key.bits > kMaxBitsWithLongExponent)
+            return false;
+    } else if (!is_in_range(key.d, key.n)) {
+        return false;
+    }
+    return (key.flags & kRsaCrt) == 0 || has_usable_primes(key);
 }
 
 bool rsa_exponent_is_safe(const RsaKey& key) {

@@ -127,7 +127,7 @@ int rsaGenerateKeys(RsaKey* key, const RsaGeneration& generation) {
         key->flags = 0;
         return code;
     }
-    key->flags = kRsaPublic | kRsaPrivate;
+    key->flags = kRsaPublic | kRsaPrivate | kRsaCrt;
     key->bits = mtBitLength(key->n);
     return rsaPairwiseTest(key);
 }

@@ -6,7 +6,8 @@ namespace zul {
 // What a key record holds.
 enum RsaKeyPart : uint32_t {
     kRsaPublic = 1,  // n, e
-    kRsaPrivate = 2, // d, p, q, dP, dQ, qInv
+    kRsaPrivate = 2, // d
+    kRsaCrt = 4,     // p, q, dP, dQ, qInv
 };
 
 // RsaKey is a public or private key (RFC 8017, 3); its values are wiped at its end.

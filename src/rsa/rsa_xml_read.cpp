@@ -142,7 +142,7 @@ class KeyReader {
             return 0;
         if (!has_[kXmlD] || !has_[kXmlP] || !has_[kXmlQ])
             return err_fail(BAD_XML_ERROR, "Not all private key elements are present");
-        key_.flags = kRsaPublic | kRsaPrivate;
+        key_.flags = kRsaPublic | kRsaPrivate | kRsaCrt;
         return compute_missing() ? 0 : err_fail(BAD_XML_ERROR, "Failed to compute missing CRT values");
     }
 
