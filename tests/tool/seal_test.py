@@ -113,6 +113,11 @@ class Seal(ToolTest):
             done = subprocess.run([*TOOL, *"open -i my.key sealed -".split()], preexec_fn=lambda: os.close(1), stderr=subprocess.PIPE)
             self.assertIn(b"standard output: error 2", done.stderr)
             self.assertEqual((done.returncode, read("sealed")), (1, sealed))
+            with open("sealed", "r+b") as itself, open("opened", "wb") as other:
+                for code, stream in ((1, itself), (0, other)):
+                    done = subprocess.run([*TOOL, *"open -i my.key sealed -".split()], stdout=stream, stderr=subprocess.PIPE)
+                    self.assertEqual((done.returncode, read("sealed")), (code, sealed))
+            self.assertEqual(read("opened"), read("large.bin"))
         for says, arguments in (("one of the two", "seal in.bin"), ("one of the two", "seal -R my.pub -p in.bin"),
                                 ("-r takes", "seal -r my.pub in.bin"), ("what opens it?", "open sealed"),
                                 ("OUT is needed", "open -i my.key sealed"), ("semicolon", "open -i - sealed never"),
