@@ -258,20 +258,18 @@ void expand(AesKey& key, const uint8_t* bytes, size_t length, bool decryptToo) {
 } // namespace
 
 // What the S-box leaves on the stack tells the state, and with the ciphertext the last round key.
+static constexpr size_t kStackDepth = 4096;
 
 void aes_bitslice_expand(AesKey& key, const uint8_t* bytes, size_t length, bool decryptToo) {
-    expand(key, bytes, length, decryptToo);
-    wipe_dead_stack();
+    WithCleanStack<expand>::call<kStackDepth>(key, bytes, length, decryptToo);
 }
 
 void aes_bitslice_encrypt(const AesKey& key, uint8_t* out, const uint8_t* in, size_t blocks) {
-    cipher<true>(key, out, in, blocks);
-    wipe_dead_stack();
+    WithCleanStack<cipher<true>>::call<kStackDepth>(key, out, in, blocks);
 }
 
 void aes_bitslice_decrypt(const AesKey& key, uint8_t* out, const uint8_t* in, size_t blocks) {
-    cipher<false>(key, out, in, blocks);
-    wipe_dead_stack();
+    WithCleanStack<cipher<false>>::call<kStackDepth>(key, out, in, blocks);
 }
 
 } // namespace zul

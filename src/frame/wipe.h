@@ -36,13 +36,8 @@ inline void wipe_object(T& object) {
 }
 
 // wipe_dead_stack overwrites depth bytes of stack below its caller, where functions that have returned may
-// have left temporaries that no object wipes. It has no frame of its own, which would keep some of them.
-void wipe_deep_stack(size_t depth);
-void wipe_near_stack();
-__attribute__((always_inline)) inline void wipe_dead_stack(size_t depth = 4096) {
-    wipe_deep_stack(depth);
-    wipe_near_stack();
-}
+// have left temporaries that no object wipes.
+void wipe_dead_stack(size_t depth = 4096);
 
 // WithCleanStack<function>::call<depth> calls the function and then wipes the stack that it used. The
 // function is never inlined, so all of its frame lies in the depth bytes.
