@@ -18,21 +18,8 @@ void wipe_bytes(void* buffer, size_t length) {
     }
 }
 
-static __attribute__((noinline)) void wipe_deep_stack(size_t depth) {
-    wipe_bytes(__builtin_alloca(depth), depth);
-}
-
-// Frames have gaps beside the registers that they save. This one saves none, and with the return address its
-// array is a whole number of vectors.
-static __attribute__((noinline, no_stack_protector)) void wipe_near_stack() {
-    uint64_t words[31];
-    wipe_fixed<sizeof words>(words);
-}
-
-// The second call is a jump, so it covers the frame of this function too.
 __attribute__((noinline)) void wipe_dead_stack(size_t depth) {
-    wipe_deep_stack(depth);
-    wipe_near_stack();
+    wipe_bytes(__builtin_alloca(depth), depth);
 }
 
 } // namespace zul

@@ -91,23 +91,6 @@ void expect_clean_curve(EcCurve curve) {
 
 } // namespace
 
-#if defined __x86_64__ && !defined __SANITIZE_ADDRESS__
-TEST(WipeDeadStack, LeavesNothingBesideItsOwnFrame) {
-    constexpr uint64_t kMark = 0xABABABABABABABAB;
-    uint64_t below[64];
-    __asm__ volatile("lea -2048(%%rsp), %%rdi\n mov $2048, %%ecx\n rep stosb"
-                     :
-                     : "a"(0xAB)
-                     : "rcx", "rdi", "memory");
-    wipe_dead_stack(2048);
-    __asm__ volatile("lea -512(%%rsp), %%rsi\n lea %0, %%rdi\n mov $64, %%ecx\n rep movsq"
-                     : "=m"(below)
-                     :
-                     : "rcx", "rsi", "rdi");
-    EXPECT_EQ(std::count(std::begin(below), std::end(below), kMark), 0);
-}
-#endif
-
 class DeadStack : public test::HiddenFeatures {
   protected:
     void SetUp() override {
