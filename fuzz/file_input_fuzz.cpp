@@ -25,7 +25,9 @@ static void same_queries(const char* file, const char* text) {
         require(a == b && strcmp(fromFile, fromText) == 0);
     }
     require(X509_CertIsValidNow(file, 0) == X509_CertIsValidNow(text, 0));
-    require(X509_VerifyCert(file, text) == X509_VerifyCert(text, file));
+    // Only where the three parts of a signed object are not found has a file another code than a text.
+    const int ofFile = X509_VerifyCert(file, text), ofText = X509_VerifyCert(text, file);
+    require(ofFile == ofText || (ofFile == INVALID_DATA_ERROR && ofText == BAD_FORMAT_ERROR));
     require(X509_ValidatePath(file, nullptr, 1) == X509_ValidatePath(text, nullptr, 1));
 }
 
