@@ -109,6 +109,8 @@ bool file_is(FileHandle file, FileHandle other);
 bool file_is(const char* path, const char* other);
 // file_is_regular tells whether path names an ordinary file (not a device or a pipe).
 bool file_is_regular(const char* path);
+// file_is_pipe tells whether path names a pipe, whose opening may wait for its other end.
+bool file_is_pipe(const char* path);
 
 // --- replacing files (file_replace.cpp) ----------------------------------------------------------------
 

@@ -1,6 +1,10 @@
 #include <ctime>
 #include <functional>
 
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
+
 #include "support/key_calls.h"
 
 using test::last_error;
@@ -322,3 +326,14 @@ TEST_F(X509Make, RefusesWhatIsWrong) {
         EXPECT_FALSE(test::file_exists(o.file));
     }
 }
+
+#ifndef _WIN32
+// After a failure, what else is missing is told without opening a pipe, which would wait for a writer.
+TEST_F(X509Make, DoesNotWaitForAPipe) {
+    Order o = order(Kind::cert);
+    o.name = "X=1";
+    o.issuer = dir.file("pipe");
+    ASSERT_EQ(mkfifo(o.issuer.c_str(), 0600), 0);
+    EXPECT_FAILURE(o.make(), BAD_PARAM_ERROR, "Invalid distinguished name string");
+}
+#endif

@@ -185,4 +185,9 @@ bool file_is_regular(const char* path) {
     return stat(path, &status) == 0 && S_ISREG(status.st_mode);
 }
 
+bool file_is_pipe(const char* path) {
+    struct stat status {};
+    return stat(path, &status) == 0 && S_ISFIFO(status.st_mode);
+}
+
 } // namespace zul::platform

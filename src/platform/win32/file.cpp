@@ -196,4 +196,10 @@ bool file_is_regular(const char* path) {
     return _stat64(path, &status) == 0 && (status.st_mode & _S_IFMT) == _S_IFREG;
 }
 
+// The name tells it: asking the system would open the pipe.
+bool file_is_pipe(const char* path) {
+    constexpr char kPipes[] = R"(\\.\pipe\)";
+    return _strnicmp(path, kPipes, sizeof kPipes - 1) == 0;
+}
+
 } // namespace zul::platform

@@ -39,7 +39,8 @@ bool argument_opens(const char* fileOrText, size_t longestName) {
     if (text.size() > longestName && start != std::string_view::npos && text[start] == 'M' &&
         is_b64_text(text))
         return true;
-    return File(fileOrText, platform::OpenMode::read).is_open();
+    // A pipe that has been read has no writer any more, for which opening it again would wait.
+    return platform::file_is_pipe(fileOrText) || File(fileOrText, platform::OpenMode::read).is_open();
 }
 
 int read_public_key(const char* fileOrText, RsaKey& key) {
