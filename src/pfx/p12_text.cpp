@@ -1,7 +1,6 @@
 #include "pfx/p12_text.h"
 
-#include <cstdio>
-
+#include "encode/shown_character.h"
 #include "encode/utf8_scalar.h"
 
 namespace zul {
@@ -13,11 +12,6 @@ constexpr char32_t kFirstSurrogate = 0xD800, kFirstLow = 0xDC00, kLastSurrogate 
 
 constexpr bool is_surrogate(char32_t unit) {
     return unit >= kFirstSurrogate && unit <= kLastSurrogate;
-}
-
-bool is_hidden(char32_t c) {
-    return c < 0x20 || (c >= 0x7F && c < 0xA0) || c == 0x61C || c == 0x200E || c == 0x200F ||
-           (c >= 0x2028 && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069) || c == 0xFEFF;
 }
 
 void append_unit(SecretBuffer& out, char32_t unit) {
@@ -75,15 +69,8 @@ void append_quoted(SecretBuffer& out, std::string_view text) {
         char32_t c = kBadCharacter;
         if (!utf8_next(text, c))
             text.remove_prefix(1);
-        if (is_hidden(c)) {
-            char escape[8];
-            snprintf(escape, sizeof escape, "\\u%04X", static_cast<unsigned>(c & 0xFFFF));
-            append_text(out, escape);
-            continue;
-        }
-        if (c == '"' || c == '\\')
-            append_text(out, "\\");
-        append_character(out, c);
+        char bytes[kMaxJsonCharacter];
+        out.append(bytes, json_put(bytes, c));
     }
     append_text(out, "\"");
 }

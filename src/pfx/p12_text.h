@@ -15,9 +15,8 @@ void utf8_from_utf16(SecretBuffer& out, const uint8_t* bytes, size_t size);
 // append_latin1 adds a Latin-1 text as UTF-8.
 void append_latin1(SecretBuffer& out, std::string_view text);
 
-// append_quoted adds a UTF-8 text as a JSON string (RFC 8259, 7). Controls, line separators and marks that
-// change the direction of text are escaped, so that no text looks like something else in a report. Each byte
-// that begins no well-formed character gives U+FFFD.
+// append_quoted adds a UTF-8 text as a JSON string (RFC 8259, 7). Hidden characters are escaped, so that
+// no text looks like something else in a report. Each byte that begins no well-formed character gives U+FFFD.
 void append_quoted(SecretBuffer& out, std::string_view text);
 
 inline void append_text(SecretBuffer& out, std::string_view text) {

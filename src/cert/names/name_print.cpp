@@ -2,6 +2,7 @@
 
 #include "cert/fields/oid_names.h"
 #include "cert/names/string_value.h"
+#include "encode/shown_character.h"
 #include "encode/utf8_scalar.h"
 
 namespace zul {
@@ -121,14 +122,6 @@ bool put_attributes(TextBuffer& out, NameReader reader, DerView encoding) {
 }
 
 } // namespace
-
-bool is_hidden(char32_t c) {
-    if (c < 0x80)
-        return c < 0x20 || c == 0x7F;
-    return c < 0xA0 || c == 0x061C || c == 0x200E || c == 0x200F || (c >= 0x2028 && c <= 0x202E) ||
-           (c >= 0x2066 && c <= 0x2069) || c == 0xFEFF || (c & 0xFFFE) == 0xFFFE ||
-           (c >= 0xE0000 && c <= 0xE007F);
-}
 
 void put_string(TextBuffer& out, const DerElement& string) {
     if (string_type_is_known(string.identifier))

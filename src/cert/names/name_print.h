@@ -11,9 +11,6 @@ namespace zul {
 void put_string(TextBuffer& out, const DerElement& string);
 // put_ascii_text writes the content of an IA5String or the like.
 void put_ascii_text(TextBuffer& out, DerView content);
-// is_hidden tells whether a character is one that is never written as it is: controls, line and paragraph
-// separators, the controls of bidirectional text, tags, and the byte order mark.
-bool is_hidden(char32_t character);
 
 // NameReader steps over the attributes of a Name.
 struct NameAttribute {

@@ -2,7 +2,7 @@
 
 #include "cert/fields/oid_names.h"
 #include "cert/names/string_value.h"
-#include "encode/utf8_scalar.h"
+#include "encode/shown_character.h"
 
 namespace zul {
 
@@ -14,25 +14,9 @@ bool is_plain(char c) {
     return c >= 0x20 && c != 0x7F && c != '"' && c != '\\';
 }
 
-void put_unit(TextBuffer& out, char32_t unit) {
-    const uint8_t bytes[] = {static_cast<uint8_t>(unit >> 8), static_cast<uint8_t>(unit)};
-    out.put("\\u");
-    out.put_hex(bytes, sizeof bytes);
-}
-
 void put_character(TextBuffer& out, char32_t character) {
-    if (character == '"' || character == '\\') {
-        out.put('\\');
-        out.put(static_cast<char>(character));
-    } else if (!is_hidden(character)) {
-        char bytes[kMaxUtf8];
-        out.put({bytes, utf8_put(bytes, character)});
-    } else if (character < 0x10000) {
-        put_unit(out, character);
-    } else {
-        put_unit(out, 0xD800 + ((character - 0x10000) >> 10));
-        put_unit(out, 0xDC00 + (character & 0x3FF));
-    }
+    char bytes[kMaxJsonCharacter];
+    out.put({bytes, json_put(bytes, character)});
 }
 
 } // namespace

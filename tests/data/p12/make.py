@@ -321,7 +321,7 @@ def structure():
         'Entry 2: kind=secret, type=1.2.3, safe=1',
         'Entry 3: kind=other, type=1.2.840.113549.1.12.10.1.9, safe=1',
         f'Entry 4: kind=certificate, type={SDSI}, safe=1',
-        r'Entry 5: kind=certificate, safe=2, name="a\"\u000A\u202EEntry 9: kind=key\\", localKeyId=01AB, '
+        r'Entry 5: kind=certificate, safe=2, name="a\"\u000a\u202eEntry 9: kind=key\\", localKeyId=01AB, '
         'attributes=microsoftLocalMachineKeyset, algorithm=ed25519, bits=256, subject="CN=Leaf", '
         'notAfter=2036-01-01T00:00:00Z, key=7',
         'Entry 6: kind=certificate, safe=2, name="\u00fc\U0001F600\ufffd", trusted=yes, algorithm=ed25519, bits=256, '
