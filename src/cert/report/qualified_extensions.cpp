@@ -97,7 +97,7 @@ bool show_payment(ReportWriter& report, const DerElement& info) {
         if (!reader.take(kDerSequence, role))
             return false;
         DerReader parts(role);
-        if (!parts.take(kDerOid, oid) || !parts.take_any(name))
+        if (!parts.take(kDerOid, oid) || !parts.take_any(name) || !parts.at_end())
             return false;
         report.begin_object({});
         if (!show_oid(report, "roleOfPspOid", oid))

@@ -58,7 +58,8 @@ bool show_crl_id(ReportWriter& report, DerView value) {
         return false;
     if (hasNumber && (!der_single(number, kDerInteger, inner) || !show_integer(report, "crlNum", inner)))
         return false;
-    if (hasTime && (!DerReader(time).take_any(element) || !show_time(report, "crlTime", element)))
+    DerReader reader(time);
+    if (hasTime && (!reader.take_any(element) || !reader.at_end() || !show_time(report, "crlTime", element)))
         return false;
     report.end_object();
     return true;
