@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <sstream>
 
+#include "support/der_damage.h"
 #include "support/module_calls.h"
 
 using test::last_error;
@@ -62,6 +63,25 @@ TEST(CertReport, HoldsWhatTheObjectHolds) {
         for (const std::string& line : split(block.text("Lines")))
             EXPECT_NE(std::find(lines.begin(), lines.end(), line), lines.end()) << name << ": " << line;
     }
+}
+
+// What does not belong into an object is refused, or seen in its report.
+TEST(CertReport, ShowsDamage) {
+    int count = 0;
+    for (const test::Vector& block : test::read_vectors("cert_report/reports.txt")) {
+        SCOPED_TRACE(block.text("Name"));
+        test::DerDamage damage(test::from_base64(block.text("Object")), [&](const test::Bytes& damaged,
+                                                                            const test::Bytes& stranger) {
+            const std::string object = test::pem(damaged), hex = test::to_hex(stranger);
+            if (CERT_Report(nullptr, 0, object.c_str(), ZUL_CERT_JSON) < 0)
+                return;
+            count++;
+            EXPECT_NE(report_of(object, ZUL_CERT_JSON).find(hex), std::string::npos) << hex;
+        });
+        damage.each();
+        block.text("Lines");
+    }
+    EXPECT_GT(count, 1000);
 }
 
 TEST(CertReport, SeveralObjectsAreNumbered) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "support/der_damage.h"
 #include "support/key_calls.h"
 #include "support/temp_dir.h"
 
@@ -75,6 +76,32 @@ TEST(Key, ReadsWhatOthersWrite) {
             "\n-----END PUBLIC KEY-----\n",
         nullptr, &code);
     EXPECT_EQ(code, INVALID_DATA_ERROR);
+}
+
+TEST(Key, StructuresHoldNothingElse) {
+    const test::TempDir dir;
+    const std::string file = dir.file("key");
+    const auto expect_refused = [&](const std::string& key, const char* password, const char* parameters,
+                                    int options) {
+        ASSERT_RESULT(KEY_Save(file.c_str(), key.c_str(), password, parameters, options), 0);
+        test::DerDamage damage(test::read_file(file), [&](const Bytes& damaged, const Bytes& stranger) {
+            int code = 0;
+            read_key(test::pem(damaged), password, &code);
+            EXPECT_NE(code, 0) << to_hex(stranger);
+            EXPECT_NE(last_error(), "");
+        });
+        damage.each();
+    };
+    for (const char* kind : {"rsa-1024", "p-256", "p-521", "ed25519", "x25519"}) {
+        SCOPED_TRACE(kind);
+        const std::string& key = kept_key(kind);
+        expect_refused(key, nullptr, nullptr, 0);
+        expect_refused(public_of(key), nullptr, nullptr, 0);
+        expect_refused(key, "pw", "iterations=1;hash=sha512", 0);
+        expect_refused(key, "pw", "kdf=scrypt;n=2;r=1", 0);
+    }
+    for (const char* kind : {"rsa-1024", "p-256", "p-521"})
+        expect_refused(kept_key(kind), nullptr, nullptr, ZUL_KEY_FORMAT_OWN);
 }
 
 TEST(Key, IsFoundAmongDamagedBlocks) {

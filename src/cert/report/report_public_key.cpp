@@ -67,6 +67,8 @@ bool show_specified_curve(ReportWriter& report, DerView parameters) {
     if (!take_hex(report, fields, "order") || !fields.take_optional(kDerInteger, cofactor, hasCofactor) ||
         (hasCofactor && !show_hex_integer(report, "cofactor", cofactor)))
         return false;
+    if (!fields.at_end()) // SEC 1, C.2 allows more
+        report.bytes("otherParameters", fields.rest());
     report.end_object();
     return true;
 }
