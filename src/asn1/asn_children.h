@@ -11,6 +11,10 @@ class AsnChildren {
         : at_(parent == nullptr ? nullptr : parent->next), level_(parent == nullptr ? 0 : parent->level + 1) {
         settle();
     }
+    // of_sequence has no children if the node is no SEQUENCE.
+    static AsnChildren of_sequence(const asn_Node* node) {
+        return AsnChildren(asn_is(node, kAsnConstructed, kAsnSequence) ? node : nullptr);
+    }
     const asn_Node* peek() const { return at_; } // null at the end
     bool at_end() const { return at_ == nullptr; }
     bool is(uint32_t cls, uint32_t tag) const { return asn_is(at_, cls, tag); }

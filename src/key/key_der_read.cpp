@@ -21,10 +21,6 @@ namespace {
     return err_fail(BAD_FORMAT_ERROR, "Invalid %s", what);
 }
 
-bool is_sequence(const asn_Node* node) {
-    return asn_is(node, kAsnConstructed, kAsnSequence);
-}
-
 bool is_version(const asn_Node* node, uint8_t version) {
     return asn_is(node, kAsnUniversal, kAsnInteger) && node->length == 1 && node->data[0] == version;
 }
@@ -123,7 +119,7 @@ bool is_version(const asn_Node* node, uint8_t version) {
     // What is signed has one encoding.
     if (!asn_IsDer(info, asn_ElementEnd(info)))
         return bad_format("SubjectPublicKeyInfo: not DER");
-    AsnChildren children(is_sequence(info) ? info : nullptr);
+    AsnChildren children = AsnChildren::of_sequence(info);
     const asn_Node* algorithm = children.take_sequence();
     const asn_Node* bits = children.take_if(kAsnUniversal, kAsnBitString);
     if (algorithm == nullptr || bits == nullptr || !children.at_end())
@@ -153,7 +149,7 @@ bool is_version(const asn_Node* node, uint8_t version) {
 
 // read_ec_private reads ECPrivateKey. Its kind is known if the structure around it names the curve.
 [[nodiscard]] int read_ec_private(Key& key, const asn_Node* list, bool knowsCurve) {
-    AsnChildren children(is_sequence(list) ? list : nullptr);
+    AsnChildren children = AsnChildren::of_sequence(list);
     const bool isVersion1 = is_version(children.take_integer(), 1);
     const asn_Node* octets = children.take_if(kAsnUniversal, kAsnOctetString);
     AsnChildren curve(children.take_if(kAsnExplicit, 0));
@@ -253,11 +249,11 @@ bool key_parse(const uint8_t* bytes, size_t size, AsnList& list) {
         return false;
     ByteStream stream(bytes, size);
     list = asn_Parse(stream, false);
-    return is_sequence(list.head()) && stream.at_end();
+    return asn_is(list.head(), kAsnConstructed, kAsnSequence) && stream.at_end();
 }
 
 KeyShape key_shape(const asn_Node* list) {
-    AsnChildren children(is_sequence(list) ? list : nullptr);
+    AsnChildren children = AsnChildren::of_sequence(list);
     if (children.take_integer() != nullptr) {
         if (children.take_sequence() != nullptr)
             return KeyShape::privateInfo;

@@ -164,8 +164,7 @@ int pbe_decrypt(const asn_Node* encryptedPrivateKeyInfo, const char* password, S
         return error;
 
     SecretBuffer data;
-    AsnChildren children(
-        asn_is(encryptedPrivateKeyInfo, kAsnConstructed, kAsnSequence) ? encryptedPrivateKeyInfo : nullptr);
+    AsnChildren children = AsnChildren::of_sequence(encryptedPrivateKeyInfo);
     const asn_Node* algorithm = children.take_sequence();
     if (algorithm == nullptr || !asn_GetOctets(children.take_octets(), data) || !children.at_end()) {
         return err_fail(BAD_FORMAT_ERROR, "Invalid EncryptedPrivateKeyInfo format");

@@ -70,7 +70,7 @@ bool read_attributes(P12Entry& entry, const asn_Node* set) {
 // read_typed reads SEQUENCE { OID, [0] OCTET STRING }, which certBag and crlBag have. What has another type
 // is of no use here.
 bool read_typed(P12Entry& entry, const asn_Node* sequence, std::string_view usualType) {
-    AsnChildren fields(sequence);
+    AsnChildren fields = AsnChildren::of_sequence(sequence);
     const asn_Node* type = fields.take_oid();
     AsnChildren value(fields.take_if(kAsnExplicit, 0));
     if (type == nullptr || !fields.at_end())
@@ -106,7 +106,7 @@ bool read_typed(P12Entry& entry, const asn_Node* sequence, std::string_view usua
     }
     if (oid_is(bagId, kOidSecretBag)) {
         entry.kind = P12Kind::secret;
-        oid_text(AsnChildren(value).take_oid(), entry.type);
+        oid_text(AsnChildren::of_sequence(value).take_oid(), entry.type);
         return entry.type[0] != '\0' ? 0 : malformed(entry);
     }
     oid_text(bagId, entry.type);

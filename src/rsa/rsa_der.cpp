@@ -28,10 +28,6 @@ AsnList rsa_algorithm() {
     return asn_NewSequence(asn_LinkList(asn_NewOid(kRsaEncryption), asn_NewNull()));
 }
 
-AsnChildren inside(const asn_Node* list) {
-    return AsnChildren(asn_is(list, kAsnConstructed, kAsnSequence) ? list : nullptr);
-}
-
 // read_integer reads an INTEGER as an unsigned number, since old encoders left out the 00 byte before a first
 // byte of 80 or more. It refuses one too long to compute with.
 bool read_integer(DerView bytes, BigInt& value) {
@@ -67,7 +63,7 @@ bool read_integers(DerView der, BigInt* const (&values)[N]) {
 // more. Elements of other types are passed over.
 template<size_t N>
 bool read_integers(const asn_Node* list, BigInt* const (&values)[N]) {
-    AsnChildren children = inside(list);
+    AsnChildren children = AsnChildren::of_sequence(list);
     size_t count = 0;
     for (; !children.at_end(); children.take()) {
         if (!children.is(kAsnUniversal, kAsnInteger))
@@ -88,7 +84,7 @@ bool is_minimal(const asn_Node* node) {
 // read_integers_only reads a SEQUENCE of as many INTEGERs as wanted and nothing else.
 template<size_t N>
 RsaStructure read_integers_only(const asn_Node* list, BigInt* const (&values)[N], bool isDer) {
-    AsnChildren children = inside(list);
+    AsnChildren children = AsnChildren::of_sequence(list);
     const asn_Node* nodes[N];
     for (const asn_Node*& node : nodes) {
         node = children.take_integer();
@@ -210,7 +206,7 @@ RsaStructure rsa_read_public_exactly(const asn_Node* list, RsaKey& key) {
 }
 
 bool rsa_read_subject_public_key_info(const asn_Node* list, RsaKey& key) {
-    AsnChildren children = inside(list);
+    AsnChildren children = AsnChildren::of_sequence(list);
     const asn_Node* algorithm = children.take_sequence();
     const asn_Node* bits = children.take_if(kAsnUniversal, kAsnBitString);
     if (algorithm == nullptr || bits == nullptr || !is_rsa_algorithm(algorithm))
@@ -240,7 +236,7 @@ RsaStructure rsa_read_private_exactly(const asn_Node* list, RsaKey& key) {
     BigInt version;
     BigInt* const values[] = {&version, &key.n, &key.e, &key.d, &key.p, &key.q, &key.dP, &key.dQ, &key.qInv};
     key.flags = 0;
-    const asn_Node* const first = inside(list).peek();
+    const asn_Node* const first = AsnChildren::of_sequence(list).peek();
     if (asn_is(first, kAsnUniversal, kAsnInteger) && first->length == 1 && first->data[0] == 1)
         return RsaStructure::otherPrimes;
     const RsaStructure structure = read_integers_only(list, values, false);
@@ -250,7 +246,7 @@ RsaStructure rsa_read_private_exactly(const asn_Node* list, RsaKey& key) {
 }
 
 bool rsa_read_private_key_info(const asn_Node* list, RsaKey& key) {
-    AsnChildren children = inside(list);
+    AsnChildren children = AsnChildren::of_sequence(list);
     const asn_Node* version = children.take_integer();
     const asn_Node* algorithm = children.take_sequence();
     const asn_Node* octets = children.take_octets();

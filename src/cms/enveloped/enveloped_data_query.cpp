@@ -17,7 +17,7 @@ void answer_key_size(const asn_Node* encryptedKey, QueryAnswer& answer) {
 // The identifier is an IssuerAndSerialNumber, or a subjectKeyIdentifier, which has neither.
 AsnChildren issuer_and_serial(const RecipientFields& recipient) {
     const asn_Node* identifier = recipient.identifier;
-    return AsnChildren(asn_is(identifier, kAsnConstructed, kAsnSequence) ? identifier : nullptr);
+    return AsnChildren::of_sequence(identifier);
 }
 
 [[nodiscard]] int answer_issuer(const RecipientFields& recipient, QueryAnswer& answer) {

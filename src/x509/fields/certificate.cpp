@@ -52,7 +52,7 @@ bool element_is_der(const asn_Node* element) {
 
 SignedFields signed_fields(const asn_Node* object) {
     SignedFields fields;
-    for (AsnChildren children(is_sequence(object) ? object : nullptr); !children.at_end();) {
+    for (AsnChildren children = AsnChildren::of_sequence(object); !children.at_end();) {
         const asn_Node* child = children.take();
         if (is_sequence(child) && fields.toBeSigned == nullptr)
             fields.toBeSigned = child;

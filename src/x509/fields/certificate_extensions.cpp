@@ -23,7 +23,7 @@ SecretBuffer empty_text() {
 
 // children_of gives the elements of a SEQUENCE, none of anything else.
 AsnChildren children_of(const AsnList& value) {
-    return AsnChildren(asn_is(value.head(), kAsnConstructed, kAsnSequence) ? value.head() : nullptr);
+    return AsnChildren::of_sequence(value.head());
 }
 
 // name_of gives the text of a GeneralName, empty for null.

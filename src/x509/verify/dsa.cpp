@@ -96,7 +96,7 @@ bool DsaCheck::open_signature(const uint8_t* bytes, size_t size) {
     ByteStream stream(bytes, size);
     value_ = asn_Parse(stream, false, true);
     const asn_Node* value = value_.head();
-    AsnChildren children(asn_is(value, kAsnConstructed, kAsnSequence) ? value : nullptr);
+    AsnChildren children = AsnChildren::of_sequence(value);
     const asn_Node *r = children.take(), *s = children.take();
     if (!is_positive(r) || !is_positive(s) || !children.at_end() || !stream.at_end() || !asn_IsDer(value))
         return false;

@@ -33,7 +33,7 @@ namespace {
 // find_parts finds the three parts of an object, and refuses any other element: 0, or BAD_FORMAT_ERROR with a
 // text.
 [[nodiscard]] int find_parts(const asn_Node* object, const char* name, SignedFields& parts) {
-    AsnChildren children(asn_is(object, kAsnConstructed, kAsnSequence) ? object : nullptr);
+    AsnChildren children = AsnChildren::of_sequence(object);
     parts.toBeSigned = children.take_sequence();
     if (parts.toBeSigned == nullptr)
         return err_fail(BAD_FORMAT_ERROR, "Invalid Certificate file '%s'", shown_name(name));

@@ -357,6 +357,8 @@ def structure():
     case('the same without MAC', pfx(encrypted(plain=seq(integer(1))), mac=None), DECRYPT)
     case('unknown scheme', pfx(encrypted(scheme=lambda plain: (seq(oid('1.2.3.4')), plain))), NOT_SUPPORTED, NoKey=1)
     case('broken certificate', pfx(data(cert_bag('broken'))), BAD_FORMAT)
+    for kind in (3, 5):
+        case(f'bag {kind} that holds no SEQUENCE', pfx(data(bag(kind, tlv(0x31, oid('1.2.3'), explicit(octets(b'x')))))), BAD_FORMAT)
     nested = seq(plain_key_bag('leaf'))
     for _ in range(8):
         nested = seq(bag(6, nested))
