@@ -19,6 +19,8 @@ namespace {
 
 constexpr size_t kMaxInput = 1 << 22;
 constexpr std::string_view kPemBegin = "-----BEGIN ";
+// Labels of structures that are not read, but look like others or like damage.
+constexpr std::string_view kOtherLabels[] = {"DSA PRIVATE KEY", "DSA PUBLIC KEY", "OPENSSH PRIVATE KEY"};
 
 [[nodiscard]] int no_password() {
     return err_fail(BAD_PARAM_ERROR, "The key is encrypted: a password is needed");
@@ -48,6 +50,9 @@ constexpr std::string_view kPemBegin = "-----BEGIN ";
     PemBlock block;
     if (const int error = pem_find_key(text, block))
         return error;
+    for (const std::string_view label : kOtherLabels)
+        if (block.label == label)
+            return err_fail(NOT_SUPPORTED_ERROR, "A PEM block \"%s\" is not supported", label.data());
     SecretBuffer data(b64_decoded_length(block.body.data(), block.body.size()));
     b64_decode(data.data(), data.size(), block.body.data(), block.body.size());
     if (!block.cipher.empty()) {

@@ -76,6 +76,11 @@ TEST(Key, ReadsWhatOthersWrite) {
             "\n-----END PUBLIC KEY-----\n",
         nullptr, &code);
     EXPECT_EQ(code, INVALID_DATA_ERROR);
+    for (const std::string label : {"DSA PRIVATE KEY", "OPENSSH PRIVATE KEY"}) {
+        read_key("-----BEGIN " + label + "-----\nMAYCAQACAQE=\n-----END " + label + "-----\n", nullptr,
+                 &code);
+        EXPECT_EQ(code, NOT_SUPPORTED_ERROR) << last_error();
+    }
 }
 
 TEST(Key, StructuresHoldNothingElse) {
