@@ -1761,8 +1761,8 @@ ZUL_API int CERT_CheckName(const char* szCert, const char* szHostOrAddress, int 
  * objects, DER, PKCS #7) and texts; those from szOthers on may be null, but szTrusted:
  *  - szCert: the certificate first; what follows it (the chain that a server sends) goes with szOthers;
  *  - szOthers: certificates of which a path may be made, in any order;
- *  - szTrusted: trust anchors. Their dates, basicConstraints, keyUsage, path length and name constraints count
- *    (RFC 5937). A certificate that is its own issuer may be its own anchor;
+ *  - szTrusted: trust anchors. Their dates, basicConstraints, keyUsage, extKeyUsage, path length and name constraints
+ *    count (RFC 5937). A certificate that is its own issuer may be its own anchor;
  *  - szEvidence: CRLs and OCSP responses. Certificates of CRL issuers may be among szOthers.
  * What cannot be read among szOthers and szEvidence is left out, and counted in the report; an argument of which nothing
  * can be read is an error.

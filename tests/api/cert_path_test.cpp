@@ -96,6 +96,8 @@ TEST_F(CertPath, RightsAndConditions) {
         {"ca", "ca", "CN=a;extKeyUsage=anyExtendedKeyUsage", "purpose=code", 0},
         {"ca", "ca;extKeyUsage=clientAuth", "CN=a;extKeyUsage=serverAuth", "purpose=server", NO_MATCH_ERROR},
         {"ca", "ca;extKeyUsage=serverAuth", "CN=a;extKeyUsage=serverAuth", "purpose=server", 0},
+        {"ca;extKeyUsage=clientAuth", "ca", "CN=a", "purpose=server", NO_MATCH_ERROR},
+        {"ca;extKeyUsage=clientAuth", "ca", "CN=a", "purpose=server;anchor=key", 0},
         {"ca", "ca", "CN=a;keyUsage=keyAgreement", "purpose=code", NO_MATCH_ERROR},
         {"ca", "ca", "CN=a", "purpose=timestamp", NO_MATCH_ERROR},
         {"ca", "ca", "CN=a;extKeyUsage=anyExtendedKeyUsage", "purpose=timestamp", NO_MATCH_ERROR},

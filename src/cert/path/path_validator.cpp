@@ -116,7 +116,7 @@ void PathValidator::run(const Array<PathStep>& path, PathOutcome& outcome) {
             return;
 }
 
-// check_anchor: RFC 5937.
+// check_anchor: RFC 5937, with extKeyUsage as a condition more, as other validators have it.
 bool PathValidator::check_anchor(State& state) {
     const CertRecord& anchor = state.record(0);
     const CertExtensions& extensions = anchor.extensions;
@@ -126,8 +126,9 @@ bool PathValidator::check_anchor(State& state) {
         !state.passes(0, PathCheck::validity, check_validity(anchor.view, conditions_.time)) ||
         !state.passes(0, PathCheck::criticalExtensions, check_critical(anchor)))
         return false;
-    if (!isOwn && (!state.passes(0, PathCheck::basicConstraints, check_authority_rights(anchor, true)) ||
-                   !state.passes(0, PathCheck::keyUsage, check_cert_sign(anchor))))
+    if (!isOwn &&
+        (!state.passes(0, PathCheck::basicConstraints, check_authority_rights(anchor, true)) ||
+         !state.passes(0, PathCheck::keyUsage, check_cert_sign(anchor)) || !check_purpose(state, 0)))
         return false;
     lower(state.maxPathLength, extensions.pathLength);
     if (extensions.hasNameConstraints)
