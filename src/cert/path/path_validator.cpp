@@ -116,7 +116,7 @@ void PathValidator::run(const Array<PathStep>& path, PathOutcome& outcome) {
             return;
 }
 
-// check_anchor: RFC 5937, with extKeyUsage as a condition more, as other validators have it.
+// check_anchor: RFC 5937. extKeyUsage, which it does not name, counts as in the certificates below.
 bool PathValidator::check_anchor(State& state) {
     const CertRecord& anchor = state.record(0);
     const CertExtensions& extensions = anchor.extensions;
