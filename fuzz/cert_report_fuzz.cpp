@@ -2,11 +2,11 @@
 #include <cstring>
 #include <string>
 
-#include "cert/names/name_print.h"
 #include "cert/names/string_value.h"
 #include "cert/query/cert_query.h"
 #include "cert/report/report.h"
 #include "encode/base64.h"
+#include "encode/shown_character.h"
 #include "zulcore.h"
 
 // Of any bytes that pass for an object a report is made, text and JSON, and every query answered. The output
