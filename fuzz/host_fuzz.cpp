@@ -8,6 +8,7 @@
 #include "cert/names/punycode.h"
 #include "cert/names/subject_names.h"
 #include "encode/utf8.h"
+#include "encode/utf8_scalar.h"
 #include "frame/err.h"
 #include "fuzz_support.h"
 #include "zulcore.h"
@@ -53,7 +54,9 @@ static void check_label(std::string_view text) {
     }
     if (punycode_decode(other, text)) {
         const std::string_view decoded(other.text(), other.size());
-        require(utf8_classify(other.data(), other.size()) != Utf8Class::invalid);
+        std::string_view rest = decoded;
+        for (char32_t character; !rest.empty();)
+            require(utf8_next(rest, character));
         require(utf8_classify(reinterpret_cast<const uint8_t*>(text.data()), text.size()) ==
                     Utf8Class::ascii ||
                 text.empty());
