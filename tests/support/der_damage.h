@@ -24,7 +24,8 @@ class DerDamage {
             if (element.is_raw())
                 continue;
             const fuzz::DerNode whole = element;
-            if (element.hasChildren) {
+            const bool isLookedInto = holds_elements(element);
+            if (isLookedInto) {
                 const std::string stranger = "\xC5\x03\xA1\xB2\xC3";
                 element.children.emplace_back().value = stranger;
                 check(stranger);
@@ -33,8 +34,14 @@ class DerDamage {
             element.identifier[0] = static_cast<char>(element.identifier[0] | 0xC0);
             check(fuzz::der_tree_write({element}));
             element = whole;
-            visit(element.children);
+            if (isLookedInto)
+                visit(element.children);
         }
+    }
+    // Random bytes in a string, a salt or a secret, may pass for some element, but hardly for a SEQUENCE.
+    static bool holds_elements(const fuzz::DerNode& element) {
+        const bool isConstructed = (element.identifier[0] & 0x20) != 0;
+        return element.hasChildren && (isConstructed || element.children.front().is(0x30));
     }
     void check(const std::string& stranger) const {
         const std::string damaged = fuzz::der_tree_write(tree_);
